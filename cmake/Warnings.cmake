@@ -1,0 +1,7 @@
+# The project's own warnings; as errors in the presets, never for those who only build the library.
+function(zoeffect_warnings target)
+  if(ZOEFFECT_WARNINGS_AS_ERRORS)
+    target_compile_options(${target} PRIVATE
+      -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
+  endif()
+endfunction()

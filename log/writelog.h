@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+
+#include "zoeffect_export.h"
+
+/// Appends one line to the diagnostic log of the running application.
+///
+/// \a format and the arguments after it are those of printf: null-terminated strings and plain numbers. The
+/// line is cut after 1023 bytes. It goes to "<temporary folder>/<executable's file name>.1.log"; as soon as
+/// that file has more than 8191 bytes, every call also copies it over the file that ends in ".2.log". The
+/// first file is never shortened.
+///
+/// Nothing is reported: without an application object, with an executable path that has no folder part, or
+/// when the log is not a regular file that can be opened, the call ends without a word. It never blocks and
+/// never follows a symbolic link. Meant for rare events: each call opens and closes the file.
+ZOEFFECT_EXPORT void WriteLog(QString format, ...);
