@@ -1,0 +1,212 @@
+#pragma once
+
+/// \file
+/// The vocabulary of the effect settings: the record types of an effect catalogue, the property tables of
+/// the thirteen effect types, the choice lists of the editors and the key lists that spread subtitle styles.
+///
+/// The library brings no table of effect types. The host builds one (an array of EffectControlItem whose
+/// last record has a null name) from the property tables below and registers it once with
+/// ZoEffectModel::InitEffectModel() before it creates a model. The table stays the host's and must outlive
+/// every model.
+///
+/// Each unit that includes this header has its own copy of the tables, built when the program or library is
+/// loaded. All texts are UTF-8.
+
+#include <QColor>
+#include <QFont>
+#include <QString>
+#include <QVariant>
+#include <QtGlobal>
+
+/// One property of an effect type. A record with a null key ends a table.
+struct EffectDefaultVal {
+    const char* key;            ///< Property key.
+    QVariant defaultValue;      ///< Value of a new item; the text "source_val" stands for the source's own size.
+    const char* const* options; ///< Null-terminated choices for an editor, or null. Not read by the library.
+    QVariant minValue;          ///< Lower bound for an editor, int 0 for none. Not read by the library.
+    QVariant maxValue;          ///< Upper bound for an editor, int 0 for none. Not read by the library.
+};
+
+/// One fixed child of an effect type, for example one frame effect. A record with a null name ends a table.
+struct SubEffectItem {
+    const char* name;                   ///< Name of the child node.
+    quintptr reserved1;                 ///< The host's; never read by the library.
+    quintptr reserved2;                 ///< The host's; never read by the library.
+    quintptr reserved3;                 ///< The host's; never read by the library.
+    quintptr reserved4;                 ///< The host's; never read by the library.
+    int id;                             ///< Stored in the child node as property "id".
+    const EffectDefaultVal* properties; ///< The child's properties, or null. "_checkstate" sets its check state.
+};
+
+/// One effect type. A record with a null name ends a table.
+struct EffectControlItem {
+    const char* name;                   ///< Effect type, for example "Crop".
+    quintptr reserved2;                 ///< The host's; never read by the library.
+    quintptr reserved3;                 ///< The host's; never read by the library.
+    quintptr reserved4;                 ///< The host's; never read by the library.
+    quintptr reserved5;                 ///< The host's; never read by the library.
+    const EffectControlItem* children;  ///< Nested table, searched when a type is looked up by name; or null.
+    quintptr reserved7;                 ///< The host's; never read by the library.
+    quintptr reserved8;                 ///< The host's; never read by the library.
+    quintptr reserved9;                 ///< The host's; never read by the library.
+    quintptr reserved10;                ///< The host's; never read by the library.
+    quintptr reserved11;                ///< The host's; never read by the library.
+    const SubEffectItem* subItems;      ///< Fixed children of the type, or null.
+    const EffectDefaultVal* properties; ///< Properties of the type itself, or null. "_checkstate" is like any other.
+};
+
+/// Choices of "wm_fontstyle" and "sub_fontstyle".
+static const char* const font_style[] = {"Regular", "Italic", "Bold", "Bold Italic", nullptr};
+
+/// Choices of "crop_aspectratio": four crop modes, then the ratios.
+/// Deliberate: each ratio stands twice, editors show them in pairs.
+static const char* const crop_aspectratio[] = {
+    "Original", "Original Ratio", "Crop Area", "Crop Ratio", "16:9", "16:9", "4:3", "4:3", "3:2", "3:2", nullptr};
+
+/// Style keys that spread to embedded subtitle tracks, those of a DVD first of all.
+static const char* const keysforDVD[5] = {"sub_fontcolor", "sub_transparency", "sub_vposition", "fontstyleusedefault",
+                                          "sub_framecolor"};
+
+/// Style keys that spread to subtitles loaded from a file.
+static const char* const keysforfromFile[7] = {"sub_fontname", "sub_fontcolor",    "sub_fontstyle", "sub_linemargin",
+                                               "sub_fontsize", "sub_transparency", "sub_vposition"};
+
+// clang-format off
+
+/// Type "Crop". Pixels of the base size.
+static const EffectDefaultVal cropDefaultVal[] = {
+    // key                     default                                         options           min          max
+    {"crop_minwidth",          QVariant(24),                                   nullptr,          QVariant(0), QVariant(0)},
+    {"crop_minheight",         QVariant(24),                                   nullptr,          QVariant(0), QVariant(0)},
+    {"crop_left",              QVariant(0),                                    nullptr,          QVariant(0), QVariant(0)},
+    {"crop_top",               QVariant(0),                                    nullptr,          QVariant(0), QVariant(0)},
+    {"crop_width",             QVariant(QStringLiteral("source_val")),         nullptr,          QVariant(0), QVariant(0)},
+    {"crop_height",            QVariant(QStringLiteral("source_val")),         nullptr,          QVariant(0), QVariant(0)},
+    {"crop_keepaspectratio",   QVariant(true),                                 nullptr,          QVariant(0), QVariant(0)},
+    {"crop_aspectratio",       QVariant(QStringLiteral("Original Ratio")),     crop_aspectratio, QVariant(0), QVariant(0)},
+    {nullptr,                  QVariant(0),                                    nullptr,          QVariant(0), QVariant(0)},
+};
+
+/// Type "Watermark". Positions in pixels of the base size, transparency in percent, font size in points;
+/// "wm_transfactor" carries percent to an alpha value of 0 to 255.
+/// Deliberate: "wm_fontname" holds a whole QFont without size and weight, not a family name.
+static const EffectDefaultVal WatermarkDefaultVal[] = {
+    // key                     default                                         options           min             max
+    {"wm_vposition",           QVariant(30),                                   nullptr,          QVariant(-400), QVariant(QStringLiteral("source_val"))},
+    {"wm_hposition",           QVariant(30),                                   nullptr,          QVariant(-400), QVariant(QStringLiteral("source_val"))},
+    {"wm_vposfactor",          QVariant(0.1),                                  nullptr,          QVariant(0),    QVariant(0)},
+    {"wm_hposfactor",          QVariant(0.1),                                  nullptr,          QVariant(0),    QVariant(0)},
+    {"wm_transparency",        QVariant(0),                                    nullptr,          QVariant(0),    QVariant(100)},
+    {"wm_transfactor",         QVariant(2.55),                                 nullptr,          QVariant(0),    QVariant(0)},
+    {"wm_fontstyle",           QVariant(QStringLiteral("Regular")),            font_style,       QVariant(0),    QVariant(0)},
+    {"wm_imagekeepratio",      QVariant(true),                                 nullptr,          QVariant(0),    QVariant(0)},
+    {"wm_fontcolor",           QVariant(QColor(Qt::white)),                    nullptr,          QVariant(0),    QVariant(0)},
+    {"wm_fontsize",            QVariant(22),                                   nullptr,          QVariant(3),    QVariant(72)},
+    {"wm_fontname",            QVariant(QFont(QStringLiteral("Tahoma"), -1, -1, false)), nullptr, QVariant(0),   QVariant(0)},
+    {nullptr,                  QVariant(0),                                    nullptr,          QVariant(0),    QVariant(0)},
+};
+
+/// Type "Subtitle". Positions in pixels of the base size, transparency in percent, font size in points.
+/// Deliberate: only a vertical factor; other start positions and lower bounds than a watermark's.
+static const EffectDefaultVal SubtitleDefaultVal[] = {
+    // key                     default                                         options           min          max
+    {"sub_vposition",          QVariant(200),                                  nullptr,          QVariant(0), QVariant(QStringLiteral("source_val"))},
+    {"sub_hposition",          QVariant(200),                                  nullptr,          QVariant(0), QVariant(QStringLiteral("source_val"))},
+    {"sub_transparency",       QVariant(0),                                    nullptr,          QVariant(0), QVariant(100)},
+    {"sub_transfactor",        QVariant(2.55),                                 nullptr,          QVariant(0), QVariant(0)},
+    {"sub_vposfactor",         QVariant(0.8),                                  nullptr,          QVariant(0), QVariant(0)},
+    {"sub_fontstyle",          QVariant(QStringLiteral("Regular")),            font_style,       QVariant(0), QVariant(0)},
+    {"sub_fontcolor",          QVariant(QColor(Qt::white)),                    nullptr,          QVariant(0), QVariant(0)},
+    {"sub_framecolor",         QVariant(QColor(Qt::black)),                    nullptr,          QVariant(0), QVariant(0)},
+    {"sub_fontsize",           QVariant(22),                                   nullptr,          QVariant(3), QVariant(72)},
+    {"sub_fontname",           QVariant(QFont(QStringLiteral("Tahoma"), -1, -1, false)), nullptr, QVariant(0), QVariant(0)},
+    {"sub_linemargin",         QVariant(0),                                    nullptr,          QVariant(0), QVariant(20)},
+    {"fontstyleusedefault",    QVariant(true),                                 nullptr,          QVariant(0), QVariant(0)},
+    {nullptr,                  QVariant(0),                                    nullptr,          QVariant(0), QVariant(0)},
+};
+
+/// Type "Audio".
+static const EffectDefaultVal AudioDefaultVal[] = {
+    {"play_loop",              QVariant(false),                                nullptr,          QVariant(0), QVariant(0)},
+    {nullptr,                  QVariant(0),                                    nullptr,          QVariant(0), QVariant(0)},
+};
+
+/// Type "Color": brightness, contrast, saturation.
+static const EffectDefaultVal BCSDefaultVal[] = {
+    {"bcs_brightness",         QVariant(0),                                    nullptr,          QVariant(-50), QVariant(50)},
+    {"bcs_contrast",           QVariant(0),                                    nullptr,          QVariant(-50), QVariant(50)},
+    {"bcs_saturation",         QVariant(0),                                    nullptr,          QVariant(-50), QVariant(50)},
+    {nullptr,                  QVariant(0),                                    nullptr,          QVariant(0),   QVariant(0)},
+};
+
+/// Each frame effect, a child of type "Effect".
+static const EffectDefaultVal frameEffectsDefaultVal[] = {
+    {"_checkstate",            QVariant(false),                                nullptr,          QVariant(0), QVariant(0)},
+    {nullptr,                  QVariant(0),                                    nullptr,          QVariant(0), QVariant(0)},
+};
+
+/// Type "Audio_Fade_Inout". Durations in seconds. Deliberate: fade-out starts enabled, fade-in does not.
+static const EffectDefaultVal audioFadeInOut[] = {
+    {"audio_effect_flag",      QVariant(false),                                nullptr,          QVariant(0), QVariant(0)},
+    {"audio_fade_in_enable",   QVariant(false),                                nullptr,          QVariant(0), QVariant(0)},
+    {"audio_fade_out_enable",  QVariant(true),                                 nullptr,          QVariant(0), QVariant(0)},
+    {"audio_fade_in",          QVariant(3),                                    nullptr,          QVariant(0), QVariant(0)},
+    {"audio_fade_out",         QVariant(3),                                    nullptr,          QVariant(0), QVariant(0)},
+    {nullptr,                  QVariant(0),                                    nullptr,          QVariant(0), QVariant(0)},
+};
+
+/// Type "Audio_Normalize". Spelling kept: "maxLevel".
+static const EffectDefaultVal audioNormalize[] = {
+    {"audio_effect_flag",        QVariant(false),                              nullptr,          QVariant(0), QVariant(0)},
+    {"audio_normalize_maxLevel", QVariant(98),                                 nullptr,          QVariant(0), QVariant(0)},
+    {nullptr,                    QVariant(0),                                  nullptr,          QVariant(0), QVariant(0)},
+};
+
+/// Type "Audio_BandPass". Spelling kept: "requency".
+static const EffectDefaultVal audioBandpass[] = {
+    {"audio_effect_flag",        QVariant(false),                              nullptr,          QVariant(0), QVariant(0)},
+    {"audio_bandpass_type",      QVariant(2),                                  nullptr,          QVariant(0), QVariant(0)},
+    {"audio_bandpass_requency",  QVariant(1000),                               nullptr,          QVariant(0), QVariant(0)},
+    {"audio_bandpass_steepness", QVariant(50),                                 nullptr,          QVariant(0), QVariant(0)},
+    {nullptr,                    QVariant(0),                                  nullptr,          QVariant(0), QVariant(0)},
+};
+
+/// Type "Audio_Chorus".
+static const EffectDefaultVal audioChorus[] = {
+    {"audio_effect_flag",      QVariant(false),                                nullptr,          QVariant(0), QVariant(0)},
+    {"audio_chorus_gainin",    QVariant(50),                                   nullptr,          QVariant(0), QVariant(0)},
+    {"audio_chorus_gainout",   QVariant(50),                                   nullptr,          QVariant(0), QVariant(0)},
+    {"audio_chorus_delay",     QVariant(50),                                   nullptr,          QVariant(0), QVariant(0)},
+    {"audio_chorus_decay",     QVariant(50),                                   nullptr,          QVariant(0), QVariant(0)},
+    {nullptr,                  QVariant(0),                                    nullptr,          QVariant(0), QVariant(0)},
+};
+
+/// Type "Audio_Flanger". Deliberate: the delay is 3, not 50.
+static const EffectDefaultVal audioFlanger[] = {
+    {"audio_effect_flag",      QVariant(false),                                nullptr,          QVariant(0), QVariant(0)},
+    {"audio_flanger_gainin",   QVariant(50),                                   nullptr,          QVariant(0), QVariant(0)},
+    {"audio_flanger_gainout",  QVariant(50),                                   nullptr,          QVariant(0), QVariant(0)},
+    {"audio_flanger_delay",    QVariant(3),                                    nullptr,          QVariant(0), QVariant(0)},
+    {"audio_flanger_decay",    QVariant(50),                                   nullptr,          QVariant(0), QVariant(0)},
+    {"audio_flanger_speed",    QVariant(50),                                   nullptr,          QVariant(0), QVariant(0)},
+    {nullptr,                  QVariant(0),                                    nullptr,          QVariant(0), QVariant(0)},
+};
+
+/// Type "Audio_Echo". Deliberate: the decay is 500, not 50.
+static const EffectDefaultVal audioEcho[] = {
+    {"audio_effect_flag",      QVariant(false),                                nullptr,          QVariant(0), QVariant(0)},
+    {"audio_echo_gainin",      QVariant(50),                                   nullptr,          QVariant(0), QVariant(0)},
+    {"audio_echo_gainout",     QVariant(50),                                   nullptr,          QVariant(0), QVariant(0)},
+    {"audio_echo_delay",       QVariant(50),                                   nullptr,          QVariant(0), QVariant(0)},
+    {"audio_echo_decay",       QVariant(500),                                  nullptr,          QVariant(0), QVariant(0)},
+    {nullptr,                  QVariant(0),                                    nullptr,          QVariant(0), QVariant(0)},
+};
+
+/// Type "Audio_Speed". Percent of the source's speed.
+static const EffectDefaultVal audioSpeed[] = {
+    {"audio_effect_flag",      QVariant(false),                                nullptr,          QVariant(0), QVariant(0)},
+    {"audio_speed_factor",     QVariant(100),                                  nullptr,          QVariant(0), QVariant(200)},
+    {nullptr,                  QVariant(0),                                    nullptr,          QVariant(0), QVariant(0)},
+};
+
+// clang-format on
