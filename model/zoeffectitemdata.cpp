@@ -1,0 +1,232 @@
+#include "zoeffectitemdata.h"
+
+#include <utility>
+
+#include <QVector>
+
+#include "effectnames_p.h"
+
+namespace {
+
+constexpr int missingTrackId = -1;
+
+using Children = QList<ZoEffectItemData*>;
+
+bool isPosition(int position, const Children& children)
+{
+    return position >= 0 && position < children.size();
+}
+
+} // namespace
+
+ZoEffectItemData::ZoEffectItemData(const QString& name, ZoEffectItemData* parent, int pos)
+    : QObject(nullptr), m_parent(parent), m_name(name)
+{
+    setObjectName(name);
+    if (parent)
+        parent->insertChild(this, pos);
+}
+
+ZoEffectItemData::ZoEffectItemData(const ZoEffectItemData& other) : ZoEffectItemData(QString())
+{
+    assign(other);
+}
+
+ZoEffectItemData::~ZoEffectItemData()
+{
+    clear();
+}
+
+ZoEffectItemData& ZoEffectItemData::assign(const ZoEffectItemData& other)
+{
+    return *this = other;
+}
+
+ZoEffectItemData& ZoEffectItemData::operator=(const ZoEffectItemData& other)
+{
+    if (this == &other)
+        return *this;
+
+    // The copy is complete before anything of this node changes, since other may stand above or below it.
+    // Trees can be deep: the walk keeps its own list of nodes to do instead of calling itself.
+    Children copies;
+    QVector<std::pair<const ZoEffectItemData*, ZoEffectItemData*>> pending;
+    const auto copyChildren = [&pending](const ZoEffectItemData& source, ZoEffectItemData* parent, Children& target) {
+        for (const ZoEffectItemData* child : source.m_children) {
+            if (!child)
+                continue;
+            auto* copy = new ZoEffectItemData(QString());
+            copy->m_parent = parent;
+            copy->takeOverFields(*child);
+            target.append(copy);
+            pending.append({child, copy});
+        }
+    };
+    copyChildren(other, this, copies);
+    while (!pending.isEmpty()) {
+        const auto [source, copy] = pending.takeLast();
+        copyChildren(*source, copy, copy->m_children);
+    }
+
+    takeOverFields(other);
+    m_children.swap(copies);
+
+    // The old children go with a node of their own, last: other may be one of them.
+    ZoEffectItemData oldChildren{QString()};
+    oldChildren.m_children.swap(copies);
+    return *this;
+}
+
+void ZoEffectItemData::takeOverFields(const ZoEffectItemData& other)
+{
+    m_properties = other.m_properties;
+    m_checkState = other.m_checkState;
+    m_name = other.m_name;
+    m_internalData = other.m_internalData;
+    setObjectName(other.objectName());
+}
+
+ZoEffectItemData* ZoEffectItemData::parent() const
+{
+    return m_parent;
+}
+
+int ZoEffectItemData::childCount() const
+{
+    return static_cast<int>(m_children.size());
+}
+
+ZoEffectItemData* ZoEffectItemData::child(int row) const
+{
+    return isPosition(row, m_children) ? m_children.at(row) : nullptr;
+}
+
+int ZoEffectItemData::childNumber() const
+{
+    if (!m_parent)
+        return 0;
+    return static_cast<int>(m_parent->m_children.indexOf(const_cast<ZoEffectItemData*>(this)));
+}
+
+void ZoEffectItemData::appendChild(ZoEffectItemData* child)
+{
+    m_children.append(child);
+}
+
+void ZoEffectItemData::insertChild(ZoEffectItemData* child, int pos)
+{
+    if (isPosition(pos, m_children))
+        m_children.insert(pos, child);
+    else
+        m_children.append(child);
+}
+
+ZoEffectItemData* ZoEffectItemData::takeAt(int row)
+{
+    return isPosition(row, m_children) ? m_children.takeAt(row) : nullptr;
+}
+
+bool ZoEffectItemData::removeChildren(int pos, int count)
+{
+    if (pos < 0 || qint64(pos) + count > m_children.size())
+        return false;
+    // All are out of the list before the first is deleted: whoever is told of that may change the list.
+    Children removed;
+    for (int i = 0; i < count; ++i)
+        removed.append(m_children.takeAt(pos));
+    qDeleteAll(removed);
+    return true;
+}
+
+bool ZoEffectItemData::changeItemPos(int to, int from)
+{
+    if (to == from || !isPosition(to, m_children) || !isPosition(from, m_children))
+        return false;
+    m_children.move(from, to);
+    return true;
+}
+
+void ZoEffectItemData::clear()
+{
+    // Trees can be deep: all descendants are gathered, parents first, and deleted one by one from the end.
+    QVector<ZoEffectItemData*> doomed;
+    const auto gather = [&doomed](Children& children) {
+        const Children taken = std::exchange(children, {});
+        for (ZoEffectItemData* child : taken) {
+            if (child)
+                doomed.append(child);
+        }
+    };
+    gather(m_children);
+    for (int i = 0; i < doomed.size(); ++i)
+        gather(doomed.at(i)->m_children);
+    while (!doomed.isEmpty())
+        delete doomed.takeLast();
+}
+
+QVariant ZoEffectItemData::data(const QString& key) const
+{
+    const auto found = m_properties.constFind(key);
+    if (found != m_properties.cend())
+        return found.value();
+    return key == keys::trackId ? QVariant(missingTrackId) : QVariant();
+}
+
+QVariant ZoEffectItemData::data(int role) const
+{
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::EditRole:
+        return objectName();
+    case Qt::CheckStateRole:
+        return m_checkState;
+    default:
+        return QVariant();
+    }
+}
+
+bool ZoEffectItemData::hasData(const QString& key) const
+{
+    return m_properties.contains(key);
+}
+
+void ZoEffectItemData::setData(const QString& key, const QVariant& value)
+{
+    m_properties.insert(key, value);
+}
+
+void ZoEffectItemData::delData(const QString& key)
+{
+    const QString ownKey = key; // key may be the one in the map.
+    m_properties.remove(ownKey);
+}
+
+void* ZoEffectItemData::internalData() const
+{
+    return m_internalData;
+}
+
+void ZoEffectItemData::setInternalData(void* data)
+{
+    m_internalData = data;
+}
+
+QString ZoEffectItemData::name() const
+{
+    return m_name;
+}
+
+int ZoEffectItemData::checkState() const
+{
+    return m_checkState;
+}
+
+void ZoEffectItemData::setCheckState(int state)
+{
+    m_checkState = state;
+}
+
+const QMap<QString, QVariant>& ZoEffectItemData::properties() const
+{
+    return m_properties;
+}
