@@ -1,0 +1,30 @@
+#include "preferencestore_p.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QStandardPaths>
+
+#include "embeddedpref_p.h"
+#include "zopref.h"
+
+namespace {
+
+/// Empty, which keeps the store in memory, when the user has no folder for configuration files.
+QString embeddedPrefPath()
+{
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation);
+    return folder.isEmpty() ? QString() : QDir(folder).filePath(QStringLiteral("effectdefaults.ini"));
+}
+
+} // namespace
+
+ZoPref& preferenceStore()
+{
+    if (auto* provider = dynamic_cast<ZoPrefProvider*>(QCoreApplication::instance())) {
+        if (ZoPref* store = provider->preferences())
+            return *store;
+    }
+    // Never deleted, so that it can be used until the very end of the process.
+    static auto* const embedded = new EmbeddedPref(embeddedPrefPath());
+    return *embedded;
+}

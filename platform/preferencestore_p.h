@@ -1,0 +1,7 @@
+#pragma once
+
+class ZoPref;
+
+/// The preference store in use: the host's, when the application object provides one, else the library's own.
+/// Asked for at each operation, since a host may bring its store late.
+ZoPref& preferenceStore();

@@ -1,0 +1,136 @@
+#include "preffile_p.h"
+
+#include <cstdio>
+#include <utility>
+
+#include <QDeadlineTimer>
+#include <QFile>
+#include <QFileInfo>
+#include <QLockFile>
+#include <QSettings>
+#include <QThread>
+
+namespace preffile {
+
+namespace {
+
+constexpr int mostFilesSetAside = 1000;
+constexpr qint64 largestLockFile = 4096;      // QLockFile writes four short lines.
+constexpr unsigned long lockPollInterval = 5; // Milliseconds.
+
+/// The text that the running write() is to write, null at any other time. It goes around QSettings, since that
+/// keeps the values of a failed save in a cache of the process and writes them when the file is opened next.
+const QByteArray* textToWrite = nullptr;
+
+/// Nothing is read through QSettings: it takes a file of the same size and time for unchanged, and one that it
+/// cannot open for empty.
+bool readNothing(QIODevice& /*device*/, QSettings::SettingsMap& /*values*/)
+{
+    return true;
+}
+
+/// QSettings replaces the file only when this returns true. Its device is buffered, so a full disk shows when
+/// the buffer is flushed, not before.
+bool writeText(QIODevice& device, const QSettings::SettingsMap& /*values*/)
+{
+    auto* const file = qobject_cast<QFileDevice*>(&device);
+    return file && textToWrite && file->write(*textToWrite) == textToWrite->size() && file->flush();
+}
+
+bool existsOrIsLink(const QString& path)
+{
+    const QFileInfo info(path);
+    return info.exists() || info.isSymLink();
+}
+
+/// Whether QLockFile may be let near \a path. It opens and reads what it finds there: a FIFO would hold it for
+/// ever, a device would never end.
+bool canBeLockFile(const QString& path)
+{
+    const QFileInfo info(path);
+    return !existsOrIsLink(path) || (info.isFile() && !info.isSymLink() && info.size() <= largestLockFile);
+}
+
+/// QLockFile::tryLock() with a time limit would sleep for 100 ms at the first refusal.
+bool lockInTime(QLockFile& lock, const QString& path, const QDeadlineTimer& deadline)
+{
+    for (;;) {
+        // ".rmlock" is what QLockFile itself locks while it removes the lock of a dead process.
+        const bool mayBeRemoved = existsOrIsLink(path);
+        if (!canBeLockFile(path) || (mayBeRemoved && !canBeLockFile(path + QStringLiteral(".rmlock"))))
+            return false;
+        if (lock.tryLock(0))
+            return true;
+        if (lock.error() != QLockFile::LockFailedError || deadline.hasExpired())
+            return false;
+        QThread::msleep(lockPollInterval);
+    }
+}
+
+} // namespace
+
+Content read(const QString& path)
+{
+    const QFileInfo info(path);
+    if (!info.exists())
+        return {State::Missing, {}};
+    if (!info.isFile() || info.size() > guardedini::maxFileSize)
+        return {State::Damaged, {}};
+
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {State::Unreadable, {}};
+    const QByteArray text = file.read(guardedini::maxFileSize + 1);
+    if (file.error() != QFileDevice::NoError)
+        return {State::Unreadable, {}};
+
+    const std::optional<guardedini::Entries> entries = guardedini::parsed(text);
+    return entries ? Content{State::Whole, *entries} : Content{State::Damaged, {}};
+}
+
+bool write(const QString& path, const QByteArray& text)
+{
+    static const QSettings::Format format =
+        QSettings::registerFormat(QStringLiteral("ini"), readNothing, writeText, Qt::CaseSensitive);
+
+    textToWrite = &text;
+    QSettings settings(path, format);
+    settings.setValue(QStringLiteral("changed"), true); // Any value: without a change nothing is written.
+    settings.sync();
+    textToWrite = nullptr;
+    return settings.status() == QSettings::NoError;
+}
+
+std::optional<QString> setAside(const QString& path)
+{
+    const QString firstName = path + QStringLiteral(".damaged");
+    QString name = firstName;
+    for (int number = 2; existsOrIsLink(name); ++number) {
+        if (number > mostFilesSetAside)
+            return std::nullopt;
+        name = firstName + QLatin1Char('.') + QString::number(number);
+    }
+    // Not QFile::rename(): where renaming fails it copies, and would wait for a FIFO's writer.
+    const bool renamed = std::rename(QFile::encodeName(path).constData(), QFile::encodeName(name).constData()) == 0;
+    return renamed ? std::make_optional(name) : std::nullopt;
+}
+
+std::unique_ptr<QLockFile> takeTurn(const QString& path)
+{
+    // Two locks. QSettings takes "<path>.lock" by itself, and waits for it without a limit. So ".turn" comes
+    // first, which keeps the other processes of this library away from it, then a test that nobody else holds
+    // it, which removes what a dead process left. What remains is a foreign program that takes the lock between
+    // this test and the writing.
+    const QDeadlineTimer deadline(longestWait);
+    const QString turnPath = path + QStringLiteral(".turn");
+    auto turn = std::make_unique<QLockFile>(turnPath);
+    if (!lockInTime(*turn, turnPath, deadline))
+        return nullptr;
+
+    const QString settingsLockPath = path + QStringLiteral(".lock");
+    QLockFile settingsLock(settingsLockPath);
+    const bool isFree = !existsOrIsLink(settingsLockPath) || lockInTime(settingsLock, settingsLockPath, deadline);
+    return isFree ? std::move(turn) : nullptr;
+}
+
+} // namespace preffile

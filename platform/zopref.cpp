@@ -1,0 +1,5 @@
+#include "zopref.h"
+
+ZoPref::~ZoPref() = default;
+
+ZoPrefProvider::~ZoPrefProvider() = default;
