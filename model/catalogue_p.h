@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QMap>
+#include <QString>
+#include <QVariant>
+
+struct EffectControlItem;
+struct EffectDefaultVal;
+class ZoEffectItemData;
+
+/// Reading the registered table of effect types, and filling items with values.
+namespace catalogue {
+
+/// The registered record of \a type, or null.
+const EffectControlItem* record(const QString& type);
+
+/// The first property of \a properties (null for none) under \a key, or null.
+const EffectDefaultVal* property(const EffectDefaultVal* properties, const QString& key);
+
+/// The properties of \a type, or null.
+const EffectDefaultVal* properties(const QString& type);
+
+/// Stores the default of every property of \a type in \a item, "_checkstate" like any other key.
+void storeDefaults(ZoEffectItemData& item, const QString& type);
+
+/// The check state for a value of "_checkstate".
+int checkStateFor(const QVariant& value);
+
+/// Stores \a value under \a key in \a item; "_checkstate" sets the check state and is not stored.
+void storeOrCheck(ZoEffectItemData& item, const QString& key, const QVariant& value);
+
+/// storeOrCheck() for each entry of \a props, in the order of the keys.
+void applyProperties(ZoEffectItemData& item, const QMap<QString, QVariant>& props);
+
+} // namespace catalogue

@@ -1,0 +1,15 @@
+#include "modelevents_p.h"
+
+#include <QDateTime>
+#include <QLocale>
+
+#include "writelog.h"
+
+void logEvent(ModelEvent event)
+{
+    // The C locale: others have digits of their own.
+    const QByteArray now =
+        QLocale::c().toString(QDateTime::currentDateTime(), QStringLiteral("yyyy/MM/dd hh:mm:ss")).toLocal8Bit();
+    WriteLog(QStringLiteral("%s(%d) : %s %08x"), "zoeffectmodel", static_cast<int>(event), now.constData(), 0);
+    WriteLog(QString());
+}

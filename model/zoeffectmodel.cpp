@@ -1,0 +1,130 @@
+#include "zoeffectmodel.h"
+
+#include "catalogue_p.h"
+#include "effectnames_p.h"
+#include "modelevents_p.h"
+#include "qtcompat_p.h"
+#include "zoeffectcatalogue.h"
+#include "zoeffectitemdefaultvalmgr.h"
+
+const EffectControlItem* ZoEffectModel::s_EffectItems = nullptr;
+
+void ZoEffectModel::InitEffectModel(const EffectControlItem* items)
+{
+    s_EffectItems = items;
+    if (!items) {
+        logEvent(ModelEvent::NullCatalogue);
+        return;
+    }
+
+    // Deliberate: the list is handed over after each type, one name longer every time.
+    QStringList types;
+    for (const EffectControlItem* record = items; record->name; ++record) {
+        types.append(QString::fromUtf8(record->name));
+        ZoEffectItemDefaultValMgr::setSupportTypes(types);
+    }
+}
+
+ZoEffectModel::ZoEffectModel(QObject* parent) : ZoEffectModel(QStringList(), parent) {}
+
+ZoEffectModel::ZoEffectModel(const QStringList& types, QObject* parent) : QObject(parent), m_root(types::root)
+{
+    createItems(types);
+}
+
+ZoEffectModel::ZoEffectModel(const QString& type, const QMap<QString, QVariant>& props, QObject* parent)
+    : QObject(parent), m_root(types::root)
+{
+    ZoEffectItemData* node = findDataItem(type, -1);
+    if (!node)
+        node = new ZoEffectItemData(type, &m_root, -1);
+    catalogue::applyProperties(*node, props);
+}
+
+ZoEffectModel::ZoEffectModel(const ZoEffectModel& other) : QObject(nullptr), m_root(types::root)
+{
+    *this = other;
+}
+
+// Deliberate: other is not read. A host that wants a copy under a parent assigns to the empty model.
+ZoEffectModel::ZoEffectModel(const ZoEffectModel& /*other*/, QObject* parent) : QObject(parent), m_root(types::root) {}
+
+ZoEffectModel::~ZoEffectModel()
+{
+    qDeleteAll(m_images);
+}
+
+ZoEffectModel& ZoEffectModel::operator=(const ZoEffectModel& other)
+{
+    if (this == &other)
+        return *this;
+    m_root = other.m_root;
+    m_editedByUser = other.m_editedByUser;
+    m_secondFlag = other.m_secondFlag;
+    return *this;
+}
+
+// NOLINTNEXTLINE(misc-no-recursion): as deep as the host nests its tables.
+const EffectControlItem* ZoEffectModel::findOriItem(const QString& type, const EffectControlItem* items)
+{
+    for (const EffectControlItem* record = items; record && record->name; ++record) {
+        if (type == QString::fromUtf8(record->name))
+            return record;
+        if (const EffectControlItem* nested = findOriItem(type, record->children))
+            return nested;
+    }
+    return nullptr;
+}
+
+void ZoEffectModel::createItems(const QStringList& types)
+{
+    for (const EffectControlItem* record = s_EffectItems; record && record->name; ++record) {
+        const QString name = QString::fromUtf8(record->name);
+        if (!types.isEmpty() && !types.contains(name))
+            continue;
+        auto* node = new ZoEffectItemData(name, &m_root, -1);
+        InitZoeffectData(node);
+        if (record->subItems)
+            InitSubItemData(node, record->subItems);
+    }
+}
+
+void ZoEffectModel::InitZoeffectData(ZoEffectItemData* item)
+{
+    if (!item)
+        return;
+    item->setCheckState(Qt::Checked);
+    const QString type = item->name();
+    // Deliberate: a type's own "_checkstate" is stored as an ordinary property, unlike a sub-item's.
+    catalogue::storeDefaults(*item, type);
+}
+
+void ZoEffectModel::InitSubItemData(ZoEffectItemData* item, const SubEffectItem* subItems)
+{
+    if (!subItems || !item) {
+        logEvent(ModelEvent::NullForSubItems);
+        return;
+    }
+    for (const SubEffectItem* record = subItems; record->name; ++record) {
+        auto* node = new ZoEffectItemData(QString::fromUtf8(record->name), item, -1);
+        node->setData(keys::id, record->id);
+        for (const EffectDefaultVal* entry = record->properties; entry && entry->key; ++entry)
+            catalogue::storeOrCheck(*node, QString::fromUtf8(entry->key), entry->defaultValue);
+        node->setInternalData(const_cast<SubEffectItem*>(record));
+    }
+}
+
+bool ZoEffectModel::editByUser() const
+{
+    return m_editedByUser;
+}
+
+bool ZoEffectModel::editByDefault() const
+{
+    return qtcompat::toBool(m_root.data(keys::editByDefault));
+}
+
+void ZoEffectModel::resetEditByDefaultFlag()
+{
+    m_root.setData(keys::editByDefault, false);
+}

@@ -1,0 +1,228 @@
+#pragma once
+
+#include <QMap>
+#include <QObject>
+#include <QPixmap>
+#include <QSize>
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+
+#include "zoeffect_export.h"
+#include "zoeffectitemdata.h"
+
+struct EffectControlItem;
+struct SubEffectItem;
+
+/// A crop rectangle in pixels of the base size.
+struct CropData {
+    int left = 0;
+    int top = 0;
+    int width = 0;
+    int height = 0;
+    int reserved = 0;   ///< Always 0.
+    bool valid = false; ///< Whether the record holds a crop that applies.
+};
+
+/// The effect settings of one source file.
+///
+/// The settings are a tree: the root "effect root" with the video size ("w", "h"), under it one node per
+/// effect type in the order of the catalogue, under each type its items (watermarks, tracks, frame effects).
+/// A node is addressed by (type, pos): pos -1 is the type's own node, 0 to n-1 are its items. The type is
+/// the exact name of a node; the first node of that name wins, depth first from the root.
+///
+/// All positions and sizes are pixels of the base size, the video size that the host last set; font sizes
+/// are points, transparencies percent. The key "_checkstate" stands for a node's check state (true gives 2,
+/// selected; false gives 0).
+///
+/// The model owns every node; nodes that it hands out stay its own unless a function says otherwise. Signals
+/// of a change are sent on the calling thread after the tree has changed; a listener may read, change and
+/// render the model, but must not delete it. To be used from one thread, after the application object was
+/// created; pictures take a QGuiApplication.
+/// Nothing throws: a failure is told by the result, and where noted by an entry in the log (see WriteLog).
+///
+/// Where to find what:
+///   construction, copies, edit flags   zoeffectmodel.cpp
+///   lookup, values, change bracket     zoeffectmodel_properties.cpp
+///   selection by key                   zoeffectmodel_selection.cpp
+///   subtitle and audio tracks          zoeffectmodel_tracks.cpp
+///   video size, rescaling, crop        zoeffectmodel_geometry.cpp
+class ZOEFFECT_EXPORT ZoEffectModel : public QObject {
+    Q_OBJECT
+
+public:
+    // --- Construction and copies ------------------------------------------------------------------------
+
+    /// Registers the host's table of effect types for all models and tells the custom defaults which types
+    /// exist. To be called once, before the first model is built; \a items must outlive all models. Null is
+    /// logged (25) and accepted: models then have no types.
+    static void InitEffectModel(const EffectControlItem* items);
+
+    /// A model with every top-level type of the registered table, filled with the defaults.
+    explicit ZoEffectModel(QObject* parent = nullptr);
+    /// A model with those top-level types that \a types names, in the order of the table; an empty list
+    /// selects all.
+    explicit ZoEffectModel(const QStringList& types, QObject* parent = nullptr);
+    /// A model with the one type \a type, which holds \a props and nothing else.
+    ZoEffectModel(const QString& type, const QMap<QString, QVariant>& props, QObject* parent = nullptr);
+    /// A copy of \a other without QObject parent.
+    ZoEffectModel(const ZoEffectModel& other);
+    /// Deliberate: an empty model under \a parent; \a other is not read.
+    ZoEffectModel(const ZoEffectModel& other, QObject* parent);
+    ~ZoEffectModel() override;
+
+    /// Takes over the tree (video size included) and the edit flags of \a other; every node is new. The
+    /// rendered picture and the loaded images stay each model's own. Sends no signal.
+    ZoEffectModel& operator=(const ZoEffectModel& other);
+
+    /// The record of \a type in the table \a items, depth first through nested tables; null when there is none.
+    static const EffectControlItem* findOriItem(const QString& type, const EffectControlItem* items);
+
+    /// Appends the type nodes named by \a types (all when empty). The constructors call it; another call
+    /// appends them again.
+    void createItems(const QStringList& types);
+    /// Sets the check state of type node \a item to 2 and stores the defaults of its type, then the user's
+    /// custom default unless the type is "Crop" or "Watermark". Null does nothing.
+    void InitZoeffectData(ZoEffectItemData* item);
+    /// Appends a node under \a item for each record of \a subItems, with its "id" and properties; the node's
+    /// internal data points at its record. Null for either is logged (422).
+    void InitSubItemData(ZoEffectItemData* item, const SubEffectItem* subItems);
+
+    /// Whether replaceItemDataProperty() reached a subtitle item since the last resetAllEffect(); copied by
+    /// assignment.
+    bool editByUser() const;
+    /// Whether a custom default of a type other than "Watermark" and "Subtitle" was applied ("editbydefault"
+    /// on the root).
+    bool editByDefault() const;
+    void resetEditByDefaultFlag();
+
+    /// The registered table of effect types; null until InitEffectModel().
+    static const EffectControlItem* s_EffectItems;
+
+    // --- Lookup and values ------------------------------------------------------------------------------
+
+    /// The first node named \a type in the subtree of \a start, itself included; null when there is none.
+    /// A null \a start is logged (340).
+    ZoEffectItemData* findDataItem(const ZoEffectItemData* start, const QString& type) const;
+    /// Node (\a type, \a pos) of the subtree of \a start; null when there is none. A null \a start is
+    /// logged (316).
+    ZoEffectItemData* findDataItem(const ZoEffectItemData* start, const QString& type, int pos) const;
+    /// Node (\a type, \a pos); null when there is none.
+    ZoEffectItemData* findDataItem(const QString& type, int pos) const;
+    /// The same as findDataItem(type, pos).
+    ZoEffectItemData* getDataItem(const QString& type, int pos) const;
+    /// The number of items of \a type; 0, and a log entry (246), when there is no such type.
+    int childCount(const QString& type) const;
+
+    /// The value of \a key on node (\a type, \a pos): key first. Invalid when node or key is missing; a
+    /// missing "trackid" reads -1. "sub_vposition" of "Subtitle" is the base height times the default of
+    /// "sub_vposfactor", as an unrounded double, until setData() changed it ("dvdsubtitleposeditbyuser" is
+    /// true then), or while the height is 0.
+    QVariant data(const QString& key, const QString& type, int pos) const;
+
+    /// Stores \a value under \a key on node (\a type, \a pos): key first, then value, then address. An equal
+    /// value (numbers and texts compare by value: 5 equals "5") changes nothing and sends nothing. A change
+    /// sends effectDataChanged(type, key, value, pos) once, after it is stored. Storing "sub_vposition" of
+    /// "Subtitle" also sets "dvdsubtitleposeditbyuser" on that node. False, and a log entry (181), only when
+    /// there is no such node.
+    bool setData(const QString& key, const QVariant& value, const QString& type, int pos);
+
+    /// The default of \a key for \a type: the user's custom default, else the catalogue's, else invalid.
+    static QVariant defaultValue(const QString& key, const QString& type);
+
+    /// Sends currentItemChanged(\a type); the model keeps no current item.
+    void setCurrentItem(const QString& type);
+    /// Sends currentSubItemChanged(\a type, \a index).
+    void setCurrentSubItem(const QString& type, int index);
+    /// Sends effectDataAboutChange(\a type): opens a host's bracket around several changes.
+    void beginChange(const QString& type);
+    /// Sends the one-argument effectDataChanged(\a type): closes the bracket, listeners refresh the type.
+    void endChanged(const QString& type);
+
+    // --- Selection --------------------------------------------------------------------------------------
+
+    /// Gives check state 2 to the type node named \a type and 0 to all others.
+    void selectOnlyOneItem(const QString& type);
+    /// Selects the type node, and exactly those of its items whose value under \a key equals \a value.
+    void selectItemByKey(const QString& type, const QString& key, const QVariant& value);
+    /// Selects the type node, and exactly those of its items whose value under \a key, as text, is in
+    /// \a values.
+    void selectItemByKeyEx(const QString& type, const QString& key, const QStringList& values);
+    /// The index of the first item whose value under \a key equals \a value; -1 when there is none.
+    int getItemIndexByKeyValue(const QString& type, const QString& key, const QVariant& value) const;
+    bool haveSameItem(const QString& type, const QString& key, const QVariant& value) const;
+    /// The first selected item of a selected type; null when there is none. Deliberate: for "Audio" a new
+    /// node named "Audio" that holds all selected tracks. That container is the caller's, the tracks in it
+    /// stay the model's: take them out (takeAt) before deleting it.
+    ZoEffectItemData* getSelectItem(const QString& type) const;
+
+    // --- Subtitle and audio tracks ----------------------------------------------------------------------
+
+    /// The position (not the "trackid") of the chosen embedded subtitle track, or -1. A file track that stands
+    /// before it ends the search; an unselected type answers 0 when its first track is embedded. Spelling kept.
+    int getEmbededSutitleID() const;
+    /// The "trackid" of the chosen embedded audio track, or -1. A file track that stands before it ends the
+    /// search; an unselected type answers -1. Spelling kept.
+    int getEmbededAudioID() const;
+    /// Whether the selected type "Subtitle" has a selected track from a file.
+    bool useCustomSubtitle() const;
+    /// Whether a selected subtitle track is embedded, or there are no tracks at all. The type's own check
+    /// state plays no part. Spelling kept.
+    bool useEmbededSubtitle() const;
+    /// As useCustomSubtitle(), for audio.
+    bool useCustomAudio() const;
+    /// As useEmbededSubtitle(), for audio.
+    bool useEmbededAudio() const;
+    /// Whether the model has a node for at least one of the seven audio effect types.
+    bool isForAudioEffect() const;
+    /// The first type node whose "audio_effect_flag" is true, in a model for audio effects; else null.
+    ZoEffectItemData* getValidAudioEffectItem() const;
+    /// Marks the audio track at \a index, and no other, as the one that the preview plays
+    /// ("_playmeineffect"). Sends nothing.
+    void refreshCurPlayData(int index);
+
+    // --- Video size and geometry ------------------------------------------------------------------------
+
+    /// Stores the base size without rescaling anything. No value is refused.
+    void setVideoSize(int w, int h);
+    /// The base size; 0 x 0 until it is set.
+    QSize baseSize() const;
+    /// Rescales crop, watermarks and subtitles from the base size to (\a w, \a h), which becomes the base
+    /// size. A base size or new size of 0 rescales nothing. Sends nothing.
+    void adjustEffectInfo(int w, int h);
+    /// Rescales the geometry of the type node \a item ("Watermark" with its items, "Crop", "Subtitle"). Mind
+    /// the order, the new size first. A crop that does not apply becomes the whole new frame. Deliberate: the
+    /// subtitle values are scaled once for each track, over and over. Null, a zero size or an unchanged size
+    /// does nothing. Sends nothing.
+    void adjustEffectItem(ZoEffectItemData* item, int newW, int newH, int oldW, int oldH);
+    /// Whether a crop other than the whole frame is selected. Deliberate: the arguments are ignored, the base
+    /// size counts.
+    bool isCroped(int w, int h) const;
+    /// The crop that applies, or a record that is all zero and not valid.
+    CropData cropData() const;
+
+signals:
+    /// One value changed, or the list of a type did: then \a key is "item_add", "item_delete", "item_move" or
+    /// "reset".
+    void effectDataChanged(const QString& type, const QString& key, const QVariant& val, int pos);
+    /// Sent by setCurrentItem().
+    void currentItemChanged(const QString& newtype);
+    /// Sent by setCurrentSubItem().
+    void currentSubItemChanged(const QString& newType, int index);
+    /// \a item is to be applied to what the host's \a applyto says. The node stays the model's: copy it.
+    void applyItemDataTo(ZoEffectItemData* const item, const QString& type, int pos, int applyto);
+    /// \a props are to be applied to what the host's \a appto says.
+    void applyItemDataSomePropertyTo(const QMap<QString, QVariant>& props, const QString& type, int pos, int appto);
+    /// Sent by beginChange().
+    void effectDataAboutChange(const QString& type);
+    /// Sent by endChanged().
+    void effectDataChanged(const QString& type);
+
+private:
+    ZoEffectItemData m_root;
+    bool m_editedByUser = false;
+    bool m_secondFlag = false; // Copied with the model; nothing sets it.
+    QPixmap m_watermark;
+    QMap<QString, QPixmap*> m_images;
+    QPixmap m_unreadableImage; // What getImage() hands out when loading failed.
+};
