@@ -86,6 +86,8 @@ void ZoEffectModel::createItems(const QStringList& types)
         InitZoeffectData(node);
         if (record->subItems)
             InitSubItemData(node, record->subItems);
+        if (name == types::effect)
+            AdjustFramEffectsByCustomDefault();
     }
 }
 
@@ -97,6 +99,8 @@ void ZoEffectModel::InitZoeffectData(ZoEffectItemData* item)
     const QString type = item->name();
     // Deliberate: a type's own "_checkstate" is stored as an ordinary property, unlike a sub-item's.
     catalogue::storeDefaults(*item, type);
+    if (type != types::crop && type != types::watermark)
+        getCustomDefaultVal(item, type, false);
 }
 
 void ZoEffectModel::InitSubItemData(ZoEffectItemData* item, const SubEffectItem* subItems)

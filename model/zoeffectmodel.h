@@ -47,6 +47,9 @@ struct CropData {
 ///   selection by key                   zoeffectmodel_selection.cpp
 ///   subtitle and audio tracks          zoeffectmodel_tracks.cpp
 ///   video size, rescaling, crop        zoeffectmodel_geometry.cpp
+///   defaults, real effects             zoeffectmodel_defaultcheck.cpp
+///   frame effects                      zoeffectmodel_frameeffects.cpp
+///   custom defaults                    zoeffectmodel_customdefaults.cpp
 class ZOEFFECT_EXPORT ZoEffectModel : public QObject {
     Q_OBJECT
 
@@ -200,6 +203,45 @@ public:
     bool isCroped(int w, int h) const;
     /// The crop that applies, or a record that is all zero and not valid.
     CropData cropData() const;
+
+    // --- Defaults and real effects ----------------------------------------------------------------------
+
+    /// Whether \a key of node (\a type, \a pos) holds its default: mind the order, type first. A missing node,
+    /// an unknown type and a key that is not the type's own count as default. A watermark's position is
+    /// compared with its factor times the base size, exactly.
+    bool SingleDataIsDefault(const QString& type, const QString& key, int pos) const;
+    /// Whether type \a type holds its defaults: its own properties, or for a type without any its items. A
+    /// type that the catalogue lacks is logged (518) and counts as default.
+    bool dataIsDefault(const QString& type) const;
+    /// Whether the frame effects hold their saved, else their catalogue order and check states.
+    bool FrameEffectIsDefault() const;
+    /// Whether the settings ask for any processing at all. In a model for audio effects the first flagged one
+    /// decides; else the first selected type that does. Selected types of unknown name that are met before
+    /// that are logged (2399).
+    bool hasRealEffect() const;
+    /// A map with the one key "Effect": the names and states of the frame effects, "A|true|B|false". An empty
+    /// map, and a log entry (1559), without a node "Effect".
+    QMap<QString, QVariant> getCurrentFrameEffects() const;
+
+    // --- Custom defaults --------------------------------------------------------------------------------
+
+    bool hasCustomDefault(const QString& type) const;
+    void removeCustomDefault(const QString& type);
+    /// The saved custom value: key first. Invalid when there is none.
+    static QVariant customDefaultVal(const QString& key, const QString& type);
+    /// Saves the settings of item \a index of \a type as the type's custom default; "Color" and "Effect"
+    /// ignore \a index. Positions are saved as factors of the base size. Missing nodes save nothing; they are
+    /// logged for the types "Watermark" (1451) and "Color" (1467) and for a subtitle item (1514).
+    void saveAsCustomDefault(const QString& type, int index);
+    /// Lays the custom default of \a type over \a item: of an image watermark and of an embedded subtitle the
+    /// transparency alone. A saved watermark position is applied when \a direct or the place counts as free;
+    /// deliberate: not every other watermark is looked at. For types other than "Watermark" and "Subtitle"
+    /// "editbydefault" becomes true. Sends nothing. Null is logged (829).
+    void getCustomDefaultVal(ZoEffectItemData* item, const QString& type, bool direct);
+    /// Brings the frame effects into the saved order and check states. Spelling kept.
+    void AdjustFramEffectsByCustomDefault();
+    /// The index of the first child of \a parent named \a name; -1 when there is none or \a parent is null.
+    int getItemPos(const ZoEffectItemData* parent, const QString& name) const;
 
 signals:
     /// One value changed, or the list of a type did: then \a key is "item_add", "item_delete", "item_move" or

@@ -107,6 +107,9 @@ bool ZoEffectModel::setData(const QString& key, const QVariant& value, const QSt
 
 QVariant ZoEffectModel::defaultValue(const QString& key, const QString& type)
 {
+    QVariant custom = customDefaultVal(key, type);
+    if (custom.isValid())
+        return custom;
     const EffectDefaultVal* entry = catalogue::property(catalogue::properties(type), key);
     return entry ? entry->defaultValue : QVariant();
 }

@@ -1,0 +1,8 @@
+#pragma once
+
+struct SubEffectItem;
+class ZoEffectItemData;
+
+/// Whether the items of \a typeNode are those of the table \a subItems (null for none, which any items
+/// match): the same names in the same order, each with the defaults and the check state of its record.
+bool matchesSubItems(const ZoEffectItemData& typeNode, const SubEffectItem* subItems);

@@ -1,0 +1,10 @@
+#pragma once
+
+#include <QVector>
+
+#include "watermarkplacement_p.h"
+
+class ZoEffectItemData;
+
+/// The rectangles of the selected watermarks that stand beside \a item under its parent, in their order.
+QVector<placement::OccupiedRect> shownBeside(const ZoEffectItemData& item);

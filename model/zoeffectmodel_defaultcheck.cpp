@@ -1,0 +1,163 @@
+#include "zoeffectmodel.h"
+
+#include "catalogue_p.h"
+#include "effectnames_p.h"
+#include "modelevents_p.h"
+#include "qtcompat_p.h"
+#include "subitemcheck_p.h"
+#include "zoeffectcatalogue.h"
+#include "zoeffectitemdefaultvalmgr.h"
+
+namespace {
+
+/// Whether \a node holds the default of \a entry: the user's custom default when one is saved, else the
+/// catalogue's.
+bool holdsDefault(const ZoEffectItemData& node, const QString& type, const EffectDefaultVal& entry)
+{
+    const QString key = QString::fromUtf8(entry.key);
+    const QVariant custom = ZoEffectItemDefaultValMgr::getInstance()->getCustomDefaultVal(type, key);
+    return qtcompat::equal(node.data(key), custom.isValid() ? custom : entry.defaultValue);
+}
+
+/// Deliberate: an exact comparison, a product with a fraction is never default.
+bool isAtFactor(const ZoEffectItemData& item, const QString& positionKey, const QString& factorKey, int baseLength)
+{
+    const double place = qtcompat::toDouble(ZoEffectModel::defaultValue(factorKey, types::watermark)) * baseLength;
+    return place == qtcompat::toInt(item.data(positionKey));
+}
+
+/// Whether one of the selected items of \a typeNode asks for processing.
+template <typename Asks>
+bool hasSelectedItem(const ZoEffectItemData& typeNode, Asks asks)
+{
+    for (int row = 0; row < typeNode.childCount(); ++row) {
+        const ZoEffectItemData* item = typeNode.child(row);
+        if (item && item->checkState() == Qt::Checked && asks(*item))
+            return true;
+    }
+    return false;
+}
+
+bool hasTrue(const ZoEffectItemData& node, const QString& key)
+{
+    return qtcompat::toBool(node.data(key));
+}
+
+bool isShownWatermark(const ZoEffectItemData& item)
+{
+    return !hasTrue(item, keys::wmIsText) || !qtcompat::toText(item.data(keys::wmTextContent)).isEmpty();
+}
+
+bool changesColor(const ZoEffectItemData& typeNode)
+{
+    struct Neutral {
+        QString key;
+        int value;
+    };
+    static const Neutral neutral[] = {{keys::bcsBrightness, 0}, {keys::bcsContrast, 0}, {keys::bcsSaturation, 0}};
+    for (const Neutral& setting : neutral) {
+        if (qtcompat::toInt(typeNode.data(setting.key)) != setting.value)
+            return true;
+    }
+    return false;
+}
+
+/// Whether the flagged audio effect \a typeNode changes the sound.
+bool changesSound(const ZoEffectItemData& typeNode)
+{
+    // Deliberate: 10, though the catalogue starts at 100, so that an untouched speed counts as an effect.
+    constexpr int neutralSpeed = 10;
+    if (typeNode.name() == types::audioSpeed)
+        return qtcompat::toInt(typeNode.data(keys::audioSpeedFactor)) != neutralSpeed;
+    if (typeNode.name() == types::audioFadeInOut)
+        return hasTrue(typeNode, keys::audioFadeInEnable) || hasTrue(typeNode, keys::audioFadeOutEnable);
+    return true;
+}
+
+/// Whether the picture is cropped, or turned while the player shows the turned picture.
+bool changesFrame(const ZoEffectModel& model)
+{
+    const QSize base = model.baseSize();
+    const bool hasArea = base.width() != 0 && base.height() != 0;
+    if (hasArea && model.isCroped(base.width(), base.height()))
+        return true;
+    if (!qtcompat::toBool(model.data(keys::playerMapFlag, types::crop, -1)))
+        return false;
+    return qtcompat::toBool(model.data(keys::cropRotationAngle, types::effect, -1))
+           || qtcompat::toBool(model.data(keys::cropRotationAction, types::effect, -1));
+}
+
+/// Whether the selected type \a typeNode asks for processing.
+bool asksForProcessing(const ZoEffectModel& model, const ZoEffectItemData& typeNode)
+{
+    const QString type = typeNode.name();
+    if (type == types::crop)
+        return changesFrame(model);
+    if (type == types::color)
+        return changesColor(typeNode);
+    if (type == types::effect)
+        return hasSelectedItem(typeNode, [](const ZoEffectItemData&) { return true; });
+    if (type == types::watermark)
+        return hasSelectedItem(typeNode, isShownWatermark);
+    if (type == types::audio)
+        return hasSelectedItem(typeNode, [](const auto& track) { return hasTrue(track, keys::audioIsFile); });
+    if (type == types::subtitle)
+        return hasSelectedItem(typeNode, [](const auto& track) { return hasTrue(track, keys::subFromFile); });
+    logEvent(ModelEvent::UnknownSelectedType);
+    return false;
+}
+
+} // namespace
+
+bool ZoEffectModel::SingleDataIsDefault(const QString& type, const QString& key, int pos) const
+{
+    const ZoEffectItemData* node = findDataItem(type, pos);
+    if (!node)
+        return true;
+    if (type == types::watermark && key == keys::wmHPosition)
+        return isAtFactor(*node, key, keys::wmHPosFactor, baseSize().width());
+    if (type == types::watermark && key == keys::wmVPosition)
+        return isAtFactor(*node, key, keys::wmVPosFactor, baseSize().height());
+    const EffectDefaultVal* entry = catalogue::property(catalogue::properties(type), key);
+    return !entry || holdsDefault(*node, type, *entry);
+}
+
+bool ZoEffectModel::dataIsDefault(const QString& type) const
+{
+    const EffectControlItem* record = catalogue::record(type);
+    if (!record) {
+        logEvent(ModelEvent::NoCatalogueRecordToCompare);
+        return true;
+    }
+    const ZoEffectItemData* typeNode = findDataItem(type, -1);
+    if (!typeNode)
+        return true;
+    if (record->properties) {
+        for (const EffectDefaultVal* entry = record->properties; entry->key; ++entry) {
+            if (!holdsDefault(*typeNode, type, *entry))
+                return false;
+        }
+        return true;
+    }
+    if (type == types::effect)
+        return FrameEffectIsDefault();
+    return matchesSubItems(*typeNode, record->subItems);
+}
+
+bool ZoEffectModel::hasRealEffect() const
+{
+    const bool forAudioEffect = isForAudioEffect();
+    for (int row = 0; row < m_root.childCount(); ++row) {
+        const ZoEffectItemData* typeNode = m_root.child(row);
+        if (!typeNode)
+            continue;
+        if (forAudioEffect) {
+            // The first flagged audio effect decides, whatever follows it.
+            if (hasTrue(*typeNode, keys::audioEffectFlag))
+                return changesSound(*typeNode);
+        } else if (typeNode->checkState() == Qt::Checked && asksForProcessing(*this, *typeNode)) {
+            return true;
+        }
+    }
+    return false;
+}
