@@ -50,6 +50,8 @@ struct CropData {
 ///   defaults, real effects             zoeffectmodel_defaultcheck.cpp
 ///   frame effects                      zoeffectmodel_frameeffects.cpp
 ///   custom defaults                    zoeffectmodel_customdefaults.cpp
+///   place of a new watermark           zoeffectmodel_placement.cpp
+///   adding, moving, resetting items    zoeffectmodel_items.cpp
 class ZOEFFECT_EXPORT ZoEffectModel : public QObject {
     Q_OBJECT
 
@@ -204,6 +206,13 @@ public:
     /// The crop that applies, or a record that is all zero and not valid.
     CropData cropData() const;
 
+    // --- Place of a new watermark -----------------------------------------------------------------------
+
+    /// Moves the new watermark \a item away from the other selected watermarks, by four searches in turn (see
+    /// watermarkplacement_p.h); the last of them may give an occupied place, and when all fail the item stays.
+    /// \a item already stands under its parent. Sends nothing. Null is logged (1392).
+    void adjustWatermarkPos(ZoEffectItemData* item);
+
     // --- Defaults and real effects ----------------------------------------------------------------------
 
     /// Whether \a key of node (\a type, \a pos) holds its default: mind the order, type first. A missing node,
@@ -242,6 +251,50 @@ public:
     void AdjustFramEffectsByCustomDefault();
     /// The index of the first child of \a parent named \a name; -1 when there is none or \a parent is null.
     int getItemPos(const ZoEffectItemData* parent, const QString& name) const;
+
+    // --- Lists of items ---------------------------------------------------------------------------------
+    // "props" are applied last, key by key; "_checkstate" in them sets the check state.
+
+    /// Creates an item under \a type before position \a pos (-1, and any position that no item has, appends),
+    /// filled with the catalogue's defaults (but for the position factors), the custom default and \a props. A
+    /// watermark is then moved by adjustWatermarkPos(). Sends effectDataChanged(type, "item_add", invalid,
+    /// index), where index is \a pos, or for -1 the index of the new item. False without a log entry when
+    /// there is no such type; without memory logged (903).
+    bool insertDataItem(const QString& type, const QMap<QString, QVariant>& props, int pos);
+    /// insertDataItem() at the end.
+    bool addDataItem(const QString& type, const QMap<QString, QVariant>& props);
+    /// Creates the type node if it is missing, then appends an item (\a asChild), or fills the type node
+    /// itself with the catalogue's defaults, the custom default and \a props; the latter sends nothing.
+    bool addDataItemEx(const QString& type, const QMap<QString, QVariant>& props, bool asChild);
+    /// Deletes the item at \a pos and sends effectDataChanged(type, "item_delete", invalid, pos). False when
+    /// there is none (logged, 273) or it has no parent (270); -1 never deletes a type.
+    bool delDataItem(const QString& type, int pos);
+    /// Moves the item at \a from so that it ends at \a to: destination first. Deliberate:
+    /// effectDataChanged(type, "item_move", to, -1) is sent whether or not anything moved. False when
+    /// nothing moved; without such a type also logged (288) and nothing is sent.
+    bool changeDataItemPos(const QString& type, int to, int from);
+    /// Sets the item at \a pos to the defaults, then applies \a props; properties that the catalogue does not
+    /// name stay. A watermark goes to the place of its factors; a subtitle's position is derived again. Sends
+    /// effectDataChanged(type, "reset", invalid, pos). False, and logged, without such a type (969) or item
+    /// (966). Pass an empty QMap for no properties: a plain {} means the null node of the other form.
+    bool replaceData(const QString& type, int pos, const QMap<QString, QVariant>& props);
+    /// Overwrites node (\a type, \a pos), its name included, with a deep copy of \a src; a type node that comes
+    /// to "Watermark" is rescaled from its model's to this model's base size. Sends effectDataChanged(type, "reset",
+    /// invalid, pos). A null \a src (1029), a missing target and \a src itself as the target (1026) are logged.
+    void replaceData(const QString& type, int pos, const ZoEffectItemData* src);
+    /// Spreads the subtitle style in \a props over this model's subtitle items; "h" in \a props is the video
+    /// height that the style was made for. Deliberate: not every item is reached, see the implementation.
+    /// Sends effectDataChanged("Subtitle", "reset", invalid, number of style keys) for each item reached, and
+    /// sets editByUser(). Any other \a type does nothing.
+    void replaceItemDataProperty(const QString& type, const QMap<QString, QVariant>& props);
+    /// Rebuilds the whole type from the catalogue and the custom default, and sends
+    /// effectDataChanged(type, "reset", invalid, pos). False, and logged (622), without such a type.
+    bool resetDataItem(const QString& type, int pos);
+    /// Resets all top-level types of the registered table and editByUser(). Of the tracks only the files at the
+    /// end of the list go, and the first one left is selected; "Audio", "Subtitle" and "Watermark" keep their
+    /// own properties. Deliberate: sends nothing, listeners read the model anew; signals are unblocked
+    /// afterwards.
+    void resetAllEffect();
 
 signals:
     /// One value changed, or the list of a type did: then \a key is "item_add", "item_delete", "item_move" or

@@ -1,0 +1,24 @@
+#include "zoeffectmodel.h"
+
+#include "effectnames_p.h"
+#include "modelevents_p.h"
+#include "qtcompat_p.h"
+#include "watermarkrects_p.h"
+
+void ZoEffectModel::adjustWatermarkPos(ZoEffectItemData* item)
+{
+    if (!item) {
+        logEvent(ModelEvent::NullWatermarkToPlace);
+        return;
+    }
+    const ZoEffectItemData* typeNode = item->parent();
+    if (!typeNode || typeNode->childCount() < 2)
+        return;
+
+    const QPoint start(qtcompat::toInt(item->data(keys::wmHPosition)), qtcompat::toInt(item->data(keys::wmVPosition)));
+    const auto place = placement::freePlace(shownBeside(*item), start, baseSize());
+    if (place) {
+        item->setData(keys::wmHPosition, place->x());
+        item->setData(keys::wmVPosition, place->y());
+    }
+}
