@@ -52,6 +52,7 @@ struct CropData {
 ///   custom defaults                    zoeffectmodel_customdefaults.cpp
 ///   place of a new watermark           zoeffectmodel_placement.cpp
 ///   adding, moving, resetting items    zoeffectmodel_items.cpp
+///   watermark picture                  zoeffectmodel_rendering.cpp
 class ZOEFFECT_EXPORT ZoEffectModel : public QObject {
     Q_OBJECT
 
@@ -205,6 +206,20 @@ public:
     bool isCroped(int w, int h) const;
     /// The crop that applies, or a record that is all zero and not valid.
     CropData cropData() const;
+
+    // --- Watermark picture ------------------------------------------------------------------------------
+
+    /// The selected watermarks on a transparent picture of \a w x \a h pixels, the first item on top; a null
+    /// pixmap when nothing is painted or the size is none that can be painted on. With \a honourIgnore, text
+    /// watermarks whose "wm_ingnore" is true are left out. At a size other than the base size a rescaled
+    /// copy is painted and "wm_ingnore" always counts. At the base size the measured size of each painted
+    /// text is stored in its item ("wm_imagewidth", "wm_imageheight") through setData(), signals included.
+    /// An image that cannot be loaded is logged (1178) and left out.
+    QPixmap getWatermark(int w, int h, bool honourIgnore);
+    /// The image at \a path, loaded once per path; \a format may be null. The pixmap stays the model's. On
+    /// failure, logged (1178), a null pixmap; the next call tries again. A picture of more than 128 MB (at
+    /// least 4 bytes a pixel), or what is no regular file, is not loaded.
+    QPixmap* getImage(const QString& path, const char* format);
 
     // --- Place of a new watermark -----------------------------------------------------------------------
 

@@ -1,0 +1,112 @@
+#include "imagefile_p.h"
+
+#include <algorithm>
+
+#include <QFileInfo>
+#include <QImage>
+#include <QImageReader>
+#include <QtEndian>
+
+namespace imagefile {
+
+namespace {
+
+constexpr qint64 mostBytes = qint64(128) << 20;
+constexpr int smallestPixel = 4; // QPixmap keeps four bytes a pixel, whatever the file has.
+constexpr int bitsPerByte = 8;
+
+bool isOfBoundedSize(const QSize& size, int bytesPerPixel)
+{
+    return qint64(size.width()) * size.height() <= mostBytes / bytesPerPixel;
+}
+
+int bytesPerPixel(QImage::Format format)
+{
+    const int depth = QImage::toPixelFormat(format).bitsPerPixel();
+    return std::max(smallestPixel, depth / bitsPerByte);
+}
+
+QByteArray bytesAt(QIODevice& device, qint64 offset, int count)
+{
+    return device.seek(offset) ? device.read(count) : QByteArray();
+}
+
+/// The screen of a GIF, which is what is allocated; QImageReader tells the size of its first frame.
+QSize gifScreen(QIODevice& device)
+{
+    constexpr int signatureSize = 6;
+    constexpr int headerSize = signatureSize + 4;
+    const QByteArray header = bytesAt(device, 0, headerSize);
+    if (header.size() != headerSize || !header.startsWith("GIF8"))
+        return QSize();
+    const char* numbers = header.constData() + signatureSize;
+    return QSize(qFromLittleEndian<quint16>(numbers), qFromLittleEndian<quint16>(numbers + 2));
+}
+
+/// The size in the header of a PNG that starts at \a offset; invalid when there is none.
+QSize pngSize(QIODevice& device, qint64 offset)
+{
+    constexpr int signatureSize = 8;
+    constexpr int sizeOffset = signatureSize + 8;
+    constexpr int headerSize = sizeOffset + 8;
+    const QByteArray header = bytesAt(device, offset, headerSize);
+    if (header.size() != headerSize || !header.startsWith("\x89PNG"))
+        return QSize();
+    const char* numbers = header.constData() + sizeOffset;
+    return QSize(qFromBigEndian<qint32>(numbers), qFromBigEndian<qint32>(numbers + 4));
+}
+
+/// The largest PNG among the pictures of an icon file. QImageReader tells what the icon's directory says,
+/// but what is allocated is what the PNG itself says.
+QSize largestIcon(QIODevice& device)
+{
+    constexpr int headerSize = 6;
+    constexpr quint32 signature = 0x00010000;
+    constexpr int entrySize = 16;
+    constexpr int offsetInEntry = 12;
+    const QByteArray header = bytesAt(device, 0, headerSize);
+    if (header.size() != headerSize || qFromLittleEndian<quint32>(header.constData()) != signature)
+        return QSize();
+    const int count = qFromLittleEndian<quint16>(header.constData() + 4);
+    const QByteArray directory = bytesAt(device, headerSize, count * entrySize);
+    QSize largest;
+    for (int entry = 0; entry + entrySize <= directory.size(); entry += entrySize) {
+        const auto offset = qFromLittleEndian<quint32>(directory.constData() + entry + offsetInEntry);
+        largest = largest.expandedTo(pngSize(device, offset));
+    }
+    return largest;
+}
+
+/// Whether something other than a regular file stands where Qt may look for \a path. On a path without a
+/// suffix that does not exist, Qt tries the suffixes of all formats.
+bool mayBlock(const QFileInfo& file)
+{
+    if (file.exists())
+        return !file.isFile();
+    const QList<QByteArray> suffixes = QImageReader::supportedImageFormats();
+    return std::any_of(suffixes.cbegin(), suffixes.cend(), [&file](const QByteArray& suffix) {
+        const QFileInfo candidate(file.filePath() + QLatin1Char('.') + QString::fromLatin1(suffix));
+        return candidate.exists() && !candidate.isFile();
+    });
+}
+
+} // namespace
+
+bool canBeLoaded(const QString& path, const char* format)
+{
+    const QFileInfo file(path);
+    const bool isFound = file.exists() || file.completeSuffix().isEmpty();
+    if (path.isEmpty() || !isFound || mayBlock(file))
+        return false;
+
+    QImageReader reader(path, format);
+    const QSize size = reader.size();
+    if (!isOfBoundedSize(size, bytesPerPixel(reader.imageFormat())))
+        return false;
+    QIODevice* device = reader.device();
+    return !device || !device->isOpen()
+           || (isOfBoundedSize(gifScreen(*device), smallestPixel)
+               && isOfBoundedSize(largestIcon(*device), smallestPixel));
+}
+
+} // namespace imagefile

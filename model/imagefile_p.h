@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QString>
+
+/// What can be told of an image file before it is decoded.
+namespace imagefile {
+
+/// Whether QPixmap may be let near the image at \a path, whose format may be null. False for what is no
+/// regular file, which could block for ever, and for a picture that its header says would take more than
+/// 128 MB decoded. A file that is no image at all passes: loading it fails by itself.
+bool canBeLoaded(const QString& path, const char* format);
+
+} // namespace imagefile

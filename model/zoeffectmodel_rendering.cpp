@@ -1,0 +1,213 @@
+#include "zoeffectmodel.h"
+
+#include <algorithm>
+
+#include <QDir>
+#include <QFontMetrics>
+#include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
+#include <QPointer>
+#include <QVector>
+
+#include "effectnames_p.h"
+#include "imagefile_p.h"
+#include "modelevents_p.h"
+#include "qtcompat_p.h"
+#include "watermarkstyle_p.h"
+
+namespace {
+
+constexpr int opaque = 255;
+constexpr int largestCanvasSide = 32767;
+constexpr qint64 largestCanvasArea = qint64(1) << 28;
+constexpr int measureFlags = Qt::AlignLeft | Qt::AlignTop;
+constexpr int drawFlags = Qt::AlignLeft | Qt::AlignVCenter;
+
+using Watermark = QPointer<ZoEffectItemData>;
+
+int number(const ZoEffectItemData& item, const QString& key)
+{
+    return qtcompat::toInt(item.data(key));
+}
+
+bool flag(const ZoEffectItemData& item, const QString& key)
+{
+    return qtcompat::toBool(item.data(key));
+}
+
+QString text(const ZoEffectItemData& item, const QString& key)
+{
+    return qtcompat::toText(item.data(key));
+}
+
+int alphaOf(const ZoEffectItemData& item)
+{
+    return watermarkstyle::alpha(number(item, keys::wmTransparency), item.data(keys::wmTransFactor));
+}
+
+/// Pixmaps exist in applications with a graphical side only.
+bool hasPixmaps()
+{
+    return qobject_cast<QGuiApplication*>(QCoreApplication::instance());
+}
+
+/// Whether a canvas of \a size can be had; QPixmap itself does not tell.
+bool isCanvas(const QSize& size)
+{
+    return hasPixmaps() && !size.isEmpty() && size.width() <= largestCanvasSide && size.height() <= largestCanvasSide
+           && qint64(size.width()) * size.height() <= largestCanvasArea;
+}
+
+/// \a image with one uniform alpha in place of its own. An alpha beyond 0 to 255 is no colour value and
+/// gives 0.
+QPixmap withUniformAlpha(const QPixmap& image, int alpha)
+{
+    const int uniform = alpha >= 0 && alpha <= opaque ? alpha : 0;
+    QImage pixels = image.toImage().convertToFormat(QImage::Format_ARGB32);
+    for (int row = 0; row < pixels.height(); ++row) {
+        auto* line = reinterpret_cast<QRgb*>(pixels.scanLine(row));
+        std::transform(line, line + pixels.width(), line,
+                       [uniform](QRgb pixel) { return qRgba(qRed(pixel), qGreen(pixel), qBlue(pixel), uniform); });
+    }
+    return QPixmap::fromImage(pixels);
+}
+
+/// Draws the image of \a item; false when it cannot be loaded.
+bool paintImage(QPainter& painter, ZoEffectModel& model, const ZoEffectItemData& item)
+{
+    const QByteArray format = text(item, keys::wmImageFormat).toLatin1();
+    const QPixmap image =
+        *model.getImage(text(item, keys::wmImageUrl), format.isEmpty() ? nullptr : format.constData());
+    if (image.isNull())
+        return false;
+
+    const QPixmap shown = withUniformAlpha(image, alphaOf(item));
+    const QRectF target(number(item, keys::wmHPosition), number(item, keys::wmVPosition),
+                        number(item, keys::wmImageWidth), number(item, keys::wmImageHeight));
+    painter.drawPixmap(target, shown, QRectF(shown.rect()));
+    return true;
+}
+
+/// Draws the text of \a item when any of it lies in the frame and answers its measured size, else an empty
+/// one.
+QSize paintText(QPainter& painter, const ZoEffectItemData& item, const QSize& frame)
+{
+    const QString content = text(item, keys::wmTextContent);
+    if (content.isEmpty())
+        return QSize();
+
+    QColor color = qtcompat::colorFrom(item.data(keys::wmFontColor));
+    color.setAlpha(std::clamp(alphaOf(item), 0, opaque));
+    painter.setFont(watermarkstyle::font(item.data(keys::wmFontName), number(item, keys::wmFontSize),
+                                         text(item, keys::wmFontStyle)));
+    painter.setPen(color);
+
+    const QSize size = painter.fontMetrics().size(measureFlags, content);
+    const QRect bound = painter.boundingRect(QRect(QPoint(0, 0), size), measureFlags, content);
+    const int left = number(item, keys::wmHPosition);
+    const int top = number(item, keys::wmVPosition);
+    const bool inFrame = left < frame.width() && top < frame.height() && qint64(left) + bound.width() - 1 > 0
+                         && qint64(top) + bound.height() - 1 > 0;
+    if (!inFrame)
+        return QSize();
+    painter.drawText(QRect(left, top, bound.width(), bound.height()), drawFlags, content);
+    return bound.size();
+}
+
+QVector<Watermark> childrenOf(const ZoEffectItemData& typeNode)
+{
+    QVector<Watermark> children;
+    children.reserve(typeNode.childCount());
+    for (int row = 0; row < typeNode.childCount(); ++row)
+        children.append(typeNode.child(row));
+    return children;
+}
+
+/// The row of \a item under the type "Watermark" as it stands now; -1 when it is gone.
+int currentRow(const ZoEffectModel& model, const Watermark& item)
+{
+    const ZoEffectItemData* typeNode = model.getDataItem(types::watermark, -1);
+    for (int row = 0; item && typeNode && row < typeNode->childCount(); ++row) {
+        if (typeNode->child(row) == item)
+            return row;
+    }
+    return -1;
+}
+
+/// Stores the size that a text was drawn with; nothing for one that was not. Listeners may delete the item
+/// between the two values.
+void storeMeasuredSize(ZoEffectModel& model, const Watermark& item, const QSize& size)
+{
+    if (!size.isValid())
+        return;
+    model.setData(keys::wmImageWidth, size.width(), types::watermark, currentRow(model, item));
+    const int row = currentRow(model, item);
+    if (row != -1)
+        model.setData(keys::wmImageHeight, size.height(), types::watermark, row);
+}
+
+} // namespace
+
+// NOLINTNEXTLINE(misc-no-recursion): once, for the copy that has the size.
+QPixmap ZoEffectModel::getWatermark(int w, int h, bool honourIgnore)
+{
+    if (QSize(w, h) != baseSize()) {
+        ZoEffectModel rescaled;
+        rescaled = *this;
+        rescaled.adjustEffectInfo(w, h);
+        // Deliberate: at another size "wm_ingnore" always counts.
+        return rescaled.getWatermark(w, h, true);
+    }
+
+    m_watermark = QPixmap();
+    const ZoEffectItemData* typeNode = getDataItem(types::watermark, -1);
+    if (!typeNode || typeNode->checkState() != Qt::Checked || typeNode->childCount() == 0)
+        return m_watermark;
+
+    if (!isCanvas(baseSize()))
+        return m_watermark;
+    QPixmap canvas(baseSize());
+    canvas.fill(QColor(0, 0, 0, 0));
+    QPainter painter;
+    if (!painter.begin(&canvas))
+        return m_watermark;
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+
+    // Storing a measured size tells listeners, who may change the list. So the walk goes over the watermarks
+    // that were there at its start, as far as they still are.
+    bool painted = false;
+    const QVector<Watermark> items = childrenOf(*typeNode);
+    for (int i = static_cast<int>(items.size()) - 1; i >= 0; --i) { // The first item is painted last, on top.
+        const Watermark& item = items.at(i);
+        if (currentRow(*this, item) == -1 || item->checkState() != Qt::Checked)
+            continue;
+        if (!flag(*item, keys::wmIsText)) {
+            painted |= paintImage(painter, *this, *item);
+        } else if (!honourIgnore || !flag(*item, keys::wmIgnore)) {
+            const QSize measured = paintText(painter, *item, baseSize());
+            painted |= measured.isValid();
+            storeMeasuredSize(*this, item, measured);
+        }
+    }
+    painter.end();
+
+    if (painted)
+        m_watermark = canvas;
+    return m_watermark;
+}
+
+QPixmap* ZoEffectModel::getImage(const QString& path, const char* format)
+{
+    const QString name = QDir::toNativeSeparators(path);
+    if (QPixmap* known = m_images.value(name))
+        return known;
+
+    QPixmap image;
+    if (!hasPixmaps() || !imagefile::canBeLoaded(path, format) || !image.load(path, format)) {
+        logEvent(ModelEvent::ImageNotLoaded);
+        m_unreadableImage = QPixmap();
+        return &m_unreadableImage;
+    }
+    return *m_images.insert(name, new QPixmap(image));
+}
