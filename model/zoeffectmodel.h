@@ -53,6 +53,7 @@ struct CropData {
 ///   place of a new watermark           zoeffectmodel_placement.cpp
 ///   adding, moving, resetting items    zoeffectmodel_items.cpp
 ///   watermark picture                  zoeffectmodel_rendering.cpp
+///   handing settings to others         zoeffectmodel_apply.cpp
 class ZOEFFECT_EXPORT ZoEffectModel : public QObject {
     Q_OBJECT
 
@@ -310,6 +311,14 @@ public:
     /// own properties. Deliberate: sends nothing, listeners read the model anew; signals are unblocked
     /// afterwards.
     void resetAllEffect();
+
+    // --- Handing settings to others ---------------------------------------------------------------------
+
+    /// Sends applyItemDataTo with node (\a type, \a pos); nothing when there is none. \a applyto is the host's.
+    void applyDataTo(const QString& type, int pos, int applyto);
+    /// For a selected subtitle item that has any style key: replaceItemDataProperty() with its style and the
+    /// video height "h", then sends applyItemDataSomePropertyTo with the same. Anything else does nothing.
+    void applySomePropertytoOther(const QString& type, int pos, int applyto);
 
 signals:
     /// One value changed, or the list of a type did: then \a key is "item_add", "item_delete", "item_move" or

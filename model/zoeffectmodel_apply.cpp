@@ -1,0 +1,32 @@
+#include "zoeffectmodel.h"
+
+#include "effectnames_p.h"
+#include "zoeffectcatalogue.h"
+
+void ZoEffectModel::applyDataTo(const QString& type, int pos, int applyto)
+{
+    if (ZoEffectItemData* item = findDataItem(type, pos))
+        emit applyItemDataTo(item, type, pos, applyto);
+}
+
+void ZoEffectModel::applySomePropertytoOther(const QString& type, int pos, int applyto)
+{
+    if (type != types::subtitle || pos == -1)
+        return;
+    const ZoEffectItemData* item = findDataItem(type, pos);
+    if (!item || item->checkState() != Qt::Checked)
+        return;
+
+    QMap<QString, QVariant> style;
+    for (const char* name : keysforfromFile) {
+        const QString key = QString::fromUtf8(name);
+        const QVariant value = item->data(key);
+        if (value.isValid())
+            style.insert(key, value);
+    }
+    if (style.isEmpty())
+        return;
+    style.insert(keys::baseHeight, baseSize().height());
+    replaceItemDataProperty(types::subtitle, style);
+    emit applyItemDataSomePropertyTo(style, types::subtitle, -1, applyto);
+}
