@@ -1,0 +1,26 @@
+#!/usr/bin/env bash
+# style.sh: all C++ sources are formatted as .clang-format says, shellcheck finds nothing in the shell scripts,
+# and no test program is forgotten.
+set -euo pipefail
+here=$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")
+# shellcheck source-path=SCRIPTDIR source=support/rows.sh
+source "$here/support/rows.sh"
+cd "$here/.."
+
+# files FIND-TESTS...: the files of the tree, without what was built.
+files() {
+    find . \( -path ./build -o -path ./.git \) -prune -o -type f \( "$@" \) -print | LC_ALL=C sort
+}
+
+mapfile -t sources <<< "$(files -name '*.h' -o -name '*.cpp')"
+mapfile -t scripts <<< "$({
+    files -name '*.sh'
+    grep -lE '^#!.*\bbash$' ./run ./test .ci/run scripts/*
+} | LC_ALL=C sort -u)"
+
+check 'style: all C++ sources are formatted' clang-format --dry-run -Werror "${sources[@]}" || true
+check 'style: shellcheck finds nothing in the shell scripts' shellcheck --external-sources "${scripts[@]}" || true
+same 'style: every test program is registered' \
+    "$(find tests -name 'tst_*.cpp' -printf '%f\n' | sed 's/\.cpp$//' | LC_ALL=C sort)" \
+    "$(sed -nE 's/^    (tst_.*)/\1/p' tests/CMakeLists.txt | LC_ALL=C sort)" || true
+finish
