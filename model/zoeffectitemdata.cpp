@@ -5,6 +5,7 @@
 #include <QVector>
 
 #include "effectnames_p.h"
+#include "treecheck_p.h"
 
 namespace {
 
@@ -23,8 +24,10 @@ ZoEffectItemData::ZoEffectItemData(const QString& name, ZoEffectItemData* parent
     : QObject(nullptr), m_parent(parent), m_name(name)
 {
     setObjectName(name);
-    if (parent)
-        parent->insertChild(this, pos);
+    if (!parent)
+        return;
+    const TreeCheck check(*parent);
+    parent->place(this, pos);
 }
 
 ZoEffectItemData::ZoEffectItemData(const ZoEffectItemData& other) : ZoEffectItemData(QString())
@@ -46,6 +49,7 @@ ZoEffectItemData& ZoEffectItemData::operator=(const ZoEffectItemData& other)
 {
     if (this == &other)
         return *this;
+    const TreeCheck check(*this);
 
     // The copy is complete before anything of this node changes, since other may stand above or below it.
     // Trees can be deep: the walk keeps its own list of nodes to do instead of calling itself.
@@ -110,10 +114,17 @@ int ZoEffectItemData::childNumber() const
 
 void ZoEffectItemData::appendChild(ZoEffectItemData* child)
 {
+    treecheck::noteHostEdit();
     m_children.append(child);
 }
 
 void ZoEffectItemData::insertChild(ZoEffectItemData* child, int pos)
+{
+    treecheck::noteHostEdit();
+    place(child, pos);
+}
+
+void ZoEffectItemData::place(ZoEffectItemData* child, int pos)
 {
     if (isPosition(pos, m_children))
         m_children.insert(pos, child);
@@ -123,6 +134,7 @@ void ZoEffectItemData::insertChild(ZoEffectItemData* child, int pos)
 
 ZoEffectItemData* ZoEffectItemData::takeAt(int row)
 {
+    const TreeCheck check(*this);
     return isPosition(row, m_children) ? m_children.takeAt(row) : nullptr;
 }
 
@@ -130,6 +142,7 @@ bool ZoEffectItemData::removeChildren(int pos, int count)
 {
     if (pos < 0 || qint64(pos) + count > m_children.size())
         return false;
+    const TreeCheck check(*this);
     // All are out of the list before the first is deleted: whoever is told of that may change the list.
     Children removed;
     for (int i = 0; i < count; ++i)
@@ -142,12 +155,14 @@ bool ZoEffectItemData::changeItemPos(int to, int from)
 {
     if (to == from || !isPosition(to, m_children) || !isPosition(from, m_children))
         return false;
+    const TreeCheck check(*this);
     m_children.move(from, to);
     return true;
 }
 
 void ZoEffectItemData::clear()
 {
+    const TreeCheck check(*this);
     // Trees can be deep: all descendants are gathered, parents first, and deleted one by one from the end.
     QVector<ZoEffectItemData*> doomed;
     const auto gather = [&doomed](Children& children) {

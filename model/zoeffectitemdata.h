@@ -90,6 +90,7 @@ public:
     const QMap<QString, QVariant>& properties() const;
 
 private:
+    Q_DECL_HIDDEN void place(ZoEffectItemData* child, int pos);
     Q_DECL_HIDDEN void takeOverFields(const ZoEffectItemData& other);
 
     QList<ZoEffectItemData*> m_children;

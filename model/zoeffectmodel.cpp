@@ -4,6 +4,7 @@
 #include "effectnames_p.h"
 #include "modelevents_p.h"
 #include "qtcompat_p.h"
+#include "treecheck_p.h"
 #include "zoeffectcatalogue.h"
 #include "zoeffectitemdefaultvalmgr.h"
 
@@ -56,6 +57,7 @@ ZoEffectModel::~ZoEffectModel()
 
 ZoEffectModel& ZoEffectModel::operator=(const ZoEffectModel& other)
 {
+    const TreeCheck check(m_root);
     if (this == &other)
         return *this;
     m_root = other.m_root;
@@ -78,6 +80,7 @@ const EffectControlItem* ZoEffectModel::findOriItem(const QString& type, const E
 
 void ZoEffectModel::createItems(const QStringList& types)
 {
+    const TreeCheck check(m_root);
     for (const EffectControlItem* record = s_EffectItems; record && record->name; ++record) {
         const QString name = QString::fromUtf8(record->name);
         if (!types.isEmpty() && !types.contains(name))
@@ -93,6 +96,7 @@ void ZoEffectModel::createItems(const QStringList& types)
 
 void ZoEffectModel::InitZoeffectData(ZoEffectItemData* item)
 {
+    const TreeCheck check(m_root);
     if (!item)
         return;
     item->setCheckState(Qt::Checked);
@@ -105,6 +109,7 @@ void ZoEffectModel::InitZoeffectData(ZoEffectItemData* item)
 
 void ZoEffectModel::InitSubItemData(ZoEffectItemData* item, const SubEffectItem* subItems)
 {
+    const TreeCheck check(m_root);
     if (!subItems || !item) {
         logEvent(ModelEvent::NullForSubItems);
         return;
@@ -130,5 +135,6 @@ bool ZoEffectModel::editByDefault() const
 
 void ZoEffectModel::resetEditByDefaultFlag()
 {
+    const TreeCheck check(m_root);
     m_root.setData(keys::editByDefault, false);
 }

@@ -1,16 +1,19 @@
 #include "zoeffectmodel.h"
 
 #include "effectnames_p.h"
+#include "treecheck_p.h"
 #include "zoeffectcatalogue.h"
 
 void ZoEffectModel::applyDataTo(const QString& type, int pos, int applyto)
 {
+    const TreeCheck check(m_root);
     if (ZoEffectItemData* item = findDataItem(type, pos))
         emit applyItemDataTo(item, type, pos, applyto);
 }
 
 void ZoEffectModel::applySomePropertytoOther(const QString& type, int pos, int applyto)
 {
+    const TreeCheck check(m_root);
     if (type != types::subtitle || pos == -1)
         return;
     const ZoEffectItemData* item = findDataItem(type, pos);

@@ -4,6 +4,7 @@
 #include "modelevents_p.h"
 #include "qtcompat_p.h"
 #include "scaling_p.h"
+#include "treecheck_p.h"
 #include "watermarkrects_p.h"
 #include "zoeffectitemdefaultvalmgr.h"
 
@@ -155,6 +156,7 @@ bool ZoEffectModel::hasCustomDefault(const QString& type) const
 
 void ZoEffectModel::removeCustomDefault(const QString& type)
 {
+    const TreeCheck check(m_root);
     store().removeCustomDefaultVal(type);
 }
 
@@ -165,6 +167,7 @@ QVariant ZoEffectModel::customDefaultVal(const QString& key, const QString& type
 
 void ZoEffectModel::saveAsCustomDefault(const QString& type, int index)
 {
+    const TreeCheck check(m_root);
     const Properties values = settingsToSave(*this, type, index);
     if (!values.isEmpty())
         store().saveAsCustomDefaultVal(type, values);
@@ -172,6 +175,7 @@ void ZoEffectModel::saveAsCustomDefault(const QString& type, int index)
 
 void ZoEffectModel::getCustomDefaultVal(ZoEffectItemData* item, const QString& type, bool direct)
 {
+    const TreeCheck check(m_root);
     if (!item) {
         logEvent(ModelEvent::NullItemForCustomDefault);
         return;

@@ -6,6 +6,7 @@
 #include "modelevents_p.h"
 #include "qtcompat_p.h"
 #include "subitemcheck_p.h"
+#include "treecheck_p.h"
 #include "zoeffectcatalogue.h"
 #include "zoeffectitemdefaultvalmgr.h"
 
@@ -67,6 +68,7 @@ QMap<QString, QVariant> ZoEffectModel::getCurrentFrameEffects() const
 
 void ZoEffectModel::AdjustFramEffectsByCustomDefault()
 {
+    const TreeCheck check(m_root);
     ZoEffectItemData* typeNode = findDataItem(types::effect, -1);
     if (!typeNode || !hasCustomDefault(types::effect))
         return;

@@ -3,6 +3,7 @@
 #include "effectnames_p.h"
 #include "qtcompat_p.h"
 #include "scaling_p.h"
+#include "treecheck_p.h"
 
 namespace {
 
@@ -82,6 +83,7 @@ void rescaleSubtitles(ZoEffectItemData& typeNode, double sy)
 
 void ZoEffectModel::setVideoSize(int w, int h)
 {
+    const TreeCheck check(m_root);
     m_root.setData(keys::baseWidth, w);
     m_root.setData(keys::baseHeight, h);
 }
@@ -93,6 +95,7 @@ QSize ZoEffectModel::baseSize() const
 
 void ZoEffectModel::adjustEffectInfo(int w, int h)
 {
+    const TreeCheck check(m_root);
     const QSize oldSize = baseSize();
     if (oldSize == QSize(w, h))
         return;
@@ -103,6 +106,7 @@ void ZoEffectModel::adjustEffectInfo(int w, int h)
 
 void ZoEffectModel::adjustEffectItem(ZoEffectItemData* item, int newW, int newH, int oldW, int oldH)
 {
+    const TreeCheck check(m_root);
     const bool hasSizes = newW != 0 && newH != 0 && oldW != 0 && oldH != 0;
     const bool changes = newW != oldW || newH != oldH;
     if (!item || !hasSizes || !changes)

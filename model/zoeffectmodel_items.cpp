@@ -10,6 +10,7 @@
 #include "modelevents_p.h"
 #include "qtcompat_p.h"
 #include "scaling_p.h"
+#include "treecheck_p.h"
 #include "zoeffectcatalogue.h"
 
 namespace {
@@ -102,6 +103,7 @@ void resetTracks(ZoEffectItemData& typeNode, const QString& fileFlag)
 
 bool ZoEffectModel::insertDataItem(const QString& type, const QMap<QString, QVariant>& props, int pos)
 {
+    const TreeCheck check(m_root);
     ZoEffectItemData* typeNode = findDataItem(type, -1);
     if (!typeNode)
         return false;
@@ -132,11 +134,13 @@ bool ZoEffectModel::insertDataItem(const QString& type, const QMap<QString, QVar
 
 bool ZoEffectModel::addDataItem(const QString& type, const QMap<QString, QVariant>& props)
 {
+    const TreeCheck check(m_root);
     return insertDataItem(type, props, -1);
 }
 
 bool ZoEffectModel::addDataItemEx(const QString& type, const QMap<QString, QVariant>& props, bool asChild)
 {
+    const TreeCheck check(m_root);
     ZoEffectItemData* typeNode = findDataItem(type, -1);
     if (!typeNode)
         typeNode = new ZoEffectItemData(type, &m_root, -1);
@@ -152,6 +156,7 @@ bool ZoEffectModel::addDataItemEx(const QString& type, const QMap<QString, QVari
 
 bool ZoEffectModel::delDataItem(const QString& type, int pos)
 {
+    const TreeCheck check(m_root);
     ZoEffectItemData* item = findDataItem(&m_root, type, pos);
     if (!item) {
         logEvent(ModelEvent::NoSuchItemToDelete);
@@ -172,6 +177,7 @@ bool ZoEffectModel::delDataItem(const QString& type, int pos)
 
 bool ZoEffectModel::changeDataItemPos(const QString& type, int to, int from)
 {
+    const TreeCheck check(m_root);
     ZoEffectItemData* typeNode = findDataItem(&m_root, type);
     if (!typeNode) {
         logEvent(ModelEvent::NoSuchTypeToMoveIn);
@@ -185,6 +191,7 @@ bool ZoEffectModel::changeDataItemPos(const QString& type, int to, int from)
 
 bool ZoEffectModel::replaceData(const QString& type, int pos, const QMap<QString, QVariant>& props)
 {
+    const TreeCheck check(m_root);
     const ZoEffectItemData* typeNode = findDataItem(type, -1);
     if (!typeNode) {
         logEvent(ModelEvent::NoSuchTypeToReplaceIn);
@@ -209,6 +216,7 @@ bool ZoEffectModel::replaceData(const QString& type, int pos, const QMap<QString
 
 void ZoEffectModel::replaceData(const QString& type, int pos, const ZoEffectItemData* src)
 {
+    const TreeCheck check(m_root);
     if (!src) {
         logEvent(ModelEvent::NullReplaceSource);
         return;
@@ -236,6 +244,7 @@ void ZoEffectModel::replaceData(const QString& type, int pos, const ZoEffectItem
 
 void ZoEffectModel::replaceItemDataProperty(const QString& type, const QMap<QString, QVariant>& props)
 {
+    const TreeCheck check(m_root);
     if (type != types::subtitle)
         return;
 
@@ -270,6 +279,7 @@ void ZoEffectModel::replaceItemDataProperty(const QString& type, const QMap<QStr
 
 bool ZoEffectModel::resetDataItem(const QString& type, int pos)
 {
+    const TreeCheck check(m_root);
     ZoEffectItemData* typeNode = findDataItem(type, -1);
     if (!typeNode) {
         logEvent(ModelEvent::NoSuchTypeToReset);
@@ -290,6 +300,7 @@ bool ZoEffectModel::resetDataItem(const QString& type, int pos)
 
 void ZoEffectModel::resetAllEffect()
 {
+    const TreeCheck check(m_root);
     blockSignals(true);
     m_editedByUser = false;
     for (const EffectControlItem* record = s_EffectItems; record && record->name; ++record) {

@@ -3,10 +3,12 @@
 #include "effectnames_p.h"
 #include "modelevents_p.h"
 #include "qtcompat_p.h"
+#include "treecheck_p.h"
 #include "watermarkrects_p.h"
 
 void ZoEffectModel::adjustWatermarkPos(ZoEffectItemData* item)
 {
+    const TreeCheck check(m_root);
     if (!item) {
         logEvent(ModelEvent::NullWatermarkToPlace);
         return;

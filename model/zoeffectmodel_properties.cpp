@@ -6,6 +6,7 @@
 #include "effectnames_p.h"
 #include "modelevents_p.h"
 #include "qtcompat_p.h"
+#include "treecheck_p.h"
 #include "zoeffectcatalogue.h"
 
 ZoEffectItemData* ZoEffectModel::findDataItem(const ZoEffectItemData* start, const QString& type) const
@@ -79,6 +80,7 @@ QVariant ZoEffectModel::data(const QString& key, const QString& type, int pos) c
 
 bool ZoEffectModel::setData(const QString& key, const QVariant& value, const QString& type, int pos)
 {
+    const TreeCheck check(m_root);
     ZoEffectItemData* node = findDataItem(type, pos);
     if (!node) {
         logEvent(ModelEvent::NoSuchNodeToSet);
@@ -116,20 +118,24 @@ QVariant ZoEffectModel::defaultValue(const QString& key, const QString& type)
 
 void ZoEffectModel::setCurrentItem(const QString& type)
 {
+    const TreeCheck check(m_root);
     emit currentItemChanged(type);
 }
 
 void ZoEffectModel::setCurrentSubItem(const QString& type, int index)
 {
+    const TreeCheck check(m_root);
     emit currentSubItemChanged(type, index);
 }
 
 void ZoEffectModel::beginChange(const QString& type)
 {
+    const TreeCheck check(m_root);
     emit effectDataAboutChange(type);
 }
 
 void ZoEffectModel::endChanged(const QString& type)
 {
+    const TreeCheck check(m_root);
     emit effectDataChanged(type);
 }

@@ -14,6 +14,7 @@
 #include "imagefile_p.h"
 #include "modelevents_p.h"
 #include "qtcompat_p.h"
+#include "treecheck_p.h"
 #include "watermarkstyle_p.h"
 
 namespace {
@@ -152,6 +153,7 @@ void storeMeasuredSize(ZoEffectModel& model, const Watermark& item, const QSize&
 // NOLINTNEXTLINE(misc-no-recursion): once, for the copy that has the size.
 QPixmap ZoEffectModel::getWatermark(int w, int h, bool honourIgnore)
 {
+    const TreeCheck check(m_root);
     if (QSize(w, h) != baseSize()) {
         ZoEffectModel rescaled;
         rescaled = *this;

@@ -2,6 +2,7 @@
 
 #include "effectnames_p.h"
 #include "qtcompat_p.h"
+#include "treecheck_p.h"
 
 namespace {
 
@@ -22,6 +23,7 @@ void selectItems(ZoEffectItemData* typeNode, IsChosen isChosen)
 
 void ZoEffectModel::selectOnlyOneItem(const QString& type)
 {
+    const TreeCheck check(m_root);
     for (int row = 0; row < m_root.childCount(); ++row) {
         if (ZoEffectItemData* node = m_root.child(row))
             node->setCheckState(node->name() == type ? Qt::Checked : Qt::Unchecked);
@@ -30,12 +32,14 @@ void ZoEffectModel::selectOnlyOneItem(const QString& type)
 
 void ZoEffectModel::selectItemByKey(const QString& type, const QString& key, const QVariant& value)
 {
+    const TreeCheck check(m_root);
     selectItems(findDataItem(type, -1),
                 [&](const ZoEffectItemData& item) { return qtcompat::equal(item.data(key), value); });
 }
 
 void ZoEffectModel::selectItemByKeyEx(const QString& type, const QString& key, const QStringList& values)
 {
+    const TreeCheck check(m_root);
     selectItems(findDataItem(type, -1),
                 [&](const ZoEffectItemData& item) { return values.contains(qtcompat::toText(item.data(key))); });
 }
@@ -58,6 +62,7 @@ bool ZoEffectModel::haveSameItem(const QString& type, const QString& key, const 
 
 ZoEffectItemData* ZoEffectModel::getSelectItem(const QString& type) const
 {
+    const TreeCheck check(m_root);
     const ZoEffectItemData* typeNode = findDataItem(type, -1);
     if (!typeNode || typeNode->checkState() != Qt::Checked)
         return nullptr;

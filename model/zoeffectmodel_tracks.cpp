@@ -4,6 +4,7 @@
 
 #include "effectnames_p.h"
 #include "qtcompat_p.h"
+#include "treecheck_p.h"
 
 namespace {
 
@@ -128,6 +129,7 @@ ZoEffectItemData* ZoEffectModel::getValidAudioEffectItem() const
 
 void ZoEffectModel::refreshCurPlayData(int index)
 {
+    const TreeCheck check(m_root);
     const ZoEffectItemData* typeNode = findDataItem(types::audio, -1);
     for (int row = 0; typeNode && row < typeNode->childCount(); ++row) {
         ZoEffectItemData* track = typeNode->child(row);

@@ -13,14 +13,15 @@ files() {
 }
 
 mapfile -t sources <<< "$(files -name '*.h' -o -name '*.cpp')"
+mapfile -t programs <<< "$(find scripts -type f | LC_ALL=C sort)"
 mapfile -t scripts <<< "$({
     files -name '*.sh'
-    grep -lE '^#!.*\bbash$' ./run ./test .ci/run scripts/*
+    grep -lE '^#!.*\bbash$' ./run ./test .ci/run "${programs[@]}"
 } | LC_ALL=C sort -u)"
 
 check 'style: all C++ sources are formatted' clang-format --dry-run -Werror "${sources[@]}" || true
 check 'style: shellcheck finds nothing in the shell scripts' shellcheck --external-sources "${scripts[@]}" || true
 same 'style: every test program is registered' \
     "$(find tests -name 'tst_*.cpp' -printf '%f\n' | sed 's/\.cpp$//' | LC_ALL=C sort)" \
-    "$(sed -nE 's/^    (tst_.*)/\1/p' tests/CMakeLists.txt | LC_ALL=C sort)" || true
+    "$(find tests -name CMakeLists.txt -exec sed -nE 's/^    (tst_.*)/\1/p; s/^ *zoeffect_(internal_)?test\((tst_[a-z0-9_]+).*/\2/p' {} + | LC_ALL=C sort)" || true
 finish
