@@ -38,15 +38,22 @@ qint64 wholePart(double value)
     return value >= -limit && value < limit ? static_cast<qint64>(value) : std::numeric_limits<qint64>::min();
 }
 
-// Deliberate: halves go up below zero too, and the sum wraps around, so that -1e30 and NaN are 0.
-qint64 rounded(double value)
+// Deliberate: halves go up below zero too, and the sum wraps around, so that -1e30 and NaN are 0. A float is
+// rounded in float, so that 8388609 becomes 8388610.
+template <typename Real>
+qint64 rounded(Real value)
 {
-    constexpr double half = 0.5;
-    if (value >= 0.0)
+    constexpr auto half = static_cast<Real>(0.5);
+    if (value >= 0)
         return wholePart(value + half);
-    const qint64 below = wholePart(value - 1.0);
-    const qint64 rest = wholePart(value - static_cast<double>(below) + half);
+    const qint64 below = wholePart(value - 1);
+    const qint64 rest = wholePart(value - static_cast<Real>(below) + half);
     return static_cast<qint64>(static_cast<quint64>(below) + static_cast<quint64>(rest));
+}
+
+qint64 roundedNumber(const QVariant& value)
+{
+    return value.userType() == QMetaType::Float ? rounded(value.value<float>()) : rounded(value.toDouble());
 }
 
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
@@ -336,12 +343,12 @@ bool equal(const QVariant& left, const QVariant& right) // NOLINT(misc-no-recurs
 
 bool toBool(const QVariant& value)
 {
-    return isFloating(value) ? rounded(value.toDouble()) != 0 : value.toBool();
+    return isFloating(value) ? roundedNumber(value) != 0 : value.toBool();
 }
 
 int toInt(const QVariant& value)
 {
-    return isFloating(value) ? static_cast<int>(rounded(value.toDouble())) : wholeNumber(value);
+    return isFloating(value) ? static_cast<int>(roundedNumber(value)) : wholeNumber(value);
 }
 
 double toDouble(const QVariant& value, bool* ok)

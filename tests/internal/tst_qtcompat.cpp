@@ -700,6 +700,14 @@ void TstQtCompat::conversions_data()
         << QVariant(0.1F) << false << 0 << 0.10000000149011612 << true << "0.10000000149011612";
     QTest::newRow("float of 100000") << QVariant(100000.0F) << true << 100000 << 100000.0 << true << "100000";
     QTest::newRow("negative half as float") << QVariant(-1.5F) << true << -1 << -1.5 << true << "-1.5";
+    QTest::newRow("float above 2^23, rounded in float")
+        << QVariant(8388609.0F) << true << 8388610 << 8388609.0 << true << "8388609";
+    QTest::newRow("float below 2^24, rounded in float")
+        << QVariant(12582913.0F) << true << 12582914 << 12582913.0 << true << "12582913";
+    QTest::newRow("float just below a half, rounded in float")
+        << QVariant(0.49999997F) << true << 1 << 0.4999999701976776 << true << "0.4999999701976776";
+    QTest::newRow("float just above minus a half")
+        << QVariant(-0.49999997F) << false << 0 << -0.4999999701976776 << true << "-0.4999999701976776";
     QTest::newRow("float NaN") << QVariant(float(qQNaN())) << false << 0 << qQNaN() << true << "nan";
     QTest::newRow("0.0") << QVariant(0.0) << false << 0 << 0.0 << true << "0";
     QTest::newRow("negative zero") << QVariant(-0.0) << false << 0 << -0.0 << true << "0";
