@@ -214,7 +214,8 @@ public:
     /// pixmap when nothing is painted or the size is none that can be painted on. With \a honourIgnore, text
     /// watermarks whose "wm_ingnore" is true are left out. At a size other than the base size a rescaled
     /// copy is painted and "wm_ingnore" always counts. At the base size the measured size of each painted
-    /// text is stored in its item ("wm_imagewidth", "wm_imageheight") through setData(), signals included.
+    /// text is stored in its item ("wm_imagewidth", "wm_imageheight") through setData(), signals included; of
+    /// renderings that listeners start inside one another, the outer eight store.
     /// An image that cannot be loaded is logged (1178) and left out.
     QPixmap getWatermark(int w, int h, bool honourIgnore);
     /// The image at \a path, loaded once per path; \a format may be null. The pixmap stays the model's. On
@@ -342,6 +343,7 @@ private:
     bool m_editedByUser = false;
     bool m_secondFlag = false; // Copied with the model; nothing sets it.
     QPixmap m_watermark;
+    int m_renderings = 0; // Inside one another, by listeners.
     QMap<QString, QPixmap*> m_images;
     QPixmap m_unreadableImage; // What getImage() hands out when loading failed.
 };

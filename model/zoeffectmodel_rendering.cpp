@@ -8,6 +8,7 @@
 #include <QImage>
 #include <QPainter>
 #include <QPointer>
+#include <QScopedValueRollback>
 #include <QVector>
 
 #include "effectnames_p.h"
@@ -22,6 +23,9 @@ namespace {
 constexpr int opaque = 255;
 constexpr int largestCanvasSide = 32767;
 constexpr qint64 largestCanvasArea = qint64(1) << 28;
+/// Listeners may render at each stored size, one rendering inside the other. From this depth on a rendering
+/// leaves the storing to those around it, which come to the same texts: the depth does not grow with them.
+constexpr int deepestStoringRendering = 8;
 constexpr int measureFlags = Qt::AlignLeft | Qt::AlignTop;
 constexpr int drawFlags = Qt::AlignLeft | Qt::AlignVCenter;
 
@@ -162,6 +166,7 @@ QPixmap ZoEffectModel::getWatermark(int w, int h, bool honourIgnore)
         return rescaled.getWatermark(w, h, true);
     }
 
+    const QScopedValueRollback<int> depth(m_renderings, m_renderings + 1);
     m_watermark = QPixmap();
     const ZoEffectItemData* typeNode = getDataItem(types::watermark, -1);
     if (!typeNode || typeNode->checkState() != Qt::Checked || typeNode->childCount() == 0)
@@ -189,7 +194,8 @@ QPixmap ZoEffectModel::getWatermark(int w, int h, bool honourIgnore)
         } else if (!honourIgnore || !flag(*item, keys::wmIgnore)) {
             const QSize measured = paintText(painter, *item, baseSize());
             painted |= measured.isValid();
-            storeMeasuredSize(*this, item, measured);
+            if (m_renderings <= deepestStoringRendering)
+                storeMeasuredSize(*this, item, measured);
         }
     }
     painter.end();

@@ -377,6 +377,7 @@ private slots:
     void listenerRescales_data();
     void listenerRescales();
     void listenerRendersAtEachSignal();
+    void renderingsOfListenersNestOnlySoDeep();
     void listenerDeletesAnImageThatIsStillToCome();
 
 private:
@@ -1999,6 +2000,37 @@ void TstModelRendering::listenerRendersAtEachSignal()
     QCOMPARE(recorder.take().size(), 4); // Two texts, width and height, each once.
     QVERIFY(pixelsOf(picture) == pixelsOf(render(undisturbed, textFrame)));
     QVERIFY(pixelsOf(latest) == pixelsOf(picture));
+}
+
+void TstModelRendering::renderingsOfListenersNestOnlySoDeep()
+{
+    // Each rendering inside another holds a canvas and a piece of the stack; without a bound 100 texts would
+    // nest 200 of them.
+    constexpr int texts = 100;
+    ZoEffectModel model;
+    setSize(model, textFrame);
+    for (int i = 0; i < texts; ++i)
+        addText(model, QString::number(i), QPoint(10, 5));
+    ZoEffectModel undisturbed(model);
+
+    SignalRecorder recorder(model);
+    int depth = 0;
+    int deepest = 0;
+    connect(&model,
+            QOverload<const QString&, const QString&, const QVariant&, int>::of(&ZoEffectModel::effectDataChanged),
+            this, [&] {
+                deepest = qMax(deepest, ++depth);
+                render(model, textFrame);
+                --depth;
+            });
+    const QPixmap picture = render(model, textFrame);
+    QCOMPARE(deepest, 8);
+    QCOMPARE(recorder.take().size(), 2 * texts); // Each size is stored and announced once, all the same.
+    QVERIFY(pixelsOf(picture) == pixelsOf(render(undisturbed, textFrame)));
+    for (int i = 0; i < texts; ++i) {
+        QCOMPARE(model.data("wm_imagewidth", "Watermark", i), undisturbed.data("wm_imagewidth", "Watermark", i));
+        QCOMPARE(model.data("wm_imageheight", "Watermark", i), undisturbed.data("wm_imageheight", "Watermark", i));
+    }
 }
 
 void TstModelRendering::listenerDeletesAnImageThatIsStillToCome()
