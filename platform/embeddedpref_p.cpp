@@ -9,8 +9,10 @@
 
 #include "preffile_p.h"
 
-EmbeddedPref::EmbeddedPref(QString path) : m_path(std::move(path))
+EmbeddedPref::EmbeddedPref(QString path, EmbeddedPref** created) : m_path(std::move(path))
 {
+    if (created)
+        *created = this;
     if (m_path.isEmpty())
         return;
     const preffile::Content content = preffile::read(m_path);

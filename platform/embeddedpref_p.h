@@ -23,7 +23,9 @@
 class EmbeddedPref : public ZoPref {
 public:
     /// A store in the file at \a path, or only in memory when that is empty. The folder is created when needed.
-    explicit EmbeddedPref(QString path);
+    /// \a created, if given, is set to this store before the file is read: reading may warn, and a message
+    /// handler may come back to the store.
+    explicit EmbeddedPref(QString path, EmbeddedPref** created = nullptr);
 
     bool hasKey(const QString& key) const override;
     QVariant value(const QString& key, const QVariant& defaultValue) const override;

@@ -25,6 +25,8 @@ ZoPref& preferenceStore()
             return *store;
     }
     // Never deleted, so that it can be used until the very end of the process.
-    static auto* const embedded = new EmbeddedPref(embeddedPrefPath());
+    static EmbeddedPref* embedded = nullptr;
+    if (!embedded)
+        new EmbeddedPref(embeddedPrefPath(), &embedded);
     return *embedded;
 }

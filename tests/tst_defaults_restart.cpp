@@ -95,6 +95,18 @@ QList<Scenario> scenarios()
              registerTypes();
              sayCustomDefaults();
          }},
+        {"saveFromAMessageHandler",
+         [] {
+             static int messages = 0;
+             qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {
+                 if (++messages == 1)
+                     save("Crop", {{"a", 1}});
+             });
+             registerTypes();
+             sayCustomDefaults();
+             save("Watermark", {{"i", 81}});
+             say(QString::number(messages) + " message");
+         }},
         {"loadBeforeRegistration",
          [] {
              sayCustomDefaults();
@@ -255,6 +267,7 @@ private slots:
     void preferencesOfTheHostLeaveTheFileAlone();
     void damagedFileIsSetAsideAndTheStoreStartsEmpty_data();
     void damagedFileIsSetAsideAndTheStoreStartsEmpty();
+    void messageHandlerMaySaveWhileTheStoreIsCreated();
 };
 
 void TstDefaultsRestart::init()
@@ -403,6 +416,19 @@ void TstDefaultsRestart::damagedFileIsSetAsideAndTheStoreStartsEmpty()
 
     played("embedded", "saveLess");
     QCOMPARE(played("embedded", "load"), QStringList({"Watermark {i: int 81}"}));
+}
+
+void TstDefaultsRestart::messageHandlerMaySaveWhileTheStoreIsCreated()
+{
+    QVERIFY(QFileInfo(file()).dir().mkpath("."));
+    QFile damaged(file());
+    QVERIFY(damaged.open(QIODevice::WriteOnly));
+    damaged.write("damaged");
+    damaged.close();
+
+    // The warning about the damaged file comes while the store is created.
+    QCOMPARE(played("embedded", "saveFromAMessageHandler"), QStringList({"Crop {a: int 1}", "1 message"}));
+    QCOMPARE(played("embedded", "load"), QStringList({"Crop {a: int 1}", "Watermark {i: int 81}"}));
 }
 
 int main(int argc, char** argv)
