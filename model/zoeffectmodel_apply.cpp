@@ -7,8 +7,10 @@
 void ZoEffectModel::applyDataTo(const QString& type, int pos, int applyto)
 {
     const TreeCheck check(m_root);
-    if (ZoEffectItemData* item = findDataItem(type, pos))
-        emit applyItemDataTo(item, type, pos, applyto);
+    ZoEffectItemData* item = findDataItem(type, pos);
+    const QString ownType = type; // A listener may change what type refers to; all get it as it was.
+    if (item)
+        emit applyItemDataTo(item, ownType, pos, applyto);
 }
 
 void ZoEffectModel::applySomePropertytoOther(const QString& type, int pos, int applyto)

@@ -128,7 +128,8 @@ bool ZoEffectModel::insertDataItem(const QString& type, const QMap<QString, QVar
     if (type == types::watermark)
         adjustWatermarkPos(item);
 
-    emit effectDataChanged(type, keys::itemAdd, QVariant(), index);
+    const QString ownType = type; // A listener may change what type refers to; all get it as it was.
+    emit effectDataChanged(ownType, keys::itemAdd, QVariant(), index);
     return true;
 }
 
@@ -184,8 +185,9 @@ bool ZoEffectModel::changeDataItemPos(const QString& type, int to, int from)
         return false;
     }
     const bool moved = typeNode->changeItemPos(to, from);
+    const QString ownType = type; // A listener may change what type refers to; all get it as it was.
     // Deliberate: announced whether or not anything moved.
-    emit effectDataChanged(type, keys::itemMove, to, -1);
+    emit effectDataChanged(ownType, keys::itemMove, to, -1);
     return moved;
 }
 

@@ -116,26 +116,32 @@ QVariant ZoEffectModel::defaultValue(const QString& key, const QString& type)
     return entry ? entry->defaultValue : QVariant();
 }
 
+// A listener may change what the arguments refer to; every listener gets them as they were: hence the copies.
+
 void ZoEffectModel::setCurrentItem(const QString& type)
 {
     const TreeCheck check(m_root);
-    emit currentItemChanged(type);
+    const QString ownType = type;
+    emit currentItemChanged(ownType);
 }
 
 void ZoEffectModel::setCurrentSubItem(const QString& type, int index)
 {
     const TreeCheck check(m_root);
-    emit currentSubItemChanged(type, index);
+    const QString ownType = type;
+    emit currentSubItemChanged(ownType, index);
 }
 
 void ZoEffectModel::beginChange(const QString& type)
 {
     const TreeCheck check(m_root);
-    emit effectDataAboutChange(type);
+    const QString ownType = type;
+    emit effectDataAboutChange(ownType);
 }
 
 void ZoEffectModel::endChanged(const QString& type)
 {
     const TreeCheck check(m_root);
-    emit effectDataChanged(type);
+    const QString ownType = type;
+    emit effectDataChanged(ownType);
 }
