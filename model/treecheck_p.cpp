@@ -9,21 +9,18 @@
 
 namespace {
 
-/// Up to this many items a tree is looked at around every operation; a larger one around every second, third
-/// ... operation, so that the checks never cost more than this many visits an operation.
-constexpr qint64 itemsPerOperation = 200;
+/// A tree of so many nodes is looked at before and after every operation. What is visited beyond that runs up a
+/// debt, and no tree is looked at until the operations since have paid it off.
+constexpr qint64 freeVisits = 100;
+constexpr qint64 paidByOperation = 20;
 
 thread_local const TreeCheck* innermost = nullptr;
-thread_local qint64 operations = 0;
+thread_local qint64 debt = 0;
 
-bool isDue(const ZoEffectItemData& root)
+bool isDue()
 {
-    qint64 items = root.childCount();
-    for (int row = 0; row < root.childCount(); ++row) {
-        if (const ZoEffectItemData* type = root.child(row))
-            items += type->childCount();
-    }
-    return ++operations % (items / itemsPerOperation + 1) == 0;
+    debt = std::max(debt - paidByOperation, qint64(0));
+    return debt == 0;
 }
 
 } // namespace
@@ -32,10 +29,13 @@ bool isDue(const ZoEffectItemData& root)
 // for is a node that stands twice in one list.
 bool treecheck::isSound(const ZoEffectItemData& root)
 {
+    qint64 visited = 0;
     std::vector<const ZoEffectItemData*> pending{&root};
     while (!pending.empty()) {
         const ZoEffectItemData* node = pending.back();
         pending.pop_back();
+        if (++visited > freeVisits)
+            ++debt;
         const auto first = static_cast<std::ptrdiff_t>(pending.size());
         for (int row = 0; row < node->childCount(); ++row) {
             const ZoEffectItemData* child = node->child(row);
@@ -69,7 +69,7 @@ TreeCheck::TreeCheck(const ZoEffectItemData& root)
             if (&check->m_root == &root)
                 return false;
         }
-        return isDue(root) && treecheck::isSound(root);
+        return isDue() && treecheck::isSound(root);
     }())
     , m_hostEdits(treecheck::hostEdits())
 {
