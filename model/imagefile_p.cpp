@@ -101,7 +101,8 @@ bool canBeLoaded(const QString& path, const char* format)
 
     QImageReader reader(path, format);
     const QSize size = reader.size();
-    if (!isOfBoundedSize(size, bytesPerPixel(reader.imageFormat())))
+    // Only with a size: without a header Qt's reader of JPEG answers a format that it never set.
+    if (size.isValid() && !isOfBoundedSize(size, bytesPerPixel(reader.imageFormat())))
         return false;
     QIODevice* device = reader.device();
     return !device || !device->isOpen()

@@ -1652,6 +1652,8 @@ void TstModelRendering::unreadableImages_data()
     QTest::newRow("no path") << QString();
     QTest::newRow("folder") << m_folder.path();
     QTest::newRow("empty file") << picture("empty.png", QByteArray());
+    QTest::newRow("empty file that is called a JPEG") << picture("empty.jpg", QByteArray());
+    QTest::newRow("JPEG without its header") << picture("cut.jpg", QByteArray("\xff\xd8\xff\xe0", 4));
     QTest::newRow("text") << picture("text.png", QByteArray("no picture"));
     QTest::newRow("header only") << picture("header.png", png.left(33));
     QTest::newRow("pipe that nobody writes to") << file("pipe.png");
@@ -1670,9 +1672,11 @@ void TstModelRendering::unreadableImages()
         QVERIFY(loaded->isNull());
         QCOMPARE(logcapture::takeEvents(), QList<int>{1178});
     }
-    const QPixmap* loaded = model.getImage(path, "PNG");
-    QVERIFY(loaded && loaded->isNull());
-    QCOMPARE(logcapture::takeEvents(), QList<int>{1178});
+    for (const char* format : {"PNG", "JPEG"}) {
+        const QPixmap* loaded = model.getImage(path, format);
+        QVERIFY(loaded && loaded->isNull());
+        QCOMPARE(logcapture::takeEvents(), QList<int>{1178});
+    }
     QCOMPARE(recorder.take(), QStringList());
 }
 
