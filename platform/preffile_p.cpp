@@ -1,11 +1,14 @@
 #include "preffile_p.h"
 
+#include <cerrno>
 #include <cstdio>
+#include <optional>
 #include <utility>
+
+#include <sys/stat.h>
 
 #include <QDeadlineTimer>
 #include <QFile>
-#include <QFileInfo>
 #include <QLockFile>
 #include <QSettings>
 #include <QThread>
@@ -37,18 +40,41 @@ bool writeText(QIODevice& device, const QSettings::SettingsMap& /*values*/)
     return file && textToWrite && file->write(*textToWrite) == textToWrite->size() && file->flush();
 }
 
+/// What stands at a path.
+struct Entry {
+    bool missing = false;
+    bool unknown = false; ///< It could not be looked at. QFileInfo would call that missing, too.
+    bool isFile = false;
+    qint64 size = 0;
+};
+
+/// Looks with ::stat, or for links themselves with ::lstat.
+Entry entryAt(const QString& path, int (*look)(const char*, struct stat*))
+{
+    struct stat status = {};
+    Entry entry;
+    if (look(QFile::encodeName(path).constData(), &status) == 0) {
+        entry.isFile = S_ISREG(status.st_mode);
+        entry.size = status.st_size;
+    } else {
+        entry.missing = errno == ENOENT || errno == ENOTDIR;
+        entry.unknown = !entry.missing;
+    }
+    return entry;
+}
+
+/// Also true when that cannot be told.
 bool existsOrIsLink(const QString& path)
 {
-    const QFileInfo info(path);
-    return info.exists() || info.isSymLink();
+    return !entryAt(path, ::lstat).missing;
 }
 
 /// Whether QLockFile may be let near \a path. It opens and reads what it finds there: a FIFO would hold it for
 /// ever, a device would never end.
 bool canBeLockFile(const QString& path)
 {
-    const QFileInfo info(path);
-    return !existsOrIsLink(path) || (info.isFile() && !info.isSymLink() && info.size() <= largestLockFile);
+    const Entry entry = entryAt(path, ::lstat);
+    return entry.missing || (entry.isFile && entry.size <= largestLockFile);
 }
 
 /// QLockFile::tryLock() with a time limit would sleep for 100 ms at the first refusal.
@@ -71,10 +97,12 @@ bool lockInTime(QLockFile& lock, const QString& path, const QDeadlineTimer& dead
 
 Content read(const QString& path)
 {
-    const QFileInfo info(path);
-    if (!info.exists())
+    const Entry entry = entryAt(path, ::stat);
+    if (entry.missing)
         return {State::Missing, {}};
-    if (!info.isFile() || info.size() > guardedini::maxFileSize)
+    if (entry.unknown)
+        return {State::Unreadable, {}};
+    if (!entry.isFile || entry.size > guardedini::maxFileSize)
         return {State::Damaged, {}};
 
     QFile file(path);
@@ -128,9 +156,13 @@ std::unique_ptr<QLockFile> takeTurn(const QString& path)
         return nullptr;
 
     const QString settingsLockPath = path + QStringLiteral(".lock");
-    QLockFile settingsLock(settingsLockPath);
-    const bool isFree = !existsOrIsLink(settingsLockPath) || lockInTime(settingsLock, settingsLockPath, deadline);
-    return isFree ? std::move(turn) : nullptr;
+    if (existsOrIsLink(settingsLockPath)) {
+        QLockFile settingsLock(settingsLockPath);
+        if (!lockInTime(settingsLock, settingsLockPath, deadline))
+            return nullptr;
+    }
+    // Once more: this process may have been unable to remove what it took for the test.
+    return existsOrIsLink(settingsLockPath) ? nullptr : std::move(turn);
 }
 
 } // namespace preffile

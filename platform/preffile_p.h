@@ -22,7 +22,7 @@ enum class State {
     Missing,
     Whole,
     Damaged,   ///< No regular file (symbolic links are followed), too large, or not of the format.
-    Unreadable ///< Cannot be opened or read; that tells nothing of its content.
+    Unreadable ///< Cannot be looked at, opened or read; that tells nothing of its content.
 };
 
 struct Content {
