@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstring>
 #include <limits>
 
 #include <QByteArray>
@@ -236,13 +237,16 @@ bool canConvert(const QVariant& value, QMetaType type)
     return own ? own->convert != nullptr : value.canConvert(type);
 }
 
-// Qt 5 reads a whole number also between Unicode's white space and after the sign U+2212.
+// Qt 5 reads a whole number also between Unicode's white space and after the sign U+2212, and none before a null
+// character.
 QVariant withPlainNumber(const QVariant& value)
 {
     if (value.userType() != QMetaType::QString)
         return value;
     constexpr QChar minusSign(0x2212);
     QString text = value.toString().trimmed();
+    if (text.contains(QChar::Null))
+        return QString();
     if (text.startsWith(minusSign))
         text[0] = QLatin1Char('-');
     return text;
@@ -284,6 +288,14 @@ bool equalHashes(const QVariantHash& left, const QVariantHash& right) // NOLINT(
     return true;
 }
 
+// Qt 5 compares the bytes of a type that has no comparison of its own.
+bool equalBytes(const QVariant& left, const QVariant& right)
+{
+    const QMetaType type = left.metaType();
+    return type.isValid() && !type.isEqualityComparable()
+           && std::memcmp(left.constData(), right.constData(), static_cast<std::size_t>(type.sizeOf())) == 0;
+}
+
 bool equalOfOneType(const QVariant& left, const QVariant& right) // NOLINT(misc-no-recursion): values nest
 {
     switch (left.userType()) {
@@ -297,7 +309,7 @@ bool equalOfOneType(const QVariant& left, const QVariant& right) // NOLINT(misc-
     case QMetaType::QBitmap:
         return left.value<QPixmap>().cacheKey() == right.value<QPixmap>().cacheKey();
     default:
-        return left == right;
+        return left == right || equalBytes(left, right);
     }
 }
 

@@ -192,7 +192,18 @@ QFont tahoma(void (*change)(QFont&))
     return font;
 }
 
+/// Types of a host, without operator==.
+struct Small {
+    int number;
+};
+struct Large {
+    qint64 numbers[8];
+};
+
 } // namespace
+
+Q_DECLARE_METATYPE(Small)
+Q_DECLARE_METATYPE(Large)
 
 class TstQtCompat : public QObject {
     Q_OBJECT
@@ -209,6 +220,7 @@ private slots:
     void sharedContainerEqualsItselfWhateverIsInIt_data();
     void sharedContainerEqualsItselfWhateverIsInIt();
     void pixmapsAreEqualWhenTheyAreOnePicture();
+    void valuesWithoutComparisonAreComparedByBytes();
     void conversions_data();
     void conversions();
     void okMayBeLeftOut();
@@ -668,6 +680,23 @@ void TstQtCompat::pixmapsAreEqualWhenTheyAreOnePicture()
     QVERIFY(qtcompat::equal(QVariant(QBitmap()), QVariant(QBitmap())));
 }
 
+void TstQtCompat::valuesWithoutComparisonAreComparedByBytes()
+{
+    const QVariant small = QVariant::fromValue(Small{7});
+    const QVariant smallCopy = small; // NOLINT(performance-unnecessary-copy-initialization): the copy is the point.
+    const QVariant large = QVariant::fromValue(Large{{1, 2, 3, 4, 5, 6, 7, 8}});
+    const QVariant largeCopy = large; // NOLINT(performance-unnecessary-copy-initialization)
+    QVERIFY(qtcompat::equal(small, smallCopy));
+    QVERIFY(qtcompat::equal(large, largeCopy));
+    QVERIFY(!qtcompat::equal(small, QVariant::fromValue(Small{8})));
+    QVERIFY(qtcompat::equal(small, QVariant::fromValue(Small{7})));
+    QVERIFY(qtcompat::equal(large, QVariant::fromValue(Large{{1, 2, 3, 4, 5, 6, 7, 8}})));
+    QVERIFY(!qtcompat::equal(large, QVariant::fromValue(Large{{1, 2, 3, 4, 5, 6, 7, 9}})));
+    QVERIFY(!qtcompat::equal(small, large));
+    QVERIFY(!qtcompat::equal(QVariant(), small));
+    QVERIFY(!qtcompat::equal(small, QVariant()));
+}
+
 void TstQtCompat::conversions_data()
 {
     QTest::addColumn<QVariant>("value");
@@ -778,6 +807,8 @@ void TstQtCompat::conversions_data()
     QTest::newRow("text +5") << QVariant("+5") << true << 5 << 5.0 << true << "+5";
     QTest::newRow("text -5") << QVariant("-5") << true << -5 << -5.0 << true << "-5";
     QTest::newRow("text 5 between spaces") << QVariant(" \t5\n") << true << 5 << 5.0 << true << " \0115\012";
+    QTest::newRow("text 5 and a null character")
+        << QVariant(QString("5") + QChar(0)) << true << 0 << 0.0 << false << QString("5") + QChar(0);
     QTest::newRow("text 5 between wide spaces")
         << QVariant(QString::fromUtf8("\u00a05\u3000")) << true << 5 << 5.0 << true << "\302\2405\343\200\200";
     QTest::newRow("typographic minus") << QVariant(QString::fromUtf8("\u22125")) << true << -5 << -5.0 << true
