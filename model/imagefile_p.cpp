@@ -14,6 +14,7 @@ namespace {
 constexpr qint64 mostBytes = qint64(128) << 20;
 constexpr int smallestPixel = 4; // QPixmap keeps four bytes a pixel, whatever the file has.
 constexpr int bitsPerByte = 8;
+constexpr int longestPath = 4096; // In characters. The system opens none; to find that out costs Qt seconds.
 
 bool isOfBoundedSize(const QSize& size, int bytesPerPixel)
 {
@@ -56,16 +57,20 @@ QSize pngSize(QIODevice& device, qint64 offset)
     return QSize(qFromBigEndian<qint32>(numbers), qFromBigEndian<qint32>(numbers + 4));
 }
 
-/// The largest PNG among the pictures of an icon file. QImageReader tells what the icon's directory says,
+/// The largest PNG among the pictures of an icon or cursor file. QImageReader tells what the icon's directory says,
 /// but what is allocated is what the PNG itself says.
 QSize largestIcon(QIODevice& device)
 {
     constexpr int headerSize = 6;
-    constexpr quint32 signature = 0x00010000;
+    constexpr quint32 iconSignature = 0x00010000;
+    constexpr quint32 cursorSignature = 0x00020000;
     constexpr int entrySize = 16;
     constexpr int offsetInEntry = 12;
     const QByteArray header = bytesAt(device, 0, headerSize);
-    if (header.size() != headerSize || qFromLittleEndian<quint32>(header.constData()) != signature)
+    if (header.size() != headerSize)
+        return QSize();
+    const auto signature = qFromLittleEndian<quint32>(header.constData());
+    if (signature != iconSignature && signature != cursorSignature)
         return QSize();
     const int count = qFromLittleEndian<quint16>(header.constData() + 4);
     const QByteArray directory = bytesAt(device, headerSize, count * entrySize);
@@ -94,9 +99,11 @@ bool mayBlock(const QFileInfo& file)
 
 bool canBeLoaded(const QString& path, const char* format)
 {
+    if (path.isEmpty() || path.size() > longestPath)
+        return false;
     const QFileInfo file(path);
     const bool isFound = file.exists() || file.completeSuffix().isEmpty();
-    if (path.isEmpty() || !isFound || mayBlock(file))
+    if (!isFound || mayBlock(file))
         return false;
 
     QImageReader reader(path, format);
