@@ -129,11 +129,16 @@ QVector<Watermark> childrenOf(const ZoEffectItemData& typeNode)
     return children;
 }
 
-/// The row of \a item under the type "Watermark" as it stands now; -1 when it is gone.
-int currentRow(const ZoEffectModel& model, const Watermark& item)
+/// The row of \a item under the type "Watermark" as it stands now, most likely still \a formerRow; -1 when it is
+/// gone.
+int currentRow(const ZoEffectModel& model, const Watermark& item, int formerRow)
 {
     const ZoEffectItemData* typeNode = model.getDataItem(types::watermark, -1);
-    for (int row = 0; item && typeNode && row < typeNode->childCount(); ++row) {
+    if (!item || !typeNode)
+        return -1;
+    if (typeNode->child(formerRow) == item)
+        return formerRow;
+    for (int row = 0; row < typeNode->childCount(); ++row) {
         if (typeNode->child(row) == item)
             return row;
     }
@@ -142,14 +147,15 @@ int currentRow(const ZoEffectModel& model, const Watermark& item)
 
 /// Stores the size that a text was drawn with; nothing for one that was not. Listeners may delete the item
 /// between the two values.
-void storeMeasuredSize(ZoEffectModel& model, const Watermark& item, const QSize& size)
+void storeMeasuredSize(ZoEffectModel& model, const Watermark& item, int formerRow, const QSize& size)
 {
     if (!size.isValid())
         return;
-    model.setData(keys::wmImageWidth, size.width(), types::watermark, currentRow(model, item));
-    const int row = currentRow(model, item);
-    if (row != -1)
-        model.setData(keys::wmImageHeight, size.height(), types::watermark, row);
+    const int row = currentRow(model, item, formerRow);
+    model.setData(keys::wmImageWidth, size.width(), types::watermark, row);
+    const int rowByNow = currentRow(model, item, row);
+    if (rowByNow != -1)
+        model.setData(keys::wmImageHeight, size.height(), types::watermark, rowByNow);
 }
 
 } // namespace
@@ -187,7 +193,7 @@ QPixmap ZoEffectModel::getWatermark(int w, int h, bool honourIgnore)
     const QVector<Watermark> items = childrenOf(*typeNode);
     for (int i = static_cast<int>(items.size()) - 1; i >= 0; --i) { // The first item is painted last, on top.
         const Watermark& item = items.at(i);
-        if (currentRow(*this, item) == -1 || item->checkState() != Qt::Checked)
+        if (currentRow(*this, item, i) == -1 || item->checkState() != Qt::Checked)
             continue;
         if (!flag(*item, keys::wmIsText)) {
             painted |= paintImage(painter, *this, *item);
@@ -195,7 +201,7 @@ QPixmap ZoEffectModel::getWatermark(int w, int h, bool honourIgnore)
             const QSize measured = paintText(painter, *item, baseSize());
             painted |= measured.isValid();
             if (m_renderings <= deepestStoringRendering)
-                storeMeasuredSize(*this, item, measured);
+                storeMeasuredSize(*this, item, i, measured);
         }
     }
     painter.end();
