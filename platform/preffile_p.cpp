@@ -21,6 +21,10 @@ constexpr int mostFilesSetAside = 1000;
 constexpr qint64 largestLockFile = 4096;      // QLockFile writes four short lines.
 constexpr unsigned long lockPollInterval = 5; // Milliseconds.
 
+/// When a lock counts as left by a dead process that could not even write its number into it, in milliseconds.
+/// A living process is safe however old its lock is: the system knows that it holds the file.
+constexpr int staleAfter = 2000;
+
 /// The text that the running write() is to write, null at any other time. It goes around QSettings, since that
 /// keeps the values of a failed save in a cache of the process and writes them when the file is opened next.
 const QByteArray* textToWrite = nullptr;
@@ -152,12 +156,14 @@ std::unique_ptr<QLockFile> takeTurn(const QString& path)
     const QDeadlineTimer deadline(longestWait);
     const QString turnPath = path + QStringLiteral(".turn");
     auto turn = std::make_unique<QLockFile>(turnPath);
+    turn->setStaleLockTime(staleAfter);
     if (!lockInTime(*turn, turnPath, deadline))
         return nullptr;
 
     const QString settingsLockPath = path + QStringLiteral(".lock");
     if (existsOrIsLink(settingsLockPath)) {
         QLockFile settingsLock(settingsLockPath);
+        settingsLock.setStaleLockTime(staleAfter);
         if (!lockInTime(settingsLock, settingsLockPath, deadline))
             return nullptr;
     }
