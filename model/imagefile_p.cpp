@@ -82,6 +82,48 @@ QSize largestIcon(QIODevice& device)
     return largest;
 }
 
+/// The number of scans in a JPEG, \a file. Finds the markers as libjpeg does, over whatever stands between them.
+int jpegScans(const QByteArray& file)
+{
+    enum Marker : uchar {
+        Data = 0x00,
+        NoLength = 0x01,
+        Restart = 0xd0,
+        Start = 0xd8,
+        End = 0xd9,
+        Scan = 0xda,
+        Fill = 0xff
+    };
+    int scans = 0;
+    auto at = file.indexOf('\xff', 2); // Behind the marker at the start.
+    while (at != -1 && at + 1 < file.size()) {
+        const auto marker = static_cast<uchar>(file.at(at + 1));
+        if (marker == Start || marker == End)
+            break;
+        if (marker == Fill) {
+            at += 1;
+        } else if (marker == Data || marker == NoLength || (marker >= Restart && marker < Start)) {
+            at += 2;
+        } else {
+            scans += marker == Scan ? 1 : 0;
+            const bool hasLength = at + 4 <= file.size();
+            at += 2 + (hasLength ? qFromBigEndian<quint16>(file.constData() + at + 2) : 0);
+        }
+        at = file.indexOf('\xff', at);
+    }
+    return scans;
+}
+
+/// Whether \a device holds no JPEG, or one that does not take too long: a scan costs as much as the whole picture,
+/// but takes some 30 bytes in the file.
+bool hasBoundedScans(QIODevice& device)
+{
+    constexpr int mostScans = 32; // Encoders write up to some 20.
+    if (bytesAt(device, 0, 2) != "\xff\xd8")
+        return true;
+    return device.size() <= mostBytes && device.seek(0) && jpegScans(device.readAll()) <= mostScans;
+}
+
 /// Whether something other than a regular file stands where Qt may look for \a path. On a path without a
 /// suffix that does not exist, Qt tries the suffixes of all formats.
 bool mayBlock(const QFileInfo& file)
@@ -114,7 +156,7 @@ bool canBeLoaded(const QString& path, const char* format)
     QIODevice* device = reader.device();
     return !device || !device->isOpen()
            || (isOfBoundedSize(gifScreen(*device), smallestPixel)
-               && isOfBoundedSize(largestIcon(*device), smallestPixel));
+               && isOfBoundedSize(largestIcon(*device), smallestPixel) && hasBoundedScans(*device));
 }
 
 } // namespace imagefile
