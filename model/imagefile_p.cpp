@@ -124,6 +124,13 @@ bool hasBoundedScans(QIODevice& device)
     return device.size() <= mostBytes && device.seek(0) && jpegScans(device.readAll()) <= mostScans;
 }
 
+/// Whether the file is within the bounds where Qt's reader tells less than it will take.
+bool hasBoundedHeaders(QIODevice& device)
+{
+    return isOfBoundedSize(gifScreen(device), smallestPixel) && isOfBoundedSize(largestIcon(device), smallestPixel)
+           && hasBoundedScans(device);
+}
+
 /// Whether something other than a regular file stands where Qt may look for \a path. On a path without a
 /// suffix that does not exist, Qt tries the suffixes of all formats.
 bool mayBlock(const QFileInfo& file)
@@ -149,14 +156,14 @@ bool canBeLoaded(const QString& path, const char* format)
         return false;
 
     QImageReader reader(path, format);
-    const QSize size = reader.size();
-    // Only with a size: without a header Qt's reader of JPEG answers a format that it never set.
-    if (size.isValid() && !isOfBoundedSize(size, bytesPerPixel(reader.imageFormat())))
-        return false;
+    reader.supportsOption(QImageIOHandler::Size); // Opens the file.
     QIODevice* device = reader.device();
-    return !device || !device->isOpen()
-           || (isOfBoundedSize(gifScreen(*device), smallestPixel)
-               && isOfBoundedSize(largestIcon(*device), smallestPixel) && hasBoundedScans(*device));
+    // Before the reader is asked: for the size of a GIF it takes the memory of the whole screen.
+    if (device && device->isOpen() && !(hasBoundedHeaders(*device) && device->seek(0)))
+        return false;
+    const QSize size = reader.size();
+    // Without a header Qt's reader of JPEG answers a format that it never set.
+    return !size.isValid() || isOfBoundedSize(size, bytesPerPixel(reader.imageFormat()));
 }
 
 } // namespace imagefile

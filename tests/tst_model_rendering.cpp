@@ -1746,6 +1746,8 @@ void TstModelRendering::imageThatIsTooLarge_data()
         << picture("square.bmp", plainBmp(5793, 5793)) << QByteArray();
     QTest::newRow("GIF of a small frame on a large screen")
         << picture("bomb.gif", plainGif(QSize(12000, 12000), QSize(10, 10))) << QByteArray();
+    QTest::newRow("GIF with a screen of 2 GiB") // Qt takes the memory of the screen to tell the size.
+        << picture("screen.gif", plainGif(QSize(23000, 23000), QSize(2, 34))) << QByteArray();
     QTest::newRow("GIF of a large frame")
         << picture("frame.gif", plainGif(QSize(0, 0), QSize(12000, 12000))) << QByteArray();
     QTest::newRow("icon that holds a large PNG")
