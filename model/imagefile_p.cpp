@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include <QBuffer>
+#include <QFile>
 #include <QFileInfo>
 #include <QImage>
 #include <QImageReader>
@@ -32,13 +34,18 @@ QByteArray bytesAt(QIODevice& device, qint64 offset, int count)
     return device.seek(offset) ? device.read(count) : QByteArray();
 }
 
-/// The screen of a GIF, which is what is allocated; QImageReader tells the size of its first frame.
-QSize gifScreen(QIODevice& device)
+/// The screen of a GIF, which is what is allocated; QImageReader tells the size of its first frame. What is called a
+/// GIF is read as one, whatever its signature, unless it is of another format.
+QSize gifScreen(QIODevice& device, bool isCalledGif)
 {
     constexpr int signatureSize = 6;
     constexpr int headerSize = signatureSize + 4;
-    const QByteArray header = bytesAt(device, 0, headerSize);
-    if (header.size() != headerSize || !header.startsWith("GIF8"))
+    constexpr int enoughForSignatures = 1024;
+    QByteArray header = bytesAt(device, 0, enoughForSignatures);
+    QBuffer content(&header);
+    content.open(QIODevice::ReadOnly);
+    const QByteArray format = QImageReader::imageFormat(&content);
+    if (header.size() < headerSize || !(format == "gif" || (isCalledGif && format.isEmpty())))
         return QSize();
     const char* numbers = header.constData() + signatureSize;
     return QSize(qFromLittleEndian<quint16>(numbers), qFromLittleEndian<quint16>(numbers + 2));
@@ -124,24 +131,33 @@ bool hasBoundedScans(QIODevice& device)
     return device.size() <= mostBytes && device.seek(0) && jpegScans(device.readAll()) <= mostScans;
 }
 
-/// Whether the file is within the bounds where Qt's reader tells less than it will take.
-bool hasBoundedHeaders(QIODevice& device)
+/// Whether the file at \a path is within the bounds where Qt's reader tells less than it will take. Looked at before
+/// a reader is made: Qt's reader of GIF takes the memory of the whole screen as soon as it is asked for anything,
+/// and reads what is named so whatever its signature.
+bool hasBoundedHeaders(const QString& path, const char* format)
 {
-    return isOfBoundedSize(gifScreen(device), smallestPixel) && isOfBoundedSize(largestIcon(device), smallestPixel)
-           && hasBoundedScans(device);
+    const bool isCalledGif = QFileInfo(path).suffix().compare(QLatin1String("gif"), Qt::CaseInsensitive) == 0
+                             || qstricmp(format, "gif") == 0;
+    QFile file(path);
+    return !file.open(QIODevice::ReadOnly)
+           || (isOfBoundedSize(gifScreen(file, isCalledGif), smallestPixel)
+               && isOfBoundedSize(largestIcon(file), smallestPixel) && hasBoundedScans(file));
 }
 
-/// Whether something other than a regular file stands where Qt may look for \a path. On a path without a
-/// suffix that does not exist, Qt tries the suffixes of all formats.
-bool mayBlock(const QFileInfo& file)
+/// The files that Qt may open for \a file. On a path without a suffix that does not exist, it tries the suffixes of
+/// all formats.
+QStringList candidates(const QFileInfo& file)
 {
     if (file.exists())
-        return !file.isFile();
+        return {file.filePath()};
+    QStringList paths;
     const QList<QByteArray> suffixes = QImageReader::supportedImageFormats();
-    return std::any_of(suffixes.cbegin(), suffixes.cend(), [&file](const QByteArray& suffix) {
-        const QFileInfo candidate(file.filePath() + QLatin1Char('.') + QString::fromLatin1(suffix));
-        return candidate.exists() && !candidate.isFile();
-    });
+    for (const QByteArray& suffix : suffixes) {
+        const QString path = file.filePath() + QLatin1Char('.') + QString::fromLatin1(suffix);
+        if (QFileInfo::exists(path))
+            paths << path;
+    }
+    return paths;
 }
 
 } // namespace
@@ -152,15 +168,16 @@ bool canBeLoaded(const QString& path, const char* format)
         return false;
     const QFileInfo file(path);
     const bool isFound = file.exists() || file.completeSuffix().isEmpty();
-    if (!isFound || mayBlock(file))
+    if (!isFound)
+        return false;
+    const QStringList paths = candidates(file);
+    const bool mayBeRead = std::all_of(paths.cbegin(), paths.cend(), [format](const QString& candidate) {
+        return QFileInfo(candidate).isFile() && hasBoundedHeaders(candidate, format);
+    });
+    if (!mayBeRead)
         return false;
 
     QImageReader reader(path, format);
-    reader.supportsOption(QImageIOHandler::Size); // Opens the file.
-    QIODevice* device = reader.device();
-    // Before the reader is asked: for the size of a GIF it takes the memory of the whole screen.
-    if (device && device->isOpen() && !(hasBoundedHeaders(*device) && device->seek(0)))
-        return false;
     const QSize size = reader.size();
     // Without a header Qt's reader of JPEG answers a format that it never set.
     return !size.isValid() || isOfBoundedSize(size, bytesPerPixel(reader.imageFormat()));

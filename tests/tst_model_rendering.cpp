@@ -1748,6 +1748,10 @@ void TstModelRendering::imageThatIsTooLarge_data()
         << picture("bomb.gif", plainGif(QSize(12000, 12000), QSize(10, 10))) << QByteArray();
     QTest::newRow("GIF with a screen of 2 GiB") // Qt takes the memory of the screen to tell the size.
         << picture("screen.gif", plainGif(QSize(23000, 23000), QSize(2, 34))) << QByteArray();
+    QTest::newRow("large screen in what is only called a GIF") // Qt reads it as one.
+        << picture("called.gif", "XXXXXX" + plainGif(QSize(12000, 12000), QSize(10, 10)).mid(6)) << QByteArray();
+    QTest::newRow("large screen in what is to be read as a GIF")
+        << picture("format.img", "XXXXXX" + plainGif(QSize(12000, 12000), QSize(10, 10)).mid(6)) << QByteArray("GIF");
     QTest::newRow("GIF of a large frame")
         << picture("frame.gif", plainGif(QSize(0, 0), QSize(12000, 12000))) << QByteArray();
     QTest::newRow("icon that holds a large PNG")
@@ -1792,6 +1796,11 @@ void TstModelRendering::imagesUpToTheLimitAreLoaded()
     ZoEffectModel model;
     const QString path = picture("largest.bmp", plainBmp(8192, 4096)); // 128 MiB.
     QCOMPARE(model.getImage(path, nullptr)->size(), QSize(8192, 4096));
+    // "JFIF" would be the size of a large screen.
+    QImage black(40, 30, QImage::Format_RGB32);
+    black.fill(Qt::black);
+    QVERIFY(black.save(file("jpeg.gif"), "JPG"));
+    QCOMPARE(model.getImage(file("jpeg.gif"), nullptr)->size(), QSize(40, 30));
     // Small ones of the kinds that are hard to judge.
     QCOMPARE(model.getImage(picture("small.gif", plainGif(QSize(40, 30), QSize(10, 10))), nullptr)->size(),
              QSize(40, 30));
