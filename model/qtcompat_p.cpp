@@ -69,6 +69,11 @@ int wholeNumber(const QVariant& value)
     return value.toInt();
 }
 
+double realNumber(const QVariant& value, bool* ok)
+{
+    return value.toDouble(ok);
+}
+
 QString textOf(const QVariant& value)
 {
     return value.toString();
@@ -328,6 +333,18 @@ int wholeNumber(const QVariant& value)
     return withPlainNumber(value).toInt();
 }
 
+// Bytes of a number too large are infinite to Qt 5, as texts are to both; the conversion counts as failed.
+double realNumber(const QVariant& value, bool* ok)
+{
+    bool converts = false;
+    double number = value.toDouble(&converts);
+    if (!converts && value.userType() == QMetaType::QByteArray)
+        number = QString::fromLatin1(value.toByteArray()).toDouble();
+    if (ok)
+        *ok = converts;
+    return number;
+}
+
 template <typename T>
 T valueAs(const QVariant& value)
 {
@@ -365,7 +382,7 @@ int toInt(const QVariant& value)
 
 double toDouble(const QVariant& value, bool* ok)
 {
-    return value.toDouble(ok);
+    return realNumber(value, ok);
 }
 
 QString toText(const QVariant& value)

@@ -827,6 +827,8 @@ void TstQtCompat::conversions_data()
     QTest::newRow("text nan") << QVariant("nan") << true << 0 << qQNaN() << true << "nan";
     QTest::newRow("text inf") << QVariant("inf") << true << 0 << qInf() << true << "inf";
     QTest::newRow("text 1e400") << QVariant("1e400") << true << 0 << qInf() << false << "1e400";
+    QTest::newRow("bytes 1e999") << QVariant(QByteArray("1e999")) << true << 0 << qInf() << false << "1e999";
+    QTest::newRow("bytes -1e999") << QVariant(QByteArray("-1e999")) << true << 0 << -qInf() << false << "-1e999";
     QTest::newRow("text true") << QVariant("true") << true << 0 << 0.0 << false << "true";
     QTest::newRow("text TRUE") << QVariant("TRUE") << true << 0 << 0.0 << false << "TRUE";
     QTest::newRow("text false") << QVariant("false") << false << 0 << 0.0 << false << "false";
