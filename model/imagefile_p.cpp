@@ -1,6 +1,7 @@
 #include "imagefile_p.h"
 
 #include <algorithm>
+#include <limits>
 
 #include <QBuffer>
 #include <QFile>
@@ -64,7 +65,8 @@ QSize pngSize(QIODevice& device, qint64 offset)
     return QSize(qFromBigEndian<qint32>(numbers), qFromBigEndian<qint32>(numbers + 4));
 }
 
-/// The largest PNG among the pictures of an icon or cursor file. QImageReader tells what the icon's directory says,
+/// The largest PNG among the pictures of an icon or cursor file, or any size when one of them claims too many
+/// bytes. QImageReader tells what the icon's directory says,
 /// but what is allocated is what the PNG itself says.
 QSize largestIcon(QIODevice& device)
 {
@@ -72,7 +74,9 @@ QSize largestIcon(QIODevice& device)
     constexpr quint32 iconSignature = 0x00010000;
     constexpr quint32 cursorSignature = 0x00020000;
     constexpr int entrySize = 16;
+    constexpr int lengthInEntry = 8;
     constexpr int offsetInEntry = 12;
+    constexpr int anySide = std::numeric_limits<int>::max();
     const QByteArray header = bytesAt(device, 0, headerSize);
     if (header.size() != headerSize)
         return QSize();
@@ -83,6 +87,9 @@ QSize largestIcon(QIODevice& device)
     const QByteArray directory = bytesAt(device, headerSize, count * entrySize);
     QSize largest;
     for (int entry = 0; entry + entrySize <= directory.size(); entry += entrySize) {
+        // Qt takes memory for as many bytes as the directory says, whatever the file has.
+        if (qFromLittleEndian<quint32>(directory.constData() + entry + lengthInEntry) > mostBytes)
+            return QSize(anySide, anySide);
         const auto offset = qFromLittleEndian<quint32>(directory.constData() + entry + offsetInEntry);
         largest = largest.expandedTo(pngSize(device, offset));
     }

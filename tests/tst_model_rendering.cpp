@@ -1756,6 +1756,9 @@ void TstModelRendering::imageThatIsTooLarge_data()
         << picture("frame.gif", plainGif(QSize(0, 0), QSize(12000, 12000))) << QByteArray();
     QTest::newRow("icon that holds a large PNG")
         << picture("bomb.ico", iconAround(blackPng(12000, 12000))) << QByteArray();
+    QTest::newRow("icon that claims a GiB") // At offset 14 of the file: the length of the first picture.
+        << picture("claim.ico", iconAround(blackPng(16, 16)).replace(14, 4, QByteArray("\0\0\0\x40", 4)))
+        << QByteArray();
     QTest::newRow("flat") << picture("flat.bmp", plainBmp(40000, 1000)) << QByteArray();
     QTest::newRow("thin") << picture("thin.bmp", plainBmp(1000, 40000)) << QByteArray();
 }

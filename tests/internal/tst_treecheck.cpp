@@ -1,3 +1,5 @@
+#include <ctime>
+
 #include <QtTest>
 
 #include "treecheck_p.h"
@@ -234,8 +236,7 @@ void TstTreeCheck::aLargeTreeIsLookedAtNowAndThen()
 
 void TstTreeCheck::thousandsOfNodesTakeNoTime()
 {
-    QElapsedTimer timer;
-    timer.start();
+    const std::clock_t start = std::clock(); // Processor time: the machine may be busy.
     ZoEffectItemData wide(QStringLiteral("wide"));
     for (int i = 0; i < 200000; ++i)
         new ZoEffectItemData(QString(), &wide);
@@ -245,7 +246,7 @@ void TstTreeCheck::thousandsOfNodesTakeNoTime()
         last = new ZoEffectItemData(QString(), last);
     for (int i = 0; i < 1000; ++i)
         delete deep.takeAt(deep.childCount());
-    QVERIFY2(timer.elapsed() < 15000, qPrintable(QString::number(timer.elapsed())));
+    QVERIFY((std::clock() - start) / CLOCKS_PER_SEC < 15);
 }
 
 int main(int argc, char** argv)
