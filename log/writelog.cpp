@@ -49,22 +49,27 @@ bool openRegularFile(QFile& file, const QString& path, int flags, QIODevice::Ope
     return true;
 }
 
+bool copied(QFile& source, QFile& copy)
+{
+    // Not until atEnd(), which takes a file whose size it cannot learn for empty.
+    for (;;) {
+        const QByteArray piece = source.read(copiedPiece);
+        if (piece.isEmpty())
+            return source.error() == QFileDevice::NoError && copy.flush();
+        if (copy.write(piece) != piece.size())
+            return false;
+    }
+}
+
 /// Copies the file at \a from to \a target, in place of what is there; no copy is left when that fails.
 void replaceByCopy(const QString& from, const QString& target)
 {
     QFile source;
     QFile copy;
     QFile::remove(target);
-    if (!openRegularFile(source, from, O_RDONLY, QIODevice::ReadOnly)
-        || !openRegularFile(copy, target, O_WRONLY | O_CREAT | O_EXCL, QIODevice::WriteOnly))
+    if (!openRegularFile(source, from, O_RDONLY, QIODevice::ReadOnly))
         return;
-
-    bool whole = true;
-    while (whole && !source.atEnd()) {
-        const QByteArray piece = source.read(copiedPiece);
-        whole = !piece.isEmpty() && copy.write(piece) == piece.size();
-    }
-    if (!whole || !copy.flush())
+    if (!openRegularFile(copy, target, O_WRONLY | O_CREAT | O_EXCL, QIODevice::WriteOnly) || !copied(source, copy))
         QFile::remove(target);
 }
 
