@@ -52,7 +52,31 @@ QSize gifScreen(QIODevice& device, bool isCalledGif)
     return QSize(qFromLittleEndian<quint16>(numbers), qFromLittleEndian<quint16>(numbers + 2));
 }
 
-/// The size in the header of a PNG that starts at \a offset; invalid when there is none.
+constexpr QSize anySize(std::numeric_limits<int>::max(), std::numeric_limits<int>::max());
+
+/// Whether no chunk of the PNG that starts at \a offset says to be longer than the file, or than a picture may be:
+/// libpng takes as much memory before it reads. Pixels are read piece by piece.
+bool hasBoundedChunks(QIODevice& device, qint64 offset)
+{
+    constexpr int signatureSize = 8;
+    constexpr int lengthSize = 4;
+    constexpr int headerSize = lengthSize + 4;
+    constexpr int checksumSize = 4;
+    for (qint64 at = offset + signatureSize;;) {
+        const QByteArray header = bytesAt(device, at, headerSize);
+        if (header.size() != headerSize)
+            return true;
+        const qint64 length = qFromBigEndian<quint32>(header.constData());
+        at += headerSize + length + checksumSize;
+        if (header.endsWith("IEND"))
+            return true;
+        if (!header.endsWith("IDAT") && (length > mostBytes || at > device.size()))
+            return false;
+    }
+}
+
+/// The size in the header of a PNG that starts at \a offset; invalid when there is none, any size when it takes too
+/// much memory in another way.
 QSize pngSize(QIODevice& device, qint64 offset)
 {
     constexpr int signatureSize = 8;
@@ -61,6 +85,8 @@ QSize pngSize(QIODevice& device, qint64 offset)
     const QByteArray header = bytesAt(device, offset, headerSize);
     if (header.size() != headerSize || !header.startsWith("\x89PNG"))
         return QSize();
+    if (!hasBoundedChunks(device, offset))
+        return anySize;
     const char* numbers = header.constData() + sizeOffset;
     return QSize(qFromBigEndian<qint32>(numbers), qFromBigEndian<qint32>(numbers + 4));
 }
@@ -76,7 +102,6 @@ QSize largestIcon(QIODevice& device)
     constexpr int entrySize = 16;
     constexpr int lengthInEntry = 8;
     constexpr int offsetInEntry = 12;
-    constexpr int anySide = std::numeric_limits<int>::max();
     const QByteArray header = bytesAt(device, 0, headerSize);
     if (header.size() != headerSize)
         return QSize();
@@ -89,7 +114,7 @@ QSize largestIcon(QIODevice& device)
     for (int entry = 0; entry + entrySize <= directory.size(); entry += entrySize) {
         // Qt takes memory for as many bytes as the directory says, whatever the file has.
         if (qFromLittleEndian<quint32>(directory.constData() + entry + lengthInEntry) > mostBytes)
-            return QSize(anySide, anySide);
+            return anySize;
         const auto offset = qFromLittleEndian<quint32>(directory.constData() + entry + offsetInEntry);
         largest = largest.expandedTo(pngSize(device, offset));
     }
@@ -148,7 +173,8 @@ bool hasBoundedHeaders(const QString& path, const char* format)
     QFile file(path);
     return !file.open(QIODevice::ReadOnly)
            || (isOfBoundedSize(gifScreen(file, isCalledGif), smallestPixel)
-               && isOfBoundedSize(largestIcon(file), smallestPixel) && hasBoundedScans(file));
+               && isOfBoundedSize(pngSize(file, 0), smallestPixel) && isOfBoundedSize(largestIcon(file), smallestPixel)
+               && hasBoundedScans(file));
 }
 
 /// The files that Qt may open for \a file. On a path without a suffix that does not exist, it tries the suffixes of

@@ -1759,6 +1759,8 @@ void TstModelRendering::imageThatIsTooLarge_data()
     QTest::newRow("icon that claims a GiB") // At offset 14 of the file: the length of the first picture.
         << picture("claim.ico", iconAround(blackPng(16, 16)).replace(14, 4, QByteArray("\0\0\0\x40", 4)))
         << QByteArray();
+    QTest::newRow("PNG with a text of 915 MiB") // So it says, behind its header.
+        << picture("text.png", blackPng(16, 16).insert(33, QByteArray("\x39\x39\x39\x39zTXt", 8))) << QByteArray();
     QTest::newRow("flat") << picture("flat.bmp", plainBmp(40000, 1000)) << QByteArray();
     QTest::newRow("thin") << picture("thin.bmp", plainBmp(1000, 40000)) << QByteArray();
 }
