@@ -12,12 +12,15 @@ cd "$here/.."
 tree=$PWD
 mkdir -p "$memory"
 
+# The compiler's own precompiled headers are none for clang-tidy.
+sed -E 's| -Winvalid-pch -include [^ ]*/cmake_pch\.hxx||' "$build/compile_commands.json" > "$memory/compile_commands.json"
+
 # "<source> <compiler call>" for each source of the tree, the largest first.
 compiled() {
     awk -F'"' -v tree="$tree/" -v build="$build/" '
         /^ *"command":/ { command = $0 }
         /^ *"file":/ && index($4, tree) == 1 && index($4, build) != 1 { print substr($4, length(tree) + 1), command }
-    ' "$build/compile_commands.json" | while read -r source command; do
+    ' "$memory/compile_commands.json" | while read -r source command; do
         printf '%d %s %s\n' "$(wc -c < "$source")" "$source" "$command"
     done | sort -rn | cut -d' ' -f2-
 }
@@ -56,14 +59,14 @@ done <<< "$(compiled)"
 # shellcheck disable=SC2317 # called by xargs
 tidy() {
     local output
-    if output=$(clang-tidy --quiet -p "$build" "$1" 2>&1); then
+    if output=$(clang-tidy --quiet -p "$memory" "$1" 2>&1); then
         touch "$2"
     else
         grep -vE '^[0-9]+ warnings? (and [0-9]+ errors? )?(generated|treated as errors?)' <<< "$output" || true
     fi
 }
 export -f tidy
-export build
+export memory
 
 findings=
 if ((${#todo[@]})); then
