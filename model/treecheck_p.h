@@ -6,8 +6,9 @@ class ZoEffectItemData;
 
 /// The tree of a model is sound when each node below its root stands in exactly one child list, and its
 /// parent() is the node whose list that is. Every operation of the library keeps a sound tree sound. Debug
-/// builds (ZOEFFECT_CHECK_TREES) look after each operation that can change a tree; other builds hold none of
-/// this.
+/// builds (ZOEFFECT_CHECK_TREES) look after each operation of the model that can change a tree, and after those of
+/// the node that copy or clear one; other builds hold none of this. The other operations of the node touch one
+/// list and look at no child, which a host may have deleted without taking it out.
 ///
 /// A host may break the rule with the operations of the node (append a null, or a node that stands
 /// elsewhere): then nothing can be told of that tree any more, and it is not looked at.

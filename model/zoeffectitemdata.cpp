@@ -24,10 +24,8 @@ ZoEffectItemData::ZoEffectItemData(const QString& name, ZoEffectItemData* parent
     : QObject(nullptr), m_parent(parent), m_name(name)
 {
     setObjectName(name);
-    if (!parent)
-        return;
-    const TreeCheck check(*parent);
-    parent->place(this, pos);
+    if (parent)
+        parent->place(this, pos);
 }
 
 ZoEffectItemData::ZoEffectItemData(const ZoEffectItemData& other) : ZoEffectItemData(QString())
@@ -134,7 +132,6 @@ void ZoEffectItemData::place(ZoEffectItemData* child, int pos)
 
 ZoEffectItemData* ZoEffectItemData::takeAt(int row)
 {
-    const TreeCheck check(*this);
     return isPosition(row, m_children) ? m_children.takeAt(row) : nullptr;
 }
 
@@ -142,7 +139,6 @@ bool ZoEffectItemData::removeChildren(int pos, int count)
 {
     if (pos < 0 || qint64(pos) + count > m_children.size())
         return false;
-    const TreeCheck check(*this);
     // All are out of the list before the first is deleted: whoever is told of that may change the list.
     Children removed;
     for (int i = 0; i < count; ++i)
@@ -155,7 +151,6 @@ bool ZoEffectItemData::changeItemPos(int to, int from)
 {
     if (to == from || !isPosition(to, m_children) || !isPosition(from, m_children))
         return false;
-    const TreeCheck check(*this);
     m_children.move(from, to);
     return true;
 }
