@@ -1,5 +1,7 @@
 #include <new>
 
+#include <sys/resource.h>
+
 #include <zoeffectmodel.h>
 
 #include "hostcatalogue.h"
@@ -11,6 +13,31 @@ namespace {
 
 bool armed = false;
 int refused = 0;
+
+#ifdef HAS_MEMORY_LIMITS
+/// While it lives, this process gets only so many more bytes.
+class MemoryLimit {
+public:
+    explicit MemoryLimit(rlim_t more)
+    {
+        QFile status(QStringLiteral("/proc/self/statm"));
+        const bool opened = status.open(QIODevice::ReadOnly);
+        const qulonglong pages = opened ? status.readAll().split(' ').first().toULongLong() : 0;
+        const rlim_t used = static_cast<rlim_t>(pages) * pageSize;
+        ::getrlimit(RLIMIT_AS, &m_before);
+        rlimit limit = m_before;
+        limit.rlim_cur = used + more;
+        ::setrlimit(RLIMIT_AS, &limit);
+    }
+    ~MemoryLimit() { ::setrlimit(RLIMIT_AS, &m_before); }
+    MemoryLimit(const MemoryLimit&) = delete;
+    MemoryLimit& operator=(const MemoryLimit&) = delete;
+
+private:
+    static constexpr rlim_t pageSize = 4096;
+    rlimit m_before = {};
+};
+#endif
 
 } // namespace
 
@@ -42,6 +69,9 @@ private slots:
     void typeNodeOfAnItemThatCannotBeCreatedStays();
     void unknownTypeIsRefusedBeforeAnythingIsCreated();
     void nextItemIsCreatedAgain();
+#ifdef HAS_MEMORY_LIMITS
+    void canvasThatCannotBeHadGivesNoPicture();
+#endif
 };
 
 void TstAllocationFailure::init()
@@ -157,6 +187,24 @@ void TstAllocationFailure::nextItemIsCreatedAgain()
     QCOMPARE(recorder.take(), QStringList{"effectDataChanged(Audio, item_add, invalid, 0)"});
     QCOMPARE(logcapture::takeEvents(), QList<int>{903});
 }
+
+#ifdef HAS_MEMORY_LIMITS
+void TstAllocationFailure::canvasThatCannotBeHadGivesNoPicture()
+{
+    ZoEffectModel model;
+    model.setVideoSize(16384, 16384); // Within the bounds: 1 GiB.
+    QVERIFY(model.addDataItem("Watermark", {{"wm_istextwatermark", true}, {"wm_textcontent", "text"}}));
+    SignalRecorder recorder(model);
+    QPixmap picture(1, 1);
+    {
+        const MemoryLimit limit(rlim_t(256) << 20);
+        picture = model.getWatermark(16384, 16384, false);
+    }
+    QVERIFY(picture.isNull());
+    QCOMPARE(recorder.take(), QStringList());
+    QCOMPARE(logcapture::takeEvents(), QList<int>());
+}
+#endif
 
 ZOEFFECT_TEST_MAIN(TstAllocationFailure)
 

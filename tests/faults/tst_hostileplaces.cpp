@@ -88,7 +88,7 @@ void leaveLock(const QString& path)
 
 void setTime(const QString& path, qint64 secondsFromNow)
 {
-    const time_t time = ::time(nullptr) + secondsFromNow;
+    const auto time = static_cast<time_t>(::time(nullptr) + secondsFromNow);
     const utimbuf times = {time, time};
     QCOMPARE(::utime(pathBytes(path).constData(), &times), 0);
 }
