@@ -1,6 +1,7 @@
 #include "imagefile_p.h"
 
 #include <algorithm>
+#include <cstring>
 #include <limits>
 
 #include <QBuffer>
@@ -17,7 +18,8 @@ namespace {
 constexpr qint64 mostBytes = qint64(128) << 20;
 constexpr int smallestPixel = 4; // QPixmap keeps four bytes a pixel, whatever the file has.
 constexpr int bitsPerByte = 8;
-constexpr int longestPath = 4096; // In characters. The system opens none; to find that out costs Qt seconds.
+constexpr int mostChunks = 1000000; // Of PNG, in one file.
+constexpr int longestPath = 4096;   // In characters. The system opens none; to find that out costs Qt seconds.
 
 bool isOfBoundedSize(const QSize& size, int bytesPerPixel)
 {
@@ -52,32 +54,39 @@ QSize gifScreen(QIODevice& device, bool isCalledGif)
     return QSize(qFromLittleEndian<quint16>(numbers), qFromLittleEndian<quint16>(numbers + 2));
 }
 
+/// More than any bound: the size of what must not be loaded.
 constexpr QSize anySize(std::numeric_limits<int>::max(), std::numeric_limits<int>::max());
 
 /// Whether no chunk of the PNG that starts at \a offset says to be longer than the file, or than a picture may be:
-/// libpng takes as much memory before it reads. Pixels are read piece by piece.
-bool hasBoundedChunks(QIODevice& device, qint64 offset)
+/// libpng takes as much memory before it reads. Pixels are read piece by piece. \a chunksLeft is how many may be
+/// looked at; false when they are not enough.
+bool hasBoundedChunks(QIODevice& device, qint64 offset, int& chunksLeft)
 {
     constexpr int signatureSize = 8;
     constexpr int lengthSize = 4;
-    constexpr int headerSize = lengthSize + 4;
+    constexpr int typeSize = 4;
+    constexpr int headerSize = lengthSize + typeSize;
     constexpr int checksumSize = 4;
-    for (qint64 at = offset + signatureSize;;) {
-        const QByteArray header = bytesAt(device, at, headerSize);
-        if (header.size() != headerSize)
+    char header[headerSize] = {};
+    const char* type = header + lengthSize;
+    qint64 at = offset + signatureSize;
+    while (chunksLeft-- > 0) {
+        if (!device.seek(at) || device.read(header, headerSize) != headerSize)
             return true;
-        const qint64 length = qFromBigEndian<quint32>(header.constData());
+        const qint64 length = qFromBigEndian<quint32>(header);
         at += headerSize + length + checksumSize;
-        if (header.endsWith("IEND"))
+        if (std::memcmp(type, "IEND", typeSize) == 0)
             return true;
-        if (!header.endsWith("IDAT") && (length > mostBytes || at > device.size()))
+        const bool isPixels = std::memcmp(type, "IDAT", typeSize) == 0;
+        if (!isPixels && (length > mostBytes || at > device.size()))
             return false;
     }
+    return false;
 }
 
 /// The size in the header of a PNG that starts at \a offset; invalid when there is none, any size when it takes too
 /// much memory in another way.
-QSize pngSize(QIODevice& device, qint64 offset)
+QSize pngSize(QIODevice& device, qint64 offset, int& chunksLeft)
 {
     constexpr int signatureSize = 8;
     constexpr int sizeOffset = signatureSize + 8;
@@ -85,15 +94,14 @@ QSize pngSize(QIODevice& device, qint64 offset)
     const QByteArray header = bytesAt(device, offset, headerSize);
     if (header.size() != headerSize || !header.startsWith("\x89PNG"))
         return QSize();
-    if (!hasBoundedChunks(device, offset))
+    if (!hasBoundedChunks(device, offset, chunksLeft))
         return anySize;
     const char* numbers = header.constData() + sizeOffset;
     return QSize(qFromBigEndian<qint32>(numbers), qFromBigEndian<qint32>(numbers + 4));
 }
 
 /// The largest PNG among the pictures of an icon or cursor file, or any size when one of them claims too many
-/// bytes. QImageReader tells what the icon's directory says,
-/// but what is allocated is what the PNG itself says.
+/// bytes. QImageReader tells what the icon's directory says, but what is allocated is what the PNG says.
 QSize largestIcon(QIODevice& device)
 {
     constexpr int headerSize = 6;
@@ -111,12 +119,13 @@ QSize largestIcon(QIODevice& device)
     const int count = qFromLittleEndian<quint16>(header.constData() + 4);
     const QByteArray directory = bytesAt(device, headerSize, count * entrySize);
     QSize largest;
+    int chunksLeft = mostChunks; // Of all: each entry may name the same long PNG.
     for (int entry = 0; entry + entrySize <= directory.size(); entry += entrySize) {
         // Qt takes memory for as many bytes as the directory says, whatever the file has.
         if (qFromLittleEndian<quint32>(directory.constData() + entry + lengthInEntry) > mostBytes)
             return anySize;
         const auto offset = qFromLittleEndian<quint32>(directory.constData() + entry + offsetInEntry);
-        largest = largest.expandedTo(pngSize(device, offset));
+        largest = largest.expandedTo(pngSize(device, offset, chunksLeft));
     }
     return largest;
 }
@@ -171,10 +180,11 @@ bool hasBoundedHeaders(const QString& path, const char* format)
     const bool isCalledGif = QFileInfo(path).suffix().compare(QLatin1String("gif"), Qt::CaseInsensitive) == 0
                              || qstricmp(format, "gif") == 0;
     QFile file(path);
+    int chunksLeft = mostChunks;
     return !file.open(QIODevice::ReadOnly)
            || (isOfBoundedSize(gifScreen(file, isCalledGif), smallestPixel)
-               && isOfBoundedSize(pngSize(file, 0), smallestPixel) && isOfBoundedSize(largestIcon(file), smallestPixel)
-               && hasBoundedScans(file));
+               && isOfBoundedSize(pngSize(file, 0, chunksLeft), smallestPixel)
+               && isOfBoundedSize(largestIcon(file), smallestPixel) && hasBoundedScans(file));
 }
 
 /// The files that Qt may open for \a file. On a path without a suffix that does not exist, it tries the suffixes of

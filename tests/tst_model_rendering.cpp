@@ -1759,6 +1759,11 @@ void TstModelRendering::imageThatIsTooLarge_data()
     QTest::newRow("icon that claims a GiB") // At offset 14 of the file: the length of the first picture.
         << picture("claim.ico", iconAround(blackPng(16, 16)).replace(14, 4, QByteArray("\0\0\0\x40", 4)))
         << QByteArray();
+    const QByteArray emptyChunks = QByteArray("\0\0\0\0teSt\0\0\0\0", 12).repeated(1000000);
+    QTest::newRow("PNG of a million empty chunks and more")
+        << picture("chunks.png", blackPng(16, 16).insert(33, emptyChunks)) << QByteArray();
+    QTest::newRow("icon that holds such a PNG")
+        << picture("chunks.ico", iconAround(blackPng(16, 16).insert(33, emptyChunks))) << QByteArray();
     QTest::newRow("PNG with a text of 915 MiB") // So it says, behind its header.
         << picture("text.png", blackPng(16, 16).insert(33, QByteArray("\x39\x39\x39\x39zTXt", 8))) << QByteArray();
     QTest::newRow("flat") << picture("flat.bmp", plainBmp(40000, 1000)) << QByteArray();
