@@ -309,7 +309,7 @@ private slots:
     void damagedPictures();
     void bombs_data();
     void bombs();
-    void everyFormatOfThisQtIsTried();
+    void everyFormatOfQtItselfIsTried();
     void bombsInOneModel();
     void formatNames_data();
     void formatNames();
@@ -545,12 +545,15 @@ void TstHostileImages::bombs()
     QFile::remove(path);
 }
 
-void TstHostileImages::everyFormatOfThisQtIsTried()
+void TstHostileImages::everyFormatOfQtItselfIsTried()
 {
     QList<QByteArray> missing = QImageReader::supportedImageFormats();
     const QVector<Original> all = originals();
     for (const Original& original : all)
         missing.removeAll(original.suffix);
+    // What other packages add, the Qt SVG and Qt Image Formats modules, is there or not from machine to machine.
+    for (const char* added : {"icns", "mng", "svg", "svgz", "tga", "tif", "tiff", "wbmp", "webp"})
+        missing.removeAll(added);
     QCOMPARE(missing, QList<QByteArray>());
 }
 
