@@ -13,18 +13,37 @@
 
 namespace {
 
+bool isFloating(int type)
+{
+    return type == QMetaType::Double || type == QMetaType::Float;
+}
+
 bool isFloating(const QVariant& value)
 {
-    return value.userType() == QMetaType::Double || value.userType() == QMetaType::Float;
+    return isFloating(value.userType());
 }
 
 bool isNumber(int type)
 {
-    static constexpr int numbers[] = {QMetaType::Bool,     QMetaType::Char,      QMetaType::SChar,  QMetaType::UChar,
-                                      QMetaType::Short,    QMetaType::Int,       QMetaType::UShort, QMetaType::UInt,
-                                      QMetaType::LongLong, QMetaType::ULongLong, QMetaType::Float,  QMetaType::Double,
-                                      QMetaType::Long,     QMetaType::ULong};
-    return std::find(std::begin(numbers), std::end(numbers), type) != std::end(numbers);
+    switch (type) {
+    case QMetaType::Bool:
+    case QMetaType::Char:
+    case QMetaType::SChar:
+    case QMetaType::UChar:
+    case QMetaType::Short:
+    case QMetaType::UShort:
+    case QMetaType::Int:
+    case QMetaType::UInt:
+    case QMetaType::Long:
+    case QMetaType::ULong:
+    case QMetaType::LongLong:
+    case QMetaType::ULongLong:
+    case QMetaType::Float:
+    case QMetaType::Double:
+        return true;
+    default:
+        return false;
+    }
 }
 
 bool sameNumber(double left, double right)
@@ -365,7 +384,13 @@ namespace qtcompat {
 
 bool equal(const QVariant& left, const QVariant& right) // NOLINT(misc-no-recursion): values nest
 {
-    if (isNumber(left.userType()) && isNumber(right.userType()) && (isFloating(left) || isFloating(right)))
+    const int leftType = left.userType();
+    const int rightType = right.userType();
+    if (leftType == QMetaType::Int && rightType == QMetaType::Int)
+        return *static_cast<const int*>(left.constData()) == *static_cast<const int*>(right.constData());
+    if (leftType == QMetaType::UnknownType || rightType == QMetaType::UnknownType)
+        return leftType == rightType;
+    if ((isFloating(leftType) || isFloating(rightType)) && isNumber(leftType) && isNumber(rightType))
         return sameNumber(left.toDouble(), right.toDouble());
     return equalValues(left, right);
 }
@@ -377,6 +402,8 @@ bool toBool(const QVariant& value)
 
 int toInt(const QVariant& value)
 {
+    if (value.userType() == QMetaType::Int)
+        return *static_cast<const int*>(value.constData());
     return isFloating(value) ? static_cast<int>(roundedNumber(value)) : wholeNumber(value);
 }
 

@@ -5,6 +5,7 @@
 #include <QVector>
 
 #include "effectnames_p.h"
+#include "nodeindex_p.h"
 #include "treecheck_p.h"
 
 namespace {
@@ -54,6 +55,7 @@ ZoEffectItemData& ZoEffectItemData::operator=(const ZoEffectItemData& other)
     Children copies;
     QVector<std::pair<const ZoEffectItemData*, ZoEffectItemData*>> pending;
     const auto copyChildren = [&pending](const ZoEffectItemData& source, ZoEffectItemData* parent, Children& target) {
+        target.reserve(source.m_children.size());
         for (const ZoEffectItemData* child : source.m_children) {
             if (!child)
                 continue;
@@ -61,7 +63,8 @@ ZoEffectItemData& ZoEffectItemData::operator=(const ZoEffectItemData& other)
             copy->m_parent = parent;
             copy->takeOverFields(*child);
             target.append(copy);
-            pending.append({child, copy});
+            if (!child->m_children.isEmpty())
+                pending.append({child, copy});
         }
     };
     copyChildren(other, this, copies);
@@ -70,8 +73,11 @@ ZoEffectItemData& ZoEffectItemData::operator=(const ZoEffectItemData& other)
         copyChildren(*source, copy, copy->m_children);
     }
 
+    // Told before and after: taking over the object name may call a listener, who may look nodes up.
+    nodeindex::listsChanged();
     takeOverFields(other);
     m_children.swap(copies);
+    nodeindex::listsChanged();
 
     // The old children go with a node of their own, last: other may be one of them.
     ZoEffectItemData oldChildren{QString()};
@@ -113,7 +119,7 @@ int ZoEffectItemData::childNumber() const
 void ZoEffectItemData::appendChild(ZoEffectItemData* child)
 {
     treecheck::noteHostEdit();
-    m_children.append(child);
+    place(child, -1);
 }
 
 void ZoEffectItemData::insertChild(ZoEffectItemData* child, int pos)
@@ -128,11 +134,15 @@ void ZoEffectItemData::place(ZoEffectItemData* child, int pos)
         m_children.insert(pos, child);
     else
         m_children.append(child);
+    nodeindex::cameIn(child);
 }
 
 ZoEffectItemData* ZoEffectItemData::takeAt(int row)
 {
-    return isPosition(row, m_children) ? m_children.takeAt(row) : nullptr;
+    if (!isPosition(row, m_children))
+        return nullptr;
+    nodeindex::listsChanged();
+    return m_children.takeAt(row);
 }
 
 bool ZoEffectItemData::removeChildren(int pos, int count)
@@ -143,6 +153,7 @@ bool ZoEffectItemData::removeChildren(int pos, int count)
     Children removed;
     for (int i = 0; i < count; ++i)
         removed.append(m_children.takeAt(pos));
+    nodeindex::listsChanged();
     qDeleteAll(removed);
     return true;
 }
@@ -152,12 +163,16 @@ bool ZoEffectItemData::changeItemPos(int to, int from)
     if (to == from || !isPosition(to, m_children) || !isPosition(from, m_children))
         return false;
     m_children.move(from, to);
+    nodeindex::listsChanged();
     return true;
 }
 
 void ZoEffectItemData::clear()
 {
     const TreeCheck check(*this);
+    if (m_children.isEmpty())
+        return;
+    nodeindex::listsChanged();
     // Trees can be deep: all descendants are gathered, parents first, and deleted one by one from the end.
     QVector<ZoEffectItemData*> doomed;
     const auto gather = [&doomed](Children& children) {

@@ -3,6 +3,7 @@
 #include "catalogue_p.h"
 #include "effectnames_p.h"
 #include "modelevents_p.h"
+#include "nodeindex_p.h"
 #include "qtcompat_p.h"
 #include "treecheck_p.h"
 #include "zoeffectcatalogue.h"
@@ -52,6 +53,7 @@ ZoEffectModel::ZoEffectModel(const ZoEffectModel& /*other*/, QObject* parent) : 
 
 ZoEffectModel::~ZoEffectModel()
 {
+    nodeindex::listsChanged();
     qDeleteAll(m_images);
 }
 

@@ -1,13 +1,22 @@
 #include "zoeffectmodel.h"
 
-#include <QVector>
-
 #include "catalogue_p.h"
 #include "effectnames_p.h"
 #include "modelevents_p.h"
+#include "nodeindex_p.h"
+#include "propertyvalues_p.h"
 #include "qtcompat_p.h"
 #include "treecheck_p.h"
 #include "zoeffectcatalogue.h"
+
+namespace {
+
+ZoEffectItemData* nodeAt(ZoEffectItemData* typeNode, int pos)
+{
+    return !typeNode || pos == -1 ? typeNode : typeNode->child(pos);
+}
+
+} // namespace
 
 ZoEffectItemData* ZoEffectModel::findDataItem(const ZoEffectItemData* start, const QString& type) const
 {
@@ -16,18 +25,7 @@ ZoEffectItemData* ZoEffectModel::findDataItem(const ZoEffectItemData* start, con
         return nullptr;
     }
 
-    // Depth first, in the order of the lists. Trees can be deep: the walk keeps its own stack.
-    QVector<const ZoEffectItemData*> pending{start};
-    while (!pending.isEmpty()) {
-        const ZoEffectItemData* node = pending.takeLast();
-        if (node->name() == type)
-            return const_cast<ZoEffectItemData*>(node);
-        for (int row = node->childCount() - 1; row >= 0; --row) {
-            if (const ZoEffectItemData* child = node->child(row))
-                pending.append(child);
-        }
-    }
-    return nullptr;
+    return start == &m_root ? nodeindex::first(m_root, type) : nodeindex::walkToFirst(*start, type);
 }
 
 ZoEffectItemData* ZoEffectModel::findDataItem(const ZoEffectItemData* start, const QString& type, int pos) const
@@ -36,13 +34,12 @@ ZoEffectItemData* ZoEffectModel::findDataItem(const ZoEffectItemData* start, con
         logEvent(ModelEvent::LookupFromNullWithPosition);
         return nullptr;
     }
-    ZoEffectItemData* node = findDataItem(start, type);
-    return !node || pos == -1 ? node : node->child(pos);
+    return nodeAt(findDataItem(start, type), pos);
 }
 
 ZoEffectItemData* ZoEffectModel::findDataItem(const QString& type, int pos) const
 {
-    return findDataItem(&m_root, type, pos);
+    return nodeAt(nodeindex::first(m_root, type), pos);
 }
 
 ZoEffectItemData* ZoEffectModel::getDataItem(const QString& type, int pos) const
@@ -81,16 +78,17 @@ QVariant ZoEffectModel::data(const QString& key, const QString& type, int pos) c
 bool ZoEffectModel::setData(const QString& key, const QVariant& value, const QString& type, int pos)
 {
     const TreeCheck check(m_root);
-    ZoEffectItemData* node = findDataItem(type, pos);
+    ZoEffectItemData* node = nodeAt(nodeindex::first(m_root, type), pos);
     if (!node) {
         logEvent(ModelEvent::NoSuchNodeToSet);
         return false;
     }
 
     const bool isCheckState = key == keys::checkState;
-    const int state = isCheckState ? catalogue::checkStateFor(value) : node->checkState();
-    const bool changes = isCheckState ? state != node->checkState() : !qtcompat::equal(node->data(key), value);
-    if (!changes)
+    const QVariant* present = isCheckState ? nullptr : propertyvalues::find(*node, key);
+    const bool isEqual = isCheckState ? catalogue::checkStateFor(value) == node->checkState()
+                                      : propertyvalues::equals(*node, key, present, value);
+    if (isEqual)
         return true;
 
     // The arguments may refer into the tree, which this call and its listeners change.
@@ -98,10 +96,10 @@ bool ZoEffectModel::setData(const QString& key, const QVariant& value, const QSt
     const QVariant changedValue = value;
     const QString changedType = type;
     if (isCheckState)
-        node->setCheckState(state);
+        node->setCheckState(catalogue::checkStateFor(changedValue));
     else
-        node->setData(changedKey, changedValue);
-    if (changedType == types::subtitle && changedKey == keys::subVPosition)
+        propertyvalues::store(*node, changedKey, changedValue, present);
+    if (changedKey == keys::subVPosition && changedType == types::subtitle)
         node->setData(keys::subPositionEditedByUser, true);
     emit effectDataChanged(changedType, changedKey, changedValue, pos);
     return true;

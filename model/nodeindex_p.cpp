@@ -1,0 +1,104 @@
+#include "nodeindex_p.h"
+
+#include <array>
+#include <atomic>
+
+#include <QVector>
+
+#include "perthread_p.h"
+#include "zoeffectitemdata.h"
+
+namespace nodeindex {
+
+namespace {
+
+constexpr std::size_t nameSlots = 128;
+constexpr std::size_t rootSlots = 2;
+constexpr int longestName = 64;
+
+/// How often the child lists of all threads changed: for the names in one slot, and for all names.
+std::array<std::atomic<quint64>, nameSlots> changesInSlot{};
+std::atomic<quint64> changesForAll{0};
+
+struct Answer {
+    const ZoEffectItemData* root = nullptr;
+    QString name;
+    ZoEffectItemData* node = nullptr;
+    quint64 changesInSlot = 0;
+    quint64 changesForAll = 0;
+};
+
+/// Tells the names of the effect types apart; others may share a slot, which costs time and nothing else.
+std::size_t slotOf(const QString& name)
+{
+    const auto size = static_cast<std::size_t>(name.size());
+    if (size == 0)
+        return 0;
+    const QChar* letters = name.constData();
+    return (size + 2 * std::size_t(letters[size / 2].unicode()) + letters[size - 1 - size / 8].unicode()) % nameSlots;
+}
+
+/// Null when this thread remembers nothing any more.
+Answer* answerFor(const ZoEffectItemData& root, std::size_t slot)
+{
+    auto* answers = perThread<std::array<Answer, nameSlots * rootSlots>>();
+    const std::size_t ofRoot = reinterpret_cast<quintptr>(&root) / sizeof(ZoEffectItemData) % rootSlots;
+    return answers ? &(*answers)[slot * rootSlots + ofRoot] : nullptr;
+}
+
+bool holds(const Answer& answer, std::size_t slot)
+{
+    return changesForAll.load(std::memory_order_relaxed) == answer.changesForAll
+           && changesInSlot[slot].load(std::memory_order_relaxed) == answer.changesInSlot;
+}
+
+} // namespace
+
+ZoEffectItemData* walkToFirst(const ZoEffectItemData& start, const QString& name)
+{
+    // Trees can be deep: the walk keeps its own stack.
+    QVector<const ZoEffectItemData*> pending{&start};
+    while (!pending.isEmpty()) {
+        const ZoEffectItemData* node = pending.takeLast();
+        if (node->name() == name)
+            return const_cast<ZoEffectItemData*>(node);
+        for (int row = node->childCount() - 1; row >= 0; --row) {
+            if (const ZoEffectItemData* child = node->child(row))
+                pending.append(child);
+        }
+    }
+    return nullptr;
+}
+
+ZoEffectItemData* first(const ZoEffectItemData& root, const QString& name)
+{
+    const std::size_t slot = slotOf(name);
+    Answer* answer = answerFor(root, slot);
+    if (answer && answer->root == &root && holds(*answer, slot) && answer->name == name)
+        return answer->node;
+
+    ZoEffectItemData* node = walkToFirst(root, name);
+    // Letter by letter: the caller's letters may lie in memory that the string does not own.
+    if (answer && name.size() <= longestName)
+        *answer = {&root, QString(name.constData(), name.size()), node,
+                   changesInSlot[slot].load(std::memory_order_relaxed), changesForAll.load(std::memory_order_relaxed)};
+    return node;
+}
+
+// A node without children touches the lookups of its own name only. With children it may hold any name.
+void cameIn(const ZoEffectItemData* child)
+{
+    if (!child)
+        return;
+    if (child->childCount() > 0)
+        listsChanged();
+    else
+        changesInSlot[slotOf(child->name())].fetch_add(1, std::memory_order_relaxed);
+}
+
+void listsChanged()
+{
+    changesForAll.fetch_add(1, std::memory_order_relaxed);
+}
+
+} // namespace nodeindex

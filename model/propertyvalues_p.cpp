@@ -1,0 +1,56 @@
+#include "propertyvalues_p.h"
+
+#include "qtcompat_p.h"
+#include "zoeffectitemdata.h"
+
+namespace {
+
+/// Most keys share their letters, which tells at once.
+bool isSame(const QString& key, const QString& other)
+{
+    return (key.constData() == other.constData() && key.size() == other.size()) || key == other;
+}
+
+} // namespace
+
+const QVariant* propertyvalues::find(const ZoEffectItemData& node, const QString& key)
+{
+    const QMap<QString, QVariant>& properties = node.properties();
+    const auto found = properties.constFind(key);
+    return found == properties.cend() ? nullptr : &found.value();
+}
+
+bool propertyvalues::equals(const ZoEffectItemData& node, const QString& key, const QVariant* present,
+                            const QVariant& value)
+{
+    return present ? qtcompat::equal(*present, value) : qtcompat::equal(node.data(key), value);
+}
+
+void propertyvalues::store(ZoEffectItemData& node, const QString& key, const QVariant& value, const QVariant* present)
+{
+    // In place, unless a copy of the map shares the value. The node is not const, and so its map is not.
+    if (present && node.properties().isDetached())
+        *const_cast<QVariant*>(present) = value;
+    else
+        node.setData(key, value);
+}
+
+void propertyvalues::share(ZoEffectItemData& node, const QMap<QString, QVariant>& values)
+{
+    const_cast<QMap<QString, QVariant>&>(node.properties()) = values;
+}
+
+propertyvalues::Finder::Finder(const ZoEffectItemData& node)
+    : m_next(node.properties().cbegin()), m_end(node.properties().cend())
+{
+}
+
+const QVariant* propertyvalues::Finder::find(const QString& key)
+{
+    while (m_next != m_end && !isSame(m_next.key(), key)) {
+        if (key < m_next.key())
+            return nullptr;
+        ++m_next;
+    }
+    return m_next == m_end ? nullptr : &m_next.value();
+}
