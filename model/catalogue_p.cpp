@@ -1,6 +1,9 @@
 #include "catalogue_p.h"
 
+#include "cataloguetable_p.h"
+#include "cataloguetext_p.h"
 #include "effectnames_p.h"
+#include "propertyvalues_p.h"
 #include "qtcompat_p.h"
 #include "zoeffectcatalogue.h"
 #include "zoeffectitemdata.h"
@@ -16,7 +19,7 @@ const EffectControlItem* record(const QString& type)
 const EffectDefaultVal* property(const EffectDefaultVal* properties, const QString& key)
 {
     for (const EffectDefaultVal* entry = properties; entry && entry->key; ++entry) {
-        if (key == QString::fromUtf8(entry->key))
+        if (cataloguetext::equals(key, entry->key))
             return entry;
     }
     return nullptr;
@@ -30,8 +33,13 @@ const EffectDefaultVal* properties(const QString& type)
 
 void storeDefaults(ZoEffectItemData& item, const QString& type)
 {
-    for (const EffectDefaultVal* entry = properties(type); entry && entry->key; ++entry)
-        item.setData(QString::fromUtf8(entry->key), entry->defaultValue);
+    const auto table = cataloguetable::prepared(properties(type));
+    if (item.properties().isEmpty()) {
+        propertyvalues::share(item, table->defaults);
+        return;
+    }
+    for (const cataloguetable::Row& row : table->rows)
+        item.setData(row.key, row.entry->defaultValue);
 }
 
 int checkStateFor(const QVariant& value)

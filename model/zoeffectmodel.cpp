@@ -1,6 +1,8 @@
 #include "zoeffectmodel.h"
 
 #include "catalogue_p.h"
+#include "cataloguetable_p.h"
+#include "cataloguetext_p.h"
 #include "effectnames_p.h"
 #include "modelevents_p.h"
 #include "nodeindex_p.h"
@@ -72,8 +74,10 @@ ZoEffectModel& ZoEffectModel::operator=(const ZoEffectModel& other)
 const EffectControlItem* ZoEffectModel::findOriItem(const QString& type, const EffectControlItem* items)
 {
     for (const EffectControlItem* record = items; record && record->name; ++record) {
-        if (type == QString::fromUtf8(record->name))
+        if (cataloguetext::equals(type, record->name))
             return record;
+        if (!record->children)
+            continue;
         if (const EffectControlItem* nested = findOriItem(type, record->children))
             return nested;
     }
@@ -84,7 +88,7 @@ void ZoEffectModel::createItems(const QStringList& types)
 {
     const TreeCheck check(m_root);
     for (const EffectControlItem* record = s_EffectItems; record && record->name; ++record) {
-        const QString name = QString::fromUtf8(record->name);
+        const QString name = cataloguetext::string(record->name);
         if (!types.isEmpty() && !types.contains(name))
             continue;
         auto* node = new ZoEffectItemData(name, &m_root, -1);
@@ -116,11 +120,17 @@ void ZoEffectModel::InitSubItemData(ZoEffectItemData* item, const SubEffectItem*
         logEvent(ModelEvent::NullForSubItems);
         return;
     }
+    const EffectDefaultVal* properties = nullptr; // Most records have the same ones.
+    auto table = cataloguetable::prepared(nullptr);
     for (const SubEffectItem* record = subItems; record->name; ++record) {
-        auto* node = new ZoEffectItemData(QString::fromUtf8(record->name), item, -1);
+        auto* node = new ZoEffectItemData(cataloguetext::string(record->name), item, -1);
         node->setData(keys::id, record->id);
-        for (const EffectDefaultVal* entry = record->properties; entry && entry->key; ++entry)
-            catalogue::storeOrCheck(*node, QString::fromUtf8(entry->key), entry->defaultValue);
+        if (record->properties != properties) {
+            properties = record->properties;
+            table = cataloguetable::prepared(properties);
+        }
+        for (const cataloguetable::Row& row : table->rows)
+            catalogue::storeOrCheck(*node, row.key, row.entry->defaultValue);
         node->setInternalData(const_cast<SubEffectItem*>(record));
     }
 }

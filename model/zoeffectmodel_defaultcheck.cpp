@@ -1,8 +1,12 @@
 #include "zoeffectmodel.h"
 
+#include <algorithm>
+
 #include "catalogue_p.h"
+#include "cataloguetable_p.h"
 #include "effectnames_p.h"
 #include "modelevents_p.h"
+#include "propertyvalues_p.h"
 #include "qtcompat_p.h"
 #include "subitemcheck_p.h"
 #include "zoeffectcatalogue.h"
@@ -10,13 +14,29 @@
 
 namespace {
 
-/// Whether \a node holds the default of \a entry: the user's custom default when one is saved, else the
-/// catalogue's.
-bool holdsDefault(const ZoEffectItemData& node, const QString& type, const EffectDefaultVal& entry)
+/// The user's default for \a entry when \a saved, the custom default of its type, has one; else the catalogue's.
+const QVariant& defaultFor(const EffectDefaultVal& entry, const QString& key, const QMap<QString, QVariant>& saved)
 {
-    const QString key = QString::fromUtf8(entry.key);
-    const QVariant custom = ZoEffectItemDefaultValMgr::getInstance()->getCustomDefaultVal(type, key);
-    return qtcompat::equal(node.data(key), custom.isValid() ? custom : entry.defaultValue);
+    const auto custom = saved.constFind(key);
+    return custom != saved.cend() && custom.value().isValid() ? custom.value() : entry.defaultValue;
+}
+
+QMap<QString, QVariant> customDefault(const QString& type)
+{
+    return ZoEffectItemDefaultValMgr::getInstance()->getCustomDefaultVal(type);
+}
+
+/// Whether \a node holds the defaults of \a type for all of \a properties.
+bool holdsDefaults(const ZoEffectItemData& node, const QString& type, const EffectDefaultVal* properties)
+{
+    const QMap<QString, QVariant> saved = customDefault(type);
+    const auto table = cataloguetable::prepared(properties);
+    if (saved.isEmpty() && table->holdsItself && node.properties().isSharedWith(table->defaults))
+        return true;
+    propertyvalues::Finder finder(node);
+    return std::all_of(table->rows.cbegin(), table->rows.cend(), [&](const cataloguetable::Row& row) {
+        return propertyvalues::equals(node, row.key, finder.find(row.key), defaultFor(*row.entry, row.key, saved));
+    });
 }
 
 /// Deliberate: an exact comparison, a product with a fraction is never default.
@@ -119,7 +139,10 @@ bool ZoEffectModel::SingleDataIsDefault(const QString& type, const QString& key,
     if (type == types::watermark && key == keys::wmVPosition)
         return isAtFactor(*node, key, keys::wmVPosFactor, baseSize().height());
     const EffectDefaultVal* entry = catalogue::property(catalogue::properties(type), key);
-    return !entry || holdsDefault(*node, type, *entry);
+    if (!entry)
+        return true;
+    const QMap<QString, QVariant> saved = customDefault(type);
+    return qtcompat::equal(node->data(key), defaultFor(*entry, key, saved));
 }
 
 bool ZoEffectModel::dataIsDefault(const QString& type) const
@@ -132,13 +155,8 @@ bool ZoEffectModel::dataIsDefault(const QString& type) const
     const ZoEffectItemData* typeNode = findDataItem(type, -1);
     if (!typeNode)
         return true;
-    if (record->properties) {
-        for (const EffectDefaultVal* entry = record->properties; entry->key; ++entry) {
-            if (!holdsDefault(*typeNode, type, *entry))
-                return false;
-        }
-        return true;
-    }
+    if (record->properties)
+        return holdsDefaults(*typeNode, type, record->properties);
     if (type == types::effect)
         return FrameEffectIsDefault();
     return matchesSubItems(*typeNode, record->subItems);

@@ -6,6 +6,7 @@
 #include <QVector>
 
 #include "catalogue_p.h"
+#include "cataloguetable_p.h"
 #include "effectnames_p.h"
 #include "modelevents_p.h"
 #include "qtcompat_p.h"
@@ -25,10 +26,10 @@ bool isPositionFactor(const QString& key)
 
 void storeDefaultsOfNewItem(ZoEffectItemData& item, const QString& type)
 {
-    for (const EffectDefaultVal* entry = catalogue::properties(type); entry && entry->key; ++entry) {
-        const QString key = QString::fromUtf8(entry->key);
-        if (!isPositionFactor(key))
-            item.setData(key, entry->defaultValue);
+    const auto table = cataloguetable::prepared(catalogue::properties(type));
+    for (const cataloguetable::Row& row : table->rows) {
+        if (!isPositionFactor(row.key))
+            item.setData(row.key, row.entry->defaultValue);
     }
 }
 
