@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <limits>
 #include <utility>
+#include <vector>
+
+#include "freeplaces_p.h"
 
 namespace placement {
 
@@ -39,19 +42,12 @@ Steps stepsWithin(qint64 start, qint64 first, qint64 last)
     return {ceilingQuotient(first - start, diagonalStep), floorQuotient(last - start, diagonalStep)};
 }
 
-/// The columns or rows from \a first to \a last; of a negative extent those from its last to its first.
-std::pair<qint64, qint64> span(qint64 first, qint64 last)
-{
-    return last < first - 1 ? std::make_pair(last, first) : std::make_pair(first, last);
-}
-
 /// The steps at which the point (x, y), moved along the diagonal, lies in \a rect.
 Steps stepsInside(const OccupiedRect& rect, qint64 x, qint64 y)
 {
-    const auto [left, right] = span(rect.left, rect.right);
-    const auto [top, bottom] = span(rect.top, rect.bottom);
-    const Steps columns = stepsWithin(x, left, right);
-    const Steps rows = stepsWithin(y, top, bottom);
+    const OccupiedRect area = rect.normalized();
+    const Steps columns = stepsWithin(x, area.left, area.right);
+    const Steps rows = stepsWithin(y, area.top, area.bottom);
     return {std::max(columns.first, rows.first), std::min(columns.last, rows.last)};
 }
 
@@ -66,10 +62,15 @@ QPoint toPoint(qint64 x, qint64 y)
     return QPoint(toInt(x), toInt(y));
 }
 
-bool anyContains(const QVector<OccupiedRect>& occupied, qint64 x, qint64 y)
+/// The first of \a places where neither it nor the point 30 right of it lies in a rectangle.
+std::optional<QPoint> firstFree(const QVector<OccupiedRect>& occupied, const std::vector<Place>& places)
 {
-    return std::any_of(occupied.cbegin(), occupied.cend(),
-                       [=](const OccupiedRect& rect) { return rect.contains(x, y); });
+    const std::vector<bool> areFree = freePlaces(occupied, places, probeDistance);
+    const auto found = std::find(areFree.cbegin(), areFree.cend(), true);
+    if (found == areFree.cend())
+        return std::nullopt;
+    const Place& place = places[static_cast<std::size_t>(found - areFree.cbegin())];
+    return toPoint(place.x, place.y);
 }
 
 bool isBeyond(qint64 row, const QSize& baseSize)
@@ -90,11 +91,20 @@ OccupiedRect OccupiedRect::grown() const
     return {left - 1, top - 1, right + 1, bottom + 1};
 }
 
+OccupiedRect OccupiedRect::normalized() const
+{
+    OccupiedRect area = *this;
+    if (right < left - 1)
+        std::swap(area.left, area.right);
+    if (bottom < top - 1)
+        std::swap(area.top, area.bottom);
+    return area;
+}
+
 bool OccupiedRect::contains(qint64 x, qint64 y) const
 {
-    const auto [firstColumn, lastColumn] = span(left, right);
-    const auto [firstRow, lastRow] = span(top, bottom);
-    return x >= firstColumn && x <= lastColumn && y >= firstRow && y <= lastRow;
+    const OccupiedRect area = normalized();
+    return x >= area.left && x <= area.right && y >= area.top && y <= area.bottom;
 }
 
 std::optional<QPoint> freePlace(const QVector<OccupiedRect>& occupied, const QPoint& start, const QSize& baseSize)
@@ -125,8 +135,11 @@ std::optional<QPoint> freePlaceByDiagonalSteps(const QVector<OccupiedRect>& occu
     QVector<Steps> blocked;
     blocked.reserve(2 * occupied.size());
     for (const OccupiedRect& rect : occupied) {
-        blocked.append(stepsInside(rect.grown(), x, y));
-        blocked.append(stepsInside(rect.grown(), x + probeDistance, y));
+        for (const qint64 column : {x + probeDistance, x}) {
+            const Steps run = stepsInside(rect.grown(), column, y);
+            if (run.first <= run.last && run.last >= 0)
+                blocked.append(run);
+        }
     }
     std::sort(blocked.begin(), blocked.end(), [](const Steps& a, const Steps& b) { return a.first < b.first; });
 
@@ -147,16 +160,16 @@ std::optional<QPoint> freePlaceRightOfLeftmost(const QVector<OccupiedRect>& occu
     QVector<OccupiedRect> candidates = occupied;
     std::stable_sort(candidates.begin(), candidates.end(),
                      [](const OccupiedRect& a, const OccupiedRect& b) { return a.right < b.right; });
+    std::vector<Place> places;
     for (const OccupiedRect& candidate : std::as_const(candidates)) {
         const qint64 x = candidate.right + gapToTheRight;
         const qint64 y = candidate.top;
         // Deliberate: a row outside the frame ends the search, whatever rectangles remain.
         if (x >= qint64(baseSize.width()) - frameMargin || isBeyond(y, baseSize))
-            return std::nullopt;
-        if (!anyContains(occupied, x, y) && !anyContains(occupied, x + probeDistance, y))
-            return toPoint(x, y);
+            break;
+        places.push_back({x, y});
     }
-    return std::nullopt;
+    return firstFree(occupied, places);
 }
 
 std::optional<QPoint> freePlaceAtLeftMargin(const QVector<OccupiedRect>& occupied, const QSize& baseSize)
@@ -164,15 +177,14 @@ std::optional<QPoint> freePlaceAtLeftMargin(const QVector<OccupiedRect>& occupie
     QVector<OccupiedRect> candidates = occupied;
     std::stable_sort(candidates.begin(), candidates.end(),
                      [](const OccupiedRect& a, const OccupiedRect& b) { return a.left > b.left; });
+    std::vector<Place> places;
     for (const OccupiedRect& candidate : std::as_const(candidates)) {
-        const qint64 y = candidate.top;
         // Deliberate: a row outside the frame ends the search, whatever rectangles remain.
-        if (candidate.left < smallestLeftEdge || isBeyond(y, baseSize))
-            return std::nullopt;
-        if (!anyContains(occupied, marginColumn, y) && !anyContains(occupied, marginColumn + probeDistance, y))
-            return toPoint(marginColumn, y);
+        if (candidate.left < smallestLeftEdge || isBeyond(candidate.top, baseSize))
+            break;
+        places.push_back({marginColumn, candidate.top});
     }
-    return std::nullopt;
+    return firstFree(occupied, places);
 }
 
 std::optional<QPoint> placeShiftedFromFirst(const QVector<OccupiedRect>& occupied, const QSize& baseSize)

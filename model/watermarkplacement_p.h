@@ -23,8 +23,11 @@ struct OccupiedRect {
     /// One pixel larger on every side.
     OccupiedRect grown() const;
 
-    /// Whether the point lies inside or on an edge. A rectangle of negative width or height spans the columns
-    /// or rows from its last to its first.
+    /// The columns and rows that the rectangle covers: of a negative width or height those from its last to its
+    /// first.
+    OccupiedRect normalized() const;
+
+    /// Whether the point lies inside or on an edge of normalized().
     bool contains(qint64 x, qint64 y) const;
 };
 

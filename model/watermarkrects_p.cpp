@@ -1,6 +1,7 @@
 #include "watermarkrects_p.h"
 
 #include "effectnames_p.h"
+#include "propertyvalues_p.h"
 #include "qtcompat_p.h"
 #include "zoeffectitemdata.h"
 
@@ -8,11 +9,16 @@ QVector<placement::OccupiedRect> shownBeside(const ZoEffectItemData& item)
 {
     QVector<placement::OccupiedRect> rectangles;
     const ZoEffectItemData* typeNode = item.parent();
+    if (typeNode)
+        rectangles.reserve(typeNode->childCount());
     for (int row = 0; typeNode && row < typeNode->childCount(); ++row) {
         const ZoEffectItemData* other = typeNode->child(row);
         if (!other || other == &item || other->checkState() != Qt::Checked)
             continue;
-        const auto number = [other](const QString& key) { return qtcompat::toInt(other->data(key)); };
+        const auto number = [other](const QString& key) {
+            const QVariant* value = propertyvalues::find(*other, key);
+            return value ? qtcompat::toInt(*value) : 0;
+        };
         rectangles.append(placement::OccupiedRect::ofWatermark(number(keys::wmHPosition), number(keys::wmVPosition),
                                                                number(keys::wmImageWidth),
                                                                number(keys::wmImageHeight)));
