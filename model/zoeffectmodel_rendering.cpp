@@ -3,31 +3,28 @@
 #include <algorithm>
 
 #include <QDir>
-#include <QFontMetrics>
 #include <QGuiApplication>
-#include <QImage>
 #include <QPainter>
 #include <QPointer>
 #include <QScopedValueRollback>
 #include <QVector>
 
+#include "canvas_p.h"
 #include "effectnames_p.h"
 #include "imagefile_p.h"
 #include "modelevents_p.h"
 #include "qtcompat_p.h"
 #include "treecheck_p.h"
+#include "watermarkpictures_p.h"
 #include "watermarkstyle_p.h"
+#include "watermarktext_p.h"
 
 namespace {
 
 constexpr int opaque = 255;
-constexpr int largestCanvasSide = 32767;
-constexpr qint64 largestCanvasArea = qint64(1) << 28;
 /// Listeners may render at each stored size, one rendering inside the other. From this depth on a rendering
 /// leaves the storing to those around it, which come to the same texts: the depth does not grow with them.
 constexpr int deepestStoringRendering = 8;
-constexpr int measureFlags = Qt::AlignLeft | Qt::AlignTop;
-constexpr int drawFlags = Qt::AlignLeft | Qt::AlignVCenter;
 
 using Watermark = QPointer<ZoEffectItemData>;
 
@@ -57,27 +54,6 @@ bool hasPixmaps()
     return qobject_cast<QGuiApplication*>(QCoreApplication::instance());
 }
 
-/// Whether a canvas of \a size can be had; QPixmap itself does not tell.
-bool isCanvas(const QSize& size)
-{
-    return hasPixmaps() && !size.isEmpty() && size.width() <= largestCanvasSide && size.height() <= largestCanvasSide
-           && qint64(size.width()) * size.height() <= largestCanvasArea;
-}
-
-/// \a image with one uniform alpha in place of its own. An alpha beyond 0 to 255 is no colour value and
-/// gives 0.
-QPixmap withUniformAlpha(const QPixmap& image, int alpha)
-{
-    const int uniform = alpha >= 0 && alpha <= opaque ? alpha : 0;
-    QImage pixels = image.toImage().convertToFormat(QImage::Format_ARGB32);
-    for (int row = 0; row < pixels.height(); ++row) {
-        auto* line = reinterpret_cast<QRgb*>(pixels.scanLine(row));
-        std::transform(line, line + pixels.width(), line,
-                       [uniform](QRgb pixel) { return qRgba(qRed(pixel), qGreen(pixel), qBlue(pixel), uniform); });
-    }
-    return QPixmap::fromImage(pixels);
-}
-
 /// Draws the image of \a item; false when it cannot be loaded.
 bool paintImage(QPainter& painter, ZoEffectModel& model, const ZoEffectItemData& item)
 {
@@ -87,7 +63,7 @@ bool paintImage(QPainter& painter, ZoEffectModel& model, const ZoEffectItemData&
     if (image.isNull())
         return false;
 
-    const QPixmap shown = withUniformAlpha(image, alphaOf(item));
+    const QPixmap shown = watermarkpictures::withUniformAlpha(image, alphaOf(item));
     const QRectF target(number(item, keys::wmHPosition), number(item, keys::wmVPosition),
                         number(item, keys::wmImageWidth), number(item, keys::wmImageHeight));
     painter.drawPixmap(target, shown, QRectF(shown.rect()));
@@ -108,16 +84,16 @@ QSize paintText(QPainter& painter, const ZoEffectItemData& item, const QSize& fr
                                          text(item, keys::wmFontStyle)));
     painter.setPen(color);
 
-    const QSize size = painter.fontMetrics().size(measureFlags, content);
-    const QRect bound = painter.boundingRect(QRect(QPoint(0, 0), size), measureFlags, content);
+    const WatermarkText laidOut = WatermarkText::laidOut(painter, content);
+    const QSize size = laidOut.size;
     const int left = number(item, keys::wmHPosition);
     const int top = number(item, keys::wmVPosition);
-    const bool inFrame = left < frame.width() && top < frame.height() && qint64(left) + bound.width() - 1 > 0
-                         && qint64(top) + bound.height() - 1 > 0;
+    const bool inFrame = left < frame.width() && top < frame.height() && qint64(left) + size.width() - 1 > 0
+                         && qint64(top) + size.height() - 1 > 0;
     if (!inFrame)
         return QSize();
-    painter.drawText(QRect(left, top, bound.width(), bound.height()), drawFlags, content);
-    return bound.size();
+    laidOut.draw(painter, left, top);
+    return size;
 }
 
 QVector<Watermark> childrenOf(const ZoEffectItemData& typeNode)
@@ -178,12 +154,9 @@ QPixmap ZoEffectModel::getWatermark(int w, int h, bool honourIgnore)
     if (!typeNode || typeNode->checkState() != Qt::Checked || typeNode->childCount() == 0)
         return m_watermark;
 
-    if (!isCanvas(baseSize()))
-        return m_watermark;
-    QPixmap canvas(baseSize());
-    canvas.fill(QColor(0, 0, 0, 0));
+    QPixmap canvas = transparentCanvas(baseSize());
     QPainter painter;
-    if (!painter.begin(&canvas))
+    if (canvas.isNull() || !painter.begin(&canvas))
         return m_watermark;
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
 
