@@ -2,10 +2,10 @@
 
 #include <array>
 #include <atomic>
+#include <cstring>
 
 #include <QVector>
 
-#include "perthread_p.h"
 #include "zoeffectitemdata.h"
 
 namespace nodeindex {
@@ -14,18 +14,27 @@ namespace {
 
 constexpr std::size_t nameSlots = 128;
 constexpr std::size_t rootSlots = 2;
-constexpr int longestName = 64;
+constexpr std::size_t longestName = 32;
 
 /// How often the child lists of all threads changed: for the names in one slot, and for all names.
 std::array<std::atomic<quint64>, nameSlots> changesInSlot{};
 std::atomic<quint64> changesForAll{0};
 
+/// Without a destructor, so that it can be asked as long as the thread lives: a host's static objects may still look
+/// nodes up when those of the thread are gone.
 struct Answer {
-    const ZoEffectItemData* root = nullptr;
-    QString name;
-    ZoEffectItemData* node = nullptr;
-    quint64 changesInSlot = 0;
-    quint64 changesForAll = 0;
+    const ZoEffectItemData* root;
+    ZoEffectItemData* node;
+    quint64 changesInSlot;
+    quint64 changesForAll;
+    std::size_t size;
+    std::array<QChar, longestName> name; // Copied: the caller's letters may lie in memory that the string does not own.
+
+    bool isAbout(const ZoEffectItemData& asked, const QString& text) const
+    {
+        return root == &asked && size == static_cast<std::size_t>(text.size())
+               && std::memcmp(name.data(), text.constData(), size * sizeof(QChar)) == 0;
+    }
 };
 
 /// Tells the names of the effect types apart; others may share a slot, which costs time and nothing else.
@@ -38,12 +47,12 @@ std::size_t slotOf(const QString& name)
     return (size + 2 * std::size_t(letters[size / 2].unicode()) + letters[size - 1 - size / 8].unicode()) % nameSlots;
 }
 
-/// Null when this thread remembers nothing any more.
-Answer* answerFor(const ZoEffectItemData& root, std::size_t slot)
+Answer& answerFor(const ZoEffectItemData& root, std::size_t slot)
 {
-    auto* answers = perThread<std::array<Answer, nameSlots * rootSlots>>();
+    static_assert(std::is_trivially_destructible_v<Answer>);
+    thread_local std::array<Answer, nameSlots * rootSlots> answers{};
     const std::size_t ofRoot = reinterpret_cast<quintptr>(&root) / sizeof(ZoEffectItemData) % rootSlots;
-    return answers ? &(*answers)[slot * rootSlots + ofRoot] : nullptr;
+    return answers[slot * rootSlots + ofRoot];
 }
 
 bool holds(const Answer& answer, std::size_t slot)
@@ -73,15 +82,20 @@ ZoEffectItemData* walkToFirst(const ZoEffectItemData& start, const QString& name
 ZoEffectItemData* first(const ZoEffectItemData& root, const QString& name)
 {
     const std::size_t slot = slotOf(name);
-    Answer* answer = answerFor(root, slot);
-    if (answer && answer->root == &root && holds(*answer, slot) && answer->name == name)
-        return answer->node;
+    Answer& answer = answerFor(root, slot);
+    if (answer.isAbout(root, name) && holds(answer, slot))
+        return answer.node;
 
     ZoEffectItemData* node = walkToFirst(root, name);
-    // Letter by letter: the caller's letters may lie in memory that the string does not own.
-    if (answer && name.size() <= longestName)
-        *answer = {&root, QString(name.constData(), name.size()), node,
-                   changesInSlot[slot].load(std::memory_order_relaxed), changesForAll.load(std::memory_order_relaxed)};
+    const auto size = static_cast<std::size_t>(name.size());
+    if (size > longestName)
+        return node;
+    answer.root = &root;
+    answer.node = node;
+    answer.changesInSlot = changesInSlot[slot].load(std::memory_order_relaxed);
+    answer.changesForAll = changesForAll.load(std::memory_order_relaxed);
+    answer.size = size;
+    std::copy(name.cbegin(), name.cend(), answer.name.begin());
     return node;
 }
 

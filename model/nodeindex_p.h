@@ -6,7 +6,7 @@ class ZoEffectItemData;
 
 /// Finds the first node of a name, and remembers what it found until the trees change.
 ///
-/// Each thread remembers at most 256 answers, for names of at most 64 letters. An answer holds as long as no child
+/// Each thread remembers at most 256 answers, for names of at most 32 letters. An answer holds as long as no child
 /// list has changed in a way that could touch it, whatever tree and thread that list is in: so no node has to know
 /// where it stands.
 namespace nodeindex {

@@ -11,6 +11,12 @@ bool isSame(const QString& key, const QString& other)
     return (key.constData() == other.constData() && key.size() == other.size()) || key == other;
 }
 
+/// The node is not const, and so its map is not.
+QMap<QString, QVariant>& writable(ZoEffectItemData& node)
+{
+    return const_cast<QMap<QString, QVariant>&>(node.properties());
+}
+
 } // namespace
 
 const QVariant* propertyvalues::find(const ZoEffectItemData& node, const QString& key)
@@ -28,16 +34,30 @@ bool propertyvalues::equals(const ZoEffectItemData& node, const QString& key, co
 
 void propertyvalues::store(ZoEffectItemData& node, const QString& key, const QVariant& value, const QVariant* present)
 {
-    // In place, unless a copy of the map shares the value. The node is not const, and so its map is not.
+    // In place, unless a copy of the map shares the value.
     if (present && node.properties().isDetached())
         *const_cast<QVariant*>(present) = value;
     else
         node.setData(key, value);
 }
 
+void propertyvalues::storeAll(ZoEffectItemData& node, const QMap<QString, QVariant>& values)
+{
+    QMap<QString, QVariant>& properties = writable(node);
+    auto next = properties.begin();
+    for (auto it = values.cbegin(); it != values.cend(); ++it) {
+        while (next != properties.end() && !isSame(next.key(), it.key()) && next.key() < it.key())
+            ++next;
+        if (next != properties.end() && isSame(next.key(), it.key()))
+            next.value() = it.value();
+        else
+            next = properties.insert(next, it.key(), it.value());
+    }
+}
+
 void propertyvalues::share(ZoEffectItemData& node, const QMap<QString, QVariant>& values)
 {
-    const_cast<QMap<QString, QVariant>&>(node.properties()) = values;
+    writable(node) = values;
 }
 
 propertyvalues::Finder::Finder(const ZoEffectItemData& node)

@@ -19,6 +19,9 @@ bool equals(const ZoEffectItemData& node, const QString& key, const QVariant* pr
 /// Stores \a value under \a key in \a node, where \a present is what find() answered.
 void store(ZoEffectItemData& node, const QString& key, const QVariant& value, const QVariant* present);
 
+/// Stores every value of \a values in \a node, in one walk over both.
+void storeAll(ZoEffectItemData& node, const QMap<QString, QVariant>& values);
+
 /// Gives \a node the properties \a values in place of its own. They stay shared until one side changes.
 void share(ZoEffectItemData& node, const QMap<QString, QVariant>& values);
 

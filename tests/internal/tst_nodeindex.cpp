@@ -215,7 +215,7 @@ void TstNodeIndex::namesAreToldApart()
     Tree tree;
     QStringList names;
     for (int i = 0; i < 600; ++i)
-        names << QString(i % 8 == 0 ? 80 : 60, QLatin1Char('x')) + QStringLiteral("%1").arg(i, 4);
+        names << QString(i % 8 == 0 ? 40 : 24, QLatin1Char('x')) + QStringLiteral("%1").arg(i, 4);
     for (int length = 1; length < 200; ++length)
         names << QString(length, QLatin1Char('y'));
     for (int i = 0; i < names.size(); i += 2)

@@ -16,6 +16,9 @@ private slots:
     void valueOfAnotherKeyIsKept();
     void ownValueCanBeStored();
     void sharedValuesChangeOnOneSideOnly();
+    void valuesAreStoredInOneWalk_data();
+    void valuesAreStoredInOneWalk();
+    void missingValueComparesAsTheNodeReadsIt();
     void walkFindsAscendingKeys_data();
     void walkFindsAscendingKeys();
     void walkFindsWhatFindDoes();
@@ -136,6 +139,57 @@ void TstPropertyValues::sharedValuesChangeOnOneSideOnly()
     QCOMPARE(values, (Values{{width, 14}}));
     propertyvalues::share(first, first.properties());
     QCOMPARE(first.properties(), (Values{{width, 13}}));
+}
+
+void TstPropertyValues::valuesAreStoredInOneWalk_data()
+{
+    QTest::addColumn<Values>("before");
+    QTest::addColumn<Values>("values");
+    QTest::addColumn<Values>("after");
+
+    const QString b = QStringLiteral("b");
+    const QString d = QStringLiteral("d");
+    QTest::newRow("into nothing") << Values{} << Values{{b, 1}, {d, 2}} << Values{{b, 1}, {d, 2}};
+    QTest::newRow("nothing") << Values{{b, 1}} << Values{} << Values{{b, 1}};
+    QTest::newRow("same keys") << Values{{b, 1}, {d, 2}} << Values{{b, 3}, {d, 4}} << Values{{b, 3}, {d, 4}};
+    QTest::newRow("before") << Values{{d, 2}} << Values{{QStringLiteral("a"), 1}, {b, 2}}
+                            << Values{{QStringLiteral("a"), 1}, {b, 2}, {d, 2}};
+    QTest::newRow("between") << Values{{b, 1}, {d, 2}} << Values{{QStringLiteral("c"), 3}}
+                             << Values{{b, 1}, {QStringLiteral("c"), 3}, {d, 2}};
+    QTest::newRow("behind") << Values{{b, 1}} << Values{{d, 2}, {QStringLiteral("e"), 3}}
+                            << Values{{b, 1}, {d, 2}, {QStringLiteral("e"), 3}};
+    QTest::newRow("in turn") << Values{{b, 1}, {d, 2}}
+                             << Values{{QStringLiteral("a"), 5}, {b, 6}, {QStringLiteral("c"), 7}, {d, 8}}
+                             << Values{{QStringLiteral("a"), 5}, {b, 6}, {QStringLiteral("c"), 7}, {d, 8}};
+    QTest::newRow("empty key") << Values{{b, 1}} << Values{{QString(), 2}} << Values{{QString(), 2}, {b, 1}};
+    QTest::newRow("invalid value") << Values{{b, 1}} << Values{{b, QVariant()}} << Values{{b, QVariant()}};
+}
+
+void TstPropertyValues::valuesAreStoredInOneWalk()
+{
+    QFETCH(const Values, before);
+    QFETCH(const Values, values);
+    QFETCH(const Values, after);
+    ZoEffectItemData node(QStringLiteral("node"));
+    propertyvalues::share(node, before);
+    const ZoEffectItemData copy(node);
+    propertyvalues::storeAll(node, values);
+    QCOMPARE(node.properties(), after);
+    QCOMPARE(node.properties().keys(), after.keys());
+    QCOMPARE(copy.properties(), before);
+}
+
+void TstPropertyValues::missingValueComparesAsTheNodeReadsIt()
+{
+    const QString trackId = QStringLiteral("trackid");
+    ZoEffectItemData node(QStringLiteral("node"));
+    QVERIFY(propertyvalues::equals(node, trackId, nullptr, -1));
+    QVERIFY(!propertyvalues::equals(node, trackId, nullptr, QVariant()));
+    QVERIFY(propertyvalues::equals(node, width, nullptr, QVariant()));
+    QVERIFY(!propertyvalues::equals(node, width, nullptr, 0));
+    const QVariant stored = 5;
+    QVERIFY(propertyvalues::equals(node, width, &stored, QStringLiteral("5")));
+    QVERIFY(!propertyvalues::equals(node, width, &stored, 6));
 }
 
 void TstPropertyValues::walkFindsAscendingKeys_data()
