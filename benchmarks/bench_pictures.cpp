@@ -83,8 +83,10 @@ Contestant cairoAt(const Scene& scene)
                         turn = 1 - turn;
                         painter->moveFirst(places[turn]);
                     }
+                    // As on the other sides, the old picture is there until the new one is.
+                    cairo_surface_t* next = painter->paint();
                     cairo_surface_destroy(picture);
-                    picture = painter->paint();
+                    picture = next;
                 }
                 if (!painter->shows(picture))
                     state.SkipWithError("the picture lacks a watermark");
