@@ -1,6 +1,7 @@
 #include <memory>
 
 #include <QImage>
+#include <QPainter>
 
 #include "pictures.h"
 #include "rounds.h"
@@ -25,13 +26,30 @@ bool isSame(const QPixmap& picture, const QPixmap& expected)
 struct Scene {
     std::vector<Mark> marks;
     QSize frame;
-    bool moves;
+    bool moves;           ///< The first mark, before each picture.
+    bool isShown = false; ///< Whether each picture is laid over a frame of video.
+};
+
+/// Lays pictures over a frame of video, as a preview does.
+class VideoFrame {
+public:
+    explicit VideoFrame(const QSize& size) : m_frame(size, QImage::Format_RGB32) { m_frame.fill(Qt::gray); }
+
+    void show(const QPixmap& picture)
+    {
+        QPainter painter(&m_frame);
+        painter.drawPixmap(0, 0, picture);
+    }
+
+private:
+    QImage m_frame;
 };
 
 Contestant libraryAt(const Scene& scene)
 {
     const auto model = std::make_shared<ZoEffectModel>();
     fillWithMarks(*model, scene.marks, scene.frame);
+    const auto video = std::make_shared<VideoFrame>(scene.frame);
     return {"library", [=](benchmark::State& state) {
                 std::size_t turn = 0;
                 model->setData(hPosition, places[0], type, 0);
@@ -42,6 +60,8 @@ Contestant libraryAt(const Scene& scene)
                         model->setData(hPosition, places[turn], type, 0);
                     }
                     picture = model->getWatermark(scene.frame.width(), scene.frame.height(), true);
+                    if (scene.isShown)
+                        video->show(picture);
                 }
                 BarePainter expected(scene.marks, scene.frame);
                 expected.moveFirst(places[turn]);
@@ -53,6 +73,7 @@ Contestant libraryAt(const Scene& scene)
 Contestant limitAt(const Scene& scene)
 {
     const auto painter = std::make_shared<BarePainter>(scene.marks, scene.frame);
+    const auto video = std::make_shared<VideoFrame>(scene.frame);
     return {"limit", [=](benchmark::State& state) {
                 std::size_t turn = 0;
                 QPixmap picture;
@@ -62,6 +83,8 @@ Contestant limitAt(const Scene& scene)
                         painter->moveFirst(places[turn]);
                     }
                     picture = painter->paint();
+                    if (scene.isShown)
+                        video->show(picture);
                 }
                 BarePainter expected(scene.marks, scene.frame);
                 if (scene.moves)
@@ -87,6 +110,8 @@ Contestant cairoAt(const Scene& scene)
                     cairo_surface_t* next = painter->paint();
                     cairo_surface_destroy(picture);
                     picture = next;
+                    if (scene.isShown)
+                        painter->show(picture);
                 }
                 if (!painter->shows(picture))
                     state.SkipWithError("the picture lacks a watermark");
@@ -94,6 +119,15 @@ Contestant cairoAt(const Scene& scene)
             }};
 }
 #endif
+
+Case caseOf(const std::string& name, const Scene& scene, int iterations)
+{
+    Case made{name, {libraryAt(scene), limitAt(scene)}, iterations};
+#ifdef HAVE_PANGOCAIRO
+    made.contestants.push_back(cairoAt(scene));
+#endif
+    return made;
+}
 
 } // namespace
 
@@ -109,16 +143,11 @@ std::vector<Case> watermarkCases(int /*largest*/)
     std::vector<Case> cases;
     for (const Frame& frame : frames) {
         for (const int count : {1, 4, 16}) {
-            for (const bool moves : {false, true}) {
-                const Scene scene{marksFor(count, frame.size), frame.size, moves};
-                Case made{std::to_string(count) + " at " + frame.name + (moves ? ", one moved" : ", unchanged"),
-                          {libraryAt(scene), limitAt(scene)},
-                          frame.iterations};
-#ifdef HAVE_PANGOCAIRO
-                made.contestants.push_back(cairoAt(scene));
-#endif
-                cases.push_back(made);
-            }
+            const std::vector<Mark> marks = marksFor(count, frame.size);
+            const std::string name = std::to_string(count) + " at " + frame.name;
+            cases.push_back(caseOf(name + ", unchanged", {marks, frame.size, false}, frame.iterations));
+            cases.push_back(caseOf(name + ", one moved", {marks, frame.size, true}, frame.iterations));
+            cases.push_back(caseOf(name + ", moved and shown", {marks, frame.size, true, true}, frame.iterations));
         }
     }
     return cases;

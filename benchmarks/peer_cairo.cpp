@@ -48,6 +48,7 @@ CairoPainter::CairoPainter(const std::vector<Mark>& marks, const QSize& frame)
     , m_pixels(pixelsWithAlpha())
     , m_image(cairo_image_surface_create_for_data(m_pixels.bits(), CAIRO_FORMAT_ARGB32, m_pixels.width(),
                                                   m_pixels.height(), static_cast<int>(m_pixels.bytesPerLine())))
+    , m_video(cairo_image_surface_create(CAIRO_FORMAT_RGB24, frame.width(), frame.height()))
 {
     cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, 1, 1);
     cairo_t* cairo = cairo_create(surface);
@@ -74,6 +75,7 @@ CairoPainter::~CairoPainter()
             g_object_unref(layout);
     }
     cairo_surface_destroy(m_image);
+    cairo_surface_destroy(m_video);
 }
 
 cairo_surface_t* CairoPainter::paint() const
@@ -94,6 +96,15 @@ cairo_surface_t* CairoPainter::paint() const
     cairo_destroy(cairo);
     cairo_surface_flush(picture);
     return picture;
+}
+
+void CairoPainter::show(cairo_surface_t* picture)
+{
+    cairo_t* cairo = cairo_create(m_video);
+    cairo_set_source_surface(cairo, picture, 0.0, 0.0);
+    cairo_paint(cairo);
+    cairo_destroy(cairo);
+    cairo_surface_flush(m_video);
 }
 
 bool CairoPainter::shows(cairo_surface_t* picture) const

@@ -17,6 +17,8 @@ public:
 
     /// The picture, to be destroyed by the caller.
     cairo_surface_t* paint() const;
+    /// Lays \a picture over a frame of video.
+    void show(cairo_surface_t* picture);
     void moveFirst(int left) { m_marks.front().left = left; }
     /// Whether \a picture shows the marks: opaque enough in the middle of each image, anything where a text is,
     /// and nothing in the last corner.
@@ -28,4 +30,5 @@ private:
     QSize m_frame;
     QImage m_pixels; ///< Those of m_image.
     cairo_surface_t* m_image;
+    cairo_surface_t* m_video;
 };
