@@ -138,7 +138,7 @@ std::vector<Case> watermarkCases(int /*largest*/)
         const char* name;
         int iterations;
     };
-    static const Frame frames[] = {{QSize(1280, 720), "1280x720", 3}, {QSize(3840, 2160), "3840x2160", 1}};
+    static const Frame frames[] = {{QSize(1280, 720), "1280x720", 3}, {QSize(3840, 2160), "3840x2160", 3}};
 
     std::vector<Case> cases;
     for (const Frame& frame : frames) {
