@@ -18,8 +18,7 @@ using cataloguetable::Table;
 constexpr std::size_t keptTables = 64;
 
 /// An entry as it was when it was prepared: its key, and the value byte by byte. As long as a copy of a value lives, no
-/// other value consists of the same bytes, since what they point at is shared with the copy. That holds for Qt's own
-/// types; of others nothing is known.
+/// other value consists of the same bytes, since what they point at is shared with the copy.
 struct Seen {
     QByteArray key;
     std::array<char, sizeof(QVariant)> value;
@@ -31,8 +30,7 @@ struct Seen {
 
     bool isStill(const EffectDefaultVal& entry) const
     {
-        return entry.key && entry.defaultValue.userType() < QMetaType::User
-               && std::strcmp(entry.key, key.constData()) == 0
+        return entry.key && std::strcmp(entry.key, key.constData()) == 0
                && std::memcmp(bytesOf(entry), value.data(), value.size()) == 0;
     }
 
@@ -56,6 +54,14 @@ struct Kept {
         return !entry->key;
     }
 };
+
+/// Whether there is a value of a type that is not Qt's own, of which nothing is known.
+bool hasHostType(const EffectDefaultVal* entry)
+{
+    while (entry->key && entry->defaultValue.userType() < QMetaType::User)
+        ++entry;
+    return entry->key;
+}
 
 QExplicitlySharedDataPointer<const Table> read(const EffectDefaultVal* properties)
 {
@@ -81,9 +87,17 @@ QExplicitlySharedDataPointer<const Table> cataloguetable::prepared(const EffectD
         return read(properties);
     Kept& kept = (*tables)[reinterpret_cast<quintptr>(properties) / sizeof(EffectDefaultVal) % keptTables];
     if (!kept.isUpToDate(properties)) {
+        if (hasHostType(properties))
+            return read(properties);
         kept = {properties, {}, read(properties)};
         for (const EffectDefaultVal* entry = properties; entry->key; ++entry)
             kept.seen.emplace_back(*entry);
     }
     return kept.table;
+}
+
+void cataloguetable::forgetAll()
+{
+    if (auto* tables = perThread<std::array<Kept, keptTables>>())
+        tables->fill({});
 }

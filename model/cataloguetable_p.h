@@ -28,8 +28,11 @@ struct Table : QSharedData {
     bool holdsItself = true;
 };
 
-/// \a properties, which may be null, prepared. Each thread keeps at most 64 tables. They are the host's and may change
-/// or go, so every key and value is looked at again each time.
+/// \a properties, which may be null, prepared. Each thread keeps at most 64 tables, and none with values of types other
+/// than Qt's own. They are the host's and may change, so every key and value is looked at again each time.
 QExplicitlySharedDataPointer<const Table> prepared(const EffectDefaultVal* properties);
+
+/// Forgets the tables that this thread keeps: with its last model the host may let go of its own.
+void forgetAll();
 
 } // namespace cataloguetable

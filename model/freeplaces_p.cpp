@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 namespace {
 
@@ -38,39 +39,59 @@ private:
     std::vector<int> m_sums;
 };
 
-/// The columns at which a rectangle begins or has ended, in their order; slot n is what lies between column n - 1 and
-/// column n.
-class Columns {
-public:
-    explicit Columns(const std::vector<OccupiedRect>& rectangles)
-    {
-        m_edges.reserve(2 * rectangles.size());
-        for (const OccupiedRect& rectangle : rectangles) {
-            m_edges.push_back(rectangle.left);
-            m_edges.push_back(rectangle.right + 1);
-        }
-        std::sort(m_edges.begin(), m_edges.end());
-        m_edges.erase(std::unique(m_edges.begin(), m_edges.end()), m_edges.end());
-    }
-
-    std::size_t slotCount() const { return m_edges.size() + 1; }
-
-    std::size_t slotOf(qint64 column) const
-    {
-        return static_cast<std::size_t>(std::upper_bound(m_edges.cbegin(), m_edges.cend(), column) - m_edges.cbegin());
-    }
-
-private:
-    std::vector<qint64> m_edges;
-};
-
-/// A rectangle by the slots of its columns.
+/// A rectangle by its rows and the slots of its columns. The columns at which rectangles begin, and those behind their
+/// ends, bound the slots: slot n lies between the bounds n - 1 and n.
 struct Band {
     qint64 top;
     qint64 bottom;
     std::size_t first;
     std::size_t behind;
 };
+
+struct Bands {
+    std::vector<Band> bands;
+    std::vector<qint64> bounds;
+};
+
+Bands bandsOf(const QVector<OccupiedRect>& rectangles)
+{
+    using Edge = std::pair<qint64, std::size_t*>; // A column, and where its slot belongs.
+    const auto count = static_cast<std::size_t>(rectangles.size());
+    Bands result;
+    result.bands.reserve(count);
+    std::vector<Edge> edges;
+    edges.reserve(2 * count);
+    for (const OccupiedRect& rectangle : rectangles) {
+        const OccupiedRect area = rectangle.normalized();
+        result.bands.push_back({area.top, area.bottom, 0, 0});
+        edges.emplace_back(area.left, &result.bands.back().first);
+        edges.emplace_back(area.right + 1, &result.bands.back().behind);
+    }
+    std::sort(edges.begin(), edges.end(), [](const Edge& a, const Edge& b) { return a.first < b.first; });
+    for (const auto& [column, slot] : edges) {
+        if (result.bounds.empty() || result.bounds.back() != column)
+            result.bounds.push_back(column);
+        *slot = result.bounds.size();
+    }
+    return result;
+}
+
+/// The slots of the columns \a distance right of \a places. Quick where the places go from left to right.
+std::vector<std::size_t> slotsOf(const std::vector<Place>& places, qint64 distance, const std::vector<qint64>& bounds)
+{
+    std::vector<std::size_t> slots;
+    slots.reserve(places.size());
+    auto behind = bounds.cbegin();
+    for (const Place& place : places) {
+        const qint64 column = place.x + distance;
+        if (behind != bounds.cbegin() && *(behind - 1) > column)
+            behind = std::upper_bound(bounds.cbegin(), behind, column);
+        while (behind != bounds.cend() && *behind <= column)
+            ++behind;
+        slots.push_back(static_cast<std::size_t>(behind - bounds.cbegin()));
+    }
+    return slots;
+}
 
 } // namespace
 
@@ -79,15 +100,10 @@ struct Band {
 std::vector<bool> placement::freePlaces(const QVector<OccupiedRect>& rectangles, const std::vector<Place>& places,
                                         qint64 reach)
 {
-    std::vector<OccupiedRect> areas;
-    areas.reserve(static_cast<std::size_t>(rectangles.size()));
-    for (const OccupiedRect& rectangle : rectangles)
-        areas.push_back(rectangle.normalized());
-    const Columns columns(areas);
-    std::vector<Band> byTop;
-    byTop.reserve(areas.size());
-    for (const OccupiedRect& area : areas)
-        byTop.push_back({area.top, area.bottom, columns.slotOf(area.left), columns.slotOf(area.right + 1)});
+    Bands made = bandsOf(rectangles);
+    const std::vector<std::size_t> slots = slotsOf(places, 0, made.bounds);
+    const std::vector<std::size_t> slotsInReach = slotsOf(places, reach, made.bounds);
+    std::vector<Band> byTop = std::move(made.bands);
     std::vector<Band> byBottom = byTop;
     std::sort(byTop.begin(), byTop.end(), [](const Band& a, const Band& b) { return a.top < b.top; });
     std::sort(byBottom.begin(), byBottom.end(), [](const Band& a, const Band& b) { return a.bottom < b.bottom; });
@@ -95,17 +111,17 @@ std::vector<bool> placement::freePlaces(const QVector<OccupiedRect>& rectangles,
     std::iota(order.begin(), order.end(), 0);
     std::sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) { return places[a].y < places[b].y; });
 
-    IntervalCount count(columns.slotCount());
+    IntervalCount count(made.bounds.size() + 1);
     std::vector<bool> result(places.size());
     auto coming = byTop.cbegin();
     auto going = byBottom.cbegin();
     for (const std::size_t index : order) {
-        const Place& place = places[index];
-        for (; coming != byTop.cend() && coming->top <= place.y; ++coming)
+        const qint64 row = places[index].y;
+        for (; coming != byTop.cend() && coming->top <= row; ++coming)
             count.add(coming->first, coming->behind, 1);
-        for (; going != byBottom.cend() && going->bottom < place.y; ++going)
+        for (; going != byBottom.cend() && going->bottom < row; ++going)
             count.add(going->first, going->behind, -1);
-        result[index] = count.at(columns.slotOf(place.x)) == 0 && count.at(columns.slotOf(place.x + reach)) == 0;
+        result[index] = count.at(slots[index]) == 0 && count.at(slotsInReach[index]) == 0;
     }
     return result;
 }

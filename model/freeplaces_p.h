@@ -14,7 +14,7 @@ struct Place {
 };
 
 /// For each of \a places whether it is free: whether neither it nor the point \a reach right of it lies in one of
-/// \a rectangles. Takes n log n steps for n rectangles and places.
+/// \a rectangles. Takes n log n steps for n rectangles and places that go from left to right.
 std::vector<bool> freePlaces(const QVector<OccupiedRect>& rectangles, const std::vector<Place>& places, qint64 reach);
 
 } // namespace placement

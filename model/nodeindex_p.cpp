@@ -1,8 +1,10 @@
 #include "nodeindex_p.h"
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <cstring>
+#include <type_traits>
 
 #include <QVector>
 

@@ -7,6 +7,7 @@
 #include <QImage>
 #include <QPainter>
 #include <QPointer>
+#include <QStringList>
 
 #include "canvas_p.h"
 #include "perthread_p.h"
@@ -18,16 +19,48 @@ constexpr int drawFlags = Qt::AlignLeft | Qt::AlignVCenter;
 constexpr int keptTexts = 256;
 constexpr int longestKept = 256;
 constexpr qint64 largestPrepared = 1000000; // Pixels.
+/// Qt draws letters of 64 pixels and more along their outlines, and not always with the same pixels: it depends on
+/// where they stand and on what was measured before. Nothing of those is kept.
+constexpr qreal outlinedLetters = 64.0;
+constexpr qreal pointsPerInch = 72.0;
 
+/// A text and all that its layout depends on: the font that was asked for, what may stand for it, and how the one that
+/// was found measures.
 struct Key {
     QString text;
     QFont font;
+    QStringList substitutes;
     int dotsPerInch;
+    int ascent;
+    int descent;
+    int averageWidth;
 };
+
+Key keyOf(const QPainter& painter, const QString& text)
+{
+    const QFontMetrics metrics = painter.fontMetrics();
+    return {text,
+            painter.font(),
+            QFont::substitutes(painter.font().family()),
+            painter.device()->logicalDpiY(),
+            metrics.ascent(),
+            metrics.descent(),
+            metrics.averageCharWidth()};
+}
 
 bool operator==(const Key& left, const Key& right)
 {
-    return left.text == right.text && left.dotsPerInch == right.dotsPerInch && left.font == right.font;
+    return left.text == right.text && left.dotsPerInch == right.dotsPerInch && left.ascent == right.ascent
+           && left.descent == right.descent && left.averageWidth == right.averageWidth && left.font == right.font
+           && left.substitutes == right.substitutes;
+}
+
+bool hasOutlinedLetters(const QPainter& painter)
+{
+    const QFont& font = painter.font();
+    if (font.pixelSize() > 0)
+        return font.pixelSize() >= outlinedLetters;
+    return font.pointSizeF() * painter.device()->logicalDpiY() / pointsPerInch >= outlinedLetters;
 }
 
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
@@ -107,16 +140,22 @@ void prepare(WatermarkText& text, const QPainter& painter)
 
 WatermarkText WatermarkText::laidOut(QPainter& painter, const QString& text)
 {
-    Texts* texts = text.size() <= longestKept ? textsOfApplication() : nullptr;
+    const bool canBeKept = text.size() <= longestKept && !hasOutlinedLetters(painter);
+    Texts* texts = canBeKept ? textsOfApplication() : nullptr;
     if (!texts)
         return measured(painter, text);
-    const Key key{text, painter.font(), painter.device()->logicalDpiY()};
+    const Key key = keyOf(painter, text);
     if (const WatermarkText* known = texts->kept.object(key))
         return *known;
     WatermarkText result = measured(painter, text);
     prepare(result, painter);
     texts->kept.insert(key, new WatermarkText(result));
     return result;
+}
+
+void WatermarkText::forgetAll()
+{
+    forgetTexts();
 }
 
 void WatermarkText::draw(QPainter& painter, int left, int top) const

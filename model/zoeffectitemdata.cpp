@@ -187,6 +187,7 @@ void ZoEffectItemData::clear()
         gather(doomed.at(i)->m_children);
     while (!doomed.isEmpty())
         delete doomed.takeLast();
+    nodeindex::listsChanged(); // Whoever was told of a deletion may have looked nodes up meanwhile.
 }
 
 QVariant ZoEffectItemData::data(const QString& key) const

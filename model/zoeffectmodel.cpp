@@ -1,5 +1,7 @@
 #include "zoeffectmodel.h"
 
+#include <atomic>
+
 #include "catalogue_p.h"
 #include "cataloguetable_p.h"
 #include "cataloguetext_p.h"
@@ -8,6 +10,7 @@
 #include "nodeindex_p.h"
 #include "qtcompat_p.h"
 #include "treecheck_p.h"
+#include "watermarktext_p.h"
 #include "zoeffectcatalogue.h"
 #include "zoeffectitemdefaultvalmgr.h"
 
@@ -29,16 +32,31 @@ void ZoEffectModel::InitEffectModel(const EffectControlItem* items)
     }
 }
 
+namespace {
+
+/// The models of all threads. When the last one goes, the host may let go of what it handed over.
+std::atomic<int> liveModels{0};
+
+void forgetWhatIsTheHosts()
+{
+    cataloguetable::forgetAll();
+    WatermarkText::forgetAll();
+}
+
+} // namespace
+
 ZoEffectModel::ZoEffectModel(QObject* parent) : ZoEffectModel(QStringList(), parent) {}
 
 ZoEffectModel::ZoEffectModel(const QStringList& types, QObject* parent) : QObject(parent), m_root(types::root)
 {
+    ++liveModels;
     createItems(types);
 }
 
 ZoEffectModel::ZoEffectModel(const QString& type, const QMap<QString, QVariant>& props, QObject* parent)
     : QObject(parent), m_root(types::root)
 {
+    ++liveModels;
     ZoEffectItemData* node = findDataItem(type, -1);
     if (!node)
         node = new ZoEffectItemData(type, &m_root, -1);
@@ -47,16 +65,23 @@ ZoEffectModel::ZoEffectModel(const QString& type, const QMap<QString, QVariant>&
 
 ZoEffectModel::ZoEffectModel(const ZoEffectModel& other) : QObject(nullptr), m_root(types::root)
 {
+    ++liveModels;
     *this = other;
 }
 
 // Deliberate: other is not read. A host that wants a copy under a parent assigns to the empty model.
-ZoEffectModel::ZoEffectModel(const ZoEffectModel& /*other*/, QObject* parent) : QObject(parent), m_root(types::root) {}
+ZoEffectModel::ZoEffectModel(const ZoEffectModel& /*other*/, QObject* parent) : QObject(parent), m_root(types::root)
+{
+    ++liveModels;
+}
 
 ZoEffectModel::~ZoEffectModel()
 {
+    m_root.clear();
     nodeindex::listsChanged();
     qDeleteAll(m_images);
+    if (--liveModels == 0)
+        forgetWhatIsTheHosts();
 }
 
 ZoEffectModel& ZoEffectModel::operator=(const ZoEffectModel& other)

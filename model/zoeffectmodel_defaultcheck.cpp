@@ -29,8 +29,10 @@ QMap<QString, QVariant> customDefault(const QString& type)
 /// Whether \a node holds the defaults of \a type for all of \a properties.
 bool holdsDefaults(const ZoEffectItemData& node, const QString& type, const EffectDefaultVal* properties)
 {
-    const QMap<QString, QVariant> saved = customDefault(type);
     const auto table = cataloguetable::prepared(properties);
+    if (table->rows.isEmpty())
+        return true;
+    const QMap<QString, QVariant> saved = customDefault(type);
     if (saved.isEmpty() && table->holdsItself && node.properties().isSharedWith(table->defaults))
         return true;
     propertyvalues::Finder finder(node);

@@ -16,6 +16,12 @@ ZoEffectItemData* nodeAt(ZoEffectItemData* typeNode, int pos)
     return !typeNode || pos == -1 ? typeNode : typeNode->child(pos);
 }
 
+/// Whether comparing \a value with another one may call the host, who may change the tree.
+bool isHostsOwn(const QVariant& value)
+{
+    return value.userType() >= QMetaType::User;
+}
+
 } // namespace
 
 ZoEffectItemData* ZoEffectModel::findDataItem(const ZoEffectItemData* start, const QString& type) const
@@ -86,6 +92,7 @@ bool ZoEffectModel::setData(const QString& key, const QVariant& value, const QSt
 
     const bool isCheckState = key == keys::checkState;
     const QVariant* present = isCheckState ? nullptr : propertyvalues::find(*node, key);
+    const bool staysThere = present && !isHostsOwn(*present) && !isHostsOwn(value);
     const bool isEqual = isCheckState ? catalogue::checkStateFor(value) == node->checkState()
                                       : propertyvalues::equals(*node, key, present, value);
     if (isEqual)
@@ -98,7 +105,7 @@ bool ZoEffectModel::setData(const QString& key, const QVariant& value, const QSt
     if (isCheckState)
         node->setCheckState(catalogue::checkStateFor(changedValue));
     else
-        propertyvalues::store(*node, changedKey, changedValue, present);
+        propertyvalues::store(*node, changedKey, changedValue, staysThere ? present : nullptr);
     if (changedKey == keys::subVPosition && changedType == types::subtitle)
         node->setData(keys::subPositionEditedByUser, true);
     emit effectDataChanged(changedType, changedKey, changedValue, pos);

@@ -68,6 +68,7 @@ class TstCatalogueTable : public QObject {
     Q_OBJECT
 
 private slots:
+    void tablesAreKeptUntilTheyAreForgotten();
     void tableWithoutRows();
     void rowsAreSorted_data();
     void rowsAreSorted();
@@ -85,6 +86,22 @@ private slots:
     void valueOfAHostsTypeIsComparedEachTime();
     void manyMoreTablesThanAreKept();
 };
+
+void TstCatalogueTable::tablesAreKeptUntilTheyAreForgotten()
+{
+    const Properties properties{entry("a", 1), entry(nullptr)};
+    const Pointer first = prepared(properties.data());
+    QVERIFY(prepared(properties.data()) == first);
+    cataloguetable::forgetAll();
+    const Pointer second = prepared(properties.data());
+    QVERIFY(second != first);
+    QCOMPARE(described(second), QStringList{"a=1"});
+
+    // What a value of a host's own type does when it goes is the host's affair, and its code may be gone by then.
+    const Properties hosts{entry("a", QVariant::fromValue(HostValue{})), entry(nullptr)};
+    const Pointer unkept = prepared(hosts.data());
+    QVERIFY(prepared(hosts.data()) != unkept);
+}
 
 void TstCatalogueTable::tableWithoutRows()
 {

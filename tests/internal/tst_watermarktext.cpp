@@ -90,6 +90,8 @@ private slots:
     void threadsMeasureTheSame();
     void sizeIsRightInTheNextApplication();
     void changedFontsAreAskedAnew();
+    void substitutesAreToldApart();
+    void largeLettersAreNotKept();
 };
 
 void TstWatermarkText::sizeIsWhatThePainterMeasures_data()
@@ -303,6 +305,43 @@ void TstWatermarkText::changedFontsAreAskedAnew()
     QVERIFY(WatermarkText::laidOut(painter, second).text.constData() == first.constData());
     emit qGuiApp->fontDatabaseChanged();
     QVERIFY(WatermarkText::laidOut(painter, second).text.constData() == second.constData());
+}
+
+void TstWatermarkText::substitutesAreToldApart()
+{
+    QImage image = surface();
+    QPainter painter(&image);
+    const QString family = QStringLiteral("a family that nobody has");
+    painter.setFont(fontOf("a family that nobody has", 22));
+    const QSize before = sizeOf(painter, shortText);
+    QCOMPARE(before, sizeByHand(painter, shortText));
+    QFont::insertSubstitution(family, QStringLiteral("DejaVu Sans Mono"));
+    painter.setFont(fontOf("a family that nobody has", 22));
+    QCOMPARE(sizeOf(painter, shortText), sizeByHand(painter, shortText));
+    QFont::removeSubstitutions(family);
+    painter.setFont(fontOf("a family that nobody has", 22));
+    QCOMPARE(sizeOf(painter, shortText), sizeByHand(painter, shortText));
+}
+
+// Letters of 64 pixels are drawn along their outlines.
+void TstWatermarkText::largeLettersAreNotKept()
+{
+    QImage image = surface();
+    QPainter painter(&image);
+    for (const int pixels : {63, 64}) {
+        QFont font(QStringLiteral("DejaVu Sans"));
+        font.setPixelSize(pixels);
+        painter.setFont(font);
+        const QString first = QStringLiteral("large %1").arg(pixels);
+        const QString second = QStringLiteral("large %1").arg(pixels);
+        WatermarkText::laidOut(painter, first);
+        const bool isKept = WatermarkText::laidOut(painter, second).text.constData() == first.constData();
+        QCOMPARE(isKept, pixels < 64);
+        QVERIFY(isKept || !WatermarkText::laidOut(painter, second).prepared);
+    }
+    WatermarkText::forgetAll();
+    const QString again = QStringLiteral("large %1").arg(63);
+    QVERIFY(WatermarkText::laidOut(painter, again).text.constData() == again.constData());
 }
 
 int main(int argc, char** argv)

@@ -310,6 +310,18 @@ void Twins::drawLettersOnce()
     stepbystep::Painter().paint(copy, copy.baseSize().width(), copy.baseSize().height(), false);
 }
 
+/// Letters of some 48 points and more are drawn along their outlines, and Qt takes slightly other pixels for that the
+/// first time after other fonts were drawn: of such a scene the second picture counts.
+static bool hasLargeLetters(const ZoEffectModel& model)
+{
+    constexpr int largePoints = 45;
+    for (int pos = 0; pos < model.childCount(QStringLiteral("Watermark")); ++pos) {
+        if (model.data(QStringLiteral("wm_fontsize"), QStringLiteral("Watermark"), pos).toInt() >= largePoints)
+            return true;
+    }
+    return false;
+}
+
 QString Twins::difference(int w, int h, bool honourIgnore)
 {
     logcapture::takeEvents();
@@ -331,6 +343,12 @@ QString Twins::difference(int w, int h, bool honourIgnore)
         return QStringLiteral("an earlier picture has changed");
     m_last = picture;
     m_lastImage = stepbystep::comparable(picture);
+    if (m_lastImage != expected && hasLargeLetters(m_painted)) {
+        picture = m_painting.getWatermark(w, h, honourIgnore);
+        logcapture::takeEvents();
+        m_last = picture;
+        m_lastImage = stepbystep::comparable(picture);
+    }
     if (m_lastImage != expected)
         return QStringLiteral("picture of ") + listed(m_painted).join("; ");
     if (events != expectedEvents)
