@@ -79,8 +79,8 @@ Bands bandsOf(const QVector<OccupiedRect>& rectangles)
 /// The slots of the columns \a distance right of \a places. Quick where the places go from left to right.
 std::vector<std::size_t> slotsOf(const std::vector<Place>& places, qint64 distance, const std::vector<qint64>& bounds)
 {
-    std::vector<std::size_t> slots;
-    slots.reserve(places.size());
+    std::vector<std::size_t> result; // "slots" is a word of Qt's.
+    result.reserve(places.size());
     auto behind = bounds.cbegin();
     for (const Place& place : places) {
         const qint64 column = place.x + distance;
@@ -88,9 +88,9 @@ std::vector<std::size_t> slotsOf(const std::vector<Place>& places, qint64 distan
             behind = std::upper_bound(bounds.cbegin(), behind, column);
         while (behind != bounds.cend() && *behind <= column)
             ++behind;
-        slots.push_back(static_cast<std::size_t>(behind - bounds.cbegin()));
+        result.push_back(static_cast<std::size_t>(behind - bounds.cbegin()));
     }
-    return slots;
+    return result;
 }
 
 } // namespace
@@ -101,8 +101,8 @@ std::vector<bool> placement::freePlaces(const QVector<OccupiedRect>& rectangles,
                                         qint64 reach)
 {
     Bands made = bandsOf(rectangles);
-    const std::vector<std::size_t> slots = slotsOf(places, 0, made.bounds);
-    const std::vector<std::size_t> slotsInReach = slotsOf(places, reach, made.bounds);
+    const std::vector<std::size_t> ownSlots = slotsOf(places, 0, made.bounds);
+    const std::vector<std::size_t> reachedSlots = slotsOf(places, reach, made.bounds);
     std::vector<Band> byTop = std::move(made.bands);
     std::vector<Band> byBottom = byTop;
     std::sort(byTop.begin(), byTop.end(), [](const Band& a, const Band& b) { return a.top < b.top; });
@@ -121,7 +121,7 @@ std::vector<bool> placement::freePlaces(const QVector<OccupiedRect>& rectangles,
             count.add(coming->first, coming->behind, 1);
         for (; going != byBottom.cend() && going->bottom < row; ++going)
             count.add(going->first, going->behind, -1);
-        result[index] = count.at(slots[index]) == 0 && count.at(slotsInReach[index]) == 0;
+        result[index] = count.at(ownSlots[index]) == 0 && count.at(reachedSlots[index]) == 0;
     }
     return result;
 }
