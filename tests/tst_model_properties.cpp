@@ -85,10 +85,17 @@ constexpr FourArguments effectDataChanged = &ZoEffectModel::effectDataChanged;
 
 } // namespace
 
+/// A value of a host's own type.
+struct HostValue {
+    int number;
+};
+Q_DECLARE_METATYPE(HostValue)
+
 class TstModelProperties : public QObject {
     Q_OBJECT
 
 private slots:
+    void valuesOfAHostsTypeAreStored();
     void init();
     void cleanup();
 
@@ -184,6 +191,20 @@ private slots:
     void bracketStandsAroundSingleChanges();
     void notificationsAreNotHeldBack();
 };
+
+void TstModelProperties::valuesOfAHostsTypeAreStored()
+{
+    ZoEffectModel model;
+    const QString left = QStringLiteral("crop_left");
+    const QString crop = QStringLiteral("Crop");
+    const auto number = [&] { return model.data(left, crop, -1).value<HostValue>().number; };
+    QVERIFY(model.setData(left, QVariant::fromValue(HostValue{7}), crop, -1));
+    QCOMPARE(number(), 7);
+    QVERIFY(model.setData(left, QVariant::fromValue(HostValue{8}), crop, -1));
+    QCOMPARE(number(), 8);
+    QVERIFY(model.setData(left, 5, crop, -1));
+    QCOMPARE(model.data(left, crop, -1), QVariant(5));
+}
 
 void TstModelProperties::init()
 {
