@@ -21,7 +21,7 @@ constexpr std::size_t keptTables = 64;
 /// other value consists of the same bytes, since what they point at is shared with the copy.
 struct Seen {
     QByteArray key;
-    std::array<char, sizeof(QVariant)> value;
+    std::array<char, sizeof(QVariant)> value{};
 
     explicit Seen(const EffectDefaultVal& entry) : key(entry.key)
     {

@@ -26,8 +26,9 @@ Kept* placesFor(const char* utf8)
         return nullptr;
     // Fibonacci hashing: texts may lie at any distance from each other.
     constexpr quint64 oddFactor = 0x9E3779B97F4A7C15;
+    constexpr int bits = 64;
     constexpr int bitsBelow = 57;
-    static_assert(keptStrings == 2 * (quint64(1) << (64 - bitsBelow)));
+    static_assert(keptStrings == 2 * (quint64(1) << (bits - bitsBelow)));
     return &(*kept)[2 * ((reinterpret_cast<quintptr>(utf8) * oddFactor) >> bitsBelow)];
 }
 

@@ -25,12 +25,13 @@ std::atomic<quint64> changesForAll{0};
 /// Without a destructor, so that it can be asked as long as the thread lives: a host's static objects may still look
 /// nodes up when those of the thread are gone.
 struct Answer {
-    const ZoEffectItemData* root;
-    ZoEffectItemData* node;
-    quint64 changesInSlot;
-    quint64 changesForAll;
-    std::size_t size;
-    std::array<QChar, longestName> name; // Copied: the caller's letters may lie in memory that the string does not own.
+    const ZoEffectItemData* root = nullptr;
+    ZoEffectItemData* node = nullptr;
+    quint64 changesInSlot = 0;
+    quint64 changesForAll = 0;
+    std::size_t size = 0;
+    std::array<QChar, longestName>
+        name{}; // Copied: the caller's letters may lie in memory that the string does not own.
 
     bool isAbout(const ZoEffectItemData& asked, const QString& text) const
     {
@@ -46,7 +47,10 @@ std::size_t slotOf(const QString& name)
     if (size == 0)
         return 0;
     const QChar* letters = name.constData();
-    return (size + 2 * std::size_t(letters[size / 2].unicode()) + letters[size - 1 - size / 8].unicode()) % nameSlots;
+    constexpr std::size_t nearTheEnd = 8; // An eighth before it, where the names of the audio effects differ.
+    const std::size_t middle = letters[size / 2].unicode();
+    const std::size_t late = letters[size - 1 - size / nearTheEnd].unicode();
+    return (size + 2 * middle + late) % nameSlots;
 }
 
 Answer& answerFor(const ZoEffectItemData& root, std::size_t slot)
