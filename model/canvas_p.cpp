@@ -10,12 +10,16 @@ constexpr qint64 largestArea = qint64(1) << 28;
 
 bool canBePaintedOn(const QSize& size)
 {
-    return qobject_cast<QGuiApplication*>(QCoreApplication::instance()) && !size.isEmpty()
-           && size.width() <= largestSide && size.height() <= largestSide
+    return hasPixmaps() && !size.isEmpty() && size.width() <= largestSide && size.height() <= largestSide
            && qint64(size.width()) * size.height() <= largestArea;
 }
 
 } // namespace
+
+bool hasPixmaps()
+{
+    return qobject_cast<QGuiApplication*>(QCoreApplication::instance());
+}
 
 // Filled, not taken from memory that comes zeroed: the time that saves is spent twice over by who shows the picture, on
 // pages that nobody has touched before.

@@ -30,8 +30,8 @@ struct Answer {
     quint64 changesInSlot = 0;
     quint64 changesForAll = 0;
     std::size_t size = 0;
-    std::array<QChar, longestName>
-        name{}; // Copied: the caller's letters may lie in memory that the string does not own.
+    /// Copied: the caller's letters may lie in memory that the string does not own.
+    std::array<QChar, longestName> name{};
 
     bool isAbout(const ZoEffectItemData& asked, const QString& text) const
     {

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include <QDir>
-#include <QGuiApplication>
 #include <QPainter>
 #include <QPointer>
 #include <QScopedValueRollback>
@@ -46,12 +45,6 @@ QString text(const ZoEffectItemData& item, const QString& key)
 int alphaOf(const ZoEffectItemData& item)
 {
     return watermarkstyle::alpha(number(item, keys::wmTransparency), item.data(keys::wmTransFactor));
-}
-
-/// Pixmaps exist in applications with a graphical side only.
-bool hasPixmaps()
-{
-    return qobject_cast<QGuiApplication*>(QCoreApplication::instance());
 }
 
 /// Draws the image of \a item; false when it cannot be loaded.
