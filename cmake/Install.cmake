@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The libzoeffect developers
+# SPDX-License-Identifier: MIT
+
 # Headers, library, CMake package ZoEffect and zoeffect.pc.
 set(ZOEFFECT_PACKAGE_FOLDER ${CMAKE_INSTALL_LIBDIR}/cmake/ZoEffect)
 

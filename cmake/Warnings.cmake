@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The libzoeffect developers
+# SPDX-License-Identifier: MIT
+
 # The project's own warnings; as errors in the presets, never for those who only build the library.
 function(zoeffect_warnings target)
   if(ZOEFFECT_WARNINGS_AS_ERRORS)

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 // zopreview: what a host does with libzoeffect, from the first call to the picture. Reading order: this file,
 // effecttable.cpp (which effects there are), edits.cpp (changing the settings), pictures.cpp (showing them),
 // report.cpp (asking about them, and listening). request.cpp reads the command line, media.cpp asks ffmpeg.

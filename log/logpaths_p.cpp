@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 #include "logpaths_p.h"
 
 std::optional<LogPaths> logPaths(const QString& executablePath, const QString& temporaryFolder)

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 #include "frameeffectsummary_p.h"
 
 #include <QStringList>

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 /// The events that the model logs. The number is what stands in the log and identifies the event for good:

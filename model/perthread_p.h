@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 /// The one T of this thread, made when it is first asked for; null once the thread's own objects have been destroyed,

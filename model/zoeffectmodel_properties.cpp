@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 #include "zoeffectmodel.h"
 
 #include "catalogue_p.h"

@@ -1,4 +1,7 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 The libzoeffect developers
+# SPDX-License-Identifier: MIT
+
 # consumer.sh BUILD: installs the library from the build tree BUILD into a prefix with a space in its name,
 # moves that elsewhere, and builds and runs the host in consumer/ against it: with CMake and with pkg-config
 # and a plain compiler call, with g++ and clang++. Works in BUILD/tests/consumer.

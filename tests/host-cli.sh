@@ -1,4 +1,7 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 The libzoeffect developers
+# SPDX-License-Identifier: MIT
+
 # host-cli.sh BUILD: the command line of the example host that the build tree BUILD holds: what it prints,
 # which pictures it writes, how it ends. Works in BUILD/tests/host-cli.
 set -euo pipefail

@@ -1,4 +1,7 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 The libzoeffect developers
+# SPDX-License-Identifier: MIT
+
 # readme-host.sh BUILD: what README.md shows is true: the host compiles as printed against the library of the
 # build tree BUILD, runs and prints what is said; the picture, folders and files named are there. Works in
 # BUILD/tests/readme-host.

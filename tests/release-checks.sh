@@ -1,4 +1,7 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 The libzoeffect developers
+# SPDX-License-Identifier: MIT
+
 # release-checks.sh BUILD: compiles the sources that check the tree as a release build does and looks for what
 # is left of the checks. Works in BUILD/tests/release-checks.
 set -euo pipefail

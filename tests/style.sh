@@ -1,4 +1,7 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 The libzoeffect developers
+# SPDX-License-Identifier: MIT
+
 # style.sh: all C++ sources are formatted as .clang-format says, shellcheck finds nothing in the shell scripts,
 # and no test program is forgotten.
 set -euo pipefail

@@ -1,4 +1,7 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 The libzoeffect developers
+# SPDX-License-Identifier: MIT
+
 # tidy.sh BUILD: clang-tidy finds nothing in the sources that the build tree BUILD compiles. A source is
 # checked again only when it, a header of the tree, its compiler call or the configuration has changed:
 # BUILD/tests/tidy remembers what was found clean.

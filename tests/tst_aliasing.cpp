@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 // Arguments that refer into what the call changes, and callbacks in the middle of a deletion: each operation
 // takes its arguments as they were when it was called.
 

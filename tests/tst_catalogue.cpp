@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 // The vocabulary of effect types: every property with its default, choices and bounds, typed anew here, and
 // the lookup of a type in a table.
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 // An application without a graphical side, in a locale with digits of its own: the settings work, pictures
 // are nothing, and the log reads the same.
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 // What the store of custom defaults finds when a process starts. Each start is a process of its own: with a host
 // that brings its preferences, and with the library's own file.
 

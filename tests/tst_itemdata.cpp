@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 // The node of every effect tree: construction, copies, child list, properties.
 
 #include <climits>

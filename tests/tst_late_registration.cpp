@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 // What saved custom defaults a process finds depends on what was registered when the store of custom defaults
 // was first asked for. Each order of events is played in a process of its own.
 

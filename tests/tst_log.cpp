@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 // The diagnostic log: what a line looks like, where it goes, when the file is copied, and what is refused.
 
 #include <cstdio>

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 // The log as a file: who may read it, and a disk that is full.
 
 #include <csignal>

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 // What a host that connects by text, or walks the meta-object, relies on.
 
 #include <QMetaMethod>

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 // Registering a table of effect types, building the tree of a model, its first values, copies and edit flags.
 
 #include <cmath>

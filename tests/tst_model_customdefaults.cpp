@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 // Saving the settings of an item as its type's custom default, and laying custom defaults over items.
 
 #include <climits>

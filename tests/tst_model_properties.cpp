@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 // Finding nodes, reading and writing values, defaults, and the signals that tell of changes.
 
 #include <climits>

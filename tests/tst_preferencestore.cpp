@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 // Where the custom defaults are kept: the preferences that the host's application object gives at the moment, else
 // the library's own file.
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 // A process in which no table of effect types is registered until the last slot: models have no types, and
 // everything else works as far as it can.
 

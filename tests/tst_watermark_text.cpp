@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 // Where the text of a watermark stands in the picture.
 
 #include <QFontMetrics>

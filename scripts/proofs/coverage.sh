@@ -1,4 +1,7 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 The libzoeffect developers
+# SPDX-License-Identifier: MIT
+
 # Measures which lines and branches of the library the tests run through. See usage below.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/../.."

@@ -1,4 +1,7 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 The libzoeffect developers
+# SPDX-License-Identifier: MIT
+
 # Proves that no fault of the system makes the library lose, destroy or block anything. See usage below.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/../.."

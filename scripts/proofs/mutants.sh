@@ -1,4 +1,7 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 The libzoeffect developers
+# SPDX-License-Identifier: MIT
+
 # Changes the library in many small ways and lets the tests find each. See usage below.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/../.."

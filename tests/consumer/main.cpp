@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 // A host against the installed package, in small: it registers its table of effect types, listens to a model,
 // brings a store for the custom defaults and asks for the watermark picture. Each check prints one row.
 

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The libzoeffect developers
+# SPDX-License-Identifier: MIT
+
 """Judges what gcovr measured: coverage.py REPORT EXCEPTIONS. Started by scripts/proofs/coverage.sh."""
 
 import collections

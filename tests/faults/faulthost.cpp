@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 // A host of its own process for faults that come from outside: strace, a disk that is really full. See usage below.
 
 #include <cstdio>

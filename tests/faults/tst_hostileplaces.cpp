@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 // What a host sees of its custom defaults and its log when the places of their files are hostile: full, missing,
 // forbidden, something else than a file, locked for ever, written by another process at the same time. Each operation
 // is quick and does its work in memory; nothing is destroyed, and nothing is written elsewhere.

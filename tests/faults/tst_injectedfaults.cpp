@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 // Every system call of an operation that reads or writes files, failed in turn, and the process killed at each:
 // the store's file holds the old or the new state, whole; the next start reads it; no call takes long; nothing
 // else is written.

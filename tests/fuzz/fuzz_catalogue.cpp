@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 // A host's table of effect types, built of the bytes: empty names, names twice, nested tables, tables that are
 // missing, values of any type. Such a table is registered, and models are made of it.
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 // The image file of a watermark. The first byte chooses the file's suffix, the second the format that the caller
 // names, the third says whether the checksums of a PNG are put right; the others are the file.
 

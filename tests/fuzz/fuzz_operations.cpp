@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 // A host's session: any sequence of the public operations on three models, their nodes and the store of custom
 // defaults, with hostile values, and with listeners that call back into the model.
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 // The file of the embedded preference store. The first byte tells what the others are: the whole file, what
 // stands in it between a good first line and a good checksum, all but the checksum, values to be written and
 // read back, or a value of which the type is right and the rest is not.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 // The summary of the frame effects, "A|true|B|false": what is saved as custom default is text from outside, and
 // so are the names of a host's frame effects. A model with those names is compared with the few lines below.
 

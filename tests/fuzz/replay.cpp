@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 // replay TARGET FOLDER: runs the fuzz target that is linked to it over all files of a corpus folder and prints a
 // row for each, in Qt Test's text form. The target runs in a child process: what kills it costs one row, and
 // the files behind go on with another child.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 // Which image files are let near Qt's readers, told from headers alone.
 
 #include <algorithm>

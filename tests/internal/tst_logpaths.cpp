@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 // Where the log of an application is, told from the path of its executable alone.
 
 #include <QtTest>

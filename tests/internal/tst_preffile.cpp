@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 // What is told of a store file before it is read, and the names under which damaged ones are set aside.
 
 #include <sys/stat.h>

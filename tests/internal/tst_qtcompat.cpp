@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 // The meaning of values: what equals what, and what converts to what. All expectations are Qt 5.15's own answers
 // on 64-bit x86; they hold on every Qt and processor.
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 // Listeners that bite: on every signal, in the middle of every operation that sends one, a listener changes what the
 // operation works on. Each bite is tried in each operation; afterwards the tree must be what the operation and the
 // bite give one after the other, and nothing freed may be touched (which the sanitizers watch).

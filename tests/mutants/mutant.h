@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 /// What the mutated sources ask. Which mutant is active comes from the environment, so that one build holds

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The libzoeffect developers
+# SPDX-License-Identifier: MIT
+
 """Makes mutants of the library and lets the tests find them. Started by scripts/proofs/mutants.sh."""
 
 import argparse

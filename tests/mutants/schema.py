@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The libzoeffect developers
+# SPDX-License-Identifier: MIT
+
 """Writes sources that hold many mutants at once, one of which the environment can switch on."""
 
 import re

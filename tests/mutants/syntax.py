@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The libzoeffect developers
+# SPDX-License-Identifier: MIT
+
 """Finds the places of C++ sources where a mutant can be made, on libclang's syntax tree."""
 
 import bisect

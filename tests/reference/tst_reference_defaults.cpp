@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 // Defaults against a step-by-step filling, on random tables of a host's: whatever the library prepares from a table, it
 // must store and compare what the table and the custom defaults hold at that moment.
 

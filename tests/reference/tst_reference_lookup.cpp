@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 // Lookups against the plain walk, on random programs of edits: whatever the library remembers of a tree, it must find
 // what is there now.
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 // What a model remembers of pictures and texts is bounded: after thousands of different ones it takes no more memory
 // than after hundreds.
 

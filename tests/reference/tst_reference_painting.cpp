@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 // Pictures against those painted step by step, pixel by pixel, on random scenes: whatever the library remembers of
 // texts, images and earlier pictures, it must paint what is there now.
 

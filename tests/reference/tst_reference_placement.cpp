@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 // Places of new watermarks against searches that go place by place and rectangle by rectangle, on random lists of
 // watermarks, through the model.
 

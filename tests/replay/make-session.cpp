@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 // make-session KIND SEED COUNT: prints a session for replay, COUNT operations drawn by chance from those of a kind. The
 // same arguments give the same session everywhere. Kinds: odd-values, lists, tracks, geometry, defaults, everything.
 

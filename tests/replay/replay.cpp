@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 // replay SESSION: does what a recorded session says, one operation a line, on the library as a host sees it, and
 // prints what comes of it: after each line ("> ") its result ("= "), the signals ("! "), the numbers of the logged
 // events

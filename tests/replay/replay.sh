@@ -1,4 +1,7 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 The libzoeffect developers
+# SPDX-License-Identifier: MIT
+
 # replay.sh REPLAY MAKE_SESSION: replays the recorded sessions and compares what comes of them with what is expected,
 # and draws those that were drawn again.
 set -euo pipefail

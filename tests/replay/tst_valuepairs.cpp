@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 // What the model takes for equal, and what it makes of values of odd types, on every Qt and processor the same:
 // valuepairs.txt tells, which is what Qt 5.15's QVariant alone says on 64-bit x86 (see valuepairs-reference.cpp).
 // The model is asked through those of its operations that compare and convert.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 // Prints valuepairs.txt: what Qt 5's own QVariant says of all ordered pairs of values and of the conversions that the
 // library does. Uses nothing of the library. Built with Qt 5 only, on 64-bit x86, which is the reference:
 //

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 // Every public operation of the library, as a session calls it: what it is called with is chosen, the call is told,
 // made on both sides, and the result compared. What the call did to trees, signals, log and store is compared
 // afterwards by the stage.

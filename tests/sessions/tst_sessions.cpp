@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 // Random sessions of a host on the library, each step held against a naive account of what it is to do.
 //
 // ZOEFFECT_SESSION_STEPS tells how many steps to make, RC_PARAMS the seed and all else that RapidCheck reads from it.

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The libzoeffect developers
+# SPDX-License-Identifier: MIT
+
 # shellcheck shell=bash
 # Rows of the shell tests, in Qt Test's text form. To be sourced.
 

@@ -1,4 +1,7 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 The libzoeffect developers
+# SPDX-License-Identifier: MIT
+
 # summary.sh RESULTS: reads the output of ctest --output-on-failure, and of each test the file that it left,
 # RESULTS/<name>.result.txt, in Qt Test's text form. Prints one line for each test as it ends, under it what
 # failed; leaves "<passed> <failed>" in RESULTS/sum.

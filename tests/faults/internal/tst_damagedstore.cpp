@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
 // A store file with the custom defaults of all types, damaged in every place: it is set aside whole, never
 // destroyed, and the store works on. tst_guardedini holds what is no file of the format; here it is about the bytes
 // on the disk.
