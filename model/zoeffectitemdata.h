@@ -45,6 +45,7 @@ public:
 
     /// The node under which this one was created, or null. Moving a node elsewhere does not change it.
     ZoEffectItemData* parent() const;
+    /// The number of children.
     int childCount() const;
     /// The child at \a row; null when there is none.
     ZoEffectItemData* child(int row) const;
@@ -82,6 +83,7 @@ public:
 
     /// The host's pointer; never read or freed by the node, shared by copies.
     void* internalData() const;
+    /// Stores the host's pointer; null by default. What it points at stays the host's.
     void setInternalData(void* data);
 
     /// The name given at construction or taken over by assignment.
@@ -90,6 +92,7 @@ public:
     int checkState() const;
     /// Stores \a state as it is.
     void setCheckState(int state);
+    /// All properties by key. The reference lives as long as the node; a copy is cheap and stays as it is.
     const QMap<QString, QVariant>& properties() const;
 
 private:

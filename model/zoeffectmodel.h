@@ -19,12 +19,12 @@ struct SubEffectItem;
 
 /// A crop rectangle in pixels of the base size.
 struct CropData {
-    int left = 0;
-    int top = 0;
-    int width = 0;
-    int height = 0;
+    int left = 0;       ///< Distance from the left edge of the frame.
+    int top = 0;        ///< Distance from the upper edge of the frame.
+    int width = 0;      ///< Width of the part that is kept.
+    int height = 0;     ///< Height of the part that is kept.
     int reserved = 0;   ///< Always 0.
-    bool valid = false; ///< Whether the record holds a crop that applies.
+    bool valid = false; ///< Whether the record holds a crop that applies; all zero if not.
 };
 
 /// The effect settings of one source file.
@@ -104,6 +104,7 @@ public:
     /// Whether a custom default of a type other than "Watermark" and "Subtitle" was applied ("editbydefault"
     /// on the root).
     bool editByDefault() const;
+    /// Sets editByDefault() back to false ("editbydefault" on the root). Sends nothing.
     void resetEditByDefaultFlag();
 
     /// The registered table of effect types; null until InitEffectModel().
@@ -160,6 +161,7 @@ public:
     void selectItemByKeyEx(const QString& type, const QString& key, const QStringList& values);
     /// The index of the first item whose value under \a key equals \a value; -1 when there is none.
     int getItemIndexByKeyValue(const QString& type, const QString& key, const QVariant& value) const;
+    /// Whether \a type has an item whose value under \a key equals \a value.
     bool haveSameItem(const QString& type, const QString& key, const QVariant& value) const;
     /// The first selected item of a selected type; null when there is none. Deliberate: for "Audio" a new
     /// node named "Audio" that holds all selected tracks. That container is the caller's, the tracks in it
@@ -254,7 +256,10 @@ public:
 
     // --- Custom defaults --------------------------------------------------------------------------------
 
+    /// Whether the user has saved a custom default for \a type, in this or an earlier run.
     bool hasCustomDefault(const QString& type) const;
+    /// Forgets the custom default of \a type, in the preference store too; models keep their values. Does
+    /// nothing when there is none.
     void removeCustomDefault(const QString& type);
     /// The saved custom value: key first. Invalid when there is none.
     static QVariant customDefaultVal(const QString& key, const QString& type);
