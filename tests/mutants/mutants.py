@@ -21,7 +21,7 @@ from syntax import Finder, named
 
 ROOT = os.path.realpath(os.path.join(os.path.dirname(__file__), "..", ".."))
 FOLDERS = ["catalogue", "defaults", "log", "model", "platform"]
-MIRRORED = ["CMakeLists.txt", "cmake", "tests/CMakeLists.txt", "tests/data", "tests/internal", "tests/support"]
+MIRRORED = ["CMakeLists.txt", "cmake", "tests/CMakeLists.txt", "tests/internal", "tests/support"]
 WORK = os.path.join(ROOT, "build", "mutants")
 TREE = os.path.join(WORK, "tree")
 BUILD = os.path.join(WORK, "build")
