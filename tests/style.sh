@@ -2,8 +2,8 @@
 # SPDX-FileCopyrightText: 2026 The libzoeffect developers
 # SPDX-License-Identifier: MIT
 
-# style.sh: all C++ sources are formatted as .clang-format says, shellcheck finds nothing in the shell scripts,
-# and no test program is forgotten.
+# style.sh: all C++ sources are formatted as .clang-format says, shellcheck finds nothing in the shell scripts, each
+# file has its licence, and no test program is forgotten.
 set -euo pipefail
 here=$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")
 # shellcheck source-path=SCRIPTDIR source=support/rows.sh
@@ -24,6 +24,13 @@ mapfile -t scripts <<< "$({
 
 check 'style: all C++ sources are formatted' clang-format --dry-run -Werror "${sources[@]}" || true
 check 'style: shellcheck finds nothing in the shell scripts' shellcheck --external-sources "${scripts[@]}" || true
+
+# Of a copy, since without git reuse would look at what was built, too.
+copy=$(mktemp -d)
+trap 'rm -rf "$copy"' EXIT
+tar --create --exclude=./build --exclude=./.git . | tar --extract --directory="$copy"
+check 'style: reuse finds licence and copyright of each file' reuse --root "$copy" lint || true
+
 same 'style: every test program is registered' \
     "$(find tests -name 'tst_*.cpp' -printf '%f\n' | sed 's/\.cpp$//' | LC_ALL=C sort)" \
     "$(find tests -name CMakeLists.txt -exec sed -nE 's/^    (tst_.*)/\1/p; s/^ *zoeffect_(internal_)?test\((tst_[a-z0-9_]+).*/\2/p' {} + | LC_ALL=C sort)" || true
