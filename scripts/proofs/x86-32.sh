@@ -41,55 +41,17 @@ if ((EUID != 0)); then
 fi
 scripts/install-packages debootstrap git util-linux
 
-readonly suite=bookworm
-readonly default_mirror=http://deb.debian.org/debian
 readonly folder=$PWD/build/x86-32
 readonly root=$folder/root
 readonly checkout=/root/libzoeffect # Within the root.
+readonly enter_with=(setarch i386) # The machine calls itself i686 there.
 mkdir -p "$folder"
+# shellcheck source-path=SCRIPTDIR source=support/debian.sh
+source scripts/proofs/support/debian.sh
 
 # One run at a time uses the root.
 exec 9> "$folder/lock"
 flock 9
-
-# The first Debian archive that this machine installs from, in either form of its lists.
-mirror() {
-    local lists=() list found=
-    for list in /etc/apt/sources.list /etc/apt/sources.list.d/*.list /etc/apt/sources.list.d/*.sources; do
-        [[ ! -f $list ]] || lists+=("$list")
-    done
-    if ((${#lists[@]})); then
-        found=$(sed -nE 's/^(deb|URIs:)[[:space:]]+(\[[^]]*\][[:space:]]+)?([a-z]+:[^[:space:]]*\/debian)\/?([[:space:]].*)?$/\3/p' "${lists[@]}")
-    fi
-    found=${found%%$'\n'*}
-    echo "${found:-$default_mirror}"
-}
-
-# Under another name until it is complete.
-make_root() {
-    local archive
-    archive=$(mirror)
-    echo "== making a $suite for i386 from $archive"
-    rm -rf --one-file-system "$root.new"
-    if ! debootstrap --arch=i386 --variant=minbase "$suite" "$root.new" "$archive" > "$folder/debootstrap.log" 2>&1; then
-        tail -n 20 "$folder/debootstrap.log" >&2
-        exit 1
-    fi
-    mv "$root.new" "$root"
-}
-
-mounted=()
-trap '((${#mounted[@]} == 0)) || umount --lazy "${mounted[@]}"' EXIT
-trap 'exit 1' HUP INT TERM
-
-# mount_in TYPE FOLDER: unless something is mounted there.
-mount_in() {
-    mkdir -p "$root$2"
-    if ! mountpoint --quiet "$root$2"; then
-        mount -t "$1" "$1" "$root$2"
-        mounted+=("$root$2")
-    fi
-}
 
 # The sources as they are now; what the last run built stays. Only what differs is written, with the time of now:
 # the build goes by times, and a file can be older here than what was built there from the one before it.
@@ -112,17 +74,7 @@ copy_sources() {
     done < "$list"
 }
 
-# enter COMMAND...: runs it in the root, where the machine calls itself i686, in an environment of its own.
-enter() {
-    local environment=(HOME=/root PATH=/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin LANG=C.UTF-8)
-    local name
-    for name in http_proxy https_proxy no_proxy; do
-        [[ -z ${!name:-} ]] || environment+=("$name=${!name}")
-    done
-    setarch i386 chroot "$root" /usr/bin/env -i "${environment[@]}" "$@"
-}
-
-[[ -d $root ]] || make_root
+[[ -d $root ]] || make_root i386
 mount_in proc /proc
 mount_in tmpfs /dev/shm
 cp /etc/resolv.conf "$root/etc/resolv.conf"

@@ -4,11 +4,15 @@
 # shellcheck shell=bash
 # Rows of the shell tests, in Qt Test's text form. To be sourced.
 
+# What has passed and failed so far, for who sources this.
+# shellcheck disable=SC2034 # read there
+rows_passed=0
 rows_failed=0
 
 # pass NAME
 pass() {
     printf 'PASS   : %s\n' "$1"
+    rows_passed=$((rows_passed + 1))
 }
 
 # fail NAME [TEXT]: the text says what was found.

@@ -1,0 +1,146 @@
+#!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 The libzoeffect developers
+# SPDX-License-Identifier: MIT
+
+# Proves the Debian packages. See usage below.
+set -euo pipefail
+cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/../.."
+readonly tree=$PWD
+
+usage() {
+    cat <<'TEXT'
+usage: packages
+
+Makes the Debian packages twice, of this checkout and of a clone in another folder, with another mask, language and
+time zone, and compares them bit by bit. Then it makes a bare Debian by debootstrap (build/packages-root), installs
+the packages there beside nothing but compiler and CMake, and builds and runs
+
+  the host of the guide's first chapter, by the commands that stand there,
+  the consumer project of the tests, with CMake and with pkg-config,
+  all programs of the guide, from where libzoeffect-dev puts them.
+
+At last it removes the packages and looks for what is left behind. Takes root, a checkout without changes, and some
+five minutes.
+
+Ends with the line "N passed, N failed"; 0 when every row passed, 1 otherwise, 2 on wrong usage.
+TEXT
+}
+
+case ${1:-} in
+--help | -h)
+    usage
+    exit 0
+    ;;
+'') ;;
+*)
+    usage >&2
+    exit 2
+    ;;
+esac
+if ((EUID != 0)); then
+    echo "packages: only root can make and enter another system" >&2
+    exit 1
+fi
+scripts/install-packages build docs package debootstrap git util-linux
+
+readonly folder=$tree/build/packages-proof
+readonly root=$folder/root
+readonly other="$folder/another place"
+readonly enter_with=()
+mkdir -p "$folder"
+# shellcheck source-path=SCRIPTDIR source=support/debian.sh
+source scripts/proofs/support/debian.sh
+# shellcheck source-path=SCRIPTDIR source=../../tests/support/rows.sh
+source tests/support/rows.sh
+
+# block LANGUAGE N: the N-th block of code in this language of the first chapter.
+block() {
+    awk -v fence="\`\`\`$1" -v wanted="$2" '
+        $0 == fence { inside = ++count == wanted; next }
+        /^```$/ { inside = 0 }
+        inside' docs/guide/01-first-host.md
+}
+
+# Everything in the system but caches, logs and the packages' own records.
+files_inside() {
+    (cd "$root" && find . -xdev \( -path ./proc -o -path ./tmp -o -path ./root -o -path ./var/cache -o -path ./var/log \
+        -o -path ./var/lib/apt -o -path ./var/lib/dpkg \) -prune -o -print | sed 's/^\.//' | LC_ALL=C sort)
+}
+
+# --- Two times the same ------------------------------------------------------------------------------------------
+
+same 'packages: the checkout has no changes' '' "$(git -c safe.directory="$tree" status --porcelain)" || finish
+check 'packages: they are made, and lintian finds nothing' scripts/package || finish
+rm -rf "$other"
+git -c safe.directory="$tree" clone --quiet "$tree" "$other"
+# shellcheck disable=SC2016 # expanded by the inner shell
+check 'packages: they are made in another place' \
+    env TZ=Asia/Tokyo LC_ALL=C sh -c 'umask 077; exec "$1/scripts/package"' sh "$other" || finish
+version=$(scripts/version)-1
+architecture=$(dpkg --print-architecture)
+same 'packages: these three and no others' "libzoeffect-dev_${version}_$architecture.deb
+libzoeffect-doc_${version}_all.deb
+libzoeffect1_${version}_$architecture.deb" "$(cd build/packages && printf '%s\n' *)" || true
+for package in build/packages/*.deb; do
+    check "packages: ${package##*/} is the same, bit by bit" \
+        cmp "$package" "$other/build/packages/${package##*/}" || true
+done
+
+# --- Installed in a bare system ------------------------------------------------------------------------------------
+
+rm -rf --one-file-system "$root"
+make_root "$architecture"
+mount_in proc /proc
+echo 'APT::Install-Recommends "false";' > "$root/etc/apt/apt.conf.d/only-what-is-needed"
+mkdir "$root/root/first-host"
+# What the chapter asks for besides comes first: what has come after that, and stays, is the packages' own.
+check 'packages: compiler and CMake are installed' enter sh -c \
+    'apt-get update && apt-get install --yes cmake g++ make pkgconf qtbase5-dev' || finish
+files_inside > "$folder/before"
+
+cp build/packages/*.deb "$root/root/first-host"
+block sh 1 > "$root/root/install"
+block sh 2 > "$root/root/build"
+block cpp 1 > "$root/root/first-host/main.cpp"
+block cmake 1 > "$root/root/first-host/CMakeLists.txt"
+check 'packages: the first chapter installs them' enter sh -euc 'cd /root/first-host && . /root/install' || finish
+check 'packages: libzoeffect-doc is installed' \
+    enter sh -c 'apt-get install --yes /root/first-host/libzoeffect-doc_*.deb' || true
+files_inside > "$folder/installed"
+enter dpkg -L libzoeffect1 libzoeffect-dev libzoeffect-doc | LC_ALL=C sort -u > "$folder/owned"
+same 'packages: nothing has come but what is theirs' '' \
+    "$(LC_ALL=C comm -13 "$folder/before" "$folder/installed" | LC_ALL=C comm -23 - "$folder/owned")" || true
+
+# --- Used ----------------------------------------------------------------------------------------------------------
+
+check 'packages: the first chapter builds and runs its host' enter sh -euc \
+    'cd /root/first-host && (. /root/build) > /root/output 2> /root/errors || { cat /root/output /root/errors; exit 1; }' || true
+same 'packages: its host prints what the chapter says' "$(block text 1)" "$(sed -E '/^(--|\[)/d' "$root/root/output")" || true
+same 'packages: its host and CMake complain of nothing' '' \
+    "$(grep -v '^QStandardPaths: XDG_RUNTIME_DIR not set' "$root/root/errors" || true)" || true
+check 'packages: its host leaves a picture' test -s "$root/root/first-host/watermark.png" || true
+
+cp -r tests/consumer "$root/root/consumer"
+check 'packages: the consumer project is built' enter sh -euc \
+    'cd /root/consumer && cmake -S . -B build -DCMAKE_BUILD_TYPE=Debug && cmake --build build' || true
+check 'packages: the consumer runs' enter env QT_QPA_PLATFORM=offscreen /root/consumer/build/consumer || true
+# shellcheck disable=SC2016 # expanded by the inner shell
+check 'packages: pkg-config builds the consumer' enter sh -euc \
+    'cd /root/consumer && g++ -std=c++17 main.cpp -o plain $(pkg-config --cflags --libs zoeffect)' || true
+check 'packages: that runs, too' enter env QT_QPA_PLATFORM=offscreen /root/consumer/plain || true
+check 'packages: the programs of the guide are built' enter sh -euc \
+    'cmake -S /usr/share/doc/libzoeffect-dev/examples -B /root/examples && cmake --build /root/examples' || true
+for program in examples/*.cpp; do
+    name=example-$(basename "$program" .cpp)
+    check "packages: $name runs" enter env QT_QPA_PLATFORM=offscreen "/root/examples/$name" || true
+done
+
+# --- Removed -------------------------------------------------------------------------------------------------------
+
+check 'packages: they are removed' enter apt-get purge --yes libzoeffect1 libzoeffect-dev libzoeffect-doc || true
+files_inside > "$folder/after"
+same 'packages: nothing is left behind' '' "$(LC_ALL=C comm -13 "$folder/before" "$folder/after")" || true
+same 'packages: nothing else is gone' '' "$(LC_ALL=C comm -23 "$folder/before" "$folder/after")" || true
+
+echo "$rows_passed passed, $rows_failed failed"
+finish
