@@ -132,7 +132,7 @@ check 'packages: the programs of the guide are built' enter sh -euc \
     'cmake -S /usr/share/doc/libzoeffect-dev/examples -B /root/examples && cmake --build /root/examples' || true
 for program in examples/*.cpp; do
     name=example-$(basename "$program" .cpp)
-    check "packages: $name runs" enter env QT_QPA_PLATFORM=offscreen "/root/examples/$name" || true
+    check "packages: $name runs" enter sh -euc "cd /root/examples && QT_QPA_PLATFORM=offscreen ./$name" || true
 done
 
 # --- Removed -------------------------------------------------------------------------------------------------------
