@@ -27,6 +27,20 @@ struct CropData {
     bool valid = false; ///< Whether the record holds a crop that applies; all zero if not.
 };
 
+// Where to find what:
+//   construction, copies, edit flags   zoeffectmodel.cpp
+//   lookup, values, change bracket     zoeffectmodel_properties.cpp
+//   selection by key                   zoeffectmodel_selection.cpp
+//   subtitle and audio tracks          zoeffectmodel_tracks.cpp
+//   video size, rescaling, crop        zoeffectmodel_geometry.cpp
+//   defaults, real effects             zoeffectmodel_defaultcheck.cpp
+//   frame effects                      zoeffectmodel_frameeffects.cpp
+//   custom defaults                    zoeffectmodel_customdefaults.cpp
+//   place of a new watermark           zoeffectmodel_placement.cpp
+//   adding, moving, resetting items    zoeffectmodel_items.cpp
+//   watermark picture                  zoeffectmodel_rendering.cpp
+//   handing settings to others         zoeffectmodel_apply.cpp
+
 /// The effect settings of one source file.
 ///
 /// The settings are a tree: the root "effect root" with the video size ("w", "h"), under it one node per
@@ -43,29 +57,16 @@ struct CropData {
 /// render the model, but must not delete it. To be used from one thread, after the application object was
 /// created; pictures take a QGuiApplication.
 /// Nothing throws: a failure is told by the result, and where noted by an entry in the log (see WriteLog).
-///
-/// Where to find what:
-///   construction, copies, edit flags   zoeffectmodel.cpp
-///   lookup, values, change bracket     zoeffectmodel_properties.cpp
-///   selection by key                   zoeffectmodel_selection.cpp
-///   subtitle and audio tracks          zoeffectmodel_tracks.cpp
-///   video size, rescaling, crop        zoeffectmodel_geometry.cpp
-///   defaults, real effects             zoeffectmodel_defaultcheck.cpp
-///   frame effects                      zoeffectmodel_frameeffects.cpp
-///   custom defaults                    zoeffectmodel_customdefaults.cpp
-///   place of a new watermark           zoeffectmodel_placement.cpp
-///   adding, moving, resetting items    zoeffectmodel_items.cpp
-///   watermark picture                  zoeffectmodel_rendering.cpp
-///   handing settings to others         zoeffectmodel_apply.cpp
 class ZOEFFECT_EXPORT ZoEffectModel : public QObject {
     Q_OBJECT
 
 public:
-    // --- Construction and copies ------------------------------------------------------------------------
+    /// \name Construction and copies
+    /// @{
 
     /// Registers the host's table of effect types for all models and tells the custom defaults which types
-    /// exist. To be called once, before the first model is built; \a items must outlive all models. Null is
-    /// logged (25) and accepted: models then have no types.
+    /// exist. To be called once, before the first model is built; \a items must outlive all models and be there
+    /// for defaultValue() and findOriItem(), too. Null is logged (25) and accepted: models then have no types.
     static void InitEffectModel(const EffectControlItem* items);
 
     /// A model with every top-level type of the registered table, filled with the defaults.
@@ -79,6 +80,7 @@ public:
     ZoEffectModel(const ZoEffectModel& other);
     /// Deliberate: an empty model under \a parent; \a other is not read.
     ZoEffectModel(const ZoEffectModel& other, QObject* parent);
+    /// Deletes the tree and the loaded images.
     ~ZoEffectModel() override;
 
     /// Takes over the tree (video size included) and the edit flags of \a other; every node is new. The
@@ -109,8 +111,10 @@ public:
 
     /// The registered table of effect types; null until InitEffectModel().
     static const EffectControlItem* s_EffectItems;
+    /// @}
 
-    // --- Lookup and values ------------------------------------------------------------------------------
+    /// \name Lookup and values
+    /// @{
 
     /// The first node named \a type in the subtree of \a start, itself included; null when there is none.
     /// A null \a start is logged (340).
@@ -149,8 +153,10 @@ public:
     void beginChange(const QString& type);
     /// Sends the one-argument effectDataChanged(\a type): closes the bracket, listeners refresh the type.
     void endChanged(const QString& type);
+    /// @}
 
-    // --- Selection --------------------------------------------------------------------------------------
+    /// \name Selection
+    /// @{
 
     /// Gives check state 2 to the type node named \a type and 0 to all others.
     void selectOnlyOneItem(const QString& type);
@@ -167,8 +173,10 @@ public:
     /// node named "Audio" that holds all selected tracks. That container is the caller's, the tracks in it
     /// stay the model's: take them out (takeAt) before deleting it.
     ZoEffectItemData* getSelectItem(const QString& type) const;
+    /// @}
 
-    // --- Subtitle and audio tracks ----------------------------------------------------------------------
+    /// \name Subtitle and audio tracks
+    /// @{
 
     /// The position (not the "trackid") of the chosen embedded subtitle track, or -1. A file track that stands
     /// before it ends the search; an unselected type answers 0 when its first track is embedded. Spelling kept.
@@ -192,8 +200,10 @@ public:
     /// Marks the audio track at \a index, and no other, as the one that the preview plays
     /// ("_playmeineffect"). Sends nothing.
     void refreshCurPlayData(int index);
+    /// @}
 
-    // --- Video size and geometry ------------------------------------------------------------------------
+    /// \name Video size and geometry
+    /// @{
 
     /// Stores the base size without rescaling anything. No value is refused.
     void setVideoSize(int w, int h);
@@ -212,8 +222,10 @@ public:
     bool isCroped(int w, int h) const;
     /// The crop that applies, or a record that is all zero and not valid.
     CropData cropData() const;
+    /// @}
 
-    // --- Watermark picture ------------------------------------------------------------------------------
+    /// \name Watermark picture
+    /// @{
 
     /// The selected watermarks on a transparent picture of \a w x \a h pixels, the first item on top; a null
     /// pixmap when nothing is painted or the size is none that can be painted on. With \a honourIgnore, text
@@ -225,17 +237,21 @@ public:
     QPixmap getWatermark(int w, int h, bool honourIgnore);
     /// The image at \a path, loaded once per path; \a format may be null. The pixmap stays the model's. On
     /// failure, logged (1178), a null pixmap; the next call tries again. A picture of more than 128 MB (at
-    /// least 4 bytes a pixel), or what is no regular file, is not loaded.
+    /// least 4 bytes a pixel), a file made to exhaust who opens it, or what is no regular file, is not loaded.
     QPixmap* getImage(const QString& path, const char* format);
+    /// @}
 
-    // --- Place of a new watermark -----------------------------------------------------------------------
+    /// \name Place of a new watermark
+    /// @{
 
-    /// Moves the new watermark \a item away from the other selected watermarks, by four searches in turn (see
-    /// watermarkplacement_p.h); the last of them may give an occupied place, and when all fail the item stays.
+    /// Moves the new watermark \a item away from the other selected watermarks, by four searches in turn (the
+    /// guide draws them); the last of them may give an occupied place, and when all fail the item stays.
     /// \a item already stands under its parent. Sends nothing. Null is logged (1392).
     void adjustWatermarkPos(ZoEffectItemData* item);
+    /// @}
 
-    // --- Defaults and real effects ----------------------------------------------------------------------
+    /// \name Defaults and real effects
+    /// @{
 
     /// Whether \a key of node (\a type, \a pos) holds its default: mind the order, type first. A missing node,
     /// an unknown type and a key that is not the type's own count as default. A watermark's position is
@@ -253,8 +269,10 @@ public:
     /// A map with the one key "Effect": the names and states of the frame effects, "A|true|B|false". An empty
     /// map, and a log entry (1559), without a node "Effect".
     QMap<QString, QVariant> getCurrentFrameEffects() const;
+    /// @}
 
-    // --- Custom defaults --------------------------------------------------------------------------------
+    /// \name Custom defaults
+    /// @{
 
     /// Whether the user has saved a custom default for \a type, in this or an earlier run.
     bool hasCustomDefault(const QString& type) const;
@@ -276,8 +294,10 @@ public:
     void AdjustFramEffectsByCustomDefault();
     /// The index of the first child of \a parent named \a name; -1 when there is none or \a parent is null.
     int getItemPos(const ZoEffectItemData* parent, const QString& name) const;
+    /// @}
 
-    // --- Lists of items ---------------------------------------------------------------------------------
+    /// \name Lists of items
+    /// @{
     // "props" are applied last, key by key; "_checkstate" in them sets the check state.
 
     /// Creates an item under \a type before position \a pos (-1, and any position that no item has, appends),
@@ -308,7 +328,8 @@ public:
     /// invalid, pos). A null \a src (1029), a missing target and \a src itself as the target (1026) are logged.
     void replaceData(const QString& type, int pos, const ZoEffectItemData* src);
     /// Spreads the subtitle style in \a props over this model's subtitle items; "h" in \a props is the video
-    /// height that the style was made for. Deliberate: not every item is reached, see the implementation.
+    /// height that the style was made for. Deliberate: it begins with item 0, goes on with item 8 after a track
+    /// from a file and with item 6 after an embedded one, and ends where it would come to an item again.
     /// Sends effectDataChanged("Subtitle", "reset", invalid, number of style keys) for each item reached, and
     /// sets editByUser(). Any other \a type does nothing.
     void replaceItemDataProperty(const QString& type, const QMap<QString, QVariant>& props);
@@ -320,16 +341,19 @@ public:
     /// own properties. Deliberate: sends nothing, listeners read the model anew; signals are unblocked
     /// afterwards.
     void resetAllEffect();
+    /// @}
 
-    // --- Handing settings to others ---------------------------------------------------------------------
+    /// \name Handing settings to others
+    /// @{
 
     /// Sends applyItemDataTo with node (\a type, \a pos); nothing when there is none. \a applyto is the host's.
     void applyDataTo(const QString& type, int pos, int applyto);
     /// For a selected subtitle item that has any style key: replaceItemDataProperty() with its style and the
     /// video height "h", then sends applyItemDataSomePropertyTo with the same. Anything else does nothing.
     void applySomePropertytoOther(const QString& type, int pos, int applyto);
+    /// @}
 
-signals:
+Q_SIGNALS:
     /// One value changed, or the list of a type did: then \a key is "item_add", "item_delete", "item_move" or
     /// "reset".
     void effectDataChanged(const QString& type, const QString& key, const QVariant& val, int pos);
