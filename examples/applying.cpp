@@ -3,6 +3,7 @@
 
 // Handing settings of one file to others. docs/guide/09-applying.md tells about it.
 
+#include <QDataStream>
 #include <QGuiApplication>
 #include <QTextStream>
 
@@ -60,6 +61,38 @@ QString fontSizes(const ZoEffectModel& file)
     for (int pos = 0; pos < file.childCount("Subtitle"); ++pos)
         sizes << file.data("sub_fontsize", "Subtitle", pos).toString();
     return sizes.join(' ');
+}
+
+// All that a type holds: itself, then its items.
+QByteArray saved(const ZoEffectModel& file, const QString& type)
+{
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    stream.setVersion(QDataStream::Qt_5_15);
+    for (int pos = -1; pos < file.childCount(type); ++pos) {
+        const ZoEffectItemData* node = file.getDataItem(type, pos);
+        stream << node->name() << node->checkState() << node->properties();
+    }
+    return bytes;
+}
+
+void restore(ZoEffectModel& file, const QString& type, const QByteArray& bytes)
+{
+    QDataStream stream(bytes);
+    stream.setVersion(QDataStream::Qt_5_15);
+    ZoEffectItemData whole(type); // Stands free: replaceData() copies it, pixel by pixel.
+    for (ZoEffectItemData* node = &whole; !stream.atEnd(); node = nullptr) {
+        QString name;
+        int checkState = 0;
+        QMap<QString, QVariant> properties;
+        stream >> name >> checkState >> properties;
+        if (!node)
+            node = new ZoEffectItemData(name, &whole); // An item: only the first is the type itself.
+        node->setCheckState(checkState);
+        for (auto it = properties.cbegin(); it != properties.cend(); ++it)
+            node->setData(it.key(), it.value());
+    }
+    file.replaceData(type, -1, &whole);
 }
 
 } // namespace
@@ -121,5 +154,10 @@ int main(int argc, char** argv)
     *underAParent = large;
     out << "tracks: " << copy.childCount("Subtitle") << ", " << empty->findDataItem("effect root", -1)->childCount()
         << ", " << underAParent->childCount("Subtitle") << '\n';
+
+    const QByteArray project = saved(large, "Subtitle");
+    large.resetDataItem("Subtitle", -1); // No track is left.
+    restore(large, "Subtitle", project);
+    out << "large " << fontSizes(large) << '\n';
     return 0;
 }

@@ -84,7 +84,7 @@ int main(int argc, char** argv)
 
     ZoEffectModel settings;
     out << "new model: " << sizeOf(settings) << '\n';
-    settings.adjustEffectInfo(1280, 720); // There was no size: this one is recorded, like by setVideoSize().
+    settings.setVideoSize(1280, 720);
     out << "file opened: " << sizeOf(settings) << '\n';
 
     out << "crop_width: " << settings.data("crop_width", "Crop", -1).toString() << '\n';

@@ -44,7 +44,7 @@ public:
                 ++m_openBatches;
         });
         QObject::connect(&model, batchEnded, &m_context, [this](const QString& changed) {
-            if (changed == m_type && m_openBatches > 0 && --m_openBatches == 0)
+            if (changed == m_type && (m_openBatches == 0 || --m_openBatches == 0))
                 showAll();
         });
         QObject::connect(&model, valueChanged, &m_context,

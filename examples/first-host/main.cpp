@@ -28,7 +28,7 @@ int main(int argc, char** argv)
     ZoEffectModel settings;           // The settings of one file, filled with defaults.
     settings.setVideoSize(1280, 720); // The frame in which all positions and sizes are pixels.
 
-    // Four arguments: one value has changed. (The signal of the same name with one argument ends a bracket.)
+    // Four arguments: one value has changed. (The signal of the same name with one argument is for batches.)
     QObject::connect(
         &settings,
         QOverload<const QString&, const QString&, const QVariant&, int>::of(&ZoEffectModel::effectDataChanged),
@@ -43,7 +43,7 @@ int main(int argc, char** argv)
     settings.setData("crop_height", 540, "Crop", -1);
     settings.setData("crop_height", 540, "Crop", -1); // Equal: nothing changes, nothing is sent.
 
-    // Items stand at 0, 1, 2, ... What is not given here comes from the catalogue.
+    // Items stand at 0, 1, 2, ... What is not given here comes from the defaults.
     settings.addDataItem("Watermark", {{"wm_istextwatermark", true}, {"wm_textcontent", "Hello"}});
     settings.setData("wm_fontsize", 40, "Watermark", 0);
 
