@@ -91,7 +91,8 @@ static const EffectDefaultVal cropDefaultVal[] = {
 };
 
 /// Type "Watermark". Positions in pixels of the base size, transparency in percent, font size in points;
-/// "wm_transfactor" carries percent to an alpha value of 0 to 255.
+/// "wm_transfactor" carries percent to an alpha value of 0 to 255. An item also holds what has no default:
+/// "wm_istextwatermark", "wm_textcontent" of a text; "wm_imageurl", "wm_imagewidth", "wm_imageheight" of an image.
 /// Deliberate: "wm_fontname" holds a whole QFont without size and weight, not a family name.
 static const EffectDefaultVal WatermarkDefaultVal[] = {
     // key                     default                                         options           min             max
@@ -109,7 +110,8 @@ static const EffectDefaultVal WatermarkDefaultVal[] = {
     {nullptr,                  QVariant(0),                                    nullptr,          QVariant(0),    QVariant(0)},
 };
 
-/// Type "Subtitle". Positions in pixels of the base size, transparency in percent, font size in points.
+/// Type "Subtitle". Positions in pixels of the base size, transparency in percent, font size in points. A track
+/// also holds "trackid" if it is embedded, "sub_fromfile" (true) if it is from a file.
 /// Deliberate: only a vertical factor; other start positions and lower bounds than a watermark's.
 static const EffectDefaultVal SubtitleDefaultVal[] = {
     // key                     default                                         options           min          max
@@ -128,7 +130,7 @@ static const EffectDefaultVal SubtitleDefaultVal[] = {
     {nullptr,                  QVariant(0),                                    nullptr,          QVariant(0), QVariant(0)},
 };
 
-/// Type "Audio".
+/// Type "Audio". A track also holds "trackid" if it is embedded, "audio_isfile" (true) if it is from a file.
 static const EffectDefaultVal AudioDefaultVal[] = {
     {"play_loop",              QVariant(false),                                nullptr,          QVariant(0), QVariant(0)},
     {nullptr,                  QVariant(0),                                    nullptr,          QVariant(0), QVariant(0)},
