@@ -138,8 +138,8 @@ std::vector<Case> watermarkCases(int /*largest*/)
 {
     struct Frame {
         QSize size;
-        const char* name;
-        int iterations;
+        const char* name = nullptr;
+        int iterations = 0;
     };
     static const Frame frames[] = {{QSize(1280, 720), "1280x720", 3}, {QSize(3840, 2160), "3840x2160", 3}};
 

@@ -86,7 +86,7 @@ std::vector<Case> placeCases(int largest)
 {
     struct Frame {
         QSize size;
-        const char* name;
+        const char* name = nullptr;
     };
     constexpr int longest = std::numeric_limits<int>::max();
     static const Frame frames[] = {

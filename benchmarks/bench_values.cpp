@@ -113,7 +113,7 @@ struct NodesByAddress {
 
 #ifdef HAVE_OBS
 struct ObsSide {
-    ObsSide(const std::shared_ptr<Settings>& shared, const Place& where) : settings(shared), place(where)
+    ObsSide(const std::shared_ptr<Settings>& shared, Place where) : settings(shared), place(std::move(where))
     {
         nodes.add(place, shared->obs.at(place.type, place.pos));
     }

@@ -94,7 +94,7 @@ int showTables(const QStringList& files)
     for (const QString& name : files) {
         QFile file(name);
         if (!file.open(QIODevice::ReadOnly)) {
-            std::fprintf(stderr, "zobench: cannot read %s\n", qPrintable(name));
+            (void)std::fprintf(stderr, "zobench: cannot read %s\n", qPrintable(name));
             return failed;
         }
         merge(QJsonDocument::fromJson(file.readAll()).array(), results);
@@ -118,13 +118,13 @@ int measure(const Request& request)
             std::printf("FAIL!  : benchmarks: %s\n", qPrintable(name));
             isRight = false;
         }
-        std::fflush(stdout);
+        (void)std::fflush(stdout);
     }
 
     if (!request.json.isEmpty()) {
         QFile file(request.json);
         if (!file.open(QIODevice::WriteOnly) || file.write(QJsonDocument(toJson(results)).toJson()) < 0) {
-            std::fprintf(stderr, "zobench: cannot write %s\n", qPrintable(request.json));
+            (void)std::fprintf(stderr, "zobench: cannot write %s\n", qPrintable(request.json));
             return failed;
         }
     } else if (!request.effort.checksOnly) {
@@ -144,7 +144,7 @@ int main(int argc, char** argv)
 
     Request request;
     if (!read(QCoreApplication::arguments(), request)) {
-        std::fputs(usageText, stderr);
+        (void)std::fputs(usageText, stderr);
         return wrongUsage;
     }
     if (request.list) {

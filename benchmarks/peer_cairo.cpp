@@ -3,6 +3,7 @@
 
 #include "peer_cairo.h"
 
+#include <cstddef>
 #include <cstring>
 
 #include <QImage>
@@ -26,9 +27,10 @@ QImage pixelsWithAlpha()
 /// The alpha value at a place of \a picture.
 int alphaAt(cairo_surface_t* picture, int x, int y)
 {
-    const unsigned char* line = cairo_image_surface_get_data(picture) + y * cairo_image_surface_get_stride(picture);
+    const std::ptrdiff_t stride = cairo_image_surface_get_stride(picture);
+    const unsigned char* line = cairo_image_surface_get_data(picture) + y * stride;
     QRgb pixel = 0;
-    std::memcpy(&pixel, line + x * static_cast<int>(sizeof(pixel)), sizeof(pixel));
+    std::memcpy(&pixel, line + x * std::ptrdiff_t{sizeof(pixel)}, sizeof(pixel));
     return qAlpha(pixel);
 }
 

@@ -89,7 +89,7 @@ QString watermarkFile()
 {
     static const QTemporaryDir folder;
     static const QString path = [] {
-        const QString file = folder.filePath(QStringLiteral("logo.png"));
+        QString file = folder.filePath(QStringLiteral("logo.png"));
         if (!watermarkImage().save(file, "png"))
             qFatal("the watermark's image cannot be written");
         return file;

@@ -54,7 +54,7 @@ benchmark::BenchmarkReporter::Run runOnce(const Runner& runner, bool timesItself
 bool passed(const Runner& runner, const benchmark::BenchmarkReporter::Run& run)
 {
     if (run.error_occurred)
-        std::fprintf(stderr, "%s: %s\n", runner.name.c_str(), run.error_message.c_str());
+        (void)std::fprintf(stderr, "%s: %s\n", runner.name.c_str(), run.error_message.c_str());
     return !run.error_occurred;
 }
 
@@ -136,7 +136,8 @@ bool runWorkload(const Workload& workload, const Effort& effort, std::vector<Res
     for (int round = 0; round < effort.rounds; ++round) {
         for (const PreparedCase& one : prepared) {
             for (int repeat = 0; repeat < repeats; ++repeat) {
-                const auto turn = static_cast<std::size_t>(round * repeats + repeat);
+                const auto turn = static_cast<std::size_t>(round) * static_cast<std::size_t>(repeats)
+                                  + static_cast<std::size_t>(repeat);
                 if (!runRound(one, turn, workload.timesItself, results))
                     return false;
             }

@@ -22,7 +22,7 @@ zoeffect_document(dev libzoeffect-dev)
 zoeffect_document(doc libzoeffect-doc)
 
 install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/libzoeffect-dev
-  COMPONENT dev EXCLUDE_FROM_ALL)
+  COMPONENT dev EXCLUDE_FROM_ALL PATTERN .clang-tidy EXCLUDE)
 install(DIRECTORY ${ZOEFFECT_PREPARED}/html DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/libzoeffect-doc
   COMPONENT doc EXCLUDE_FROM_ALL)
 install(FILES packaging/libzoeffect-doc.doc-base DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc-base

@@ -57,7 +57,8 @@ void answer(QTextStream& out, const QString& described)
 {
     ZoEffectModel settings(QStringList{"Subtitle", "Audio"});
     int trackId = 11;
-    for (const QString& track : described.split(' ')) {
+    const QStringList tracks = described.split(' ');
+    for (const QString& track : tracks) {
         QMap<QString, QVariant> props{{"_checkstate", track.endsWith('*')}};
         if (track.startsWith('F')) {
             props["sub_fromfile"] = true;

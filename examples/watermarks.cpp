@@ -22,7 +22,7 @@ bool addText(ZoEffectModel& settings, const QString& text)
                                               {"wm_textcontent", text},
                                               {"wm_fontname", QFont("DejaVu Sans")},
                                               {"wm_fontstyle", "Bold Italic"},
-                                              {"wm_fontcolor", QColor("#ffcc00")},
+                                              {"wm_fontcolor", QColor(255, 204, 0)},
                                               {"wm_fontsize", 36}});
 }
 

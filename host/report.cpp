@@ -153,7 +153,8 @@ void trace(const ZoEffectModel& model)
         sayCall("currentSubItemChanged", {type, QString::number(index)});
     });
     QObject::connect(
-        &model, &Model::applyItemDataTo, [=](const ZoEffectItemData* item, const QString& type, int pos, int to) {
+        &model, &Model::applyItemDataTo, &model,
+        [=](const ZoEffectItemData* item, const QString& type, int pos, int to) {
             sayCall("applyItemDataTo", {textOf(item->properties()), type, QString::number(pos), QString::number(to)});
         });
     QObject::connect(&model, &Model::applyItemDataSomePropertyTo,

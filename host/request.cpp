@@ -94,14 +94,14 @@ std::function<void(FileSettings&)> editFrom(const QString& option, const QString
             [=](FileSettings& settings) { setValue(settings, parts[1], positionFrom(parts[2]), parts[3], parts[4]); };
     }
     if (option == "audio-tracks") {
-        const QStringList texts = partsOf(option, value, R"(\d{1,9}(,\d{1,9})*)", "stream numbers")[0].split(',');
+        const QStringList texts = partsOf(option, value, R"(\d{1,9}(,\d{1,9})*)", "stream numbers").at(0).split(',');
         QList<int> ids;
         for (const QString& text : texts)
             ids << text.toInt();
         return [=](FileSettings& settings) { chooseTracks(settings, "Audio", ids); };
     }
     if (option == "subtitle-track") {
-        const int id = partsOf(option, value, R"(\d{1,9})", "a stream number")[0].toInt();
+        const int id = partsOf(option, value, R"(\d{1,9})", "a stream number").at(0).toInt();
         return [=](FileSettings& settings) { chooseTracks(settings, "Subtitle", {id}); };
     }
     if (option == "save-default") {
@@ -117,7 +117,7 @@ void takeIn(Request& request, const QString& option, const QString& value)
     if (option == "forget-default") {
         request.defaultsToForget << value;
     } else if (option == "time") {
-        request.seconds = partsOf(option, value, R"(\d{1,9}(\.\d{1,9})?)", "seconds")[0].toDouble();
+        request.seconds = partsOf(option, value, R"(\d{1,9}(\.\d{1,9})?)", "seconds").at(0).toDouble();
     } else if (option == "size") {
         const QStringList parts = partsOf(option, value, R"((\d{1,5})x(\d{1,5}))", "WxH");
         request.size = QSize(parts[1].toInt(), parts[2].toInt());
@@ -126,7 +126,7 @@ void takeIn(Request& request, const QString& option, const QString& value)
     } else if (option == "output") {
         request.folder = value;
     } else if (option == "timeout") {
-        request.patience = partsOf(option, value, R"([1-9]\d{0,4})", "whole seconds")[0].toInt();
+        request.patience = partsOf(option, value, R"([1-9]\d{0,4})", "whole seconds").at(0).toInt();
     } else if (option == "trace") {
         request.trace = true;
     } else if (option == "help") {
@@ -148,8 +148,9 @@ Request requestFrom(const QStringList& arguments)
 {
     QCommandLineParser parser;
     describe(parser);
+    static const QRegularExpression fullStop(R"(\.$)");
     if (!parser.parse(arguments))
-        throw wrongUsage(parser.errorText().remove(QRegularExpression(R"(\.$)")));
+        throw wrongUsage(parser.errorText().remove(fullStop));
 
     Request request;
     if (parser.isSet("timeout"))

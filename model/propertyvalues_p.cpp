@@ -54,7 +54,7 @@ void propertyvalues::storeAll(ZoEffectItemData& node, const QMap<QString, QVaria
         if (next != properties.end() && isSame(next.key(), it.key()))
             next.value() = it.value();
         else
-            next = properties.insert(next, it.key(), it.value());
+            next = properties.insert(QMap<QString, QVariant>::const_iterator(next), it.key(), it.value());
     }
 }
 

@@ -254,7 +254,7 @@ QVariant colorFromWord(const QString& word)
         return streamedFromWord<QColor, isColor>(word);
     constexpr int digits = 8;
     bool ok = false;
-    const uint rgba = word.mid(1).toUInt(&ok, 16);
+    const uint rgba = QStringView(word).mid(1).toUInt(&ok, 16);
     return ok && word.size() == 1 + digits ? QVariant(QColor::fromRgba(rgba)) : QVariant();
 }
 

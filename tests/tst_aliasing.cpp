@@ -58,7 +58,7 @@ private slots:
         new ZoEffectItemData("b", &node);
         new ZoEffectItemData("c", &node);
         new ZoEffectItemData("d", &node);
-        connect(first, &QObject::destroyed, this, [&node] { node.clear(); });
+        connect(first, &QObject::destroyed, &node, [&node] { node.clear(); });
         QCOMPARE(node.removeChildren(0, 3), true);
         QCOMPARE(node.childCount(), 0);
     }
@@ -76,7 +76,7 @@ private slots:
         QCOMPARE(TestApplication::instance()->pref.takeWrites(),
                  QStringList{"a type whose name has memory of its own, number 0 = map {key: int 1}, notify false"});
         QCOMPARE(ZoEffectItemDefaultValMgr::supportTypes().size(), 5);
-        QCOMPARE(ZoEffectItemDefaultValMgr::supportTypes().last(),
+        QCOMPARE(ZoEffectItemDefaultValMgr::supportTypes().constLast(),
                  QString("a type whose name has memory of its own, number 0"));
     }
 

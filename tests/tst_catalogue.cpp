@@ -598,7 +598,8 @@ void TstCatalogue::findsRecord()
     const EffectControlItem* expected = nullptr;
     const EffectControlItem* table = nestedTable();
     if (!path.isEmpty()) {
-        for (const QString& index : path.split(QLatin1Char('.'))) {
+        const QStringList indexes = path.split(QLatin1Char('.'));
+        for (const QString& index : indexes) {
             expected = table + index.toInt();
             table = expected->children;
         }

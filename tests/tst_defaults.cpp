@@ -94,7 +94,8 @@ void TstDefaults::cleanup()
 {
     // Whatever happened, nothing was logged.
     QCOMPARE(logcapture::takeEvents(), QList<int>());
-    for (const QString& type : Manager::supportTypes())
+    const QStringList types = Manager::supportTypes();
+    for (const QString& type : types)
         manager().removeCustomDefaultVal(type);
 }
 

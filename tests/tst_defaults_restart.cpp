@@ -37,7 +37,8 @@ void sayCustomDefaults(const QStringList& types = {"Color", "Crop", "Subtitle", 
         if (Manager::getInstance()->hasCustomDefaultVal(type))
             say(type + ' ' + described(Manager::getInstance()->getCustomDefaultVal(type)));
     }
-    for (int event : logcapture::takeEvents())
+    const QList<int> events = logcapture::takeEvents();
+    for (int event : events)
         say("logged " + QString::number(event));
 }
 
@@ -165,7 +166,8 @@ QList<Scenario> scenarios()
         {"loadOddNames",
          [] {
              Manager::setSupportTypes({"a/b", "", QString::fromUtf8("\xc3\xa4\\"), "a"});
-             for (const QString& type : Manager::supportTypes())
+             const QStringList types = Manager::supportTypes();
+             for (const QString& type : types)
                  say(described(Manager::getInstance()->getCustomDefaultVal(type)).toUtf8().toPercentEncoding("{}: /="));
          }},
         {"saveFrameDefaultsThroughTheModel",
@@ -214,7 +216,8 @@ int runChild(int argc, char** argv)
         provider->pref.entries = preferences().value(host);
         application = std::move(provider);
     }
-    for (const Scenario& scenario : scenarios()) {
+    const QList<Scenario> all = scenarios();
+    for (const Scenario& scenario : all) {
         if (name == scenario.name) {
             scenario.play();
             return 0;

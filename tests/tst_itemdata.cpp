@@ -668,7 +668,7 @@ void TstItemData::destructionDeletesAllDescendants()
 
     parent.reset();
 
-    for (const QPointer<Node>& node : nodes)
+    for (const QPointer<Node>& node : std::as_const(nodes))
         QVERIFY(!node);
 }
 
@@ -1071,7 +1071,7 @@ void TstItemData::assignmentReplacesFiveChildrenByTwo()
 
     QCOMPARE(treeText(*target), QStringLiteral("parent(x(1), y(2))"));
     QCOMPARE(old.size(), 5);
-    for (const QPointer<Node>& node : old)
+    for (const QPointer<Node>& node : std::as_const(old))
         QVERIFY(!node);
 }
 

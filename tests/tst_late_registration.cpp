@@ -224,7 +224,8 @@ int playScenario(const QString& name, int& argc, char** argv)
     application.pref.entries = {{"Color", QVariantMap{{"bcs_contrast", 11}}},
                                 {"Audio", QVariantMap{{"play_loop", true}}},
                                 {"Audio_Speed", QVariantMap{{"audio_speed_factor", 44}}}};
-    for (const Scenario& scenario : scenarios()) {
+    const QList<Scenario> all = scenarios();
+    for (const Scenario& scenario : all) {
         if (name == QLatin1String(scenario.name)) {
             scenario.play();
             return 0;
@@ -246,7 +247,8 @@ private slots:
 void TstLateRegistration::savedDefaultsAreLoadedOnceForTheTypesKnownThen_data()
 {
     QTest::addColumn<QStringList>("said");
-    for (const Scenario& scenario : scenarios())
+    const QList<Scenario> all = scenarios();
+    for (const Scenario& scenario : all)
         QTest::newRow(scenario.name) << scenario.said;
 }
 

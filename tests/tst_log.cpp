@@ -227,7 +227,7 @@ void TstLog::emptyFormatWritesOneLineBreak_data()
 {
     QTest::addColumn<QString>("format");
 
-    QTest::newRow("empty") << QStringLiteral("");
+    QTest::newRow("empty") << QString("");
     QTest::newRow("null") << QString();
 }
 
@@ -315,7 +315,7 @@ void TstLog::cutLinesDoNotRunIntoEachOther()
 {
     WriteLog(QStringLiteral("%s"), QByteArray(2000, 'x').constData());
     WriteLog(QStringLiteral("short"));
-    WriteLog(QStringLiteral(""));
+    WriteLog(QLatin1String(""));
 
     QVERIFY(contents(logcapture::logPath()) == QByteArray(1023, 'x') + "\nshort\n\n");
 }
@@ -429,7 +429,7 @@ void TstLog::everyLaterCallCopiesTheWholeLogAgain()
 
     WriteLog(QStringLiteral("first"));
     QVERIFY(contents(logcapture::previousLogPath()) == QByteArray(8191, 'b') + "first\n");
-    WriteLog(QStringLiteral(""));
+    WriteLog(QLatin1String(""));
     QVERIFY(contents(logcapture::previousLogPath()) == QByteArray(8191, 'b') + "first\n\n");
 
     // The copy is made anew, whatever stands there by now.

@@ -702,7 +702,7 @@ void TstModelApply::listenerMayChangeTheModelInBetween()
 
     QCOMPARE(heard, announcements);
     // What is handed on is the style and the height of the beginning.
-    QCOMPARE(recorder.take().last(),
+    QCOMPARE(recorder.take().constLast(),
              QStringLiteral("applyItemDataSomePropertyTo({h: int 480, sub_linemargin: int 9}, Subtitle, -1, 7)"));
     QCOMPARE(logcapture::takeEvents(), QList<int>());
 }

@@ -722,7 +722,7 @@ void TstModelConstruction::subItemCheckStateFromValue_data()
     QTest::newRow("fraction") << QVariant(2.5) << 2;
     QTest::newRow("zero as double") << QVariant(0.0) << 0;
     QTest::newRow("no number") << QVariant(std::nan("")) << 0;
-    QTest::newRow("empty text") << QVariant(QStringLiteral("")) << 0;
+    QTest::newRow("empty text") << QVariant(QString("")) << 0;
     QTest::newRow("text 0") << QVariant(QStringLiteral("0")) << 0;
     QTest::newRow("text 00") << QVariant(QStringLiteral("00")) << 2;
     QTest::newRow("text 0.0") << QVariant(QStringLiteral("0.0")) << 2;

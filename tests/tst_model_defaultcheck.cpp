@@ -1165,7 +1165,8 @@ void TstModelDefaultCheck::freshModelsHaveNoEffect_data()
 
     QTest::newRow("all types") << QStringList{};
     QTest::newRow("video types") << videoTypes();
-    for (const QString& type : videoTypes())
+    const QStringList types = videoTypes();
+    for (const QString& type : types)
         QTest::newRow(qPrintable(type)) << QStringList{type};
     for (const char* type : {"Audio_Fade_Inout", "Audio_Normalize", "Audio_BandPass", "Audio_Chorus", "Audio_Flanger",
                              "Audio_Echo", "Audio_Speed"})
@@ -1660,7 +1661,8 @@ void TstModelDefaultCheck::unselectedTypesHaveNoEffect_data()
 
     QTest::newRow("all") << videoTypes() << true;
     QTest::newRow("none") << QStringList{} << false;
-    for (const QString& type : videoTypes())
+    const QStringList types = videoTypes();
+    for (const QString& type : types)
         QTest::newRow(qPrintable(type)) << QStringList{type} << true;
 }
 

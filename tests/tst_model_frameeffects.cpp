@@ -33,14 +33,15 @@ void setItems(ZoEffectItemData* parent, const QString& items)
     parent->clear();
     if (items.isEmpty())
         return;
-    for (const QString& entry : items.split(", ")) {
+    const QStringList entries = items.split(", ");
+    for (const QString& entry : entries) {
         if (entry == QLatin1String("-")) {
             parent->appendChild(nullptr);
             continue;
         }
         const int blank = int(entry.lastIndexOf(QLatin1Char(' ')));
         auto* node = new ZoEffectItemData(entry.left(blank), parent);
-        node->setCheckState(entry.mid(blank + 1).toInt());
+        node->setCheckState(QStringView(entry).mid(blank + 1).toInt());
     }
 }
 

@@ -1400,7 +1400,8 @@ void TstModelReplace::kindOfATrackPicksTheKeys()
                                                {"fontstyleusedefault", false},
                                                {"sub_framecolor", "f"}});
 
-    for (const QString& key : track.keys())
+    const QStringList keys = track.keys();
+    for (const QString& key : keys)
         item->delData(key);
     QCOMPARE(described(item->properties()),
              fromFile ? QStringLiteral("{sub_fontcolor: string c, sub_fontname: string n, sub_fontsize: int 2, "

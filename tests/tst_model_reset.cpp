@@ -636,7 +636,8 @@ void TstModelReset::allTypesAreReset()
     for (int i = 0; i < root->childCount(); ++i) {
         ZoEffectItemData* typeNode = root->child(i);
         typeNode->setCheckState(0);
-        for (const QString& key : typeNode->properties().keys())
+        const QStringList keys = typeNode->properties().keys();
+        for (const QString& key : keys)
             typeNode->setData(key, "changed");
         typeNode->setData("own", 1);
         appendBare(model, typeNode->name(), {{"audio_isfile", true}, {"sub_fromfile", true}});

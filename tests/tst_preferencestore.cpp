@@ -153,7 +153,8 @@ private slots:
 void TstPreferenceStore::init()
 {
     SwitchingApplication::instance().pref = nullptr;
-    for (const QString& type : Manager::supportTypes())
+    const QStringList types = Manager::supportTypes();
+    for (const QString& type : types)
         manager().removeCustomDefaultVal(type);
     Manager::setSupportTypes({"Crop", "Watermark"});
 }

@@ -184,7 +184,7 @@ QString knownText()
         types << item->name;
     types.sort();
     QStringList texts;
-    for (const QString& type : types) {
+    for (const QString& type : std::as_const(types)) {
         if (manager->hasCustomDefaultVal(type))
             texts << type + ' ' + described(manager->getCustomDefaultVal(type));
     }

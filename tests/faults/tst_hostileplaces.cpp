@@ -495,11 +495,11 @@ void TstHostilePlaces::locksHeldForEverDoNotHoldTheCaller()
         SharedReport holder;
         const Companion companion([&] { holdLocks(paths, *holder); });
         QTRY_COMPARE(holder->told(), QString("held"));
-        for (const QString& path : paths)
+        for (const QString& path : std::as_const(paths))
             setTime(path, age);
         QVERIFY2(quickly([] {}, loadAndSave, told), "a call takes long");
         QCOMPARE(contentOf(storeFile()), fileOf(oldState()));
-        for (const QString& path : paths)
+        for (const QString& path : std::as_const(paths))
             QVERIFY2(QFileInfo::exists(path), "the lock of a living process was removed");
     }
     QCOMPARE(told, textOf(oldState()) + " -> " + textOf(newState()));
@@ -638,7 +638,8 @@ void TstHostilePlaces::fullDiskOfAnySizeCutsOnlyTheLog()
                  qPrintable(QString::number(size)));
         // The copy is the whole log, or none is left.
         QVERIFY2(!QFileInfo::exists(copyFile()) || contentOf(copyFile()) == log, qPrintable(QString::number(size)));
-        for (const QString& entry : folders->entries())
+        const QStringList entries = folders->entries();
+        for (const QString& entry : entries)
             QVERIFY2(entry == "tmp/tst_hostileplaces.1.log" || entry == "tmp/tst_hostileplaces.2.log",
                      qPrintable(entry));
         folders->reset();

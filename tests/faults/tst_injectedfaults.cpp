@@ -159,7 +159,8 @@ QStringList remains()
 {
     const QString folder = "config/" + QFileInfo(storeFolder()).fileName();
     QStringList found;
-    for (const QString& entry : folders->entries()) {
+    const QStringList entries = folders->entries();
+    for (const QString& entry : entries) {
         if (!entry.startsWith(folder + '/')) {
             if (entry != folder)
                 found << "elsewhere: " + entry;
@@ -189,7 +190,8 @@ bool isTemporary(const QString& name)
 QString wrongOnDisk(const StoreOperation& operation, State& state)
 {
     int temporaries = 0;
-    for (const QString& name : remains()) {
+    const QStringList names = remains();
+    for (const QString& name : names) {
         if (isTemporary(name))
             ++temporaries;
         else if (!isLock(name))
@@ -203,7 +205,8 @@ QString wrongOnDisk(const StoreOperation& operation, State& state)
     if (!operation.damaged.isEmpty()) {
         const bool inPlace = exists && content == operation.damaged;
         int places = inPlace ? 1 : 0;
-        for (const QString& name : asideNames())
+        const QStringList aside = asideNames();
+        for (const QString& name : aside)
             places += contentOf(storeFolder() + '/' + name) == operation.damaged ? 1 : 0;
         if (places != 1)
             return QStringLiteral("the damaged file is in %1 places").arg(places);
@@ -225,7 +228,8 @@ void letTimePass()
 {
     constexpr int lockAge = 3; // Seconds.
     constexpr int guardAge = 31;
-    for (const QString& name : remains()) {
+    const QStringList names = remains();
+    for (const QString& name : names) {
         const time_t time = ::time(nullptr) - (name.endsWith(".rmlock") ? guardAge : lockAge);
         const utimbuf times = {time, time};
         ::utime(QFile::encodeName(storeFolder() + '/' + name).constData(), &times);
@@ -258,7 +262,8 @@ QString wrongAtNextStart(const State& state, SharedReport& report)
         return "a later start's save leaves\n" + QString::fromUtf8(contentOf(storeFile()));
     if (!inOwnProcess([&] { report->tell(knownText()); }) || report->told() != textOf(saved))
         return "the start after that reads " + report->told();
-    for (const QString& name : remains()) {
+    const QStringList names = remains();
+    for (const QString& name : names) {
         // What guards the removal of a lock is taken away when it is needed next.
         if (!isTemporary(name) && !name.endsWith(".rmlock"))
             return "there still is " + name;
@@ -319,7 +324,8 @@ QString wrongWith(const StoreOperation& operation, const Fault& fault, bool& hap
     if (!wrong.isEmpty())
         return wrong;
     bool isLocked = false;
-    for (const QString& name : remains()) {
+    const QStringList names = remains();
+    for (const QString& name : names) {
         ++remainsSeen[isTemporary(name) ? QStringLiteral("temporary file") : name.mid(18)];
         isLocked |= isLock(name);
     }
@@ -367,7 +373,8 @@ QString workOfAModel(Report& report)
 QString wrongInLog(const QByteArray& before, int events, int whole, bool mayBeCut)
 {
     const QStringList allowed{"tmp/tst_injectedfaults.1.log", "tmp/tst_injectedfaults.2.log"};
-    for (const QString& entry : folders->entries()) {
+    const QStringList entries = folders->entries();
+    for (const QString& entry : entries) {
         if (!allowed.contains(entry))
             return "there is " + entry;
     }
@@ -377,9 +384,9 @@ QString wrongInLog(const QByteArray& before, int events, int whole, bool mayBeCu
     if (!known.startsWith(before))
         return QStringLiteral("the log has lost what was in it");
     const QString event(R"(zoeffectmodel\(181\) : \d{4}/\d\d/\d\d \d\d:\d\d:\d\d 0{8}\n)");
-    const QString pattern =
-        QStringLiteral("\\A(?:(?:%1)?\\n?){0,%2}(?:%1\\n){%3}\\z").arg(event).arg(events - whole).arg(whole);
-    if (!QRegularExpression(pattern).match(QString::fromLatin1(known.mid(before.size()))).hasMatch())
+    const QRegularExpression pattern(
+        QStringLiteral("\\A(?:(?:%1)?\\n?){0,%2}(?:%1\\n){%3}\\z").arg(event).arg(events - whole).arg(whole));
+    if (!pattern.match(QString::fromLatin1(known.mid(before.size()))).hasMatch())
         return "the log ends in\n" + QString::fromLatin1(known.mid(before.size()));
     const bool copied = copy != "no file";
     if (whole > 0 ? copied != (log.size() > 8191) : copied && log.size() <= 8191)

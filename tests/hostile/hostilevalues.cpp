@@ -51,6 +51,7 @@ bool sameBytes(const QVariant& left, const QVariant& right)
 {
     const auto a = left.value<T>();
     const auto b = right.value<T>();
+    // NOLINTNEXTLINE(bugprone-suspicious-memory-comparison,cert-exp42-c,cert-flp37-c): of numbers, the bytes are meant.
     return std::memcmp(&a, &b, sizeof a) == 0;
 }
 

@@ -26,7 +26,7 @@ namespace {
 // channel are brought into a pixmap's form; what is too large is refused before anything of it is decoded. Sanitizers
 // take an eighth besides, and keep what is freed.
 constexpr qint64 mostMemory = 264 * 1024 * (hostile::slowness == 1 ? 8 : 10) / 8;
-constexpr qint64 mostForRefused = 32 * 1024;
+constexpr qint64 mostForRefused = qint64{32} * 1024;
 constexpr double mostMilliseconds = 500.0;
 constexpr int usualCount = 540; // Damaged pictures; ZOEFFECT_HOSTILE_IMAGES names another number.
 constexpr quint32 seed = 20261121;
@@ -522,7 +522,7 @@ void TstHostileImages::bombs_data()
     row("JPEG of six scans", "jpg", jpegOfManyScans({1200, 1200}, 1), QSize(1200, 1200));
     row("largest BMP that is loaded", "bmp", bmp(8192, 4096), QSize(8192, 4096));
     row("largest PNG of 32 bits that is loaded", "png",
-        png(8192, 4096, zeros((1 + 8192 * 4) * 4096), QByteArray(), QByteArray("\x8\x6")), QSize(8192, 4096));
+        png(8192, 4096, zeros((1 + qint64{8192} * 4) * 4096), QByteArray(), QByteArray("\x8\x6")), QSize(8192, 4096));
     row("largest PNG that is loaded", "png", blackPng(8192, 4096), QSize(8192, 4096));
 }
 

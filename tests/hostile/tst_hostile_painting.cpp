@@ -18,7 +18,7 @@ using Int = std::numeric_limits<int>;
 
 constexpr double mostMilliseconds = 250.0;
 constexpr double mostForLongTexts = 1500.0;
-constexpr qint64 mostMemory = 128 * 1024; // KiB
+constexpr qint64 mostMemory = qint64{128} * 1024; // KiB
 
 const Properties plainText{{"wm_istextwatermark", true},
                            {"wm_textcontent", QStringLiteral("Abc")},

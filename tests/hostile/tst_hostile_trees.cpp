@@ -27,7 +27,7 @@ constexpr int textOf64MiB = 32 * 1024 * 1024;
 /// Runs \a work in a thread with a stack of 256 KiB, on which a walk that calls itself for each level ends.
 bool runOnSmallStack(const std::function<void()>& work)
 {
-    constexpr std::size_t stackSize = 256 * 1024;
+    constexpr std::size_t stackSize = std::size_t{256} * 1024;
     const auto start = [](void* argument) -> void* {
         (*static_cast<const std::function<void()>*>(argument))();
         return nullptr;
@@ -156,7 +156,6 @@ void TstHostileTrees::manyItems_data()
     QTest::addColumn<QStringList>("announced");
 
     constexpr int last = many - 1;
-    const QString lastNumber = QString::number(last);
     QTest::newRow("counted") << "Audio" << Step([](ZoEffectModel& model, ZoEffectItemData&) {
         QCOMPARE(model.childCount("Audio"), many);
         QVERIFY(!model.getDataItem("Audio", many));

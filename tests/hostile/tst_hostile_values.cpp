@@ -143,9 +143,10 @@ private:
             changes << place + ": node";
         if (before.state != after.state)
             changes << place + ": state";
-        QStringList keys = before.properties.keys() + after.properties.keys();
+        QStringList keys = before.properties.keys();
+        keys += after.properties.keys();
         keys.removeDuplicates();
-        for (const QString& key : keys) {
+        for (const QString& key : std::as_const(keys)) {
             if (before.properties.contains(key) != after.properties.contains(key)
                 || !identical(before.properties.value(key), after.properties.value(key)))
                 changes << place + ": " + key;
@@ -570,7 +571,7 @@ QString rendered(const Address& at, const QVariant& value, bool /*truth*/)
         for (const QString& change : changed)
             CHECK(change == "/0/0: wm_imagewidth" || change == "/0/0: wm_imageheight");
         CHECK(watched.sent.size() >= changed.size() && watched.sent.size() <= 2);
-        for (const Sent& signal : watched.sent)
+        for (const Sent& signal : std::as_const(watched.sent))
             CHECK(signal.type == "Watermark" && signal.pos == 0 && signal.value.userType() == QMetaType::Int);
         const Snapshot between = watched.snapshot();
         const QPixmap scaled = watched.model.getWatermark(32, 24, true);

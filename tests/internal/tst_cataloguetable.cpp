@@ -52,7 +52,7 @@ struct Moody {
 
 bool Moody::equalsItself = true;
 
-bool operator==(const Moody&, const Moody&)
+bool operator==(const Moody& /*left*/, const Moody& /*right*/)
 {
     return Moody::equalsItself;
 }
@@ -156,7 +156,7 @@ void TstCatalogueTable::rowsPointIntoTheTable()
     const QVector<Row> rows = prepared(table.data())->rows;
     QCOMPARE(rows.size(), 3);
     QCOMPARE(rows.at(0).entry, &table[1]);
-    QCOMPARE(rows.at(1).entry, &table[0]);
+    QCOMPARE(rows.at(1).entry, table.data());
     QCOMPARE(rows.at(2).entry, &table[2]);
 }
 
@@ -187,7 +187,7 @@ void TstCatalogueTable::changedTableIsReadAnew()
     QCOMPARE(described(table), list("_checkstate=2! b=1"));
     std::swap(table[0], table[1]);
     QCOMPARE(described(table), list("_checkstate=2! b=1"));
-    QCOMPARE(prepared(table.data())->rows.at(0).entry, &table[0]);
+    QCOMPARE(prepared(table.data())->rows.at(0).entry, table.data());
     table[0].key = nullptr;
     QCOMPARE(described(table), QStringList());
     table[0].key = "z";
@@ -244,7 +244,7 @@ void TstCatalogueTable::defaultsFollowTheValues_data()
     QTest::newRow("text") << QVariant(QStringLiteral("ab")) << QVariant(QStringLiteral("ac"));
     QTest::newRow("text instead of a number") << QVariant(1) << QVariant(QStringLiteral("1"));
     QTest::newRow("invalid") << QVariant(0) << QVariant();
-    QTest::newRow("null text") << QVariant(QString()) << QVariant(QStringLiteral(""));
+    QTest::newRow("null text") << QVariant(QString()) << QVariant(QLatin1String(""));
     QTest::newRow("list") << QVariant(QStringList{QStringLiteral("a")}) << QVariant(QStringList{QStringLiteral("b")});
     QTest::newRow("rectangle") << QVariant(QRect(1, 2, 3, 4)) << QVariant(QRect(1, 2, 3, 5));
     QTest::newRow("colour") << QVariant(QColor(1, 2, 3)) << QVariant(QColor(1, 2, 4));

@@ -68,6 +68,7 @@ QString freeOf(const QVector<Shown>& watermarks, const std::vector<Place>& place
 QString freeByHand(const QVector<Shown>& watermarks, const std::vector<Place>& places, qint64 reach)
 {
     std::vector<bool> free;
+    free.reserve(places.size());
     for (const Place& place : places)
         free.push_back(isFreeByHand(watermarks, place, reach));
     return described(free);
@@ -77,6 +78,7 @@ QString freeByHand(const QVector<Shown>& watermarks, const std::vector<Place>& p
 std::vector<Place> rowOfPlaces(qint64 y, int count)
 {
     std::vector<Place> places;
+    places.reserve(static_cast<std::size_t>(count));
     for (int x = 0; x < count; ++x)
         places.push_back({x, y});
     return places;
@@ -85,6 +87,7 @@ std::vector<Place> rowOfPlaces(qint64 y, int count)
 std::vector<Place> columnOfPlaces(qint64 x, int count)
 {
     std::vector<Place> places;
+    places.reserve(static_cast<std::size_t>(count));
     for (int y = 0; y < count; ++y)
         places.push_back({x, y});
     return places;
@@ -245,8 +248,9 @@ void TstFreePlaces::manyRectanglesTakeNoSquareOfTime()
     QVector<Shown> watermarks;
     std::vector<Place> places;
     for (int i = 0; i < many; ++i) {
-        watermarks.append({100 * i, i, 10, 2});
-        places.push_back({100 * i + 20, i});
+        const qint64 left = qint64{100} * i;
+        watermarks.append({left, i, 10, 2});
+        places.push_back({left + 20, i});
     }
     QElapsedTimer timer;
     timer.start();

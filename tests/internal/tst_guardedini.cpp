@@ -207,7 +207,7 @@ void TstGuardedIni::valueHasThisText_data()
     row("float that is no short double", QVariant::fromValue(0.1F), "float 0.10000000149011612");
 
     row("string", QStringLiteral("Tahoma"), "QString \"Tahoma\"");
-    row("empty string", QStringLiteral(""), "QString \"\"");
+    row("empty string", QLatin1String(""), "QString \"\"");
     row("string with quotes", QStringLiteral("a \"b\" c"), R"(QString "a \"b\" c")");
     row("string with backslash", QStringLiteral("C:\\new"), R"(QString "C:\\new")");
     row("string with line breaks", QStringLiteral("a\nb\r\n"), R"(QString "a\u000ab\u000d\u000a")");

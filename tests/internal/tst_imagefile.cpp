@@ -174,7 +174,7 @@ void TstImageFile::fileIsLoadedUpTo128Megabytes()
 
 QString TstImageFile::written(const QByteArray& content, qint64 size) const
 {
-    const QString path = m_folder.filePath(QStringLiteral("image.dat"));
+    QString path = m_folder.filePath(QStringLiteral("image.dat"));
     QFile file(path);
     const bool whole = file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
     if (!whole || !file.resize(std::max(size, qint64(content.size()))))

@@ -53,7 +53,7 @@ void TstPropertyValues::valueIsFoundWhereItIsStored()
     node.setData(QStringLiteral("height"), QVariant());
     QCOMPARE(valueAt(propertyvalues::find(node, ownLetters("width"))), QVariant(12));
     QCOMPARE(propertyvalues::find(node, width), &node.properties().constFind(width).value());
-    QCOMPARE(valueAt(propertyvalues::find(node, QStringLiteral(""))), QVariant(QStringLiteral("of the empty key")));
+    QCOMPARE(valueAt(propertyvalues::find(node, QLatin1String(""))), QVariant(QStringLiteral("of the empty key")));
     QVERIFY(propertyvalues::find(node, QStringLiteral("height")));
     QVERIFY(!propertyvalues::find(node, QStringLiteral("height"))->isValid());
     QVERIFY(!propertyvalues::find(node, QStringLiteral("widt")));

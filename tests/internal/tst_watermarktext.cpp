@@ -102,7 +102,7 @@ void TstWatermarkText::sizeIsWhatThePainterMeasures_data()
     QTest::addColumn<QString>("text");
 
     QTest::newRow("null") << QString();
-    QTest::newRow("empty") << QStringLiteral("");
+    QTest::newRow("empty") << QString("");
     QTest::newRow("one letter") << QStringLiteral("x");
     QTest::newRow("words") << QStringLiteral("The quick brown fox");
     QTest::newRow("blanks around") << QStringLiteral("  x  ");

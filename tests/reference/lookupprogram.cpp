@@ -67,6 +67,7 @@ LookupProgram::Slot& LookupProgram::anySlot()
 std::vector<Node*> LookupProgram::roots() const
 {
     std::vector<Node*> all;
+    all.reserve(static_cast<std::size_t>(m_models) + m_loose.size());
     for (int i = 0; i < m_models; ++i)
         all.push_back(m_slots.at(static_cast<std::size_t>(i)).root);
     for (const auto& tree : m_loose)
@@ -241,7 +242,7 @@ QString LookupProgram::mismatchOfRawText(Slot& slot)
 {
     std::array<QChar, 32> buffer;
     for (int i = 0; i < 3; ++i) {
-        const QString name = anyName();
+        QString name = anyName();
         std::copy(name.cbegin(), name.cend(), buffer.begin());
         const QString raw = QString::fromRawData(buffer.data(), name.size());
         ++m_lookups;

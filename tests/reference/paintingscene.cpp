@@ -244,19 +244,20 @@ Twins::Twins()
 {
     QObject::connect(&m_painting,
                      qOverload<const QString&, const QString&, const QVariant&, int>(&Model::effectDataChanged),
-                     [this] {
+                     &m_painting, [this] {
                          bite(m_painting, [this] {
                              const QSize size = m_painting.baseSize();
                              m_painting.getWatermark(size.width(), size.height(), true);
                          });
                      });
-    QObject::connect(
-        &m_painted, qOverload<const QString&, const QString&, const QVariant&, int>(&Model::effectDataChanged), [this] {
-            bite(m_painted, [this] {
-                const QSize size = m_painted.baseSize();
-                m_painter.paint(m_painted, size.width(), size.height(), true);
-            });
-        });
+    QObject::connect(&m_painted,
+                     qOverload<const QString&, const QString&, const QVariant&, int>(&Model::effectDataChanged),
+                     &m_painted, [this] {
+                         bite(m_painted, [this] {
+                             const QSize size = m_painted.baseSize();
+                             m_painter.paint(m_painted, size.width(), size.height(), true);
+                         });
+                     });
 }
 
 void Twins::both(const std::function<void(Model&)>& change)

@@ -153,7 +153,7 @@ Node Defaults::tree(const QStringList& types) const
         const QString name = utf8(record->name);
         if (!types.isEmpty() && !types.contains(name))
             continue;
-        root.children.push_back(Node());
+        root.children.emplace_back();
         Node& item = root.children.back();
         item.name = name;
         fill(root, item);
@@ -309,7 +309,7 @@ void Defaults::layOver(Node& root, Node& item, const QString& type, bool direct,
 
 QVariant Defaults::value(const QString& type, const QString& key) const
 {
-    const QVariant custom = saved.value(type).value(key);
+    QVariant custom = saved.value(type).value(key);
     if (custom.isValid())
         return custom;
     for (const EffectDefaultVal* entry = propertiesOf(type, table); entry && entry->key; ++entry) {

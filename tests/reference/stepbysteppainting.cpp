@@ -126,7 +126,7 @@ QImage Painter::paint(ZoEffectModel& model, int w, int h, bool honourIgnore)
         copy = model;
         copy.adjustEffectInfo(w, h);
         Painter painter;
-        const QImage picture = painter.paint(copy, w, h, true);
+        QImage picture = painter.paint(copy, w, h, true);
         m_unreadable += painter.takeUnreadable();
         return picture;
     }
@@ -136,6 +136,7 @@ QImage Painter::paint(ZoEffectModel& model, int w, int h, bool honourIgnore)
         return QImage();
 
     std::vector<QPointer<Item>> items;
+    items.reserve(static_cast<std::size_t>(typeNode->childCount()));
     for (int row = 0; row < typeNode->childCount(); ++row)
         items.emplace_back(typeNode->child(row));
 

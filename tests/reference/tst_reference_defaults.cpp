@@ -72,7 +72,8 @@ struct World {
 
     void forgetCustomDefaults()
     {
-        for (const QString& type : reference.saved.keys())
+        const QStringList types = reference.saved.keys();
+        for (const QString& type : types)
             ZoEffectItemDefaultValMgr::getInstance()->removeCustomDefaultVal(type);
         reference.saved.clear();
     }
@@ -214,7 +215,7 @@ void TstReferenceDefaults::subItemsOfAPassingTable()
         expected.name = "host's";
         world.first.fill();
         for (int call = 0; call < 2; ++call) {
-            std::array<SubEffectItem, 5> table;
+            std::array<SubEffectItem, 5> table{};
             world.first.fillSubItems(table, world.first.below(5));
             model.InitSubItemData(&item, table.data());
             stepbystep::Defaults::addSubItems(expected, table.data());

@@ -38,12 +38,12 @@ qint64 allocated()
     return static_cast<qint64>(__sanitizer_get_current_allocated_bytes());
 #else
     const struct mallinfo2 now = mallinfo2();
-    return static_cast<qint64>(now.uordblks + now.hblkhd);
+    return static_cast<qint64>(now.uordblks) + static_cast<qint64>(now.hblkhd);
 #endif
 }
 
 /// Room for a memory that is not full after the warm-up; what is kept without bound takes more in each test.
-constexpr qint64 limit = 3 * 1024 * 1024;
+constexpr qint64 limit = qint64{3} * 1024 * 1024;
 
 } // namespace
 

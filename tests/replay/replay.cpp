@@ -134,7 +134,8 @@ QString exact(const QVariant& value)
     }
     case QMetaType::QStringList: {
         QStringList texts;
-        for (const QString& text : value.toStringList())
+        const QStringList list = value.toStringList();
+        for (const QString& text : list)
             texts << quoted(text);
         return "strings [" + texts.join(", ") + ']';
     }
@@ -898,10 +899,11 @@ void Session::run(const QString& line)
         words.fail();
     if (!result.isEmpty())
         say("= " + result);
-    for (const QString& signal : m_signals)
+    for (const QString& signal : std::as_const(m_signals))
         say("! " + signal);
     m_signals.clear();
-    for (const int event : logcapture::takeEvents())
+    const QList<int> events = logcapture::takeEvents();
+    for (const int event : events)
         say(QString("# %1").arg(event));
     const auto writes = TestApplication::instance()->pref.takeWrites().size();
     if (writes > 0)

@@ -38,7 +38,8 @@ QByteArray referenceFile()
 QVector<Reference> readReferences()
 {
     QVector<Reference> references;
-    for (const QString& line : QString::fromUtf8(referenceFile()).split('\n')) {
+    const QStringList lines = QString::fromUtf8(referenceFile()).split('\n');
+    for (const QString& line : lines) {
         const QStringList fields = line.split(" | ");
         if (!line.startsWith('#') && fields.size() == 6) {
             references.append(

@@ -3,6 +3,7 @@
 
 #include "referencemodel.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <functional>
@@ -182,7 +183,7 @@ bool equal(const QVariant& present, const QVariant& given)
     if (present.userType() == QMetaType::QVariantMap && given.userType() == QMetaType::QVariantMap) {
         const Properties one = present.toMap();
         const Properties other = given.toMap();
-        if (one.keys() != other.keys())
+        if (!std::equal(one.keyBegin(), one.keyEnd(), other.keyBegin(), other.keyEnd()))
             return false;
         for (auto it = one.cbegin(); it != one.cend(); ++it) {
             if (!equal(it.value(), other.value(it.key())))
@@ -218,7 +219,7 @@ bool identical(const QVariant& one, const QVariant& other)
     case QMetaType::QVariantMap: {
         const auto& left = *static_cast<const QVariantMap*>(one.constData());
         const auto& right = *static_cast<const QVariantMap*>(other.constData());
-        if (left.keys() != right.keys())
+        if (!std::equal(left.keyBegin(), left.keyEnd(), right.keyBegin(), right.keyEnd()))
             return false;
         for (auto it = left.cbegin(); it != left.cend(); ++it) {
             if (!identical(it.value(), right.value(it.key())))
@@ -489,7 +490,7 @@ const EffectType* World::find(const QString& type) const
 
 void World::loadCustomDefaults()
 {
-    for (const QString& type : supportTypes) {
+    for (const QString& type : std::as_const(supportTypes)) {
         const QVariant saved = preferences.value(type);
         if (saved.userType() == QMetaType::QVariantMap && !saved.toMap().isEmpty())
             customDefaults.insert(type, saved.toMap());
@@ -1745,7 +1746,7 @@ void Model::replaceItemDataProperty(const QString& type, const Properties& props
         const int oldHeight = toInt(props.value(frameHeight));
         const int newHeight = intOf(root.get(), frameHeight);
         i = 0;
-        for (const QString& key : keys) {
+        for (const QString& key : std::as_const(keys)) {
             ++i;
             if (!props.contains(key))
                 continue;

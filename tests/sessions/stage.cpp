@@ -229,7 +229,8 @@ const std::vector<QVariant>& valuesOf(const QString& key)
     static const QHash<QString, const std::vector<QVariant>*> values = [] {
         QHash<QString, const std::vector<QVariant>*> table;
         const auto enter = [&table](const char* keys, const std::vector<QVariant>& list) {
-            for (const QString& entry : words(keys))
+            const QStringList entries = words(keys);
+            for (const QString& entry : entries)
                 table.insert(entry, &list);
         };
         enter("_checkstate wm_istextwatermark wm_ingnore sub_fromfile audio_isfile "
@@ -854,7 +855,8 @@ void Stage::compareLog()
     static const QByteArray path = QFile::encodeName(logcapture::logPath());
     std::vector<int> logged;
     if (::access(path.constData(), F_OK) == 0) {
-        for (int line : logcapture::takeEvents())
+        const QList<int> events = logcapture::takeEvents();
+        for (int line : events)
             logged.push_back(line);
     }
     if (logged != m_world.log)
@@ -873,7 +875,7 @@ void Stage::compareStore()
     if (written.isEmpty() && m_world.preferenceWrites.isEmpty())
         return;
     QStringList expected;
-    for (const QString& key : m_world.preferenceWrites)
+    for (const QString& key : std::as_const(m_world.preferenceWrites))
         expected << QStringLiteral("%1 = %2, notify false").arg(key, described(m_world.preferences.value(key)));
     if (written != expected)
         differ(QStringLiteral("writes to the preference store"), shown(written), shown(expected));
