@@ -12,6 +12,7 @@ source "$here/support/rows.sh"
 build=$(readlink -f "$1")
 work=$build/tests/consumer
 prefix="$work/installed package"
+version=$("$here/../scripts/version")
 qt=$(sed -n 's/^ZOEFFECT_QT_MAJOR:[A-Z]*=//p' "$build/CMakeCache.txt")
 
 rm -rf "$work"
@@ -46,7 +47,7 @@ lib/cmake/ZoEffect/ZoEffectTargets-debug.cmake
 lib/cmake/ZoEffect/ZoEffectTargets.cmake
 lib/libzoeffect.so
 lib/libzoeffect.so.1
-lib/libzoeffect.so.1.0.0
+lib/libzoeffect.so.'"$version"'
 lib/pkgconfig/zoeffect.pc' \
     "$(cd "$prefix" && find . ! -type d | sed 's|^\./||' | LC_ALL=C sort)" || true
 
@@ -56,7 +57,7 @@ dynamic() {
 }
 same 'consumer: soname' libzoeffect.so.1 "$(dynamic SONAME)" || true
 same 'consumer: links' 'libzoeffect.so -> libzoeffect.so.1
-libzoeffect.so.1 -> libzoeffect.so.1.0.0' \
+libzoeffect.so.1 -> libzoeffect.so.'"$version" \
     "$(cd "$prefix/lib" && find . -type l -printf '%P -> %l\n' | LC_ALL=C sort)" || true
 same 'consumer: needs Qt Core and Gui alone' "libQt${qt}Core.so
 libQt${qt}Gui.so" "$(dynamic NEEDED | sed -n 's/^\(libQt.*\.so\)\..*/\1/p')" || true
@@ -97,7 +98,7 @@ done
 
 # As the manual page of pkg-config tells it; eval, since the paths have a space.
 export PKG_CONFIG_PATH="$prefix/lib/pkgconfig"
-same 'consumer: pkg-config: version' 1.0.0 "$(pkg-config --modversion zoeffect)" || true
+same 'consumer: pkg-config: version' "$version" "$(pkg-config --modversion zoeffect)" || true
 for compiler in g++ clang++; do
     mkdir "$work/plain $compiler"
     program="$work/plain $compiler/consumer"

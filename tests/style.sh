@@ -3,7 +3,7 @@
 # SPDX-License-Identifier: MIT
 
 # style.sh: all C++ sources are formatted as .clang-format says, shellcheck finds nothing in the shell scripts, each
-# file has its licence, and no test program is forgotten.
+# file has its licence, the changelog goes with the version, and no test program is forgotten.
 set -euo pipefail
 here=$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")
 # shellcheck source-path=SCRIPTDIR source=support/rows.sh
@@ -31,6 +31,9 @@ trap 'rm -rf "$copy"' EXIT
 tar --create --exclude=./build --exclude=./.git . | tar --extract --directory="$copy"
 check 'style: reuse finds licence and copyright of each file' reuse --root "$copy" lint || true
 
+newest=$(sed -nE 's/^## (Unreleased|[0-9.]+)(, [0-9]{4}-[0-9]{2}-[0-9]{2})?$/\1/p' CHANGELOG.md | head -n 1)
+version=$(scripts/version)
+same 'style: the changelog begins with this version, or with what is unreleased' "$version" "${newest/Unreleased/$version}" || true
 same 'style: every test program is registered' \
     "$(find tests -name 'tst_*.cpp' -printf '%f\n' | sed 's/\.cpp$//' | LC_ALL=C sort)" \
     "$(find tests -name CMakeLists.txt -exec sed -nE 's/^    (tst_.*)/\1/p; s/^ *zoeffect_(internal_)?test\((tst_[a-z0-9_]+).*/\2/p' {} + | LC_ALL=C sort)" || true
