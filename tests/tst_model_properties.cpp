@@ -138,6 +138,7 @@ private slots:
     void subtitlePositionOfAnItem();
     void subtitlePositionFollowsTheHeight();
     void storedSubtitlePositionWrittenAgainStaysDerived();
+    void subtitlePositionGivenToANewItemIsStoredNotRead();
     void derivedSubtitlePositionCanBeStored();
     void subtitleFlagIsSetSilently();
     void subtitleFlagIsForTheSubtitlePositionAlone_data();
@@ -861,6 +862,19 @@ void TstModelProperties::storedSubtitlePositionWrittenAgainStaysDerived()
     QCOMPARE(recorded.take(), QStringList());
     QVERIFY(!model.findDataItem("Subtitle", -1)->hasData("dvdsubtitleposeditbyuser"));
     QCOMPARE(described(model.data("sub_vposition", "Subtitle", -1)), QStringLiteral("double 384"));
+}
+
+void TstModelProperties::subtitlePositionGivenToANewItemIsStoredNotRead()
+{
+    ZoEffectModel model;
+    model.setVideoSize(1280, 720);
+
+    QVERIFY(model.addDataItem("Subtitle", {{"sub_vposition", 500}}));
+    QCOMPARE(described(model.getDataItem("Subtitle", 0)->data("sub_vposition")), QStringLiteral("int 500"));
+    QCOMPARE(described(model.data("sub_vposition", "Subtitle", 0)), QStringLiteral("double 576"));
+
+    QVERIFY(model.addDataItem("Subtitle", {{"sub_vposition", 500}, {"dvdsubtitleposeditbyuser", true}}));
+    QCOMPARE(described(model.data("sub_vposition", "Subtitle", 1)), QStringLiteral("int 500"));
 }
 
 void TstModelProperties::derivedSubtitlePositionCanBeStored()
