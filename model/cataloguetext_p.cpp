@@ -32,7 +32,8 @@ Kept* placesFor(const char* utf8)
     constexpr int bits = 64;
     constexpr int bitsBelow = 57;
     static_assert(keptStrings == 2 * (quint64(1) << (bits - bitsBelow)));
-    return &(*kept)[2 * ((reinterpret_cast<quintptr>(utf8) * oddFactor) >> bitsBelow)];
+    const quint64 pair = (reinterpret_cast<quintptr>(utf8) * oddFactor) >> bitsBelow;
+    return &(*kept)[2 * static_cast<std::size_t>(pair)];
 }
 
 bool has(const Kept& kept, const char* utf8)
