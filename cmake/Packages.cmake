@@ -2,8 +2,8 @@
 # SPDX-License-Identifier: MIT
 
 # The Debian packages libzoeffect1, libzoeffect-dev and libzoeffect-doc, from the components "runtime", "dev" and "doc".
-# scripts/package prepares what is built here neither: the pages, the changelogs and the symbols, in the folder
-# "packaging" of the build. Nothing of it is part of a plain installation.
+# What CMake does not build (pages, changelogs, symbols) scripts/package prepares in the folder "packaging" of the build.
+# Nothing of it is part of a plain installation.
 set(ZOEFFECT_PREPARED ${CMAKE_CURRENT_BINARY_DIR}/packaging)
 set(ZOEFFECT_RUNTIME libzoeffect${PROJECT_VERSION_MAJOR})
 
@@ -49,7 +49,7 @@ effects) for a host application that converts them. Every change is
 announced through Qt signals, geometry follows the size of the video,
 and a picture shows the watermarks.")
 
-# zoeffect_package(NAME PACKAGE SECTION SUMMARY TEXT)
+# zoeffect_package(COMPONENT PACKAGE SECTION SUMMARY TEXT)
 macro(zoeffect_package component package section summary text)
   string(TOUPPER ${component} upper)
   set(CPACK_DEBIAN_${upper}_PACKAGE_NAME ${package})

@@ -64,7 +64,7 @@ QString fontSizes(const ZoEffectModel& file)
     return sizes.join(' ');
 }
 
-// All that a type holds: itself, then its items.
+// All that a type of the model holds: itself, then its items.
 QByteArray saved(const ZoEffectModel& file, const QString& type)
 {
     QByteArray bytes;
@@ -81,12 +81,14 @@ void restore(ZoEffectModel& file, const QString& type, const QByteArray& bytes)
 {
     QDataStream stream(bytes);
     stream.setVersion(QDataStream::Qt_5_15);
-    ZoEffectItemData whole(type); // Stands free: replaceData() copies it, pixel by pixel.
+    ZoEffectItemData whole(type); // Stands free, so replaceData() copies it as it is.
     for (ZoEffectItemData* node = &whole; !stream.atEnd(); node = nullptr) {
         QString name;
         int checkState = 0;
         QMap<QString, QVariant> properties;
         stream >> name >> checkState >> properties;
+        if (stream.status() != QDataStream::Ok)
+            return; // A damaged file changes nothing.
         if (!node)
             node = new ZoEffectItemData(name, &whole); // An item: only the first is the type itself.
         node->setCheckState(checkState);
