@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The libzoeffect developers
 // SPDX-License-Identifier: MIT
 
-// Which image files are let near Qt's readers, told from headers alone.
+// Which image files Qt may load, told from their headers alone.
 
 #include <algorithm>
 
