@@ -3,6 +3,7 @@
 
 // Handing settings of one file to others. docs/guide/09-applying.md tells about it.
 
+#include <QCryptographicHash>
 #include <QDataStream>
 #include <QGuiApplication>
 #include <QIODevice>
@@ -64,38 +65,65 @@ QString fontSizes(const ZoEffectModel& file)
     return sizes.join(' ');
 }
 
-// All that a type of the model holds: itself, then its items.
+QByteArray checksum(const QByteArray& bytes)
+{
+    return QCryptographicHash::hash(bytes, QCryptographicHash::Sha256);
+}
+
+// All that a type of the model holds: itself, then its items; a checksum in front.
 QByteArray saved(const ZoEffectModel& file, const QString& type)
 {
-    QByteArray bytes;
-    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    QByteArray body;
+    QDataStream stream(&body, QIODevice::WriteOnly);
     stream.setVersion(QDataStream::Qt_5_15);
+    stream << file.childCount(type);
     for (int pos = -1; pos < file.childCount(type); ++pos) {
         const ZoEffectItemData* node = file.getDataItem(type, pos);
         stream << node->name() << node->checkState() << node->properties();
     }
-    return bytes;
+    return checksum(body) + body;
 }
 
-void restore(ZoEffectModel& file, const QString& type, const QByteArray& bytes)
+// Reads everything, checks it, then applies it. False: the file is damaged or cut, and nothing has changed.
+bool restore(ZoEffectModel& file, const QString& type, const QByteArray& bytes)
 {
-    QDataStream stream(bytes);
+    const QByteArray body = bytes.mid(checksum({}).size());
+    if (bytes != checksum(body) + body)
+        return false;
+    QDataStream stream(body);
     stream.setVersion(QDataStream::Qt_5_15);
-    ZoEffectItemData whole(type); // Stands free, so replaceData() copies it as it is.
-    for (ZoEffectItemData* node = &whole; !stream.atEnd(); node = nullptr) {
+    int items = 0;
+    stream >> items;
+    ZoEffectItemData whole(type); // Belongs to no model, so replaceData() copies it as it is.
+    for (int pos = -1; pos < items && stream.status() == QDataStream::Ok; ++pos) {
         QString name;
         int checkState = 0;
         QMap<QString, QVariant> properties;
         stream >> name >> checkState >> properties;
-        if (stream.status() != QDataStream::Ok)
-            return; // A damaged file changes nothing.
-        if (!node)
-            node = new ZoEffectItemData(name, &whole); // An item: only the first is the type itself.
+        auto* node = pos < 0 ? &whole : new ZoEffectItemData(name, &whole); // Owned by "whole".
         node->setCheckState(checkState);
         for (auto it = properties.cbegin(); it != properties.cend(); ++it)
             node->setData(it.key(), it.value());
     }
+    if (stream.status() != QDataStream::Ok || !stream.atEnd())
+        return false;
     file.replaceData(type, -1, &whole);
+    return true;
+}
+
+// How many damaged files the loader takes: the good one cut at each byte, and with each of its bytes changed.
+int damagedFilesTaken(ZoEffectModel& file, const QString& type, const QByteArray& good)
+{
+    int taken = 0;
+    for (int i = 0; i < good.size(); ++i) {
+        QByteArray changed = good;
+        changed[i] = char(~changed[i]);
+        for (const QByteArray& damaged : {good.left(i), changed}) {
+            if (restore(file, type, damaged))
+                ++taken;
+        }
+    }
+    return taken;
 }
 
 } // namespace
@@ -160,7 +188,11 @@ int main(int argc, char** argv)
 
     const QByteArray project = saved(large, "Subtitle");
     large.resetDataItem("Subtitle", -1); // No track is left.
-    restore(large, "Subtitle", project);
+    const QByteArray without = saved(large, "Subtitle");
+    out << "damaged files taken: " << damagedFilesTaken(large, "Subtitle", project);
+    out << ", settings " << (saved(large, "Subtitle") == without ? "as before" : "changed") << '\n';
+    const bool taken = restore(large, "Subtitle", project);
+    out << "the whole file: " << (taken ? "taken" : "refused") << '\n';
     out << "large " << fontSizes(large) << '\n';
     return 0;
 }
