@@ -45,9 +45,9 @@ set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(about "libzoeffect keeps the editable effect settings of media files (crop,
 watermarks, subtitle and audio tracks, colour, frame effects, audio
-effects) for a host application that converts them. Every change is
-announced through Qt signals, geometry follows the size of the video,
-and a picture shows the watermarks.")
+effects) for a host application that converts them. Qt signals announce
+changed values and lists, geometry follows the size of the video, and a
+picture shows the watermarks.")
 
 # zoeffect_package(COMPONENT PACKAGE SECTION SUMMARY TEXT)
 macro(zoeffect_package component package section summary text)
