@@ -8,12 +8,13 @@ cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/../.."
 
 usage() {
     cat <<'TEXT'
-usage: fuzz TARGET SECONDS [LIBFUZZER-ARGUMENT...]
-       fuzz all SECONDS [LIBFUZZER-ARGUMENT...]
+usage: fuzz TARGET|all SECONDS [LIBFUZZER-ARGUMENT...]
+       fuzz keep TARGET|all [FILE...]
 
 Builds the fuzz targets of tests/fuzz with clang++, libFuzzer, AddressSanitizer and UndefinedBehaviorSanitizer in
 build/fuzz and runs one of them, or each in turn, for that many seconds, from the inputs in
-tests/fuzz/corpus/TARGET and those found before. New inputs go to build/fuzz/corpus/TARGET.
+tests/fuzz/corpus/TARGET.txt and those found before. New inputs go to build/fuzz/corpus/TARGET; "keep" adds those of
+them that reach what the others do not, and the files named, to tests/fuzz/corpus/TARGET.txt.
 
   operations   sequences of public operations, with listeners that call back
   storefile    the file of the embedded preference store
@@ -31,7 +32,12 @@ if [[ ${1:-} == --help || ${1:-} == -h ]]; then
     usage
     exit 0
 fi
-if (($# < 2)) || [[ ! $2 =~ ^[1-9][0-9]*$ ]]; then
+keep=false
+if [[ ${1:-} == keep ]]; then
+    keep=true
+    shift
+fi
+if (($# < 1)) || { ! $keep && [[ ! ${2:-} =~ ^[1-9][0-9]*$ ]]; }; then
     usage >&2
     exit 2
 fi
@@ -42,8 +48,12 @@ elif [[ " ${targets[*]} " != *" $1 "* ]]; then
     usage >&2
     exit 2
 fi
-readonly seconds=$2
-shift 2
+shift
+seconds=0
+if ! $keep; then
+    seconds=$1
+    shift
+fi
 
 scripts/install-packages build test libclang-rt-14-dev
 
@@ -92,10 +102,31 @@ stop() {
 trap stop EXIT
 export TMPDIR=$scratch XDG_CONFIG_HOME=$scratch
 
+# The inputs of a corpus file are its lines: \\ is a backslash, \xNN any byte, # starts a comment.
+# unpack CORPUS FOLDER: each input as a file of its own.
+unpack() {
+    mkdir -p "$2"
+    perl -ne 'BEGIN { $to = pop } next if /^#/; chomp; s/\\(x(..)|\\)/defined $2 ? chr hex $2 : "\\"/ge;
+        open my $input, ">", "$to/$." or die; print $input $_' "$1" "$2"
+}
+
+# pack FOLDER CORPUS: its comments stay.
+pack() {
+    local comments
+    comments=$(grep '^#' "$2")
+    {
+        printf '%s\n' "$comments"
+        find "$1" -type f -exec perl -0777 -ne \
+            's/\\/\\\\/g; s/([^ -~]|^[# ]| $)/sprintf "\\x%02x", ord $1/ge; print "$_\n"' {} \; | LC_ALL=C sort -u
+    } > "$folder/packed.txt"
+    mv "$folder/packed.txt" "$2"
+}
+
 # run TARGET [LIBFUZZER-ARGUMENT...]: leaves what libFuzzer says in build/fuzz/TARGET.log.
 run() {
     local target=$1 log=$folder/$1.log options=() started=$SECONDS status=0 line
     shift
+    unpack "$corpora/corpus/$target.txt" "$scratch/corpus/$target"
     mkdir -p "$folder/corpus/$target" "$folder/findings/$target"
     if [[ -e $corpora/$target.dict ]]; then
         options+=("-dict=$corpora/$target.dict")
@@ -106,7 +137,7 @@ run() {
     fi
     "$folder/build/tests/fuzz/fuzz_$target" -max_total_time="$seconds" -timeout=10 -rss_limit_mb=512 -max_len=4096 \
         -print_final_stats=1 -artifact_prefix="$folder/findings/$target/" ${options[@]+"${options[@]}"} "$@" \
-        "$folder/corpus/$target" "$corpora/corpus/$target" > "$log" 2>&1 &
+        "$folder/corpus/$target" "$scratch/corpus/$target" > "$log" 2>&1 &
     runner=$!
     while kill -0 "$runner" 2> /dev/null; do
         sleep 1
@@ -120,10 +151,28 @@ run() {
     return "$status"
 }
 
+# keep TARGET [FILE...]: puts what reaches more, and the files named, into the corpus.
+keep() {
+    local target=$1 merged=$scratch/corpus/$1
+    shift
+    unpack "$corpora/corpus/$target.txt" "$merged"
+    mkdir -p "$folder/corpus/$target"
+    "$folder/build/tests/fuzz/fuzz_$target" -merge=1 -timeout=10 -rss_limit_mb=512 "$merged" \
+        "$folder/corpus/$target" > "$folder/$target.log" 2>&1 || return
+    (($# == 0)) || cp "$@" "$merged" || return
+    pack "$merged" "$corpora/corpus/$target.txt"
+    echo "fuzz $target: $(grep -cv '^#' "$corpora/corpus/$target.txt") inputs kept"
+}
+
 passed=0
 failed=0
 for target in "${chosen[@]}"; do
     status=0
+    if $keep; then
+        keep "$target" "$@" || status=$?
+        if ((status == 0)); then passed=$((passed + 1)); else failed=$((failed + 1)); fi
+        continue
+    fi
     run "$target" "$@" || status=$?
     log=$folder/$target.log
     executions=$(sed -n 's/^stat::number_of_executed_units: *//p' "$log" | tail -n 1)

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The libzoeffect developers
 // SPDX-License-Identifier: MIT
 
-// replay TARGET FOLDER: runs the fuzz target that is linked to it over all files of a corpus folder and prints a
-// row for each, in Qt Test's text form. The target runs in a child process: what kills it costs one row, and
-// the files behind go on with another child.
+// replay TARGET CORPUS: runs the fuzz target that is linked to it over all inputs of a corpus file and prints a row
+// for each line, in Qt Test's text form. The target runs in a child process: what kills it costs one row, and the
+// lines behind go on with another child.
 
 #include <csignal>
 #include <cstdint>
@@ -12,6 +12,7 @@
 
 #include <sys/mman.h>
 #include <sys/resource.h>
+#include <sys/time.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -19,13 +20,47 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
+#include <QVector>
 
 #include "runtime.h"
 
 namespace {
 
-constexpr unsigned mostSeconds = 30; // Of one file, in a slow build on a busy machine.
+constexpr int mostSeconds = 30; // Of processor time for one input, in a slow build.
 constexpr long mostMemory = 512L * 1024;
+
+struct Input {
+    int line;
+    QByteArray bytes;
+};
+
+/// The inputs of a corpus file, one a line: "\\" is a backslash, "\x" and two digits any byte; "#" starts a comment.
+QVector<Input> inputsOf(const QString& path)
+{
+    QVector<Input> inputs;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return inputs;
+    for (int number = 1; !file.atEnd(); ++number) {
+        QByteArray line = file.readLine();
+        if (line.startsWith('#'))
+            continue;
+        line.chop(1);
+        QByteArray bytes;
+        for (int at = 0; at < line.size(); ++at) {
+            const bool escaped = line.at(at) == '\\';
+            if (escaped && line.mid(at + 1, 1) == "x") {
+                bytes.append(QByteArray::fromHex(line.mid(at + 2, 2)));
+                at += 3;
+            } else {
+                at += escaped ? 1 : 0;
+                bytes.append(line.mid(at, 1));
+            }
+        }
+        inputs.append({number, bytes});
+    }
+    return inputs;
+}
 
 /// The targets write and flush files for every input, which takes a disk a hundred times as long.
 QString folderInMemory()
@@ -35,10 +70,17 @@ QString folderInMemory()
     return parent + QStringLiteral("/zoeffect-replay");
 }
 
-void printRow(const char* result, const char* target, const QString& name)
+void printRow(const char* result, const char* target, const QByteArray& name)
 {
-    std::printf("%s: fuzz_%s::replay(%s)\n", result, target, qPrintable(name));
+    std::printf("%s: fuzz_%s::replay(%s)\n", result, target, name.constData());
     std::fflush(stdout);
+}
+
+/// Ends the process after so many seconds of processor time; 0 takes that back.
+void limitTime(int seconds)
+{
+    const itimerval limit{{0, 0}, {seconds, 0}};
+    setitimer(ITIMER_PROF, &limit, nullptr);
 }
 
 /// The most that this process ever used, in kilobytes.
@@ -49,24 +91,25 @@ long usedMemory()
     return usage.ru_maxrss; // NOLINT(cppcoreguidelines-pro-type-union-access): as the C library declares it.
 }
 
-/// Runs the files from \a first on; \a current tells the parent which one it is at. Ends the process.
-[[noreturn]] void runChild(const QDir& folder, const QStringList& names, const char* target, int first,
-                           volatile int* current)
+QByteArray nameOf(const Input& input)
 {
-    for (int i = first; i < names.size(); ++i) {
+    return "line " + QByteArray::number(input.line);
+}
+
+/// Runs the inputs from \a first on; \a current tells the parent which one it is at. Ends the process.
+[[noreturn]] void runChild(const QVector<Input>& inputs, const char* target, int first, volatile int* current)
+{
+    for (int i = first; i < inputs.size(); ++i) {
         *current = i;
-        QFile file(folder.filePath(names.at(i)));
-        if (!file.open(QIODevice::ReadOnly))
-            std::_Exit(1);
-        const QByteArray bytes = file.readAll();
-        alarm(mostSeconds);
+        const QByteArray& bytes = inputs.at(i).bytes;
+        limitTime(mostSeconds);
         LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.constData()), std::size_t(bytes.size()));
-        alarm(0);
+        limitTime(0);
         if (usedMemory() > mostMemory)
             std::_Exit(1);
-        printRow("PASS   ", target, names.at(i));
+        printRow("PASS   ", target, nameOf(inputs.at(i)));
     }
-    *current = int(names.size());
+    *current = int(inputs.size());
     std::exit(0); // With the search for leaks, where it is compiled in.
 }
 
@@ -75,31 +118,31 @@ long usedMemory()
 int main(int argc, char** argv)
 {
     if (argc != 3) {
-        std::fprintf(stderr, "usage: replay TARGET FOLDER\n");
+        std::fprintf(stderr, "usage: replay TARGET CORPUS\n");
         return 2;
     }
     const char* const target = argv[1];
-    const QDir folder(QFile::decodeName(argv[2]));
-    const QStringList names = folder.entryList(QDir::Files, QDir::Name);
+    const QVector<Input> inputs = inputsOf(QFile::decodeName(argv[2]));
     void* const shared = mmap(nullptr, sizeof(int), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
     const QTemporaryDir temporary(folderInMemory());
-    if (names.isEmpty() || shared == MAP_FAILED || !temporary.isValid()) {
-        printRow("FAIL!  ", target, QStringLiteral("nothing to replay"));
+    if (inputs.isEmpty() || shared == MAP_FAILED || !temporary.isValid()) {
+        printRow("FAIL!  ", target, "nothing to replay");
         return 1;
     }
     qputenv("TMPDIR", QFile::encodeName(temporary.path()));
     auto* const current = static_cast<volatile int*>(shared);
 
     int failed = 0;
-    for (int first = 0; first < names.size(); first = *current + 1) {
+    for (int first = 0; first < inputs.size(); first = *current + 1) {
         *current = first;
         const pid_t child = fork();
         if (child == 0)
-            runChild(folder, names, target, first, current);
+            runChild(inputs, target, first, current);
         int status = 0;
         if (child < 0 || waitpid(child, &status, 0) != child || status != 0) {
             ++failed;
-            printRow("FAIL!  ", target, names.value(*current, QStringLiteral("what is left at the end")));
+            const bool atEnd = *current >= inputs.size();
+            printRow("FAIL!  ", target, atEnd ? "what is left at the end" : nameOf(inputs.at(*current)));
         }
     }
     return failed > 0 ? 1 : 0;
