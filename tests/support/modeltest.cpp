@@ -66,6 +66,16 @@ void saveCustomDefault(const QString& type, const Properties& values)
     ZoEffectItemDefaultValMgr::getInstance()->saveAsCustomDefaultVal(type, values);
 }
 
+void registerOnly(const char* name, const std::vector<EffectDefaultVal>& properties)
+{
+    static std::vector<EffectDefaultVal> registered; // The library reads it until the next registration.
+    registered = properties;
+    registered.push_back(property(nullptr, 0));
+    static EffectControlItem table[2] = {};
+    table[0] = effectType(name, registered.data());
+    ZoEffectModel::InitEffectModel(table);
+}
+
 QString childNames(const ZoEffectItemData* node)
 {
     QStringList names;

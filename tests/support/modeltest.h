@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <vector>
+
 #include <QObject>
 
 #include <zoeffectcatalogue.h>
@@ -42,6 +44,9 @@ void addTracks(ZoEffectItemData* parent, const QString& fileFlag, const QString&
 Properties with(Properties properties, const Properties& more);
 
 void saveCustomDefault(const QString& type, const Properties& values);
+
+/// Registers a table with the one type \a name, which has \a properties.
+void registerOnly(const char* name, const std::vector<EffectDefaultVal>& properties);
 
 /// The names of the children, separated by blanks.
 QString childNames(const ZoEffectItemData* node);

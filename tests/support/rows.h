@@ -11,22 +11,35 @@
 
 Q_DECLARE_METATYPE(std::any)
 
-/// The rows of a test, a name and the values each, once in its function of data:
+/// The rows of a test, each a name and values, to be made once in its function of data: at once,
 ///
-///     void moves_data() { addRows<int, QString>({{"to the front", 0, "c a b"}, {"to the end", 2, "a b c"}}); }
+///     addRows<int, QString>({{"to the front", 0, "c a b"}, {"to the end", 2, "a b c"}});
 ///
-/// and in the test the values of the row that runs:
+/// or, where they are long or come from a loop, one by one:
+///
+///     const Rows<int, QString> add;
+///     add("to the front", 0, "c a b");
+///
+/// In the test the values of the row that runs are
 ///
 ///     const auto [to, expected] = row<int, QString>();
 template <typename... Values>
+class Rows {
+public:
+    Rows() { QTest::addColumn<std::any>("values"); }
+
+    void operator()(const QByteArray& name, const Values&... values) const
+    {
+        QTest::newRow(name.constData()) << std::any(std::tuple<Values...>(values...));
+    }
+};
+
+template <typename... Values>
 void addRows(const std::vector<std::tuple<QByteArray, Values...>>& rows)
 {
-    QTest::addColumn<std::any>("values");
-    for (const auto& named : rows) {
-        const auto values = std::apply(
-            [](const QByteArray&, const Values&... others) { return std::tuple<Values...>(others...); }, named);
-        QTest::newRow(std::get<0>(named).constData()) << std::any(values);
-    }
+    const Rows<Values...> add;
+    for (const auto& named : rows)
+        std::apply(add, named);
 }
 
 template <typename... Values>
