@@ -1,11 +1,12 @@
 # SPDX-FileCopyrightText: 2026 The libzoeffect developers
 # SPDX-License-Identifier: MIT
 
-# Headers, library, CMake package ZoEffect and zoeffect.pc. Component "runtime" is what a host needs to run, "dev" what
-# it takes to build one.
+# Headers, library, CMake package ZoEffect and pkg-config file. What the builds for Qt 5 and Qt 6 have in common
+# (headers, ZoEffectConfig.cmake) is the same in both, so that one prefix can hold them.
 set(ZOEFFECT_PACKAGE_FOLDER ${CMAKE_INSTALL_LIBDIR}/cmake/ZoEffect)
+set(ZOEFFECT_TARGETS ZoEffectQt${ZOEFFECT_QT_MAJOR}Targets)
 
-install(TARGETS zoeffect EXPORT ZoEffectTargets
+install(TARGETS zoeffect EXPORT ${ZOEFFECT_TARGETS}
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT dev)
 install(FILES
   catalogue/zoeffectcatalogue.h
@@ -17,13 +18,12 @@ install(FILES
   ${CMAKE_CURRENT_BINARY_DIR}/include/zoeffect_export.h
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zoeffect COMPONENT dev)
 
-install(EXPORT ZoEffectTargets NAMESPACE ZoEffect:: DESTINATION ${ZOEFFECT_PACKAGE_FOLDER} COMPONENT dev)
-configure_package_config_file(cmake/ZoEffectConfig.cmake.in ${CMAKE_CURRENT_BINARY_DIR}/ZoEffectConfig.cmake
-  INSTALL_DESTINATION ${ZOEFFECT_PACKAGE_FOLDER})
+install(EXPORT ${ZOEFFECT_TARGETS} NAMESPACE ZoEffect:: DESTINATION ${ZOEFFECT_PACKAGE_FOLDER} COMPONENT dev)
 write_basic_package_version_file(${CMAKE_CURRENT_BINARY_DIR}/ZoEffectConfigVersion.cmake
   COMPATIBILITY SameMajorVersion)
 install(FILES
-  ${CMAKE_CURRENT_BINARY_DIR}/ZoEffectConfig.cmake
+  cmake/ZoEffectConfig.cmake
+  cmake/ZoEffectHostQt.cmake
   ${CMAKE_CURRENT_BINARY_DIR}/ZoEffectConfigVersion.cmake
   DESTINATION ${ZOEFFECT_PACKAGE_FOLDER} COMPONENT dev)
 
@@ -32,5 +32,5 @@ file(RELATIVE_PATH ZOEFFECT_PC_TO_PREFIX
   ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 file(RELATIVE_PATH ZOEFFECT_PC_LIBDIR ${CMAKE_INSTALL_PREFIX} ${CMAKE_INSTALL_FULL_LIBDIR})
 file(RELATIVE_PATH ZOEFFECT_PC_INCLUDEDIR ${CMAKE_INSTALL_PREFIX} ${CMAKE_INSTALL_FULL_INCLUDEDIR})
-configure_file(cmake/zoeffect.pc.in ${CMAKE_CURRENT_BINARY_DIR}/zoeffect.pc @ONLY)
-install(FILES ${CMAKE_CURRENT_BINARY_DIR}/zoeffect.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT dev)
+configure_file(cmake/zoeffect.pc.in ${CMAKE_CURRENT_BINARY_DIR}/${ZOEFFECT_NAME}.pc @ONLY)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/${ZOEFFECT_NAME}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT dev)

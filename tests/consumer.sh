@@ -4,7 +4,9 @@
 
 # consumer.sh BUILD: installs the library from the build tree BUILD into a prefix with a space in its name,
 # moves that elsewhere, and builds and runs the host in consumer/ against it: with CMake and with pkg-config
-# and a plain compiler call, with g++ and clang++. Works in BUILD/tests/consumer.
+# and a plain compiler call, with g++ and clang++. Where BUILD is for Qt 6 and the build tree dev beside it has the
+# library for Qt 5, that one is installed into the same prefix, too, and each host finds its own. Works in
+# BUILD/tests/consumer.
 set -euo pipefail
 here=$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")
 # shellcheck source-path=SCRIPTDIR source=support/rows.sh
@@ -14,27 +16,20 @@ work=$build/tests/consumer
 prefix="$work/installed package"
 version=$("$here/../scripts/version")
 qt=$(sed -n 's/^ZOEFFECT_QT_MAJOR:[A-Z]*=//p' "$build/CMakeCache.txt")
+other_qt=$((11 - qt))
+names=([5]=zoeffect [6]=zoeffect-qt6)
+name=${names[qt]}
 
 rm -rf "$work"
 mkdir -p "$work/tmp"
 mkdir -m 700 "$work/runtime"
 export TMPDIR=$work/tmp XDG_RUNTIME_DIR=$work/runtime QT_QPA_PLATFORM=offscreen
 
-# quietly COMMAND...: the output of both streams, only when it fails or warns.
-# shellcheck disable=SC2317 # called by check
-quietly() {
-    local output
-    if ! output=$("$@" 2>&1) || grep -qi 'warning' <<< "$output"; then
-        printf '%s\n' "$output"
-        return 1
-    fi
-}
-
 check 'consumer: the library installs' quietly cmake --install "$build" --prefix "$work/first place" || finish
 mv "$work/first place" "$prefix"
 
 same 'consumer: these files are installed and no others' \
-    'include/zoeffect/writelog.h
+    "include/zoeffect/writelog.h
 include/zoeffect/zoeffect_export.h
 include/zoeffect/zoeffectcatalogue.h
 include/zoeffect/zoeffectitemdata.h
@@ -43,21 +38,22 @@ include/zoeffect/zoeffectmodel.h
 include/zoeffect/zopref.h
 lib/cmake/ZoEffect/ZoEffectConfig.cmake
 lib/cmake/ZoEffect/ZoEffectConfigVersion.cmake
-lib/cmake/ZoEffect/ZoEffectTargets-debug.cmake
-lib/cmake/ZoEffect/ZoEffectTargets.cmake
-lib/libzoeffect.so
-lib/libzoeffect.so.1
-lib/libzoeffect.so.'"$version"'
-lib/pkgconfig/zoeffect.pc' \
+lib/cmake/ZoEffect/ZoEffectHostQt.cmake
+lib/cmake/ZoEffect/ZoEffectQt${qt}Targets-debug.cmake
+lib/cmake/ZoEffect/ZoEffectQt${qt}Targets.cmake
+lib/lib$name.so
+lib/lib$name.so.1
+lib/lib$name.so.$version
+lib/pkgconfig/$name.pc" \
     "$(cd "$prefix" && find . ! -type d | sed 's|^\./||' | LC_ALL=C sort)" || true
 
-# dynamic TAG: the values of one tag of the library's dynamic section.
+# dynamic TAG [FILE]: the values of one tag of the dynamic section of the library or another file.
 dynamic() {
-    readelf -d "$prefix/lib/libzoeffect.so" | sed -n "s/.*($1).*\[\(.*\)\]/\1/p" | LC_ALL=C sort
+    readelf -d "${2:-$prefix/lib/lib$name.so}" | sed -n "s/.*($1).*\[\(.*\)\]/\1/p" | LC_ALL=C sort
 }
-same 'consumer: soname' libzoeffect.so.1 "$(dynamic SONAME)" || true
-same 'consumer: links' 'libzoeffect.so -> libzoeffect.so.1
-libzoeffect.so.1 -> libzoeffect.so.'"$version" \
+same 'consumer: soname' "lib$name.so.1" "$(dynamic SONAME)" || true
+same 'consumer: links' "lib$name.so -> lib$name.so.1
+lib$name.so.1 -> lib$name.so.$version" \
     "$(cd "$prefix/lib" && find . -type l -printf '%P -> %l\n' | LC_ALL=C sort)" || true
 same 'consumer: needs Qt Core and Gui alone' "libQt${qt}Core.so
 libQt${qt}Gui.so" "$(dynamic NEEDED | sed -n 's/^\(libQt.*\.so\)\..*/\1/p')" || true
@@ -78,10 +74,18 @@ host_rows() {
     rows_failed=$((rows_failed + $(grep -c '^FAIL!' <<< "$output" || true)))
 }
 
-# shellcheck disable=SC2317 # called by check
+# configure FOLDER COMPILER [OPTION...]
 configure() {
     cmake -G Ninja -S "$here/consumer" -B "$1" -DCMAKE_PREFIX_PATH="$prefix" -DCMAKE_CXX_COMPILER="$2" \
-        -DCMAKE_BUILD_TYPE=Debug
+        -DCMAKE_BUILD_TYPE=Debug "${@:3}"
+}
+
+# refused NAME SENTENCE OPTION...: with these options CMake finds no package, and says why.
+refused() {
+    local said
+    said=$(configure "$work/refused" g++ "${@:3}" 2>&1 | tr -s ' \n' ' ') || true
+    rm -rf "$work/refused"
+    check "consumer: $1: CMake says why" grep -qF "$2" <<< "$said" || true
 }
 
 for compiler in g++ clang++; do
@@ -95,17 +99,48 @@ for compiler in g++ clang++; do
         host_rows "$compiler" "$tree/consumer"
     fi
 done
+refused 'a host of the other Qt' "This project uses Qt $other_qt, and ZoEffect is installed there for Qt $qt only." \
+    -DZOEFFECT_QT_MAJOR="$other_qt"
+refused 'a component that is not there' "ZoEffect has no component Unknown installed there for Qt $qt." \
+    -DCONSUMER_COMPONENTS=Unknown
 
 # As the manual page of pkg-config tells it; eval, since the paths have a space.
 export PKG_CONFIG_PATH="$prefix/lib/pkgconfig"
-same 'consumer: pkg-config: version' "$version" "$(pkg-config --modversion zoeffect)" || true
+same 'consumer: pkg-config: version' "$version" "$(pkg-config --modversion "$name")" || true
 for compiler in g++ clang++; do
     mkdir "$work/plain $compiler"
     program="$work/plain $compiler/consumer"
     if check "consumer: $compiler and pkg-config: the host, without a warning" quietly eval "$compiler" -std=c++17 \
         -Wall -Wextra -Wpedantic -Werror "'$here/consumer/main.cpp'" -o "'$program'" \
-        "$(pkg-config --cflags --libs zoeffect)"; then
+        "$(pkg-config --cflags --libs "$name")"; then
         host_rows "$compiler and pkg-config" env LD_LIBRARY_PATH="$prefix/lib" "$program"
     fi
 done
+
+# --- Both Qts in one prefix ----------------------------------------------------------------------------------------
+
+dev=$(dirname "$build")/dev
+if ((qt != 6)) || [[ ! -e $dev/libzoeffect.so.$version ]]; then
+    finish
+fi
+cp -r "$prefix" "$work/alone"
+check 'consumer: the library for Qt 5 installs beside it' quietly cmake --install "$dev" --prefix "$prefix" || finish
+same 'consumer: nothing of the library for Qt 6 has changed' '' \
+    "$(diff -r "$work/alone" "$prefix" | grep -v '^Only in .*installed package' || true)" || true
+
+# chosen QT WAY [OPTION...]: with these options the host is linked with the library for this Qt, and works.
+chosen() {
+    local chosen=$1 way=$2 tree="$work/$2"
+    shift 2
+    if check "consumer: both, $way: finds a package" quietly configure "$tree" g++ "$@" &&
+        check "consumer: both, $way: the host, without a warning" quietly cmake --build "$tree" --target consumer; then
+        same "consumer: both, $way: linked with" "lib${names[chosen]}.so.1" \
+            "$(dynamic NEEDED "$tree/consumer" | grep '^libzoeffect')" || true
+        host_rows "both, $way" "$tree/consumer"
+    fi
+}
+chosen 5 'nothing said'
+chosen 6 'ZOEFFECT_QT_MAJOR=6' -DZOEFFECT_QT_MAJOR=6
+chosen 6 'Qt 6 found before' -DCONSUMER_QT=Qt6
+chosen 5 'Qt 5 found before' -DCONSUMER_QT=Qt5
 finish

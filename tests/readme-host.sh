@@ -33,16 +33,6 @@ check 'readme-host: at most 30 lines' test "$(wc -l < main.cpp)" -le 30 || true
 clang-format --style="file:$tree/.clang-format" < main.cpp > formatted.txt || true
 check 'readme-host: formatted as the tree is' diff main.cpp formatted.txt || true
 
-# quietly COMMAND...: the output of both streams, only when it fails or warns.
-# shellcheck disable=SC2317 # called by check
-quietly() {
-    local output
-    if ! output=$("$@" 2>&1) || grep -qi 'warning' <<< "$output"; then
-        printf '%s\n' "$output"
-        return 1
-    fi
-}
-
 check 'readme-host: the library installs' quietly cmake --install "$build" --prefix "$work/prefix" || finish
 
 # The commands as printed, one after the other; the compiler says all that it has to say.

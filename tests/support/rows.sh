@@ -36,6 +36,15 @@ check() {
     fi
 }
 
+# quietly COMMAND...: the output of both streams, only when it fails or warns.
+quietly() {
+    local output
+    if ! output=$("$@" 2>&1) || grep -qi 'warning' <<< "$output"; then
+        printf '%s\n' "$output"
+        return 1
+    fi
+}
+
 # same NAME EXPECTED ACTUAL: passes when the two texts are equal; otherwise the difference is shown, lines that
 # are missing with "-", lines that are too many with "+".
 same() {
