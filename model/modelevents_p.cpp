@@ -6,13 +6,16 @@
 #include <QDateTime>
 #include <QLocale>
 
+#include "logcategory_p.h"
 #include "writelog.h"
 
 void logEvent(ModelEvent event)
 {
+    const int number = static_cast<int>(event);
     // The C locale: others have digits of their own.
     const QByteArray now =
         QLocale::c().toString(QDateTime::currentDateTime(), QStringLiteral("yyyy/MM/dd hh:mm:ss")).toLocal8Bit();
-    WriteLog(QStringLiteral("%s(%d) : %s %08x"), "zoeffectmodel", static_cast<int>(event), now.constData(), 0);
+    WriteLog(QStringLiteral("%s(%d) : %s %08x"), "zoeffectmodel", number, now.constData(), 0);
     WriteLog(QString());
+    qCDebug(zoeffectCategory, "%d: %s", number, inWords(number));
 }
