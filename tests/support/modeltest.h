@@ -23,7 +23,7 @@ using Properties = QMap<QString, QVariant>;
 class ModelTest : public QObject {
     Q_OBJECT
 
-private slots:
+protected slots:
     void init();
     void cleanup();
 };
