@@ -136,6 +136,13 @@ int main(int argc, char** argv)
             << (node->checkState() == Qt::Checked ? "on" : "off") << '\n';
     }
 
+    const QMap<QString, QVariant> kept = picture.getCurrentFrameEffects();
+    out << kept["Effect"].toString() << '\n';
+    picture.changeDataItemPos("Effect", 0, 1);
+    out << (picture.applyFrameEffects(kept) ? "back" : "refused") << ": ";
+    out << picture.getDataItem("Effect", 0)->name() << " first\n";
+    out << (picture.applyFrameEffects({{"Effect", "Blur|true"}}) ? "applied" : "refused") << '\n';
+
     picture.setData("rotate_angle", 90, "Rotate", -1);
     out << "angle: " << picture.data("rotate_angle", "Rotate", -1).toInt();
     out << ", by default " << ZoEffectModel::defaultValue("rotate_angle", "Rotate").toInt() << '\n';

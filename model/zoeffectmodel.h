@@ -27,18 +27,18 @@ struct CropData {
     bool valid = false; ///< Whether the record holds a crop that applies; all zero if not.
 };
 
-// Where to find what:
+// Where to find what, in the order of the class:
 //   construction, copies, edit flags   zoeffectmodel.cpp
 //   lookup, values, change bracket     zoeffectmodel_properties.cpp
 //   selection by key                   zoeffectmodel_selection.cpp
 //   subtitle and audio tracks          zoeffectmodel_tracks.cpp
 //   video size, rescaling, crop        zoeffectmodel_geometry.cpp
+//   watermark picture                  zoeffectmodel_rendering.cpp
+//   place of a new watermark           zoeffectmodel_placement.cpp
 //   defaults, real effects             zoeffectmodel_defaultcheck.cpp
 //   frame effects                      zoeffectmodel_frameeffects.cpp
 //   custom defaults                    zoeffectmodel_customdefaults.cpp
-//   place of a new watermark           zoeffectmodel_placement.cpp
 //   adding, moving, resetting items    zoeffectmodel_items.cpp
-//   watermark picture                  zoeffectmodel_rendering.cpp
 //   handing settings to others         zoeffectmodel_apply.cpp
 
 /// The effect settings of one source file.
@@ -260,15 +260,30 @@ public:
     /// Whether type \a type holds its defaults: its own properties, or for a type without any its items. A
     /// type that the catalogue lacks is logged (518) and counts as default.
     bool dataIsDefault(const QString& type) const;
-    /// Whether the frame effects hold their saved, else their catalogue order and check states.
-    bool FrameEffectIsDefault() const;
     /// Whether the settings ask for any processing at all. In a model for audio effects the first flagged one
     /// decides; else the first selected type that does. Selected types of unknown name that are met before
     /// that are logged (2399).
     bool hasRealEffect() const;
+    /// @}
+
+    /// \name Frame effects
+    /// @{
+
     /// A map with the one key "Effect": the names and states of the frame effects, "A|true|B|false". An empty
     /// map, and a log entry (1559), without a node "Effect".
     QMap<QString, QVariant> getCurrentFrameEffects() const;
+    /// Brings the frame effects into the order and check states of \a effects, a map as getCurrentFrameEffects()
+    /// answers it; its other keys are ignored. The key "Effect" must name each frame effect exactly once; any word but
+    /// "true" switches one off. Sends effectDataChanged("Effect", "reset", invalid, -1) once when anything changed;
+    /// both edit flags stay. False, with nothing changed, sent or logged, without a node "Effect", for an unknown,
+    /// missing or repeated name, and for names that contain "|".
+    bool applyFrameEffects(const QMap<QString, QVariant>& effects);
+    /// Whether the frame effects hold their saved, else their catalogue order and check states.
+    bool FrameEffectIsDefault() const;
+    /// Brings the frame effects into the saved order and check states. Spelling kept.
+    void AdjustFramEffectsByCustomDefault();
+    /// The index of the first child of \a parent named \a name; -1 when there is none or \a parent is null.
+    int getItemPos(const ZoEffectItemData* parent, const QString& name) const;
     /// @}
 
     /// \name Custom defaults
@@ -290,10 +305,6 @@ public:
     /// deliberate: not every other watermark is looked at. For types other than "Watermark" and "Subtitle"
     /// "editbydefault" becomes true. Sends nothing. Null is logged (829).
     void getCustomDefaultVal(ZoEffectItemData* item, const QString& type, bool direct);
-    /// Brings the frame effects into the saved order and check states. Spelling kept.
-    void AdjustFramEffectsByCustomDefault();
-    /// The index of the first child of \a parent named \a name; -1 when there is none or \a parent is null.
-    int getItemPos(const ZoEffectItemData* parent, const QString& name) const;
     /// @}
 
     /// \name Lists of items

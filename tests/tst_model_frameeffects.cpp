@@ -546,6 +546,123 @@ private slots:
         }
     }
 
+    // --- applyFrameEffects
+
+    void appliesOrderAndStates_data()
+    {
+        addRows<QVariant, QString, QString>({
+            {"states only", "A|true|B|false|C|true", "A 0, B 2, C 0", "A 2, B 0, C 2"},
+            {"order only", "B|true|C|false|A|false", "A 0, B 2, C 0", "B 2, C 0, A 0"},
+            {"order and states", "C|false|B|true|A|true", "A 0, B 0, C 2", "C 0, B 2, A 2"},
+            {"one item", "A|true", "A 0", "A 2"},
+            {"partially checked becomes off", "A|false", "A 1", "A 0"},
+            {"any word is off", "A|on|B|True|C|", "A 2, B 2, C 2", "A 0, B 0, C 0"},
+            {"name outside ASCII", QString::fromUtf8("B|true|Fl\xC3\xBC|false"), QString::fromUtf8("Fl\xC3\xBC 2, B 0"),
+             QString::fromUtf8("B 2, Fl\xC3\xBC 0")},
+            {"empty name", "|true|A|false", "A 2,  0", " 2, A 0"},
+            {"bytes", QByteArray("B|true|A|true"), "A 0, B 0", "B 2, A 2"},
+        });
+    }
+
+    void appliesOrderAndStates()
+    {
+        const auto [effects, items, expected] = row<QVariant, QString, QString>();
+        EffectModel model(items);
+        model.effect->setCheckState(0);
+        SignalRecorder recorder(model);
+
+        QVERIFY(model.applyFrameEffects({{"Effect", effects}, {"Blur", "ignored"}}));
+        QCOMPARE(itemsOf(model.effect), expected);
+        QCOMPARE(recorder.take(), one("effectDataChanged(Effect, reset, invalid, -1)"));
+
+        QVERIFY(model.applyFrameEffects({{"Effect", effects}}));
+        QCOMPARE(itemsOf(model.effect), expected);
+        QCOMPARE(recorder.take(), QStringList());
+        QCOMPARE(model.effect->checkState(), 0);
+        QCOMPARE(model.editByUser(), false);
+        QCOMPARE(model.editByDefault(), false);
+    }
+
+    void refusesFrameEffects_data()
+    {
+        addRows<Properties, QString>({
+            {"empty map", Properties(), "A 0, B 2"},
+            {"another key", {{"effect", "B|true|A|true"}}, "A 0, B 2"},
+            {"invalid value", {{"Effect", QVariant()}}, "A 0, B 2"},
+            {"empty text", {{"Effect", ""}}, "A 0, B 2"},
+            {"number", {{"Effect", 5}}, "A 0"},
+            {"one name for two items", {{"Effect", "A|true"}}, "A 0, B 2"},
+            {"three names for two items", {{"Effect", "B|true|A|true|C|true"}}, "A 0, B 2"},
+            {"name without a state", {{"Effect", "B|true|A"}}, "A 0, B 2"},
+            {"unknown name", {{"Effect", "B|true|X|true"}}, "A 0, B 2"},
+            {"other letter case", {{"Effect", "B|true|a|true"}}, "A 0, B 2"},
+            {"repeated name", {{"Effect", "A|true|A|true"}}, "A 0, B 2"},
+            {"name twice in the list", {{"Effect", "A|true|A|false"}}, "A 0, A 2"},
+            {"name twice in the list, once in the text", {{"Effect", "A|true|B|false"}}, "A 0, A 2"},
+            {"name with the separator", {{"Effect", "A|B|true"}}, "A|B 0"},
+            {"null entry", {{"Effect", "A|true"}}, "A 0, -"},
+            {"null entry counted", {{"Effect", "A|true||true"}}, "A 0, -"},
+            {"no items", {{"Effect", "A|true"}}, ""},
+        });
+    }
+
+    void refusesFrameEffects()
+    {
+        const auto [effects, items] = row<Properties, QString>();
+        EffectModel model(items);
+        SignalRecorder recorder(model);
+
+        QVERIFY(!model.applyFrameEffects(effects));
+        QCOMPARE(itemsOf(model.effect), items);
+        QCOMPARE(recorder.take(), QStringList());
+    }
+
+    void refusesFrameEffectsWithoutEffectType()
+    {
+        ZoEffectModel model(QStringList{"Watermark"});
+        setItems(model.getDataItem("Watermark", -1), "A 0");
+        QVERIFY(!model.applyFrameEffects({{"Effect", "A|true"}}));
+        QCOMPARE(itemsOf(rootOf(model)), QString("Watermark 2"));
+        QCOMPARE(itemsOf(model.getDataItem("Watermark", -1)), QString("A 0"));
+    }
+
+    void applyingMovesTheItemsThemselves()
+    {
+        ZoEffectModel model;
+        ZoEffectItemData* type = model.getDataItem("Effect", -1);
+        ZoEffectItemData* const sepia = type->child(3);
+        sepia->setData("strength", 3);
+        QVERIFY(model.applyFrameEffects({{"Effect", "Sepia|true|Blur|false|Sharpen|false|Mirror|true"}}));
+        QCOMPARE(itemsOf(type), QString("Sepia 2, Blur 0, Sharpen 0, Mirror 2"));
+        QCOMPARE(type->child(0), sepia);
+        QCOMPARE(described(sepia->properties()), QString("{id: int 14, strength: int 3}"));
+    }
+
+    void whatIsCurrentCanBeApplied()
+    {
+        for (const char* items : {"", "A 2", allOff, "Sepia 0, Mirror 2, Sharpen 2, Blur 0"}) {
+            EffectModel model(items);
+            QVERIFY(model.applyFrameEffects(model.getCurrentFrameEffects()));
+            QCOMPARE(itemsOf(model.effect), QString(items));
+        }
+        const EffectModel source("Sepia 0, Mirror 2, Sharpen 2, Blur 0");
+        EffectModel target(allOff);
+        QVERIFY(target.applyFrameEffects(source.getCurrentFrameEffects()));
+        QCOMPARE(itemsOf(target.effect), QString("Sepia 0, Mirror 2, Sharpen 2, Blur 0"));
+    }
+
+    void listenersFindTheFrameEffectsApplied()
+    {
+        EffectModel model(allOff);
+        QStringList seen;
+        listen(model, [&] {
+            seen << itemsOf(model.effect);
+            model.effect->clear(); // Nothing is looked at afterwards.
+        });
+        QVERIFY(model.applyFrameEffects({{"Effect", "Sepia|true|Blur|false|Sharpen|false|Mirror|true"}}));
+        QCOMPARE(seen, one("Sepia 2, Blur 0, Sharpen 0, Mirror 2"));
+    }
+
     // --- getItemPos
 
     void positionOfAName_data()

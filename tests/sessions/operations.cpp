@@ -641,6 +641,14 @@ void getCurrentFrameEffects(Stage& stage)
     stage.same(QVariant(pair.real->getCurrentFrameEffects()), QVariant(pair.told->getCurrentFrameEffects()));
 }
 
+void applyFrameEffects(Stage& stage)
+{
+    const ModelPair& pair = stage.model();
+    const Properties effects = {{QStringLiteral("Effect"), stage.value(QStringLiteral("Effect"))}};
+    stage.call(pair, "applyFrameEffects", effects);
+    stage.same(pair.real->applyFrameEffects(effects), pair.told->applyFrameEffects(effects));
+}
+
 // --- Custom defaults --------------------------------------------------------------------------------------
 
 void saveAsCustomDefault(Stage& stage)
@@ -1204,6 +1212,7 @@ const std::vector<Operation>& operations()
         {"ZoEffectModel::FrameEffectIsDefault", 8, frameEffectIsDefault},
         {"ZoEffectModel::hasRealEffect", 20, hasRealEffect},
         {"ZoEffectModel::getCurrentFrameEffects", 5, getCurrentFrameEffects},
+        {"ZoEffectModel::applyFrameEffects", 8, applyFrameEffects},
         {"ZoEffectModel::saveAsCustomDefault", 20, saveAsCustomDefault},
         {"ZoEffectModel::hasCustomDefault", 5, hasCustomDefault},
         {"ZoEffectModel::removeCustomDefault", 8, removeCustomDefault},

@@ -1430,6 +1430,41 @@ Properties Model::getCurrentFrameEffects()
     return {{effect, parts.join(QLatin1Char('|'))}};
 }
 
+bool Model::applyFrameEffects(const Properties& effects)
+{
+    Node* node = find(effect, -1);
+    if (!node || !effects.contains(effect))
+        return false;
+    const QString summary = toText(effects.value(effect));
+    QStringList parts = summary.split(QLatin1Char('|'));
+    if (node->count() == 0)
+        return summary == QString();
+    if (parts.size() != 2 * node->count())
+        return false;
+    std::vector<NodePtr> left = node->children;
+    std::vector<NodePtr> arranged;
+    for (int i = 0; i < parts.size(); i += 2) {
+        const auto isNamed = [&](const NodePtr& item) { return item && item->name == parts.at(i); };
+        if (std::count_if(node->children.begin(), node->children.end(), isNamed) != 1)
+            return false;
+        const auto found = std::find_if(left.begin(), left.end(), isNamed);
+        if (found == left.end())
+            return false;
+        arranged.push_back(*found);
+        left.erase(found);
+    }
+    bool changes = arranged != node->children;
+    node->children = arranged;
+    for (size_t i = 0; i < arranged.size(); ++i) {
+        const int state = parts.at(int(2 * i + 1)) == QStringLiteral("true") ? selected : notSelected;
+        changes = changes || arranged[i]->checkState != state;
+        arranged[i]->setCheckState(state);
+    }
+    if (changes)
+        changed(effect, QStringLiteral("reset"), QVariant(), -1);
+    return true;
+}
+
 // --- Custom defaults --------------------------------------------------------------------------------------
 
 namespace {

@@ -222,6 +222,7 @@ struct Model {
     bool frameEffectIsDefault() const;
     bool hasRealEffect();
     Properties getCurrentFrameEffects();
+    bool applyFrameEffects(const Properties& effects);
 
     void saveAsCustomDefault(const QString& type, int index);
     void getCustomDefaultVal(Node* item, const QString& type, bool direct);
