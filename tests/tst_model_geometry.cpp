@@ -384,6 +384,10 @@ private slots:
             {"one pixel short of the old height", vga, cropOf(0, 79, 320, 200), QSize(1280, 480),
              cropText(0, 79, 640, 400)},
             {"exactly the old height", vga, cropOf(0, 80, 320, 200), QSize(1280, 480), cropText(0, 80, 320, 200)},
+            // 640 / (1280 / 960) = 480.
+            {"frame ratio, taken from the height", vga,
+             with(cropOf(0, 0, 320, 200), {{"crop_keepaspectratio", true}, {"crop_aspectratio", "Original Ratio"}}),
+             doubled, cropText(0, 0, 533, 400)},
         });
     }
 
