@@ -133,6 +133,7 @@ private slots:
             // Width -1, grown: column 99 alone. Width -2: none. Width -3: columns 97 to 99.
             {"width -1 blocks one column", "100 100 -1 50", QPoint(99, 120), vga, "129,150"},
             {"width -1, left of it", "100 100 -1 50", QPoint(98, 120), vga, "98,120"},
+            {"width -1, hit by the probe", "100 100 -1 50", QPoint(69, 120), vga, "129,180"},
             {"width -2 blocks nothing", "100 100 -2 50", QPoint(99, 120), vga, "99,120"},
             {"width -3, first column", "100 100 -3 50", QPoint(97, 120), vga, "127,150"},
             {"width -3, left of it", "100 100 -3 50", QPoint(96, 120), vga, "96,120"},
