@@ -2,7 +2,7 @@
 # SPDX-FileCopyrightText: 2026 The libzoeffect developers
 # SPDX-License-Identifier: MIT
 
-# exported_symbols.sh LIBRARY: compares what the shared library exports with packaging/libzoeffect1.symbols.
+# exported_symbols.sh LIBRARY: compares what the shared library exports with debian/libzoeffect1.symbols.
 set -euo pipefail
 here=$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")
 # shellcheck source-path=SCRIPTDIR source=support/rows.sh
@@ -16,7 +16,7 @@ exported() {
 
 # Qt 6 has no class QStringList of its own.
 names=$(exported | sed -E 's/^. //; s/QList<QString>/QStringList/g' | LC_ALL=C sort -u)
-expected=$(sed -nE 's/^ \(c\+\+\)"(.*)@Base" [0-9.]+$/\1/p' "$here/../packaging/libzoeffect1.symbols" | LC_ALL=C sort)
+expected=$(sed -nE 's/^ \(c\+\+\)"(.*)@Base" [0-9.]+$/\1/p' "$here/../debian/libzoeffect1.symbols" | LC_ALL=C sort)
 
 same 'exported symbols: no name is listed twice' "" "$(uniq -d <<< "$expected")" || true
 same 'exported symbols: those of the public headers and no others' "$expected" "$names" || true

@@ -34,6 +34,7 @@ check 'style: reuse finds licence and copyright of each file' reuse --root "$cop
 newest=$(sed -nE 's/^## (Unreleased|[0-9.]+)(, [0-9]{4}-[0-9]{2}-[0-9]{2})?$/\1/p' CHANGELOG.md | head -n 1)
 version=$(scripts/version)
 same 'style: the changelog begins with this version, or with what is unreleased' "$version" "${newest/Unreleased/$version}" || true
+same 'style: so do the packages' "libzoeffect ($version-1) " "$(sed -n '1s/).*/) /p' debian/changelog)" || true
 same 'style: every test program is registered' \
     "$(find tests -name 'tst_*.cpp' -printf '%f\n' | sed 's/\.cpp$//' | LC_ALL=C sort)" \
     "$(find tests -name CMakeLists.txt -exec sed -nE 's/^    (tst_.*)/\1/p; s/^ *zoeffect_(internal_)?test\((tst_[a-z0-9_]+).*/\2/p' {} + | LC_ALL=C sort)" || true

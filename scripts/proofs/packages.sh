@@ -13,11 +13,11 @@ usage: packages
 
 Makes the Debian packages twice, of this checkout and of a clone in another folder, with another mask, language and
 time zone, and compares them bit by bit. Then it makes a bare Debian by debootstrap (build/packages-root), installs
-the packages there beside nothing but compiler and CMake, and builds and runs
+the packages there beside nothing but compiler, CMake and both Qts, and builds and runs
 
   the host of the guide's first chapter, by the commands that stand there,
-  the consumer project of the tests, with CMake and with pkg-config,
-  all programs of the guide, from where libzoeffect-dev puts them.
+  the consumer project of the tests with either Qt, by CMake and by pkg-config,
+  all programs of the guide, from where libzoeffect-doc puts them.
 
 At last it removes the packages and looks for what is left behind. Takes root, a checkout without changes, and some
 five minutes.
@@ -41,7 +41,7 @@ if ((EUID != 0)); then
     echo "packages: only root can make and enter another system" >&2
     exit 1
 fi
-scripts/install-packages build docs package debootstrap git util-linux
+scripts/install-packages build qt6 docs package debootstrap git util-linux
 
 readonly folder=$tree/build/packages-proof
 readonly root=$folder/root
@@ -78,8 +78,11 @@ check 'packages: they are made in another place' \
     env TZ=Asia/Tokyo LC_ALL=C sh -c 'umask 077; exec "$1/scripts/package"' sh "$other" || finish
 version=$(scripts/version)-1
 architecture=$(dpkg --print-architecture)
-same 'packages: these three and no others' "libzoeffect-dev_${version}_$architecture.deb
+same 'packages: these and no others' "libzoeffect-common-dev_${version}_$architecture.deb
+libzoeffect-dev_${version}_$architecture.deb
 libzoeffect-doc_${version}_all.deb
+libzoeffect-qt6-1_${version}_$architecture.deb
+libzoeffect-qt6-dev_${version}_$architecture.deb
 libzoeffect1_${version}_$architecture.deb" "$(cd build/packages && printf '%s\n' *)" || true
 for package in build/packages/*.deb; do
     check "packages: ${package##*/} is the same, bit by bit" \
@@ -95,7 +98,7 @@ echo 'APT::Install-Recommends "false";' > "$root/etc/apt/apt.conf.d/only-what-is
 mkdir "$root/root/first-host"
 # What the chapter asks for besides comes first: what has come after that, and stays, is the packages' own.
 check 'packages: compiler and CMake are installed' enter sh -c \
-    'apt-get update && apt-get install --yes cmake g++ make pkgconf qtbase5-dev' || finish
+    'apt-get update && apt-get install --yes cmake g++ libgl-dev make pkgconf qt6-base-dev qtbase5-dev' || finish
 files_inside > "$folder/before"
 
 cp build/packages/*.deb "$root/root/first-host"
@@ -104,10 +107,11 @@ block sh 2 > "$root/root/build"
 block cpp 1 > "$root/root/first-host/main.cpp"
 block cmake 1 > "$root/root/first-host/CMakeLists.txt"
 check 'packages: the first chapter installs them' enter sh -euc 'cd /root/first-host && . /root/install' || finish
-check 'packages: libzoeffect-doc is installed' \
-    enter sh -c 'apt-get install --yes /root/first-host/libzoeffect-doc_*.deb' || true
+check 'packages: all others are installed beside them' \
+    enter sh -c 'apt-get install --yes /root/first-host/*.deb' || true
+readonly packages=(libzoeffect1 libzoeffect-dev libzoeffect-qt6-1 libzoeffect-qt6-dev libzoeffect-common-dev libzoeffect-doc)
 files_inside > "$folder/installed"
-enter dpkg -L libzoeffect1 libzoeffect-dev libzoeffect-doc | LC_ALL=C sort -u > "$folder/owned"
+enter dpkg -L "${packages[@]}" | LC_ALL=C sort -u > "$folder/owned"
 same 'packages: nothing has come but what is theirs' '' \
     "$(LC_ALL=C comm -13 "$folder/before" "$folder/installed" | LC_ALL=C comm -23 - "$folder/owned")" || true
 
@@ -121,15 +125,19 @@ same 'packages: its host and CMake complain of nothing' '' \
 check 'packages: its host leaves a picture' test -s "$root/root/first-host/watermark.png" || true
 
 cp -r tests/consumer "$root/root/consumer"
-check 'packages: the consumer project is built' enter sh -euc \
-    'cd /root/consumer && cmake -S . -B build -DCMAKE_BUILD_TYPE=Debug && cmake --build build' || true
-check 'packages: the consumer runs' enter env QT_QPA_PLATFORM=offscreen /root/consumer/build/consumer || true
-# shellcheck disable=SC2016 # expanded by the inner shell
-check 'packages: pkg-config builds the consumer' enter sh -euc \
-    'cd /root/consumer && g++ -std=c++17 main.cpp -o plain $(pkg-config --cflags --libs zoeffect)' || true
-check 'packages: that runs, too' enter env QT_QPA_PLATFORM=offscreen /root/consumer/plain || true
+names=([5]=zoeffect [6]=zoeffect-qt6)
+for qt in 5 6; do
+    check "packages: Qt $qt: CMake builds the consumer" enter sh -euc "cd /root/consumer &&
+        cmake -S . -B qt$qt -DCMAKE_BUILD_TYPE=Debug -DZOEFFECT_QT_MAJOR=$qt && cmake --build qt$qt" || true
+    same "packages: Qt $qt: its library" "lib${names[qt]}.so.1" \
+        "$(enter objdump -p "/root/consumer/qt$qt/consumer" | sed -n 's/^ *NEEDED *\(libzoeffect.*\)/\1/p')" || true
+    check "packages: Qt $qt: the consumer runs" enter env QT_QPA_PLATFORM=offscreen "/root/consumer/qt$qt/consumer" || true
+    check "packages: Qt $qt: pkg-config builds the consumer" enter sh -euc \
+        "cd /root/consumer && g++ -std=c++17 main.cpp -o plain$qt \$(pkg-config --cflags --libs ${names[qt]})" || true
+    check "packages: Qt $qt: that runs, too" enter env QT_QPA_PLATFORM=offscreen "/root/consumer/plain$qt" || true
+done
 check 'packages: the programs of the guide are built' enter sh -euc \
-    'cmake -S /usr/share/doc/libzoeffect-dev/examples -B /root/examples && cmake --build /root/examples' || true
+    'cmake -S /usr/share/doc/libzoeffect-doc/examples -B /root/examples && cmake --build /root/examples' || true
 for program in examples/*.cpp; do
     name=example-$(basename "$program" .cpp)
     check "packages: $name runs" enter sh -euc "cd /root/examples && QT_QPA_PLATFORM=offscreen ./$name" || true
@@ -137,7 +145,7 @@ done
 
 # --- Removed -------------------------------------------------------------------------------------------------------
 
-check 'packages: they are removed' enter apt-get purge --yes libzoeffect1 libzoeffect-dev libzoeffect-doc || true
+check 'packages: they are removed' enter apt-get purge --yes "${packages[@]}" || true
 files_inside > "$folder/after"
 same 'packages: nothing is left behind' '' "$(LC_ALL=C comm -13 "$folder/before" "$folder/after")" || true
 same 'packages: nothing else is gone' '' "$(LC_ALL=C comm -23 "$folder/before" "$folder/after")" || true
