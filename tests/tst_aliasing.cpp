@@ -4,16 +4,11 @@
 // Arguments that refer into what the call changes, and callbacks in the middle of a deletion: each operation
 // takes its arguments as they were when it was called.
 
-#include <QtTest>
+#include <functional>
 
-#include <zoeffectcatalogue.h>
 #include <zoeffectitemdefaultvalmgr.h>
-#include <zoeffectmodel.h>
 
-#include "hostcatalogue.h"
-#include "logcapture.h"
-#include "signalrecorder.h"
-#include "testapplication.h"
+#include "modeltest.h"
 
 namespace {
 
@@ -31,17 +26,10 @@ const QString& keyIn(const ZoEffectItemData& node, const QString& key)
 
 } // namespace
 
-class TstAliasing : public QObject {
+class TstAliasing : public ModelTest {
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        ZoEffectModel::InitEffectModel(hostCatalogue());
-        forgetCustomDefaults();
-        logcapture::takeEvents();
-    }
-
     void aKeyOfTheMapItselfIsRemoved()
     {
         ZoEffectItemData node("item");
@@ -98,12 +86,10 @@ private slots:
         model.addDataItem("Audio", {{"source of a key", QString("source of a value")}});
         model.addDataItem("Audio", {});
         const ZoEffectItemData* source = model.getDataItem("Audio", 0);
-        connect(&model,
-                QOverload<const QString&, const QString&, const QVariant&, int>::of(&ZoEffectModel::effectDataChanged),
-                &model, [&model](const QString& /*type*/, const QString& key) {
-                    if (key == QString("source of a key"))
-                        model.delDataItem("Audio", 0);
-                });
+        listen(model, [&model](const QString& /*type*/, const QString& key) {
+            if (key == QString("source of a key"))
+                model.delDataItem("Audio", 0);
+        });
         SignalRecorder recorder(model);
         QVERIFY(model.setData(keyIn(*source, "source of a key"), valueIn(*source, "source of a key"), "Audio", 1));
         QCOMPARE(recorder.take(),
@@ -111,52 +97,34 @@ private slots:
                               "effectDataChanged(Audio, source of a key, string source of a value, 1)"}));
     }
 
-    void aTypeNamedByTheDeletedItemIsAnnounced()
+    void aTypeNamedByWhatIsDeletedIsAnnounced()
     {
-        ZoEffectModel model;
-        model.addDataItem("Watermark", {{"Watermark", 1}});
-        SignalRecorder recorder(model);
-        QVERIFY(model.delDataItem(keyIn(*model.getDataItem("Watermark", 0), "Watermark"), 0));
-        QCOMPARE(recorder.take(), QStringList{"effectDataChanged(Watermark, item_delete, invalid, 0)"});
-    }
-
-    void aTypeNamedByAResetItemIsAnnounced()
-    {
-        ZoEffectModel model;
-        model.getDataItem("Effect", 0)->setData("Effect", 1);
-        SignalRecorder recorder(model);
-        QVERIFY(model.resetDataItem(keyIn(*model.getDataItem("Effect", 0), "Effect"), 7));
-        QCOMPARE(recorder.take(), QStringList{"effectDataChanged(Effect, reset, invalid, 7)"});
-    }
-
-    void aTypeNamedByTheOverwrittenItemIsAnnounced()
-    {
-        ZoEffectModel model;
-        model.addDataItem("Watermark", {{"Watermark", 1}});
-        ZoEffectItemData source("source");
-        SignalRecorder recorder(model);
-        model.replaceData(keyIn(*model.getDataItem("Watermark", 0), "Watermark"), 0, &source);
-        QCOMPARE(recorder.take(), QStringList{"effectDataChanged(Watermark, reset, invalid, 0)"});
-    }
-
-    void theItemsOwnPropertiesReplaceTheDefaults()
-    {
-        ZoEffectModel model;
-        model.addDataItem("Watermark", {{"wm_fontsize", 40}});
-        const ZoEffectItemData* item = model.getDataItem("Watermark", 0);
-        QVERIFY(model.replaceData("Watermark", 0, item->properties()));
-        QCOMPARE(described(item->data(QString("wm_fontsize"))), QString("int 40"));
+        const std::function<void(ZoEffectModel&, const QString&)> changes[] = {
+            [](ZoEffectModel& model, const QString& type) { model.delDataItem(type, 0); },
+            [](ZoEffectModel& model, const QString& type) { model.resetDataItem(type, 0); },
+            [](ZoEffectModel& model, const QString& type) { model.replaceData(type, 0, rootOf(ZoEffectModel())); },
+        };
+        QStringList told;
+        for (const auto& change : changes) {
+            ZoEffectModel model;
+            model.addDataItem("Watermark", {{"Watermark", 1}});
+            SignalRecorder recorder(model);
+            change(model, keyIn(*model.getDataItem("Watermark", 0), "Watermark"));
+            told << recorder.take();
+        }
+        QCOMPARE(told, (QStringList{"effectDataChanged(Watermark, item_delete, invalid, 0)",
+                                    "effectDataChanged(Watermark, reset, invalid, 0)",
+                                    "effectDataChanged(Watermark, reset, invalid, 0)"}));
     }
 
     void anInsertedItemTakesTheRootsPropertiesAsTheyWere()
     {
         // The custom default sets "editbydefault" on the root while the root's own map is the argument.
-        ZoEffectItemDefaultValMgr::getInstance()->saveAsCustomDefaultVal("Color", {{"bcs_contrast", 5}});
+        saveCustomDefault("Color", {{"bcs_contrast", 5}});
         ZoEffectModel model(QString("Color"), {});
         model.setVideoSize(640, 480);
-        const ZoEffectItemData* root = model.findDataItem("effect root", -1);
-        QVERIFY(model.insertDataItem("Color", root->properties(), -1));
-        QVERIFY(root->hasData("editbydefault"));
+        QVERIFY(model.insertDataItem("Color", rootOf(model)->properties(), -1));
+        QVERIFY(rootOf(model)->hasData("editbydefault"));
         QCOMPARE(
             described(model.getDataItem("Color", 0)->properties()),
             QString("{bcs_brightness: int 0, bcs_contrast: int 5, bcs_saturation: int 0, h: int 480, w: int 640}"));

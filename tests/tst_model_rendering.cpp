@@ -7,6 +7,7 @@
 
 #include <QFont>
 #include <QFontMetrics>
+#include <QPainter>
 #include <QPixmapCache>
 #include <QScopedPointer>
 
@@ -445,6 +446,25 @@ private slots:
         // Letters without gaps at their sides fill most of it.
         QVERIFY(area.width() > expected.width() * 3 / 4);
         QVERIFY(area.height() > expected.height() / 3);
+    }
+
+    void inkStandsWhereTheTextIs()
+    {
+        for (const QPoint place : {QPoint(0, 0), QPoint(31, 17), QPoint(-7, -9), QPoint(290, 40), QPoint(40, 135)}) {
+            // Painted from the base line on, without a rectangle.
+            QPixmap byHand(textFrame);
+            byHand.fill(Qt::transparent);
+            QPainter painter(&byHand);
+            painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+            painter.setFont(usualFont());
+            painter.drawText(place.x(), place.y() + QFontMetrics(usualFont()).ascent(), "HjH");
+            painter.end();
+
+            Model model(textFrame);
+            addText(model, "HjH", place);
+            QVERIFY(!shownArea(byHand).isEmpty());
+            QCOMPARE(shownArea(render(model, textFrame)), shownArea(byHand));
+        }
     }
 
     void measuredSizeIsStoredWithSignals()
