@@ -3,14 +3,76 @@
 
 #include "embeddedpref_p.h"
 
-#include <memory>
 #include <utility>
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
-#include <QLockFile>
+#include <QJsonDocument>
+#include <QStringList>
+#include <QThread>
 
-#include "preffile_p.h"
+#include "keydefaults_p.h"
+#include "logcategory_p.h"
+#include "storefile_p.h"
+#include "valuejson_p.h"
+
+namespace {
+
+constexpr int longestWait = 150; // Milliseconds. With the file's own reading and writing a save stays below 250.
+constexpr int retryInterval = 2000;
+const QLatin1String typesWord("types");
+
+/// The values of an entry that this version understands.
+QVariantMap valuesOf(const QJsonObject& entry)
+{
+    QVariantMap values;
+    for (auto it = entry.begin(); it != entry.end(); ++it) {
+        if (const std::optional<QVariant> value = valuejson::fromJson(it.value(), catalogueDefault(it.key())))
+            values.insert(it.key(), *value);
+    }
+    return values;
+}
+
+/// \a values as an entry, with what this version does not understand of the \a present one; nothing when a value
+/// cannot be held.
+std::optional<QJsonObject> entryOf(const QVariantMap& values, const QJsonObject& present)
+{
+    QJsonObject entry = present;
+    const QStringList understood = valuesOf(present).keys();
+    for (const QString& key : understood)
+        entry.remove(key);
+    for (auto it = values.cbegin(); it != values.cend(); ++it) {
+        const std::optional<QJsonValue> json = valuejson::toJson(it.value(), catalogueDefault(it.key()));
+        if (!json || !it.key().isValidUtf16())
+            return std::nullopt;
+        entry.insert(it.key(), *json);
+    }
+    return entry;
+}
+
+/// Lays a change over \a file; false, with the file as it was, when that cannot hold it.
+bool lay(const QString& key, const QVariant& value, QJsonObject& file)
+{
+    QJsonObject types = file.value(typesWord).toObject();
+    if (value.isValid()) {
+        const bool canBeHeld = value.userType() == QMetaType::QVariantMap && key.isValidUtf16();
+        const auto entry = canBeHeld ? entryOf(value.toMap(), types.value(key).toObject()) : std::nullopt;
+        if (!entry)
+            return false;
+        types.insert(key, *entry);
+    } else {
+        types.remove(key);
+    }
+    QJsonObject changed = file;
+    changed.insert(typesWord, types);
+    if (QJsonDocument(changed).toJson().size() > storefile::maxSize)
+        return false;
+    file = changed;
+    return true;
+}
+
+} // namespace
 
 EmbeddedPref::EmbeddedPref(QString path, EmbeddedPref** created) : m_path(std::move(path))
 {
@@ -18,90 +80,111 @@ EmbeddedPref::EmbeddedPref(QString path, EmbeddedPref** created) : m_path(std::m
         *created = this;
     if (m_path.isEmpty())
         return;
-    const preffile::Content content = preffile::read(m_path);
-    m_saved = content.entries;
-    if (content.state != preffile::State::Damaged)
-        return;
+    const storefile::Content content = storefile::read(m_path);
+    m_file = content.file;
+    // Another process may be setting a damaged file aside, and write a new one, at this moment: what is done with it
+    // is decided under the lock, from what is there then.
+    if (content.state == storefile::State::Damaged || content.state == storefile::State::Newer)
+        save(longestWait);
+}
 
-    // Another process may be setting the file aside, and write a new one, at this moment: what is done with
-    // it is decided under the lock, from what is there then.
-    if (const std::unique_ptr<QLockFile> turn = preffile::takeTurn(m_path))
-        m_saved = currentEntries().value_or(guardedini::Entries());
+EmbeddedPref::~EmbeddedPref()
+{
+    if (m_timer)
+        m_timer->disconnect(); // Not to save at its end.
+    delete m_timer;
 }
 
 bool EmbeddedPref::hasKey(const QString& key) const
 {
-    return m_unsaved.contains(key) || m_saved.contains(key);
+    const auto unsaved = m_unsaved.constFind(key);
+    return unsaved != m_unsaved.constEnd() ? unsaved->isValid()
+                                           : m_file.value(typesWord).toObject().value(key).isObject();
 }
 
 QVariant EmbeddedPref::value(const QString& key, const QVariant& defaultValue) const
 {
-    const auto unsaved = m_unsaved.constFind(key);
-    return unsaved != m_unsaved.constEnd() ? unsaved.value() : m_saved.value(key, defaultValue);
+    if (!hasKey(key))
+        return defaultValue;
+    const QVariant unsaved = m_unsaved.value(key);
+    return unsaved.isValid() ? unsaved : valuesOf(m_file.value(typesWord).toObject().value(key).toObject());
 }
 
 void EmbeddedPref::setValue(const QString& key, const QVariant& value, bool /*notify*/)
 {
     m_unsaved.insert(key, value);
     if (!m_path.isEmpty())
-        save();
+        save(longestWait);
 }
 
-void EmbeddedPref::save()
+void EmbeddedPref::save(int longestWait)
 {
-    if (!QDir().mkpath(QFileInfo(m_path).path()))
-        return;
-    const std::unique_ptr<QLockFile> turn = preffile::takeTurn(m_path);
-    if (!turn)
-        return;
-    const std::optional<guardedini::Entries> current = currentEntries();
-    if (!current)
-        return;
-
-    const guardedini::Merge merge = guardedini::merged(*current, m_unsaved);
-    const bool nothingToWrite = merge.leftOut.size() == m_unsaved.size();
-    if (nothingToWrite || !preffile::write(m_path, merge.file))
-        return;
-    m_saved = merge.entries;
-    m_unsaved = merge.leftOut;
+    QStringList warnings;
+    if (!write(longestWait, warnings))
+        tryAgainLater();
+    else if (m_timer)
+        m_timer->stop();
+    // Last: a message handler may come back to this store.
+    for (const QString& warning : std::as_const(warnings))
+        qCWarning(zoeffectCategory, "\"%s\" %s", qUtf8Printable(m_path), qUtf8Printable(warning));
 }
 
-/// What the file holds by now; nothing when it must not be written. To be called with the turn to save.
-std::optional<guardedini::Entries> EmbeddedPref::currentEntries()
+/// False when this is to be tried again.
+bool EmbeddedPref::write(int longestWait, QStringList& warnings)
 {
-    const preffile::Content content = preffile::read(m_path);
-    switch (content.state) {
-    case preffile::State::Whole:
-    case preffile::State::Missing:
-        return content.entries;
-    case preffile::State::Unreadable:
-        return std::nullopt;
-    case preffile::State::Damaged:
-        break;
+    QDir().mkpath(QFileInfo(m_path).path());
+    const storefile::Lock lock(m_path, longestWait);
+    const storefile::Content present = storefile::read(m_path);
+    QJsonObject file = present.file;
+    QMap<QString, QVariant> leftOut;
+    const char* hindrance = nullptr;
+    if (!lock.isHeld()) {
+        hindrance = "cannot be locked";
+    } else if (present.state == storefile::State::Newer) {
+        hindrance = "is of a newer version";
+    } else if (present.state == storefile::State::Unreadable) {
+        hindrance = "cannot be read";
+    } else if (present.state == storefile::State::Damaged) {
+        file = m_file; // What was read while the file was whole is still good.
+        if (const std::optional<QString> name = storefile::setAside(m_path))
+            warnings << QStringLiteral("is damaged and was set aside as \"%1\"").arg(*name);
+        else
+            hindrance = "is damaged and cannot be set aside";
     }
-    if (!setDamagedFileAside())
-        return std::nullopt;
-
-    // What was read while the file was whole is still good, and belongs into the new one.
-    for (auto it = m_saved.cbegin(); it != m_saved.cend(); ++it) {
-        if (!m_unsaved.contains(it.key()))
-            m_unsaved.insert(it.key(), it.value());
+    if (!hindrance) {
+        for (auto it = m_unsaved.cbegin(); it != m_unsaved.cend(); ++it) {
+            if (!lay(it.key(), it.value(), file))
+                leftOut.insert(it.key(), it.value());
+        }
+        if (file != present.file && !storefile::write(m_path, QJsonDocument(file).toJson()))
+            hindrance = "cannot be written";
     }
-    return guardedini::Entries();
+    const bool isTold = m_told;
+    m_told = hindrance || !leftOut.isEmpty();
+    if (m_told && !isTold)
+        warnings << QStringLiteral("%1; changes stay in memory")
+                        .arg(QLatin1String(hindrance ? hindrance : "cannot hold a value"));
+    if (hindrance)
+        return false;
+    m_file = file;
+    m_unsaved = leftOut;
+    return true;
 }
 
-bool EmbeddedPref::setDamagedFileAside()
+void EmbeddedPref::tryAgainLater()
 {
-    const std::optional<QString> asideName = preffile::setAside(m_path);
-    if (asideName) {
-        qWarning(R"(zoeffect: "%s" is damaged and was set aside as "%s")", qUtf8Printable(m_path),
-                 qUtf8Printable(*asideName));
-        return true;
+    auto* const application = QCoreApplication::instance();
+    if (!application || QThread::currentThread() != application->thread())
+        return;
+    if (!m_timer) {
+        const auto saveAtLast = [this] {
+            if (!m_unsaved.isEmpty())
+                save(longestWait);
+        };
+        m_timer = new QTimer(application);
+        QObject::connect(m_timer, &QTimer::timeout, m_timer, [this] { save(0); });
+        QObject::connect(application, &QCoreApplication::aboutToQuit, m_timer, saveAtLast);
+        QObject::connect(m_timer, &QObject::destroyed, saveAtLast);
     }
-    if (!m_warnedInVain) {
-        qWarning(R"(zoeffect: "%s" is damaged and cannot be set aside; changes stay in memory)",
-                 qUtf8Printable(m_path));
-        m_warnedInVain = true;
-    }
-    return false;
+    m_timer->start(retryInterval);
 }

@@ -32,7 +32,7 @@ public:
 ///     class Application : public QGuiApplication, public ZoPrefProvider { ... };
 ///
 /// When the running application object is no provider, or gives no store, the library keeps the custom
-/// defaults in a file of its own, "effectdefaults.ini" under QStandardPaths::AppConfigLocation.
+/// defaults in a file of its own, "effectdefaults.json" under QStandardPaths::AppConfigLocation.
 class ZOEFFECT_EXPORT ZoPrefProvider {
 public:
     virtual ~ZoPrefProvider();

@@ -452,7 +452,7 @@ same 'host-cli: save a default: what is saved' 'Watermark: wm_fontcolor #ff8000,
 same 'host-cli: save a default: what is new starts from it' '1' \
     "$(lines 'not default' | grep -c '^Watermark:0: wm_fontsize 10$')" || true
 same 'host-cli: save a default: the store' 1 \
-    "$(find config/zopreview -name effectdefaults.ini | wc -l)" || true
+    "$(find config/zopreview -name effectdefaults.json | wc -l)" || true
 shown 'save a default of a type' ../clip.mkv --set Color:bcs_contrast=20 --save-default Color
 shown 'defaults in the next run' ../clip.mkv --text c
 same 'host-cli: defaults in the next run: both are there' 'Watermark

@@ -248,7 +248,7 @@ QString configuration()
 /// The embedded store's file: the folder is named after the application.
 QString file()
 {
-    return configuration() + "/tst_defaults_restart/effectdefaults.ini";
+    return configuration() + "/tst_defaults_restart/effectdefaults.json";
 }
 
 } // namespace
@@ -333,7 +333,7 @@ void TstDefaultsRestart::savedMapsAreThereAfterTheNextStart()
     QCOMPARE(played("embedded", "saveAll"),
              QStringList({"Crop {a: int 1}", "Subtitle {}", watermark, rest, "Rotation {r: int 90}"}));
     QCOMPARE(QDir(configuration() + "/tst_defaults_restart").entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
-             QStringList({"effectdefaults.ini"}));
+             QStringList({"effectdefaults.json", "effectdefaults.json.lock"}));
 
     // The empty map counted until the process ended; "Rotation" is saved, but of no catalogue.
     QCOMPARE(played("embedded", "load"), QStringList({"Crop {a: int 1}", watermark, rest}));
@@ -398,8 +398,9 @@ void TstDefaultsRestart::damagedFileIsSetAsideAndTheStoreStartsEmpty_data()
     QTest::addColumn<QByteArray>("content");
     QTest::newRow("empty") << QByteArray();
     QTest::newRow("text") << QByteArray("[Crop]\na=int 1\n");
-    QTest::newRow("plain settings, a value 50,000 deep")
-        << "[General]\nWatermark=\"@Variant(" + QByteArray(R"(\0\0\0\t\0\0\0\x1)").repeated(50000) + ")\"\n";
+    QTest::newRow("a value 50,000 deep") << R"({"zoeffect-defaults": 1, "types": )"
+                                                + QByteArray(R"({"a": )").repeated(50000) + "1"
+                                                + QByteArray(50001, '}');
     QTest::newRow("64 MB") << QByteArray(64 * 1024 * 1024, 'x');
 }
 

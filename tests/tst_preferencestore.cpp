@@ -73,13 +73,13 @@ QString configuration()
 
 QString file()
 {
-    return configuration() + "/Maker/Converter/effectdefaults.ini";
+    return configuration() + "/Maker/Converter/effectdefaults.json";
 }
 
-bool fileHolds(const QByteArray& line)
+bool fileHolds(const QByteArray& text)
 {
     QFile stored(file());
-    return stored.open(QIODevice::ReadOnly) && stored.readAll().split('\n').contains(line);
+    return stored.open(QIODevice::ReadOnly) && stored.readAll().contains(text);
 }
 
 Manager& manager()
@@ -217,11 +217,10 @@ void TstPreferenceStore::removingWritesLast()
 void TstPreferenceStore::hostWithoutPreferencesGetsTheFile()
 {
     manager().saveAsCustomDefaultVal("Crop", {{"first", 1}});
-    QVERIFY(fileHolds("first=int 1"));
+    QVERIFY(fileHolds("\"first\": {"));
     manager().removeCustomDefaultVal("Crop");
-    QVERIFY(!fileHolds("first=int 1"));
-    QVERIFY(fileHolds("[Crop]"));
-    QVERIFY(fileHolds("=invalid"));
+    QVERIFY(!fileHolds("\"first\": {"));
+    QVERIFY(!fileHolds("\"Crop\": {"));
 }
 
 void TstPreferenceStore::preferencesThatComeLateAreUsedFromThenOn()
@@ -231,13 +230,13 @@ void TstPreferenceStore::preferencesThatComeLateAreUsedFromThenOn()
     SwitchingApplication::instance().pref = &pref;
     manager().saveAsCustomDefaultVal("Watermark", {{"late", 1}});
     QCOMPARE(pref.takeWrites(), QStringList({"Watermark = map {late: int 1}, notify false"}));
-    QVERIFY(!fileHolds("late=int 1"));
+    QVERIFY(!fileHolds("\"late\": {"));
 
     // What is already known stays known; removing it clears the entry where entries are kept now.
     QCOMPARE(described(manager().getCustomDefaultVal("Crop")), QString("{early: int 1}"));
     manager().removeCustomDefaultVal("Crop");
     QCOMPARE(pref.takeWrites(), QStringList({"Crop = invalid, notify false"}));
-    QVERIFY(fileHolds("early=int 1"));
+    QVERIFY(fileHolds("\"early\": {"));
     SwitchingApplication::instance().pref = nullptr;
 }
 
@@ -250,7 +249,7 @@ void TstPreferenceStore::preferencesThatAreTakenAwayGiveWayToTheFile()
         SwitchingApplication::instance().pref = nullptr;
     }
     manager().saveAsCustomDefaultVal("Crop", {{"afterwards", 1}});
-    QVERIFY(fileHolds("afterwards=int 1"));
+    QVERIFY(fileHolds("\"afterwards\": {"));
 }
 
 void TstPreferenceStore::otherPreferencesAreUsedAtOnce()
@@ -274,15 +273,15 @@ void TstPreferenceStore::hostThatProvidesNothingGetsTheFile_data()
     QTest::addColumn<QString>("host");
     QTest::addColumn<QString>("path"); // Below the configuration folder.
     QTest::newRow("application of Core") << "application of Core"
-                                         << "tst_preferencestore/effectdefaults.ini";
+                                         << "tst_preferencestore/effectdefaults.json";
     QTest::newRow("application of Gui") << "application of Gui"
-                                        << "tst_preferencestore/effectdefaults.ini";
+                                        << "tst_preferencestore/effectdefaults.json";
     QTest::newRow("provider of nothing") << "provider of nothing"
-                                         << "tst_preferencestore/effectdefaults.ini";
+                                         << "tst_preferencestore/effectdefaults.json";
     QTest::newRow("application object is gone") << "after the application"
-                                                << "tst_preferencestore/effectdefaults.ini";
+                                                << "tst_preferencestore/effectdefaults.json";
     QTest::newRow("no application object") << "without application"
-                                           << "effectdefaults.ini";
+                                           << "effectdefaults.json";
 }
 
 void TstPreferenceStore::hostThatProvidesNothingGetsTheFile()

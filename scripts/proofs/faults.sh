@@ -17,6 +17,7 @@ With both Qts, or one:
   places    hostile places of the store and the log; a limit of file sizes in steps of 256 bytes; two processes that
             save 1,000 times at once
   damaged   every bit of a store file flipped, every length cut, and a save after each
+  killed    1,000 hosts killed at random moments while they save
   strace    every system call of a host that is started anew for each: killed and failed as above, by strace
   disk      a file system in memory that is really full, with 0 to 20 free pages (its unit: 4096 bytes; the steps of
             256 bytes are those of "places")
@@ -33,7 +34,7 @@ for argument in "$@"; do
     case $argument in
     --qt5) qts+=(5) ;;
     --qt6) qts+=(6) ;;
-    injected | places | damaged | strace | disk) parts+=("$argument") ;;
+    injected | places | damaged | killed | strace | disk) parts+=("$argument") ;;
     --help | -h)
         usage
         exit 0
@@ -45,7 +46,7 @@ for argument in "$@"; do
     esac
 done
 ((${#qts[@]})) || qts=(5 6)
-((${#parts[@]})) || parts=(injected places damaged strace disk)
+((${#parts[@]})) || parts=(injected places damaged killed strace disk)
 
 groups=(build test strace util-linux)
 [[ " ${qts[*]} " != *' 6 '* ]] || groups+=(qt6)
@@ -88,7 +89,7 @@ build() {
     if ! {
         cmake -G Ninja -S . -B "$build" -DCMAKE_BUILD_TYPE=Debug "-DZOEFFECT_QT_MAJOR=$1" -DZOEFFECT_BUILD_TESTS=ON \
             -DZOEFFECT_WARNINGS_AS_ERRORS=ON -DZOEFFECT_TEST_FAULTS=ON &&
-            cmake --build "$build" --target tst_injectedfaults tst_hostileplaces tst_damagedstore faulthost
+            cmake --build "$build" --target tst_injectedfaults tst_hostileplaces tst_damagedstore tst_killedhosts faulthost
     } > "$scratch/build.log" 2>&1; then
         cat "$scratch/build.log"
         return 1
@@ -127,11 +128,11 @@ fresh() {
     [[ $1 == none ]] || "$host" put "$1"
 }
 
-# written_elsewhere: prints what there is besides the store's file, the log, and what a process may leave: its locks,
-# and one temporary file when it was killed.
+# written_elsewhere: prints what there is besides the store's file, its lock, the log, and one temporary file, which a
+# process may leave when it is killed.
 written_elsewhere() {
     (cd "$world" && find home config tmp current -mindepth 1 | LC_ALL=C sort |
-        grep -vxE 'config/faulthost(/effectdefaults\.ini(\.(turn|lock)(\.rmlock)?|\.[A-Za-z]{6})?)?|tmp/faulthost\.[12]\.log')
+        grep -vxE 'config/faulthost(/effectdefaults\.json(\.lock|\.[A-Za-z]{6})?)?|tmp/faulthost\.[12]\.log')
 }
 
 # quick COMMAND...: the host has three attempts to be quick in, since the machine may be busy with something else.
@@ -164,10 +165,6 @@ look() {
         echo "there is $others" > "$scratch/checked"
         return 1
     fi
-    # A minute later what a dead process left is no hindrance.
-    find "$world/config" -name '*lock' -o -name '*.turn' | while IFS= read -r lock; do
-        touch -d '1 minute ago' "$lock"
-    done
     [[ $operation != log ]] || return 0
     quick "$host" save > "$scratch/checked" 2>&1
 }
@@ -306,6 +303,7 @@ for qt in "${qts[@]}"; do
         injected) run_test tst_injectedfaults ;;
         places) run_test tst_hostileplaces ;;
         damaged) run_test tst_damagedstore ;;
+        killed) ZOEFFECT_KILLED_HOSTS=1000 run_test tst_killedhosts ;;
         strace) run_strace ;;
         disk) run_disk ;;
         esac

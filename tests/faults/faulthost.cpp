@@ -43,7 +43,9 @@ ZoEffectItemDefaultValMgr& manager()
 Saved largeWatermark()
 {
     const QString text(largeText, 'x');
-    return {{{"text", text}}, "text=QString \"" + text.toLatin1() + "\"\n", "{text: string " + text + "}"};
+    return {{{"wm_fontstyle", text}},
+            "            \"wm_fontstyle\": \"" + text.toLatin1() + "\"\n",
+            "{wm_fontstyle: string " + text + "}"};
 }
 
 State stateNamed(const QString& name)
@@ -52,11 +54,12 @@ State stateNamed(const QString& name)
         return {};
     if (name == "first")
         return {{"Watermark", newWatermark()}};
+    if (name == "removed")
+        return {{"Color", oldColor()}};
     return {{"Color", oldColor()},
-            {"Watermark", name == "new"       ? newWatermark()
-                          : name == "large"   ? largeWatermark()
-                          : name == "removed" ? removedWatermark()
-                                              : oldWatermark()}};
+            {"Watermark", name == "new"     ? newWatermark()
+                          : name == "large" ? largeWatermark()
+                                            : oldWatermark()}};
 }
 
 /// A system call by which a trace is cut into what belongs to the operation and what does not.

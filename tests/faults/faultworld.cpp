@@ -14,7 +14,6 @@
 #include <unistd.h>
 
 #include <QColor>
-#include <QCryptographicHash>
 #include <QDir>
 #include <QDirIterator>
 #include <QElapsedTimer>
@@ -95,7 +94,7 @@ QStringList Folders::entries() const
         const QString entry = it.next().mid(m_folder.path().size() + 1);
         const bool isOwn = std::any_of(std::begin(folderNames), std::end(folderNames),
                                        [&](const char* name) { return entry == QLatin1String(name); });
-        if (!isOwn)
+        if (!isOwn && !entry.endsWith("/effectdefaults.json.lock"))
             found << entry;
     }
     found.sort();
@@ -109,13 +108,15 @@ QString storeFolder()
 
 QString storeFile()
 {
-    return storeFolder() + QStringLiteral("/effectdefaults.ini");
+    return storeFolder() + QStringLiteral("/effectdefaults.json");
 }
 
 Saved oldColor()
 {
     return {{{"bcs_brightness", -20}, {"bcs_contrast", 5}},
-            "bcs_brightness=int -20\nbcs_contrast=int 5\n",
+            R"(            "bcs_brightness": -20,
+            "bcs_contrast": 5
+)",
             "{bcs_brightness: int -20, bcs_contrast: int 5}"};
 }
 
@@ -126,12 +127,16 @@ Saved oldWatermark()
              {"wm_hposfactor", 0.25},
              {"wm_imagekeepratio", true},
              {"wm_transparency", 80}},
-            "wm_fontcolor=QColor #ffff8000\n"
-            "wm_fontname=QFont \"Tahoma\" 0000000c005400610068006f006d0061ffffffff4028000000000000fffffff"
-            "f050001004b110000010000000000000000000000000000\n"
-            "wm_hposfactor=double 0.25\n"
-            "wm_imagekeepratio=bool true\n"
-            "wm_transparency=int 80\n",
+            R"(            "wm_fontcolor": "#ff8000",
+            "wm_fontname": {
+                "family": "Tahoma",
+                "italic": true,
+                "weight": 75
+            },
+            "wm_hposfactor": 0.25,
+            "wm_imagekeepratio": true,
+            "wm_transparency": 80
+)",
             "{wm_fontcolor: color #ffff8000, wm_fontname: font Tahoma, wm_hposfactor: double 0.25, "
             "wm_imagekeepratio: bool true, wm_transparency: int 80}"};
 }
@@ -139,40 +144,36 @@ Saved oldWatermark()
 Saved newWatermark()
 {
     return {{{"wm_fontstyle", "Bold & Italic"}, {"wm_transparency", 10}},
-            "wm_fontstyle=QString \"Bold & Italic\"\nwm_transparency=int 10\n",
+            R"(            "wm_fontstyle": "Bold & Italic",
+            "wm_transparency": 10
+)",
             "{wm_fontstyle: string Bold & Italic, wm_transparency: int 10}"};
-}
-
-Saved removedWatermark()
-{
-    return {{}, "=invalid\n", {}};
 }
 
 Saved crop()
 {
-    return {{{"crop_left", 7}}, "crop_left=int 7\n", "{crop_left: int 7}"};
+    return {{{"crop_left", 7}}, "            \"crop_left\": 7\n", "{crop_left: int 7}"};
 }
 
 Saved audio()
 {
-    return {{{"play_loop", true}}, "play_loop=bool true\n", "{play_loop: bool true}"};
+    return {{{"play_loop", true}}, "            \"play_loop\": true\n", "{play_loop: bool true}"};
 }
 
 QByteArray fileOf(const State& state)
 {
-    QByteArray text = "; Custom defaults of effects. Kept by the program: the last line is a checksum.\n";
+    QByteArray types;
     for (auto it = state.cbegin(); it != state.cend(); ++it)
-        text += '[' + it.key().toUtf8() + "]\n" + it->lines;
-    return text + "; sha1 " + QCryptographicHash::hash(text, QCryptographicHash::Sha1).toHex() + '\n';
+        types += (types.isEmpty() ? "\n        \"" : ",\n        \"") + it.key().toUtf8() + "\": {\n" + it->lines
+                 + "        }";
+    return "{\n    \"types\": {" + types + "\n    },\n    \"zoeffect-defaults\": 1\n}\n";
 }
 
 QString textOf(const State& state)
 {
     QStringList texts;
-    for (auto it = state.cbegin(); it != state.cend(); ++it) {
-        if (!it->text.isEmpty())
-            texts << it.key() + ' ' + it->text;
-    }
+    for (auto it = state.cbegin(); it != state.cend(); ++it)
+        texts << it.key() + ' ' + it->text;
     return texts.join("; ");
 }
 

@@ -29,7 +29,8 @@ public:
     QString configuration() const { return m_folder.filePath(QStringLiteral("config")); }
     QString temporary() const { return m_folder.filePath(QStringLiteral("tmp")); }
 
-    /// Everything below the folders but the folders themselves, sorted: "config/host/effectdefaults.ini".
+    /// Everything below the folders but the folders themselves and the store's lock, which stays, sorted:
+    /// "config/host/effectdefaults.json".
     QStringList entries() const;
 
 private:
@@ -43,14 +44,13 @@ QString storeFolder();
 /// A custom default and the lines that it must have in the file.
 struct Saved {
     QVariantMap values;
-    QByteArray lines;
-    QString text; ///< As described() tells it; empty when it is none.
+    QByteArray lines; ///< Of its members, as far to the right as they stand there.
+    QString text;     ///< As described() tells it.
 };
 
 Saved oldColor();
 Saved oldWatermark();
 Saved newWatermark();
-Saved removedWatermark();
 Saved crop();
 Saved audio();
 

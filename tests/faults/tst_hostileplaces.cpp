@@ -10,6 +10,8 @@
 #include <functional>
 #include <memory>
 
+#include <fcntl.h>
+#include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -17,11 +19,11 @@
 #include <utime.h>
 
 #include <QCoreApplication>
-#include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QLockFile>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QtTest>
 
 #include <zoeffectitemdefaultvalmgr.h>
@@ -39,7 +41,6 @@ constexpr int attempts = 3;                   // To be quick in: the machine may
 constexpr int step = ZOEFFECT_FULL_DISK_STEP; // Bytes between two sizes of a full disk.
 constexpr int largest = 65536;                // The largest of them.
 constexpr int savesAtOnce = 1000;
-constexpr int checksumLineSize = 48; // The last line of the store's file.
 constexpr qint64 gigabyte = qint64(1024) * 1024 * 1024;
 
 std::unique_ptr<Folders> folders;
@@ -78,15 +79,6 @@ void putOldFile()
 {
     QVERIFY(QDir().mkpath(storeFolder()));
     QVERIFY(writeFile(storeFile(), fileOf(oldState())));
-}
-
-void leaveLock(const QString& path)
-{
-    QVERIFY(inOwnProcess([&] {
-        QLockFile lock(path);
-        ::_exit(lock.tryLock(0) ? 0 : 1); // With the lock.
-    }));
-    QVERIFY(QFileInfo::exists(path));
 }
 
 void setTime(const QString& path, qint64 secondsFromNow)
@@ -139,15 +131,17 @@ private:
     pid_t m_process = -1;
 };
 
-/// Holds the locks for ever.
-void holdLocks(const QStringList& paths, Report& report)
+QString lockFile()
 {
-    std::vector<std::unique_ptr<QLockFile>> locks;
-    for (const QString& path : paths) {
-        locks.push_back(std::make_unique<QLockFile>(path));
-        if (!locks.back()->tryLock(0))
-            ::_exit(1);
-    }
+    return storeFile() + ".lock";
+}
+
+/// Holds the store's lock for ever.
+void holdLock(Report& report)
+{
+    const int file = ::open(pathBytes(lockFile()).constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
+    if (::flock(file, LOCK_EX | LOCK_NB) != 0)
+        ::_exit(1);
     report.tell("held");
     for (;;)
         ::pause();
@@ -181,9 +175,7 @@ void loadAndSave(Report& report)
 
 bool isWhole(const QByteArray& file)
 {
-    const QByteArray body = file.left(file.size() - checksumLineSize);
-    return file.size() > checksumLineSize
-           && file.endsWith("; sha1 " + QCryptographicHash::hash(body, QCryptographicHash::Sha1).toHex() + '\n');
+    return QJsonDocument::fromJson(file).object().contains("types");
 }
 
 // --- Places of the store's file
@@ -206,24 +198,15 @@ void link(const QByteArray& target)
 std::vector<Place> places()
 {
     const QString folder = "config/tst_hostileplaces";
-    const QString file = folder + "/effectdefaults.ini";
+    const QString file = folder + "/effectdefaults.json";
     const QByteArray oldFile = fileOf(oldState());
     const QByteArray newFile = fileOf(newState());
     const QByteArray firstFile = fileOf({{"Watermark", newWatermark()}});
-    const auto withLocks = [](const QStringList& locks, qint64 secondsFromNow) {
+    const auto withLock = [](const QByteArray& content, qint64 secondsFromNow) {
         return [=] {
             putOldFile();
-            for (const QString& lock : locks) {
-                leaveLock(storeFile() + lock);
-                setTime(storeFile() + lock, secondsFromNow);
-            }
-        };
-    };
-    const auto withEmptyLock = [](qint64 secondsFromNow) {
-        return [=] {
-            putOldFile();
-            QVERIFY(writeFile(storeFile() + ".turn", {}));
-            setTime(storeFile() + ".turn", secondsFromNow);
+            QVERIFY(writeFile(lockFile(), content));
+            setTime(lockFile(), secondsFromNow);
         };
     };
     const QStringList only{folder, file};
@@ -272,7 +255,7 @@ std::vector<Place> places()
              QCOMPARE(::chmod(pathBytes(storeFile()).constData(), 0600), 0);
          },
          false, oldFile, only, true},
-        {"link to itself", [] { link("effectdefaults.ini"); }, false, "no file", only, false},
+        {"link to itself", [] { link("effectdefaults.json"); }, false, "no file", only, false},
         {"link into a missing folder", [] { link("../missing/file"); }, false, "no file", only, false},
         {"link to nowhere", [] { link("nowhere"); }, false, firstFile, {folder, file, folder + "/nowhere"}, false},
         {"link to the device that is always full",
@@ -290,11 +273,10 @@ std::vector<Place> places()
          firstFile,
          {folder, file, file + ".damaged"},
          false},
-        {"locks of a dead process", withLocks({".turn", ".lock"}, 0), true, newFile, only, false},
-        {"locks of a dead process of tomorrow", withLocks({".turn", ".lock"}, 86400), true, newFile, only, false},
-        {"locks of a dead process of last year", withLocks({".turn", ".lock"}, -31536000), true, newFile, only, false},
-        {"empty lock of three seconds ago", withEmptyLock(-3), true, newFile, only, false},
-        {"empty lock of tomorrow", withEmptyLock(86400), true, newFile, only, false},
+        {"lock of a dead process", withLock({}, 0), true, newFile, only, false},
+        {"lock of a dead process of tomorrow", withLock({}, 86400), true, newFile, only, false},
+        {"lock of a dead process of last year", withLock({}, -31536000), true, newFile, only, false},
+        {"lock of another program", withLock("4711\nprogram\nmachine\n", 0), true, newFile, only, false},
     };
 }
 
@@ -378,8 +360,7 @@ private slots:
     void storeWorksInAnyPlace();
     void storeWithoutHomeKeepsToMemory();
     void folderThatVanishesIsMadeAgain();
-    void locksHeldForEverDoNotHoldTheCaller_data();
-    void locksHeldForEverDoNotHoldTheCaller();
+    void lockHeldForEverDoesNotHoldTheCaller();
     void fullDiskOfAnySizeKeepsTheOldFile();
     void processesThatSaveAtOnceLoseNothing();
 
@@ -471,39 +452,20 @@ void TstHostilePlaces::folderThatVanishesIsMadeAgain()
     QCOMPARE(contentOf(storeFile()), fileOf({{"Crop", crop()}}));
 }
 
-void TstHostilePlaces::locksHeldForEverDoNotHoldTheCaller_data()
+void TstHostilePlaces::lockHeldForEverDoesNotHoldTheCaller()
 {
-    QTest::addColumn<QStringList>("locks");
-    QTest::addColumn<qint64>("age");
-    QTest::newRow("turn") << QStringList(".turn") << qint64(0);
-    QTest::newRow("settings lock") << QStringList(".lock") << qint64(0);
-    QTest::newRow("both") << QStringList({".turn", ".lock"}) << qint64(0);
-    QTest::newRow("both since an hour") << QStringList({".turn", ".lock"}) << qint64(-3600);
-    QTest::newRow("both since tomorrow") << QStringList({".turn", ".lock"}) << qint64(86400);
-}
-
-void TstHostilePlaces::locksHeldForEverDoNotHoldTheCaller()
-{
-    QFETCH(QStringList, locks);
-    QFETCH(qint64, age);
     putOldFile();
-    QStringList paths;
-    for (const QString& lock : locks)
-        paths << storeFile() + lock;
     QString told;
     {
         SharedReport holder;
-        const Companion companion([&] { holdLocks(paths, *holder); });
+        const Companion companion([&] { holdLock(*holder); });
         QTRY_COMPARE(holder->told(), QString("held"));
-        for (const QString& path : std::as_const(paths))
-            setTime(path, age);
+        setTime(lockFile(), -3600); // However old it is.
         QVERIFY2(quickly([] {}, loadAndSave, told), "a call takes long");
         QCOMPARE(contentOf(storeFile()), fileOf(oldState()));
-        for (const QString& path : std::as_const(paths))
-            QVERIFY2(QFileInfo::exists(path), "the lock of a living process was removed");
     }
     QCOMPARE(told, textOf(oldState()) + " -> " + textOf(newState()));
-    QVERIFY2(quickly([] {}, loadAndSave, told), "a call takes long");
+    QVERIFY2(quickly([] {}, loadAndSave, told), "a call takes long"); // The holder was killed.
     QCOMPARE(contentOf(storeFile()), fileOf(newState()));
 }
 
@@ -511,8 +473,8 @@ void TstHostilePlaces::fullDiskOfAnySizeKeepsTheOldFile()
 {
     Saved large;
     const QString text(largest - 2000, 'x');
-    large.values.insert("text", text);
-    large.lines = "text=QString \"" + text.toLatin1() + "\"\n";
+    large.values.insert("wm_fontstyle", text);
+    large.lines = "            \"wm_fontstyle\": \"" + text.toLatin1() + "\"\n";
     State grown = oldState();
     grown.insert("Crop", large);
     const QByteArray grownFile = fileOf(grown);
@@ -540,13 +502,12 @@ void TstHostilePlaces::fullDiskOfAnySizeKeepsTheOldFile()
             save(*report, "Audio", audio());
         });
         QVERIFY2(ended, qPrintable(QString::number(size)));
-        // The locks need some room, too.
         QVERIFY2(content->told() == (size >= grownFile.size() ? "new" : "old"), qPrintable(QString::number(size)));
         written += content->told() == "new" ? 1 : 0;
         // With room again, the next save takes all.
         QVERIFY2(contentOf(storeFile()) == fileOf(later), qPrintable(QString::number(size)));
         QCOMPARE(folders->entries(),
-                 QStringList({"config/tst_hostileplaces", "config/tst_hostileplaces/effectdefaults.ini"}));
+                 QStringList({"config/tst_hostileplaces", "config/tst_hostileplaces/effectdefaults.json"}));
     }
     QVERIFY(written > 0);
     QVERIFY(written < largest / step);
@@ -557,11 +518,12 @@ void TstHostilePlaces::processesThatSaveAtOnceLoseNothing()
     const auto saveMany = [](const QString& type) {
         return [=] {
             Report report;
-            const auto value = [](int i) { return Saved{{{"counter", i}}, {}, {}}; };
+            const auto value = [](int i) { return Saved{{{"crop_left", i}}, {}, {}}; };
             for (int i = 1; i <= savesAtOnce; ++i)
                 save(report, type, value(i));
             // The last one may have been kept in memory, when the other process had the turn for too long.
-            const QByteArray last = '[' + type.toUtf8() + "]\ncounter=int " + QByteArray::number(savesAtOnce) + "\n";
+            const QByteArray last =
+                '"' + type.toUtf8() + "\": {\n            \"crop_left\": " + QByteArray::number(savesAtOnce);
             for (int i = 0; i < attempts && !contentOf(storeFile()).contains(last); ++i)
                 save(report, type, value(savesAtOnce));
         };
@@ -586,9 +548,9 @@ void TstHostilePlaces::processesThatSaveAtOnceLoseNothing()
 
     SharedReport report;
     QVERIFY(inOwnProcess([&] { report->tell(knownText()); }));
-    QCOMPARE(report->told(), QString("Color {counter: int 1000}; Crop {counter: int 1000}"));
+    QCOMPARE(report->told(), QString("Color {crop_left: int 1000}; Crop {crop_left: int 1000}"));
     QCOMPARE(folders->entries(),
-             QStringList({"config/tst_hostileplaces", "config/tst_hostileplaces/effectdefaults.ini"}));
+             QStringList({"config/tst_hostileplaces", "config/tst_hostileplaces/effectdefaults.json"}));
 }
 
 void TstHostilePlaces::modelWorksWhateverIsInTheLogsPlace_data()
