@@ -12,6 +12,8 @@
 
 namespace {
 
+ZoPref* storeOfTheHost = nullptr;
+
 /// Empty, which keeps the store in memory, when the user has no folder for configuration files.
 QString embeddedPrefPath()
 {
@@ -25,8 +27,15 @@ ZoPref::~ZoPref() = default;
 
 ZoPrefProvider::~ZoPrefProvider() = default;
 
+void ZoPrefProvider::setStore(ZoPref* store)
+{
+    storeOfTheHost = store;
+}
+
 ZoPref& preferenceStore()
 {
+    if (storeOfTheHost)
+        return *storeOfTheHost;
     if (auto* provider = dynamic_cast<ZoPrefProvider*>(QCoreApplication::instance())) {
         if (ZoPref* store = provider->preferences())
             return *store;

@@ -33,10 +33,17 @@ public:
 ///
 /// When the running application object is no provider, or gives no store, the library keeps the custom
 /// defaults in a file of its own, "effectdefaults.json" under QStandardPaths::AppConfigLocation.
+///
+/// A host that cannot derive the application object, a plugin for one, sets its store by setStore().
 class ZOEFFECT_EXPORT ZoPrefProvider {
 public:
     virtual ~ZoPrefProvider();
 
     /// The store, or null to use the library's own. It stays the host's and is asked for at each operation.
     virtual ZoPref* preferences() = 0;
+
+    /// From now on \a store is the one in use, whatever the application object gives, and without such an object,
+    /// too; null goes back to the order above. It stays the host's, who lets it live until another or null is set.
+    /// Custom defaults that are loaded already are not loaded anew: set it before anything asks for them. Since 1.1.
+    static void setStore(ZoPref* store);
 };

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The libzoeffect developers
 // SPDX-License-Identifier: MIT
 
-// Where the custom defaults are kept: the preferences that the host's application object gives at the moment, else
-// the library's own file.
+// Where the custom defaults are kept: the preferences that the host has set, else those that its application object
+// gives at the moment, else the library's own file.
 
 #include <memory>
 
@@ -109,6 +109,11 @@ int runChild(int argc, char** argv)
     } else if (host == "application of Gui") {
         const QGuiApplication application(argc, argv);
         saveOrLoad(what);
+    } else if (host == "preferences that were set") {
+        static MemoryPref pref; // Without an application object.
+        ZoPrefProvider::setStore(&pref);
+        saveOrLoad(what);
+        QTextStream(stdout) << pref.takeWrites().join('\n') << '\n';
     } else if (host == "provider of nothing") {
         const SwitchingApplication application(argc, argv);
         saveOrLoad(what);
@@ -145,6 +150,8 @@ private slots:
     void preferencesThatComeLateAreUsedFromThenOn();
     void preferencesThatAreTakenAwayGiveWayToTheFile();
     void otherPreferencesAreUsedAtOnce();
+    void preferencesThatAreSetComeFirst();
+    void preferencesAreSetWithoutAnApplicationObject();
 
     void hostThatProvidesNothingGetsTheFile_data();
     void hostThatProvidesNothingGetsTheFile();
@@ -153,6 +160,7 @@ private slots:
 void TstPreferenceStore::init()
 {
     SwitchingApplication::instance().pref = nullptr;
+    ZoPrefProvider::setStore(nullptr);
     const QStringList types = Manager::supportTypes();
     for (const QString& type : types)
         manager().removeCustomDefaultVal(type);
@@ -266,6 +274,33 @@ void TstPreferenceStore::otherPreferencesAreUsedAtOnce()
     QCOMPARE(first.takeWrites(), QStringList({"Crop = map {a: int 1}, notify false"}));
     QCOMPARE(second.takeWrites(), QStringList({"Crop = map {a: int 2}, notify false"}));
     SwitchingApplication::instance().pref = nullptr;
+}
+
+void TstPreferenceStore::preferencesThatAreSetComeFirst()
+{
+    MemoryPref given;
+    MemoryPref set;
+    set.entries = {{"Watermark", QVariantMap{{"b", 2}}}};
+    SwitchingApplication::instance().pref = &given;
+    ZoPrefProvider::setStore(&set);
+    manager().Init();
+    manager().saveAsCustomDefaultVal("Crop", {{"a", 1}});
+    QCOMPARE(described(manager().getCustomDefaultVal("Watermark")), QString("{b: int 2}"));
+    QCOMPARE(set.takeWrites(), QStringList({"Crop = map {a: int 1}, notify false"}));
+    ZoPrefProvider::setStore(nullptr);
+    manager().saveAsCustomDefaultVal("Crop", {{"a", 2}});
+    QCOMPARE(given.takeWrites(), QStringList({"Crop = map {a: int 2}, notify false"}));
+    SwitchingApplication::instance().pref = nullptr;
+    manager().saveAsCustomDefaultVal("Crop", {{"unset", 3}});
+    QVERIFY(fileHolds("\"unset\": {"));
+    QCOMPARE(set.takeWrites() + given.takeWrites(), QStringList());
+}
+
+void TstPreferenceStore::preferencesAreSetWithoutAnApplicationObject()
+{
+    QCOMPARE(outputOf("preferences that were set", "save"),
+             QByteArray("{a: int 1}\nCrop = map {a: int 1}, notify false\n"));
+    QVERIFY(!QFile::exists(configuration() + "/effectdefaults.json"));
 }
 
 void TstPreferenceStore::hostThatProvidesNothingGetsTheFile_data()
