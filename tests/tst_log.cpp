@@ -475,14 +475,14 @@ private slots:
 
     void logAndCopyAreForAllThatTheMaskAllows()
     {
-        for (const mode_t mask : {0, 0022, 0077}) {
+        for (const mode_t mask : {mode_t(0), mode_t(0022), mode_t(0077)}) {
             init();
             const mode_t maskBefore = ::umask(mask);
             for (int line = 0; line < 9; ++line) // The ninth makes the log large enough for a copy.
                 writeLine(QByteArray(1000, 'x'));
             ::umask(maskBefore);
-            QCOMPARE(modeOf(logcapture::logPath()) & 07777, 0666 & ~mask);
-            QCOMPARE(modeOf(logcapture::previousLogPath()) & 07777, 0666 & ~mask);
+            QCOMPARE(modeOf(logcapture::logPath()) & 07777, mode_t(0666) & ~mask);
+            QCOMPARE(modeOf(logcapture::previousLogPath()) & 07777, mode_t(0666) & ~mask);
         }
     }
 
