@@ -510,26 +510,6 @@ private slots:
         QCOMPARE(treeOf(ZoEffectModel(type, {})), QString("effect root:2{}[%1:2{}[]]").arg(type));
     }
 
-    void customFrameEffectsAreRestored_data()
-    {
-        addRows<QString, QString>({
-            {"order and states", "Sepia|true|Blur|false|Sharpen|true|Mirror|false",
-             "Sepia:2{id: int 14}[] Blur:0{id: int 11}[] Sharpen:2{id: int 12}[] Mirror:0{id: int 13}[]"},
-            {"too few", "Sepia|true|Blur|true",
-             "Blur:0{id: int 11}[] Sharpen:0{id: int 12}[] Mirror:0{id: int 13}[] Sepia:0{id: int 14}[]"},
-        });
-    }
-
-    void customFrameEffectsAreRestored()
-    {
-        const auto [saved, items] = row<QString, QString>();
-        saveCustomDefault("Effect", {{"Effect", saved}});
-        const QString expected = QString("Effect:2{Effect: string %1}[%2]").arg(saved, items);
-        QCOMPARE(tree(ZoEffectModel().findDataItem("Effect", -1)), expected);
-        QCOMPARE(tree(ZoEffectModel(QStringList{"Effect"}).findDataItem("Effect", -1)), expected);
-        QCOMPARE(typesOf(ZoEffectModel(QStringList{"Crop"})), QStringList{"Crop"});
-    }
-
     void customOrderIsOnlyForTheTypeEffect()
     {
         use({effectType("Frames", nullptr, oneAndTwo), effectType("effect", nullptr, oneAndTwo)});
@@ -721,28 +701,21 @@ private slots:
         QVERIFY(!model.editByUser());
     }
 
-    void editByDefaultReadsTheRoot_data()
-    {
-        addRows<QVariant, bool>({
-            {"true", true, true},
-            {"text false", "false", false},
-            {"other text", "no", true},
-            {"invalid", QVariant(), false},
-            {"fraction that rounds to zero", 0.3, false},
-            {"no number", std::nan(""), false},
-        });
-    }
-
     void editByDefaultReadsTheRoot()
     {
-        const auto [value, edited] = row<QVariant, bool>();
         ZoEffectModel model;
         SignalRecorder recorded(model);
-        rootOf(model)->setData("editbydefault", value);
-        QCOMPARE(model.editByDefault(), edited);
+        for (const QVariant& value : {QVariant(true), QVariant("no"), QVariant(0.5)}) {
+            rootOf(model)->setData("editbydefault", value);
+            QVERIFY(model.editByDefault());
+            model.resetEditByDefaultFlag();
+            QCOMPARE(described(rootOf(model)->properties()), QString("{editbydefault: bool false}"));
+        }
+        for (const QVariant& value : {QVariant("false"), QVariant(), QVariant(0.3), QVariant(std::nan(""))}) {
+            rootOf(model)->setData("editbydefault", value);
+            QVERIFY(!model.editByDefault());
+        }
         QVERIFY(!model.editByUser());
-        model.resetEditByDefaultFlag();
-        QCOMPARE(treeOf(model).left(41), QString("effect root:2{editbydefault: bool false}["));
         QCOMPARE(recorded.take(), QStringList());
     }
 };

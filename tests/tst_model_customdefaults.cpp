@@ -343,35 +343,25 @@ private slots:
         QCOMPARE(writes(), QStringList());
     }
 
-    void savingWritesTheWholeMapOnce_data()
-    {
-        addRows<QString, QString>({
-            {"watermark", watermark,
-             "Watermark = map {wm_hposfactor: double 0.25, wm_imagekeepratio: bool false, wm_transparency: int 40, "
-             "wm_vposfactor: double 0.25}, notify false"},
-            {"subtitle", subtitle,
-             "Subtitle = map {fontstyleusedefault: bool false, sub_fontcolor: color #ffff0000, sub_framecolor: color "
-             "#ff0000ff, sub_transparency: int 40, sub_vposfactor: double 0.75}, notify false"},
-            {"color", color,
-             "Color = map {bcs_brightness: int 0, bcs_contrast: int 0, bcs_saturation: int 0}, notify false"},
-            {"frame effects", effect,
-             "Effect = map {Effect: string Blur|false|Sharpen|false|Mirror|false|Sepia|false}, notify false"},
-        });
-    }
-
     void savingWritesTheWholeMapOnce()
     {
-        const auto [type, written] = row<QString, QString>();
         Model model;
         addItem(model, watermark, imageWatermark());
         addItem(model, subtitle, embeddedSubtitle());
         const QString before = tree(rootOf(model));
         SignalRecorder recorder(model);
+        const QStringList written{"Color = map {bcs_brightness: int 0, bcs_contrast: int 0, bcs_saturation: int 0}, "
+                                  "notify false"};
         for (int times = 0; times < 2; ++times) { // Also when nothing changed.
-            model.saveAsCustomDefault(type, 0);
-            QCOMPARE(writes(), QStringList(written));
+            model.saveAsCustomDefault(color, 0);
+            QCOMPARE(writes(), written);
         }
-        model.removeCustomDefault(type);
+        for (const QString& type : {watermark, subtitle, effect}) {
+            model.saveAsCustomDefault(type, 0);
+            QCOMPARE(writes(), QStringList(type + " = map " + saved(type) + ", notify false"));
+            model.removeCustomDefault(type);
+            writes();
+        }
         QCOMPARE(tree(rootOf(model)), before);
         QCOMPARE(recorder.take(), QStringList());
     }
@@ -620,22 +610,15 @@ private slots:
 
     void rectangleAgainstThePoint_data()
     {
-        // The tested point is (162, 122), two right of and below the saved place.
+        // The tested point is (162, 122), two right of and below the saved place. More in tst_watermarkplacement.
         addRows<QVariant, QVariant, QVariant, QVariant, bool>({
             {"the one pixel", 162, 122, 1, 1, true},
             {"the place itself, but not the point", 160, 120, 2, 2, false},
-            {"left of the left edge", 163, 110, 50, 50, false},
-            {"in the corner", 113, 73, 50, 50, true},
-            {"right of the right edge", 112, 110, 50, 50, false},
-            {"below the bottom edge", 150, 72, 50, 50, false},
             {"no size: 30 wide, but no row", 150, 122, 0, 0, false},
             {"no width, one row: not 30 wide", 150, 122, 0, 1, false},
             {"size not told", 150, 122, QVariant(), QVariant(), false},
-            {"negative width spans to the left", 170, 110, -20, 50, true},
             {"values as text", "150", "110", "50", "50", true},
-            {"values with fractions are rounded", 161.5, 121.5, 0.5, 0.5, true},
             {"position not told", QVariant(), QVariant(), 163, 123, true},
-            {"the largest", 0, 0, INT_MAX, INT_MAX, true},
         });
     }
 
