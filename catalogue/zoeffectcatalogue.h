@@ -7,10 +7,13 @@
 /// The vocabulary of the effect settings: the record types of an effect catalogue, the property tables of
 /// the thirteen effect types, the choice lists of the editors and the key lists that spread subtitle styles.
 ///
-/// The library brings no table of effect types. The host builds one (an array of EffectControlItem whose
+/// The library has no table of effect types of its own. The host builds one (an array of EffectControlItem whose
 /// last record has a null name) from the property tables below and registers it once with
 /// ZoEffectModel::InitEffectModel() before it creates a model. The table stays the host's and must outlive
 /// every model.
+///
+/// Each table says what the library itself does with its keys. A key that it does not use is stored and copied like
+/// any other; its unit and meaning are for the host's editor and converter to agree on.
 ///
 /// Each unit that includes this header has its own copy of the tables, built when the program or library is
 /// loaded. All texts are UTF-8.
@@ -61,7 +64,9 @@ struct EffectControlItem {
 /// Choices of "wm_fontstyle" and "sub_fontstyle".
 static const char* const font_style[] = {"Regular", "Italic", "Bold", "Bold Italic", nullptr};
 
-/// Choices of "crop_aspectratio": four crop modes, then the ratios.
+/// Choices of "crop_aspectratio": four crop modes, then the ratios. The library uses one: a rescaled crop takes the
+/// ratio of the new frame when "crop_keepaspectratio" is true and the choice is "Original Ratio". With any other text
+/// it keeps its own ratio. What "Original", "Crop Area", "Crop Ratio" and the ratios mean in an editor is the host's.
 /// Deliberate: each ratio stands twice, editors show them in pairs.
 static const char* const crop_aspectratio[] = {
     "Original", "Original Ratio", "Crop Area", "Crop Ratio", "16:9", "16:9", "4:3", "4:3", "3:2", "3:2", nullptr};
@@ -76,7 +81,12 @@ static const char* const keysforfromFile[7] = {"sub_fontname", "sub_fontcolor", 
 
 // clang-format off
 
-/// Type "Crop". Pixels of the base size.
+/// Type "Crop". Pixels of the base size. The rectangle decides whether a crop applies, and is rescaled with the video;
+/// "crop_keepaspectratio" and "crop_aspectratio" are used for that alone. The library does not use the least sizes.
+///
+/// Not in the tables, but read by ZoEffectModel::hasRealEffect(): "player_map_flag" of type "Crop", and
+/// "crop_rotation_angle" and "crop_rotation_action" of type "Effect". A rotation counts as an effect when the flag is
+/// true and one of the two is neither 0 nor false. The unit of the angle and the actions are the host's.
 static const EffectDefaultVal cropDefaultVal[] = {
     // key                     default                                         options           min          max
     {"crop_minwidth",          QVariant(24),                                   nullptr,          QVariant(0), QVariant(0)},
@@ -91,7 +101,8 @@ static const EffectDefaultVal cropDefaultVal[] = {
 };
 
 /// Type "Watermark". Positions in pixels of the base size, transparency in percent, font size in points;
-/// "wm_transfactor" carries percent to an alpha value of 0 to 255. An item also holds what has no default:
+/// "wm_transfactor" turns percent into an alpha value of 0 to 255; the other factors are parts of the base size and say
+/// where a new watermark goes. "wm_imagekeepratio" is for an editor. An item also holds what has no default:
 /// "wm_istextwatermark", "wm_textcontent" of a text; "wm_imageurl", "wm_imagewidth", "wm_imageheight" of an image.
 /// Deliberate: "wm_fontname" holds a whole QFont without size and weight, not a family name.
 static const EffectDefaultVal WatermarkDefaultVal[] = {
@@ -110,8 +121,9 @@ static const EffectDefaultVal WatermarkDefaultVal[] = {
     {nullptr,                  QVariant(0),                                    nullptr,          QVariant(0),    QVariant(0)},
 };
 
-/// Type "Subtitle". Positions in pixels of the base size, transparency in percent, font size in points. A track
-/// also holds "trackid" if it is embedded, "sub_fromfile" (true) if it is from a file.
+/// Type "Subtitle". Positions in pixels of the base size, transparency in percent, font size in points. The library
+/// draws no subtitles: it rescales "sub_vposition" and "sub_fontsize" and spreads the style (the key lists above). A
+/// track also holds "trackid" if it is embedded, "sub_fromfile" (true) if it is from a file.
 /// Deliberate: only a vertical factor; other start positions and lower bounds than a watermark's.
 static const EffectDefaultVal SubtitleDefaultVal[] = {
     // key                     default                                         options           min          max
@@ -130,13 +142,14 @@ static const EffectDefaultVal SubtitleDefaultVal[] = {
     {nullptr,                  QVariant(0),                                    nullptr,          QVariant(0), QVariant(0)},
 };
 
-/// Type "Audio". A track also holds "trackid" if it is embedded, "audio_isfile" (true) if it is from a file.
+/// Type "Audio". The library does not use "play_loop". A track also holds "trackid" if it is embedded, "audio_isfile"
+/// (true) if it is from a file.
 static const EffectDefaultVal AudioDefaultVal[] = {
     {"play_loop",              QVariant(false),                                nullptr,          QVariant(0), QVariant(0)},
     {nullptr,                  QVariant(0),                                    nullptr,          QVariant(0), QVariant(0)},
 };
 
-/// Type "Color": brightness, contrast, saturation.
+/// Type "Color": brightness, contrast, saturation. 0 is neutral: any other value counts as an effect.
 static const EffectDefaultVal BCSDefaultVal[] = {
     {"bcs_brightness",         QVariant(0),                                    nullptr,          QVariant(-50), QVariant(50)},
     {"bcs_contrast",           QVariant(0),                                    nullptr,          QVariant(-50), QVariant(50)},
@@ -150,7 +163,11 @@ static const EffectDefaultVal frameEffectsDefaultVal[] = {
     {nullptr,                  QVariant(0),                                    nullptr,          QVariant(0), QVariant(0)},
 };
 
-/// Type "Audio_Fade_Inout". Durations in seconds. Deliberate: fade-out starts enabled, fade-in does not.
+// Of the seven audio effects "audio_effect_flag" says which one is in use. The gains, delays, decays and levels,
+// the band-pass keys and the speed of the flanger are not used by the library: units and meanings are the host's.
+
+/// Type "Audio_Fade_Inout". Durations in seconds. The two switches decide whether it counts as an effect.
+/// Deliberate: fade-out starts enabled, fade-in does not.
 static const EffectDefaultVal audioFadeInOut[] = {
     {"audio_effect_flag",      QVariant(false),                                nullptr,          QVariant(0), QVariant(0)},
     {"audio_fade_in_enable",   QVariant(false),                                nullptr,          QVariant(0), QVariant(0)},
@@ -167,7 +184,7 @@ static const EffectDefaultVal audioNormalize[] = {
     {nullptr,                    QVariant(0),                                  nullptr,          QVariant(0), QVariant(0)},
 };
 
-/// Type "Audio_BandPass". Spelling kept: "requency".
+/// Type "Audio_BandPass". What the number of "audio_bandpass_type" stands for is the host's. Spelling kept: "requency".
 static const EffectDefaultVal audioBandpass[] = {
     {"audio_effect_flag",        QVariant(false),                              nullptr,          QVariant(0), QVariant(0)},
     {"audio_bandpass_type",      QVariant(2),                                  nullptr,          QVariant(0), QVariant(0)},
@@ -207,7 +224,7 @@ static const EffectDefaultVal audioEcho[] = {
     {nullptr,                  QVariant(0),                                    nullptr,          QVariant(0), QVariant(0)},
 };
 
-/// Type "Audio_Speed". Percent of the source's speed.
+/// Type "Audio_Speed". Percent of the source's speed. Trap: the value that counts as no effect is 10, not 100.
 static const EffectDefaultVal audioSpeed[] = {
     {"audio_effect_flag",      QVariant(false),                                nullptr,          QVariant(0), QVariant(0)},
     {"audio_speed_factor",     QVariant(100),                                  nullptr,          QVariant(0), QVariant(200)},

@@ -14,7 +14,7 @@
 /// that file has more than 8191 bytes, every call also copies it over the file that ends in ".2.log". The
 /// first file is never shortened.
 ///
-/// Nothing is reported: without an application object, with an executable path that has no folder part, or
-/// when the log is not a regular file that can be opened, the call ends without a word. It never blocks and
-/// never follows a symbolic link. Meant for rare events: each call opens and closes the file.
+/// Writes nothing, and does not report it, without an application object, with an executable path that has no folder
+/// part, and when the log is not a regular file or cannot be opened. Never blocks and never follows a symbolic link.
+/// For rare events: each call opens and closes the file.
 ZOEFFECT_EXPORT void WriteLog(QString format, ...);

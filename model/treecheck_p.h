@@ -9,12 +9,12 @@ class ZoEffectItemData;
 
 /// The tree of a model is sound when each node below its root stands in exactly one child list, and its
 /// parent() is the node whose list that is. Every operation of the library keeps a sound tree sound. Debug
-/// builds (ZOEFFECT_CHECK_TREES) look after each operation of the model that can change a tree, and after those of
-/// the node that copy or clear one; other builds hold none of this. The other operations of the node touch one
-/// list and look at no child, which a host may have deleted without taking it out.
+/// builds (ZOEFFECT_CHECK_TREES) check the tree after each operation of the model that can change it, and after those
+/// of the node that copy or clear one; other builds have none of this. The other operations of the node change one
+/// list and read no child, which a host may have deleted without taking it out.
 ///
 /// A host may break the rule with the operations of the node (append a null, or a node that stands
-/// elsewhere): then nothing can be told of that tree any more, and it is not looked at.
+/// elsewhere). Such a tree is not checked.
 #ifdef ZOEFFECT_CHECK_TREES
 
 namespace treecheck {
@@ -37,7 +37,7 @@ public:
     explicit TreeCheck(const ZoEffectItemData& root);
     ~TreeCheck();
 
-    /// Whether the tree is looked at again at the end.
+    /// Whether the tree is checked at the end.
     bool checks() const { return m_checks; }
 
 private:

@@ -52,7 +52,7 @@ std::optional<QPoint> freePlaceAtLeftMargin(const QVector<OccupiedRect>& occupie
 /// (30, 30) from the first rectangle, when that is inside the frame. The place may be occupied.
 std::optional<QPoint> placeShiftedFromFirst(const QVector<OccupiedRect>& occupied, const QSize& baseSize);
 
-/// Whether a saved position counts as free: see the implementation, not every rectangle is looked at.
+/// Whether a saved position counts as free. Not every rectangle is checked: see the implementation.
 bool savedPlaceIsFree(const QVector<OccupiedRect>& occupied, const QPoint& place);
 
 } // namespace placement

@@ -17,9 +17,8 @@
 /// and an ordered list of children, which it owns: they are deleted when the node is cleared, assigned to or
 /// destroyed. The node tree is not the QObject tree: the QObject parent is always null.
 ///
-/// A node announces no changes and checks no values; ZoEffectModel announces. Operations that get a bad
-/// position say so by their result and change nothing, but for insertion, which appends. To be used from one
-/// thread.
+/// A node sends no signals and checks no values; the signals are ZoEffectModel's. A position that does not exist
+/// changes nothing and shows in the result; only insertion appends instead. Use a node from one thread.
 class ZOEFFECT_EXPORT ZoEffectItemData : public QObject {
     Q_OBJECT
 
@@ -37,8 +36,8 @@ public:
 
     /// Makes this node a deep copy of \a other: properties, check state, name, object name, internal data
     /// pointer and all descendants (null entries are left out). The children that this node had are deleted.
-    /// Its parent and its place there stay. \a other may stand above or below this node: it is taken over as
-    /// it was before the call.
+    /// Its parent and its place there stay. \a other may stand above or below this node: it is copied as it was
+    /// before the call.
     ZoEffectItemData& operator=(const ZoEffectItemData& other);
     /// The same as operator=.
     ZoEffectItemData& assign(const ZoEffectItemData& other);
@@ -86,7 +85,7 @@ public:
     /// Stores the host's pointer; null by default. What it points at stays the host's.
     void setInternalData(void* data);
 
-    /// The name given at construction or taken over by assignment.
+    /// The name given at construction or copied by assignment.
     QString name() const;
     /// 2 (Qt::Checked) on a new node, 0 (Qt::Unchecked) when not selected.
     int checkState() const;

@@ -56,7 +56,7 @@ struct CropData {
 /// of a change are sent on the calling thread after the tree has changed; a listener may read, change and
 /// render the model, but must not delete it. To be used from one thread, after the application object was
 /// created; pictures take a QGuiApplication.
-/// Nothing throws: a failure is told by the result, and where noted by an entry in the log (see WriteLog).
+/// Nothing throws. A failure shows in the result; where a function says so, it is also logged (see WriteLog).
 class ZOEFFECT_EXPORT ZoEffectModel : public QObject {
     Q_OBJECT
 
@@ -65,8 +65,8 @@ public:
     /// @{
 
     /// Registers the host's table of effect types for all models and tells the custom defaults which types
-    /// exist. To be called once, before the first model is built; \a items must outlive all models and be there
-    /// for defaultValue() and findOriItem(), too. Null is logged (25) and accepted: models then have no types.
+    /// exist. Call it once, before the first model is built. \a items must outlive all models and every call of
+    /// defaultValue() and findOriItem(). Null is logged (25) and accepted: models then have no types.
     static void InitEffectModel(const EffectControlItem* items);
 
     /// A model with every top-level type of the registered table, filled with the defaults.
@@ -170,8 +170,8 @@ public:
     /// Whether \a type has an item whose value under \a key equals \a value.
     bool haveSameItem(const QString& type, const QString& key, const QVariant& value) const;
     /// The first selected item of a selected type; null when there is none. Deliberate: for "Audio" a new
-    /// node named "Audio" that holds all selected tracks. That container is the caller's, the tracks in it
-    /// stay the model's: take them out (takeAt) before deleting it.
+    /// node named "Audio" that holds all selected tracks. Trap: delete that node, but not the tracks in it, which
+    /// stay the model's: take them out (takeAt) first.
     ZoEffectItemData* getSelectItem(const QString& type) const;
     /// @}
 
@@ -231,8 +231,8 @@ public:
     /// pixmap when nothing is painted or the size is none that can be painted on. With \a honourIgnore, text
     /// watermarks whose "wm_ingnore" is true are left out. At a size other than the base size a rescaled
     /// copy is painted and "wm_ingnore" always counts. At the base size the measured size of each painted
-    /// text is stored in its item ("wm_imagewidth", "wm_imageheight") through setData(), signals included; of
-    /// renderings that listeners start inside one another, the outer eight store.
+    /// text is stored in its item ("wm_imagewidth", "wm_imageheight") through setData(), signals included. When
+    /// listeners render inside one another, only the first eight levels store sizes.
     /// An image that cannot be loaded is logged (1178) and left out.
     QPixmap getWatermark(int w, int h, bool honourIgnore);
     /// The image at \a path, loaded once per path; \a format may be null. The pixmap stays the model's. On
@@ -244,9 +244,9 @@ public:
     /// \name Place of a new watermark
     /// @{
 
-    /// Moves the new watermark \a item away from the other selected watermarks, by four searches in turn (the
-    /// guide draws them); the last of them may give an occupied place, and when all fail the item stays.
-    /// \a item already stands under its parent. Sends nothing. Null is logged (1392).
+    /// Moves the new watermark \a item, which already has its parent, away from the other selected watermarks. Four
+    /// searches are tried in turn (the guide shows them). Trap: the last one may find an occupied place. When all
+    /// fail, the item stays. Sends nothing. Null is logged (1392).
     void adjustWatermarkPos(ZoEffectItemData* item);
     /// @}
 
@@ -297,12 +297,12 @@ public:
     /// The saved custom value: key first. Invalid when there is none.
     static QVariant customDefaultVal(const QString& key, const QString& type);
     /// Saves the settings of item \a index of \a type as the type's custom default; "Color" and "Effect"
-    /// ignore \a index. Positions are saved as factors of the base size. Missing nodes save nothing; they are
+    /// ignore \a index. Positions are saved as factors of the base size. A missing node saves nothing, and is
     /// logged for the types "Watermark" (1451) and "Color" (1467) and for a subtitle item (1514).
     void saveAsCustomDefault(const QString& type, int index);
-    /// Lays the custom default of \a type over \a item: of an image watermark and of an embedded subtitle the
-    /// transparency alone. A saved watermark position is applied when \a direct or the place counts as free;
-    /// deliberate: not every other watermark is looked at. For types other than "Watermark" and "Subtitle"
+    /// Stores the custom default of \a type in \a item. An image watermark and an embedded subtitle take only the
+    /// transparency. A saved watermark position is stored when \a direct is true or the place counts as free;
+    /// deliberate: not every other watermark is checked. For types other than "Watermark" and "Subtitle"
     /// "editbydefault" becomes true. Sends nothing. Null is logged (829).
     void getCustomDefaultVal(ZoEffectItemData* item, const QString& type, bool direct);
     /// @}
@@ -347,10 +347,10 @@ public:
     /// Rebuilds the whole type from the catalogue and the custom default, and sends
     /// effectDataChanged(type, "reset", invalid, pos). False, and logged (622), without such a type.
     bool resetDataItem(const QString& type, int pos);
-    /// Resets all top-level types of the registered table and editByUser(). Of the tracks only the files at the
-    /// end of the list go, and the first one left is selected; "Audio", "Subtitle" and "Watermark" keep their
-    /// own properties. Deliberate: sends nothing, listeners read the model anew; signals are unblocked
-    /// afterwards.
+    /// Resets all top-level types of the registered table and editByUser(). Of the tracks only those from files at
+    /// the end of the list are removed, and the first one left is selected. "Audio", "Subtitle" and "Watermark"
+    /// keep their own properties. Deliberate: sends nothing, so tell the listeners yourself, and signals are
+    /// unblocked afterwards, even if they were blocked before.
     void resetAllEffect();
     /// @}
 
