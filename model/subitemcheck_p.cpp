@@ -25,7 +25,7 @@ bool holdsDefault(const ZoEffectItemData& item, const cataloguetable::Row& row)
 
 } // namespace
 
-bool matchesSubItems(const ZoEffectItemData& typeNode, const SubEffectItem* subItems)
+bool catalogue::matchesSubItems(const ZoEffectItemData& typeNode, const SubEffectItem* subItems)
 {
     if (!subItems)
         return true;

@@ -8,7 +8,7 @@
 #include "qtcompat_p.h"
 #include "zoeffectitemdata.h"
 
-QVector<placement::OccupiedRect> shownBeside(const ZoEffectItemData& item)
+QVector<placement::OccupiedRect> placement::shownBeside(const ZoEffectItemData& item)
 {
     QVector<placement::OccupiedRect> rectangles;
     const ZoEffectItemData* typeNode = item.parent();

@@ -9,5 +9,9 @@
 
 class ZoEffectItemData;
 
+namespace placement {
+
 /// The rectangles of the selected watermarks that stand beside \a item under its parent, in their order.
-QVector<placement::OccupiedRect> shownBeside(const ZoEffectItemData& item);
+QVector<OccupiedRect> shownBeside(const ZoEffectItemData& item);
+
+} // namespace placement

@@ -120,7 +120,7 @@ void storeIfSaved(ZoEffectItemData& item, const Properties& saved, const QString
 bool takesSavedPlace(const ZoEffectItemData& item, const QPoint& place)
 {
     const bool alone = !item.parent() || item.parent()->childCount() < 2;
-    return alone || placement::savedPlaceIsFree(shownBeside(item), place);
+    return alone || placement::savedPlaceIsFree(placement::shownBeside(item), place);
 }
 
 void applyToWatermark(ZoEffectItemData& item, const Properties& saved, const QSize& baseSize, bool direct)

@@ -164,7 +164,7 @@ bool ZoEffectModel::dataIsDefault(const QString& type) const
         return holdsDefaults(*typeNode, type, record->properties);
     if (type == types::effect)
         return FrameEffectIsDefault();
-    return matchesSubItems(*typeNode, record->subItems);
+    return catalogue::matchesSubItems(*typeNode, record->subItems);
 }
 
 bool ZoEffectModel::hasRealEffect() const

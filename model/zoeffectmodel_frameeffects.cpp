@@ -69,7 +69,7 @@ bool ZoEffectModel::FrameEffectIsDefault() const
     if (!record || !typeNode)
         return true;
     if (!hasCustomDefault(types::effect))
-        return matchesSubItems(*typeNode, record->subItems);
+        return catalogue::matchesSubItems(*typeNode, record->subItems);
 
     // Deliberate: a summary that does not fit the items was saved for another set of frame effects, and
     // counts as default.

@@ -4,21 +4,15 @@
 #include "zoeffectmodel.h"
 
 #include "effectnames_p.h"
-#include "qtcompat_p.h"
+#include "nodevalues_p.h"
 #include "scaling_p.h"
 #include "treecheck_p.h"
 
+using nodevalues::flag;
+using nodevalues::number;
+using nodevalues::text;
+
 namespace {
-
-int number(const ZoEffectItemData& node, const QString& key)
-{
-    return qtcompat::toInt(node.data(key));
-}
-
-bool flag(const ZoEffectItemData& node, const QString& key)
-{
-    return qtcompat::toBool(node.data(key));
-}
 
 double factor(int newLength, int oldLength)
 {
@@ -65,7 +59,7 @@ void storeCropRectangle(ZoEffectItemData& typeNode, const scaling::CropRectangle
 bool keepsFrameRatio(const ZoEffectItemData& typeNode)
 {
     return flag(typeNode, keys::cropKeepAspectRatio)
-           && qtcompat::toText(typeNode.data(keys::cropAspectRatio)) == QLatin1String("Original Ratio");
+           && text(typeNode, keys::cropAspectRatio) == QLatin1String("Original Ratio");
 }
 
 /// Deliberate: the properties of the type node are scaled once for each of its tracks, over and over.

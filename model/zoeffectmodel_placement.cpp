@@ -5,7 +5,7 @@
 
 #include "effectnames_p.h"
 #include "modelevents_p.h"
-#include "qtcompat_p.h"
+#include "nodevalues_p.h"
 #include "treecheck_p.h"
 #include "watermarkrects_p.h"
 
@@ -20,8 +20,8 @@ void ZoEffectModel::adjustWatermarkPos(ZoEffectItemData* item)
     if (!typeNode || typeNode->childCount() < 2)
         return;
 
-    const QPoint start(qtcompat::toInt(item->data(keys::wmHPosition)), qtcompat::toInt(item->data(keys::wmVPosition)));
-    const auto place = placement::freePlace(shownBeside(*item), start, baseSize());
+    const QPoint start(nodevalues::number(*item, keys::wmHPosition), nodevalues::number(*item, keys::wmVPosition));
+    const auto place = placement::freePlace(placement::shownBeside(*item), start, baseSize());
     if (place) {
         item->setData(keys::wmHPosition, place->x());
         item->setData(keys::wmVPosition, place->y());

@@ -6,15 +6,13 @@
 #include <array>
 
 #include "effectnames_p.h"
-#include "qtcompat_p.h"
+#include "nodevalues_p.h"
 #include "treecheck_p.h"
 
-namespace {
+using nodevalues::flag;
+using nodevalues::number;
 
-bool hasTrue(const ZoEffectItemData& item, const QString& key)
-{
-    return qtcompat::toBool(item.data(key));
-}
+namespace {
 
 bool isSelected(const ZoEffectItemData& node)
 {
@@ -28,7 +26,7 @@ int firstSelectedEmbeddedTrack(const ZoEffectItemData& typeNode, const QString& 
         const ZoEffectItemData* track = typeNode.child(row);
         if (!track)
             continue;
-        if (hasTrue(*track, fileFlag))
+        if (flag(*track, fileFlag))
             return -1;
         if (isSelected(*track))
             return row;
@@ -41,7 +39,7 @@ bool hasSelectedTrack(const ZoEffectItemData& typeNode, const QString& fileFlag,
 {
     for (int row = 0; row < typeNode.childCount(); ++row) {
         const ZoEffectItemData* track = typeNode.child(row);
-        if (track && isSelected(*track) && hasTrue(*track, fileFlag) == fromFile)
+        if (track && isSelected(*track) && flag(*track, fileFlag) == fromFile)
             return true;
     }
     return false;
@@ -77,7 +75,7 @@ int ZoEffectModel::getEmbededSutitleID() const
         return firstSelectedEmbeddedTrack(*typeNode, keys::subFromFile);
     // The first embedded track is the default one.
     const ZoEffectItemData* first = typeNode->child(0);
-    return first && !hasTrue(*first, keys::subFromFile) ? 0 : -1;
+    return first && !flag(*first, keys::subFromFile) ? 0 : -1;
 }
 
 int ZoEffectModel::getEmbededAudioID() const
@@ -86,7 +84,7 @@ int ZoEffectModel::getEmbededAudioID() const
     if (!typeNode || !isSelected(*typeNode))
         return -1;
     const int row = firstSelectedEmbeddedTrack(*typeNode, keys::audioIsFile);
-    return row == -1 ? -1 : qtcompat::toInt(typeNode->child(row)->data(keys::trackId));
+    return row == -1 ? -1 : number(*typeNode->child(row), keys::trackId);
 }
 
 bool ZoEffectModel::useCustomSubtitle() const
@@ -124,7 +122,7 @@ ZoEffectItemData* ZoEffectModel::getValidAudioEffectItem() const
         return nullptr;
     for (int row = 0; row < m_root.childCount(); ++row) {
         ZoEffectItemData* node = m_root.child(row);
-        if (node && hasTrue(*node, keys::audioEffectFlag))
+        if (node && flag(*node, keys::audioEffectFlag))
             return node;
     }
     return nullptr;

@@ -43,7 +43,7 @@ private slots:
 void TstWatermarkRects::watermarkWithoutParentHasNothingBesideIt()
 {
     const ZoEffectItemData item(QStringLiteral("Watermark"));
-    QCOMPARE(shownBeside(item).size(), 0);
+    QCOMPARE(placement::shownBeside(item).size(), 0);
 }
 
 void TstWatermarkRects::selectedWatermarksBesideAreTakenInTheirOrder()
@@ -57,7 +57,7 @@ void TstWatermarkRects::selectedWatermarksBesideAreTakenInTheirOrder()
     addWatermark(typeNode, 50, 60, 0, 0);
     addWatermark(typeNode, 0, 0, 2, 3);
     const QStringList beside{QStringLiteral("1 2 30 41"), QStringLiteral("50 60 79 59"), QStringLiteral("0 0 1 2")};
-    QCOMPARE(edges(shownBeside(*item)), beside);
+    QCOMPARE(edges(placement::shownBeside(*item)), beside);
 }
 
 QTEST_GUILESS_MAIN(TstWatermarkRects)
