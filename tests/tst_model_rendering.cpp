@@ -851,7 +851,8 @@ private slots:
 
     void listenerChangesTheList()
     {
-        const auto [change, stored, shown] = row<Change, QString, QString>();
+        const auto values = row<Change, QString, QString>();
+        const Change& change = std::get<0>(values);
 
         const QMap<QString, QPoint> places{{"A", {10, 5}}, {"BBB", {10, 75}}, {"CC\nCC", {180, 5}}};
 
@@ -877,7 +878,7 @@ private slots:
                 if (!shownArea(picture.copy(QRect(it.value(), measured(it.key())))).isEmpty())
                     painted += it.key().at(0);
             }
-            QCOMPARE(painted, shown);
+            QCOMPARE(painted, std::get<2>(values));
 
             QStringList left;
             const ZoEffectItemData* typeNode = model.getDataItem("Watermark", -1);
@@ -888,7 +889,7 @@ private slots:
                 const QString size = sizeless ? "-" : storedSize(item) == measured(text) ? "+" : "?";
                 left << text.left(1) + size; // clazy:exclude=qstring-left An item may have no text.
             }
-            QCOMPARE(left.join(' '), stored);
+            QCOMPARE(left.join(' '), std::get<1>(values));
             // A size whose item is gone goes nowhere else.
             QVERIFY(!typeNode || !typeNode->hasData("wm_imagewidth"));
             QVERIFY(!typeNode || !typeNode->hasData("wm_imageheight"));
