@@ -244,7 +244,7 @@ void TstFreePlaces::answersAreThoseOfOneAfterTheOther()
 
 void TstFreePlaces::manyRectanglesTakeNoSquareOfTime()
 {
-    constexpr int many = 60000;
+    constexpr int many = 600000; // Each place held against each rectangle would exceed the time limit of the test.
     QVector<Shown> watermarks;
     std::vector<Place> places;
     for (int i = 0; i < many; ++i) {
@@ -252,10 +252,7 @@ void TstFreePlaces::manyRectanglesTakeNoSquareOfTime()
         watermarks.append({left, i, 10, 2});
         places.push_back({left + 20, i});
     }
-    QElapsedTimer timer;
-    timer.start();
     QCOMPARE(freeOf(watermarks, places, 30), QString(many, QLatin1Char('.')));
-    QVERIFY2(timer.elapsed() < 5000, "each place is held against each rectangle");
 }
 
 QTEST_GUILESS_MAIN(TstFreePlaces)
