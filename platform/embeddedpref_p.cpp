@@ -117,10 +117,10 @@ void EmbeddedPref::setValue(const QString& key, const QVariant& value, bool /*no
         save(longestWait);
 }
 
-void EmbeddedPref::save(int longestWait)
+void EmbeddedPref::save(int lockWait)
 {
     QStringList warnings;
-    if (!write(longestWait, warnings))
+    if (!write(lockWait, warnings))
         tryAgainLater();
     else if (m_timer)
         m_timer->stop();
@@ -130,10 +130,10 @@ void EmbeddedPref::save(int longestWait)
 }
 
 /// False when this is to be tried again.
-bool EmbeddedPref::write(int longestWait, QStringList& warnings)
+bool EmbeddedPref::write(int lockWait, QStringList& warnings)
 {
     QDir().mkpath(QFileInfo(m_path).path());
-    const storefile::Lock lock(m_path, longestWait);
+    const storefile::Lock lock(m_path, lockWait);
     const storefile::Content present = storefile::read(m_path);
     QJsonObject file = present.file;
     QMap<QString, QVariant> leftOut;

@@ -44,8 +44,8 @@ public:
     void setValue(const QString& key, const QVariant& value, bool notify) override;
 
 private:
-    void save(int longestWait);
-    bool write(int longestWait, QStringList& warnings);
+    void save(int lockWait);
+    bool write(int lockWait, QStringList& warnings);
     void tryAgainLater();
 
     const QString m_path;
