@@ -286,6 +286,8 @@ private slots:
     void conversions_data()
     {
         addRows<QVariant, bool, int, double, bool, QString>({
+            {"positive number", 5, true, 5, 5.0, true, "5"},
+            {"highest unsigned number", largest, true, -1, 1.8446744073709552e19, true, "18446744073709551615"},
             {"unsigned number beyond int", 4294967295U, true, -1, 4294967295.0, true, "4294967295"},
             {"number beyond int", qlonglong(10000000000), true, 1410065408, 1e10, true, "10000000000"},
             {"short", QVariant::fromValue(short(-5)), true, -5, -5.0, true, "-5"},
