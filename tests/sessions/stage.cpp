@@ -3,6 +3,7 @@
 
 #include "stage.h"
 
+#include <algorithm>
 #include <iostream>
 #include <unistd.h>
 
@@ -39,7 +40,7 @@ const EffectControlItem* oddCatalogue()
 {
     static const EffectDefaultVal modeProperties[] = {
         property("_checkstate", false),
-        property("mode", QStringLiteral("fast")),
+        property("mode", "fast"),
         property(nullptr, 0),
     };
     static const EffectDefaultVal layerProperties[] = {
@@ -77,188 +78,130 @@ const EffectControlItem* oddCatalogue()
 
 QString picture(const char* name)
 {
-    return QDir::tempPath() + QLatin1Char('/') + QString::fromUtf8(name);
+    return QDir::tempPath() + '/' + QString::fromUtf8(name);
+}
+
+QStringList words(const char* text)
+{
+    return QString::fromUtf8(text).split(' ');
 }
 
 const QStringList& mainTypes()
 {
-    static const QStringList types = {QStringLiteral("Watermark"), QStringLiteral("Subtitle"), QStringLiteral("Audio"),
-                                      QStringLiteral("Effect"),    QStringLiteral("Crop"),     QStringLiteral("Color")};
+    static const QStringList types = words("Watermark Subtitle Audio Effect Crop Color");
     return types;
 }
 
 const QStringList& otherTypes()
 {
-    static const QStringList types = {QStringLiteral("Audio_Speed"), QStringLiteral("Audio_Fade_Inout"),
-                                      QStringLiteral("Audio_Echo"),  QStringLiteral("Mode"),
-                                      QStringLiteral("Stack"),       QStringLiteral("Inner"),
-                                      QStringLiteral("Bare"),        QStringLiteral("Group"),
-                                      QStringLiteral("Blur"),        QStringLiteral("Nobody"),
-                                      QStringLiteral("crop"),        QString(),
-                                      QStringLiteral("item"),        QStringLiteral("effect root")};
+    static const QStringList types = QString("Audio_Speed,Audio_Fade_Inout,Audio_Echo,Mode,Stack,Inner,Bare,Group,"
+                                             "Blur,Nobody,crop,,item,effect root")
+                                         .split(',');
     return types;
-}
-
-QStringList words(const char* text)
-{
-    return QString::fromUtf8(text).split(QLatin1Char(' '));
 }
 
 const QStringList& keysOf(const QString& type)
 {
     static const QHash<QString, QStringList> keys = {
-        {QStringLiteral("Watermark"), words("wm_hposition wm_vposition wm_istextwatermark wm_textcontent "
-                                            "wm_imagewidth wm_imageheight _checkstate "
-                                            "wm_imageurl wm_imageformat wm_ingnore wm_fontname wm_fontsize "
-                                            "wm_fontstyle wm_fontcolor "
-                                            "wm_transparency wm_transfactor wm_hposfactor wm_vposfactor "
-                                            "wm_imagekeepratio")},
-        {QStringLiteral("Subtitle"), words("sub_vposition sub_fromfile sub_fontsize trackid _checkstate "
-                                           "sub_fontname sub_fontcolor sub_fontstyle "
-                                           "sub_linemargin sub_transparency sub_vposfactor sub_framecolor "
-                                           "fontstyleusedefault "
-                                           "dvdsubtitleposeditbyuser h")},
-        {QStringLiteral("Audio"), words("audio_isfile trackid _checkstate play_loop _playmeineffect")},
-        {QStringLiteral("Crop"), words("crop_width crop_height crop_left crop_top crop_keepaspectratio "
-                                       "crop_aspectratio "
-                                       "_checkstate player_map_flag")},
-        {QStringLiteral("Effect"), words("_checkstate id crop_rotation_angle crop_rotation_action Effect")},
-        {QStringLiteral("Color"), words("bcs_brightness bcs_contrast bcs_saturation _checkstate")},
-        {QStringLiteral("effect root"), words("w h editbydefault")},
-        {QStringLiteral("Audio_Speed"), words("audio_effect_flag audio_speed_factor _checkstate")},
-        {QStringLiteral("Audio_Fade_Inout"), words("audio_effect_flag audio_fade_in_enable audio_fade_out_enable "
-                                                   "audio_fade_in")},
+        {"Watermark", words("wm_hposition wm_vposition wm_istextwatermark wm_textcontent wm_imagewidth wm_imageheight "
+                            "_checkstate wm_imageurl wm_imageformat wm_ingnore wm_fontname wm_fontsize wm_fontstyle "
+                            "wm_fontcolor wm_transparency wm_transfactor wm_hposfactor wm_vposfactor "
+                            "wm_imagekeepratio")},
+        {"Subtitle", words("sub_vposition sub_fromfile sub_fontsize trackid _checkstate sub_fontname sub_fontcolor "
+                           "sub_fontstyle sub_linemargin sub_transparency sub_vposfactor sub_framecolor "
+                           "fontstyleusedefault dvdsubtitleposeditbyuser h")},
+        {"Audio", words("audio_isfile trackid _checkstate play_loop _playmeineffect")},
+        {"Crop", words("crop_width crop_height crop_left crop_top crop_keepaspectratio crop_aspectratio _checkstate "
+                       "player_map_flag")},
+        {"Effect", words("_checkstate id crop_rotation_angle crop_rotation_action Effect")},
+        {"Color", words("bcs_brightness bcs_contrast bcs_saturation _checkstate")},
+        {"effect root", words("w h editbydefault")},
+        {"Audio_Speed", words("audio_effect_flag audio_speed_factor _checkstate")},
+        {"Audio_Fade_Inout", words("audio_effect_flag audio_fade_in_enable audio_fade_out_enable audio_fade_in")},
     };
     static const QStringList common = words("a _checkstate trackid TrackID audio_effect_flag mode level tint id");
     const auto found = keys.constFind(type);
     return found != keys.cend() ? found.value() : common;
 }
 
-QVariant text(const char* bytes)
+using Values = std::vector<QVariant>;
+
+/// The texts between the bars.
+Values texts(const char* joined)
 {
-    return QString::fromUtf8(bytes);
+    Values values;
+    for (const QString& part : QString::fromUtf8(joined).split('/'))
+        values.push_back(part);
+    return values;
+}
+
+Values concat(std::initializer_list<Values> lists)
+{
+    Values all;
+    for (const Values& list : lists)
+        all.insert(all.end(), list.begin(), list.end());
+    return all;
+}
+
+const Values& summaries()
+{
+    static const Values values =
+        texts("Blur|true|Sharpen|false|Mirror|true|Sepia|false/Sepia|true|Mirror|true|Blur|false|Sharpen|true/"
+              "Sepia|true|Nobody|true|Blur|false|Sharpen|true/Blur|true|Blur");
+    return values;
 }
 
 /// Values of all types, with pairs of different type that count as equal, and some that nearly do.
-const std::vector<QVariant>& allValues()
+const Values& allValues()
 {
-    static const std::vector<QVariant> values = {0,
-                                                 1,
-                                                 2,
-                                                 5,
-                                                 -1,
-                                                 3,
-                                                 22,
-                                                 100,
-                                                 -7,
-                                                 true,
-                                                 false,
-                                                 0.0,
-                                                 1.0,
-                                                 2.0,
-                                                 5.0,
-                                                 0.3,
-                                                 0.1 + 0.2,
-                                                 0.30001,
-                                                 0.5,
-                                                 -1.5,
-                                                 2.55,
-                                                 12.7,
-                                                 -0.5,
-                                                 1e-13,
-                                                 text("5"),
-                                                 text(""),
-                                                 text("0"),
-                                                 text("1"),
-                                                 text("true"),
-                                                 text("false"),
-                                                 text("0.3"),
-                                                 text("5.0"),
-                                                 text("abc"),
-                                                 text("2"),
-                                                 text("white"),
-                                                 text("#ffffff"),
-                                                 text("#ff0000"),
-                                                 text("Tahoma"),
-                                                 text("Original Ratio"),
-                                                 QColor(Qt::white),
-                                                 QColor(Qt::red),
-                                                 QColor(1, 2, 3, 4),
-                                                 QFont(QStringLiteral("Tahoma"), -1, -1, false),
-                                                 QFont(QStringLiteral("DejaVu Sans"), 9),
-                                                 QVariantMap{{QStringLiteral("a"), 5}},
-                                                 QVariantMap{{QStringLiteral("a"), text("5")}},
-                                                 QVariantMap(),
-                                                 QVariant(),
-                                                 text("Blur|true|Sharpen|false|Mirror|true|Sepia|false"),
-                                                 text("Sepia|true|Mirror|true|Blur|false|Sharpen|true"),
-                                                 text("Sepia|true|Nobody|true|Blur|false|Sharpen|true"),
-                                                 text("Blur|true|Blur")};
+    static const Values values =
+        concat({{0, 1, 2, 5, -1, 3, 22, 100, -7, true, false},
+                {0.0, 1.0, 2.0, 5.0, 0.3, 0.1 + 0.2, 0.30001, 0.5, -1.5, 2.55, 12.7, -0.5, 1e-13},
+                texts("5//0/1/true/false/0.3/5.0/abc/2/white/#ffffff/#ff0000/Tahoma/Original Ratio"),
+                {QColor(Qt::white), QColor(Qt::red), QColor(1, 2, 3, 4), QFont("Tahoma", -1, -1, false),
+                 QFont("DejaVu Sans", 9), QVariantMap{{"a", 5}}, QVariantMap{{"a", "5"}}, QVariantMap(), QVariant()},
+                summaries()});
     return values;
 }
 
 /// The values that make sense under a key.
-const std::vector<QVariant>& valuesOf(const QString& key)
+const Values& valuesOf(const QString& key)
 {
-    static const std::vector<QVariant> truths = {true, false, 1, 0, text("true"), text("")};
-    static const std::vector<QVariant> places = {0,   49,  30,  10, 60,  12, 100,        150,
-                                                 200, -20, 290, 40, -60, 31, text("45"), 17.5};
-    static const std::vector<QVariant> sizes = {0, 20, 50, 0, 100, 10, 320, 160, 240, -5, text("40"), 33.3};
-    static const std::vector<QVariant> frames = {160, 120, 320, 90, 240, 64, 0, -40, 200, text("100"), 70000};
-    static const std::vector<QVariant> counts = {1, 2, 3, QVariant(), 0, 5, 10, text("2"), -1, 100};
-    static const std::vector<QVariant> factors = {0.5, 0.1, 0.25, 0.8, 0.3, 1, 0, text("0.5"), text("none"), 0.9};
-    static const std::vector<QVariant> contents = {text("Hi"), text("A longer line"), text(""), text("two\nlines"), 7};
-    static const std::vector<QVariant> styles = {text("Regular"),     text("Bold"),    text("Italic"),
-                                                 text("Bold Italic"), text("regular"), text("bold")};
-    static const std::vector<QVariant> fonts = {QFont(QStringLiteral("Tahoma"), -1, -1, false),
-                                                QFont(QStringLiteral("DejaVu Sans"), 9),
-                                                text("Tahoma"),
-                                                text("DejaVu Sans"),
-                                                5,
-                                                QVariant()};
-    static const std::vector<QVariant> colors = {QColor(Qt::white), QColor(Qt::red), text("white"), text("#ffffff"), 5,
-                                                 QVariant()};
-    static const std::vector<QVariant> fontSizes = {22, 49, 8, 12, 20, 0, -3, text("9")};
-    static const std::vector<QVariant> ratios = {text("Original Ratio"), text("Original"), text("16:9")};
-    static const std::vector<QVariant> shades = {0, 5, -7, text("5"), 0.3, text("")};
-    static const std::vector<QVariant> paths = {picture("small.png"), picture("missing.png"), picture("corrupt.bmp"),
-                                                picture("wide.bmp"), text("")};
-    static const std::vector<QVariant> formats = {text(""), text("BMP"), text("none"), text("bmp")};
-    static const std::vector<QVariant> summaries(allValues().end() - 4, allValues().end());
-
-    static const QHash<QString, const std::vector<QVariant>*> values = [] {
-        QHash<QString, const std::vector<QVariant>*> table;
-        const auto enter = [&table](const char* keys, const std::vector<QVariant>& list) {
-            const QStringList entries = words(keys);
-            for (const QString& entry : entries)
-                table.insert(entry, &list);
-        };
-        enter("_checkstate wm_istextwatermark wm_ingnore sub_fromfile audio_isfile "
-              "play_loop _playmeineffect "
-              "fontstyleusedefault dvdsubtitleposeditbyuser crop_keepaspectratio "
-              "player_map_flag crop_rotation_angle "
-              "crop_rotation_action audio_effect_flag audio_fade_in_enable "
-              "audio_fade_out_enable wm_imagekeepratio "
-              "editbydefault",
-              truths);
-        enter("wm_hposition wm_vposition sub_vposition crop_left crop_top", places);
-        enter("wm_imagewidth wm_imageheight crop_width crop_height", sizes);
-        enter("w h", frames);
-        enter("trackid id audio_speed_factor audio_fade_in sub_linemargin "
-              "wm_transparency sub_transparency",
-              counts);
-        enter("wm_hposfactor wm_vposfactor sub_vposfactor wm_transfactor", factors);
-        enter("wm_textcontent", contents);
-        enter("wm_fontstyle sub_fontstyle", styles);
-        enter("wm_fontname sub_fontname", fonts);
-        enter("wm_fontcolor sub_fontcolor sub_framecolor tint", colors);
-        enter("wm_fontsize sub_fontsize", fontSizes);
-        enter("crop_aspectratio", ratios);
-        enter("bcs_brightness bcs_contrast bcs_saturation", shades);
-        enter("wm_imageurl", paths);
-        enter("wm_imageformat", formats);
-        enter("Effect", summaries);
-        return table;
+    static const std::vector<std::pair<const char*, Values>> table = {
+        {"_checkstate wm_istextwatermark wm_ingnore sub_fromfile audio_isfile play_loop _playmeineffect "
+         "fontstyleusedefault dvdsubtitleposeditbyuser crop_keepaspectratio player_map_flag crop_rotation_angle "
+         "crop_rotation_action audio_effect_flag audio_fade_in_enable audio_fade_out_enable wm_imagekeepratio "
+         "editbydefault",
+         {true, false, 1, 0, "true", ""}},
+        {"wm_hposition wm_vposition sub_vposition crop_left crop_top",
+         {0, 49, 30, 10, 60, 12, 100, 150, 200, -20, 290, 40, -60, 31, "45", 17.5}},
+        {"wm_imagewidth wm_imageheight crop_width crop_height", {0, 20, 50, 0, 100, 10, 320, 160, 240, -5, "40", 33.3}},
+        {"w h", {160, 120, 320, 90, 240, 64, 0, -40, 200, "100", 70000}},
+        {"trackid id audio_speed_factor audio_fade_in sub_linemargin wm_transparency sub_transparency",
+         {1, 2, 3, QVariant(), 0, 5, 10, "2", -1, 100}},
+        {"wm_hposfactor wm_vposfactor sub_vposfactor wm_transfactor",
+         {0.5, 0.1, 0.25, 0.8, 0.3, 1, 0, "0.5", "none", 0.9}},
+        {"wm_textcontent", {"Hi", "A longer line", "", "two\nlines", 7}},
+        {"wm_fontstyle sub_fontstyle", {"Regular", "Bold", "Italic", "Bold Italic", "regular", "bold"}},
+        {"wm_fontname sub_fontname",
+         {QFont("Tahoma", -1, -1, false), QFont("DejaVu Sans", 9), "Tahoma", "DejaVu Sans", 5, QVariant()}},
+        {"wm_fontcolor sub_fontcolor sub_framecolor tint",
+         {QColor(Qt::white), QColor(Qt::red), "white", "#ffffff", 5, QVariant()}},
+        {"wm_fontsize sub_fontsize", {22, 49, 8, 12, 20, 0, -3, "9"}},
+        {"crop_aspectratio", {"Original Ratio", "Original", "16:9"}},
+        {"bcs_brightness bcs_contrast bcs_saturation", {0, 5, -7, "5", 0.3, ""}},
+        {"wm_imageurl",
+         {picture("small.png"), picture("missing.png"), picture("corrupt.bmp"), picture("wide.bmp"), ""}},
+        {"wm_imageformat", {"", "BMP", "none", "bmp"}},
+        {"Effect", summaries()},
+    };
+    static const QHash<QString, const Values*> values = [] {
+        QHash<QString, const Values*> found;
+        for (const auto& [keys, list] : table) {
+            for (const QString& entry : words(keys))
+                found.insert(entry, &list);
+        }
+        return found;
     }();
     const auto found = values.constFind(key);
     return found != values.cend() ? *found.value() : allValues();
@@ -267,81 +210,56 @@ const std::vector<QVariant>& valuesOf(const QString& key)
 /// A font under these keys would be read as text, and fonts tell themselves differently on the two Qts.
 bool readAsText(const QString& key)
 {
-    return key == QStringLiteral("wm_textcontent") || key == QStringLiteral("wm_imageurl")
-           || key == QStringLiteral("wm_imageformat");
+    return key == "wm_textcontent" || key == "wm_imageurl" || key == "wm_imageformat";
 }
 
 /// Keeps all seven signals of a model.
 void listen(const ZoEffectModel& model, std::vector<reference::Signal>& heard)
 {
-    const auto keep = [&heard](int index, const QString& text) -> reference::Signal& {
-        reference::Signal signal;
-        signal.index = index;
-        signal.text = text;
-        heard.push_back(signal);
-        return heard.back();
-    };
     using Model = ZoEffectModel;
-    QObject::connect(&model,
-                     QOverload<const QString&, const QString&, const QVariant&, int>::of(&Model::effectDataChanged),
-                     &model, [keep](const QString& type, const QString& key, const QVariant& val, int pos) {
-                         reference::Signal& signal = keep(0, type);
-                         signal.text2 = key;
-                         signal.value = val;
-                         signal.number = pos;
-                     });
-    QObject::connect(&model, &Model::currentItemChanged, &model, [keep](const QString& type) { keep(1, type); });
-    QObject::connect(&model, &Model::currentSubItemChanged, &model,
-                     [keep](const QString& type, int index) { keep(2, type).number = index; });
-    QObject::connect(&model, &Model::applyItemDataTo, &model,
-                     [keep](ZoEffectItemData* item, const QString& type, int pos, int applyto) {
-                         reference::Signal& signal = keep(3, type);
-                         signal.node = item;
-                         signal.number = pos;
-                         signal.number2 = applyto;
-                     });
-    QObject::connect(&model, &Model::applyItemDataSomePropertyTo, &model,
-                     [keep](const Properties& props, const QString& type, int pos, int appto) {
-                         reference::Signal& signal = keep(4, type);
-                         signal.value = props;
-                         signal.number = pos;
-                         signal.number2 = appto;
-                     });
-    QObject::connect(&model, &Model::effectDataAboutChange, &model, [keep](const QString& type) { keep(5, type); });
-    QObject::connect(&model, QOverload<const QString&>::of(&Model::effectDataChanged), &model,
-                     [keep](const QString& type) { keep(6, type); });
+    using Text = const QString&;
+    const auto on = [&model](auto sent, auto keep) { QObject::connect(&model, sent, &model, keep); };
+    const auto keep = [&heard](const reference::Signal& signal) { heard.push_back(signal); };
+    on(QOverload<Text, Text, const QVariant&, int>::of(&Model::effectDataChanged),
+       [keep](Text type, Text key, const QVariant& val, int pos) {
+           keep({0, type, key, val, pos});
+       });
+    on(&Model::currentItemChanged, [keep](Text type) { keep({1, type}); });
+    on(&Model::currentSubItemChanged, [keep](Text type, int index) { keep({2, type, {}, {}, index}); });
+    on(&Model::applyItemDataTo, [keep](const ZoEffectItemData* item, Text type, int pos, int applyto) {
+        keep({3, type, {}, {}, pos, applyto, item});
+    });
+    on(&Model::applyItemDataSomePropertyTo, [keep](const Properties& props, Text type, int pos, int appto) {
+        keep({4, type, {}, props, pos, appto});
+    });
+    on(&Model::effectDataAboutChange, [keep](Text type) { keep({5, type}); });
+    on(QOverload<Text>::of(&Model::effectDataChanged), [keep](Text type) { keep({6, type}); });
 }
 
 QString told(const std::vector<reference::Signal>& signals_)
 {
     QStringList texts;
     for (const reference::Signal& signal : signals_)
-        texts << QStringLiteral("signal %1 (\"%2\", \"%3\", %4, %5, %6)")
+        texts << QString("signal %1 (\"%2\", \"%3\", %4, %5, %6)")
                      .arg(signal.index)
                      .arg(signal.text, signal.text2, Stage::shown(signal.value))
                      .arg(signal.number)
                      .arg(signal.number2);
-    return texts.isEmpty() ? QStringLiteral("none") : texts.join(QStringLiteral("; "));
+    return texts.isEmpty() ? "none" : texts.join("; ");
 }
 
 void collect(Node* node, std::vector<Node*>& nodes)
 {
     nodes.push_back(node);
-    for (const NodePtr& child : node->children) {
-        if (child)
-            collect(child.get(), nodes);
-    }
+    for (Node* child : node->items())
+        collect(child, nodes);
 }
 
 bool holds(const Node* tree, const Node* node)
 {
-    if (tree == node)
-        return true;
-    for (const NodePtr& child : tree->children) {
-        if (child && holds(child.get(), node))
-            return true;
-    }
-    return false;
+    const std::vector<Node*> items = tree->items();
+    return tree == node
+           || std::any_of(items.cbegin(), items.cend(), [node](const Node* child) { return holds(child, node); });
 }
 
 /// "root/Watermark[1]", the way to a node.
@@ -351,7 +269,7 @@ QString wayTo(const Node* tree, const Node* node, const QString& way)
         return way;
     for (int row = 0; row < tree->count(); ++row) {
         const Node* child = tree->child(row);
-        QString found = child ? wayTo(child, node, way + QStringLiteral("->child(%1)").arg(row)) : QString();
+        QString found = child ? wayTo(child, node, way + QString("->child(%1)").arg(row)) : QString();
         if (!found.isEmpty())
             return found;
     }
@@ -363,7 +281,7 @@ QString numbers(const std::vector<int>& list)
     QStringList texts;
     for (int number : list)
         texts << QString::number(number);
-    return QLatin1Char('{') + texts.join(QStringLiteral(", ")) + QLatin1Char('}');
+    return '{' + texts.join(", ") + '}';
 }
 
 } // namespace
@@ -396,7 +314,7 @@ Stage::Stage(bool describing) : m_describing(describing)
     registerTable(cleanTable);
     ZoEffectItemDefaultValMgr::getInstance();
     if (describing)
-        m_calls << QStringLiteral("m0 = ZoEffectModel({%1})").arg(mainTypes().join(QStringLiteral(", ")));
+        m_calls << QString("m0 = ZoEffectModel({%1})").arg(mainTypes().join(", "));
     adopt(std::make_unique<ZoEffectModel>(mainTypes()), std::make_unique<reference::Model>(m_world, mainTypes()),
           nullptr);
 }
@@ -429,8 +347,7 @@ void Stage::compareAll()
 
 void Stage::describe(const QString& receiver, const char* function, const QStringList& arguments)
 {
-    m_calls << receiver + QStringLiteral(".") + QString::fromUtf8(function) + QLatin1Char('(')
-                   + arguments.join(QStringLiteral(", ")) + QLatin1Char(')');
+    m_calls << receiver + "." + QString::fromUtf8(function) + '(' + arguments.join(", ") + ')';
     static const bool trace = qEnvironmentVariableIsSet("ZOEFFECT_SESSION_TRACE");
     if (trace)
         std::cerr << m_calls.constLast().toStdString() << std::endl;
@@ -470,7 +387,7 @@ QString Stage::type(const ModelPair& pair)
     case 15: {
         const Node* present =
             pair.told->root->count() > 0 ? pair.told->root->child(which % pair.told->root->count()) : nullptr;
-        return present ? present->name : QStringLiteral("effect root");
+        return present ? present->name : "effect root";
     }
     default: { // The types with lists, most of all.
         static const int common[] = {0, 0, 0, 1, 1, 2, 3, 4, 5};
@@ -516,23 +433,16 @@ Properties Stage::props(const QString& type)
     Properties props;
     // What makes lists worth having: text and image watermarks, tracks from files and embedded ones.
     const int kind = below(4);
-    if (type == QStringLiteral("Watermark") && (kind == 1 || kind == 3)) {
-        props.insert(QStringLiteral("wm_istextwatermark"), true);
-        props.insert(QStringLiteral("wm_ingnore"), kind == 3);
-        props.insert(QStringLiteral("wm_textcontent"), QStringLiteral("Hi"));
-    } else if (type == QStringLiteral("Watermark") && kind == 2) {
-        props.insert(QStringLiteral("wm_imageurl"), picture("small.png"));
-        props.insert(QStringLiteral("wm_imagewidth"), 60);
-        props.insert(QStringLiteral("wm_imageheight"), 40);
-    } else if (type == QStringLiteral("Subtitle") && kind != 0) {
-        props.insert(QStringLiteral("sub_fromfile"), kind == 1);
-    } else if (type == QStringLiteral("Audio_Speed") && kind != 0) {
-        props.insert(QStringLiteral("audio_effect_flag"), true);
-        props.insert(QStringLiteral("audio_speed_factor"), kind == 1 ? 10 : 100);
-    } else if (type == QStringLiteral("Audio") && kind != 0) {
-        props.insert(QStringLiteral("audio_isfile"), kind == 1);
-        props.insert(QStringLiteral("trackid"), kind);
-    }
+    if (type == "Watermark" && (kind == 1 || kind == 3))
+        props = {{"wm_istextwatermark", true}, {"wm_ingnore", kind == 3}, {"wm_textcontent", "Hi"}};
+    else if (type == "Watermark" && kind == 2)
+        props = {{"wm_imageurl", picture("small.png")}, {"wm_imagewidth", 60}, {"wm_imageheight", 40}};
+    else if (type == "Subtitle" && kind != 0)
+        props = {{"sub_fromfile", kind == 1}};
+    else if (type == "Audio_Speed" && kind != 0)
+        props = {{"audio_effect_flag", true}, {"audio_speed_factor", kind == 1 ? 10 : 100}};
+    else if (type == "Audio" && kind != 0)
+        props = {{"audio_isfile", kind == 1}, {"trackid", kind}};
     for (int more = below(4); more > 0; --more) {
         const QString name = key(type);
         props.insert(name, value(name));
@@ -585,19 +495,18 @@ int Stage::length()
 
 QString Stage::nodeName()
 {
-    static const QStringList names = {QStringLiteral("item"), QStringLiteral("Watermark"), QString(),
-                                      QStringLiteral("Blur"), QStringLiteral("Audio"),     QStringLiteral("Bare")};
-    return names.at(below(static_cast<int>(names.size())));
+    static const char* const names[] = {"item", "Watermark", "", "Blur", "Audio", "Bare"};
+    return names[below(6)];
 }
 
 QString Stage::imagePath()
 {
-    return valuesOf(QStringLiteral("wm_imageurl"))[static_cast<size_t>(below(5))].toString();
+    return valuesOf("wm_imageurl")[static_cast<size_t>(below(5))].toString();
 }
 
 QString Stage::imageFormat()
 {
-    return valuesOf(QStringLiteral("wm_imageformat"))[static_cast<size_t>(below(4))].toString();
+    return valuesOf("wm_imageformat")[static_cast<size_t>(below(4))].toString();
 }
 
 Node* Stage::node()
@@ -683,7 +592,7 @@ void Stage::adopt(std::unique_ptr<ZoEffectModel> real, std::unique_ptr<reference
     if (m_models.size() >= mostModels)
         m_models.erase(m_models.begin());
     auto pair = std::make_unique<ModelPair>();
-    pair->name = QStringLiteral("m%1").arg(m_names++);
+    pair->name = QString("m%1").arg(m_names++);
     pair->real = std::move(real);
     pair->told = std::move(told);
     pair->parent = parent;
@@ -705,7 +614,7 @@ void Stage::adopt(ZoEffectItemData* real, const NodePtr& told)
         delete m_freeNodes.front().real;
         m_freeNodes.erase(m_freeNodes.begin());
     }
-    m_freeNodes.push_back({QStringLiteral("n%1").arg(m_names++), real, told, true});
+    m_freeNodes.push_back({QString("n%1").arg(m_names++), real, told, true});
 }
 
 FreeNode Stage::release(const FreeNode* node)
@@ -727,20 +636,20 @@ void Stage::touchAll()
 
 void Stage::differ(const QString& what, const QString& library, const QString& told)
 {
-    throw Difference{QStringLiteral("%1\n      library:   %2\n      reference: %3").arg(what, library, told)};
+    throw Difference{QString("%1\n      library:   %2\n      reference: %3").arg(what, library, told)};
 }
 
 void Stage::same(const QVariant& library, const QVariant& told)
 {
     if (!reference::identical(library, told))
-        differ(QStringLiteral("result"), shown(library), shown(told));
+        differ("result", shown(library), shown(told));
     m_tookEffect = m_tookEffect || told.isValid();
 }
 
-void Stage::sameNode(const ZoEffectItemData* library, const Node* told)
+void Stage::same(const ZoEffectItemData* library, const Node* told)
 {
     if (library != (told ? told->twin : nullptr))
-        differ(QStringLiteral("node"), library ? shown(library->name()) : QStringLiteral("nullptr"), shown(told));
+        differ("node", library ? shown(library->name()) : "nullptr", shown(told));
     m_tookEffect = m_tookEffect || told;
 }
 
@@ -769,41 +678,40 @@ void Stage::compareModel(ModelPair& pair) const
     if (!root)
         root = real.findDataItem(pair.told->root->name, -1);
     if (!root)
-        differ(pair.name + QStringLiteral(".root"), QStringLiteral("nullptr"), QStringLiteral("a node"));
+        differ(pair.name + ".root", "nullptr", "a node");
     compareTree(root, pair.told->root.get());
     if (real.baseSize() != pair.told->baseSize())
-        differ(pair.name + QStringLiteral(".baseSize()"), shown(real.baseSize()), shown(pair.told->baseSize()));
+        differ(pair.name + ".baseSize()", shown(real.baseSize()), shown(pair.told->baseSize()));
     if (real.editByUser() != pair.told->editedByUser)
-        differ(pair.name + QStringLiteral(".editByUser()"), shown(real.editByUser()), shown(pair.told->editedByUser));
+        differ(pair.name + ".editByUser()", shown(real.editByUser()), shown(pair.told->editedByUser));
     if (static_cast<const QObject&>(real).parent() != pair.parent)
-        differ(pair.name + QStringLiteral(".parent()"), QStringLiteral("another"), QStringLiteral("the given one"));
+        differ(pair.name + ".parent()", "another", "the given one");
 }
 
 void Stage::compareTree(const ZoEffectItemData* real, Node* told) const
 {
-    const auto at = [this, told](const char* what) { return shown(told) + QLatin1Char(' ') + QString::fromUtf8(what); };
+    const auto at = [this, told](const char* what) { return shown(told) + ' ' + QString::fromUtf8(what); };
     if (!told->twin)
         told->twin = const_cast<ZoEffectItemData*>(real);
     if (told->twin != real)
-        differ(at("node"), QStringLiteral("another node"), QStringLiteral("the same node as before"));
-    if (real->name() != told->name)
-        differ(at("name"), shown(real->name()), shown(told->name));
-    if (real->objectName() != told->objectName)
-        differ(at("objectName"), shown(real->objectName()), shown(told->objectName));
-    if (real->checkState() != told->checkState)
-        differ(at("checkState"), shown(real->checkState()), shown(told->checkState));
-    if (real->internalData() != told->internalData)
-        differ(at("internalData"), shown(real->internalData()), shown(told->internalData));
+        differ(at("node"), "another node", "the same node as before");
+    const auto agree = [&at](const char* what, const auto& library, const auto& expected) {
+        if (library != expected)
+            differ(at(what), shown(library), shown(expected));
+    };
+    agree("name", real->name(), told->name);
+    agree("objectName", real->objectName(), told->objectName);
+    agree("checkState", real->checkState(), told->checkState);
+    agree("internalData", static_cast<const void*>(real->internalData()), static_cast<const void*>(told->internalData));
+    agree("childCount", real->childCount(), told->count());
     if (!told->parentGone()) {
         const NodePtr parent = told->parent.lock();
         if (real->parent() != (parent ? parent->twin : nullptr))
-            differ(at("parent"), QStringLiteral("another"), parent ? shown(parent.get()) : QStringLiteral("nullptr"));
+            differ(at("parent"), "another", parent ? shown(parent.get()) : "nullptr");
     }
 
     compareProperties(real, told);
 
-    if (real->childCount() != told->count())
-        differ(at("childCount"), shown(real->childCount()), shown(told->count()));
     for (int row = 0; row < told->count(); ++row) {
         const ZoEffectItemData* child = real->child(row);
         Node* toldChild = told->child(row);
@@ -824,11 +732,10 @@ void Stage::compareProperties(const ZoEffectItemData* real, const Node* told) co
             break;
     }
     const auto entry = [](const auto& it, const auto& end) {
-        return it != end ? it.key() + QStringLiteral(" = ") + shown(it.value()) : QStringLiteral("end");
+        return it != end ? it.key() + " = " + shown(it.value()) : "end";
     };
     if (left != properties.cend() || right != told->properties.cend())
-        differ(shown(told) + QStringLiteral(" properties"), entry(left, properties.cend()),
-               entry(right, told->properties.cend()));
+        differ(shown(told) + " properties", entry(left, properties.cend()), entry(right, told->properties.cend()));
 }
 
 void Stage::compareSignals(ModelPair& pair) const
@@ -843,7 +750,7 @@ void Stage::compareSignals(ModelPair& pair) const
                 && reference::identical(left.value, right.value);
     }
     if (!agree)
-        differ(QStringLiteral("signals of ") + pair.name, ::told(pair.heard), ::told(sent));
+        differ("signals of " + pair.name, ::told(pair.heard), ::told(sent));
     if (!sent.empty())
         reference::writes++; // It took effect.
     pair.heard.clear();
@@ -860,7 +767,7 @@ void Stage::compareLog()
             logged.push_back(line);
     }
     if (logged != m_world.log)
-        differ(QStringLiteral("log"), numbers(logged), numbers(m_world.log));
+        differ("log", numbers(logged), numbers(m_world.log));
     m_tookEffect = m_tookEffect || !logged.empty();
     m_world.log.clear();
 }
@@ -868,19 +775,18 @@ void Stage::compareLog()
 void Stage::compareStore()
 {
     if (ZoEffectItemDefaultValMgr::s_supportTypes != m_world.supportTypes)
-        differ(QStringLiteral("supportTypes"), shown(ZoEffectItemDefaultValMgr::s_supportTypes),
-               shown(m_world.supportTypes));
+        differ("supportTypes", shown(ZoEffectItemDefaultValMgr::s_supportTypes), shown(m_world.supportTypes));
     MemoryPref& store = TestApplication::instance()->pref;
     const QStringList written = store.takeWrites();
     if (written.isEmpty() && m_world.preferenceWrites.isEmpty())
         return;
     QStringList expected;
     for (const QString& key : std::as_const(m_world.preferenceWrites))
-        expected << QStringLiteral("%1 = %2, notify false").arg(key, described(m_world.preferences.value(key)));
+        expected << QString("%1 = %2, notify false").arg(key, described(m_world.preferences.value(key)));
     if (written != expected)
-        differ(QStringLiteral("writes to the preference store"), shown(written), shown(expected));
+        differ("writes to the preference store", shown(written), shown(expected));
     if (!reference::identical(QVariant(store.entries), QVariant(m_world.preferences)))
-        differ(QStringLiteral("preference store"), shown(store.entries), shown(m_world.preferences));
+        differ("preference store", shown(store.entries), shown(m_world.preferences));
     m_world.preferenceWrites.clear();
     m_tookEffect = true;
 }
@@ -890,18 +796,18 @@ void Stage::compareStore()
 QString Stage::shown(const Node* node) const
 {
     if (!node)
-        return QStringLiteral("nullptr");
+        return "nullptr";
     for (const auto& pair : m_models) {
-        const QString way = wayTo(pair->told->root.get(), node, pair->name + QStringLiteral(".root"));
+        const QString way = wayTo(pair->told->root.get(), node, pair->name + ".root");
         if (!way.isEmpty())
-            return way + QStringLiteral("[%1]").arg(node->name);
+            return way + QString("[%1]").arg(node->name);
     }
     for (const FreeNode& free : m_freeNodes) {
         const QString way = wayTo(free.told.get(), node, free.name);
         if (!way.isEmpty())
-            return way + QStringLiteral("[%1]").arg(node->name);
+            return way + QString("[%1]").arg(node->name);
     }
-    return QStringLiteral("a node [%1]").arg(node->name);
+    return QString("a node [%1]").arg(node->name);
 }
 
 QString Stage::shown(const QStringList& texts)
@@ -909,30 +815,28 @@ QString Stage::shown(const QStringList& texts)
     QStringList quoted;
     for (const QString& entry : texts)
         quoted << shown(entry);
-    return QLatin1Char('{') + quoted.join(QStringLiteral(", ")) + QLatin1Char('}');
+    return '{' + quoted.join(", ") + '}';
 }
 
 QString Stage::shown(const QVariant& value)
 {
     switch (value.userType()) {
     case QMetaType::UnknownType:
-        return QStringLiteral("QVariant()");
+        return "QVariant()";
     case QMetaType::Bool:
         return shown(value.toBool());
     case QMetaType::Int:
         return QString::number(value.toInt());
     case QMetaType::Double: {
         const QString digits = QString::number(value.toDouble(), 'g', 17);
-        return digits.contains(QLatin1Char('.')) ? digits : digits + QStringLiteral(".0");
+        return digits.contains('.') ? digits : digits + ".0";
     }
     case QMetaType::QString:
         return shown(value.toString());
     case QMetaType::QColor:
-        return QStringLiteral("QColor(\"%1\")").arg(value.value<QColor>().name(QColor::HexArgb));
+        return QString("QColor(\"%1\")").arg(value.value<QColor>().name(QColor::HexArgb));
     case QMetaType::QFont:
-        return QStringLiteral("QFont(\"%1\", %2)")
-            .arg(value.value<QFont>().family())
-            .arg(value.value<QFont>().pointSize());
+        return QString("QFont(\"%1\", %2)").arg(value.value<QFont>().family()).arg(value.value<QFont>().pointSize());
     case QMetaType::QVariantMap:
         return shown(Properties(value.toMap()));
     default:
@@ -944,6 +848,6 @@ QString Stage::shown(const Properties& props)
 {
     QStringList entries;
     for (auto it = props.cbegin(); it != props.cend(); ++it)
-        entries << QStringLiteral("{\"%1\", %2}").arg(it.key(), shown(it.value()));
-    return QLatin1Char('{') + entries.join(QStringLiteral(", ")) + QLatin1Char('}');
+        entries << QString("{\"%1\", %2}").arg(it.key(), shown(it.value()));
+    return '{' + entries.join(", ") + '}';
 }

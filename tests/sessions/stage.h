@@ -8,6 +8,7 @@
 /// call on both; after it the result, the trees, the signals, the log and the preference store are compared.
 
 #include <array>
+#include <functional>
 #include <map>
 #include <memory>
 #include <vector>
@@ -138,11 +139,11 @@ public:
     void same(const Value& library, const Value& told)
     {
         if (!(library == told))
-            differ(QStringLiteral("result"), shown(library), shown(told));
+            differ("result", shown(library), shown(told));
         m_tookEffect = m_tookEffect || !(told == Value());
     }
     void same(const QVariant& library, const QVariant& told);
-    void sameNode(const ZoEffectItemData* library, const reference::Node* told);
+    void same(const ZoEffectItemData* library, const reference::Node* told);
     void matters() { m_tookEffect = true; }
 
     [[noreturn]] static void differ(const QString& what, const QString& library, const QString& told);
@@ -151,14 +152,11 @@ public:
     QString shown(const reference::Node* node) const;
     QString shown(const FreeNode* node) const { return shown(node->told.get()); }
     static QString shown(const char* text) { return QString::fromUtf8(text); }
-    static QString shown(const QString& text) { return QLatin1Char('"') + text + QLatin1Char('"'); }
+    static QString shown(const QString& text) { return '"' + text + '"'; }
     static QString shown(int number) { return QString::number(number); }
-    static QString shown(bool truth) { return truth ? QStringLiteral("true") : QStringLiteral("false"); }
-    static QString shown(const void* pointer)
-    {
-        return pointer ? QStringLiteral("a pointer") : QStringLiteral("nullptr");
-    }
-    static QString shown(QSize size) { return QStringLiteral("QSize(%1, %2)").arg(size.width()).arg(size.height()); }
+    static QString shown(bool truth) { return truth ? "true" : "false"; }
+    static QString shown(const void* pointer) { return pointer ? "a pointer" : "nullptr"; }
+    static QString shown(QSize size) { return QString("QSize(%1, %2)").arg(size.width()).arg(size.height()); }
     static QString shown(const QStringList& texts);
     static QString shown(const QVariant& value);
     static QString shown(const reference::Properties& props);
@@ -188,9 +186,9 @@ private:
 
 /// One public operation of the library.
 struct Operation {
-    const char* name;
+    QByteArray name;
     int weight; ///< How often it is chosen, against the others.
-    void (*run)(Stage& stage);
+    std::function<void(Stage&)> run;
 };
 
 const std::vector<Operation>& operations();

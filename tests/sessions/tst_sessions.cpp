@@ -118,11 +118,11 @@ Verdict play(const Session& session, bool describing, std::vector<Tally>* counts
 std::string report(const Session& session)
 {
     const Verdict verdict = play(session, true, nullptr);
-    QStringList lines = {QStringLiteral("the session:")};
+    QStringList lines = {"the session:"};
     for (const QString& call : verdict.calls)
-        lines << QStringLiteral("    ") + call + QLatin1Char(';');
-    lines << (verdict.difference.isEmpty() ? QStringLiteral("does not fail again") : verdict.difference);
-    return lines.join(QLatin1Char('\n')).toStdString();
+        lines << "    " + call + ';';
+    lines << (verdict.difference.isEmpty() ? "does not fail again" : verdict.difference);
+    return lines.join('\n').toStdString();
 }
 
 /// Qt complains about fonts, colours and pictures that are none; the sessions give it many.
@@ -171,7 +171,7 @@ bool played()
 // RapidCheck shows the session that failed through this; the calls themselves stand in the failure's text.
 static void showValue(const Command& command, std::ostream& stream)
 {
-    stream << operations()[static_cast<size_t>(command.operation)].name;
+    stream << operations()[static_cast<size_t>(command.operation)].name.constData();
 }
 
 class TestSessions : public QObject {
@@ -194,7 +194,7 @@ void TestSessions::everyOperationTookPart_data()
 {
     QTest::addColumn<int>("operation");
     for (size_t i = 0; i < operations().size(); ++i)
-        QTest::newRow(operations()[i].name) << static_cast<int>(i);
+        QTest::newRow(operations()[i].name.constData()) << static_cast<int>(i);
 }
 
 void TestSessions::everyOperationTookPart()
