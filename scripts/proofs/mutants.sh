@@ -8,7 +8,7 @@ cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/../.."
 
 usage() {
     cat <<'TEXT'
-usage: scripts/proofs/mutants.sh [--new] [N [FILE...]]
+usage: scripts/proofs/mutants.sh [--new] [--resume] [--update] [--minutes M] [N [FILE...]]
 
 Makes N mutants of the library (800 by default) and runs the fast tests on each, until one fails. A mutant
 is the library with one small change: a condition turned, a constant changed, a call or a signal left out, two
@@ -16,12 +16,15 @@ arguments swapped, a result one too large. One that no test finds must be explai
 tests/mutants/survivors.txt, and at least 97 % must be found; those explained as equivalent, since they do
 what the library does, do not count for that.
 
-  --new  leave out the mutants that are listed as survivors
-  FILE   try only the mutants of this source, as in model/scaling_p.cpp
+  --new        leave out the mutants that are listed as survivors
+  --resume     go on with the last run, which was stopped; of the same tree only
+  --minutes M  start no mutant after so many minutes
+  --update     take out of survivors.txt what is found or gone, and put in what survived, for the reasons to be written
+  FILE         try only the mutants of this source, as in model/scaling_p.cpp
 
 The mutants are chosen by a fixed rule, so that they are the same every time. All of them are compiled into one
-build, in build/mutants, and each process picks one. build/mutants/results.txt tells of each which test
-program found it. The last line counts those that were found or are explained, and those that are neither.
+build, in build/mutants, and each process picks one. build/mutants/results.txt, with date and commit, tells of
+each which test program found it. The last line counts those that were found or are explained, and those that are neither.
 TEXT
 }
 
@@ -31,7 +34,7 @@ for argument in "$@"; do
         usage
         exit 0
         ;;
-    --new) ;;
+    --new | --resume | --update | --minutes) ;;
     -*)
         usage >&2
         exit 2

@@ -5,6 +5,8 @@
 
 import argparse
 import concurrent.futures
+import datetime
+import hashlib
 import json
 import os
 import re
@@ -13,6 +15,7 @@ import shutil
 import signal
 import subprocess
 import sys
+import textwrap
 import threading
 import time
 
@@ -28,6 +31,7 @@ BUILD = os.path.join(WORK, "build")
 SCRATCH = os.path.join(WORK, "scratch")
 SURVIVORS = os.path.join(ROOT, "tests", "mutants", "survivors.txt")
 RESULTS = os.path.join(WORK, "results.txt")
+TRIED = os.path.join(WORK, "tried.json")  # A line for each mutant that was tried, after one for the tree.
 
 SEED = 1
 DEFAULT_COUNT = 800
@@ -334,22 +338,54 @@ def try_mutant(mutant, tests):
     return Result(mutant, "", failure, time.monotonic() - started)
 
 
-def try_all(mutants, tests, jobs):
-    results = []
+def tree_name():
+    """Date and commit, for the results; the commit's tree, with all that is changed in it, for --resume."""
+
+    def git(*words):
+        done = subprocess.run(["git", "-C", ROOT, *words], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
+        return done.stdout.strip()
+
+    changes = git("diff", "HEAD", "--", *FOLDERS, "tests", ":!tests/mutants/survivors.txt")
+    commit = (git("rev-parse", "--short", "HEAD") or "unknown") + ("+" if changes else "")
+    trees = [git("rev-parse", f"HEAD:{folder}") for folder in FOLDERS]
+    return f"{datetime.date.today()}, commit {commit}", hashlib.sha1("\n".join(trees + [changes]).encode()).hexdigest()
+
+
+def tried_before(tree):
+    """By key: the program that failed, how, and the seconds it took."""
+    if not os.path.exists(TRIED):
+        return {}
+    with open(TRIED, encoding="utf-8") as file:
+        lines = [json.loads(line) for line in file if line.endswith("\n")]
+    if not lines or lines[0] != tree:
+        sys.exit("mutants: nothing to resume: the last run was of another tree")
+    return {tuple(key): rest for key, *rest in lines[1:]}
+
+
+def try_all(mutants, tests, jobs, before, minutes):
+    results = [Result(m, *before[as_utf8(m.key())]) for m in mutants if as_utf8(m.key()) in before]
     started = time.monotonic()
     # In the order of their rank, so that the programs that find most are known early for every file.
-    order = sorted(mutants, key=lambda m: m.rank(SEED))
-    with concurrent.futures.ThreadPoolExecutor(jobs) as pool:
-        for future in concurrent.futures.as_completed([pool.submit(try_mutant, m, tests) for m in order]):
+    order = sorted((m for m in mutants if as_utf8(m.key()) not in before), key=lambda m: m.rank(SEED))
+
+    def attempt(mutant):
+        is_late = minutes and time.monotonic() - started > 60 * minutes
+        return None if is_late else try_mutant(mutant, tests)
+
+    with concurrent.futures.ThreadPoolExecutor(jobs) as pool, open(TRIED, "a", encoding="utf-8") as tried:
+        for future in concurrent.futures.as_completed([pool.submit(attempt, m) for m in order]):
             result = future.result()
+            if not result:
+                continue
             results.append(result)
+            key = as_utf8(result.mutant.key())
+            print(json.dumps([key, result.program, result.failure, result.seconds]), file=tried, flush=True)
             if not result.program:
-                key = as_utf8(result.mutant.key())
                 print(f"   survived: {title(key)}\n      - {key[2]}\n      + {key[3]}", flush=True)
             if len(results) % STEP == 0:
                 killed = sum(bool(r.program) for r in results)
                 seconds = int(time.monotonic() - started)
-                print(f"   {len(results)} of {len(order)}: {killed} found, {seconds} s", flush=True)
+                print(f"   {len(results)} of {len(mutants)}: {killed} found, {seconds} s", flush=True)
     return sorted(results, key=lambda r: r.mutant.number)
 
 
@@ -381,8 +417,26 @@ def as_utf8(key):
     return tuple(part.encode("latin-1").decode("utf-8") if isinstance(part, str) else part for part in key)
 
 
-def write_results(results, refused):
+def update_survivors(results, all_keys):
+    """Takes out what is found or gone, and puts in what survived. Its reasons are then still to be written: a block
+    without one is not understood."""
+    with open(SURVIVORS, encoding="utf-8") as file:
+        head = file.read().split("\n\n", 2)[:2]
+    found = {as_utf8(r.mutant.key()) for r in results if r.program}
+    kept = {key: reason for key, reason in read_survivors().items() if key in all_keys and key not in found}
+    for result in results:
+        if not result.program:
+            kept.setdefault(as_utf8(result.mutant.key()), "")
+    with open(SURVIVORS, "w", encoding="utf-8") as file:
+        file.write("\n\n".join(head) + "\n")
+        for key, reason in sorted(kept.items()):
+            file.write(f"\n{title(key)}\n- {key[2]}\n+ {key[3]}\n")
+            file.write(textwrap.fill(reason, 100, initial_indent="  ", subsequent_indent="  ") + "\n" if reason else "")
+
+
+def write_results(results, refused, name):
     with open(RESULTS, "w", encoding="utf-8") as file:
+        file.write(f"{name}\n\n")
         for result in results:
             key = as_utf8(result.mutant.key())
             state = f"found by {result.program}: {result.failure}" if result.program else "SURVIVED"
@@ -413,7 +467,7 @@ def report(results, all_keys, is_whole_run):
     for kind, (made, killed) in sorted(kinds.items()):
         print(f"   {kind}: {killed} of {made} found")
     equivalent = sum(reasons.get(key, "").startswith("Equivalent") for key in survivors)
-    share = len(found) / (len(results) - equivalent)
+    share = len(found) / max(1, len(results) - equivalent)
     print(f"   {len(found)} of {len(results)} found ({100 * len(found) / len(results):.1f} %)")
     print(f"   {len(survivors)} survived; without {equivalent} that change nothing, {100 * share:.1f} % were found")
     failed = len(unexplained)
@@ -428,9 +482,18 @@ def main():
     parser.add_argument("count", nargs="?", type=int, default=DEFAULT_COUNT)
     parser.add_argument("files", nargs="*")
     parser.add_argument("--new", action="store_true")
+    parser.add_argument("--resume", action="store_true")
+    parser.add_argument("--update", action="store_true")
+    parser.add_argument("--minutes", type=float, default=0)
     options = parser.parse_args()
 
-    print("== the mutants", flush=True)
+    name, tree = tree_name()
+    print(f"== the mutants, {name}", flush=True)
+    os.makedirs(WORK, exist_ok=True)
+    before = tried_before(tree) if options.resume else {}
+    if not before:
+        with open(TRIED, "w", encoding="utf-8") as file:
+            print(json.dumps(tree), file=file)
     mirror()
     configure()
     sources, mutants = find_mutants()
@@ -451,9 +514,17 @@ def main():
     measure(tests, len(sources) * MOST_PER_FILE)
     seconds = sum(test.seconds for test in tests)
     print(f"== {len(made)} mutants, {len(tests)} test programs of {seconds:.1f} s in all", flush=True)
-    results = try_all(made, tests, os.cpu_count() or 1)
-    write_results(results, refused)
-    passed, failed = report(results, {as_utf8(m.key()) for m in mutants}, not (options.files or options.new))
+    results = try_all(made, tests, os.cpu_count() or 1, before, options.minutes)
+    write_results(results, refused, name)
+    all_keys = {as_utf8(m.key()) for m in mutants}
+    is_whole = len(results) == len(made) and not (options.files or options.new)
+    passed, failed = report(results, all_keys, is_whole)
+    if len(results) < len(made):
+        print(f"   {len(made) - len(results)} were not tried; --resume goes on with them")
+    if options.update:
+        update_survivors(results, all_keys)
+    killed = sum(bool(r.program) for r in results)
+    print(f"found: {killed} of {len(results)} mutants, of {len(mutants)} possible")
     print(f"{passed} passed, {failed} failed")
     sys.exit(1 if failed else 0)
 
