@@ -303,7 +303,7 @@ void writePictures()
 
 // --- The stage --------------------------------------------------------------------------------------------
 
-Stage::Stage(bool describing) : m_describing(describing)
+Stage::Stage(bool describing, QByteArray* outcome) : m_describing(describing || outcome), m_outcome(outcome)
 {
     QFile::remove(logcapture::logPath());
     TestApplication::instance()->pref.entries.clear();
@@ -348,6 +348,7 @@ void Stage::compareAll()
 void Stage::describe(const QString& receiver, const char* function, const QStringList& arguments)
 {
     m_calls << receiver + "." + QString::fromUtf8(function) + '(' + arguments.join(", ") + ')';
+    noteText("> ", m_calls.constLast());
     static const bool trace = qEnvironmentVariableIsSet("ZOEFFECT_SESSION_TRACE");
     if (trace)
         std::cerr << m_calls.constLast().toStdString() << std::endl;
@@ -639,8 +640,29 @@ void Stage::differ(const QString& what, const QString& library, const QString& t
     throw Difference{QString("%1\n      library:   %2\n      reference: %3").arg(what, library, told)};
 }
 
+void Stage::noteText(const char* mark, const QString& text)
+{
+    if (m_outcome)
+        m_outcome->append(mark + QString(text).remove(QDir::tempPath()).toUtf8() + '\n');
+}
+
+void Stage::noteTree(const Node* node)
+{
+    noteText("* ", QString("%1 %2 %3").arg(shown(node)).arg(node->checkState).arg(shown(node->properties)));
+    for (const Node* child : node->items())
+        noteTree(child);
+}
+
+void Stage::noteTrees()
+{
+    for (const auto& pair : m_models)
+        noteTree(pair->told->root.get());
+    noteText("* ", shown(Properties(m_world.preferences)));
+}
+
 void Stage::same(const QVariant& library, const QVariant& told)
 {
+    note(told);
     if (!reference::identical(library, told))
         differ("result", shown(library), shown(told));
     m_tookEffect = m_tookEffect || told.isValid();
@@ -648,6 +670,7 @@ void Stage::same(const QVariant& library, const QVariant& told)
 
 void Stage::same(const ZoEffectItemData* library, const Node* told)
 {
+    note(told);
     if (library != (told ? told->twin : nullptr))
         differ("node", library ? shown(library->name()) : "nullptr", shown(told));
     m_tookEffect = m_tookEffect || told;
@@ -738,7 +761,7 @@ void Stage::compareProperties(const ZoEffectItemData* real, const Node* told) co
         differ(shown(told) + " properties", entry(left, properties.cend()), entry(right, told->properties.cend()));
 }
 
-void Stage::compareSignals(ModelPair& pair) const
+void Stage::compareSignals(ModelPair& pair)
 {
     std::vector<reference::Signal>& sent = pair.told->sent;
     bool agree = pair.heard.size() == sent.size();
@@ -751,8 +774,10 @@ void Stage::compareSignals(ModelPair& pair) const
     }
     if (!agree)
         differ("signals of " + pair.name, ::told(pair.heard), ::told(sent));
-    if (!sent.empty())
+    if (!sent.empty()) {
+        noteText("! ", pair.name + ' ' + ::told(sent));
         reference::writes++; // It took effect.
+    }
     pair.heard.clear();
     sent.clear();
 }
@@ -768,6 +793,8 @@ void Stage::compareLog()
     }
     if (logged != m_world.log)
         differ("log", numbers(logged), numbers(m_world.log));
+    if (!logged.empty())
+        noteText("# ", numbers(logged));
     m_tookEffect = m_tookEffect || !logged.empty();
     m_world.log.clear();
 }
@@ -787,6 +814,7 @@ void Stage::compareStore()
         differ("writes to the preference store", shown(written), shown(expected));
     if (!reference::identical(QVariant(store.entries), QVariant(m_world.preferences)))
         differ("preference store", shown(store.entries), shown(m_world.preferences));
+    noteText("@ ", shown(written));
     m_world.preferenceWrites.clear();
     m_tookEffect = true;
 }

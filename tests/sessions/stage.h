@@ -59,8 +59,8 @@ struct FreeNode {
 class Stage {
 public:
     /// Starts as a process does: no custom defaults, the tests' catalogue registered, one model. When \a describing,
-    /// keeps the text of each call.
-    explicit Stage(bool describing);
+    /// keeps the text of each call; with \a outcome, adds there what each gave.
+    explicit Stage(bool describing, QByteArray* outcome = nullptr);
     ~Stage();
     Stage(const Stage&) = delete;
     Stage& operator=(const Stage&) = delete;
@@ -69,6 +69,8 @@ public:
     bool perform(const Command& command);
     /// Compares everything, whether touched or not. Throws a Difference.
     void compareAll();
+    /// Adds all trees to the outcome.
+    void noteTrees();
     /// Whether the last step changed, sent, logged or answered anything.
     bool tookEffect() const { return m_tookEffect; }
     const QStringList& calls() const { return m_calls; }
@@ -138,6 +140,7 @@ public:
     template <typename Value>
     void same(const Value& library, const Value& told)
     {
+        note(told);
         if (!(library == told))
             differ("result", shown(library), shown(told));
         m_tookEffect = m_tookEffect || !(told == Value());
@@ -162,16 +165,25 @@ public:
     static QString shown(const reference::Properties& props);
 
 private:
+    template <typename Value>
+    void note(const Value& told)
+    {
+        if (m_outcome)
+            noteText("= ", shown(told));
+    }
+    void noteText(const char* mark, const QString& text);
+    void noteTree(const reference::Node* node);
     void describe(const QString& receiver, const char* function, const QStringList& arguments);
     void compareTouched();
     void compareTree(const ZoEffectItemData* real, reference::Node* told) const;
     void compareProperties(const ZoEffectItemData* real, const reference::Node* told) const;
     void compareModel(ModelPair& pair) const;
-    void compareSignals(ModelPair& pair) const;
+    void compareSignals(ModelPair& pair);
     void compareLog();
     void compareStore();
 
     bool m_describing;
+    QByteArray* m_outcome;
     bool m_idle = false;
     bool m_tookEffect = false;
     int m_names = 0;

@@ -7,9 +7,12 @@
 // ZOEFFECT_SESSION_TRACE set: each call is told on standard error before it is made, to find one that crashes.
 
 #include <iostream>
+#include <random>
 
 // Before Qt, whose keywords are macros.
 #include <rapidcheck.h>
+
+#include <QCryptographicHash>
 
 #include "stage.h"
 #include "testapplication.h"
@@ -71,21 +74,28 @@ rc::Seq<Session> simplerThan(const Session& session)
                            }));
 }
 
+/// One draw of 64 bits gives two choices.
+template <typename Draw>
+Session drawnSession(Draw next)
+{
+    Session session(static_cast<size_t>(shortest) + static_cast<size_t>(next() % (longest - shortest + 1)));
+    for (Command& command : session) {
+        command.operation = drawnOperations()[static_cast<size_t>(next() % drawnOperations().size())];
+        for (size_t i = 0; i < command.choices.size(); i += 2) {
+            const uint64_t drawn = next();
+            command.choices[i] = static_cast<quint32>(drawn % 1000000);
+            command.choices[i + 1] = static_cast<quint32>((drawn >> 32) % 1000000);
+        }
+    }
+    return session;
+}
+
 rc::Gen<Session> anySession()
 {
     return [](const rc::Random& random, int) {
         rc::Random numbers = random;
-        // One draw of 64 bits gives two choices.
-        Session session(static_cast<size_t>(shortest) + static_cast<size_t>(numbers.next() % (longest - shortest + 1)));
-        for (Command& command : session) {
-            command.operation = drawnOperations()[static_cast<size_t>(numbers.next() % drawnOperations().size())];
-            for (size_t i = 0; i < command.choices.size(); i += 2) {
-                const uint64_t drawn = numbers.next();
-                command.choices[i] = static_cast<quint32>(drawn % 1000000);
-                command.choices[i + 1] = static_cast<quint32>((drawn >> 32) % 1000000);
-            }
-        }
-        return rc::shrinkable::shrinkRecur(session, [](const Session& failing) { return simplerThan(failing); });
+        return rc::shrinkable::shrinkRecur(drawnSession([&numbers] { return numbers.next(); }),
+                                           [](const Session& failing) { return simplerThan(failing); });
     };
 }
 
@@ -159,6 +169,24 @@ long long stepsMade()
     return steps;
 }
 
+/// What the calls of some sessions give, as text; all but the pictures, whose texts are measured by the fonts that
+/// there are.
+QByteArray outcomeOf(int sessions)
+{
+    QByteArray outcome;
+    std::mt19937_64 numbers(20261122);
+    for (int i = 0; i < sessions; ++i) {
+        Stage stage(true, &outcome);
+        stage.compareAll();
+        for (const Command& command : drawnSession([&numbers] { return uint64_t(numbers()); })) {
+            if (!operations()[static_cast<size_t>(command.operation)].name.contains("::getWatermark"))
+                stage.perform(command);
+        }
+        stage.noteTrees();
+    }
+    return outcome;
+}
+
 /// Plays the sessions, once for all rows.
 bool played()
 {
@@ -179,6 +207,7 @@ class TestSessions : public QObject {
 
 private slots:
     void libraryAndReferenceAgreeAfterEachStep();
+    void theOutcomeIsTheSameEverywhere();
     void everyOperationTookPart_data();
     void everyOperationTookPart();
 };
@@ -188,6 +217,22 @@ void TestSessions::libraryAndReferenceAgreeAfterEachStep()
     QVERIFY2(played(), "see the session above");
     qInfo("%lld steps", stepsMade());
     QVERIFY(stepsMade() >= stepsAsked());
+}
+
+/// With every Qt, compiler and processor, and as in the last release. To see what differs, let two builds write their
+/// outcomes and compare the files: ZOEFFECT_SESSION_OUTCOME=FILE.
+void TestSessions::theOutcomeIsTheSameEverywhere()
+{
+    writePictures();
+    const QtMessageHandler before = qInstallMessageHandler(silence);
+    const QByteArray outcome = outcomeOf(300);
+    qInstallMessageHandler(before);
+    QFile file(qEnvironmentVariable("ZOEFFECT_SESSION_OUTCOME"));
+    if (!file.fileName().isEmpty())
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(outcome) == outcome.size());
+    QCOMPARE(int(outcome.count("\n> ")), 22653);
+    QCOMPARE(QCryptographicHash::hash(outcome, QCryptographicHash::Sha256).toHex(),
+             QByteArray("dfdba14c789b2927df0455ad3534d77f659a4c294778f0b1c3a98807e9713252"));
 }
 
 void TestSessions::everyOperationTookPart_data()

@@ -4,7 +4,7 @@
 // Prints valuepairs.txt: what Qt 5's own QVariant says of all ordered pairs of values and of the conversions that the
 // library does. Uses nothing of the library. Built with Qt 5 only, on 64-bit x86, which is the reference:
 //
-//     QT_QPA_PLATFORM=offscreen valuepairs-reference > tests/replay/valuepairs.txt
+//     QT_QPA_PLATFORM=offscreen valuepairs-reference > tests/values/valuepairs.txt
 
 #include <cstdio>
 
