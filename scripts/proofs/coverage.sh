@@ -32,20 +32,10 @@ esac
 
 scripts/install-packages build test python3 gcovr || exit 1
 
-if command -v ccache > /dev/null; then
-    export CMAKE_CXX_COMPILER_LAUNCHER=ccache
-fi
+# shellcheck source-path=SCRIPTDIR source=support/build.sh
+source scripts/proofs/support/build.sh
 build=$PWD/build/coverage
 mkdir -p "$build"
-
-# quietly COMMAND...: its output is shown only when it fails.
-quietly() {
-    if ! "$@" > "$build/log.txt" 2>&1; then
-        cat "$build/log.txt"
-        echo "coverage: $* failed"
-        exit 1
-    fi
-}
 
 # Nothing of the library throws, and one thread uses it. Without these the compiler makes branches of its own
 # that no source line has: the way out past every temporary when an exception flies, and the wait for another

@@ -51,24 +51,10 @@ seed=$((10#$seed))
 
 scripts/install-packages "${groups[@]}" || exit 1
 
-if command -v ccache > /dev/null; then
-    export CMAKE_CXX_COMPILER_LAUNCHER=ccache
-fi
+# shellcheck source-path=SCRIPTDIR source=support/build.sh
+source scripts/proofs/support/build.sh
 output=$PWD/build/sessions.txt
-mkdir -p build
-
-# quietly COMMAND...: its output is shown only when it fails.
-quietly() {
-    if ! "$@" > "$output" 2>&1; then
-        cat "$output"
-        echo "sessions: $* failed"
-        exit 1
-    fi
-}
-
-echo "== sessions: building ($preset)"
-quietly cmake --preset "$preset"
-quietly cmake --build "build/$preset" --target tst_sessions --parallel "$(nproc)"
+build "$preset" tst_sessions
 
 if [[ $preset == asan ]]; then
     export ASAN_OPTIONS=halt_on_error=1:detect_leaks=1:detect_stack_use_after_return=1
@@ -105,5 +91,6 @@ while ((played < steps)); do
     seed=$((seed + 1))
 done
 
+echo "found: $played steps"
 echo "$passed passed, $failed failed"
 ((failed == 0))

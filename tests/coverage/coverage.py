@@ -123,6 +123,8 @@ def main():
     lines = sum(file.lines for file in files)
     rows.row(f"all files: {share(sum(len(file.missing_lines) for file in files), lines)} lines", [])
     rows.row(f"all files: {share(missing, branches)} branches, {100 * (1 - missing / branches):.1f} %", too_few)
+    run = sum(len(file.missing_lines) for file in files)
+    print(f"found: {share(run, lines)} lines, {share(missing, branches)} branches")
     print(f"{rows.passed} passed, {rows.failed} failed")
     sys.exit(1 if rows.failed else 0)
 
