@@ -56,23 +56,10 @@ public:
 
     int number()
     {
-        static const int edges[] = {std::numeric_limits<int>::min(),
-                                    std::numeric_limits<int>::min() + 1,
-                                    -65536,
-                                    -256,
-                                    -1,
-                                    0,
-                                    1,
-                                    255,
-                                    256,
-                                    720,
-                                    1080,
-                                    32767,
-                                    32768,
-                                    46341,
-                                    65536,
-                                    std::numeric_limits<int>::max() - 1,
-                                    std::numeric_limits<int>::max()};
+        using Int = std::numeric_limits<int>;
+        static const int edges[] = {
+            Int::min(), Int::min() + 1, -65536, -256,           -1,        0, 1, 255, 256, 720, 1080, 32767,
+            32768,      46341,          65536,  Int::max() - 1, Int::max()};
         const int choice = byte();
         if (choice < 128)
             return choice;
@@ -84,6 +71,7 @@ public:
 
     double real()
     {
+        using Real = std::numeric_limits<double>;
         static const double edges[] = {0.0,
                                        -0.0,
                                        0.5,
@@ -94,10 +82,10 @@ public:
                                        -1e300,
                                        2147483647.5,
                                        -2147483648.5,
-                                       std::numeric_limits<double>::infinity(),
-                                       -std::numeric_limits<double>::infinity(),
-                                       std::numeric_limits<double>::quiet_NaN(),
-                                       std::numeric_limits<double>::denorm_min()};
+                                       Real::infinity(),
+                                       -Real::infinity(),
+                                       Real::quiet_NaN(),
+                                       Real::denorm_min()};
         const int choice = byte();
         if (choice < int(sizeof edges / sizeof edges[0]))
             return edges[choice];

@@ -86,20 +86,15 @@ private:
             return;
         ++m_callbacks;
         m_callsBack = false; // Not again while it works.
-        switch (m_bytes.below(4)) {
-        case 0:
+        const int choice = m_bytes.below(4);
+        if (choice == 0)
             edit(model());
-            break;
-        case 1:
+        else if (choice == 1)
             editList(model());
-            break;
-        case 2:
+        else if (choice == 2)
             picture(model());
-            break;
-        default:
+        else
             read(model());
-            break;
-        }
         m_callsBack = true;
     }
 
@@ -107,48 +102,31 @@ private:
 
     void operate()
     {
-        switch (m_bytes.below(16)) {
-        case 0:
-        case 1:
-        case 2:
+        const int choice = m_bytes.below(16);
+        if (choice <= 2)
             edit(model());
-            break;
-        case 3:
-        case 4:
-        case 5:
+        else if (choice <= 5)
             editList(model());
-            break;
-        case 6:
+        else if (choice == 6)
             read(model());
-            break;
-        case 7:
+        else if (choice == 7)
             picture(model());
-            break;
-        case 8:
+        else if (choice == 8)
             resize(model());
-            break;
-        case 9:
+        else if (choice == 9)
             node(model());
-            break;
-        case 10:
+        else if (choice == 10)
             customDefaults(model());
-            break;
-        case 11:
+        else if (choice == 11)
             copyModel();
-            break;
-        case 12:
+        else if (choice == 12)
             track(model());
-            break;
-        case 13:
+        else if (choice == 13)
             m_callsBack = m_bytes.flag();
-            break;
-        case 14:
+        else if (choice == 14)
             handOver(model());
-            break;
-        default:
+        else
             blockOrSend(model());
-            break;
-        }
     }
 
     /// Values and selection.
@@ -178,39 +156,26 @@ private:
         const int choice = m_bytes.below(11);
         const QString type = vocabulary::type(m_bytes);
         const int pos = m_bytes.position();
-        switch (choice) {
-        case 0:
-        case 1:
+        if (choice <= 1)
             insert(model, type, pos);
-            break;
-        case 2:
+        else if (choice == 2)
             model.addDataItem(type, vocabulary::properties(m_bytes));
-            break;
-        case 3:
+        else if (choice == 3)
             model.addDataItemEx(type, vocabulary::properties(m_bytes), m_bytes.flag());
-            break;
-        case 4:
+        else if (choice == 4)
             model.delDataItem(type, pos);
-            break;
-        case 5:
+        else if (choice == 5)
             model.changeDataItemPos(type, pos, m_bytes.position());
-            break;
-        case 6:
+        else if (choice == 6)
             model.replaceData(type, pos, vocabulary::properties(m_bytes));
-            break;
-        case 7:
+        else if (choice == 7)
             replaceByNode(model, type, pos);
-            break;
-        case 8:
+        else if (choice == 8)
             model.replaceItemDataProperty(type, vocabulary::properties(m_bytes));
-            break;
-        case 9:
+        else if (choice == 9)
             model.resetDataItem(type, pos);
-            break;
-        default:
+        else
             model.resetAllEffect();
-            break;
-        }
     }
 
     void insert(ZoEffectModel& model, const QString& type, int pos)
@@ -301,44 +266,30 @@ private:
         if (!found)
             return;
         const int row = m_bytes.position();
-        switch (choice) {
-        case 0:
+        if (choice == 0)
             found->setData(vocabulary::key(m_bytes), m_bytes.value());
-            break;
-        case 1:
+        else if (choice == 1)
             found->delData(vocabulary::key(m_bytes));
-            break;
-        case 2:
+        else if (choice == 2)
             found->setCheckState(m_bytes.number());
-            break;
-        case 3:
+        else if (choice == 3)
             new ZoEffectItemData(vocabulary::type(m_bytes), found, row);
-            break;
-        case 4:
+        else if (choice == 4)
             found->appendChild(m_bytes.flag() ? nullptr : new ZoEffectItemData(vocabulary::type(m_bytes)));
-            break;
-        case 5:
+        else if (choice == 5)
             found->insertChild(found->takeAt(row), m_bytes.position());
-            break;
-        case 6:
+        else if (choice == 6)
             delete found->takeAt(row);
-            break;
-        case 7:
+        else if (choice == 7)
             found->removeChildren(row, m_bytes.number());
-            break;
-        case 8:
+        else if (choice == 8)
             found->changeItemPos(row, m_bytes.position());
-            break;
-        case 9:
+        else if (choice == 9)
             assignNode(model, *found);
-            break;
-        case 10:
+        else if (choice == 10)
             model.adjustWatermarkPos(found);
-            break;
-        default:
+        else
             fill(model, *found, type);
-            break;
-        }
     }
 
     void assignNode(ZoEffectModel& model, ZoEffectItemData& target)
