@@ -870,7 +870,6 @@ const std::vector<Operation>& operations()
         onModel(8, "", OPERATION(FrameEffectIsDefault)),
         onModel(20, "", OPERATION(hasRealEffect)),
         onModel(5, "", OPERATION(getCurrentFrameEffects)),
-        {"ZoEffectModel::applyFrameEffects", 8, applyFrameEffects},
         onModel(20, "tp", OPERATION(saveAsCustomDefault), type, pos),
         onModel(5, "t", OPERATION(hasCustomDefault), type),
         onModel(8, "c", OPERATION(removeCustomDefault), type),
@@ -903,6 +902,8 @@ const std::vector<Operation>& operations()
         {"ZoEffectItemDefaultValMgr::saveAsCustomDefaultVal, frame effects", 8, saveFrameEffects},
         {"ZoEffectItemDefaultValMgr::removeCustomDefaultVal", 8, removeCustomDefaultVal},
         {"a preference store changed by others", 6, editPreferences},
+        // Those of 1.0 end here; see summedOperations.
+        {"ZoEffectModel::applyFrameEffects", 8, applyFrameEffects},
     };
     return table;
 }
