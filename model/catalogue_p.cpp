@@ -3,16 +3,95 @@
 
 #include "catalogue_p.h"
 
-#include "cataloguetable_p.h"
-#include "cataloguetext_p.h"
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+
+#include <QByteArray>
+
 #include "effectnames_p.h"
-#include "propertyvalues_p.h"
 #include "qtcompat_p.h"
 #include "zoeffectcatalogue.h"
 #include "zoeffectitemdata.h"
 #include "zoeffectmodel.h"
 
+namespace {
+
+/// A text of a table, and the string that it says.
+struct Text {
+    QByteArray utf8;
+    QString string;
+};
+
+using Texts = std::unordered_map<std::string_view, Text>;
+
+/// Those of the table that was registered last. Only read until the next one is, and never deleted, since a host's
+/// static objects may still ask at the end of the process.
+const Texts* registeredTexts = nullptr;
+
+void add(Texts& texts, const char* utf8)
+{
+    const Text text{utf8, QString::fromUtf8(utf8)};
+    texts.emplace(std::string_view(text.utf8.constData()), text);
+}
+
+void add(Texts& texts, const EffectDefaultVal* properties)
+{
+    for (const EffectDefaultVal* entry = properties; entry && entry->key; ++entry)
+        add(texts, entry->key);
+}
+
+// NOLINTNEXTLINE(misc-no-recursion): as deep as the host nests its tables.
+void add(Texts& texts, const EffectControlItem* items)
+{
+    for (const EffectControlItem* record = items; record && record->name; ++record) {
+        add(texts, record->name);
+        add(texts, record->properties);
+        for (const SubEffectItem* item = record->subItems; item && item->name; ++item) {
+            add(texts, item->name);
+            add(texts, item->properties);
+        }
+        add(texts, record->children);
+    }
+}
+
+} // namespace
+
 namespace catalogue {
+
+void prepareTexts(const EffectControlItem* items)
+{
+    auto* texts = new Texts;
+    add(*texts, items);
+    delete std::exchange(registeredTexts, texts);
+}
+
+QString text(const char* utf8)
+{
+    if (registeredTexts) {
+        const auto known = registeredTexts->find(utf8);
+        if (known != registeredTexts->cend())
+            return known->second.string;
+    }
+    return QString::fromUtf8(utf8);
+}
+
+// Most texts are ASCII: their letters are compared without making a string.
+bool says(const char* utf8, const QString& text)
+{
+    constexpr unsigned firstBeyondAscii = 0x80;
+    const char* next = utf8;
+    for (const QChar letter : text) {
+        const unsigned byte = static_cast<unsigned char>(*next);
+        if (byte >= firstBeyondAscii)
+            return text == catalogue::text(utf8);
+        if (byte == 0 || byte != letter.unicode())
+            return false;
+        ++next;
+    }
+    // A byte order mark may follow, which says nothing.
+    return *next == 0 || (static_cast<unsigned char>(*next) >= firstBeyondAscii && text == catalogue::text(utf8));
+}
 
 const EffectControlItem* record(const QString& type)
 {
@@ -22,7 +101,7 @@ const EffectControlItem* record(const QString& type)
 const EffectDefaultVal* property(const EffectDefaultVal* properties, const QString& key)
 {
     for (const EffectDefaultVal* entry = properties; entry && entry->key; ++entry) {
-        if (cataloguetext::equals(key, entry->key))
+        if (says(entry->key, key))
             return entry;
     }
     return nullptr;
@@ -36,13 +115,8 @@ const EffectDefaultVal* properties(const QString& type)
 
 void storeDefaults(ZoEffectItemData& item, const QString& type)
 {
-    const auto table = cataloguetable::prepared(properties(type));
-    if (item.properties().isEmpty()) {
-        propertyvalues::share(item, table->defaults);
-        return;
-    }
-    for (const cataloguetable::Row& row : table->rows)
-        item.setData(row.key, row.entry->defaultValue);
+    for (const EffectDefaultVal* entry = properties(type); entry && entry->key; ++entry)
+        item.setData(text(entry->key), entry->defaultValue);
 }
 
 int checkStateFor(const QVariant& value)

@@ -14,6 +14,16 @@ class ZoEffectItemData;
 /// Reading the registered table of effect types, and filling items with values.
 namespace catalogue {
 
+/// Makes the strings of all names and keys of \a items, a table that is being registered, for text(). The table may
+/// change afterwards: what it says by then is looked up by its letters.
+void prepareTexts(const EffectControlItem* items);
+
+/// The string that \a utf8, a name or key of a table, says.
+QString text(const char* utf8);
+
+/// text(utf8) == text
+bool says(const char* utf8, const QString& text);
+
 /// The registered record of \a type, or null.
 const EffectControlItem* record(const QString& type);
 

@@ -4,7 +4,6 @@
 #include "watermarkrects_p.h"
 
 #include "effectnames_p.h"
-#include "propertyvalues_p.h"
 #include "qtcompat_p.h"
 #include "zoeffectitemdata.h"
 
@@ -18,10 +17,7 @@ QVector<placement::OccupiedRect> placement::shownBeside(const ZoEffectItemData& 
         const ZoEffectItemData* other = typeNode->child(row);
         if (!other || other == &item || other->checkState() != Qt::Checked)
             continue;
-        const auto number = [other](const QString& key) {
-            const QVariant* value = propertyvalues::find(*other, key);
-            return value ? qtcompat::toInt(*value) : 0;
-        };
+        const auto number = [other](const QString& key) { return qtcompat::toInt(other->data(key)); };
         rectangles.append(placement::OccupiedRect::ofWatermark(number(keys::wmHPosition), number(keys::wmVPosition),
                                                                number(keys::wmImageWidth),
                                                                number(keys::wmImageHeight)));

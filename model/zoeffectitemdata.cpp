@@ -5,10 +5,11 @@
 
 #include <utility>
 
+#include <QVarLengthArray>
 #include <QVector>
 
 #include "effectnames_p.h"
-#include "nodeindex_p.h"
+#include "firstnodes_p.h"
 #include "treecheck_p.h"
 
 namespace {
@@ -57,13 +58,15 @@ ZoEffectItemData& ZoEffectItemData::operator=(const ZoEffectItemData& other)
     // Trees can be deep: the walk keeps its own list of nodes to do instead of calling itself.
     Children copies;
     QVector<std::pair<const ZoEffectItemData*, ZoEffectItemData*>> pending;
-    const auto copyChildren = [&pending](const ZoEffectItemData& source, ZoEffectItemData* parent, Children& target) {
+    const auto copyChildren = [this, &pending](const ZoEffectItemData& source, ZoEffectItemData* parent,
+                                               Children& target) {
         target.reserve(source.m_children.size());
         for (const ZoEffectItemData* child : source.m_children) {
             if (!child)
                 continue;
             auto* copy = new ZoEffectItemData(QString());
             copy->m_parent = parent;
+            copy->m_firstNodes = m_firstNodes;
             copy->takeOverFields(*child);
             target.append(copy);
             if (!child->m_children.isEmpty())
@@ -77,10 +80,10 @@ ZoEffectItemData& ZoEffectItemData::operator=(const ZoEffectItemData& other)
     }
 
     // Told before and after: taking over the object name may call a listener, who may look nodes up.
-    nodeindex::listsChanged();
+    countChange();
     takeOverFields(other);
     m_children.swap(copies);
-    nodeindex::listsChanged();
+    countChange();
 
     // The old children go with a node of their own, last: other may be one of them.
     ZoEffectItemData oldChildren{QString()};
@@ -137,14 +140,41 @@ void ZoEffectItemData::place(ZoEffectItemData* child, int pos)
         m_children.insert(pos, child);
     else
         m_children.append(child);
-    nodeindex::cameIn(child);
+    countChange();
+    if (child && m_firstNodes)
+        child->comeInto(m_firstNodes);
+}
+
+void ZoEffectItemData::comeInto(const std::shared_ptr<FirstNodes>& tree)
+{
+    QVarLengthArray<ZoEffectItemData*, 16> pending{this};
+    while (!pending.isEmpty()) {
+        ZoEffectItemData* node = pending.last();
+        pending.removeLast();
+        if (node->m_firstNodes) { // Then the nodes below it have come into that tree, too.
+            if (node->m_firstNodes != tree)
+                tree->keepNothing();
+            continue;
+        }
+        node->m_firstNodes = tree;
+        for (ZoEffectItemData* child : std::as_const(node->m_children)) {
+            if (child)
+                pending.append(child);
+        }
+    }
+}
+
+void ZoEffectItemData::countChange() const
+{
+    if (m_firstNodes)
+        m_firstNodes->countChange();
 }
 
 ZoEffectItemData* ZoEffectItemData::takeAt(int row)
 {
     if (!isPosition(row, m_children))
         return nullptr;
-    nodeindex::listsChanged();
+    countChange();
     return m_children.takeAt(row);
 }
 
@@ -156,7 +186,7 @@ bool ZoEffectItemData::removeChildren(int pos, int count)
     Children removed;
     for (int i = 0; i < count; ++i)
         removed.append(m_children.takeAt(pos));
-    nodeindex::listsChanged();
+    countChange();
     qDeleteAll(removed);
     return true;
 }
@@ -166,7 +196,7 @@ bool ZoEffectItemData::changeItemPos(int to, int from)
     if (to == from || !isPosition(to, m_children) || !isPosition(from, m_children))
         return false;
     m_children.move(from, to);
-    nodeindex::listsChanged();
+    countChange();
     return true;
 }
 
@@ -175,7 +205,7 @@ void ZoEffectItemData::clear()
     const TreeCheck check(*this);
     if (m_children.isEmpty())
         return;
-    nodeindex::listsChanged();
+    countChange();
     // Trees can be deep: all descendants are gathered, parents first, and deleted one by one from the end.
     QVector<ZoEffectItemData*> doomed;
     const auto gather = [&doomed](Children& children) {
@@ -190,7 +220,7 @@ void ZoEffectItemData::clear()
         gather(doomed.at(i)->m_children);
     while (!doomed.isEmpty())
         delete doomed.takeLast();
-    nodeindex::listsChanged(); // Whoever was told of a deletion may have looked nodes up meanwhile.
+    countChange(); // Whoever was told of a deletion may have looked nodes up meanwhile.
 }
 
 QVariant ZoEffectItemData::data(const QString& key) const

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <memory>
+
 #include <QList>
 #include <QMap>
 #include <QObject>
@@ -10,6 +12,8 @@
 #include <QVariant>
 
 #include "zoeffect_export.h"
+
+class FirstNodes;
 
 /// A node of an effect tree: the root of a model, one effect type, or one item of a type.
 ///
@@ -97,6 +101,10 @@ public:
 private:
     Q_DECL_HIDDEN void place(ZoEffectItemData* child, int pos);
     Q_DECL_HIDDEN void takeOverFields(const ZoEffectItemData& other);
+    Q_DECL_HIDDEN void comeInto(const std::shared_ptr<FirstNodes>& tree);
+    Q_DECL_HIDDEN void countChange() const;
+
+    friend class ZoEffectModel; // Which looks nodes up below its root.
 
     QList<ZoEffectItemData*> m_children;
     QMap<QString, QVariant> m_properties;
@@ -104,4 +112,5 @@ private:
     int m_checkState = Qt::Checked;
     QString m_name;
     void* m_internalData = nullptr;
+    std::shared_ptr<FirstNodes> m_firstNodes; // Of the model whose tree this node came into first, or null.
 };

@@ -3,17 +3,13 @@
 
 #include "zoeffectmodel.h"
 
-#include <atomic>
-
 #include "catalogue_p.h"
-#include "cataloguetable_p.h"
-#include "cataloguetext_p.h"
 #include "effectnames_p.h"
+#include "firstnodes_p.h"
 #include "modelevents_p.h"
-#include "nodeindex_p.h"
 #include "qtcompat_p.h"
 #include "treecheck_p.h"
-#include "watermarktext_p.h"
+#include "watermarkimages_p.h"
 #include "zoeffectcatalogue.h"
 #include "zoeffectitemdefaultvalmgr.h"
 
@@ -27,6 +23,7 @@ void ZoEffectModel::InitEffectModel(const EffectControlItem* items)
         return;
     }
 
+    catalogue::prepareTexts(items);
     // Deliberate: the list is handed over after each type, one name longer every time.
     QStringList types;
     for (const EffectControlItem* record = items; record->name; ++record) {
@@ -35,56 +32,39 @@ void ZoEffectModel::InitEffectModel(const EffectControlItem* items)
     }
 }
 
-namespace {
-
-/// The models of all threads. When the last one goes, the host may let go of what it handed over.
-std::atomic<int> liveModels{0};
-
-void forgetWhatIsTheHosts()
+ZoEffectModel::ZoEffectModel(Empty /*empty*/, QObject* parent)
+    : QObject(parent), m_root(types::root), m_images(std::make_shared<WatermarkImages>())
 {
-    cataloguetable::forgetAll();
-    WatermarkText::forgetAll();
+    m_root.m_firstNodes = std::make_shared<FirstNodes>();
 }
-
-} // namespace
 
 ZoEffectModel::ZoEffectModel(QObject* parent) : ZoEffectModel(QStringList(), parent) {}
 
-ZoEffectModel::ZoEffectModel(const QStringList& types, QObject* parent) : QObject(parent), m_root(types::root)
+ZoEffectModel::ZoEffectModel(const QStringList& types, QObject* parent) : ZoEffectModel(Empty(), parent)
 {
-    ++liveModels;
     createItems(types);
 }
 
 ZoEffectModel::ZoEffectModel(const QString& type, const QMap<QString, QVariant>& props, QObject* parent)
-    : QObject(parent), m_root(types::root)
+    : ZoEffectModel(Empty(), parent)
 {
-    ++liveModels;
     ZoEffectItemData* node = findDataItem(type, -1);
     if (!node)
         node = new ZoEffectItemData(type, &m_root, -1);
     catalogue::applyProperties(*node, props);
 }
 
-ZoEffectModel::ZoEffectModel(const ZoEffectModel& other) : QObject(nullptr), m_root(types::root)
+ZoEffectModel::ZoEffectModel(const ZoEffectModel& other) : ZoEffectModel(Empty(), nullptr)
 {
-    ++liveModels;
     *this = other;
 }
 
 // Deliberate: other is not read. A host that wants a copy under a parent assigns to the empty model.
-ZoEffectModel::ZoEffectModel(const ZoEffectModel& /*other*/, QObject* parent) : QObject(parent), m_root(types::root)
-{
-    ++liveModels;
-}
+ZoEffectModel::ZoEffectModel(const ZoEffectModel& /*other*/, QObject* parent) : ZoEffectModel(Empty(), parent) {}
 
 ZoEffectModel::~ZoEffectModel()
 {
     m_root.clear();
-    nodeindex::listsChanged();
-    qDeleteAll(m_images);
-    if (--liveModels == 0)
-        forgetWhatIsTheHosts();
 }
 
 ZoEffectModel& ZoEffectModel::operator=(const ZoEffectModel& other)
@@ -102,7 +82,7 @@ ZoEffectModel& ZoEffectModel::operator=(const ZoEffectModel& other)
 const EffectControlItem* ZoEffectModel::findOriItem(const QString& type, const EffectControlItem* items)
 {
     for (const EffectControlItem* record = items; record && record->name; ++record) {
-        if (cataloguetext::equals(type, record->name))
+        if (catalogue::says(record->name, type))
             return record;
         if (!record->children)
             continue;
@@ -116,7 +96,7 @@ void ZoEffectModel::createItems(const QStringList& types)
 {
     const TreeCheck check(m_root);
     for (const EffectControlItem* record = s_EffectItems; record && record->name; ++record) {
-        const QString name = cataloguetext::string(record->name);
+        const QString name = catalogue::text(record->name);
         if (!types.isEmpty() && !types.contains(name))
             continue;
         auto* node = new ZoEffectItemData(name, &m_root, -1);
@@ -148,17 +128,11 @@ void ZoEffectModel::InitSubItemData(ZoEffectItemData* item, const SubEffectItem*
         logEvent(ModelEvent::NullForSubItems);
         return;
     }
-    const EffectDefaultVal* properties = nullptr; // Most records have the same ones.
-    auto table = cataloguetable::prepared(nullptr);
     for (const SubEffectItem* record = subItems; record->name; ++record) {
-        auto* node = new ZoEffectItemData(cataloguetext::string(record->name), item, -1);
+        auto* node = new ZoEffectItemData(catalogue::text(record->name), item, -1);
         node->setData(keys::id, record->id);
-        if (record->properties != properties) {
-            properties = record->properties;
-            table = cataloguetable::prepared(properties);
-        }
-        for (const cataloguetable::Row& row : table->rows)
-            catalogue::storeOrCheck(*node, row.key, row.entry->defaultValue);
+        for (const EffectDefaultVal* entry = record->properties; entry && entry->key; ++entry)
+            catalogue::storeOrCheck(*node, catalogue::text(entry->key), entry->defaultValue);
         node->setInternalData(const_cast<SubEffectItem*>(record));
     }
 }

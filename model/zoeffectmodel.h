@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <memory>
+
 #include <QMap>
 #include <QObject>
 #include <QPixmap>
@@ -16,6 +18,7 @@
 
 struct EffectControlItem;
 struct SubEffectItem;
+class WatermarkImages;
 
 /// A crop rectangle in pixels of the base size.
 struct CropData {
@@ -382,11 +385,13 @@ Q_SIGNALS:
     void effectDataChanged(const QString& type);
 
 private:
+    struct Empty {};
+    Q_DECL_HIDDEN ZoEffectModel(Empty, QObject* parent);
+
     ZoEffectItemData m_root;
     bool m_editedByUser = false;
     bool m_secondFlag = false; // Copied with the model; nothing sets it.
     QPixmap m_watermark;
     int m_renderings = 0; // Inside one another, by listeners.
-    QMap<QString, QPixmap*> m_images;
-    QPixmap m_unreadableImage; // What getImage() hands out when loading failed.
+    std::shared_ptr<WatermarkImages> m_images;
 };

@@ -5,7 +5,6 @@
 
 #include "effectnames_p.h"
 #include "modelevents_p.h"
-#include "propertyvalues_p.h"
 #include "qtcompat_p.h"
 #include "scaling_p.h"
 #include "treecheck_p.h"
@@ -109,6 +108,12 @@ Properties settingsToSave(const ZoEffectModel& model, const QString& type, int i
     return {};
 }
 
+void storeAll(ZoEffectItemData& item, const Properties& values)
+{
+    for (auto it = values.cbegin(); it != values.cend(); ++it)
+        item.setData(it.key(), it.value());
+}
+
 void storeIfSaved(ZoEffectItemData& item, const Properties& saved, const QString& key)
 {
     const auto found = saved.constFind(key);
@@ -130,7 +135,7 @@ void applyToWatermark(ZoEffectItemData& item, const Properties& saved, const QSi
         Properties style = saved;
         style.remove(keys::wmHPosFactor);
         style.remove(keys::wmVPosFactor);
-        propertyvalues::storeAll(item, style);
+        storeAll(item, style);
     } else {
         storeIfSaved(item, saved, keys::wmTransparency);
     }
@@ -186,11 +191,11 @@ void ZoEffectModel::getCustomDefaultVal(ZoEffectItemData* item, const QString& t
         applyToWatermark(*item, saved, baseSize(), direct);
     } else if (type == types::subtitle) {
         if (flag(*item, keys::subFromFile))
-            propertyvalues::storeAll(*item, saved);
+            storeAll(*item, saved);
         else
             storeIfSaved(*item, saved, keys::subTransparency);
     } else {
         m_root.setData(keys::editByDefault, true);
-        propertyvalues::storeAll(*item, saved);
+        storeAll(*item, saved);
     }
 }

@@ -6,10 +6,8 @@
 #include <algorithm>
 
 #include "catalogue_p.h"
-#include "cataloguetable_p.h"
 #include "effectnames_p.h"
 #include "modelevents_p.h"
-#include "propertyvalues_p.h"
 #include "qtcompat_p.h"
 #include "subitemcheck_p.h"
 #include "zoeffectcatalogue.h"
@@ -18,10 +16,10 @@
 namespace {
 
 /// The user's default for \a entry when \a saved, the custom default of its type, has one; else the catalogue's.
-const QVariant& defaultFor(const EffectDefaultVal& entry, const QString& key, const QMap<QString, QVariant>& saved)
+QVariant defaultFor(const EffectDefaultVal& entry, const QString& key, const QMap<QString, QVariant>& saved)
 {
-    const auto custom = saved.constFind(key);
-    return custom != saved.cend() && custom.value().isValid() ? custom.value() : entry.defaultValue;
+    const QVariant custom = saved.value(key);
+    return custom.isValid() ? custom : entry.defaultValue;
 }
 
 QMap<QString, QVariant> customDefault(const QString& type)
@@ -32,16 +30,15 @@ QMap<QString, QVariant> customDefault(const QString& type)
 /// Whether \a node holds the defaults of \a type for all of \a properties.
 bool holdsDefaults(const ZoEffectItemData& node, const QString& type, const EffectDefaultVal* properties)
 {
-    const auto table = cataloguetable::prepared(properties);
-    if (table->rows.isEmpty())
+    if (!properties->key)
         return true;
     const QMap<QString, QVariant> saved = customDefault(type);
-    if (saved.isEmpty() && table->holdsItself && node.properties().isSharedWith(table->defaults))
-        return true;
-    propertyvalues::Finder finder(node);
-    return std::all_of(table->rows.cbegin(), table->rows.cend(), [&](const cataloguetable::Row& row) {
-        return propertyvalues::equals(node, row.key, finder.find(row.key), defaultFor(*row.entry, row.key, saved));
-    });
+    for (const EffectDefaultVal* entry = properties; entry->key; ++entry) {
+        const QString key = catalogue::text(entry->key);
+        if (!qtcompat::equal(node.data(key), defaultFor(*entry, key, saved)))
+            return false;
+    }
+    return true;
 }
 
 /// Deliberate: an exact comparison, a product with a fraction is never default.

@@ -9,7 +9,6 @@
 #include <QVector>
 
 #include "catalogue_p.h"
-#include "cataloguetable_p.h"
 #include "effectnames_p.h"
 #include "modelevents_p.h"
 #include "qtcompat_p.h"
@@ -29,10 +28,10 @@ bool isPositionFactor(const QString& key)
 
 void storeDefaultsOfNewItem(ZoEffectItemData& item, const QString& type)
 {
-    const auto table = cataloguetable::prepared(catalogue::properties(type));
-    for (const cataloguetable::Row& row : table->rows) {
-        if (!isPositionFactor(row.key))
-            item.setData(row.key, row.entry->defaultValue);
+    for (const EffectDefaultVal* entry = catalogue::properties(type); entry && entry->key; ++entry) {
+        const QString key = catalogue::text(entry->key);
+        if (!isPositionFactor(key))
+            item.setData(key, entry->defaultValue);
     }
 }
 

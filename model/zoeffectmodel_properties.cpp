@@ -5,9 +5,8 @@
 
 #include "catalogue_p.h"
 #include "effectnames_p.h"
+#include "firstnodes_p.h"
 #include "modelevents_p.h"
-#include "nodeindex_p.h"
-#include "propertyvalues_p.h"
 #include "qtcompat_p.h"
 #include "treecheck_p.h"
 #include "zoeffectcatalogue.h"
@@ -19,12 +18,6 @@ ZoEffectItemData* nodeAt(ZoEffectItemData* typeNode, int pos)
     return !typeNode || pos == -1 ? typeNode : typeNode->child(pos);
 }
 
-/// Whether comparing \a value with another one may call the host, who may change the tree.
-bool isHostsOwn(const QVariant& value)
-{
-    return value.userType() >= QMetaType::User;
-}
-
 } // namespace
 
 ZoEffectItemData* ZoEffectModel::findDataItem(const ZoEffectItemData* start, const QString& type) const
@@ -34,7 +27,7 @@ ZoEffectItemData* ZoEffectModel::findDataItem(const ZoEffectItemData* start, con
         return nullptr;
     }
 
-    return start == &m_root ? nodeindex::first(m_root, type) : nodeindex::walkToFirst(*start, type);
+    return start == &m_root ? m_root.m_firstNodes->find(m_root, type) : firstNode(*start, type);
 }
 
 ZoEffectItemData* ZoEffectModel::findDataItem(const ZoEffectItemData* start, const QString& type, int pos) const
@@ -48,7 +41,7 @@ ZoEffectItemData* ZoEffectModel::findDataItem(const ZoEffectItemData* start, con
 
 ZoEffectItemData* ZoEffectModel::findDataItem(const QString& type, int pos) const
 {
-    return nodeAt(nodeindex::first(m_root, type), pos);
+    return nodeAt(findDataItem(&m_root, type), pos);
 }
 
 ZoEffectItemData* ZoEffectModel::getDataItem(const QString& type, int pos) const
@@ -87,17 +80,15 @@ QVariant ZoEffectModel::data(const QString& key, const QString& type, int pos) c
 bool ZoEffectModel::setData(const QString& key, const QVariant& value, const QString& type, int pos)
 {
     const TreeCheck check(m_root);
-    ZoEffectItemData* node = nodeAt(nodeindex::first(m_root, type), pos);
+    ZoEffectItemData* node = findDataItem(type, pos);
     if (!node) {
         logEvent(ModelEvent::NoSuchNodeToSet);
         return false;
     }
 
     const bool isCheckState = key == keys::checkState;
-    const QVariant* present = isCheckState ? nullptr : propertyvalues::find(*node, key);
-    const bool staysThere = present && !isHostsOwn(*present) && !isHostsOwn(value);
-    const bool isEqual = isCheckState ? catalogue::checkStateFor(value) == node->checkState()
-                                      : propertyvalues::equals(*node, key, present, value);
+    const bool isEqual =
+        isCheckState ? catalogue::checkStateFor(value) == node->checkState() : qtcompat::equal(node->data(key), value);
     if (isEqual)
         return true;
 
@@ -108,7 +99,7 @@ bool ZoEffectModel::setData(const QString& key, const QVariant& value, const QSt
     if (isCheckState)
         node->setCheckState(catalogue::checkStateFor(changedValue));
     else
-        propertyvalues::store(*node, changedKey, changedValue, staysThere ? present : nullptr);
+        node->setData(changedKey, changedValue);
     if (changedKey == keys::subVPosition && changedType == types::subtitle)
         node->setData(keys::subPositionEditedByUser, true);
     emit effectDataChanged(changedType, changedKey, changedValue, pos);

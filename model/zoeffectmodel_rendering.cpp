@@ -5,7 +5,6 @@
 
 #include <algorithm>
 
-#include <QDir>
 #include <QPainter>
 #include <QPointer>
 #include <QScopedValueRollback>
@@ -13,17 +12,16 @@
 
 #include "canvas_p.h"
 #include "effectnames_p.h"
-#include "imagefile_p.h"
-#include "modelevents_p.h"
 #include "qtcompat_p.h"
 #include "treecheck_p.h"
-#include "watermarkpictures_p.h"
+#include "watermarkimages_p.h"
 #include "watermarkstyle_p.h"
-#include "watermarktext_p.h"
 
 namespace {
 
 constexpr int opaque = 255;
+constexpr int measureFlags = Qt::AlignLeft | Qt::AlignTop;
+constexpr int drawFlags = Qt::AlignLeft | Qt::AlignVCenter;
 /// Listeners may render at each stored size, one rendering inside the other. From this depth on a rendering
 /// leaves the storing to those around it, which come to the same texts: the depth does not grow with them.
 constexpr int deepestStoringRendering = 8;
@@ -51,15 +49,14 @@ int alphaOf(const ZoEffectItemData& item)
 }
 
 /// Draws the image of \a item; false when it cannot be loaded.
-bool paintImage(QPainter& painter, ZoEffectModel& model, const ZoEffectItemData& item)
+bool paintImage(QPainter& painter, WatermarkImages& images, const ZoEffectItemData& item, OwnAlpha ownAlpha)
 {
     const QByteArray format = text(item, keys::wmImageFormat).toLatin1();
-    const QPixmap image =
-        *model.getImage(text(item, keys::wmImageUrl), format.isEmpty() ? nullptr : format.constData());
+    const QPixmap image = *images.load(text(item, keys::wmImageUrl), format.isEmpty() ? nullptr : format.constData());
     if (image.isNull())
         return false;
 
-    const QPixmap shown = watermarkpictures::withUniformAlpha(image, alphaOf(item));
+    const QPixmap shown = images.shown(image, alphaOf(item), ownAlpha);
     const QRectF target(number(item, keys::wmHPosition), number(item, keys::wmVPosition),
                         number(item, keys::wmImageWidth), number(item, keys::wmImageHeight));
     painter.drawPixmap(target, shown, QRectF(shown.rect()));
@@ -80,15 +77,14 @@ QSize paintText(QPainter& painter, const ZoEffectItemData& item, const QSize& fr
                                          text(item, keys::wmFontStyle)));
     painter.setPen(color);
 
-    const WatermarkText laidOut = WatermarkText::laidOut(painter, content);
-    const QSize size = laidOut.size;
+    const QSize size = painter.boundingRect(QRect(), measureFlags, content).size();
     const int left = number(item, keys::wmHPosition);
     const int top = number(item, keys::wmVPosition);
     const bool inFrame = left < frame.width() && top < frame.height() && qint64(left) + size.width() - 1 > 0
                          && qint64(top) + size.height() - 1 > 0;
     if (!inFrame)
         return QSize();
-    laidOut.draw(painter, left, top);
+    painter.drawText(QRect(QPoint(left, top), size), drawFlags, content);
     return size;
 }
 
@@ -137,8 +133,8 @@ QPixmap ZoEffectModel::getWatermark(int w, int h, bool honourIgnore)
 {
     const TreeCheck check(m_root);
     if (QSize(w, h) != baseSize()) {
-        ZoEffectModel rescaled;
-        rescaled = *this;
+        ZoEffectModel rescaled(*this);
+        rescaled.m_images = m_images->forCopy();
         rescaled.adjustEffectInfo(w, h);
         // Deliberate: at another size "wm_ingnore" always counts.
         return rescaled.getWatermark(w, h, true);
@@ -165,7 +161,7 @@ QPixmap ZoEffectModel::getWatermark(int w, int h, bool honourIgnore)
         if (currentRow(*this, item, i) == -1 || item->checkState() != Qt::Checked)
             continue;
         if (!flag(*item, keys::wmIsText)) {
-            painted |= paintImage(painter, *this, *item);
+            painted |= paintImage(painter, *m_images, *item, OwnAlpha::Replaced);
         } else if (!honourIgnore || !flag(*item, keys::wmIgnore)) {
             const QSize measured = paintText(painter, *item, baseSize());
             painted |= measured.isValid();
@@ -182,15 +178,5 @@ QPixmap ZoEffectModel::getWatermark(int w, int h, bool honourIgnore)
 
 QPixmap* ZoEffectModel::getImage(const QString& path, const char* format)
 {
-    const QString name = QDir::toNativeSeparators(path);
-    if (QPixmap* known = m_images.value(name))
-        return known;
-
-    QPixmap image;
-    if (!hasPixmaps() || !imagefile::canBeLoaded(path, format) || !image.load(path, format)) {
-        logEvent(ModelEvent::ImageNotLoaded);
-        m_unreadableImage = QPixmap();
-        return &m_unreadableImage;
-    }
-    return *m_images.insert(name, new QPixmap(image));
+    return m_images->load(path, format);
 }
