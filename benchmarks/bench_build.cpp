@@ -2,6 +2,10 @@
 // SPDX-License-Identifier: MIT
 
 #include <memory>
+#include <utility>
+#include <vector>
+
+#include <zoeffectcatalogue.h>
 
 #include "peer_items.h"
 #include "rounds.h"
@@ -27,6 +31,39 @@ void buildLibrary(benchmark::State& state)
                          && model.data(QStringLiteral("audio_speed_factor"), QStringLiteral("Audio_Speed"), -1) == 100;
     if (!isWhole)
         state.SkipWithError(wrongTree);
+}
+
+/// The same table as a host has it that makes its own at run time: registered as long as this lives.
+class HeapTables {
+public:
+    HeapTables()
+    {
+        for (const EffectControlItem* type = effectTable(); type->name; ++type) {
+            m_types.push_back(*type);
+            std::vector<EffectDefaultVal> properties;
+            for (const EffectDefaultVal* entry = type->properties; entry && entry->key; ++entry)
+                properties.push_back(*entry);
+            properties.emplace_back();
+            m_properties.push_back(std::move(properties));
+            if (type->properties)
+                m_types.back().properties = m_properties.back().data();
+        }
+        m_types.emplace_back();
+        ZoEffectModel::InitEffectModel(m_types.data());
+    }
+    ~HeapTables() { ZoEffectModel::InitEffectModel(effectTable()); }
+    HeapTables(const HeapTables&) = delete;
+    HeapTables& operator=(const HeapTables&) = delete;
+
+private:
+    std::vector<EffectControlItem> m_types;
+    std::vector<std::vector<EffectDefaultVal>> m_properties;
+};
+
+void buildLibraryFromHeap(benchmark::State& state)
+{
+    const HeapTables tables;
+    buildLibrary(state);
 }
 
 void buildLimit(benchmark::State& state)
@@ -161,7 +198,7 @@ std::vector<Case> buildCases(int /*largest*/)
 #ifdef HAVE_OBS
     made.contestants.push_back({"OBS", buildObs});
 #endif
-    return {made};
+    return {made, {"the same, tables on the heap", {{"library", buildLibraryFromHeap}, {"limit", buildLimit}}, 0}};
 }
 
 std::vector<Case> insertCases(int largest)

@@ -132,28 +132,44 @@ Case caseOf(const std::string& name, const Scene& scene, int iterations)
     return made;
 }
 
-} // namespace
+struct Kind {
+    const char* name;
+    bool moves;
+    bool isShown;
+};
 
-std::vector<Case> watermarkCases(int /*largest*/)
+/// Each of \a kinds for 1, 4 and 16 watermarks in two frames.
+std::vector<Case> casesOf(const std::vector<Kind>& kinds)
 {
     struct Frame {
         QSize size;
         const char* name = nullptr;
-        int iterations = 0;
     };
-    static const Frame frames[] = {{QSize(1280, 720), "1280x720", 3}, {QSize(3840, 2160), "3840x2160", 3}};
+    static const Frame frames[] = {{QSize(1280, 720), "1280x720"}, {QSize(3840, 2160), "3840x2160"}};
+    constexpr int iterations = 3;
 
     std::vector<Case> cases;
     for (const Frame& frame : frames) {
         for (const int count : {1, 4, 16}) {
             const std::vector<Mark> marks = marksFor(count, frame.size);
             const std::string name = std::to_string(count) + " at " + frame.name;
-            cases.push_back(caseOf(name + ", unchanged", {marks, frame.size, false}, frame.iterations));
-            cases.push_back(caseOf(name + ", one moved", {marks, frame.size, true}, frame.iterations));
-            cases.push_back(caseOf(name + ", moved and shown", {marks, frame.size, true, true}, frame.iterations));
+            for (const Kind& kind : kinds)
+                cases.push_back(caseOf(name + kind.name, {marks, frame.size, kind.moves, kind.isShown}, iterations));
         }
     }
     return cases;
+}
+
+} // namespace
+
+std::vector<Case> againCases(int /*largest*/)
+{
+    return casesOf({{", unchanged", false, false}});
+}
+
+std::vector<Case> watermarkCases(int /*largest*/)
+{
+    return casesOf({{", one moved", true, false}, {", moved and shown", true, true}});
 }
 
 std::vector<Case> otherSizeCases(int /*largest*/)

@@ -46,10 +46,19 @@ std::vector<Case> insertCases(int largest);
 std::vector<Case> assignCases(int largest);
 std::vector<Case> customDefaultsCases(int largest);
 std::vector<Case> isDefaultCases(int largest);
+std::vector<Case> againCases(int largest);
 std::vector<Case> watermarkCases(int largest);
 std::vector<Case> otherSizeCases(int largest);
 std::vector<Case> placeCases(int largest);
 std::vector<Case> dragCases(int largest);
+std::vector<Case> typingCases(int largest);
+std::vector<Case> fontSizeCases(int largest);
+std::vector<Case> transparencyCases(int largest);
+std::vector<Case> logoSizeCases(int largest);
+std::vector<Case> editingCases(int largest);
+std::vector<Case> setInTurnCases(int largest);
+std::vector<Case> readInTurnCases(int largest);
+std::vector<Case> isDefaultInTurnCases(int largest);
 
 /// For contestants that tell the time of each iteration themselves.
 class StopWatch {

@@ -40,6 +40,23 @@ const SubEffectItem* frameEffects()
     return items.data();
 }
 
+bool hasDefaults(const bareqt::Node& node, const TypeTable& type)
+{
+    for (const Property& property : type.properties) {
+        const auto found = node.properties.constFind(property.key);
+        if (found == node.properties.cend() || found.value() != property.value)
+            return false;
+    }
+    if (static_cast<std::size_t>(node.children.size()) != type.items.size())
+        return false;
+    for (int i = 0; i < node.children.size(); ++i) {
+        const bareqt::Node* item = node.children.at(i);
+        if (item->name != type.items[static_cast<std::size_t>(i)] || item->checkState != Qt::Unchecked)
+            return false;
+    }
+    return true;
+}
+
 } // namespace
 
 const EffectControlItem* effectTable()
@@ -129,6 +146,22 @@ void addWatermarks(bareqt::Store& store, int count)
             item->properties.insert(property.key, property.value);
         type->children.append(item);
     }
+}
+
+bool isDefault(const ZoEffectModel& model)
+{
+    bool all = true;
+    for (const TypeTable& type : typeTables())
+        all = model.dataIsDefault(type.name) && all;
+    return all;
+}
+
+bool isDefault(const bareqt::Store& store)
+{
+    bool all = true;
+    for (const TypeTable& type : typeTables())
+        all = hasDefaults(*store.node(type.name, -1), type) && all;
+    return all;
 }
 
 Listener::Listener(const ZoEffectModel& model)

@@ -43,6 +43,10 @@ void fillWithDefaults(bareqt::Store& store);
 void addWatermarks(ZoEffectModel& model, int count);
 void addWatermarks(bareqt::Store& store, int count);
 
+/// Whether all types hold their defaults; every type is looked at.
+bool isDefault(const ZoEffectModel& model);
+bool isDefault(const bareqt::Store& store);
+
 /// Counts the notifications of a model or of a store.
 class Listener : public QObject {
     Q_OBJECT

@@ -34,10 +34,17 @@ constexpr Bounds bounds[] = {
     {"assign", 1.4, 1.0, "OBS", 0, "", 0},
     {"customdefaults", 1.4, 1.0, "OBS", 0, "", 0},
     {"isdefault", 1.3, 1.0, "OBS", 0, "", 0},
+    {"again", 1.25, 1.0, "Cairo", 0, "", 0},
     {"watermark", 1.1, 1.0, "Cairo", 0, "", 0},
     {"othersize", 1.8, 0, "", 0, "", 0},
     {"place", 0, 0, "", 100.0, "longest", 1e6},
     {"drag", 0, 0, "", 0, "p99", 8e6},
+    {"typing", 1.15, 0, "", 0, "", 0},
+    {"fontsize", 1.15, 0, "", 0, "", 0},
+    {"transparency", 1.15, 0, "", 0, "", 0},
+    {"logosize", 1.3, 0, "", 0, "", 0},
+    {"set50", 1.6, 0, "", 0, "", 0},
+    {"read50", 1.6, 0, "", 0, "", 0},
 };
 
 /// The pairs of numbers of items between which growth is told.
