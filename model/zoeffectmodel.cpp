@@ -75,6 +75,7 @@ ZoEffectModel& ZoEffectModel::operator=(const ZoEffectModel& other)
     m_root = other.m_root;
     m_editedByUser = other.m_editedByUser;
     m_secondFlag = other.m_secondFlag;
+    m_pictureOptions = other.m_pictureOptions;
     return *this;
 }
 

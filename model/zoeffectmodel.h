@@ -30,6 +30,16 @@ struct CropData {
     bool valid = false; ///< Whether the record holds a crop that applies; all zero if not.
 };
 
+/// How pictures of watermarks are painted; with nothing set as hosts have always had them.
+struct ZoPictureOptions {
+    /// Multiplies an image's own transparency with the watermark's, so that a round logo stays round. Otherwise the
+    /// watermark's replaces it, and what was transparent shows in the colour that the file has there, mostly black.
+    bool keepImageTransparency = false;
+    /// The resolution at which the points of text sizes become pixels, the same on every screen: 1 to 2400 dots an
+    /// inch. Any other number stands for the screen's.
+    int textDotsPerInch = 0;
+};
+
 // Where to find what, in the order of the class:
 //   construction, copies, edit flags   zoeffectmodel.cpp
 //   lookup, values, change bracket     zoeffectmodel_properties.cpp
@@ -86,8 +96,8 @@ public:
     /// Deletes the tree and the loaded images.
     ~ZoEffectModel() override;
 
-    /// Takes over the tree (video size included) and the edit flags of \a other; every node is new. The
-    /// rendered picture and the loaded images stay each model's own. Sends no signal.
+    /// Takes over the tree (video size included), the edit flags and the picture options of \a other; every node is
+    /// new. The rendered picture and the loaded images stay each model's own. Sends no signal.
     ZoEffectModel& operator=(const ZoEffectModel& other);
 
     /// The record of \a type in the table \a items, depth first through nested tables; null when there is none.
@@ -238,10 +248,20 @@ public:
     /// listeners render inside one another, only the first eight levels store sizes.
     /// An image that cannot be loaded is logged (1178) and left out.
     QPixmap getWatermark(int w, int h, bool honourIgnore);
-    /// The image at \a path, loaded once per path; \a format may be null. The pixmap stays the model's. On
-    /// failure, logged (1178), a null pixmap; the next call tries again. A picture of more than 128 MB (at
-    /// least 4 bytes a pixel), a file made to exhaust who opens it, or what is no regular file, is not loaded.
+    /// Sets how this model paints pictures from now on. Copied by assignment. Sends nothing.
+    void setPictureOptions(const ZoPictureOptions& options);
+    /// How pictures are painted.
+    ZoPictureOptions pictureOptions() const;
+    /// The image at \a path, loaded once per path; \a format may be null. The pixmap stays the model's, and as it is
+    /// until forgetImage() or forgetImages(). On failure, logged (1178), a null pixmap; the next call tries again. A
+    /// picture of more than 128 MB (at least 4 bytes a pixel), a file made to exhaust who opens it, or what is no
+    /// regular file, is not loaded.
     QPixmap* getImage(const QString& path, const char* format);
+    /// Forgets the image at \a path, for a file that has changed: the next picture loads it anew. The pointer that
+    /// getImage() has handed out for it becomes invalid. Sends nothing.
+    void forgetImage(const QString& path);
+    /// forgetImage() for all images of this model; all pointers of getImage() become invalid.
+    void forgetImages();
     /// @}
 
     /// \name Place of a new watermark
@@ -393,5 +413,6 @@ private:
     bool m_secondFlag = false; // Copied with the model; nothing sets it.
     QPixmap m_watermark;
     int m_renderings = 0; // Inside one another, by listeners.
+    ZoPictureOptions m_pictureOptions;
     std::shared_ptr<WatermarkImages> m_images;
 };

@@ -4,7 +4,9 @@
 #include "zoeffectmodel.h"
 
 #include <algorithm>
+#include <utility>
 
+#include <QImage>
 #include <QPainter>
 #include <QPointer>
 #include <QScopedValueRollback>
@@ -88,6 +90,20 @@ QSize paintText(QPainter& painter, const ZoEffectItemData& item, const QSize& fr
     return size;
 }
 
+/// Takes \a canvas over as an image with \a dotsPerInch; a null one, and \a canvas stays, for the screen's. A pixmap
+/// always has the screen's resolution.
+QImage takenWithResolution(QPixmap& canvas, int dotsPerInch)
+{
+    constexpr int largest = 2400;
+    constexpr double metersPerInch = 0.0254;
+    if (canvas.isNull() || dotsPerInch < 1 || dotsPerInch > largest)
+        return QImage();
+    QImage image = std::exchange(canvas, QPixmap()).toImage();
+    image.setDotsPerMeterX(qRound(dotsPerInch / metersPerInch));
+    image.setDotsPerMeterY(qRound(dotsPerInch / metersPerInch));
+    return image;
+}
+
 QVector<Watermark> childrenOf(const ZoEffectItemData& typeNode)
 {
     QVector<Watermark> children;
@@ -147,21 +163,23 @@ QPixmap ZoEffectModel::getWatermark(int w, int h, bool honourIgnore)
         return m_watermark;
 
     QPixmap canvas = transparentCanvas(baseSize());
+    QImage image = takenWithResolution(canvas, m_pictureOptions.textDotsPerInch);
     QPainter painter;
-    if (canvas.isNull() || !painter.begin(&canvas))
+    if (!painter.begin(image.isNull() ? static_cast<QPaintDevice*>(&canvas) : &image))
         return m_watermark;
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
 
     // Storing a measured size tells listeners, who may change the list. So the walk goes over the watermarks
     // that were there at its start, as far as they still are.
     bool painted = false;
+    const OwnAlpha ownAlpha = m_pictureOptions.keepImageTransparency ? OwnAlpha::Kept : OwnAlpha::Replaced;
     const QVector<Watermark> items = childrenOf(*typeNode);
     for (int i = static_cast<int>(items.size()) - 1; i >= 0; --i) { // The first item is painted last, on top.
         const Watermark& item = items.at(i);
         if (currentRow(*this, item, i) == -1 || item->checkState() != Qt::Checked)
             continue;
         if (!flag(*item, keys::wmIsText)) {
-            painted |= paintImage(painter, *m_images, *item, OwnAlpha::Replaced);
+            painted |= paintImage(painter, *m_images, *item, ownAlpha);
         } else if (!honourIgnore || !flag(*item, keys::wmIgnore)) {
             const QSize measured = paintText(painter, *item, baseSize());
             painted |= measured.isValid();
@@ -172,11 +190,31 @@ QPixmap ZoEffectModel::getWatermark(int w, int h, bool honourIgnore)
     painter.end();
 
     if (painted)
-        m_watermark = canvas;
+        m_watermark = image.isNull() ? canvas : QPixmap::fromImage(std::move(image));
     return m_watermark;
+}
+
+void ZoEffectModel::setPictureOptions(const ZoPictureOptions& options)
+{
+    m_pictureOptions = options;
+}
+
+ZoPictureOptions ZoEffectModel::pictureOptions() const
+{
+    return m_pictureOptions;
 }
 
 QPixmap* ZoEffectModel::getImage(const QString& path, const char* format)
 {
     return m_images->load(path, format);
+}
+
+void ZoEffectModel::forgetImage(const QString& path)
+{
+    m_images->forget(path);
+}
+
+void ZoEffectModel::forgetImages()
+{
+    m_images->forgetAll();
 }
