@@ -206,7 +206,7 @@ def refused_numbers(schemas, output):
         found = message.match(text)
         if not found:
             continue
-        name = os.path.relpath(found[1], TREE)
+        name = os.path.relpath(os.path.join(BUILD, found[1]), TREE)  # ccache may make paths relative.
         place = (int(found[2]), int(found[3]))
         if found[4] == "error":
             refused |= current
