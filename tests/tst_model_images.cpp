@@ -379,7 +379,7 @@ private slots:
     }
 
 private:
-    const PictureFolder m_pictures;
+    const PictureFolder m_pictures{}; // clang++ asks for the braces.
 };
 
 ZOEFFECT_TEST_MAIN(TstModelImages)

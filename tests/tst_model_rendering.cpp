@@ -963,7 +963,7 @@ private slots:
     }
 
 private:
-    const PictureFolder m_pictures;
+    const PictureFolder m_pictures{}; // clang++ asks for the braces.
     QScopedPointer<ZoEffectItemData> m_takenOut; // By a listener.
 };
 
