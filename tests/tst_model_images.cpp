@@ -379,7 +379,7 @@ private slots:
     }
 
 private:
-    const PictureFolder m_pictures{}; // clang++ asks for the braces.
+    const PictureFolder m_pictures{};
 };
 
 ZOEFFECT_TEST_MAIN(TstModelImages)

@@ -963,7 +963,7 @@ private slots:
     }
 
 private:
-    const PictureFolder m_pictures{}; // clang++ asks for the braces.
+    const PictureFolder m_pictures{};
     QScopedPointer<ZoEffectItemData> m_takenOut; // By a listener.
 };
 
