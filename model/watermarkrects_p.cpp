@@ -4,8 +4,9 @@
 #include "watermarkrects_p.h"
 
 #include "effectnames_p.h"
-#include "qtcompat_p.h"
-#include "zoeffectitemdata.h"
+#include "nodevalues_p.h"
+
+using nodevalues::number;
 
 QVector<placement::OccupiedRect> placement::shownBeside(const ZoEffectItemData& item)
 {
@@ -17,10 +18,9 @@ QVector<placement::OccupiedRect> placement::shownBeside(const ZoEffectItemData& 
         const ZoEffectItemData* other = typeNode->child(row);
         if (!other || other == &item || other->checkState() != Qt::Checked)
             continue;
-        const auto number = [other](const QString& key) { return qtcompat::toInt(other->data(key)); };
-        rectangles.append(placement::OccupiedRect::ofWatermark(number(keys::wmHPosition), number(keys::wmVPosition),
-                                                               number(keys::wmImageWidth),
-                                                               number(keys::wmImageHeight)));
+        rectangles.append(placement::OccupiedRect::ofWatermark(
+            number(*other, keys::wmHPosition), number(*other, keys::wmVPosition), number(*other, keys::wmImageWidth),
+            number(*other, keys::wmImageHeight)));
     }
     return rectangles;
 }

@@ -5,11 +5,16 @@
 
 #include "effectnames_p.h"
 #include "modelevents_p.h"
+#include "nodevalues_p.h"
 #include "qtcompat_p.h"
 #include "scaling_p.h"
 #include "treecheck_p.h"
 #include "watermarkrects_p.h"
 #include "zoeffectitemdefaultvalmgr.h"
+
+using nodevalues::flag;
+using nodevalues::number;
+using nodevalues::storeIfGiven;
 
 namespace {
 
@@ -18,16 +23,6 @@ using Properties = QMap<QString, QVariant>;
 ZoEffectItemDefaultValMgr& store()
 {
     return *ZoEffectItemDefaultValMgr::getInstance();
-}
-
-int number(const ZoEffectItemData& item, const QString& key)
-{
-    return qtcompat::toInt(item.data(key));
-}
-
-bool flag(const ZoEffectItemData& item, const QString& key)
-{
-    return qtcompat::toBool(item.data(key));
 }
 
 void copyValues(Properties& values, const ZoEffectItemData& item, std::initializer_list<QString> wanted)
@@ -114,13 +109,6 @@ void storeAll(ZoEffectItemData& item, const Properties& values)
         item.setData(it.key(), it.value());
 }
 
-void storeIfSaved(ZoEffectItemData& item, const Properties& saved, const QString& key)
-{
-    const auto found = saved.constFind(key);
-    if (found != saved.cend())
-        item.setData(key, found.value());
-}
-
 /// Whether the saved position \a place may be taken although other watermarks may stand there.
 bool takesSavedPlace(const ZoEffectItemData& item, const QPoint& place)
 {
@@ -137,7 +125,7 @@ void applyToWatermark(ZoEffectItemData& item, const Properties& saved, const QSi
         style.remove(keys::wmVPosFactor);
         storeAll(item, style);
     } else {
-        storeIfSaved(item, saved, keys::wmTransparency);
+        storeIfGiven(item, saved, keys::wmTransparency);
     }
 
     if (!hasFactors)
@@ -193,7 +181,7 @@ void ZoEffectModel::getCustomDefaultVal(ZoEffectItemData* item, const QString& t
         if (flag(*item, keys::subFromFile))
             storeAll(*item, saved);
         else
-            storeIfSaved(*item, saved, keys::subTransparency);
+            storeIfGiven(*item, saved, keys::subTransparency);
     } else {
         m_root.setData(keys::editByDefault, true);
         storeAll(*item, saved);

@@ -8,10 +8,15 @@
 #include "catalogue_p.h"
 #include "effectnames_p.h"
 #include "modelevents_p.h"
+#include "nodevalues_p.h"
 #include "qtcompat_p.h"
 #include "subitemcheck_p.h"
 #include "zoeffectcatalogue.h"
 #include "zoeffectitemdefaultvalmgr.h"
+
+using nodevalues::flag;
+using nodevalues::number;
+using nodevalues::text;
 
 namespace {
 
@@ -45,7 +50,7 @@ bool holdsDefaults(const ZoEffectItemData& node, const QString& type, const Effe
 bool isAtFactor(const ZoEffectItemData& item, const QString& positionKey, const QString& factorKey, int baseLength)
 {
     const double place = qtcompat::toDouble(ZoEffectModel::defaultValue(factorKey, types::watermark)) * baseLength;
-    return place == qtcompat::toInt(item.data(positionKey));
+    return place == number(item, positionKey);
 }
 
 /// Whether one of the selected items of \a typeNode asks for processing.
@@ -60,14 +65,9 @@ bool hasSelectedItem(const ZoEffectItemData& typeNode, Asks asks)
     return false;
 }
 
-bool hasTrue(const ZoEffectItemData& node, const QString& key)
-{
-    return qtcompat::toBool(node.data(key));
-}
-
 bool isShownWatermark(const ZoEffectItemData& item)
 {
-    return !hasTrue(item, keys::wmIsText) || !qtcompat::toText(item.data(keys::wmTextContent)).isEmpty();
+    return !flag(item, keys::wmIsText) || !text(item, keys::wmTextContent).isEmpty();
 }
 
 bool changesColor(const ZoEffectItemData& typeNode)
@@ -78,7 +78,7 @@ bool changesColor(const ZoEffectItemData& typeNode)
     };
     static const Neutral neutral[] = {{keys::bcsBrightness, 0}, {keys::bcsContrast, 0}, {keys::bcsSaturation, 0}};
     for (const Neutral& setting : neutral) {
-        if (qtcompat::toInt(typeNode.data(setting.key)) != setting.value)
+        if (number(typeNode, setting.key) != setting.value)
             return true;
     }
     return false;
@@ -90,9 +90,9 @@ bool changesSound(const ZoEffectItemData& typeNode)
     // Deliberate: 10, though the catalogue starts at 100, so that an untouched speed counts as an effect.
     constexpr int neutralSpeed = 10;
     if (typeNode.name() == types::audioSpeed)
-        return qtcompat::toInt(typeNode.data(keys::audioSpeedFactor)) != neutralSpeed;
+        return number(typeNode, keys::audioSpeedFactor) != neutralSpeed;
     if (typeNode.name() == types::audioFadeInOut)
-        return hasTrue(typeNode, keys::audioFadeInEnable) || hasTrue(typeNode, keys::audioFadeOutEnable);
+        return flag(typeNode, keys::audioFadeInEnable) || flag(typeNode, keys::audioFadeOutEnable);
     return true;
 }
 
@@ -122,9 +122,9 @@ bool asksForProcessing(const ZoEffectModel& model, const ZoEffectItemData& typeN
     if (type == types::watermark)
         return hasSelectedItem(typeNode, isShownWatermark);
     if (type == types::audio)
-        return hasSelectedItem(typeNode, [](const auto& track) { return hasTrue(track, keys::audioIsFile); });
+        return hasSelectedItem(typeNode, [](const auto& track) { return flag(track, keys::audioIsFile); });
     if (type == types::subtitle)
-        return hasSelectedItem(typeNode, [](const auto& track) { return hasTrue(track, keys::subFromFile); });
+        return hasSelectedItem(typeNode, [](const auto& track) { return flag(track, keys::subFromFile); });
     logEvent(ModelEvent::UnknownSelectedType);
     return false;
 }
@@ -173,7 +173,7 @@ bool ZoEffectModel::hasRealEffect() const
             continue;
         if (forAudioEffect) {
             // The first flagged audio effect decides, whatever follows it.
-            if (hasTrue(*typeNode, keys::audioEffectFlag))
+            if (flag(*typeNode, keys::audioEffectFlag))
                 return changesSound(*typeNode);
         } else if (typeNode->checkState() == Qt::Checked && asksForProcessing(*this, *typeNode)) {
             return true;

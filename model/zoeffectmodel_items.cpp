@@ -11,10 +11,15 @@
 #include "catalogue_p.h"
 #include "effectnames_p.h"
 #include "modelevents_p.h"
+#include "nodevalues_p.h"
 #include "qtcompat_p.h"
 #include "scaling_p.h"
 #include "treecheck_p.h"
 #include "zoeffectcatalogue.h"
+
+using nodevalues::flag;
+using nodevalues::number;
+using nodevalues::storeIfGiven;
 
 namespace {
 
@@ -33,13 +38,6 @@ void storeDefaultsOfNewItem(ZoEffectItemData& item, const QString& type)
         if (!isPositionFactor(key))
             item.setData(key, entry->defaultValue);
     }
-}
-
-void storeIfGiven(ZoEffectItemData& item, const Properties& props, const QString& key)
-{
-    const auto found = props.constFind(key);
-    if (found != props.cend())
-        item.setData(key, found.value());
 }
 
 /// Lays the custom default over \a item; a watermark without one is placed by the factors of the catalogue.
@@ -61,7 +59,7 @@ void applyCustomDefaultOrFactors(ZoEffectModel& model, ZoEffectItemData& item, c
 /// height in \a props to \a height. Answers the number of style keys that such a track takes.
 int spreadStyle(ZoEffectItemData& item, const Properties& props, int height)
 {
-    const bool fromFile = qtcompat::toBool(item.data(keys::subFromFile));
+    const bool fromFile = flag(item, keys::subFromFile);
     const char* const* styleKeys = fromFile ? keysforfromFile : keysforDVD;
     const auto keyCount = static_cast<int>(fromFile ? std::size(keysforfromFile) : std::size(keysforDVD));
     const int oldHeight = qtcompat::toInt(props.value(keys::baseHeight));
@@ -89,7 +87,7 @@ void resetTracks(ZoEffectItemData& typeNode, const QString& fileFlag)
         const ZoEffectItemData* track = typeNode.child(row);
         if (!track)
             continue;
-        if (!qtcompat::toBool(track->data(fileFlag)))
+        if (!flag(*track, fileFlag))
             break;
         typeNode.removeChildren(row, 1);
     }
@@ -236,9 +234,8 @@ void ZoEffectModel::replaceData(const QString& type, int pos, const ZoEffectItem
     const QString ownType = type;
     const ZoEffectItemData* srcParent = type == types::watermark ? src->parent() : nullptr;
     const bool rescales = srcParent && srcParent->name() == types::root;
-    const QSize srcSize = rescales ? QSize(qtcompat::toInt(srcParent->data(keys::baseWidth)),
-                                           qtcompat::toInt(srcParent->data(keys::baseHeight)))
-                                   : QSize();
+    const QSize srcSize =
+        rescales ? QSize(number(*srcParent, keys::baseWidth), number(*srcParent, keys::baseHeight)) : QSize();
     target->assign(*src);
     if (rescales) {
         const QSize base = baseSize();

@@ -14,10 +14,15 @@
 
 #include "canvas_p.h"
 #include "effectnames_p.h"
+#include "nodevalues_p.h"
 #include "qtcompat_p.h"
 #include "treecheck_p.h"
 #include "watermarkimages_p.h"
 #include "watermarkstyle_p.h"
+
+using nodevalues::flag;
+using nodevalues::number;
+using nodevalues::text;
 
 namespace {
 
@@ -29,21 +34,6 @@ constexpr int drawFlags = Qt::AlignLeft | Qt::AlignVCenter;
 constexpr int deepestStoringRendering = 8;
 
 using Watermark = QPointer<ZoEffectItemData>;
-
-int number(const ZoEffectItemData& item, const QString& key)
-{
-    return qtcompat::toInt(item.data(key));
-}
-
-bool flag(const ZoEffectItemData& item, const QString& key)
-{
-    return qtcompat::toBool(item.data(key));
-}
-
-QString text(const ZoEffectItemData& item, const QString& key)
-{
-    return qtcompat::toText(item.data(key));
-}
 
 int alphaOf(const ZoEffectItemData& item)
 {
