@@ -95,7 +95,19 @@ bool says(const char* utf8, const QString& text)
 
 const EffectControlItem* record(const QString& type)
 {
-    return ZoEffectModel::findOriItem(type, ZoEffectModel::s_EffectItems);
+    return record(type, ZoEffectModel::s_EffectItems);
+}
+
+// NOLINTNEXTLINE(misc-no-recursion): as deep as the host nests its tables.
+const EffectControlItem* record(const QString& type, const EffectControlItem* items)
+{
+    for (const EffectControlItem* entry = items; entry && entry->name; ++entry) {
+        if (says(entry->name, type))
+            return entry;
+        if (const EffectControlItem* nested = record(type, entry->children))
+            return nested;
+    }
+    return nullptr;
 }
 
 const EffectDefaultVal* property(const EffectDefaultVal* properties, const QString& key)

@@ -27,6 +27,9 @@ bool says(const char* utf8, const QString& text);
 /// The registered record of \a type, or null.
 const EffectControlItem* record(const QString& type);
 
+/// The record of \a type in \a items (null for none), depth first through nested tables, or null.
+const EffectControlItem* record(const QString& type, const EffectControlItem* items);
+
 /// The first property of \a properties (null for none) under \a key, or null.
 const EffectDefaultVal* property(const EffectDefaultVal* properties, const QString& key);
 

@@ -96,8 +96,8 @@ inline const QString bcsBrightness = QStringLiteral("bcs_brightness");
 inline const QString bcsContrast = QStringLiteral("bcs_contrast");
 inline const QString bcsSaturation = QStringLiteral("bcs_saturation");
 
-// Frame effects
-inline const QString frameEffects = QStringLiteral("Effect");
+// Frame effects: their summary stands under the name of the type
+inline const QString& frameEffects = types::effect;
 
 // What the four-argument effectDataChanged carries as its key when the list of a type changes
 inline const QString itemAdd = QStringLiteral("item_add");

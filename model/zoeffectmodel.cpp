@@ -74,23 +74,13 @@ ZoEffectModel& ZoEffectModel::operator=(const ZoEffectModel& other)
         return *this;
     m_root = other.m_root;
     m_editedByUser = other.m_editedByUser;
-    m_secondFlag = other.m_secondFlag;
     m_pictureOptions = other.m_pictureOptions;
     return *this;
 }
 
-// NOLINTNEXTLINE(misc-no-recursion): as deep as the host nests its tables.
 const EffectControlItem* ZoEffectModel::findOriItem(const QString& type, const EffectControlItem* items)
 {
-    for (const EffectControlItem* record = items; record && record->name; ++record) {
-        if (catalogue::says(record->name, type))
-            return record;
-        if (!record->children)
-            continue;
-        if (const EffectControlItem* nested = findOriItem(type, record->children))
-            return nested;
-    }
-    return nullptr;
+    return catalogue::record(type, items);
 }
 
 void ZoEffectModel::createItems(const QStringList& types)

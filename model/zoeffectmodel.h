@@ -410,7 +410,6 @@ private:
 
     ZoEffectItemData m_root;
     bool m_editedByUser = false;
-    bool m_secondFlag = false; // Copied with the model; nothing sets it.
     QPixmap m_watermark;
     int m_renderings = 0; // Inside one another, by listeners.
     ZoPictureOptions m_pictureOptions;
