@@ -6,6 +6,8 @@
 #include <QColor>
 #include <QGuiApplication>
 
+namespace canvas {
+
 namespace {
 
 constexpr int largestSide = 32767;
@@ -34,3 +36,5 @@ QPixmap transparentCanvas(const QSize& size)
     canvas.fill(QColor(0, 0, 0, 0));
     return canvas;
 }
+
+} // namespace canvas

@@ -6,6 +6,8 @@
 #include <QPixmap>
 #include <QSize>
 
+namespace canvas {
+
 /// Pixmaps exist in applications with a graphical side only.
 bool hasPixmaps();
 
@@ -13,3 +15,5 @@ bool hasPixmaps();
 /// than 2^28 pixels (1 GiB), and in applications without a graphical side. QPixmap itself tells none of that; nor does
 /// it tell that there is no memory, which a painter finds out.
 QPixmap transparentCanvas(const QSize& size);
+
+} // namespace canvas

@@ -9,7 +9,9 @@
 #include "logcategory_p.h"
 #include "writelog.h"
 
-void logEvent(ModelEvent event)
+namespace modelevents {
+
+void log(ModelEvent event)
 {
     const int number = static_cast<int>(event);
     // The C locale: others have digits of their own.
@@ -19,3 +21,5 @@ void logEvent(ModelEvent event)
     WriteLog(QString());
     qCDebug(zoeffectCategory, "%d: %s", number, inWords(number));
 }
+
+} // namespace modelevents

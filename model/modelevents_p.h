@@ -33,6 +33,8 @@ enum class ModelEvent {
     UnknownSelectedType = 2399,
 };
 
+namespace modelevents {
+
 /// What happened, in the words of the guide's tenth chapter; null for a number that is no event's.
 constexpr const char* inWords(int number)
 {
@@ -98,4 +100,6 @@ constexpr const char* inWords(int number)
 
 /// Writes the two log lines of an event: where and when, then an empty one. Says the event in words, too, where
 /// the logging category is on at debug level.
-void logEvent(ModelEvent event);
+void log(ModelEvent event);
+
+} // namespace modelevents

@@ -99,7 +99,7 @@ QPixmap* WatermarkImages::load(const QString& path, const char* format)
 
     const QPixmap image = decoded(path, format);
     if (image.isNull()) {
-        logEvent(ModelEvent::ImageNotLoaded);
+        modelevents::log(ModelEvent::ImageNotLoaded);
         m_unreadable = QPixmap();
         return &m_unreadable;
     }
@@ -116,7 +116,7 @@ QPixmap WatermarkImages::decoded(const QString& path, const char* format)
     if (known && file.isFile() && known->modified == modified && known->size == file.size() && known->format == format)
         return known->image;
 
-    if (!hasPixmaps() || !imagefile::canBeLoaded(path, format))
+    if (!canvas::hasPixmaps() || !imagefile::canBeLoaded(path, format))
         return QPixmap();
     const QPixmap image = QPixmap::fromImage(QImageReader(path, format).read());
     if (!image.isNull() && file.isFile())

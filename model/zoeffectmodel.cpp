@@ -19,7 +19,7 @@ void ZoEffectModel::InitEffectModel(const EffectControlItem* items)
 {
     s_EffectItems = items;
     if (!items) {
-        logEvent(ModelEvent::NullCatalogue);
+        modelevents::log(ModelEvent::NullCatalogue);
         return;
     }
 
@@ -116,7 +116,7 @@ void ZoEffectModel::InitSubItemData(ZoEffectItemData* item, const SubEffectItem*
 {
     const TreeCheck check(m_root);
     if (!subItems || !item) {
-        logEvent(ModelEvent::NullForSubItems);
+        modelevents::log(ModelEvent::NullForSubItems);
         return;
     }
     for (const SubEffectItem* record = subItems; record->name; ++record) {

@@ -75,7 +75,7 @@ Properties settingsToSave(const ZoEffectModel& model, const QString& type, int i
         if (index == -1)
             return {};
         if (!typeNode) {
-            logEvent(ModelEvent::NoWatermarkTypeToSave);
+            modelevents::log(ModelEvent::NoWatermarkTypeToSave);
             return {};
         }
         const ZoEffectItemData* item = typeNode->child(index);
@@ -83,7 +83,7 @@ Properties settingsToSave(const ZoEffectModel& model, const QString& type, int i
     }
     if (type == types::color) {
         if (!typeNode) {
-            logEvent(ModelEvent::NoColorTypeToSave);
+            modelevents::log(ModelEvent::NoColorTypeToSave);
             return {};
         }
         Properties values; // Deliberate: what was saved earlier does not stay, unlike for the other types.
@@ -95,7 +95,7 @@ Properties settingsToSave(const ZoEffectModel& model, const QString& type, int i
             return {};
         const ZoEffectItemData* item = typeNode->child(index);
         if (!item) {
-            logEvent(ModelEvent::NoSubtitleItemToSave);
+            modelevents::log(ModelEvent::NoSubtitleItemToSave);
             return {};
         }
         return subtitleSettings(*item, model.baseSize());
@@ -168,7 +168,7 @@ void ZoEffectModel::getCustomDefaultVal(ZoEffectItemData* item, const QString& t
 {
     const TreeCheck check(m_root);
     if (!item) {
-        logEvent(ModelEvent::NullItemForCustomDefault);
+        modelevents::log(ModelEvent::NullItemForCustomDefault);
         return;
     }
     const Properties saved = store().getCustomDefaultVal(type);

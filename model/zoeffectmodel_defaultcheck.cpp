@@ -125,7 +125,7 @@ bool asksForProcessing(const ZoEffectModel& model, const ZoEffectItemData& typeN
         return hasSelectedItem(typeNode, [](const auto& track) { return flag(track, keys::audioIsFile); });
     if (type == types::subtitle)
         return hasSelectedItem(typeNode, [](const auto& track) { return flag(track, keys::subFromFile); });
-    logEvent(ModelEvent::UnknownSelectedType);
+    modelevents::log(ModelEvent::UnknownSelectedType);
     return false;
 }
 
@@ -151,7 +151,7 @@ bool ZoEffectModel::dataIsDefault(const QString& type) const
 {
     const EffectControlItem* record = catalogue::record(type);
     if (!record) {
-        logEvent(ModelEvent::NoCatalogueRecordToCompare);
+        modelevents::log(ModelEvent::NoCatalogueRecordToCompare);
         return true;
     }
     const ZoEffectItemData* typeNode = findDataItem(type, -1);

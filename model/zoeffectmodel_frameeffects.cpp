@@ -88,7 +88,7 @@ QMap<QString, QVariant> ZoEffectModel::getCurrentFrameEffects() const
 {
     const ZoEffectItemData* typeNode = getDataItem(types::effect, -1);
     if (!typeNode) {
-        logEvent(ModelEvent::NoFrameEffectType);
+        modelevents::log(ModelEvent::NoFrameEffectType);
         return {};
     }
     QVector<frameeffects::State> states;
@@ -97,7 +97,7 @@ QMap<QString, QVariant> ZoEffectModel::getCurrentFrameEffects() const
         if (item)
             states.append({item->name(), item->checkState() == Qt::Checked});
         else
-            logEvent(ModelEvent::NullFrameEffect);
+            modelevents::log(ModelEvent::NullFrameEffect);
     }
     return {{keys::frameEffects, frameeffects::summary(states)}};
 }

@@ -113,7 +113,7 @@ bool ZoEffectModel::insertDataItem(const QString& type, const QMap<QString, QVar
     const int index = pos == -1 ? typeNode->childCount() : pos;
     auto* item = new (std::nothrow) ZoEffectItemData(QString(), typeNode, index);
     if (!item) {
-        logEvent(ModelEvent::ItemNotCreated);
+        modelevents::log(ModelEvent::ItemNotCreated);
         return false;
     }
 
@@ -161,12 +161,12 @@ bool ZoEffectModel::delDataItem(const QString& type, int pos)
     const TreeCheck check(m_root);
     ZoEffectItemData* item = findDataItem(&m_root, type, pos);
     if (!item) {
-        logEvent(ModelEvent::NoSuchItemToDelete);
+        modelevents::log(ModelEvent::NoSuchItemToDelete);
         return false;
     }
     ZoEffectItemData* parent = item->parent();
     if (!parent) {
-        logEvent(ModelEvent::DeletedItemWithoutParent);
+        modelevents::log(ModelEvent::DeletedItemWithoutParent);
         return false;
     }
     if (parent->takeAt(pos) != item)
@@ -182,7 +182,7 @@ bool ZoEffectModel::changeDataItemPos(const QString& type, int to, int from)
     const TreeCheck check(m_root);
     ZoEffectItemData* typeNode = findDataItem(&m_root, type);
     if (!typeNode) {
-        logEvent(ModelEvent::NoSuchTypeToMoveIn);
+        modelevents::log(ModelEvent::NoSuchTypeToMoveIn);
         return false;
     }
     const bool moved = typeNode->changeItemPos(to, from);
@@ -197,12 +197,12 @@ bool ZoEffectModel::replaceData(const QString& type, int pos, const QMap<QString
     const TreeCheck check(m_root);
     const ZoEffectItemData* typeNode = findDataItem(type, -1);
     if (!typeNode) {
-        logEvent(ModelEvent::NoSuchTypeToReplaceIn);
+        modelevents::log(ModelEvent::NoSuchTypeToReplaceIn);
         return false;
     }
     ZoEffectItemData* item = typeNode->child(pos);
     if (!item) {
-        logEvent(ModelEvent::NoSuchItemToReplace);
+        modelevents::log(ModelEvent::NoSuchItemToReplace);
         return false;
     }
 
@@ -221,12 +221,12 @@ void ZoEffectModel::replaceData(const QString& type, int pos, const ZoEffectItem
 {
     const TreeCheck check(m_root);
     if (!src) {
-        logEvent(ModelEvent::NullReplaceSource);
+        modelevents::log(ModelEvent::NullReplaceSource);
         return;
     }
     ZoEffectItemData* target = findDataItem(type, pos);
     if (!target || target == src) {
-        logEvent(ModelEvent::ReplaceTargetMissingOrSource);
+        modelevents::log(ModelEvent::ReplaceTargetMissingOrSource);
         return;
     }
 
@@ -284,7 +284,7 @@ bool ZoEffectModel::resetDataItem(const QString& type, int pos)
     const TreeCheck check(m_root);
     ZoEffectItemData* typeNode = findDataItem(type, -1);
     if (!typeNode) {
-        logEvent(ModelEvent::NoSuchTypeToReset);
+        modelevents::log(ModelEvent::NoSuchTypeToReset);
         return false;
     }
     const QString ownType = type; // type may lie in what is deleted.

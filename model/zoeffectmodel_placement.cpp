@@ -13,7 +13,7 @@ void ZoEffectModel::adjustWatermarkPos(ZoEffectItemData* item)
 {
     const TreeCheck check(m_root);
     if (!item) {
-        logEvent(ModelEvent::NullWatermarkToPlace);
+        modelevents::log(ModelEvent::NullWatermarkToPlace);
         return;
     }
     const ZoEffectItemData* typeNode = item->parent();

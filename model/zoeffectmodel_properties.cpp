@@ -23,7 +23,7 @@ ZoEffectItemData* nodeAt(ZoEffectItemData* typeNode, int pos)
 ZoEffectItemData* ZoEffectModel::findDataItem(const ZoEffectItemData* start, const QString& type) const
 {
     if (!start) {
-        logEvent(ModelEvent::LookupFromNull);
+        modelevents::log(ModelEvent::LookupFromNull);
         return nullptr;
     }
 
@@ -33,7 +33,7 @@ ZoEffectItemData* ZoEffectModel::findDataItem(const ZoEffectItemData* start, con
 ZoEffectItemData* ZoEffectModel::findDataItem(const ZoEffectItemData* start, const QString& type, int pos) const
 {
     if (!start) {
-        logEvent(ModelEvent::LookupFromNullWithPosition);
+        modelevents::log(ModelEvent::LookupFromNullWithPosition);
         return nullptr;
     }
     return nodeAt(findDataItem(start, type), pos);
@@ -53,7 +53,7 @@ int ZoEffectModel::childCount(const QString& type) const
 {
     const ZoEffectItemData* node = findDataItem(type, -1);
     if (!node) {
-        logEvent(ModelEvent::NoSuchTypeToCount);
+        modelevents::log(ModelEvent::NoSuchTypeToCount);
         return 0;
     }
     return node->childCount();
@@ -82,7 +82,7 @@ bool ZoEffectModel::setData(const QString& key, const QVariant& value, const QSt
     const TreeCheck check(m_root);
     ZoEffectItemData* node = findDataItem(type, pos);
     if (!node) {
-        logEvent(ModelEvent::NoSuchNodeToSet);
+        modelevents::log(ModelEvent::NoSuchNodeToSet);
         return false;
     }
 

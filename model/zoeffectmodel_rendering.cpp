@@ -152,7 +152,7 @@ QPixmap ZoEffectModel::getWatermark(int w, int h, bool honourIgnore)
     if (!typeNode || typeNode->checkState() != Qt::Checked || typeNode->childCount() == 0)
         return m_watermark;
 
-    QPixmap canvas = transparentCanvas(baseSize());
+    QPixmap canvas = canvas::transparentCanvas(baseSize());
     QImage image = takenWithResolution(canvas, m_pictureOptions.textDotsPerInch);
     QPainter painter;
     if (!painter.begin(image.isNull() ? static_cast<QPaintDevice*>(&canvas) : &image))

@@ -35,7 +35,7 @@ private slots:
     void sizes()
     {
         const auto [size, canBeHad] = row<QSize, bool>();
-        const QPixmap canvas = transparentCanvas(size);
+        const QPixmap canvas = canvas::transparentCanvas(size);
         QCOMPARE(!canvas.isNull(), canBeHad);
         QCOMPARE(canvas.size(), canBeHad ? size : QSize(0, 0));
     }
@@ -44,7 +44,7 @@ private slots:
     {
         QImage expected(67, 13, QImage::Format_ARGB32_Premultiplied);
         expected.fill(QColor(0, 0, 0, 0));
-        QPixmap canvas = transparentCanvas(expected.size());
+        QPixmap canvas = canvas::transparentCanvas(expected.size());
         QVERIFY(canvas.hasAlpha());
         QCOMPARE(canvas.toImage(), expected);
 
@@ -54,7 +54,8 @@ private slots:
         expected.setPixel(1, 0, qRgba(255, 0, 0, 255));
         expected.setPixel(2, 0, qRgba(255, 0, 0, 255));
         QCOMPARE(canvas.toImage(), expected);
-        QCOMPARE(transparentCanvas(expected.size()).toImage().pixel(1, 0), qRgba(0, 0, 0, 0)); // They share nothing.
+        QCOMPARE(canvas::transparentCanvas(expected.size()).toImage().pixel(1, 0),
+                 qRgba(0, 0, 0, 0)); // They share nothing.
 
         QImage picture = canvas.toImage();
         canvas = QPixmap(); // The picture outlives it.
@@ -78,7 +79,7 @@ int main(int argc, char** argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     if (argc == 2 && qstrcmp(argv[1], "--core") == 0) {
         const QCoreApplication application(argc, argv);
-        return transparentCanvas(QSize(10, 10)).isNull() ? 0 : 1;
+        return canvas::transparentCanvas(QSize(10, 10)).isNull() ? 0 : 1;
     }
     QGuiApplication application(argc, argv);
     TstCanvas test;

@@ -28,7 +28,8 @@ void TstModelEvents::guideHasTheSameWords()
         if (!match.hasMatch())
             continue;
         ++rows;
-        QCOMPARE(QString::fromUtf8(inWords(match.captured(1).toInt())), match.captured(2).remove(QLatin1Char('`')));
+        QCOMPARE(QString::fromUtf8(modelevents::inWords(match.captured(1).toInt())),
+                 match.captured(2).remove(QLatin1Char('`')));
     }
     QCOMPARE(rows, 25); // The test of the guide holds that these are all numbers, each once.
 }
@@ -36,7 +37,7 @@ void TstModelEvents::guideHasTheSameWords()
 void TstModelEvents::otherNumbersHaveNoWords()
 {
     for (const int number : {-1, 0, 24, 26, 2398, 2400})
-        QVERIFY(!inWords(number));
+        QVERIFY(!modelevents::inWords(number));
 }
 
 QTEST_GUILESS_MAIN(TstModelEvents)
