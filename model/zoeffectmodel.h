@@ -253,9 +253,9 @@ public:
     /// How pictures are painted.
     ZoPictureOptions pictureOptions() const;
     /// The image at \a path, loaded once per path; \a format may be null. The pixmap stays the model's, and as it is
-    /// until forgetImage() or forgetImages(). On failure, logged (1178), a null pixmap; the next call tries again. A
-    /// picture of more than 128 MB (at least 4 bytes a pixel), a file made to exhaust who opens it, or what is no
-    /// regular file, is not loaded.
+    /// until forgetImage() or forgetImages(). On failure, logged (1178), a null pixmap; the next call tries again.
+    /// Not loaded are pictures of more than 128 MB (at least 4 bytes a pixel), files that would cost far more memory or
+    /// time than their picture needs, and what is no regular file.
     QPixmap* getImage(const QString& path, const char* format);
     /// Forgets the image at \a path, for a file that has changed: the next picture loads it anew. The pointer that
     /// getImage() has handed out for it becomes invalid. Sends nothing.
