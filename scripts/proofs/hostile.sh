@@ -15,7 +15,7 @@ Runs the tests of tests/hostile in their long forms, with both Qts, or one:
   values    every hostile value under every key, through every operation (./test takes a thirteenth of the keys)
   results   what operations make of hostile values, literally
   trees     a million items, a million levels, 10,000 frame effects, names that mean something elsewhere
-  images    5,000 damaged pictures (./test: some 500), and those made to exhaust who opens them
+  images    5,000 damaged pictures (./test: some 500), and those that claim more than they hold
   painting  texts, fonts, images and frames that are hard to paint
 
 Without WHAT all of these: some ten minutes the first time. The builds are those of ./test. The last line is

@@ -297,7 +297,7 @@ int loadAndTell(const QString& path)
 
 Q_DECLARE_METATYPE(Damage)
 
-/// Pictures that are damaged, or made to exhaust who opens them.
+/// Pictures that are damaged, or claim more than they hold.
 class TstHostileImages : public QObject {
     Q_OBJECT
 

@@ -359,7 +359,6 @@ void TstHostileTrees::manyWatermarksArePlaced()
     constexpr int count = 500;
     ZoEffectModel model;
     model.setVideoSize(30 * (count + 20), 30 * (count + 20));
-    const hostile::Stopwatch stopwatch;
     for (int i = 0; i < count; ++i)
         QVERIFY(model.addDataItem("Watermark", {{"wm_hposition", 0}, {"wm_vposition", 0}}));
     // Each one goes two steps further: a rectangle of 30 columns that is grown on all sides blocks its own place and,
@@ -367,7 +366,6 @@ void TstHostileTrees::manyWatermarksArePlaced()
     QCOMPARE(model.data("wm_hposition", "Watermark", 0), QVariant(0));
     QCOMPARE(model.data("wm_hposition", "Watermark", 1), QVariant(30));
     QCOMPARE(model.data("wm_hposition", "Watermark", count - 1), QVariant(30 * (count - 1)));
-    QVERIFY(stopwatch.milliseconds() < 5000.0 * hostile::slowness);
 }
 
 // --- Deep ---------------------------------------------------------------------------------------------------
@@ -485,7 +483,6 @@ void TstHostileTrees::manyFrameEffects()
     setFrameEffects(model, names);
     model.getDataItem("Effect", count - 1)->setCheckState(2);
 
-    const hostile::Stopwatch stopwatch;
     QVERIFY(summaryOf(model).startsWith("effect 0|false|effect 1|false|"));
     QVERIFY(summaryOf(model).endsWith(reversed ? "|effect 1998|false|effect 1999|true"
                                                : "|effect 9998|false|effect 9999|true"));
@@ -503,7 +500,6 @@ void TstHostileTrees::manyFrameEffects()
     QCOMPARE(frameEffectNames(other), names);
     QCOMPARE(other.getDataItem("Effect", count - 1)->checkState(), 2);
     QCOMPARE(other.getDataItem("Effect", 0)->checkState(), 0);
-    QVERIFY(stopwatch.milliseconds() < 5000.0 * hostile::slowness);
 }
 
 void TstHostileTrees::separatorInFrameEffectNames_data()
