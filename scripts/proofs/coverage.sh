@@ -63,7 +63,7 @@ quietly ctest --test-dir "$build" --tests-regex "^($(IFS='|' && echo "${programs
 # branches on lines without code, such as the end of a block, where temporaries are removed (unreachable
 # branches). The check of the trees runs along with the tests only, to find what the tests do not look at.
 folders=()
-for folder in catalogue defaults log model platform; do
+for folder in catalogue defaults log model platform values; do
     folders+=(--filter "$folder/")
 done
 quietly gcovr --root . --object-directory "$build" "${folders[@]}" --exclude-throw-branches \

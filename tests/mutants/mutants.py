@@ -23,7 +23,7 @@ from schema import Schema
 from syntax import Finder, named
 
 ROOT = os.path.realpath(os.path.join(os.path.dirname(__file__), "..", ".."))
-FOLDERS = ["catalogue", "defaults", "log", "model", "platform"]
+FOLDERS = ["catalogue", "defaults", "log", "model", "platform", "values"]
 MIRRORED = ["CMakeLists.txt", "cmake", "tests/CMakeLists.txt", "tests/internal", "tests/support"]
 WORK = os.path.join(ROOT, "build", "mutants")
 TREE = os.path.join(WORK, "tree")
