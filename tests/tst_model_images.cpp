@@ -81,6 +81,13 @@ constexpr qint64 smallMemory = 32768; // KiB
 
 } // namespace
 
+// What the address sanitizer keeps back of freed memory would count as used.
+extern "C" const char* __asan_default_options(); // NOLINT(bugprone-reserved-identifier): its name.
+extern "C" const char* __asan_default_options()  // NOLINT(bugprone-reserved-identifier)
+{
+    return "quarantine_size_mb=4";
+}
+
 /// Which image files the model loads, and which it keeps.
 class TstModelImages : public ModelTest {
     Q_OBJECT
