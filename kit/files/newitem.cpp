@@ -1,0 +1,91 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include "newitem_p.h"
+
+#include <cmath>
+
+#include <zoeffectitemdata.h>
+#include <zoeffectmodel.h>
+
+#include <zokit/properties.h>
+
+namespace zokit {
+
+namespace {
+
+const QString watermark = QStringLiteral("Watermark");
+const QString subtitle = QStringLiteral("Subtitle");
+const QString audio = QStringLiteral("Audio");
+const QString factorKey = QStringLiteral("sub_vposfactor");
+
+QString kindKey(const QString& type)
+{
+    if (type == watermark)
+        return QStringLiteral("wm_istextwatermark");
+    if (type == subtitle)
+        return QStringLiteral("sub_fromfile");
+    return type == audio ? QStringLiteral("audio_isfile") : QString();
+}
+
+} // namespace
+
+void registerEffects()
+{
+    if (!ZoEffectModel::s_EffectItems)
+        ZoEffectModel::InitEffectModel(effectTable());
+}
+
+Values kindOf(const QString& type, const Values& values)
+{
+    const QString key = kindKey(type);
+    return key.isEmpty() ? Values() : Values{{key, values.value(key).toBool()}};
+}
+
+void pinSubtitle(Values& values, double factor, const QSize& frame)
+{
+    if (frame.height() > 0)
+        values.insert(QStringLiteral("sub_vposition"), static_cast<int>(std::trunc(factor * frame.height())));
+    values.insert(QStringLiteral("dvdsubtitleposeditbyuser"), true);
+    values.remove(factorKey);
+}
+
+Item itemFrom(const ZoEffectItemData& node)
+{
+    Item item;
+    item.name = node.name();
+    item.selected = node.checkState() == Qt::Checked;
+    item.values = node.properties();
+    return item;
+}
+
+Item newItem(const QString& type, const Values& kind, const QSize& frame)
+{
+    registerEffects();
+    ZoEffectModel scratch(QStringList{type});
+    scratch.setVideoSize(frame.width(), frame.height());
+    if (!scratch.insertDataItem(type, kind, -1))
+        return Item();
+    Item item = itemFrom(*scratch.getDataItem(type, scratch.childCount(type) - 1));
+    if (type == subtitle)
+        pinSubtitle(item.values, ZoEffectModel::defaultValue(factorKey, subtitle).toDouble(), frame);
+    return item;
+}
+
+TypeSettings newType(const QString& type, const QSize& frame)
+{
+    registerEffects();
+    ZoEffectModel scratch(QStringList{type});
+    scratch.setVideoSize(frame.width(), frame.height());
+    TypeSettings result;
+    result.type = type;
+    if (const ZoEffectItemData* node = scratch.getDataItem(type, -1)) {
+        result.selected = node->checkState() == Qt::Checked;
+        result.values = node->properties();
+        for (int row = 0; row < node->childCount(); ++row)
+            result.items.append(itemFrom(*node->child(row)));
+    }
+    return result;
+}
+
+} // namespace zokit

@@ -1,0 +1,181 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include "projection_p.h"
+
+#include <QScopedValueRollback>
+#include <QSet>
+
+#include <zoeffectcatalogue.h>
+#include <zoeffectitemdata.h>
+
+#include <zokit/properties.h>
+
+#include "exactly_p.h"
+#include "newitem_p.h"
+
+namespace zokit {
+
+namespace {
+
+constexpr int dotsPerInch = 96; // In all programs, whatever the screen.
+const QString positionEdited = QStringLiteral("dvdsubtitleposeditbyuser");
+const QString position = QStringLiteral("sub_vposition");
+
+QStringList typesOf(bool sound)
+{
+    QStringList types;
+    for (const QString& type : effectTypes()) {
+        if (isSoundType(type) == sound)
+            types.append(type);
+    }
+    return types;
+}
+
+void setPictureOptions(ZoEffectModel& model)
+{
+    ZoPictureOptions options;
+    options.keepImageTransparency = true;
+    options.textDotsPerInch = dotsPerInch;
+    model.setPictureOptions(options);
+}
+
+void fill(ZoEffectItemData& node, const Values& values, bool selected)
+{
+    for (auto it = values.cbegin(); it != values.cend(); ++it)
+        node.setData(it.key(), it.value());
+    node.setCheckState(selected ? Qt::Checked : Qt::Unchecked);
+}
+
+/// The host's pointer of a frame effect is its record in the registered table.
+void* recordOf(const QString& type, const QString& name)
+{
+    const EffectControlItem* record = ZoEffectModel::findOriItem(type, ZoEffectModel::s_EffectItems);
+    const SubEffectItem* fixed = record ? record->subItems : nullptr;
+    for (; fixed && fixed->name; ++fixed) {
+        if (name == QString::fromUtf8(fixed->name))
+            return const_cast<SubEffectItem*>(
+                fixed); // NOLINT(cppcoreguidelines-pro-type-const-cast): as the model keeps it.
+    }
+    return nullptr;
+}
+
+/// Whether a value was measured by drawing a text, and belongs to the picture and not to the settings.
+bool isMeasured(const Values& values, const QString& key)
+{
+    return (key == QLatin1String("wm_imagewidth") || key == QLatin1String("wm_imageheight"))
+           && values.value(QStringLiteral("wm_istextwatermark")).toBool();
+}
+
+} // namespace
+
+Projection::Projection() : m_picture((registerEffects(), typesOf(false))), m_sound(typesOf(true))
+{
+    setPictureOptions(m_picture);
+}
+
+ZoEffectModel& Projection::modelOf(const QString& type)
+{
+    return isSoundType(type) ? m_sound : m_picture;
+}
+
+void Projection::follow(const Things& things, const Changes& changes)
+{
+    const QScopedValueRollback<bool> following(m_following, true);
+    QSet<QString> wholeTypes;
+    for (const Change& change : changes) {
+        if (change.thing == things.file()) {
+            const QSize frame = things.frame();
+            m_picture.setVideoSize(frame.width(), frame.height());
+            m_sound.setVideoSize(frame.width(), frame.height());
+        } else if (!setOne(things, change)) {
+            wholeTypes.insert(things.typeOf(change.thing));
+        }
+    }
+    for (const QString& type : effectTypes()) {
+        if (wholeTypes.contains(type))
+            replace(things, type);
+    }
+}
+
+/// Sets a single value through the model; false when only the whole type will do.
+bool Projection::setOne(const Things& things, const Change& change)
+{
+    const QString type = things.typeOf(change.thing);
+    if (!change.before.isValid() || !change.after.isValid() || isInternal(change.key)
+        || change.before.userType() != change.after.userType())
+        return !effectTypes().contains(type) && things.contains(change.thing);
+    if (change.key == own::anchor || !effectTypes().contains(type))
+        return true; // The models know nothing of these.
+    ZoEffectModel& model = modelOf(type);
+    const bool isSelection = change.key == own::selected;
+    const QString key = isSelection ? QStringLiteral("_checkstate") : change.key;
+    const int pos = things.position(change.thing);
+    const ZoEffectItemData* node = model.getDataItem(type, pos);
+    if (!node || (!isSelection && !node->hasData(key)))
+        return false;
+    model.setData(key, change.after, type, pos);
+    // An equal value of another spelling is not stored, and a position marks itself as edited.
+    const bool edited = type == QLatin1String("Subtitle") && key == position;
+    return isSelection
+           || (exactly(node->data(key), change.after)
+               && (!edited || things.value(change.thing, positionEdited).toBool()));
+}
+
+void Projection::replace(const Things& things, const QString& type)
+{
+    const QScopedValueRollback<bool> following(m_following, true);
+    const TypeSettings settings = things.typeSettings(type);
+    ZoEffectItemData source(type);
+    fill(source, settings.values, settings.selected);
+    for (const Item& item : settings.items) {
+        auto* node = new ZoEffectItemData(item.name, &source);
+        fill(*node, item.values, item.selected);
+        node->setInternalData(recordOf(type, item.name));
+    }
+    modelOf(type).replaceData(type, -1, &source);
+    note(things, type);
+}
+
+TypeSettings Projection::read(const QString& type) const
+{
+    TypeSettings result;
+    result.type = type;
+    const ZoEffectModel& model = isSoundType(type) ? m_sound : m_picture;
+    const ZoEffectItemData* node = model.getDataItem(type, -1);
+    if (!node)
+        return result;
+    result.values = node->properties();
+    result.selected = node->checkState() == Qt::Checked;
+    for (int row = 0; row < node->childCount(); ++row) {
+        Item item = node->child(row) ? itemFrom(*node->child(row)) : Item();
+        for (const QString& key : item.values.keys()) {
+            if (isMeasured(item.values, key))
+                item.values.remove(key);
+        }
+        result.items.append(item);
+    }
+    return result;
+}
+
+QVector<Identity> Projection::identities(const QString& type) const
+{
+    QVector<Identity> result;
+    const ZoEffectModel& model = isSoundType(type) ? m_sound : m_picture;
+    const ZoEffectItemData* node = model.getDataItem(type, -1);
+    for (int row = 0; node && row < node->childCount(); ++row)
+        result.append(m_items.value(type).value(node->child(row), 0));
+    return result;
+}
+
+void Projection::note(const Things& things, const QString& type)
+{
+    QHash<const ZoEffectItemData*, Identity> known;
+    const QVector<Identity> items = things.items(type);
+    const ZoEffectItemData* node = modelOf(type).getDataItem(type, -1);
+    for (int row = 0; node && row < node->childCount() && row < items.size(); ++row)
+        known.insert(node->child(row), items.at(row));
+    m_items.insert(type, known);
+}
+
+} // namespace zokit

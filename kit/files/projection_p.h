@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QHash>
+#include <QString>
+
+#include <zoeffectmodel.h>
+
+#include "things_p.h"
+
+namespace zokit {
+
+/// The library's two models of a file, as a projection of its things: the things are the truth, the models follow.
+class Projection {
+public:
+    Projection();
+
+    ZoEffectModel& modelOf(const QString& type);
+    ZoEffectModel& picture() { return m_picture; }
+    ZoEffectModel& sound() { return m_sound; }
+
+    /// Brings the models to \a things, of which \a changes have just changed.
+    void follow(const Things& things, const Changes& changes);
+    /// Brings a type's node to \a things as a whole.
+    void replace(const Things& things, const QString& type);
+    /// Whether the models are just being brought to the things: what they send meanwhile tells nothing new.
+    bool isFollowing() const { return m_following; }
+
+    /// \a type as it stands in its model by now.
+    TypeSettings read(const QString& type) const;
+    /// The identity of each item of \a type in its model, as far as it was given one; 0 for others.
+    QVector<Identity> identities(const QString& type) const;
+    /// Notes that the items of \a type in its model are those of \a things, in their order.
+    void note(const Things& things, const QString& type);
+
+private:
+    bool setOne(const Things& things, const Change& change);
+
+    ZoEffectModel m_picture;
+    ZoEffectModel m_sound;
+    QHash<QString, QHash<const ZoEffectItemData*, Identity>> m_items;
+    bool m_following = false;
+};
+
+} // namespace zokit

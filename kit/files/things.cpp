@@ -1,0 +1,327 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include "things_p.h"
+
+#include <algorithm>
+
+#include <QHash>
+#include <QJsonDocument>
+
+#include <zokit/filesettings.h>
+#include <zokit/properties.h>
+
+#include "exactly_p.h"
+#include "newitem_p.h"
+
+namespace zokit {
+
+namespace {
+
+const QString outputType = QStringLiteral("Output");
+const QString tracksType = QStringLiteral("Tracks");
+const QString mediaFile = QStringLiteral("file");
+const QString mediaWidth = QStringLiteral("width");
+const QString mediaHeight = QStringLiteral("height");
+const QString mediaSeconds = QStringLiteral("seconds");
+
+QVariantList toList(const QVector<Identity>& things)
+{
+    QVariantList list;
+    for (const Identity thing : things)
+        list.append(QVariant::fromValue(thing));
+    return list;
+}
+
+QVector<Identity> fromList(const QVariant& value)
+{
+    QVector<Identity> things;
+    for (const QVariant& thing : value.toList())
+        things.append(thing.toULongLong());
+    return things;
+}
+
+void insertForeign(Values& values, const QJsonObject& foreign)
+{
+    if (!foreign.isEmpty())
+        values.insert(own::foreign, QJsonDocument(foreign).toJson(QJsonDocument::Compact));
+}
+
+QJsonObject foreignOf(const Values& values)
+{
+    return QJsonDocument::fromJson(values.value(own::foreign).toByteArray()).object();
+}
+
+/// A thing without properties of its own is still there: it belongs to something.
+Values fileValues(const Settings& settings)
+{
+    Values values{{mediaFile, settings.media.file},
+                  {mediaWidth, settings.media.frame.width()},
+                  {mediaHeight, settings.media.frame.height()},
+                  {mediaSeconds, settings.media.seconds}};
+    insertForeign(values, settings.foreign);
+    return values;
+}
+
+Values belonging(const Values& values, const QString& type, Identity file)
+{
+    Values result = values;
+    result.insert(own::type, type);
+    result.insert(own::of, QVariant::fromValue(file));
+    return result;
+}
+
+Values typeValues(const TypeSettings& settings, const QVector<Identity>& items, Identity file)
+{
+    Values values = belonging(settings.values, settings.type, file);
+    values.insert(own::selected, settings.selected);
+    if (hasItems(settings.type))
+        values.insert(own::items, toList(items));
+    insertForeign(values, settings.foreign);
+    return values;
+}
+
+Values itemValues(const Item& item, Identity type)
+{
+    Values values = item.values;
+    values.insert(own::of, QVariant::fromValue(type));
+    values.insert(own::selected, item.selected);
+    if (!item.name.isEmpty())
+        values.insert(own::name, item.name);
+    if (!item.anchor.isEmpty())
+        values.insert(own::anchor, item.anchor);
+    insertForeign(values, item.foreign);
+    return values;
+}
+
+Values propertiesOf(const Values& values)
+{
+    Values result = values;
+    for (const QString& key : {own::selected, own::anchor, own::items, own::of, own::type, own::name, own::foreign})
+        result.remove(key);
+    return result;
+}
+
+/// The changes from \a before to \a after of one thing.
+void appendChanges(Changes& changes, Identity thing, const Values& before, const Values& after)
+{
+    for (auto it = before.cbegin(); it != before.cend(); ++it) {
+        const QVariant then = after.value(it.key());
+        if (!exactly(it.value(), then))
+            changes.append({thing, it.key(), it.value(), then});
+    }
+    for (auto it = after.cbegin(); it != after.cend(); ++it) {
+        if (!before.contains(it.key()))
+            changes.append({thing, it.key(), QVariant(), it.value()});
+    }
+}
+
+} // namespace
+
+bool isInternal(const QString& key)
+{
+    return key.startsWith(QLatin1Char(':'));
+}
+
+Things::Things(const Settings& settings, Identities& identities)
+{
+    m_file = identities.next();
+    m_values.insert(m_file, fileValues(settings));
+    for (const TypeSettings& effect : settings.effects) {
+        const Identity type = identities.next();
+        QVector<Identity> items;
+        for (const Item& item : effect.items) {
+            items.append(identities.next());
+            m_values.insert(items.last(), itemValues(item, type));
+        }
+        m_values.insert(type, typeValues(effect, items, m_file));
+    }
+    m_values.insert(identities.next(), belonging(settings.tracks, tracksType, m_file));
+    m_values.insert(identities.next(), belonging(settings.output, outputType, m_file));
+    index();
+}
+
+Things::Things(const QMap<Identity, Values>& values) : m_values(values)
+{
+    index();
+}
+
+void Things::index()
+{
+    m_file = 0;
+    m_types.clear();
+    for (auto it = m_values.cbegin(); it != m_values.cend(); ++it) {
+        if (it.value().contains(own::type))
+            m_types.insert(it.value().value(own::type).toString(), it.key());
+        else if (!it.value().contains(own::of))
+            m_file = it.key();
+    }
+}
+
+QVector<Identity> Things::items(const QString& type) const
+{
+    return fromList(value(m_types.value(type, 0), own::items));
+}
+
+QString Things::typeOf(Identity thing) const
+{
+    const Values values = m_values.value(thing);
+    if (values.contains(own::type))
+        return values.value(own::type).toString();
+    return value(values.value(own::of).toULongLong(), own::type).toString();
+}
+
+bool Things::isItem(Identity thing) const
+{
+    const Values values = m_values.value(thing);
+    return values.contains(own::of) && !values.contains(own::type);
+}
+
+int Things::position(Identity item) const
+{
+    return isItem(item) ? static_cast<int>(items(typeOf(item)).indexOf(item)) : -1;
+}
+
+QSize Things::frame() const
+{
+    return {value(m_file, mediaWidth).toInt(), value(m_file, mediaHeight).toInt()};
+}
+
+Item Things::itemSettings(Identity item) const
+{
+    const Values values = m_values.value(item);
+    return {values.value(own::name).toString(), values.value(own::selected).toBool(), propertiesOf(values),
+            values.value(own::anchor).toMap(), foreignOf(values)};
+}
+
+TypeSettings Things::typeSettings(const QString& type) const
+{
+    const Values values = m_values.value(m_types.value(type, 0));
+    TypeSettings result{type, values.value(own::selected).toBool(), propertiesOf(values), {}, foreignOf(values)};
+    for (const Identity item : items(type))
+        result.items.append(itemSettings(item));
+    return result;
+}
+
+Settings Things::settings() const
+{
+    Settings result;
+    const Values file = m_values.value(m_file);
+    result.media = {file.value(mediaFile).toString(), frame(), file.value(mediaSeconds).toDouble()};
+    result.foreign = foreignOf(file);
+    for (const QString& type : effectTypes()) {
+        if (m_types.contains(type))
+            result.effects.append(typeSettings(type));
+    }
+    result.tracks = propertiesOf(m_values.value(type(tracksType)));
+    result.output = propertiesOf(m_values.value(type(outputType)));
+    return result;
+}
+
+void Things::apply(const Changes& changes)
+{
+    for (const Change& change : changes) {
+        Values& values = m_values[change.thing];
+        if (change.after.isValid())
+            values.insert(change.key, change.after);
+        else
+            values.remove(change.key);
+        if (values.isEmpty())
+            m_values.remove(change.thing);
+    }
+    index();
+}
+
+/// For each item of \a target the identity that it keeps, 0 for a new one: that of the same item at its place, else of
+/// the same item elsewhere, else of one of its kind at its place.
+QVector<Identity> Things::keptItems(const TypeSettings& target) const
+{
+    const QVector<Identity> present = items(target.type);
+    QVector<Item> before;
+    for (const Identity item : present)
+        before.append(itemSettings(item));
+    QVector<Identity> kept(target.items.size(), 0);
+    QVector<bool> taken(present.size(), false);
+    const auto takeIf = [&](int row, int pos, bool same) {
+        if (kept.at(row) == 0 && !taken.at(pos) && same) {
+            kept[row] = present.at(pos);
+            taken[pos] = true;
+        }
+    };
+    const int common = static_cast<int>(std::min(kept.size(), present.size()));
+    for (int row = 0; row < common; ++row)
+        takeIf(row, row, before.at(row) == target.items.at(row));
+    for (int row = 0; row < kept.size(); ++row) {
+        for (int pos = 0; pos < present.size() && kept.at(row) == 0; ++pos)
+            takeIf(row, pos, !taken.at(pos) && before.at(pos) == target.items.at(row));
+    }
+    for (int row = 0; row < common; ++row) {
+        const Item& wanted = target.items.at(row);
+        takeIf(row, row,
+               before.at(row).name == wanted.name
+                   && exactly(kindOf(target.type, before.at(row).values), kindOf(target.type, wanted.values)));
+    }
+    return kept;
+}
+
+Changes Things::changesTo(const TypeSettings& target, const QVector<Identity>& kept, Identities& identities) const
+{
+    const Identity type = m_types.value(target.type, 0);
+    Changes changes;
+    QVector<Identity> after = kept;
+    for (int row = 0; row < after.size(); ++row) {
+        if (after.at(row) == 0)
+            after[row] = identities.next();
+        appendChanges(changes, after.at(row), m_values.value(after.at(row)), itemValues(target.items.at(row), type));
+    }
+    for (const Identity item : items(target.type)) {
+        if (!after.contains(item))
+            appendChanges(changes, item, m_values.value(item), Values());
+    }
+    appendChanges(changes, type, m_values.value(type), typeValues(target, after, m_file));
+    return changes;
+}
+
+Changes Things::changesTo(const Settings& target, Identities& identities) const
+{
+    Changes changes;
+    appendChanges(changes, m_file, m_values.value(m_file), fileValues(target));
+    for (const TypeSettings& effect : target.effects) {
+        changes += changesTo(effect, keptItems(effect), identities);
+    }
+    const Identity tracks = type(tracksType);
+    appendChanges(changes, tracks, m_values.value(tracks), belonging(target.tracks, tracksType, m_file));
+    const Identity output = type(outputType);
+    appendChanges(changes, output, m_values.value(output), belonging(target.output, outputType, m_file));
+    return changes;
+}
+
+Changes merged(const Changes& changes)
+{
+    Changes result;
+    QHash<Identity, QHash<QString, int>> places;
+    for (const Change& change : changes) {
+        QHash<QString, int>& ofThing = places[change.thing];
+        const auto known = ofThing.constFind(change.key);
+        if (known != ofThing.constEnd()) {
+            result[known.value()].after = change.after;
+        } else {
+            ofThing.insert(change.key, static_cast<int>(result.size()));
+            result.append(change);
+        }
+    }
+    result.erase(std::remove_if(result.begin(), result.end(),
+                                [](const Change& change) { return exactly(change.before, change.after); }),
+                 result.end());
+    return result;
+}
+
+Changes reversed(const Changes& changes)
+{
+    Changes result;
+    for (auto it = changes.crbegin(); it != changes.crend(); ++it)
+        result.append({it->thing, it->key, it->after, it->before});
+    return result;
+}
+
+} // namespace zokit

@@ -1,0 +1,81 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include "savingdefaults_p.h"
+
+#include <zoeffectmodel.h>
+
+#include <zokit/properties.h>
+
+namespace zokit {
+
+namespace {
+
+const QString watermark = QStringLiteral("Watermark");
+const QString subtitle = QStringLiteral("Subtitle");
+
+/// \a position of \a values as a part of \a side, under \a factor.
+void addFactor(Values& saved, const QString& factor, const Values& values, const QString& position, int side)
+{
+    if (side != 0)
+        saved.insert(factor, double(values.value(position).toInt()) / side);
+}
+
+void copy(Values& saved, const Values& values, const QStringList& keys)
+{
+    for (const QString& key : keys) {
+        if (values.contains(key))
+            saved.insert(key, values.value(key));
+    }
+}
+
+Values ofWatermark(const Values& values, const Values& before, const QSize& frame)
+{
+    Values saved = before;
+    copy(saved, values, {QStringLiteral("wm_transparency")});
+    if (values.value(QStringLiteral("wm_istextwatermark")).toBool())
+        copy(saved, values,
+             {QStringLiteral("wm_fontname"), QStringLiteral("wm_fontcolor"), QStringLiteral("wm_fontstyle"),
+              QStringLiteral("wm_fontsize")});
+    else
+        copy(saved, values, {QStringLiteral("wm_imagekeepratio")});
+    if (!frame.isEmpty()) {
+        addFactor(saved, QStringLiteral("wm_hposfactor"), values, QStringLiteral("wm_hposition"), frame.width());
+        addFactor(saved, QStringLiteral("wm_vposfactor"), values, QStringLiteral("wm_vposition"), frame.height());
+    }
+    return saved;
+}
+
+Values ofSubtitle(const Values& values, const Values& before, const QSize& frame)
+{
+    Values saved = before;
+    copy(saved, values, {QStringLiteral("sub_transparency"), QStringLiteral("sub_fontcolor")});
+    if (values.value(QStringLiteral("sub_fromfile")).toBool())
+        copy(saved, values,
+             {QStringLiteral("sub_fontname"), QStringLiteral("sub_fontstyle"), QStringLiteral("sub_linemargin"),
+              QStringLiteral("sub_fontsize")});
+    else
+        copy(saved, values, {QStringLiteral("fontstyleusedefault"), QStringLiteral("sub_framecolor")});
+    addFactor(saved, QStringLiteral("sub_vposfactor"), values, QStringLiteral("sub_vposition"), frame.height());
+    return saved;
+}
+
+} // namespace
+
+Values valuesToSave(const FileSettings& file, const Address& address, const Values& before)
+{
+    const Values values = file.values(file.thing(address));
+    const QSize frame = file.media().frame;
+    const bool isItem = address.pos != Address::ofType;
+    if (address.type == watermark)
+        return isItem ? ofWatermark(values, before, frame) : Values();
+    if (address.type == subtitle)
+        return isItem ? ofSubtitle(values, before, frame) : Values();
+    if (address.type == QLatin1String("Effect"))
+        return file.pictureModel()->getCurrentFrameEffects();
+    Values saved = values;
+    saved.remove(QStringLiteral("selected"));
+    return address.type == QLatin1String("Crop") || address.type == QLatin1String("Audio") ? Values() : saved;
+}
+
+} // namespace zokit

@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <zokit/address.h>
+#include <zokit/filesettings.h>
+
+namespace zokit {
+
+/// What is saved as the default of a type when a person asks for that of the thing at \a address, over \a before.
+/// Of watermarks, subtitles, colours and frame effects the library decides; of the sound's types it is their values.
+/// Empty: there is nothing to save.
+Values valuesToSave(const FileSettings& file, const Address& address, const Values& before);
+
+} // namespace zokit

@@ -1,0 +1,73 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include "steptext_p.h"
+
+#include <algorithm>
+
+#include <zokit/filesettings.h>
+#include <zokit/project.h>
+#include <zokit/properties.h>
+
+#include "projectthings_p.h"
+#include "things_p.h"
+
+namespace zokit {
+
+namespace {
+
+using Code = Message::Code;
+
+Code codeOfList(const Change& change)
+{
+    const auto before = change.before.toList().size();
+    const auto after = change.after.toList().size();
+    if (before == after)
+        return Code::StepMove;
+    return before < after ? Code::StepAdd : Code::StepRemove;
+}
+
+/// What kind of thing a change of values of \a thing concerns, as a person calls it.
+QString nameOfKey(const Project& project, const Change& change)
+{
+    const FileSettings* file = project.fileOf(change.thing);
+    const std::optional<Address> address = file ? file->address(change.thing, change.key) : std::nullopt;
+    if (!address)
+        return change.key;
+    const Property* known = findProperty(address->type, change.key);
+    return known ? known->label() : displayName(address->type);
+}
+
+} // namespace
+
+Message describe(const Project& project, const Changes& changes)
+{
+    const auto isList = [](const Change& change) { return change.key == own::items; };
+    const auto files = std::find_if(changes.cbegin(), changes.cend(),
+                                    [](const Change& change) { return change.thing == projectThing; });
+    if (files != changes.cend())
+        return Message(codeOfList(*files) == Code::StepAdd ? Code::StepAddFile : Code::StepRemoveFile);
+    const auto list = std::find_if(changes.cbegin(), changes.cend(), isList);
+    if (list != changes.cend()) {
+        const FileSettings* file = project.fileOf(list->thing);
+        const std::optional<Address> address = file ? file->address(list->thing, list->key) : std::nullopt;
+        if (std::count_if(changes.cbegin(), changes.cend(), isList) > 1)
+            return Message(Code::StepMany, {QString::number(changes.size())});
+        return Message(codeOfList(*list), {address ? displayName(address->type) : QString()});
+    }
+    // Values that only follow ("selected", the place of an anchored item) do not name the step.
+    Changes named;
+    std::copy_if(changes.cbegin(), changes.cend(), std::back_inserter(named),
+                 [](const Change& change) { return change.key != own::selected && !isInternal(change.key); });
+    if (named.isEmpty())
+        return changes.isEmpty() ? Message() : Message(Code::StepSelect, {nameOfKey(project, changes.first())});
+    if (!project.fileOf(named.first().thing))
+        return Message(Code::StepDefault);
+    const bool oneThing = std::all_of(named.cbegin(), named.cend(),
+                                      [&](const Change& change) { return change.thing == named.first().thing; });
+    if (oneThing)
+        return Message(Code::StepChange, {nameOfKey(project, named.first())});
+    return Message(Code::StepMany, {QString::number(named.size())});
+}
+
+} // namespace zokit

@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <zokit/changes.h>
+#include <zokit/message.h>
+
+namespace zokit {
+
+class Project;
+
+/// What a step that makes \a changes is called in a menu, as things stand after it: "change Contrast", "add Watermark".
+Message describe(const Project& project, const Changes& changes);
+
+} // namespace zokit

@@ -1,0 +1,113 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include "cataloguedefaults_p.h"
+
+#include <cmath>
+
+#include <zoeffectcatalogue.h>
+
+#include <zokit/properties.h>
+
+namespace zokit {
+
+namespace {
+
+struct Table {
+    const char* type;
+    const EffectDefaultVal* properties;
+};
+
+// clang-format off
+const Table tables[] = {
+    {"Crop", cropDefaultVal},
+    {"Watermark", WatermarkDefaultVal},
+    {"Subtitle", SubtitleDefaultVal},
+    {"Audio", AudioDefaultVal},
+    {"Color", BCSDefaultVal},
+    {"Effect", frameEffectsDefaultVal},
+    {"Audio_Fade_Inout", audioFadeInOut},
+    {"Audio_Normalize", audioNormalize},
+    {"Audio_BandPass", audioBandpass},
+    {"Audio_Chorus", audioChorus},
+    {"Audio_Flanger", audioFlanger},
+    {"Audio_Echo", audioEcho},
+    {"Audio_Speed", audioSpeed},
+};
+// clang-format on
+
+Values defaultsOf(const QString& type)
+{
+    Values values;
+    for (const EffectDefaultVal* entry = catalogueOf(type); entry && entry->key; ++entry)
+        values.insert(QString::fromUtf8(entry->key), entry->defaultValue);
+    return values;
+}
+
+int part(double factor, int side)
+{
+    return static_cast<int>(std::trunc(factor * side));
+}
+
+} // namespace
+
+const EffectDefaultVal* catalogueOf(const QString& type)
+{
+    for (const Table& table : tables) {
+        if (type == QLatin1String(table.type))
+            return table.properties;
+    }
+    return nullptr;
+}
+
+TypeSettings catalogueType(const QString& type, const QSize& frame)
+{
+    Q_UNUSED(frame)
+    TypeSettings result;
+    result.type = type;
+    if (type != QLatin1String("Effect")) {
+        result.values = defaultsOf(type);
+        return result;
+    }
+    for (const FrameEffect& effect : frameEffects()) {
+        Item item;
+        item.name = QString::fromUtf8(effect.name);
+        item.selected = false;
+        item.values.insert(QStringLiteral("id"), effect.id);
+        result.items.append(item);
+    }
+    return result;
+}
+
+Values catalogueItem(const QString& type, const QSize& frame)
+{
+    Values values = defaultsOf(type);
+    if (type == QLatin1String("Watermark")) {
+        const double across = values.take(QStringLiteral("wm_hposfactor")).toDouble();
+        const double down = values.take(QStringLiteral("wm_vposfactor")).toDouble();
+        values.insert(QStringLiteral("wm_hposition"), part(across, frame.width()));
+        values.insert(QStringLiteral("wm_vposition"), part(down, frame.height()));
+    } else if (type == QLatin1String("Subtitle")) {
+        const double down = values.take(QStringLiteral("sub_vposfactor")).toDouble();
+        if (frame.height() > 0)
+            values.insert(QStringLiteral("sub_vposition"), part(down, frame.height()));
+        values.insert(QStringLiteral("dvdsubtitleposeditbyuser"), true);
+    }
+    return values;
+}
+
+bool isWholeFrame(const Values& crop, const QSize& frame)
+{
+    const int width = crop.value(QStringLiteral("crop_width")).toInt();
+    const int height = crop.value(QStringLiteral("crop_height")).toInt();
+    return width == 0 || height == 0 || QSize(width, height) == frame;
+}
+
+void setWholeFrame(Values& crop)
+{
+    const Values plain = defaultsOf(QStringLiteral("Crop"));
+    for (const char* key : {"crop_left", "crop_top", "crop_width", "crop_height"})
+        crop.insert(QLatin1String(key), plain.value(QLatin1String(key)));
+}
+
+} // namespace zokit

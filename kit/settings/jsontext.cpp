@@ -1,0 +1,144 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include "jsontext_p.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QSaveFile>
+
+namespace zokit::jsontext {
+
+namespace {
+
+using Code = Message::Code;
+
+/// How deep objects and lists stand in each other, as far as the text is JSON at all.
+int depthOf(const QByteArray& json)
+{
+    int depth = 0;
+    int most = 0;
+    bool inText = false;
+    for (int i = 0; i < json.size(); ++i) {
+        const char letter = json.at(i);
+        if (inText) {
+            if (letter == '\\')
+                ++i;
+            else if (letter == '"')
+                inText = false;
+        } else if (letter == '"') {
+            inText = true;
+        } else if (letter == '{' || letter == '[') {
+            most = qMax(most, ++depth);
+        } else if (letter == '}' || letter == ']') {
+            --depth;
+        }
+    }
+    return most;
+}
+
+Message syntaxError(const QByteArray& json, const QJsonParseError& error)
+{
+    const QByteArray before = json.left(error.offset);
+    const auto line = before.count('\n') + 1;
+    const auto column = before.size() - before.lastIndexOf('\n');
+    return Message(Code::JsonSyntax, {QString::number(line), QString::number(column), error.errorString()});
+}
+
+QByteArray indented(const QByteArray& text)
+{
+    QByteArray result = text;
+    return result.replace("\n", "\n  ");
+}
+
+QByteArray block(char open, const QVector<QByteArray>& lines, char close)
+{
+    if (lines.isEmpty())
+        return QByteArray(1, open) + close;
+    QByteArray result(1, open);
+    for (int i = 0; i < lines.size(); ++i)
+        result += "\n  " + indented(lines.at(i)) + (i + 1 < lines.size() ? "," : "\n");
+    return result + close;
+}
+
+} // namespace
+
+std::optional<QJsonObject> object(const QByteArray& json, Message* error)
+{
+    if (json.size() > largestFile) {
+        *error = Message(Code::FileTooLarge);
+        return std::nullopt;
+    }
+    if (depthOf(json) > deepest) {
+        *error = Message(Code::FileTooDeep, {QString::number(deepest)});
+        return std::nullopt;
+    }
+    QJsonParseError syntax{};
+    const QJsonDocument document = QJsonDocument::fromJson(json, &syntax);
+    if (syntax.error != QJsonParseError::NoError) {
+        *error = syntaxError(json, syntax);
+        return std::nullopt;
+    }
+    if (!document.isObject()) {
+        *error = Message(Code::NotThisForm);
+        return std::nullopt;
+    }
+    return document.object();
+}
+
+std::optional<QByteArray> load(const QString& path, Message* error)
+{
+    const QFileInfo info(path);
+    QFile file(path);
+    if (!info.exists())
+        *error = Message(Code::FileMissing, {path});
+    else if (!info.isFile() || !file.open(QIODevice::ReadOnly))
+        *error = Message(Code::FileUnreadable, {path, file.errorString()});
+    else if (info.size() > largestFile)
+        *error = Message(Code::FileTooLarge);
+    else {
+        const QByteArray text = file.read(largestFile + 1);
+        if (file.error() == QFileDevice::NoError)
+            return text;
+        *error = Message(Code::FileUnreadable, {path, file.errorString()});
+    }
+    return std::nullopt;
+}
+
+Message save(const QString& path, const QByteArray& text)
+{
+    QSaveFile file(path);
+    // A full disk may show when the last bytes go out, which commit() does not look at.
+    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.flush() || !file.commit())
+        return Message(Code::FileUnwritable, {path, file.errorString()});
+    return Message();
+}
+
+QByteArray compact(const QJsonValue& value)
+{
+    const QByteArray array = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
+    return array.mid(1, array.size() - 2);
+}
+
+QByteArray object(const Members& members)
+{
+    QVector<QByteArray> lines;
+    for (const auto& [name, json] : members)
+        lines.append(compact(name) + ": " + json);
+    return block('{', lines, '}');
+}
+
+QByteArray array(const QVector<QByteArray>& elements)
+{
+    return block('[', elements, ']');
+}
+
+void append(Members& members, const QJsonObject& object)
+{
+    for (auto it = object.begin(); it != object.end(); ++it)
+        members.append({it.key(), compact(it.value())});
+}
+
+} // namespace zokit::jsontext

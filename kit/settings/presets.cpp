@@ -1,0 +1,211 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include <zokit/presets.h>
+
+#include <algorithm>
+#include <cstring>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSet>
+#include <QStandardPaths>
+
+#include <zokit/settingsfile.h>
+
+#include "jsontext_p.h"
+
+namespace zokit {
+
+namespace {
+
+using Code = Message::Code;
+
+const QString ending = QStringLiteral(".zoeffect.json");
+
+/// Letters that stand for themselves in a file's name; of others the UTF-8 bytes in hexadecimal, "%2f".
+bool isPlain(char letter)
+{
+    const auto byte = static_cast<unsigned char>(letter);
+    constexpr unsigned char firstBeyondAscii = 0x80;
+    return byte >= firstBeyondAscii || (byte > ' ' && !std::strchr("/%\"*:<>?\\|", letter) && byte != 0x7f)
+           || byte == ' ';
+}
+
+QString encoded(const QString& name)
+{
+    QByteArray result;
+    const QByteArray bytes = name.toUtf8();
+    for (int i = 0; i < bytes.size(); ++i) {
+        const bool hides = i == 0 && bytes.at(i) == '.';
+        if (isPlain(bytes.at(i)) && !hides)
+            result += bytes.at(i);
+        else
+            result += '%' + QByteArray(1, bytes.at(i)).toHex();
+    }
+    return QString::fromUtf8(result);
+}
+
+QString decoded(const QString& fileName)
+{
+    return QString::fromUtf8(QByteArray::fromPercentEncoding(fileName.toUtf8()));
+}
+
+bool canBeName(const QString& name)
+{
+    return !name.isEmpty() && QString::fromUtf8(name.toUtf8()) == name;
+}
+
+} // namespace
+
+Presets::Presets(const QString& folder) : m_folder(folder)
+{
+    if (m_folder.isEmpty())
+        m_folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
+                   + QStringLiteral("/zoeffect/presets");
+}
+
+QString Presets::folder() const
+{
+    return m_folder;
+}
+
+QStringList Presets::names() const
+{
+    QStringList found;
+    for (const QString& file : QDir(m_folder).entryList({QLatin1Char('*') + ending}, QDir::Files, QDir::Name))
+        found.append(decoded(file.chopped(ending.size())));
+    return found;
+}
+
+QString Presets::path(const QString& name) const
+{
+    return QDir(m_folder).filePath(encoded(name) + ending);
+}
+
+Presets::Loaded Presets::load(const QString& name) const
+{
+    Loaded loaded;
+    if (!QFile::exists(path(name))) {
+        loaded.error = Message(Code::PresetMissing, {name, nearest(name, names())});
+        return loaded;
+    }
+    const std::optional<QByteArray> text = jsontext::load(path(name), &loaded.error);
+    if (!text)
+        return loaded;
+    const ReadSettings read = readPreset(*text, m_folder);
+    loaded.error = read.error;
+    loaded.preset = read.settings.value_or(Settings());
+    return loaded;
+}
+
+Message Presets::save(const QString& name, const Settings& preset, bool replace) const
+{
+    if (!canBeName(name))
+        return Message(Code::PresetName);
+    if (!replace && QFile::exists(path(name)))
+        return Message(Code::PresetExists, {name});
+    QDir().mkpath(m_folder);
+    return jsontext::save(path(name), writePreset(preset, m_folder));
+}
+
+Message Presets::remove(const QString& name) const
+{
+    if (!QFile::exists(path(name)))
+        return Message(Code::PresetMissing, {name, nearest(name, names())});
+    QFile file(path(name));
+    return file.remove() ? Message() : Message(Code::FileUnwritable, {file.fileName(), file.errorString()});
+}
+
+Message Presets::rename(const QString& from, const QString& to) const
+{
+    if (!QFile::exists(path(from)))
+        return Message(Code::PresetMissing, {from, nearest(from, names())});
+    if (!canBeName(to))
+        return Message(Code::PresetName);
+    if (QFile::exists(path(to)))
+        return Message(Code::PresetExists, {to});
+    QFile file(path(from));
+    return file.rename(path(to)) ? Message() : Message(Code::FileUnwritable, {path(to), file.errorString()});
+}
+
+Message Presets::import(const QStringList& files, bool replace) const
+{
+    QVector<QPair<QString, Settings>> checked;
+    QSet<QString> taken;
+    for (const QString& file : files) {
+        Message error;
+        const std::optional<QByteArray> text = jsontext::load(file, &error);
+        if (!text)
+            return error;
+        const ReadSettings read = readPreset(*text, QFileInfo(file).absolutePath());
+        if (!read.settings)
+            return Message(Code::InFile, {file, read.error.text()});
+        const QString fileName = QFileInfo(file).fileName();
+        const QString name =
+            decoded(fileName.endsWith(ending) ? fileName.chopped(ending.size()) : QFileInfo(file).completeBaseName());
+        if (!canBeName(name))
+            return Message(Code::PresetName);
+        if (taken.contains(name) || (!replace && QFile::exists(path(name))))
+            return Message(Code::PresetExists, {name});
+        taken.insert(name);
+        checked.append({name, *read.settings});
+    }
+    for (const auto& [name, preset] : checked) {
+        const Message error = save(name, preset, replace);
+        if (!error.isEmpty())
+            return error;
+    }
+    return Message();
+}
+
+Message Presets::exportTo(const QString& name, const QString& file, bool replace) const
+{
+    const Loaded loaded = load(name);
+    if (!loaded.error.isEmpty())
+        return loaded.error;
+    if (!replace && QFile::exists(file))
+        return Message(Code::FileExists, {file});
+    return jsontext::save(file, writePreset(loaded.preset, QFileInfo(file).absolutePath()));
+}
+
+Settings presetFrom(const Settings& settings, const QStringList& what)
+{
+    Settings preset;
+    preset.media.frame = settings.media.frame;
+    // Only the types that are meant stand in it, empty at first.
+    for (const TypeSettings& type : settings.effects) {
+        const auto names = [&](const QString& text) { return text.section(QLatin1Char(':'), 0, 0) == type.type; };
+        if (!what.isEmpty() && std::none_of(what.cbegin(), what.cend(), names))
+            continue;
+        if (what.isEmpty() || what.contains(type.type)) {
+            preset.effects.append(type);
+            continue;
+        }
+        TypeSettings part;
+        part.type = type.type;
+        part.selected = type.selected;
+        for (const QString& text : what) {
+            if (!names(text))
+                continue;
+            bool isPosition = false;
+            const QString second = text.section(QLatin1Char(':'), 1, 1);
+            const int pos = second.toInt(&isPosition);
+            if (isPosition && pos >= 0 && pos < type.items.size())
+                part.items.append(type.items.at(pos));
+            else if (!isPosition && type.values.contains(second))
+                part.values.insert(second, type.values.value(second));
+        }
+        preset.effects.append(part);
+    }
+    const auto includes = [&](const char* name) { return what.isEmpty() || what.contains(QLatin1String(name)); };
+    if (includes("Output"))
+        preset.output = settings.output;
+    preset.output.remove(QStringLiteral("trim"));
+    if (what.contains(QLatin1String("Tracks")))
+        preset.tracks = settings.tracks;
+    return preset;
+}
+
+} // namespace zokit

@@ -1,0 +1,218 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include <zokit/message.h>
+
+#include <algorithm>
+#include <utility>
+
+#include <QCoreApplication>
+#include <QPointer>
+#include <QTranslator>
+
+namespace zokit {
+
+namespace {
+
+using Code = Message::Code;
+
+struct Text {
+    Code code;
+    const char* text;
+};
+
+// clang-format off
+constexpr Text texts[] = {
+    {Code::None,             ""},
+    {Code::AddressMalformed, QT_TRANSLATE_NOOP("zokit", "%1 is no address. Write TYPE:KEY or TYPE:POSITION:KEY, for example Color:bcs_contrast or Watermark:0:wm_fontsize.")},
+    {Code::UnknownType,      QT_TRANSLATE_NOOP("zokit", "There is no effect type %1.| Did you mean %2?")},
+    {Code::UnknownKey,       QT_TRANSLATE_NOOP("zokit", "%1 has no property %2.| Did you mean %3?")},
+    {Code::UnknownOption,    QT_TRANSLATE_NOOP("zokit", "There is no output option %1.| Did you mean %2?")},
+    {Code::NoSuchItem,       QT_TRANSLATE_NOOP("zokit", "%1 has no item %2; it has %3, counted from 0.")},
+    {Code::TypeHasNoItems,   QT_TRANSLATE_NOOP("zokit", "%1 has no items. Leave the position out.")},
+    {Code::KeyNeedsItem,     QT_TRANSLATE_NOOP("zokit", "%2 belongs to an item of %1. Write %1:0:%2 for the first one.")},
+    {Code::NotOfItem,        QT_TRANSLATE_NOOP("zokit", "%1 cannot be set here: it is for %2.")},
+    {Code::NotAWholeNumber,  QT_TRANSLATE_NOOP("zokit", "%1: %2 is no whole number.")},
+    {Code::NotANumber,       QT_TRANSLATE_NOOP("zokit", "%1: %2 is no number.")},
+    {Code::NotTrueOrFalse,   QT_TRANSLATE_NOOP("zokit", "%1: %2 is neither true nor false.")},
+    {Code::NotAColor,        QT_TRANSLATE_NOOP("zokit", "%1: %2 is no colour. Write a name, #rrggbb, or #aarrggbb with the opacity first.")},
+    {Code::NotAFont,         QT_TRANSLATE_NOOP("zokit", "%1: %2 is no font. Write the name of a family.")},
+    {Code::NotAText,         QT_TRANSLATE_NOOP("zokit", "%1: a text is expected.")},
+    {Code::OutOfBounds,      QT_TRANSLATE_NOOP("zokit", "%1: %2 is not between %3 and %4.")},
+    {Code::Busy,             QT_TRANSLATE_NOOP("zokit", "These settings are just being changed. Try again when that is done.")},
+    {Code::NoSuchThing,      QT_TRANSLATE_NOOP("zokit", "What was to be changed is not there any more.")},
+    {Code::FixedItems,       QT_TRANSLATE_NOOP("zokit", "The items of %1 are always there. Select or clear them instead.")},
+    {Code::ItemPosition,     QT_TRANSLATE_NOOP("zokit", "%1: %2 is no position between 0 and %3.")},
+    {Code::NoDefault,        QT_TRANSLATE_NOOP("zokit", "%1 has no default to go back to.")},
+    {Code::AnchorCorner,     QT_TRANSLATE_NOOP("zokit", "%1 is none of %2.| Did you mean %3?")},
+    {Code::AnchorMargin,     QT_TRANSLATE_NOOP("zokit", "%1 is no margin. Write pixels (10) or percent (2%).")},
+    {Code::AnchorSize,       QT_TRANSLATE_NOOP("zokit", "%1 is no size. Write a part of the frame's width from 1% to 100%.")},
+    {Code::MovedByRounding,  QT_TRANSLATE_NOOP("zokit", "%1: rounding to whole pixels makes %3 of %2 there and back.")},
+    {Code::ChosenByHand,     QT_TRANSLATE_NOOP("zokit", "chosen by hand")},
+    {Code::ChosenByLanguage, QT_TRANSLATE_NOOP("zokit", "chosen for its language, %1")},
+    {Code::ChosenAsForced,   QT_TRANSLATE_NOOP("zokit", "chosen as forced subtitle")},
+    {Code::ChosenAsSidecar,  QT_TRANSLATE_NOOP("zokit", "chosen as subtitle file beside the clip")},
+    {Code::NoSuchTrack,      QT_TRANSLATE_NOOP("zokit", "The clip has no such track %1. zoconvert probe lists its tracks.")},
+    {Code::TrackRule,        QT_TRANSLATE_NOOP("zokit", "Tracks:%1: %2 is no value for this rule.")},
+    {Code::NotAList,         QT_TRANSLATE_NOOP("zokit", "%1: %2 is no list. Write words with commas between them.")},
+    {Code::NotASize,         QT_TRANSLATE_NOOP("zokit", "%1: %2 is no size. Write WIDTHxHEIGHT, for example 1280x720, and ,exact behind it to force the shape.")},
+    {Code::NotARange,        QT_TRANSLATE_NOOP("zokit", "%1: %2 is no range. Write FROM,TO in seconds, for example 12,40.5; TO comes after FROM.")},
+    {Code::BelowLowest,      QT_TRANSLATE_NOOP("zokit", "%1: %2 is below %3.")},
+    {Code::JsonSyntax,       QT_TRANSLATE_NOOP("zokit", "Line %1, column %2: %3.")},
+    {Code::FileTooLarge,     QT_TRANSLATE_NOOP("zokit", "A settings file has at most 16 MB.")},
+    {Code::FileTooDeep,      QT_TRANSLATE_NOOP("zokit", "Objects and lists of a settings file stand at most %1 deep in each other.")},
+    {Code::TooManyItems,     QT_TRANSLATE_NOOP("zokit", "A settings file has at most %1 items.")},
+    {Code::NotThisForm,      QT_TRANSLATE_NOOP("zokit", "This is no settings file: a JSON object with \"zoeffect\": 1 is expected.")},
+    {Code::NewerVersion,     QT_TRANSLATE_NOOP("zokit", "This file is of version %1; this program knows versions up to %2. Use a newer program.")},
+    {Code::MemberType,       QT_TRANSLATE_NOOP("zokit", "%1: %2 is expected.")},
+    {Code::UnknownMember,    QT_TRANSLATE_NOOP("zokit", "%1 has no member %2.| Did you mean %3?")},
+    {Code::UnknownFrameEffect, QT_TRANSLATE_NOOP("zokit", "%1: there is no frame effect %2.| Did you mean %3?")},
+    {Code::TypeTwice,        QT_TRANSLATE_NOOP("zokit", "%1 stands twice in the file. Leave one of them.")},
+    {Code::PresetHolds,      QT_TRANSLATE_NOOP("zokit", "A preset has no \"%1\": it is for any clip.")},
+    {Code::FileMissing,      QT_TRANSLATE_NOOP("zokit", "%1: no such file.")},
+    {Code::FileUnreadable,   QT_TRANSLATE_NOOP("zokit", "%1 cannot be read: %2.")},
+    {Code::FileUnwritable,   QT_TRANSLATE_NOOP("zokit", "%1 cannot be written: %2.")},
+    {Code::PresetMissing,    QT_TRANSLATE_NOOP("zokit", "There is no preset %1.| Did you mean %2?")},
+    {Code::PresetExists,     QT_TRANSLATE_NOOP("zokit", "There is a preset %1 already. Choose another name, or replace it.")},
+    {Code::PresetName,       QT_TRANSLATE_NOOP("zokit", "A preset needs a name.")},
+    {Code::FileExists,       QT_TRANSLATE_NOOP("zokit", "%1 exists. Choose another name, or replace it.")},
+    {Code::InFile,           QT_TRANSLATE_NOOP("zokit", "%1: %2")},
+    {Code::JournalInUse,     QT_TRANSLATE_NOOP("zokit", "%1 belongs to a session that is still running.")},
+    {Code::JournalUnreadable, QT_TRANSLATE_NOOP("zokit", "%1 is no journal of a session, or damaged from its beginning.")},
+    {Code::JournalCut,       QT_TRANSLATE_NOOP("zokit", "The last moments of the session were not written to the end. All before them is back.")},
+    {Code::SavedIsNewer,     QT_TRANSLATE_NOOP("zokit", "%1 was saved %2, later than the unfinished session of %3. Both are kept.")},
+    {Code::NotKept, QT_TRANSLATE_NOOP("zokit", "%1 is not kept with the settings. Give it with each run.")},
+    {Code::NothingToSave,    QT_TRANSLATE_NOOP("zokit", "Of %1 nothing can be saved as a default. Choose one of its items.")},
+    {Code::StepChange,       QT_TRANSLATE_NOOP("zokit", "change %1")},
+    {Code::StepSelect,       QT_TRANSLATE_NOOP("zokit", "switch %1")},
+    {Code::StepAdd,          QT_TRANSLATE_NOOP("zokit", "add %1")},
+    {Code::StepRemove,       QT_TRANSLATE_NOOP("zokit", "remove %1")},
+    {Code::StepMove,         QT_TRANSLATE_NOOP("zokit", "move %1")},
+    {Code::StepAddFile,      QT_TRANSLATE_NOOP("zokit", "add a file")},
+    {Code::StepRemoveFile,   QT_TRANSLATE_NOOP("zokit", "remove a file")},
+    {Code::StepDefault,      QT_TRANSLATE_NOOP("zokit", "change a saved default")},
+    {Code::StepApply,        QT_TRANSLATE_NOOP("zokit", "apply to %1 files")},
+    {Code::StepMany,         QT_TRANSLATE_NOOP("zokit", "change %1 values")},
+    {Code::NotAChoice,       QT_TRANSLATE_NOOP("zokit", "%1: %2 is none of %3.| Did you mean %4?")},
+};
+// clang-format on
+
+QString textOf(Code code)
+{
+    const auto* found =
+        std::find_if(std::begin(texts), std::end(texts), [code](const Text& t) { return t.code == code; });
+    return found == std::end(texts) ? QString() : QCoreApplication::translate("zokit", found->text);
+}
+
+/// One line, whatever the words hold.
+QString onOneLine(const QString& word)
+{
+    QString result = word;
+    for (QChar& letter : result) {
+        if (letter == QLatin1Char('\n') || letter == QLatin1Char('\r') || letter.category() == QChar::Separator_Line
+            || letter.category() == QChar::Separator_Paragraph)
+            letter = QLatin1Char(' ');
+    }
+    return result;
+}
+
+/// \a text with its places filled, in one pass: a word that holds "%1" stays as it is.
+QString filled(const QString& text, const QStringList& arguments)
+{
+    QString result;
+    for (int i = 0; i < text.size(); ++i) {
+        const bool isPlace = text.at(i) == QLatin1Char('%') && i + 1 < text.size() && text.at(i + 1).isDigit();
+        if (!isPlace) {
+            result += text.at(i);
+            continue;
+        }
+        result += onOneLine(arguments.value(text.at(++i).digitValue() - 1));
+    }
+    return result;
+}
+
+/// How many letters have to be changed, added or left out to make \a b of \a a.
+int distance(const QString& a, const QString& b)
+{
+    QVector<int> row(static_cast<int>(b.size()) + 1);
+    for (int j = 0; j < row.size(); ++j)
+        row[j] = j;
+    for (int i = 0; i < a.size(); ++i) {
+        int diagonal = row[0];
+        row[0] = i + 1;
+        for (int j = 0; j < b.size(); ++j) {
+            const int replaced = diagonal + (a.at(i) == b.at(j) ? 0 : 1);
+            diagonal = row[j + 1];
+            row[j + 1] = std::min({replaced, row[j] + 1, row[j + 1] + 1});
+        }
+    }
+    return row.last();
+}
+
+} // namespace
+
+Message::Message(Code code, QStringList arguments) : m_code(code), m_arguments(std::move(arguments)) {}
+
+Message::Code Message::code() const
+{
+    return m_code;
+}
+
+QStringList Message::arguments() const
+{
+    return m_arguments;
+}
+
+bool Message::isEmpty() const
+{
+    return m_code == Code::None;
+}
+
+/// What stands behind "|" is said only when its last place has a word: the nearest name.
+QString Message::text() const
+{
+    const QString whole = textOf(m_code);
+    const int optional = static_cast<int>(whole.indexOf(QLatin1Char('|')));
+    if (optional < 0)
+        return filled(whole, m_arguments);
+    const QString always = filled(whole.left(optional), m_arguments);
+    const QString wordMissing = m_arguments.value(m_arguments.size() - 1);
+    return wordMissing.isEmpty() ? always : always + filled(whole.mid(optional + 1), m_arguments);
+}
+
+bool operator==(const Message& left, const Message& right)
+{
+    return left.code() == right.code() && left.arguments() == right.arguments();
+}
+
+bool useLanguage(const QLocale& locale)
+{
+    static QPointer<QTranslator> german; // The application's child, and gone with it.
+    delete german.data();
+    if (locale.language() != QLocale::German)
+        return true;
+    QCoreApplication* application = QCoreApplication::instance();
+    if (!application)
+        return false;
+    german = new QTranslator(application);
+    return german->load(QStringLiteral(":/zokit/zokit_de.qm")) && QCoreApplication::installTranslator(german);
+}
+
+QString nearest(const QString& word, const QStringList& candidates)
+{
+    constexpr int longest = 64; // Nobody misspells a novel.
+    if (word.size() > longest)
+        return QString();
+    QString best;
+    int bestDistance = std::max(2, static_cast<int>(word.size()) / 3) + 1;
+    for (const QString& candidate : candidates) {
+        const int d = distance(word.toLower(), candidate.toLower());
+        if (d < bestDistance && d < word.size()) {
+            bestDistance = d;
+            best = candidate;
+        }
+    }
+    return best;
+}
+
+} // namespace zokit

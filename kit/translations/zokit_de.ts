@@ -1,0 +1,1463 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de_DE" sourcelanguage="en">
+<context>
+    <name>zokit</name>
+    <message>
+        <source>Output file</source>
+        <translation>Ausgabedatei</translation>
+    </message>
+    <message>
+        <source>Where the result goes; its ending says the container. For one input.</source>
+        <translation>Wohin das Ergebnis kommt; die Endung nennt den Container. Für eine einzige Eingabe.</translation>
+    </message>
+    <message>
+        <source>Output folder</source>
+        <translation>Ausgabeordner</translation>
+    </message>
+    <message>
+        <source>Where the results go; without it each lies beside its input.</source>
+        <translation>Wohin die Ergebnisse kommen; ohne Angabe liegt jedes neben seiner Eingabe.</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Of each result: {name} of the input, {number} from 1, {ending} of the container. {name}-converted.{ending} when not given.</source>
+        <translation>Jedes Ergebnisses: {name} der Eingabe, {number} ab 1, {ending} des Containers. Ohne Angabe {name}-converted.{ending}.</translation>
+    </message>
+    <message>
+        <source>Existing files</source>
+        <translation>Vorhandene Dateien</translation>
+    </message>
+    <message>
+        <source>What happens when the result is there already: nothing is begun, the input is left out, or the file is replaced.</source>
+        <translation>Was geschieht, wenn das Ergebnis schon da ist: nichts wird begonnen, die Eingabe wird ausgelassen oder die Datei ersetzt.</translation>
+    </message>
+    <message>
+        <source>Overwrite</source>
+        <translation>Überschreiben</translation>
+    </message>
+    <message>
+        <source>Short for --existing replace.</source>
+        <translation>Kurz für --existing replace.</translation>
+    </message>
+    <message>
+        <source>Container</source>
+        <translation>Container</translation>
+    </message>
+    <message>
+        <source>Form of the file; the input's if it is one of these, else mkv.</source>
+        <translation>Form der Datei; die der Eingabe, wenn sie eine von diesen ist, sonst mkv.</translation>
+    </message>
+    <message>
+        <source>Keep the date</source>
+        <translation>Datum behalten</translation>
+    </message>
+    <message>
+        <source>The result gets the date of its input.</source>
+        <translation>Das Ergebnis bekommt das Datum seiner Eingabe.</translation>
+    </message>
+    <message>
+        <source>Video codec</source>
+        <translation>Videocodec</translation>
+    </message>
+    <message>
+        <source>How the picture is encoded; copy leaves it as it is.</source>
+        <translation>Wie das Bild kodiert wird; copy lässt es, wie es ist.</translation>
+    </message>
+    <message>
+        <source>Quality</source>
+        <translation>Qualität</translation>
+    </message>
+    <message>
+        <source>On the codec's own scale, lower is better: h264 and hevc to 51, vp9 and av1 to 63. h264 with 0 loses nothing.</source>
+        <translation>Auf der Skala des Codecs, kleiner ist besser: h264 und hevc bis 51, vp9 und av1 bis 63. h264 mit 0 verliert nichts.</translation>
+    </message>
+    <message>
+        <source>Pixel format</source>
+        <translation>Pixelformat</translation>
+    </message>
+    <message>
+        <source>For example yuv420p, which players need; source keeps depth and sampling.</source>
+        <translation>Zum Beispiel yuv420p, das Abspielgeräte brauchen; source behält Tiefe und Unterabtastung.</translation>
+    </message>
+    <message>
+        <source>Encoder speed</source>
+        <translation>Tempo des Encoders</translation>
+    </message>
+    <message>
+        <source>The encoder's own word or number: veryfast, medium, slow.</source>
+        <translation>Wort oder Zahl des Encoders selbst: veryfast, medium, slow.</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>The result fits into it, keeps its shape and is not enlarged. With ,exact it gets that size.</source>
+        <translation>Das Ergebnis passt hinein, behält seine Form und wird nicht vergrößert. Mit ,exact bekommt es genau diese Größe.</translation>
+    </message>
+    <message>
+        <source>Frames a second</source>
+        <translation>Bilder pro Sekunde</translation>
+    </message>
+    <message>
+        <source>Without it the source's timing is kept, variable or not.</source>
+        <translation>Ohne Angabe bleiben die Zeiten der Quelle, ob fest oder wechselnd.</translation>
+    </message>
+    <message>
+        <source>Part of the clip</source>
+        <translation>Teil des Clips</translation>
+    </message>
+    <message>
+        <source>From and to, in seconds from the beginning.</source>
+        <translation>Von und bis, in Sekunden vom Anfang an.</translation>
+    </message>
+    <message>
+        <source>HDR</source>
+        <translation>HDR</translation>
+    </message>
+    <message>
+        <source>Kept, or mapped to what every screen shows.</source>
+        <translation>Behalten oder so umgesetzt, dass jeder Bildschirm es zeigt.</translation>
+    </message>
+    <message>
+        <source>Audio codec</source>
+        <translation>Audiocodec</translation>
+    </message>
+    <message>
+        <source>How the sound is encoded; copy leaves it as it is.</source>
+        <translation>Wie der Ton kodiert wird; copy lässt ihn, wie er ist.</translation>
+    </message>
+    <message>
+        <source>Audio bitrate</source>
+        <translation>Audiobitrate</translation>
+    </message>
+    <message>
+        <source>Kilobits a second and track.</source>
+        <translation>Kilobit pro Sekunde und Spur.</translation>
+    </message>
+    <message>
+        <source>Other tracks</source>
+        <translation>Übrige Spuren</translation>
+    </message>
+    <message>
+        <source>Whether tracks that are not selected follow as they are.</source>
+        <translation>Ob nicht ausgewählte Spuren unverändert mitkommen.</translation>
+    </message>
+    <message>
+        <source>Soft subtitles</source>
+        <translation>Abschaltbare Untertitel</translation>
+    </message>
+    <message>
+        <source>Subtitle files become a track that can be switched off.</source>
+        <translation>Untertiteldateien werden eine Spur, die sich abschalten lässt.</translation>
+    </message>
+    <message>
+        <source>Burn subtitles in</source>
+        <translation>Untertitel einbrennen</translation>
+    </message>
+    <message>
+        <source>The selected subtitle track becomes part of the picture.</source>
+        <translation>Die ausgewählte Untertitelspur wird Teil des Bildes.</translation>
+    </message>
+    <message>
+        <source>Strict</source>
+        <translation>Streng</translation>
+    </message>
+    <message>
+        <source>Damage in the input is a failure, not a warning.</source>
+        <translation>Schäden in der Eingabe sind ein Fehler, keine Warnung.</translation>
+    </message>
+    <message>
+        <source>Jobs</source>
+        <translation>Aufträge</translation>
+    </message>
+    <message>
+        <source>How many files at once; 1 when not given.</source>
+        <translation>Wie viele Dateien zugleich; ohne Angabe 1.</translation>
+    </message>
+    <message>
+        <source>Threads</source>
+        <translation>Threads</translation>
+    </message>
+    <message>
+        <source>Of each encoder; the cores, divided by the jobs, when not given.</source>
+        <translation>Jedes Encoders; ohne Angabe die Kerne, geteilt durch die Aufträge.</translation>
+    </message>
+    <message>
+        <source>Stall</source>
+        <translation>Stillstand</translation>
+    </message>
+    <message>
+        <source>A conversion without progress for so long is ended; 30 when not given.</source>
+        <translation>Eine Umwandlung, die so lange nicht vorankommt, wird beendet; ohne Angabe 30.</translation>
+    </message>
+    <message>
+        <source>Dry run</source>
+        <translation>Probelauf</translation>
+    </message>
+    <message>
+        <source>Says what would be done and does nothing.</source>
+        <translation>Sagt, was geschehen würde, und tut nichts.</translation>
+    </message>
+    <message>
+        <source>Stop at the first failure</source>
+        <translation>Beim ersten Fehler aufhören</translation>
+    </message>
+    <message>
+        <source>What is left is not begun.</source>
+        <translation>Was übrig ist, wird nicht begonnen.</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Fortschritt</translation>
+    </message>
+    <message>
+        <source>A bar on a terminal, a line a file elsewhere, JSON for programs, or nothing.</source>
+        <translation>Ein Balken im Terminal, sonst eine Zeile je Datei, JSON für Programme oder nichts.</translation>
+    </message>
+    <message>
+        <source>Quiet</source>
+        <translation>Still</translation>
+    </message>
+    <message>
+        <source>Only errors.</source>
+        <translation>Nur Fehler.</translation>
+    </message>
+    <message>
+        <source>Verbose</source>
+        <translation>Ausführlich</translation>
+    </message>
+    <message>
+        <source>Says what is run.</source>
+        <translation>Sagt, was ausgeführt wird.</translation>
+    </message>
+    <message>
+        <source>Crop</source>
+        <translation>Zuschnitt</translation>
+    </message>
+    <message>
+        <source>Watermarks</source>
+        <translation>Wasserzeichen</translation>
+    </message>
+    <message>
+        <source>Subtitles</source>
+        <translation>Untertitel</translation>
+    </message>
+    <message>
+        <source>Sound tracks</source>
+        <translation>Tonspuren</translation>
+    </message>
+    <message>
+        <source>Colour</source>
+        <translation>Farbe</translation>
+    </message>
+    <message>
+        <source>Frame effects</source>
+        <translation>Bildeffekte</translation>
+    </message>
+    <message>
+        <source>Fade in and out</source>
+        <translation>Ein- und Ausblenden</translation>
+    </message>
+    <message>
+        <source>Normalize</source>
+        <translation>Normalisieren</translation>
+    </message>
+    <message>
+        <source>Band pass</source>
+        <translation>Bandpass</translation>
+    </message>
+    <message>
+        <source>Chorus</source>
+        <translation>Chorus</translation>
+    </message>
+    <message>
+        <source>Flanger</source>
+        <translation>Flanger</translation>
+    </message>
+    <message>
+        <source>Echo</source>
+        <translation>Echo</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Tempo</translation>
+    </message>
+    <message>
+        <source>Output</source>
+        <translation>Ausgabe</translation>
+    </message>
+    <message>
+        <source>Choice of tracks</source>
+        <translation>Wahl der Spuren</translation>
+    </message>
+    <message>
+        <source>Blur</source>
+        <translation>Weichzeichnen</translation>
+    </message>
+    <message>
+        <source>Sharpen</source>
+        <translation>Schärfen</translation>
+    </message>
+    <message>
+        <source>Mirror</source>
+        <translation>Spiegeln</translation>
+    </message>
+    <message>
+        <source>Flip</source>
+        <translation>Kopfüber</translation>
+    </message>
+    <message>
+        <source>Sepia</source>
+        <translation>Sepia</translation>
+    </message>
+    <message>
+        <source>Greyscale</source>
+        <translation>Graustufen</translation>
+    </message>
+    <message>
+        <source>Negative</source>
+        <translation>Negativ</translation>
+    </message>
+    <message>
+        <source>Emboss</source>
+        <translation>Prägen</translation>
+    </message>
+    <message>
+        <source>Mosaic</source>
+        <translation>Mosaik</translation>
+    </message>
+    <message>
+        <source>Noise</source>
+        <translation>Rauschen</translation>
+    </message>
+    <message>
+        <source>Vignette</source>
+        <translation>Vignette</translation>
+    </message>
+    <message>
+        <source>Old film</source>
+        <translation>Alter Film</translation>
+    </message>
+    <message>
+        <source>Edges</source>
+        <translation>Kanten</translation>
+    </message>
+    <message>
+        <source>Posterize</source>
+        <translation>Tontrennung</translation>
+    </message>
+    <message>
+        <source>Warm</source>
+        <translation>Warm</translation>
+    </message>
+    <message>
+        <source>Cool</source>
+        <translation>Kühl</translation>
+    </message>
+    <message>
+        <source>Fisheye</source>
+        <translation>Fischauge</translation>
+    </message>
+    <message>
+        <source>Glow</source>
+        <translation>Schein</translation>
+    </message>
+    <message>
+        <source>Kaleidoscope</source>
+        <translation>Kaleidoskop</translation>
+    </message>
+    <message>
+        <source>Grid</source>
+        <translation>Gitter</translation>
+    </message>
+    <message>
+        <source>Limits</source>
+        <translation>Grenzen</translation>
+    </message>
+    <message>
+        <source>Rectangle</source>
+        <translation>Rechteck</translation>
+    </message>
+    <message>
+        <source>Shape</source>
+        <translation>Form</translation>
+    </message>
+    <message>
+        <source>Turning</source>
+        <translation>Drehung</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation>Ort</translation>
+    </message>
+    <message>
+        <source>Look</source>
+        <translation>Aussehen</translation>
+    </message>
+    <message>
+        <source>Letters</source>
+        <translation>Schrift</translation>
+    </message>
+    <message>
+        <source>Content</source>
+        <translation>Inhalt</translation>
+    </message>
+    <message>
+        <source>Track</source>
+        <translation>Spur</translation>
+    </message>
+    <message>
+        <source>Effects</source>
+        <translation>Effekte</translation>
+    </message>
+    <message>
+        <source>Use</source>
+        <translation>Gebrauch</translation>
+    </message>
+    <message>
+        <source>Beginning</source>
+        <translation>Anfang</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>Ende</translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation>Pegel</translation>
+    </message>
+    <message>
+        <source>Band</source>
+        <translation>Band</translation>
+    </message>
+    <message>
+        <source>Gain</source>
+        <translation>Lautstärke</translation>
+    </message>
+    <message>
+        <source>Second voice</source>
+        <translation>Zweite Stimme</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Picture</source>
+        <translation>Bild</translation>
+    </message>
+    <message>
+        <source>Sound</source>
+        <translation>Ton</translation>
+    </message>
+    <message>
+        <source>While it runs</source>
+        <translation>Während der Arbeit</translation>
+    </message>
+    <message>
+        <source>Rules</source>
+        <translation>Regeln</translation>
+    </message>
+    <message>
+        <source>the type itself</source>
+        <translation>den Typ selbst</translation>
+    </message>
+    <message>
+        <source>text watermarks</source>
+        <translation>Textwasserzeichen</translation>
+    </message>
+    <message>
+        <source>image watermarks</source>
+        <translation>Bildwasserzeichen</translation>
+    </message>
+    <message>
+        <source>tracks of the clip</source>
+        <translation>Spuren des Clips</translation>
+    </message>
+    <message>
+        <source>files</source>
+        <translation>Dateien</translation>
+    </message>
+    <message>
+        <source>frame effects</source>
+        <translation>Bildeffekte</translation>
+    </message>
+    <message>
+        <source>Softens the whole picture.</source>
+        <translation>Macht das ganze Bild weich.</translation>
+    </message>
+    <message>
+        <source>Makes edges stand out.</source>
+        <translation>Hebt Kanten hervor.</translation>
+    </message>
+    <message>
+        <source>Left becomes right.</source>
+        <translation>Links wird rechts.</translation>
+    </message>
+    <message>
+        <source>Top becomes bottom.</source>
+        <translation>Oben wird unten.</translation>
+    </message>
+    <message>
+        <source>Browns, as in an old photograph.</source>
+        <translation>Brauntöne wie auf einem alten Foto.</translation>
+    </message>
+    <message>
+        <source>Takes the colours away.</source>
+        <translation>Nimmt die Farben weg.</translation>
+    </message>
+    <message>
+        <source>Light becomes dark, each colour its opposite.</source>
+        <translation>Hell wird dunkel, jede Farbe ihr Gegenteil.</translation>
+    </message>
+    <message>
+        <source>Edges as if pressed into metal.</source>
+        <translation>Kanten wie in Metall geprägt.</translation>
+    </message>
+    <message>
+        <source>Large squares instead of details.</source>
+        <translation>Große Quadrate statt der Einzelheiten.</translation>
+    </message>
+    <message>
+        <source>A still grain over the picture.</source>
+        <translation>Ein stehendes Korn über dem Bild.</translation>
+    </message>
+    <message>
+        <source>Darkens the corners.</source>
+        <translation>Dunkelt die Ecken ab.</translation>
+    </message>
+    <message>
+        <source>Browns, grain and dark corners together.</source>
+        <translation>Brauntöne, Korn und dunkle Ecken zusammen.</translation>
+    </message>
+    <message>
+        <source>Shows edges alone.</source>
+        <translation>Zeigt nur die Kanten.</translation>
+    </message>
+    <message>
+        <source>Few steps of brightness instead of many.</source>
+        <translation>Wenige Helligkeitsstufen statt vieler.</translation>
+    </message>
+    <message>
+        <source>More red, less blue.</source>
+        <translation>Mehr Rot, weniger Blau.</translation>
+    </message>
+    <message>
+        <source>More blue, less red.</source>
+        <translation>Mehr Blau, weniger Rot.</translation>
+    </message>
+    <message>
+        <source>Bends the picture as a very wide lens does.</source>
+        <translation>Biegt das Bild wie ein sehr weites Objektiv.</translation>
+    </message>
+    <message>
+        <source>Light spreads around what is bright.</source>
+        <translation>Licht breitet sich um das Helle aus.</translation>
+    </message>
+    <message>
+        <source>The left upper quarter, mirrored to the right.</source>
+        <translation>Das linke obere Viertel, nach rechts gespiegelt.</translation>
+    </message>
+    <message>
+        <source>Lines that divide the picture into eighths.</source>
+        <translation>Linien, die das Bild in Achtel teilen.</translation>
+    </message>
+    <message>
+        <source>Low pass</source>
+        <translation>Tiefpass</translation>
+    </message>
+    <message>
+        <source>High pass</source>
+        <translation>Hochpass</translation>
+    </message>
+    <message>
+        <source>Band stop</source>
+        <translation>Bandsperre</translation>
+    </message>
+    <message>
+        <source>not turned</source>
+        <translation>nicht gedreht</translation>
+    </message>
+    <message>
+        <source>not mirrored</source>
+        <translation>nicht gespiegelt</translation>
+    </message>
+    <message>
+        <source>left and right</source>
+        <translation>links und rechts</translation>
+    </message>
+    <message>
+        <source>top and bottom</source>
+        <translation>oben und unten</translation>
+    </message>
+    <message>
+        <source>both</source>
+        <translation>beides</translation>
+    </message>
+    <message>
+        <source>Regular</source>
+        <translation>Normal</translation>
+    </message>
+    <message>
+        <source>Italic</source>
+        <translation>Kursiv</translation>
+    </message>
+    <message>
+        <source>Bold</source>
+        <translation>Fett</translation>
+    </message>
+    <message>
+        <source>Bold Italic</source>
+        <translation>Fett kursiv</translation>
+    </message>
+    <message>
+        <source>Whole frame</source>
+        <translation>Ganzes Bild</translation>
+    </message>
+    <message>
+        <source>Shape of the frame</source>
+        <translation>Form des Bildes</translation>
+    </message>
+    <message>
+        <source>Free</source>
+        <translation>Frei</translation>
+    </message>
+    <message>
+        <source>Shape of the rectangle</source>
+        <translation>Form des Rechtecks</translation>
+    </message>
+    <message>
+        <source>px</source>
+        <translation>px</translation>
+    </message>
+    <message>
+        <source>pt</source>
+        <translation>pt</translation>
+    </message>
+    <message>
+        <source>%</source>
+        <translation>%</translation>
+    </message>
+    <message>
+        <source>s</source>
+        <translation>s</translation>
+    </message>
+    <message>
+        <source>ms</source>
+        <translation>ms</translation>
+    </message>
+    <message>
+        <source>Hz</source>
+        <translation>Hz</translation>
+    </message>
+    <message>
+        <source>/100 Hz</source>
+        <translation>/100 Hz</translation>
+    </message>
+    <message>
+        <source>‰</source>
+        <translation>‰</translation>
+    </message>
+    <message>
+        <source>°</source>
+        <translation>°</translation>
+    </message>
+    <message>
+        <source>kbit/s</source>
+        <translation>kbit/s</translation>
+    </message>
+    <message>
+        <source>frames/s</source>
+        <translation>Bilder/s</translation>
+    </message>
+    <message>
+        <source>Smallest width</source>
+        <translation>Kleinste Breite</translation>
+    </message>
+    <message>
+        <source>The crop rectangle does not become narrower than this while it is drawn.</source>
+        <translation>Schmaler wird das Rechteck beim Zeichnen nicht.</translation>
+    </message>
+    <message>
+        <source>Smallest height</source>
+        <translation>Kleinste Höhe</translation>
+    </message>
+    <message>
+        <source>The crop rectangle does not become lower than this while it is drawn.</source>
+        <translation>Niedriger wird das Rechteck beim Zeichnen nicht.</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>Links</translation>
+    </message>
+    <message>
+        <source>How much is cut off at the left.</source>
+        <translation>Wie viel links abgeschnitten wird.</translation>
+    </message>
+    <message>
+        <source>Top</source>
+        <translation>Oben</translation>
+    </message>
+    <message>
+        <source>How much is cut off at the top.</source>
+        <translation>Wie viel oben abgeschnitten wird.</translation>
+    </message>
+    <message>
+        <source>Width</source>
+        <translation>Breite</translation>
+    </message>
+    <message>
+        <source>Width of the part that is kept. Until it is set, the whole frame.</source>
+        <translation>Breite des Teils, der bleibt. Solange sie nicht gesetzt ist, das ganze Bild.</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation>Höhe</translation>
+    </message>
+    <message>
+        <source>Height of the part that is kept. Until it is set, the whole frame.</source>
+        <translation>Höhe des Teils, der bleibt. Solange sie nicht gesetzt ist, das ganze Bild.</translation>
+    </message>
+    <message>
+        <source>Keep shape</source>
+        <translation>Form behalten</translation>
+    </message>
+    <message>
+        <source>The rectangle keeps its ratio of width to height while it is drawn.</source>
+        <translation>Das Rechteck behält beim Zeichnen sein Verhältnis von Breite zu Höhe.</translation>
+    </message>
+    <message>
+        <source>The shape that the rectangle keeps while it is drawn. It does not change a rectangle that is there.</source>
+        <translation>Die Form, die das Rechteck beim Zeichnen behält. Ein vorhandenes Rechteck ändert sie nicht.</translation>
+    </message>
+    <message>
+        <source>Turn the picture</source>
+        <translation>Bild drehen</translation>
+    </message>
+    <message>
+        <source>Whether turning and mirroring, set with the frame effects, take place.</source>
+        <translation>Ob Drehen und Spiegeln, bei den Bildeffekten eingestellt, stattfinden.</translation>
+    </message>
+    <message>
+        <source>Distance from the top of the frame, before cropping.</source>
+        <translation>Abstand vom oberen Rand des Bildes, vor dem Zuschneiden.</translation>
+    </message>
+    <message>
+        <source>Distance from the left of the frame, before cropping.</source>
+        <translation>Abstand vom linken Rand des Bildes, vor dem Zuschneiden.</translation>
+    </message>
+    <message>
+        <source>Default top</source>
+        <translation>Oben am Anfang</translation>
+    </message>
+    <message>
+        <source>Where a new watermark begins, as a part of the frame's height.</source>
+        <translation>Wo ein neues Wasserzeichen beginnt, als Teil der Bildhöhe.</translation>
+    </message>
+    <message>
+        <source>Default left</source>
+        <translation>Links am Anfang</translation>
+    </message>
+    <message>
+        <source>Where a new watermark begins, as a part of the frame's width.</source>
+        <translation>Wo ein neues Wasserzeichen beginnt, als Teil der Bildbreite.</translation>
+    </message>
+    <message>
+        <source>Transparency</source>
+        <translation>Durchsichtigkeit</translation>
+    </message>
+    <message>
+        <source>0 covers the picture, 100 cannot be seen.</source>
+        <translation>0 deckt das Bild ab, 100 ist nicht zu sehen.</translation>
+    </message>
+    <message>
+        <source>Strength of full opacity</source>
+        <translation>Stärke voller Deckung</translation>
+    </message>
+    <message>
+        <source>Opacity in percent times this is the alpha value. 2.55 reaches full opacity.</source>
+        <translation>Deckung in Prozent mal diese Zahl ist der Alphawert. 2,55 ist volle Deckung.</translation>
+    </message>
+    <message>
+        <source>Style</source>
+        <translation>Schnitt</translation>
+    </message>
+    <message>
+        <source>Bold, italic, both, or neither.</source>
+        <translation>Fett, kursiv, beides oder keins.</translation>
+    </message>
+    <message>
+        <source>Width and height change together.</source>
+        <translation>Breite und Höhe ändern sich gemeinsam.</translation>
+    </message>
+    <message>
+        <source>Colour of the letters. The transparency is set by itself.</source>
+        <translation>Farbe der Buchstaben. Die Durchsichtigkeit wird für sich eingestellt.</translation>
+    </message>
+    <message>
+        <source>Size of the letters, in points of 96 dots an inch.</source>
+        <translation>Größe der Buchstaben, in Punkt bei 96 Punkten pro Zoll.</translation>
+    </message>
+    <message>
+        <source>Font</source>
+        <translation>Schriftart</translation>
+    </message>
+    <message>
+        <source>Family of the letters.</source>
+        <translation>Familie der Schrift.</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>Whether the watermark is a text or an image.</source>
+        <translation>Ob das Wasserzeichen ein Text oder ein Bild ist.</translation>
+    </message>
+    <message>
+        <source>What is written into the picture.</source>
+        <translation>Was ins Bild geschrieben wird.</translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation>Bilddatei</translation>
+    </message>
+    <message>
+        <source>The image file. Its transparency is kept.</source>
+        <translation>Die Bilddatei. Ihre Durchsichtigkeit bleibt.</translation>
+    </message>
+    <message>
+        <source>Image format</source>
+        <translation>Bildformat</translation>
+    </message>
+    <message>
+        <source>Format of the image file, for files whose content does not tell.</source>
+        <translation>Format der Bilddatei, wenn ihr Inhalt es nicht verrät.</translation>
+    </message>
+    <message>
+        <source>Width of the image in the picture.</source>
+        <translation>Breite des Bildes im Video.</translation>
+    </message>
+    <message>
+        <source>Height of the image in the picture.</source>
+        <translation>Höhe des Bildes im Video.</translation>
+    </message>
+    <message>
+        <source>Leave out</source>
+        <translation>Auslassen</translation>
+    </message>
+    <message>
+        <source>The text is left out of what is converted.</source>
+        <translation>Der Text kommt nicht in das, was umgewandelt wird.</translation>
+    </message>
+    <message>
+        <source>Where the first line begins, from the top of the frame.</source>
+        <translation>Wo die erste Zeile beginnt, vom oberen Rand des Bildes an.</translation>
+    </message>
+    <message>
+        <source>Kept for other programs: subtitles are centred.</source>
+        <translation>Für andere Programme behalten: Untertitel stehen in der Mitte.</translation>
+    </message>
+    <message>
+        <source>Where subtitles begin unless that is set, as a part of the frame's height.</source>
+        <translation>Wo Untertitel ohne eigene Angabe beginnen, als Teil der Bildhöhe.</translation>
+    </message>
+    <message>
+        <source>Colour of the letters.</source>
+        <translation>Farbe der Buchstaben.</translation>
+    </message>
+    <message>
+        <source>Outline</source>
+        <translation>Umriss</translation>
+    </message>
+    <message>
+        <source>Colour of the letters' outline.</source>
+        <translation>Farbe des Umrisses der Buchstaben.</translation>
+    </message>
+    <message>
+        <source>Space between lines</source>
+        <translation>Zeilenabstand</translation>
+    </message>
+    <message>
+        <source>Added between the lines of one subtitle.</source>
+        <translation>Kommt zwischen den Zeilen eines Untertitels hinzu.</translation>
+    </message>
+    <message>
+        <source>Track's own style</source>
+        <translation>Eigener Stil der Spur</translation>
+    </message>
+    <message>
+        <source>A track that brings styles of its own keeps them.</source>
+        <translation>Eine Spur, die eigene Stile mitbringt, behält sie.</translation>
+    </message>
+    <message>
+        <source>From a file</source>
+        <translation>Aus einer Datei</translation>
+    </message>
+    <message>
+        <source>Whether the subtitles are a file beside the clip or a track in it.</source>
+        <translation>Ob die Untertitel eine Datei neben dem Clip oder eine Spur in ihm sind.</translation>
+    </message>
+    <message>
+        <source>Subtitle file</source>
+        <translation>Untertiteldatei</translation>
+    </message>
+    <message>
+        <source>The file with the subtitles.</source>
+        <translation>Die Datei mit den Untertiteln.</translation>
+    </message>
+    <message>
+        <source>Number of the track in the clip.</source>
+        <translation>Nummer der Spur im Clip.</translation>
+    </message>
+    <message>
+        <source>Place is set</source>
+        <translation>Ort ist gesetzt</translation>
+    </message>
+    <message>
+        <source>Whether the place was set, or follows the frame.</source>
+        <translation>Ob der Ort gesetzt wurde oder dem Bild folgt.</translation>
+    </message>
+    <message>
+        <source>Repeat</source>
+        <translation>Wiederholen</translation>
+    </message>
+    <message>
+        <source>The sound begins again until the picture ends.</source>
+        <translation>Der Ton beginnt von vorn, bis das Bild endet.</translation>
+    </message>
+    <message>
+        <source>Whether the sound is a file beside the clip or a track in it.</source>
+        <translation>Ob der Ton eine Datei neben dem Clip oder eine Spur in ihm ist.</translation>
+    </message>
+    <message>
+        <source>Sound file</source>
+        <translation>Tondatei</translation>
+    </message>
+    <message>
+        <source>The file with the sound.</source>
+        <translation>Die Datei mit dem Ton.</translation>
+    </message>
+    <message>
+        <source>Played in the preview</source>
+        <translation>In der Vorschau gespielt</translation>
+    </message>
+    <message>
+        <source>The track that a preview plays.</source>
+        <translation>Die Spur, die eine Vorschau spielt.</translation>
+    </message>
+    <message>
+        <source>Brightness</source>
+        <translation>Helligkeit</translation>
+    </message>
+    <message>
+        <source>0 leaves the picture as it is, 50 adds half of the full scale.</source>
+        <translation>0 lässt das Bild, wie es ist, 50 gibt die halbe Skala hinzu.</translation>
+    </message>
+    <message>
+        <source>Contrast</source>
+        <translation>Kontrast</translation>
+    </message>
+    <message>
+        <source>0 leaves the picture as it is, -50 halves the contrast, 50 adds half of it.</source>
+        <translation>0 lässt das Bild, wie es ist, -50 halbiert den Kontrast, 50 gibt die Hälfte hinzu.</translation>
+    </message>
+    <message>
+        <source>Saturation</source>
+        <translation>Sättigung</translation>
+    </message>
+    <message>
+        <source>0 leaves the colours as they are, -50 takes them away, 50 doubles them.</source>
+        <translation>0 lässt die Farben, wie sie sind, -50 nimmt sie weg, 50 verdoppelt sie.</translation>
+    </message>
+    <message>
+        <source>In use</source>
+        <translation>In Gebrauch</translation>
+    </message>
+    <message>
+        <source>Whether the frame effect is applied.</source>
+        <translation>Ob der Bildeffekt angewendet wird.</translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation>Nummer</translation>
+    </message>
+    <message>
+        <source>Number of the frame effect in the table.</source>
+        <translation>Nummer des Bildeffekts in der Tabelle.</translation>
+    </message>
+    <message>
+        <source>Turn</source>
+        <translation>Drehen</translation>
+    </message>
+    <message>
+        <source>Clockwise. Takes place when "Turn the picture" is set with the crop.</source>
+        <translation>Im Uhrzeigersinn. Findet statt, wenn beim Zuschnitt "Bild drehen" gesetzt ist.</translation>
+    </message>
+    <message>
+        <source>After turning. Takes place when "Turn the picture" is set with the crop.</source>
+        <translation>Nach dem Drehen. Findet statt, wenn beim Zuschnitt "Bild drehen" gesetzt ist.</translation>
+    </message>
+    <message>
+        <source>Whether the effect is applied to the sound.</source>
+        <translation>Ob der Effekt auf den Ton angewendet wird.</translation>
+    </message>
+    <message>
+        <source>Fade in</source>
+        <translation>Einblenden</translation>
+    </message>
+    <message>
+        <source>The sound grows from silence at the beginning.</source>
+        <translation>Der Ton wächst am Anfang aus der Stille.</translation>
+    </message>
+    <message>
+        <source>Fade out</source>
+        <translation>Ausblenden</translation>
+    </message>
+    <message>
+        <source>The sound falls to silence at the end.</source>
+        <translation>Der Ton sinkt am Ende in die Stille.</translation>
+    </message>
+    <message>
+        <source>Length at the beginning</source>
+        <translation>Länge am Anfang</translation>
+    </message>
+    <message>
+        <source>How long the sound grows.</source>
+        <translation>Wie lange der Ton wächst.</translation>
+    </message>
+    <message>
+        <source>Length at the end</source>
+        <translation>Länge am Ende</translation>
+    </message>
+    <message>
+        <source>How long the sound falls.</source>
+        <translation>Wie lange der Ton sinkt.</translation>
+    </message>
+    <message>
+        <source>Peak</source>
+        <translation>Spitze</translation>
+    </message>
+    <message>
+        <source>The loudest moment reaches this part of full scale.</source>
+        <translation>Der lauteste Augenblick erreicht diesen Teil der vollen Aussteuerung.</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>What is kept: below the frequency, above it, around it, or all but that.</source>
+        <translation>Was bleibt: unterhalb der Frequenz, oberhalb, um sie herum oder alles außer dem.</translation>
+    </message>
+    <message>
+        <source>Frequency</source>
+        <translation>Frequenz</translation>
+    </message>
+    <message>
+        <source>Where the filter works. Above 45 % of the sound's rate, that is taken.</source>
+        <translation>Wo der Filter arbeitet. Über 45 % der Abtastrate des Tons gilt dieser Wert.</translation>
+    </message>
+    <message>
+        <source>Steepness</source>
+        <translation>Steilheit</translation>
+    </message>
+    <message>
+        <source>How sharply the filter separates.</source>
+        <translation>Wie scharf der Filter trennt.</translation>
+    </message>
+    <message>
+        <source>Gain before</source>
+        <translation>Lautstärke davor</translation>
+    </message>
+    <message>
+        <source>Loudness of the sound itself.</source>
+        <translation>Lautstärke des Tons selbst.</translation>
+    </message>
+    <message>
+        <source>Gain after</source>
+        <translation>Lautstärke danach</translation>
+    </message>
+    <message>
+        <source>Loudness of the result.</source>
+        <translation>Lautstärke des Ergebnisses.</translation>
+    </message>
+    <message>
+        <source>Delay</source>
+        <translation>Verzögerung</translation>
+    </message>
+    <message>
+        <source>How much later the second voice comes.</source>
+        <translation>Wie viel später die zweite Stimme kommt.</translation>
+    </message>
+    <message>
+        <source>Loudness of the second voice.</source>
+        <translation>Lautstärke der zweiten Stimme.</translation>
+    </message>
+    <message>
+        <source>Around which the repetition swings.</source>
+        <translation>Um die herum die Wiederholung schwingt.</translation>
+    </message>
+    <message>
+        <source>Repetition</source>
+        <translation>Wiederholung</translation>
+    </message>
+    <message>
+        <source>How loud each repetition is beside the one before; 95 at the most.</source>
+        <translation>Wie laut jede Wiederholung neben der vorigen ist; höchstens 95.</translation>
+    </message>
+    <message>
+        <source>How often it swings: 100 is once a second.</source>
+        <translation>Wie oft sie schwingt: 100 ist einmal pro Sekunde.</translation>
+    </message>
+    <message>
+        <source>How much later the echo comes. With 0 there is none.</source>
+        <translation>Wie viel später das Echo kommt. Mit 0 gibt es keins.</translation>
+    </message>
+    <message>
+        <source>Loudness of the echo: 500 is half.</source>
+        <translation>Lautstärke des Echos: 500 ist die Hälfte.</translation>
+    </message>
+    <message>
+        <source>Whether the effect is applied to picture and sound.</source>
+        <translation>Ob der Effekt auf Bild und Ton angewendet wird.</translation>
+    </message>
+    <message>
+        <source>100 is as recorded, 200 twice as fast. The pitch stays. 0 cannot be converted.</source>
+        <translation>100 ist wie aufgenommen, 200 doppelt so schnell. Die Tonhöhe bleibt. 0 lässt sich nicht umwandeln.</translation>
+    </message>
+    <message>
+        <source>%1 is no address. Write TYPE:KEY or TYPE:POSITION:KEY, for example Color:bcs_contrast or Watermark:0:wm_fontsize.</source>
+        <translation>%1 ist keine Adresse. Schreiben Sie TYP:SCHLÜSSEL oder TYP:POSITION:SCHLÜSSEL, zum Beispiel Color:bcs_contrast oder Watermark:0:wm_fontsize.</translation>
+    </message>
+    <message>
+        <source>There is no effect type %1.| Did you mean %2?</source>
+        <translation>Es gibt keinen Effekttyp %1.| Meinten Sie %2?</translation>
+    </message>
+    <message>
+        <source>%1 has no property %2.| Did you mean %3?</source>
+        <translation>%1 hat keine Eigenschaft %2.| Meinten Sie %3?</translation>
+    </message>
+    <message>
+        <source>There is no output option %1.| Did you mean %2?</source>
+        <translation>Es gibt keine Ausgabeoption %1.| Meinten Sie %2?</translation>
+    </message>
+    <message>
+        <source>%1 has no item %2; it has %3, counted from 0.</source>
+        <translation>%1 hat kein Element %2; es hat %3, von 0 an gezählt.</translation>
+    </message>
+    <message>
+        <source>%1 has no items. Leave the position out.</source>
+        <translation>%1 hat keine Elemente. Lassen Sie die Position weg.</translation>
+    </message>
+    <message>
+        <source>%2 belongs to an item of %1. Write %1:0:%2 for the first one.</source>
+        <translation>%2 gehört zu einem Element von %1. Schreiben Sie %1:0:%2 für das erste.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be set here: it is for %2.</source>
+        <translation>%1 lässt sich hier nicht setzen: es ist für %2.</translation>
+    </message>
+    <message>
+        <source>%1: %2 is no whole number.</source>
+        <translation>%1: %2 ist keine ganze Zahl.</translation>
+    </message>
+    <message>
+        <source>%1: %2 is no number.</source>
+        <translation>%1: %2 ist keine Zahl.</translation>
+    </message>
+    <message>
+        <source>%1: %2 is neither true nor false.</source>
+        <translation>%1: %2 ist weder true noch false.</translation>
+    </message>
+    <message>
+        <source>%1: %2 is no colour. Write a name, #rrggbb, or #aarrggbb with the opacity first.</source>
+        <translation>%1: %2 ist keine Farbe. Schreiben Sie einen Namen, #rrggbb oder #aarrggbb mit der Deckung zuerst.</translation>
+    </message>
+    <message>
+        <source>%1: %2 is no font. Write the name of a family.</source>
+        <translation>%1: %2 ist keine Schrift. Schreiben Sie den Namen einer Familie.</translation>
+    </message>
+    <message>
+        <source>%1: a text is expected.</source>
+        <translation>%1: erwartet wird ein Text.</translation>
+    </message>
+    <message>
+        <source>%1: %2 is not between %3 and %4.</source>
+        <translation>%1: %2 liegt nicht zwischen %3 und %4.</translation>
+    </message>
+    <message>
+        <source>These settings are just being changed. Try again when that is done.</source>
+        <translation>Diese Einstellungen werden gerade geändert. Versuchen Sie es danach noch einmal.</translation>
+    </message>
+    <message>
+        <source>What was to be changed is not there any more.</source>
+        <translation>Was geändert werden sollte, gibt es nicht mehr.</translation>
+    </message>
+    <message>
+        <source>The items of %1 are always there. Select or clear them instead.</source>
+        <translation>Die Elemente von %1 sind immer da. Wählen Sie sie aus oder ab.</translation>
+    </message>
+    <message>
+        <source>%1: %2 is no position between 0 and %3.</source>
+        <translation>%1: %2 ist keine Position zwischen 0 und %3.</translation>
+    </message>
+    <message>
+        <source>%1 has no default to go back to.</source>
+        <translation>%1 hat keinen Standardwert.</translation>
+    </message>
+    <message>
+        <source>%1 is none of %2.| Did you mean %3?</source>
+        <translation>%1 ist nichts von %2.| Meinten Sie %3?</translation>
+    </message>
+    <message>
+        <source>%1 is no margin. Write pixels (10) or percent (2%).</source>
+        <translation>%1 ist kein Rand. Schreiben Sie Pixel (10) oder Prozent (2%).</translation>
+    </message>
+    <message>
+        <source>%1 is no size. Write a part of the frame's width from 1% to 100%.</source>
+        <translation>%1 ist keine Größe. Schreiben Sie einen Teil der Bildbreite von 1% bis 100%.</translation>
+    </message>
+    <message>
+        <source>%1: rounding to whole pixels makes %3 of %2 there and back.</source>
+        <translation>%1: das Runden auf ganze Pixel macht hin und zurück aus %2 %3.</translation>
+    </message>
+    <message>
+        <source>chosen by hand</source>
+        <translation>von Hand gewählt</translation>
+    </message>
+    <message>
+        <source>chosen for its language, %1</source>
+        <translation>wegen der Sprache gewählt, %1</translation>
+    </message>
+    <message>
+        <source>chosen as forced subtitle</source>
+        <translation>als erzwungener Untertitel gewählt</translation>
+    </message>
+    <message>
+        <source>chosen as subtitle file beside the clip</source>
+        <translation>als Untertiteldatei neben dem Clip gewählt</translation>
+    </message>
+    <message>
+        <source>The clip has no such track %1. zoconvert probe lists its tracks.</source>
+        <translation>Der Clip hat keine solche Spur %1. zoconvert probe zählt seine Spuren auf.</translation>
+    </message>
+    <message>
+        <source>Tracks:%1: %2 is no value for this rule.</source>
+        <translation>Tracks:%1: %2 ist kein Wert für diese Regel.</translation>
+    </message>
+    <message>
+        <source>%1: %2 is no list. Write words with commas between them.</source>
+        <translation>%1: %2 ist keine Liste. Schreiben Sie Wörter mit Kommas dazwischen.</translation>
+    </message>
+    <message>
+        <source>%1: %2 is no size. Write WIDTHxHEIGHT, for example 1280x720, and ,exact behind it to force the shape.</source>
+        <translation>%1: %2 ist keine Größe. Schreiben Sie BREITExHÖHE, zum Beispiel 1280x720, und ,exact dahinter, um die Form zu erzwingen.</translation>
+    </message>
+    <message>
+        <source>%1: %2 is no range. Write FROM,TO in seconds, for example 12,40.5; TO comes after FROM.</source>
+        <translation>%1: %2 ist kein Bereich. Schreiben Sie VON,BIS in Sekunden, zum Beispiel 12,40.5; BIS liegt hinter VON.</translation>
+    </message>
+    <message>
+        <source>%1: %2 is below %3.</source>
+        <translation>%1: %2 liegt unter %3.</translation>
+    </message>
+    <message>
+        <source>Line %1, column %2: %3.</source>
+        <translation>Zeile %1, Spalte %2: %3.</translation>
+    </message>
+    <message>
+        <source>A settings file has at most 16 MB.</source>
+        <translation>Eine Einstellungsdatei hat höchstens 16 MB.</translation>
+    </message>
+    <message>
+        <source>Objects and lists of a settings file stand at most %1 deep in each other.</source>
+        <translation>Objekte und Listen einer Einstellungsdatei stehen höchstens %1 tief ineinander.</translation>
+    </message>
+    <message>
+        <source>A settings file has at most %1 items.</source>
+        <translation>Eine Einstellungsdatei hat höchstens %1 Elemente.</translation>
+    </message>
+    <message>
+        <source>This is no settings file: a JSON object with "zoeffect": 1 is expected.</source>
+        <translation>Das ist keine Einstellungsdatei: erwartet wird ein JSON-Objekt mit "zoeffect": 1.</translation>
+    </message>
+    <message>
+        <source>This file is of version %1; this program knows versions up to %2. Use a newer program.</source>
+        <translation>Diese Datei hat Version %1; dieses Programm kennt Versionen bis %2. Nehmen Sie ein neueres Programm.</translation>
+    </message>
+    <message>
+        <source>%1: %2 is expected.</source>
+        <translation>%1: erwartet wird %2.</translation>
+    </message>
+    <message>
+        <source>%1 has no member %2.| Did you mean %3?</source>
+        <translation>%1 hat kein Mitglied %2.| Meinten Sie %3?</translation>
+    </message>
+    <message>
+        <source>%1: there is no frame effect %2.| Did you mean %3?</source>
+        <translation>%1: es gibt keinen Bildeffekt %2.| Meinten Sie %3?</translation>
+    </message>
+    <message>
+        <source>%1 stands twice in the file. Leave one of them.</source>
+        <translation>%1 steht zweimal in der Datei. Lassen Sie eins davon.</translation>
+    </message>
+    <message>
+        <source>A preset has no "%1": it is for any clip.</source>
+        <translation>Eine Voreinstellung hat kein "%1": sie ist für jeden Clip.</translation>
+    </message>
+    <message>
+        <source>%1: no such file.</source>
+        <translation>%1: keine solche Datei.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: %2.</source>
+        <translation>%1 ist nicht lesbar: %2.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2.</source>
+        <translation>%1 lässt sich nicht schreiben: %2.</translation>
+    </message>
+    <message>
+        <source>There is no preset %1.| Did you mean %2?</source>
+        <translation>Es gibt keine Voreinstellung %1.| Meinten Sie %2?</translation>
+    </message>
+    <message>
+        <source>There is a preset %1 already. Choose another name, or replace it.</source>
+        <translation>Es gibt schon eine Voreinstellung %1. Wählen Sie einen anderen Namen oder ersetzen Sie sie.</translation>
+    </message>
+    <message>
+        <source>A preset needs a name.</source>
+        <translation>Eine Voreinstellung braucht einen Namen.</translation>
+    </message>
+    <message>
+        <source>%1 exists. Choose another name, or replace it.</source>
+        <translation>%1 gibt es schon. Wählen Sie einen anderen Namen oder ersetzen Sie die Datei.</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1 belongs to a session that is still running.</source>
+        <translation>%1 gehört zu einer Sitzung, die noch läuft.</translation>
+    </message>
+    <message>
+        <source>%1 is no journal of a session, or damaged from its beginning.</source>
+        <translation>%1 ist kein Journal einer Sitzung oder von Anfang an beschädigt.</translation>
+    </message>
+    <message>
+        <source>The last moments of the session were not written to the end. All before them is back.</source>
+        <translation>Die letzten Augenblicke der Sitzung wurden nicht zu Ende geschrieben. Alles davor ist wieder da.</translation>
+    </message>
+    <message>
+        <source>%1 was saved %2, later than the unfinished session of %3. Both are kept.</source>
+        <translation>%1 wurde %2 gespeichert, später als die unbeendete Sitzung vom %3. Beide bleiben erhalten.</translation>
+    </message>
+    <message>
+        <source>Of %1 nothing can be saved as a default. Choose one of its items.</source>
+        <translation>Von %1 lässt sich kein Standard speichern. Wählen Sie eins seiner Elemente.</translation>
+    </message>
+    <message>
+        <source>change %1</source>
+        <translation>%1 ändern</translation>
+    </message>
+    <message>
+        <source>switch %1</source>
+        <translation>%1 umschalten</translation>
+    </message>
+    <message>
+        <source>add %1</source>
+        <translation>%1 hinzufügen</translation>
+    </message>
+    <message>
+        <source>remove %1</source>
+        <translation>%1 entfernen</translation>
+    </message>
+    <message>
+        <source>move %1</source>
+        <translation>%1 verschieben</translation>
+    </message>
+    <message>
+        <source>add a file</source>
+        <translation>eine Datei hinzufügen</translation>
+    </message>
+    <message>
+        <source>remove a file</source>
+        <translation>eine Datei entfernen</translation>
+    </message>
+    <message>
+        <source>change a saved default</source>
+        <translation>einen gespeicherten Standard ändern</translation>
+    </message>
+    <message>
+        <source>apply to %1 files</source>
+        <translation>auf %1 Dateien anwenden</translation>
+    </message>
+    <message>
+        <source>change %1 values</source>
+        <translation>%1 Werte ändern</translation>
+    </message>
+    <message>
+        <source>%1: %2 is none of %3.| Did you mean %4?</source>
+        <translation>%1: %2 ist nichts von %3.| Meinten Sie %4?</translation>
+    </message>
+    <message>
+        <source>Sound languages</source>
+        <translation>Sprachen des Tons</translation>
+    </message>
+    <message>
+        <source>All tracks of the first of these languages that the clip has, for example fra,eng.</source>
+        <translation>Alle Spuren der ersten dieser Sprachen, die der Clip hat, zum Beispiel fra,eng.</translation>
+    </message>
+    <message>
+        <source>Sound tracks by hand</source>
+        <translation>Tonspuren von Hand</translation>
+    </message>
+    <message>
+        <source>Numbers of the tracks; goes before the languages.</source>
+        <translation>Nummern der Spuren; geht den Sprachen vor.</translation>
+    </message>
+    <message>
+        <source>Forced subtitles</source>
+        <translation>Erzwungene Untertitel</translation>
+    </message>
+    <message>
+        <source>Takes a subtitle that is marked as forced, in the language of the sound.</source>
+        <translation>Nimmt einen Untertitel, der als erzwungen gekennzeichnet ist, in der Sprache des Tons.</translation>
+    </message>
+    <message>
+        <source>Files beside the clip</source>
+        <translation>Dateien neben dem Clip</translation>
+    </message>
+    <message>
+        <source>Subtitle files of the clip's name count as tracks.</source>
+        <translation>Untertiteldateien mit dem Namen des Clips gelten als Spuren.</translation>
+    </message>
+    <message>
+        <source>Subtitle languages</source>
+        <translation>Sprachen der Untertitel</translation>
+    </message>
+    <message>
+        <source>One track, of the first of these languages that the clip has.</source>
+        <translation>Eine Spur, in der ersten dieser Sprachen, die der Clip hat.</translation>
+    </message>
+    <message>
+        <source>Subtitle by hand</source>
+        <translation>Untertitel von Hand</translation>
+    </message>
+    <message>
+        <source>Number of the track, or none; goes before the languages.</source>
+        <translation>Nummer der Spur oder none; geht den Sprachen vor.</translation>
+    </message>
+    <message>
+        <source>%1 is not kept with the settings. Give it with each run.</source>
+        <translation>%1 wird nicht mit den Einstellungen aufbewahrt. Geben Sie es bei jedem Lauf an.</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,164 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include <QMap>
+#include <QObject>
+#include <QPointer>
+#include <QSize>
+#include <QVector>
+
+#include <zokit/address.h>
+#include <zokit/changes.h>
+#include <zokit/message.h>
+#include <zokit/settings.h>
+#include <zokit/zokit_export.h>
+
+class ZoEffectModel;
+
+namespace zokit {
+
+/// Gives out identities that were never given out before.
+class ZOKIT_EXPORT Identities {
+public:
+    Identity next();
+    /// From now on only identities above \a used.
+    void skip(Identity used);
+
+private:
+    Identity m_last = 0;
+};
+
+/// How a value stands to what a new item would get in this file.
+enum class State {
+    Default,      ///< It has it.
+    SavedDefault, ///< It has it, and that is the user's saved default, not the catalogue's.
+    Changed
+};
+
+/// The settings of one file, as a host wants them: values that are checked, items that keep their identity, signals
+/// before and after. See the page "From nothing to a host" of the guide.
+///
+/// What the library below would do otherwise than people mean, this class settles: an untouched watermark is default at
+/// every frame size; a text is measured before it is placed, so that it finds a free place; a crop stays the same part
+/// of the picture when the frame changes; saving a default changes no value of an open file; an image keeps its
+/// transparency, and a text has 96 dots an inch.
+///
+/// A refused call changes nothing, sends nothing and answers with the sentence that check() gives. All calls are for
+/// the thread of the object.
+class ZOKIT_EXPORT FileSettings : public QObject {
+    Q_OBJECT
+
+public:
+    /// A new file: the saved defaults act here.
+    explicit FileSettings(const Media& media, std::shared_ptr<Identities> identities = {}, QObject* parent = nullptr);
+    /// Exactly \a settings, completed; no saved default acts.
+    explicit FileSettings(const Settings& settings, std::shared_ptr<Identities> identities = {},
+                          QObject* parent = nullptr);
+    /// From things that everything() gave: with their identities, for histories and journals.
+    FileSettings(const QMap<Identity, Values>& things, std::shared_ptr<Identities> identities,
+                 QObject* parent = nullptr);
+    ~FileSettings() override;
+
+    /// \name Things and their places
+    /// @{
+    Identity file() const;
+    Identity output() const;
+    Identity tracks() const;
+    Identity type(const QString& name) const; ///< 0 for an unknown type.
+    QVector<Identity> items(const QString& type) const;
+    Identity item(const QString& type, int pos) const; ///< 0 when there is none.
+    /// The thing at \a address; 0 when there is none.
+    Identity thing(const Address& address) const;
+    /// Whether \a thing is one of this file, by now.
+    bool owns(Identity thing) const;
+    /// All things with all their values, the kit's own keys included.
+    QMap<Identity, Values> everything() const;
+    /// Where \a key of \a thing stands by now; nothing when the thing is not of this file or gone.
+    std::optional<Address> address(Identity thing, const QString& key) const;
+    /// @}
+
+    /// \name Values
+    /// @{
+    /// The value of \a key; "selected" is a bool. Invalid when there is none.
+    QVariant value(Identity thing, const QString& key) const;
+    /// All values of \a thing.
+    Values values(Identity thing) const;
+    State state(Identity thing, const QString& key) const;
+    /// The sentence with which setValue() would refuse \a candidate; empty: it would take it.
+    Message check(Identity thing, const QString& key, const QVariant& candidate) const;
+    /// Sets a value, read as readValue() does; a type or item that was not selected becomes selected. An equal value
+    /// changes nothing. What follows from it (the place of an anchored watermark) changes with it.
+    Message setValue(Identity thing, const QString& key, const QVariant& value, QObject* asker = nullptr);
+    /// Several values at once: all or none, one signal.
+    Message setValues(Identity thing, const Values& values, QObject* asker = nullptr);
+    /// @}
+
+    /// \name Items
+    /// @{
+    struct Inserted {
+        Identity item = 0; ///< 0: refused.
+        Message error;
+    };
+    /// A new item of \a type before position \a pos (-1: at the end) with the defaults of the moment and \a values over
+    /// them. A watermark without a position in \a values gets a free place.
+    Inserted insert(const QString& type, const Values& values, int pos = -1, QObject* asker = nullptr);
+    Message remove(Identity item, QObject* asker = nullptr);
+    /// Moves \a item so that it ends at position \a to.
+    Message move(Identity item, int to, QObject* asker = nullptr);
+    /// @}
+
+    /// \name Back to the defaults
+    /// @{
+    Message reset(Identity thing, const QString& key, QObject* asker = nullptr);
+    Message resetItem(Identity item, QObject* asker = nullptr);
+    /// Tracks of the clip stay, files and watermarks go; frame effects get their order back.
+    Message resetType(const QString& type, QObject* asker = nullptr);
+    void resetAll(QObject* asker = nullptr);
+    /// @}
+
+    /// \name As a whole
+    /// @{
+    Settings settings() const;
+    /// Makes this file's settings \a target, completed. Items that are the same keep their identity.
+    void setSettings(const Settings& target, QObject* asker = nullptr);
+    Media media() const;
+    /// Another clip or frame size: geometry is rescaled as rescaled() does.
+    void setMedia(const Media& media, QObject* asker = nullptr);
+    /// Whether converting the file would change nothing: no effect that does anything, no other choice of tracks, no
+    /// output option.
+    bool comesOutUnchanged() const;
+    /// Sets the values of \a changes to their "after", exactly and unchecked: for the history. Changes of other things
+    /// are passed over.
+    void apply(const Changes& changes, QObject* asker = nullptr);
+    /// @}
+
+    /// \name The library's models below
+    /// @{
+    ZoEffectModel* pictureModel() const;
+    ZoEffectModel* soundModel() const;
+    /// Takes in what a host changed in the models without a signal. Changes that are announced are taken in at once.
+    void syncFromModels();
+    /// @}
+
+Q_SIGNALS:
+    /// Sent before anything is changed, also for changes made directly on a model as far as they are announced.
+    void aboutToChange(const zokit::Changes& changes, QObject* asker);
+    /// Sent once after an operation: all values that changed, old and new. \a asker is who called; the model itself for
+    /// a change that was made on it directly.
+    void changed(const zokit::Changes& changes, QObject* asker);
+    /// Sent with changed() when an item came, went or moved.
+    void itemInserted(const QString& type, quint64 item, int pos);
+    void itemRemoved(const QString& type, quint64 item, int pos);
+    void itemMoved(const QString& type, quint64 item, int from, int to);
+
+private:
+    class Private;
+    std::unique_ptr<Private> d;
+};
+
+} // namespace zokit

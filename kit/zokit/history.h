@@ -1,0 +1,81 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <memory>
+
+#include <QObject>
+#include <QVector>
+
+#include <zokit/changes.h>
+#include <zokit/message.h>
+#include <zokit/zokit_export.h>
+
+namespace zokit {
+
+class Project;
+
+/// A step of the history: data alone.
+struct ZOKIT_EXPORT Step {
+    Message text; ///< What a menu says: "Undo: move watermark".
+    Changes changes;
+};
+
+/// Undo and redo of everything in a project. Each operation is a step; between beginGesture() and endGesture() all are
+/// one, however many, whatever the time. Undoing sets the values from before, redoing those from after: exactly.
+class ZOKIT_EXPORT History : public QObject {
+    Q_OBJECT
+
+public:
+    explicit History(Project& project);
+    ~History() override;
+
+    bool canUndo() const;
+    bool canRedo() const;
+    void undo();
+    void redo();
+    /// Undoes or redoes until \a count steps are done.
+    void goTo(int count);
+
+    int count() const;    ///< Steps that are kept.
+    int position() const; ///< How many of them are done.
+    Step step(int index) const;
+    Message undoText() const; ///< Of the next step to undo; empty when there is none.
+    Message redoText() const;
+
+    /// Gestures may nest; the outermost one is the step. A gesture that changed nothing is none.
+    void beginGesture(const Message& text);
+    void endGesture();
+    /// Takes back what the gesture did so far and ends it.
+    void cancelGesture();
+
+    /// Whether the project is as it was when setClean() was called last.
+    bool isClean() const;
+    void setClean();
+
+    /// What was selected belongs to the place in the history: it comes back with undo and redo. The host's words.
+    void setSelection(const QVector<Identity>& things);
+    QVector<Identity> selection() const;
+
+    /// The oldest steps are forgotten beyond this many bytes; 64 MB by default.
+    void setLimit(qint64 bytes);
+
+    /// Puts back a history that a journal kept: the project is as after \a position steps.
+    void restore(const QVector<Step>& steps, int position);
+
+Q_SIGNALS:
+    /// A step was done, undone, redone or forgotten; texts and counts may have changed.
+    void changed();
+    void cleanChanged(bool clean);
+    /// What a journal notes: a new step, which ends what could be redone; another position; another selection.
+    void stepAdded(const zokit::Step& step);
+    void positionChanged(int position);
+    void selectionChanged(const QVector<quint64>& things);
+
+private:
+    class Private;
+    std::unique_ptr<Private> d;
+};
+
+} // namespace zokit

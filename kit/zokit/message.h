@@ -1,0 +1,125 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QLocale>
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+#include <zokit/zokit_export.h>
+
+namespace zokit {
+
+/// A sentence for a person, as data: what is said, and the words that it is said of. The text is made when it is asked
+/// for, in the language of the moment: what, which, why, and what to do.
+class ZOKIT_EXPORT Message {
+public:
+    /// What is said. The texts stand in kit/text/message.cpp, one a code.
+    enum class Code {
+        None, ///< Nothing is wrong.
+        // Addresses and values
+        AddressMalformed, ///< 1: the address.
+        UnknownType,      ///< 1: the type, 2: the nearest one.
+        UnknownKey,       ///< 1: the type, 2: the key, 3: the nearest one.
+        UnknownOption,    ///< 1: the option, 2: the nearest one.
+        NoSuchItem,       ///< 1: the type, 2: the position, 3: how many there are.
+        TypeHasNoItems,   ///< 1: the type.
+        KeyNeedsItem,     ///< 1: the type, 2: the key.
+        NotOfItem,        ///< 1: the address, 2: what it suits.
+        NotAWholeNumber,  ///< 1: the address, 2: the value.
+        NotANumber,       ///< 1: the address, 2: the value.
+        NotTrueOrFalse,   ///< 1: the address, 2: the value.
+        NotAColor,        ///< 1: the address, 2: the value.
+        NotAFont,         ///< 1: the address, 2: the value.
+        NotAText,         ///< 1: the address.
+        OutOfBounds,      ///< 1: the address, 2: the value, 3: lowest, 4: highest.
+        NotAChoice,       ///< 1: the address, 2: the value, 3: the choices, 4: the nearest one.
+        Busy,             ///< Settings are being changed already.
+        NoSuchThing,      ///< The thing is gone, or of another file.
+        FixedItems,       ///< 1: the type, whose items neither come nor go.
+        ItemPosition,     ///< 1: the type, 2: the position, 3: the highest one.
+        NoDefault,        ///< 1: the address.
+        AnchorCorner,     ///< 1: the word, 2: the corners, 3: the nearest one.
+        AnchorMargin,     ///< 1: the value.
+        AnchorSize,       ///< 1: the value.
+        MovedByRounding,  ///< 1: the address, 2: the value before, 3: after.
+        ChosenByHand,
+        ChosenByLanguage, ///< 1: the language.
+        ChosenAsForced,
+        ChosenAsSidecar,
+        NoSuchTrack, ///< 1: the stream number.
+        TrackRule,   ///< 1: the rule, 2: the value.
+        NotAList,    ///< 1: the address, 2: the value.
+        NotASize,    ///< 1: the address, 2: the value.
+        NotARange,   ///< 1: the address, 2: the value.
+        BelowLowest, ///< 1: the address, 2: the value, 3: the lowest.
+        // Settings files
+        JsonSyntax, ///< 1: the line, 2: the column, 3: what is wrong.
+        FileTooLarge,
+        FileTooDeep,  ///< 1: how deep is allowed.
+        TooManyItems, ///< 1: how many are allowed.
+        NotThisForm,
+        NewerVersion,       ///< 1: the file's version, 2: the latest known.
+        MemberType,         ///< 1: where, 2: what was expected.
+        UnknownMember,      ///< 1: where, 2: the member, 3: the nearest one.
+        UnknownFrameEffect, ///< 1: where, 2: the name, 3: the nearest one.
+        TypeTwice,          ///< 1: the type.
+        PresetHolds,        ///< 1: the member that no preset has.
+        FileMissing,        ///< 1: the path.
+        FileUnreadable,     ///< 1: the path, 2: why.
+        FileUnwritable,     ///< 1: the path, 2: why.
+        PresetMissing,      ///< 1: the name, 2: the nearest one.
+        PresetExists,       ///< 1: the name.
+        PresetName,
+        FileExists,        ///< 1: the path.
+        InFile,            ///< 1: the file, 2: what is wrong in it, already a sentence.
+        JournalInUse,      ///< 1: the path.
+        JournalUnreadable, ///< 1: the path.
+        JournalCut,
+        SavedIsNewer,  ///< 1: the settings file, 2: when it was saved, 3: when the journal was written last.
+        NotKept,       ///< 1: the option, which is said for each run anew.
+        NothingToSave, ///< 1: the type, of which nothing can be saved as a default.
+        // Steps of the history, as a menu says them behind "Undo" and "Redo"
+        StepChange, ///< 1: the property.
+        StepSelect, ///< 1: what.
+        StepAdd,    ///< 1: the type.
+        StepRemove, ///< 1: the type.
+        StepMove,   ///< 1: the type.
+        StepAddFile,
+        StepRemoveFile,
+        StepDefault,
+        StepApply, ///< 1: how many files.
+        StepMany,  ///< 1: how many values.
+        Last = StepMany
+    };
+
+    Message() = default;
+    explicit Message(Code code, QStringList arguments = {});
+
+    Code code() const;
+    QStringList arguments() const;
+    /// Whether anything is said.
+    bool isEmpty() const;
+    /// The sentence, on one line, in the language of the installed translation, else in English.
+    QString text() const;
+
+private:
+    Code m_code = Code::None;
+    QStringList m_arguments;
+};
+
+ZOKIT_EXPORT bool operator==(const Message& left, const Message& right);
+
+using Messages = QVector<Message>;
+
+/// The one of \a candidates that \a word was probably meant to be: few letters differ, upper or lower case aside; empty
+/// when none is near.
+ZOKIT_EXPORT QString nearest(const QString& word, const QStringList& candidates);
+
+/// Has the kit speak the language of \a locale from now on, in the running application: German where it is wanted, else
+/// English. False when the translation cannot be had.
+ZOKIT_EXPORT bool useLanguage(const QLocale& locale);
+
+} // namespace zokit

@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <zokit/message.h>
+#include <zokit/settings.h>
+#include <zokit/zokit_export.h>
+
+namespace zokit {
+
+/// A user's presets: settings files in one folder, "NAME.zoeffect.json". A name may hold any character; the file's name
+/// encodes it. Nothing is kept in memory: each call looks at the folder.
+class ZOKIT_EXPORT Presets {
+public:
+    /// Those in \a folder; without one, "zoeffect/presets" in the user's configuration folder.
+    explicit Presets(const QString& folder = {});
+
+    QString folder() const;
+    QStringList names() const; ///< In the order of the alphabet.
+    QString path(const QString& name) const;
+
+    struct Loaded {
+        Settings preset;
+        Message error;
+    };
+    Loaded load(const QString& name) const;
+    /// Saves \a preset under \a name. Refused when there is one already, unless \a replace.
+    Message save(const QString& name, const Settings& preset, bool replace = false) const;
+    Message remove(const QString& name) const;
+    Message rename(const QString& from, const QString& to) const;
+    /// Takes in preset files under the names of the files. All are checked before the first is written; a name that is
+    /// taken refuses all, unless \a replace.
+    Message import(const QStringList& files, bool replace = false) const;
+    Message exportTo(const QString& name, const QString& file, bool replace = false) const;
+
+private:
+    QString m_folder;
+};
+
+/// What a preset made from \a settings holds: the types and items of \a what (as in CarryOver), without the clip.
+ZOKIT_EXPORT Settings presetFrom(const Settings& settings, const QStringList& what);
+
+} // namespace zokit

@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <optional>
+
+#include <QByteArray>
+#include <QString>
+
+#include <zokit/message.h>
+#include <zokit/settings.h>
+#include <zokit/zokit_export.h>
+
+namespace zokit {
+
+/// Settings read from a file, or why not. With an error nothing of the file was taken.
+struct ZOKIT_EXPORT ReadSettings {
+    std::optional<Settings> settings; ///< Completed: every type and value is there.
+    Message error;                    ///< Names line and column, or the address, and what was expected there.
+    Messages warnings;                ///< What was taken, and still deserves a word.
+};
+
+/// Reads the text of a settings file that lies in \a folder, to which its paths are relative. What a file lacks has the
+/// catalogue's default at the frame of its "media", never a saved default.
+ZOKIT_EXPORT ReadSettings readSettings(const QByteArray& json, const QString& folder);
+/// The text of a settings file for \a folder. Reading it gives \a settings again, bit by bit.
+ZOKIT_EXPORT QByteArray writeSettings(const Settings& settings, const QString& folder);
+
+/// readSettings() of the file at \a path: regular files of at most 16 MB only.
+ZOKIT_EXPORT ReadSettings loadSettings(const QString& path);
+/// Writes the file at \a path whole or not at all. An empty message: it is there.
+ZOKIT_EXPORT Message saveSettings(const Settings& settings, const QString& path);
+
+/// \a settings with every type and value that is missing, at the catalogue's default for its frame.
+ZOKIT_EXPORT Settings completed(const Settings& settings);
+
+/// A preset: settings without a clip, of the types that it is meant for. Its frame is that for which they were made.
+/// readPreset() refuses "media" and "trim"; the types that it holds are completed.
+ZOKIT_EXPORT ReadSettings readPreset(const QByteArray& json, const QString& folder);
+ZOKIT_EXPORT QByteArray writePreset(const Settings& preset, const QString& folder);
+
+} // namespace zokit

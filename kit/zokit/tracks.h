@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <optional>
+
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+#include <zokit/message.h>
+#include <zokit/settings.h>
+#include <zokit/zokit_export.h>
+
+namespace zokit {
+
+enum class TrackKind { Video, Audio, Subtitle, Attachment, Data };
+
+/// A track of a clip, as a probe found it.
+struct ZOKIT_EXPORT Track {
+    int index = 0; ///< Stream number.
+    TrackKind kind = TrackKind::Video;
+    QString codec;
+    QString language; ///< ISO 639-2 ("fra") or empty.
+    QString title;
+    bool isDefault = false;
+    bool forced = false;
+};
+
+/// By which rule tracks are chosen. Choosing by hand comes first, and says so.
+struct ZOKIT_EXPORT TrackRules {
+    QStringList audioLanguages;    ///< In order of preference; all tracks of the first language that the clip has.
+    QStringList subtitleLanguages; ///< In order; one track.
+    bool forcedSubtitles = false;  ///< A forced subtitle is chosen where there is one, of the audio's language first.
+    bool sidecars = false;         ///< Subtitle files of the clip's name beside it count as tracks.
+    std::optional<QVector<int>> audioTracks; ///< By hand: stream numbers.
+    std::optional<int> subtitleTrack;        ///< By hand: a stream number; -1: none.
+};
+
+/// From and to the values of a settings file's "tracks"; nothing for what is no rule, with the reason in \a error.
+ZOKIT_EXPORT std::optional<TrackRules> trackRulesFrom(const Values& values, Message* error = nullptr);
+ZOKIT_EXPORT Values toValues(const TrackRules& rules);
+
+/// One track and what becomes of it, to be shown before it is applied.
+struct ZOKIT_EXPORT TrackChoice {
+    Track track;     ///< Of a sidecar: kind Subtitle, index -1, language from its name.
+    QString sidecar; ///< Path of a subtitle file beside the clip, or empty.
+    bool selected = false;
+    Message why;
+};
+
+/// Subtitle files that belong to \a clip: beside it, "NAME.srt", "NAME.eng.srt", "NAME.eng.forced.ass"; in the order of
+/// the alphabet.
+ZOKIT_EXPORT QStringList sidecarsOf(const QString& clip);
+
+/// What \a rules choose among \a tracks and \a sidecars: one choice a track of sound or subtitles, in their order, then
+/// the sidecars. Without a rule nothing is selected. \a error: a track chosen by hand is not there.
+ZOKIT_EXPORT QVector<TrackChoice> chosenTracks(const TrackRules& rules, const QVector<Track>& tracks,
+                                               const QStringList& sidecars, Message* error = nullptr);
+
+/// \a settings with the items of "Audio" and "Subtitle" that \a choices mean: one item a track in their order, styles
+/// of tracks that are there already kept, \a rules noted under "tracks".
+ZOKIT_EXPORT Settings withTracks(const Settings& settings, const QVector<TrackChoice>& choices,
+                                 const TrackRules& rules);
+
+} // namespace zokit

@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QByteArray>
+
+class QRandomGenerator;
+
+namespace zokit {
+class Project;
+}
+
+namespace kitsupport {
+
+/// What a user might do next, anything of it: edits, lists, resets, gestures, many files, defaults, undo and redo.
+void randomEdit(zokit::Project& project, QRandomGenerator& random);
+
+/// Everything that a project holds: the text of each file's settings file, and the saved defaults.
+QByteArray stateOf(const zokit::Project& project);
+
+} // namespace kitsupport

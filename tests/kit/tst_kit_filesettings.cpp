@@ -1,0 +1,439 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include <memory>
+
+#include <QColor>
+#include <QSignalSpy>
+#include <QtTest>
+
+#include <zoeffectitemdata.h>
+#include <zoeffectitemdefaultvalmgr.h>
+#include <zoeffectmodel.h>
+
+#include <zokit/filesettings.h>
+#include <zokit/placement.h>
+#include <zokit/project.h>
+
+#include "kitsupport.h"
+#include "testapplication.h"
+
+using namespace kitsupport;
+using zokit::FileSettings;
+using zokit::Identity;
+using zokit::State;
+using Code = zokit::Message::Code;
+
+class TestKitFileSettings : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() { clearSavedDefaults(); }
+
+    void freshFileHoldsTheDefaults();
+    void valueIsSetCheckedAndTold();
+    void refusedCallChangesNothing_data();
+    void refusedCallChangesNothing();
+    void equalValueIsSilent();
+    void settingSelectsWhatWasNot();
+    void itemsKeepTheirIdentity();
+    void itemSignalsNameTheMove();
+    void freshWatermarksDoNotCoverEachOther();
+    void anchoredWatermarkKeepsItsCorner();
+    void placingByHandTakesFromTheAnchor();
+    void untouchedWatermarkIsDefaultAtEveryFrameSize();
+    void stateTellsDefaultSavedAndChanged();
+    void savingADefaultChangesNoOpenFile();
+    void resetGoesBackToTheDefaultsOfTheMoment();
+    void frameSizeKeepsThePartOfThePicture();
+    void comesOutUnchanged_data();
+    void comesOutUnchanged();
+    void modelsFollow();
+    void directChangesAreTold();
+    void silentChangesAreTakenInWhenAskedFor();
+    void drawingChangesNoSetting();
+    void callsInsideAnAnnouncementAreRefused();
+};
+
+void TestKitFileSettings::freshFileHoldsTheDefaults()
+{
+    const FileSettings file(clip());
+    QCOMPARE(file.value(at(file, "Color:bcs_contrast"), key("bcs_contrast")), QVariant(0));
+    QCOMPARE(file.value(file.type(key("Crop")), key("crop_width")), QVariant(QStringLiteral("source_val")));
+    QCOMPARE(file.items(key("Effect")).size(), 20);
+    QCOMPARE(file.items(key("Watermark")).size(), 0);
+    QCOMPARE(file.value(file.item(key("Effect"), 0), key("selected")), QVariant(false));
+    QVERIFY(file.comesOutUnchanged());
+}
+
+void TestKitFileSettings::valueIsSetCheckedAndTold()
+{
+    FileSettings file(clip());
+    const Identity color = file.type(key("Color"));
+    Log log(file);
+    QVERIFY(file.setValue(color, key("bcs_contrast"), QStringLiteral("20"), this).isEmpty());
+    QCOMPARE(file.value(color, key("bcs_contrast")), QVariant(20));
+    QCOMPARE(log.lines(), QStringList({QStringLiteral("before Color:bcs_contrast 0 20"),
+                                       QStringLiteral("after Color:bcs_contrast 0 20")}));
+    QCOMPARE(log.asker(), this);
+}
+
+void TestKitFileSettings::refusedCallChangesNothing_data()
+{
+    QTest::addColumn<QString>("address");
+    QTest::addColumn<QVariant>("value");
+    QTest::addColumn<QString>("sentence");
+    QTest::newRow("beyond the bounds") << "Color:bcs_contrast" << QVariant(51)
+                                       << "Color:bcs_contrast: 51 is not between -50 and 50.";
+    QTest::newRow("of another type") << "Color:bcs_contrast" << QVariant(QStringLiteral("much"))
+                                     << "Color:bcs_contrast: much is no whole number.";
+    QTest::newRow("a key of items")
+        << "Watermark:wm_fontsize" << QVariant(20)
+        << "wm_fontsize belongs to an item of Watermark. Write Watermark:0:wm_fontsize for the first one.";
+    QTest::newRow("misspelt") << "Color:bcs_contrst" << QVariant(1)
+                              << "Color has no property bcs_contrst. Did you mean bcs_contrast?";
+    QTest::newRow("no flag") << "Color:selected" << QVariant(QStringLiteral("maybe"))
+                             << "Color:selected: maybe is neither true nor false.";
+    QTest::newRow("an option of each run")
+        << "Output:jobs" << QVariant(2) << "jobs is not kept with the settings. Give it with each run.";
+    QTest::newRow("the kit's own") << "Color::of" << QVariant(1) << "What was to be changed is not there any more.";
+    QTest::newRow("for another kind of item")
+        << "Watermark:0:wm_imageurl" << QVariant(QStringLiteral("a.png"))
+        << "Watermark:0:wm_imageurl cannot be set here: it is for image watermarks.";
+    QTest::newRow("no corner")
+        << "Watermark:0:anchor" << QVariant(QVariantMap{{key("corner"), QStringLiteral("bottom-rihgt")}})
+        << "bottom-rihgt is none of top-left, top, top-right, left, centre, right, bottom-left, bottom, "
+           "bottom-right. Did you mean bottom-right?";
+}
+
+void TestKitFileSettings::refusedCallChangesNothing()
+{
+    QFETCH(QString, address);
+    QFETCH(QVariant, value);
+    QFETCH(QString, sentence);
+    FileSettings file(clip());
+    file.insert(key("Watermark"), {{key("wm_textcontent"), QStringLiteral("Hello")}});
+    const zokit::Settings before = file.settings();
+    const bool ofItem = address.count(QLatin1Char(':')) == 2 && !address.contains(QLatin1String("::"));
+    const QString type = address.section(QLatin1Char(':'), 0, 0);
+    const Identity ofType = type == QLatin1String("Output") ? file.output() : file.type(type);
+    const Identity thing = ofItem ? file.item(key("Watermark"), 0) : ofType;
+    const QString name = ofItem ? address.section(QLatin1Char(':'), 2) : address.section(QLatin1Char(':'), 1);
+    Log log(file);
+    QCOMPARE(file.check(thing, name, value).text(), sentence);
+    QCOMPARE(file.setValue(thing, name, value).text(), sentence);
+    QVERIFY(log.lines().isEmpty());
+    QVERIFY(file.settings() == before);
+}
+
+void TestKitFileSettings::equalValueIsSilent()
+{
+    FileSettings file(clip());
+    Log log(file);
+    QVERIFY(file.setValue(file.type(key("Color")), key("bcs_contrast"), QStringLiteral("0")).isEmpty());
+    QVERIFY(log.lines().isEmpty());
+}
+
+void TestKitFileSettings::settingSelectsWhatWasNot()
+{
+    FileSettings file(clip());
+    const Identity color = file.type(key("Color"));
+    file.setValue(color, key("selected"), false);
+    file.setValue(color, key("bcs_contrast"), 5);
+    QCOMPARE(file.value(color, key("selected")), QVariant(true));
+    file.setValues(color, {{key("bcs_contrast"), 6}, {key("selected"), false}});
+    QCOMPARE(file.value(color, key("selected")), QVariant(false));
+}
+
+void TestKitFileSettings::itemsKeepTheirIdentity()
+{
+    FileSettings file(clip());
+    QVector<Identity> items;
+    for (const char* text : {"a", "b", "c"})
+        items.append(file.insert(key("Watermark"), {{key("wm_textcontent"), QString::fromLatin1(text)}}).item);
+    QVERIFY(file.move(items.at(0), 2).isEmpty());
+    QCOMPARE(file.items(key("Watermark")), QVector<Identity>({items.at(1), items.at(2), items.at(0)}));
+    QVERIFY(file.remove(items.at(2)).isEmpty());
+    QCOMPARE(file.items(key("Watermark")), QVector<Identity>({items.at(1), items.at(0)}));
+    QCOMPARE(file.value(items.at(0), key("wm_textcontent")), QVariant(QStringLiteral("a")));
+    QCOMPARE(file.remove(items.at(2)).code(), Code::NoSuchThing);
+    QCOMPARE(file.remove(file.item(key("Effect"), 0)).code(), Code::FixedItems);
+    QVERIFY(file.move(file.item(key("Effect"), 0), 19).isEmpty());
+    QCOMPARE(file.insert(key("Color"), {}).error.code(), Code::TypeHasNoItems);
+    QCOMPARE(file.insert(key("Watermark"), {}, 7).error.code(), Code::ItemPosition);
+}
+
+void TestKitFileSettings::itemSignalsNameTheMove()
+{
+    FileSettings file(clip());
+    QSignalSpy inserted(&file, &FileSettings::itemInserted);
+    QSignalSpy removed(&file, &FileSettings::itemRemoved);
+    QSignalSpy moved(&file, &FileSettings::itemMoved);
+    const Identity a = file.insert(key("Watermark"), {{key("wm_textcontent"), QStringLiteral("a")}}).item;
+    const Identity b = file.insert(key("Watermark"), {{key("wm_textcontent"), QStringLiteral("b")}}, 0).item;
+    file.move(a, 0);
+    file.remove(b);
+    QCOMPARE(inserted.size(), 2);
+    QCOMPARE(inserted.at(1), QVariantList({key("Watermark"), b, 0}));
+    QCOMPARE(moved.size(), 1);
+    QCOMPARE(moved.at(0), QVariantList({key("Watermark"), a, 1, 0}));
+    QCOMPARE(removed.size(), 1);
+    QCOMPARE(removed.at(0), QVariantList({key("Watermark"), b, 1}));
+}
+
+void TestKitFileSettings::freshWatermarksDoNotCoverEachOther()
+{
+    FileSettings file(clip());
+    QVector<QRect> places;
+    for (int i = 0; i < 6; ++i) {
+        const Identity item =
+            file.insert(key("Watermark"), {{key("wm_textcontent"), QStringLiteral("libzoeffect")}}).item;
+        const zokit::Values values = file.values(item);
+        const QRect place(QPoint(values.value(key("wm_hposition")).toInt(), values.value(key("wm_vposition")).toInt()),
+                          zokit::watermarkSize(values));
+        QVERIFY(!place.isEmpty());
+        for (const QRect& other : places)
+            QVERIFY(!other.intersects(place));
+        places.append(place);
+    }
+    QCOMPARE(places.first().topLeft(), QPoint(128, 72)); // A tenth of each side.
+}
+
+void TestKitFileSettings::anchoredWatermarkKeepsItsCorner()
+{
+    FileSettings file(clip());
+    const Identity logo =
+        file.insert(key("Watermark"), {{key("wm_imageurl"), logoPath(200, 100)},
+                                       {key("anchor"), QVariantMap{{key("corner"), QStringLiteral("bottom-right")}}}})
+            .item;
+    QVERIFY(logo != 0);
+    // 2 % of 1280 and of 720, rounded: 25.6 and 14.4.
+    QCOMPARE(placeOf(file, logo), QPoint(1054, 606));
+    file.setMedia({QString(), QSize(640, 360), 5.0});
+    QCOMPARE(sizeOf(file, logo), QSize(100, 50));
+    QCOMPARE(placeOf(file, logo), QPoint(527, 303));
+    file.setValue(
+        logo, key("anchor"),
+        QVariantMap{{key("corner"), QStringLiteral("top")}, {key("margin"), 10}, {key("size"), QStringLiteral("50%")}});
+    QCOMPARE(sizeOf(file, logo), QSize(320, 160));
+    QCOMPARE(placeOf(file, logo), QPoint(160, 10));
+    file.setMedia({QString(), QSize(1280, 720), 5.0});
+    QCOMPARE(sizeOf(file, logo), QSize(640, 320));
+    QCOMPARE(placeOf(file, logo), QPoint(320, 20)); // A margin in pixels grows with the frame.
+}
+
+void TestKitFileSettings::placingByHandTakesFromTheAnchor()
+{
+    FileSettings file(clip());
+    const Identity text =
+        file.insert(key("Watermark"), {{key("wm_textcontent"), QStringLiteral("Hello")},
+                                       {key("anchor"), QVariantMap{{key("corner"), QStringLiteral("top-left")}}}})
+            .item;
+    QCOMPARE(placeOf(file, text), QPoint(26, 14));
+    file.setValue(text, key("wm_hposition"), 300);
+    QCOMPARE(placeOf(file, text), QPoint(300, 14));
+    QVERIFY(!file.value(text, key("anchor")).isValid());
+}
+
+void TestKitFileSettings::untouchedWatermarkIsDefaultAtEveryFrameSize()
+{
+    for (const QSize& frame : {QSize(1280, 720), QSize(1279, 719), QSize(333, 777), QSize(1920, 1080)}) {
+        FileSettings file(zokit::Media{QString(), frame, 1.0});
+        for (int i = 0; i < 3; ++i) {
+            const Identity item = file.insert(key("Watermark"), {{key("wm_textcontent"), QStringLiteral("Hi")}}).item;
+            for (const char* name :
+                 {"wm_hposition", "wm_vposition", "wm_fontsize", "wm_fontcolor", "wm_transparency", "selected"})
+                QVERIFY2(file.state(item, key(name)) == State::Default, name);
+        }
+    }
+}
+
+void TestKitFileSettings::stateTellsDefaultSavedAndChanged()
+{
+    zokit::Project project;
+    FileSettings* file = project.add(clip());
+    const Identity color = file->type(key("Color"));
+    QVERIFY(file->state(color, key("bcs_contrast")) == State::Default);
+    file->setValue(color, key("bcs_contrast"), 30);
+    QVERIFY(file->state(color, key("bcs_contrast")) == State::Changed);
+    QVERIFY(project.saveDefault(color).isEmpty());
+    QVERIFY(file->state(color, key("bcs_contrast")) == State::SavedDefault);
+    QVERIFY(file->state(color, key("bcs_brightness")) == State::Default);
+    file->setValue(color, key("bcs_contrast"), 0);
+    QVERIFY(file->state(color, key("bcs_contrast")) == State::Changed);
+    FileSettings* next = project.add(clip());
+    QCOMPARE(next->value(next->type(key("Color")), key("bcs_contrast")), QVariant(30));
+    QVERIFY(next->state(next->type(key("Color")), key("bcs_contrast")) == State::SavedDefault);
+}
+
+void TestKitFileSettings::savingADefaultChangesNoOpenFile()
+{
+    zokit::Project project;
+    FileSettings* file = project.add(clip());
+    const Identity track =
+        file->insert(key("Subtitle"), {{key("file"), QStringLiteral("/a.srt")}, {key("sub_fromfile"), true}}).item;
+    QCOMPARE(file->value(track, key("sub_vposition")), QVariant(576)); // 0.8 of 720.
+    FileSettings* other = project.add(clip());
+    const Identity theirs =
+        other->insert(key("Subtitle"), {{key("file"), QStringLiteral("/b.srt")}, {key("sub_fromfile"), true}}).item;
+    other->setValue(theirs, key("sub_vposition"), 72);
+    const zokit::Settings before = file->settings();
+    QVERIFY(project.saveDefault(theirs).isEmpty());
+    QVERIFY(file->settings() == before);
+    QCOMPARE(file->pictureModel()->data(key("sub_vposition"), key("Subtitle"), 0), QVariant(576));
+    const Identity fresh =
+        file->insert(key("Subtitle"), {{key("file"), QStringLiteral("/c.srt")}, {key("sub_fromfile"), true}}).item;
+    QCOMPARE(file->value(fresh, key("sub_vposition")), QVariant(72));
+    QVERIFY(project.forgetDefault(key("Subtitle")).isEmpty());
+    QVERIFY(!ZoEffectItemDefaultValMgr::getInstance()->hasCustomDefaultVal(key("Subtitle")));
+}
+
+void TestKitFileSettings::resetGoesBackToTheDefaultsOfTheMoment()
+{
+    FileSettings file(clip());
+    const Identity text = file.insert(key("Watermark"), {{key("wm_textcontent"), QStringLiteral("Hello")}}).item;
+    file.setValues(text, {{key("wm_fontsize"), 40}, {key("wm_hposition"), 5}});
+    QVERIFY(file.reset(text, key("wm_fontsize")).isEmpty());
+    QCOMPARE(file.value(text, key("wm_fontsize")), QVariant(22));
+    QVERIFY(file.resetItem(text).isEmpty());
+    QCOMPARE(placeOf(file, text), QPoint(128, 72));
+    QCOMPARE(file.value(text, key("wm_textcontent")), QVariant(QStringLiteral("Hello"))); // What it is stays.
+    QCOMPARE(file.reset(text, key("wm_textcontent")).code(), Code::NoDefault);
+
+    file.insert(key("Subtitle"), {{key("trackid"), 2}});
+    file.insert(key("Subtitle"), {{key("file"), QStringLiteral("/a.srt")}, {key("sub_fromfile"), true}});
+    file.setValue(file.item(key("Subtitle"), 0), key("sub_fontsize"), 60);
+    file.move(file.item(key("Effect"), 0), 5);
+    file.setValue(file.output(), key("quality"), 20);
+    file.resetAll();
+    QCOMPARE(file.items(key("Watermark")).size(), 0);
+    QCOMPARE(file.items(key("Subtitle")).size(), 1); // The clip's own track.
+    QCOMPARE(file.value(file.item(key("Subtitle"), 0), key("sub_fontsize")), QVariant(22));
+    QCOMPARE(file.value(file.item(key("Subtitle"), 0), key("trackid")), QVariant(2));
+    QCOMPARE(file.settings().find(key("Effect"))->items.first().name, QStringLiteral("Blur"));
+    QVERIFY(!file.value(file.output(), key("quality")).isValid());
+    QVERIFY(file.comesOutUnchanged());
+}
+
+void TestKitFileSettings::frameSizeKeepsThePartOfThePicture()
+{
+    FileSettings file(zokit::Media{QString(), QSize(1920, 1080), 1.0});
+    const Identity crop = file.type(key("Crop"));
+    file.setValues(
+        crop, {{key("crop_left"), 100}, {key("crop_top"), 50}, {key("crop_width"), 800}, {key("crop_height"), 600}});
+    const Identity track = file.insert(key("Subtitle"), {{key("trackid"), 2}}).item;
+    file.insert(key("Subtitle"), {{key("trackid"), 3}});
+    file.setMedia({QString(), QSize(960, 540), 1.0});
+    const zokit::Values values = file.values(crop);
+    QCOMPARE(QRect(values.value(key("crop_left")).toInt(), values.value(key("crop_top")).toInt(),
+                   values.value(key("crop_width")).toInt(), values.value(key("crop_height")).toInt()),
+             QRect(50, 25, 400, 300));
+    QCOMPARE(file.value(track, key("sub_vposition")), QVariant(432)); // Once, however many tracks there are.
+    QCOMPARE(file.pictureModel()->baseSize(), QSize(960, 540));
+}
+
+void TestKitFileSettings::comesOutUnchanged_data()
+{
+    QTest::addColumn<QString>("address");
+    QTest::addColumn<QVariant>("value");
+    QTest::addColumn<bool>("unchanged");
+    QTest::newRow("nothing") << "" << QVariant() << true;
+    QTest::newRow("a colour") << "Color:bcs_contrast" << QVariant(1) << false;
+    QTest::newRow("a crop without size") << "Crop:crop_left" << QVariant(10) << true;
+    QTest::newRow("normalizing") << "Audio_Normalize:audio_effect_flag" << QVariant(true) << false;
+    QTest::newRow("an untouched speed in use") << "Audio_Speed:audio_effect_flag" << QVariant(true) << true;
+    QTest::newRow("a speed that is not in use") << "Audio_Speed:audio_speed_factor" << QVariant(150) << true;
+    QTest::newRow("another container") << "Output:container" << QVariant(QStringLiteral("mkv")) << false;
+    QTest::newRow("the date kept") << "Output:keep-date" << QVariant(true) << true;
+    QTest::newRow("another sound track") << "Tracks:audio-tracks" << QVariant(QStringLiteral("2")) << false;
+}
+
+void TestKitFileSettings::comesOutUnchanged()
+{
+    QFETCH(QString, address);
+    QFETCH(QVariant, value);
+    QFETCH(bool, unchanged);
+    FileSettings file(clip());
+    if (!address.isEmpty())
+        QCOMPARE(file.setValue(at(file, address.toLatin1()), address.section(QLatin1Char(':'), 1), value).text(),
+                 QString());
+    QCOMPARE(file.comesOutUnchanged(), unchanged);
+}
+
+void TestKitFileSettings::modelsFollow()
+{
+    FileSettings file(clip());
+    const Identity text = file.insert(key("Watermark"), {{key("wm_textcontent"), QStringLiteral("Hello")}}).item;
+    file.setValue(text, key("wm_fontsize"), 40);
+    file.setValue(file.type(key("Audio_Echo")), key("audio_echo_delay"), 300);
+    ZoEffectModel* model = file.pictureModel();
+    QCOMPARE(model->childCount(key("Watermark")), 1);
+    QCOMPARE(model->data(key("wm_fontsize"), key("Watermark"), 0), QVariant(40));
+    QCOMPARE(file.soundModel()->data(key("audio_echo_delay"), key("Audio_Echo"), -1), QVariant(300));
+    QVERIFY(!model->isForAudioEffect());
+    QVERIFY(file.soundModel()->isForAudioEffect());
+    QVERIFY(model->pictureOptions().keepImageTransparency);
+    QCOMPARE(model->pictureOptions().textDotsPerInch, 96);
+    file.remove(text);
+    QCOMPARE(model->childCount(key("Watermark")), 0);
+}
+
+void TestKitFileSettings::directChangesAreTold()
+{
+    FileSettings file(clip());
+    const Identity text = file.insert(key("Watermark"), {{key("wm_textcontent"), QStringLiteral("Hello")}}).item;
+    ZoEffectModel* model = file.pictureModel();
+    Log log(file);
+    model->setData(key("wm_fontsize"), 30, key("Watermark"), 0);
+    QCOMPARE(log.take(), QStringList({QStringLiteral("before Watermark:0:wm_fontsize 22 30"),
+                                      QStringLiteral("after Watermark:0:wm_fontsize 22 30")}));
+    QCOMPARE(log.asker(), static_cast<QObject*>(model));
+    QCOMPARE(file.item(key("Watermark"), 0), text);
+
+    const ZoEffectItemData* node = model->getDataItem(key("Watermark"), 0);
+    model->addDataItem(key("Watermark"),
+                       {{key("wm_istextwatermark"), true}, {key("wm_textcontent"), QStringLiteral("b")}});
+    QCOMPARE(model->getDataItem(key("Watermark"), 0), node); // What the host did is not done again.
+    QCOMPARE(file.items(key("Watermark")).size(), 2);
+    QCOMPARE(file.item(key("Watermark"), 0), text);
+    const Identity second = file.item(key("Watermark"), 1);
+    model->changeDataItemPos(key("Watermark"), 0, 1);
+    QCOMPARE(file.items(key("Watermark")), QVector<Identity>({second, text}));
+    model->delDataItem(key("Watermark"), 0);
+    QCOMPARE(file.items(key("Watermark")), QVector<Identity>({text}));
+}
+
+void TestKitFileSettings::silentChangesAreTakenInWhenAskedFor()
+{
+    FileSettings file(clip());
+    file.pictureModel()->getDataItem(key("Color"), -1)->setData(key("bcs_contrast"), 12);
+    QCOMPARE(file.value(file.type(key("Color")), key("bcs_contrast")), QVariant(0));
+    file.syncFromModels();
+    QCOMPARE(file.value(file.type(key("Color")), key("bcs_contrast")), QVariant(12));
+}
+
+void TestKitFileSettings::drawingChangesNoSetting()
+{
+    FileSettings file(clip());
+    file.insert(key("Watermark"), {{key("wm_textcontent"), QStringLiteral("Hello")}});
+    const zokit::Settings before = file.settings();
+    Log log(file);
+    QVERIFY(!file.pictureModel()->getWatermark(1280, 720, true).isNull());
+    QVERIFY(log.lines().isEmpty());
+    QVERIFY(file.settings() == before);
+}
+
+void TestKitFileSettings::callsInsideAnAnnouncementAreRefused()
+{
+    FileSettings file(clip());
+    const Identity color = file.type(key("Color"));
+    zokit::Message answer;
+    connect(&file, &FileSettings::aboutToChange, this,
+            [&] { answer = file.setValue(color, key("bcs_saturation"), 7); });
+    QVERIFY(file.setValue(color, key("bcs_contrast"), 5).isEmpty());
+    QCOMPARE(answer.code(), Code::Busy);
+    QCOMPARE(file.value(color, key("bcs_saturation")), QVariant(0));
+}
+
+ZOEFFECT_TEST_MAIN(TestKitFileSettings)
+#include "tst_kit_filesettings.moc"

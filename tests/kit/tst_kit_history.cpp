@@ -1,0 +1,351 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include <QRandomGenerator>
+#include <QtTest>
+
+#include <zoeffectmodel.h>
+
+#include <zokit/history.h>
+#include <zokit/project.h>
+#include <zokit/properties.h>
+#include <zokit/settingsfile.h>
+
+#include "kitsupport.h"
+#include "randomedits.h"
+#include "testapplication.h"
+
+using namespace kitsupport;
+using zokit::FileSettings;
+using zokit::History;
+using zokit::Identity;
+using zokit::Project;
+using Code = zokit::Message::Code;
+
+class TestKitHistory : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() { clearSavedDefaults(); }
+
+    void everyOperationIsAStep_data();
+    void everyOperationIsAStep();
+    void gestureIsOneStep();
+    void gestureThatChangesNothingIsNone();
+    void cancelledGestureLeavesNothing();
+    void newStepEndsWhatCouldBeRedone();
+    void cleanStateIsFoundAgain();
+    void selectionComesBack();
+    void oldestStepsAreForgotten();
+    void goToAnyStep();
+    void applyingToManyFilesIsOneStep();
+    void filesComeAndGo();
+    void savedDefaultsComeAndGo();
+    void directChangeOfAModelIsAStep();
+    void undoAllIsExact();
+};
+
+namespace {
+
+/// One operation on a project with one file that has a text watermark, and what its step is called.
+struct Operation {
+    const char* name;
+    void (*carryOut)(Project& project, FileSettings& file);
+    const char* text;
+};
+
+const Operation operations[] = {
+    {"a value", [](Project&, FileSettings& file) { file.setValue(file.type(key("Color")), key("bcs_contrast"), 9); },
+     "change Contrast"},
+    {"a selection",
+     [](Project&, FileSettings& file) { file.setValue(file.type(key("Color")), key("selected"), false); },
+     "switch Colour"},
+    {"an insertion",
+     [](Project&, FileSettings& file) {
+         file.insert(key("Watermark"), {{key("wm_textcontent"), key("x")}});
+     },
+     "add Watermarks"},
+    {"a removal", [](Project&, FileSettings& file) { file.remove(file.item(key("Watermark"), 0)); },
+     "remove Watermarks"},
+    {"a move", [](Project&, FileSettings& file) { file.move(file.item(key("Effect"), 0), 3); }, "move Frame effects"},
+    {"a reset value",
+     [](Project&, FileSettings& file) { file.reset(file.item(key("Watermark"), 0), key("wm_fontsize")); },
+     "change Size"},
+    {"a reset item", [](Project&, FileSettings& file) { file.resetItem(file.item(key("Watermark"), 0)); },
+     "change Size"},
+    {"a reset type", [](Project&, FileSettings& file) { file.resetType(key("Watermark")); }, "remove Watermarks"},
+    {"a reset of everything", [](Project&, FileSettings& file) { file.resetAll(); }, "remove Watermarks"},
+    {"another frame",
+     [](Project&, FileSettings& file) {
+         file.setMedia({QString(), QSize(640, 360), 1.0});
+     },
+     nullptr},
+    {"an output option", [](Project&, FileSettings& file) { file.setValue(file.output(), key("quality"), 20); },
+     "change Quality"},
+    {"a saved default",
+     [](Project& project, FileSettings& file) { project.saveDefault(file.item(key("Watermark"), 0)); },
+     "change a saved default"},
+    {"a new file", [](Project& project, FileSettings&) { project.add(clip()); }, "add a file"},
+};
+
+} // namespace
+
+void TestKitHistory::everyOperationIsAStep_data()
+{
+    QTest::addColumn<int>("index");
+    for (std::size_t i = 0; i < std::size(operations); ++i)
+        QTest::newRow(operations[i].name) << int(i);
+}
+
+void TestKitHistory::everyOperationIsAStep()
+{
+    QFETCH(int, index);
+    const Operation& operation = operations[index];
+    Project project;
+    FileSettings* file = project.add(clip());
+    const Identity text = file->insert(key("Watermark"), {{key("wm_textcontent"), QStringLiteral("Hello")}}).item;
+    file->setValue(text, key("wm_fontsize"), 40);
+    History& history = project.history();
+    const int before = history.count();
+    const QByteArray was = stateOf(project);
+    operation.carryOut(project, *file);
+    QCOMPARE(history.count(), before + 1);
+    if (operation.text)
+        QCOMPARE(history.undoText().text(), QString::fromLatin1(operation.text));
+    const QByteArray is = stateOf(project);
+    QVERIFY(was != is);
+    history.undo();
+    QCOMPARE(stateOf(project), was);
+    QCOMPARE(history.redoText(), history.step(before).text);
+    history.redo();
+    QCOMPARE(stateOf(project), is);
+}
+
+void TestKitHistory::gestureIsOneStep()
+{
+    Project project;
+    FileSettings* file = project.add(clip());
+    const Identity color = file->type(key("Color"));
+    History& history = project.history();
+    history.beginGesture(zokit::Message());
+    for (int value = 1; value <= 30; ++value) {
+        history.beginGesture(zokit::Message()); // They may nest.
+        file->setValue(color, key("bcs_contrast"), value);
+        history.endGesture();
+    }
+    QCOMPARE(history.count(), 1); // The file's own.
+    QVERIFY(!history.canUndo());
+    history.endGesture();
+    QCOMPARE(history.count(), 2);
+    QCOMPARE(history.step(1).changes.size(), 1);
+    QCOMPARE(history.step(1).changes.first().before, QVariant(0));
+    QCOMPARE(history.step(1).changes.first().after, QVariant(30));
+    history.undo();
+    QCOMPARE(file->value(color, key("bcs_contrast")), QVariant(0));
+}
+
+void TestKitHistory::gestureThatChangesNothingIsNone()
+{
+    Project project;
+    FileSettings* file = project.add(clip());
+    const Identity color = file->type(key("Color"));
+    History& history = project.history();
+    history.beginGesture(zokit::Message());
+    file->setValue(color, key("bcs_contrast"), 5);
+    file->setValue(color, key("bcs_contrast"), 0);
+    const Identity item = file->insert(key("Watermark"), {{key("wm_textcontent"), QStringLiteral("x")}}).item;
+    file->remove(item);
+    history.endGesture();
+    QCOMPARE(history.count(), 1);
+}
+
+void TestKitHistory::cancelledGestureLeavesNothing()
+{
+    Project project;
+    FileSettings* file = project.add(clip());
+    History& history = project.history();
+    const QByteArray before = stateOf(project);
+    history.beginGesture(zokit::Message());
+    file->setValue(file->type(key("Color")), key("bcs_contrast"), 5);
+    file->insert(key("Watermark"), {{key("wm_textcontent"), QStringLiteral("x")}});
+    history.cancelGesture();
+    QCOMPARE(stateOf(project), before);
+    QCOMPARE(history.count(), 1);
+}
+
+void TestKitHistory::newStepEndsWhatCouldBeRedone()
+{
+    Project project;
+    FileSettings* file = project.add(clip());
+    const Identity color = file->type(key("Color"));
+    for (const int value : {1, 2, 3})
+        file->setValue(color, key("bcs_contrast"), value);
+    project.history().undo();
+    project.history().undo();
+    file->setValue(color, key("bcs_saturation"), 7);
+    QVERIFY(!project.history().canRedo());
+    QCOMPARE(project.history().count(), 3);
+    QCOMPARE(file->value(color, key("bcs_contrast")), QVariant(1));
+}
+
+void TestKitHistory::cleanStateIsFoundAgain()
+{
+    Project project;
+    FileSettings* file = project.add(clip());
+    const Identity color = file->type(key("Color"));
+    History& history = project.history();
+    history.setClean();
+    QSignalSpy clean(&history, &History::cleanChanged);
+    file->setValue(color, key("bcs_contrast"), 1);
+    QVERIFY(!history.isClean());
+    history.undo();
+    QVERIFY(history.isClean());
+    history.redo();
+    history.setClean();
+    history.undo();
+    file->setValue(color, key("bcs_contrast"), 2); // The clean state is not to be had any more.
+    history.undo();
+    QVERIFY(!history.isClean());
+    QCOMPARE(clean.size(), 5);
+}
+
+void TestKitHistory::selectionComesBack()
+{
+    Project project;
+    FileSettings* file = project.add(clip());
+    History& history = project.history();
+    const Identity a = file->insert(key("Watermark"), {{key("wm_textcontent"), QStringLiteral("a")}}).item;
+    history.setSelection({a});
+    const Identity b = file->insert(key("Watermark"), {{key("wm_textcontent"), QStringLiteral("b")}}).item;
+    QCOMPARE(history.selection(), QVector<Identity>({a})); // Until the host says another.
+    history.setSelection({b});
+    history.undo();
+    QCOMPARE(history.selection(), QVector<Identity>({a}));
+    history.redo();
+    QCOMPARE(history.selection(), QVector<Identity>({b}));
+    QVERIFY(file->owns(b));
+}
+
+void TestKitHistory::oldestStepsAreForgotten()
+{
+    Project project;
+    FileSettings* file = project.add(clip());
+    History& history = project.history();
+    history.setLimit(20000);
+    for (int i = 0; i < 400; ++i)
+        file->setValue(file->type(key("Color")), key("bcs_contrast"), i % 2 == 0 ? 10 : 20);
+    QVERIFY2(history.count() > 10 && history.count() < 200, QByteArray::number(history.count()));
+    QCOMPARE(history.position(), history.count());
+    history.goTo(0);
+    QVERIFY(file->value(file->type(key("Color")), key("bcs_contrast")).toInt() >= 10); // What is forgotten stays done.
+}
+
+void TestKitHistory::goToAnyStep()
+{
+    Project project;
+    FileSettings* file = project.add(clip());
+    const Identity color = file->type(key("Color"));
+    for (int value = 1; value <= 5; ++value)
+        file->setValue(color, key("bcs_contrast"), value);
+    project.history().goTo(3);
+    QCOMPARE(file->value(color, key("bcs_contrast")), QVariant(2));
+    project.history().goTo(99);
+    QCOMPARE(file->value(color, key("bcs_contrast")), QVariant(5));
+}
+
+void TestKitHistory::applyingToManyFilesIsOneStep()
+{
+    Project project;
+    FileSettings* source = project.add(clip());
+    source->setValue(source->type(key("Color")), key("bcs_contrast"), 25);
+    QVector<FileSettings*> targets;
+    for (int i = 0; i < 5; ++i)
+        targets.append(project.add(zokit::Media{QString(), QSize(640 + i, 360), 1.0}));
+    const int before = project.history().count();
+    QVERIFY(project.apply(source->settings(), targets, {{key("Color")}, false}).isEmpty());
+    QCOMPARE(project.history().count(), before + 1);
+    QCOMPARE(project.history().undoText().text(), QStringLiteral("apply to 5 files"));
+    for (const FileSettings* target : targets)
+        QCOMPARE(target->value(target->type(key("Color")), key("bcs_contrast")), QVariant(25));
+    project.history().undo();
+    for (const FileSettings* target : targets)
+        QCOMPARE(target->value(target->type(key("Color")), key("bcs_contrast")), QVariant(0));
+    QCOMPARE(project.apply(source->settings(), targets, {{key("Colour")}, false}).code(), Code::UnknownType);
+}
+
+void TestKitHistory::filesComeAndGo()
+{
+    Project project;
+    FileSettings* first = project.add(clip());
+    FileSettings* second = project.add(zokit::Media{QStringLiteral("/b.mkv"), QSize(640, 360), 2.0});
+    const Identity identity = first->file();
+    const Identity text = first->insert(key("Watermark"), {{key("wm_textcontent"), QStringLiteral("Hello")}}).item;
+    const QByteArray before = stateOf(project);
+    project.remove(first);
+    QCOMPARE(project.files(), QVector<FileSettings*>({second}));
+    project.history().undo();
+    QCOMPARE(stateOf(project), before);
+    QCOMPARE(project.files().size(), 2);
+    QCOMPARE(project.files().first()->file(), identity); // At its place, with its identities.
+    QCOMPARE(project.fileOf(text), project.files().first());
+    project.history().goTo(0);
+    QVERIFY(project.files().isEmpty());
+    project.history().goTo(99);
+    QCOMPARE(project.files().size(), 1);
+}
+
+void TestKitHistory::savedDefaultsComeAndGo()
+{
+    Project project;
+    FileSettings* file = project.add(clip());
+    file->setValue(file->type(key("Color")), key("bcs_contrast"), 11);
+    QVERIFY(project.saveDefault(file->type(key("Color"))).isEmpty());
+    QCOMPARE(ZoEffectModel::customDefaultVal(key("bcs_contrast"), key("Color")), QVariant(11));
+    QVERIFY(project.forgetDefault(key("Color")).isEmpty());
+    QVERIFY(!ZoEffectModel::customDefaultVal(key("bcs_contrast"), key("Color")).isValid());
+    project.history().undo();
+    QCOMPARE(ZoEffectModel::customDefaultVal(key("bcs_contrast"), key("Color")), QVariant(11));
+    project.history().undo();
+    QVERIFY(!ZoEffectModel::customDefaultVal(key("bcs_contrast"), key("Color")).isValid());
+    QCOMPARE(project.saveDefault(file->type(key("Crop"))).code(), Code::NothingToSave);
+}
+
+void TestKitHistory::directChangeOfAModelIsAStep()
+{
+    Project project;
+    FileSettings* file = project.add(clip());
+    file->pictureModel()->setData(key("bcs_contrast"), 5, key("Color"), -1);
+    QCOMPARE(project.history().count(), 2);
+    project.history().undo();
+    QCOMPARE(file->pictureModel()->data(key("bcs_contrast"), key("Color"), -1), QVariant(0));
+}
+
+/// Random sessions: after each, undoing everything gives the state at its beginning, byte by byte, redoing everything
+/// the one at its end.
+void TestKitHistory::undoAllIsExact()
+{
+    bool isNumber = false;
+    const int wanted = qEnvironmentVariableIntValue("ZOKIT_STEPS", &isNumber);
+    const int total = isNumber ? wanted : 20000;
+    QRandomGenerator random(20261122);
+    for (int done = 0; done < total;) {
+        clearSavedDefaults();
+        Project project;
+        project.add(clip());
+        const int start = project.history().position();
+        const QByteArray before = stateOf(project);
+        const int steps = 1 + random.bounded(500);
+        for (int i = 0; i < steps; ++i)
+            randomEdit(project, random);
+        done += steps;
+        const QByteArray after = stateOf(project);
+        const int end = project.history().position();
+        project.history().goTo(start);
+        QCOMPARE(stateOf(project), before);
+        project.history().goTo(end);
+        QCOMPARE(stateOf(project), after);
+    }
+}
+
+ZOEFFECT_TEST_MAIN(TestKitHistory)
+#include "tst_kit_history.moc"

@@ -1,0 +1,388 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include <QColor>
+#include <QFont>
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <zokit/filesettings.h>
+#include <zokit/presets.h>
+#include <zokit/project.h>
+#include <zokit/settingsfile.h>
+
+#include "kitsupport.h"
+#include "randomedits.h"
+#include "testapplication.h"
+
+using namespace kitsupport;
+using zokit::ReadSettings;
+using zokit::Settings;
+
+class TestKitSettingsFile : public QObject {
+    Q_OBJECT
+
+private slots:
+    void handWrittenFileIsRead();
+    void whatIsMissingHasTheCataloguesDefault();
+    void everyValueComesBack_data();
+    void everyValueComesBack();
+    void whatOthersWroteIsKept();
+    void refusedFileNamesThePlace_data();
+    void refusedFileNamesThePlace();
+    void boundsOfAFile_data();
+    void boundsOfAFile();
+    void pathsAreRelativeToTheFile();
+    void everyCutAndFlipIsReadOrRefused();
+    void randomSettingsComeBack();
+    void savedWholeOrNotAtAll();
+    void presetsByName();
+    void presetNameMayHoldAnything_data();
+    void presetNameMayHoldAnything();
+    void importIsAllOrNothing();
+    void presetHoldsWhatItIsMeantFor();
+};
+
+namespace {
+
+const char* const handWritten = R"({
+  "zoeffect": 1,
+  "media": { "file": "clip.mkv", "width": 1280, "height": 720, "seconds": 5.0 },
+  "effects": [
+    { "type": "Crop", "selected": true, "values": { "crop_left": 96 } },
+    { "type": "Watermark", "selected": true, "values": {}, "items": [
+      { "selected": true,
+        "values": { "wm_istextwatermark": true, "wm_textcontent": "Hello",
+                    "wm_fontcolor": "#ffffff", "wm_fontname": "DejaVu Sans" },
+        "anchor": { "corner": "bottom-right", "margin": "2%" } } ] }
+  ],
+  "tracks": { "audio-language": ["fra", "eng"] },
+  "output": { "container": "mkv", "video-codec": "hevc", "quality": 22, "trim": [12.0, 40.5] }
+})";
+
+/// A file whose one effect is \a effect.
+QByteArray fileWith(const QByteArray& effect)
+{
+    return R"({"zoeffect": 1, "media": {"width": 1280, "height": 720}, "effects": [)" + effect + "]}";
+}
+
+} // namespace
+
+void TestKitSettingsFile::handWrittenFileIsRead()
+{
+    const ReadSettings read = zokit::readSettings(handWritten, QStringLiteral("/films"));
+    QVERIFY2(read.settings, qPrintable(read.error.text()));
+    QCOMPARE(read.settings->media.file, QStringLiteral("/films/clip.mkv"));
+    QCOMPARE(read.settings->media.frame, QSize(1280, 720));
+    QCOMPARE(read.settings->find(key("Crop"))->values.value(key("crop_left")), QVariant(96));
+    const zokit::Item item = read.settings->find(key("Watermark"))->items.first();
+    QCOMPARE(item.values.value(key("wm_fontcolor")).userType(), int(QMetaType::QColor));
+    QCOMPARE(item.values.value(key("wm_fontname")).value<QFont>().family(), QStringLiteral("DejaVu Sans"));
+    QCOMPARE(item.anchor.value(key("corner")), QVariant(QStringLiteral("bottom-right")));
+    QCOMPARE(read.settings->tracks.value(key("audio-language")),
+             QVariant(QStringList({QStringLiteral("fra"), QStringLiteral("eng")})));
+    QCOMPARE(read.settings->output.value(key("trim")), QVariant(QVariantList({12.0, 40.5})));
+    QCOMPARE(read.settings->output.value(key("quality")), QVariant(22));
+}
+
+void TestKitSettingsFile::whatIsMissingHasTheCataloguesDefault()
+{
+    clearSavedDefaults();
+    zokit::Project project;
+    zokit::FileSettings* other = project.add(clip());
+    other->setValue(other->type(key("Color")), key("bcs_contrast"), 30);
+    project.saveDefault(other->type(key("Color")));
+    const ReadSettings read = zokit::readSettings(handWritten, QString());
+    QCOMPARE(read.settings->effects.size(), 13);
+    QCOMPARE(read.settings->find(key("Color"))->values.value(key("bcs_contrast")), QVariant(0));
+    QCOMPARE(read.settings->find(key("Effect"))->items.size(), 20);
+    QCOMPARE(read.settings->find(key("Watermark"))->items.first().values.value(key("wm_fontsize")), QVariant(22));
+    QCOMPARE(read.settings->find(key("Audio_Echo"))->values.value(key("audio_echo_decay")), QVariant(500));
+    clearSavedDefaults();
+}
+
+void TestKitSettingsFile::everyValueComesBack_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QVariant>("value");
+    QTest::addColumn<QByteArray>("json");
+    const auto row = [](const char* what, const char* name, const QVariant& value, const char* json) {
+        QTest::newRow(what) << key(name) << value << QByteArray(json);
+    };
+    row("a whole number", "bcs_contrast", 5, "5");
+    row("beyond the bounds of another type", "bcs_contrast", 5.0, R"({"double":5})");
+    row("a text for a number", "bcs_contrast", QStringLiteral("5"), R"({"string":"5"})");
+    row("a host's own key", "hue", 5, R"({"int":5})");
+    row("a host's own text", "hue", QStringLiteral("x"), R"({"string":"x"})");
+    row("a host's own colour", "hue", QColor(255, 255, 255, 128), R"({"color":"#80ffffff"})");
+    row("a host's own map", "hue", QVariantMap{{key("a"), 1}}, R"({"map":{"a":{"int":1}}})");
+}
+
+void TestKitSettingsFile::everyValueComesBack()
+{
+    QFETCH(QString, name);
+    QFETCH(QVariant, value);
+    QFETCH(QByteArray, json);
+    Settings settings = *zokit::readSettings(handWritten, QString()).settings;
+    settings.find(key("Color"))->values.insert(name, value);
+    const QByteArray text = zokit::writeSettings(settings, QString());
+    QVERIFY2(text.contains("\"" + name.toUtf8() + "\": " + json), text);
+    const ReadSettings again = zokit::readSettings(text, QString());
+    QVERIFY2(again.settings, qPrintable(again.error.text()));
+    QVERIFY(*again.settings == settings);
+    QCOMPARE(zokit::writeSettings(*again.settings, QString()), text);
+}
+
+void TestKitSettingsFile::whatOthersWroteIsKept()
+{
+    const QByteArray file = R"({"zoeffect": 1, "later": {"a": [1]}, "media": {"width": 2, "height": 2, "colour": "x"},
+        "effects": [{"type": "Color", "x-note": 7, "values": {}},
+                    {"type": "Watermark", "items": [{"x-mine": true, "values": {"own": {"int": 3}}}]}]})";
+    const ReadSettings read = zokit::readSettings(file, QString());
+    QVERIFY2(read.settings, qPrintable(read.error.text()));
+    const zokit::FileSettings open(*read.settings);
+    const QByteArray text = zokit::writeSettings(open.settings(), QString());
+    for (const char* kept :
+         {"\"later\": {\"a\":[1]}", "\"colour\": \"x\"", "\"x-note\": 7", "\"x-mine\": true", "\"own\": {\"int\":3}"})
+        QVERIFY2(text.contains(kept), text);
+}
+
+void TestKitSettingsFile::refusedFileNamesThePlace_data()
+{
+    QTest::addColumn<QByteArray>("file");
+    QTest::addColumn<QString>("sentence");
+    const auto row = [](const char* name, const QByteArray& file, const char* sentence) {
+        QTest::newRow(name) << file << QString::fromUtf8(sentence);
+    };
+    row("no JSON", "{\n  \"zoeffect\" 1}", "Line 2, column 15: missing name separator.");
+    row("nothing", "", "Line 1, column 1: illegal value.");
+    row("a list", "[]", R"(This is no settings file: a JSON object with "zoeffect": 1 is expected.)");
+    row("another form", R"({"version": 1})",
+        R"(This is no settings file: a JSON object with "zoeffect": 1 is expected.)");
+    row("a later form", R"({"zoeffect": 2})",
+        "This file is of version 2; this program knows versions up to 1. Use a newer program.");
+    row("a version and a half", R"({"zoeffect": 1.5})",
+        R"(This is no settings file: a JSON object with "zoeffect": 1 is expected.)");
+    row("media that is none", R"({"zoeffect": 1, "media": 5})", "media: an object is expected.");
+    row("a frame that is none", R"({"zoeffect": 1, "media": {"width": -1}})",
+        "media:width: a number of pixels is expected.");
+    row("effects that are none", R"({"zoeffect": 1, "effects": {}})", "effects: a list is expected.");
+    row("an effect that is none", fileWith("5"), "effects[0]: an object is expected.");
+    row("an unknown type", fileWith(R"({"type": "Colour"})"), "There is no effect type Colour. Did you mean Color?");
+    row("a type twice", fileWith(R"({"type": "Color"}, {"type": "Color"})"),
+        "Color stands twice in the file. Leave one of them.");
+    row("an unknown member", fileWith(R"({"type": "Color", "value": {}})"),
+        "Color has no member value. Did you mean values?");
+    row("items where none are", fileWith(R"({"type": "Color", "items": []})"), "Color has no member items.");
+    row("an unknown key", fileWith(R"({"type": "Color", "values": {"bcs_contrats": 1}})"),
+        "Color has no property bcs_contrats. Did you mean bcs_contrast?");
+    row("a wrong value", fileWith(R"({"type": "Color", "values": {"bcs_contrast": "abc"}})"),
+        "Color:bcs_contrast: abc is no whole number.");
+    row("half a number", fileWith(R"({"type": "Color", "values": {"bcs_contrast": 20.5}})"),
+        "Color:bcs_contrast: 20.5 is no whole number.");
+    row("an unknown choice", fileWith(R"({"type": "Crop", "values": {"crop_aspectratio": "16:8"}})"),
+        "Crop:crop_aspectratio: 16:8 is none of Original, Original Ratio, Crop Area, Crop Ratio, 16:9, 4:3, 3:2. Did "
+        "you mean 16:9?");
+    row("an unknown frame effect", fileWith(R"({"type": "Effect", "items": [{"name": "Blurr"}]})"),
+        "Effect:0: there is no frame effect Blurr. Did you mean Blur?");
+    row("an unknown corner", fileWith(R"({"type": "Watermark", "items": [{"anchor": {"corner": "botom"}}]})"),
+        "botom is none of top-left, top, top-right, left, centre, right, bottom-left, bottom, bottom-right. Did you "
+        "mean bottom?");
+    row("a selection that is none", fileWith(R"({"type": "Color", "selected": 1})"),
+        "Color:selected: true or false is expected.");
+    row("an unknown option", R"({"zoeffect": 1, "output": {"qualty": 3}})",
+        "output has no member qualty. Did you mean quality?");
+    row("an option of the run", R"({"zoeffect": 1, "output": {"jobs": 3}})", "output has no member jobs.");
+    row("a wrong option", R"({"zoeffect": 1, "output": {"trim": [5, 2]}})",
+        "Output:trim: 5,2 is no range. Write FROM,TO in seconds, for example 12,40.5; TO comes after FROM.");
+    row("an unknown rule", R"({"zoeffect": 1, "tracks": {"audio-languages": []}})",
+        "Tracks has no property audio-languages. Did you mean audio-language?");
+    QByteArray deep = R"({"zoeffect": 1, "later": )";
+    deep += QByteArray(40, '[') + QByteArray(40, ']') + "}";
+    row("too deep", deep, "Objects and lists of a settings file stand at most 32 deep in each other.");
+    row("too large", QByteArray(17 * 1024 * 1024, ' '), "A settings file has at most 16 MB.");
+}
+
+void TestKitSettingsFile::refusedFileNamesThePlace()
+{
+    QFETCH(QByteArray, file);
+    QFETCH(QString, sentence);
+    const ReadSettings read = zokit::readSettings(file, QString());
+    QVERIFY(!read.settings);
+    QCOMPARE(read.error.text(), sentence);
+}
+
+void TestKitSettingsFile::boundsOfAFile_data()
+{
+    QTest::addColumn<QByteArray>("effect");
+    QTest::addColumn<bool>("accepted");
+    QTest::newRow("a colour beyond") << QByteArray(R"({"type": "Color", "values": {"bcs_contrast": 51}})") << false;
+    QTest::newRow("a place beyond") << QByteArray(R"({"type": "Crop", "values": {"crop_left": 5000}})") << true;
+    QTest::newRow("letters beyond") << QByteArray(
+        R"({"type": "Watermark", "items": [{"values": {"wm_fontsize": 150}}]})")
+                                    << true;
+    QTest::newRow("transparency beyond") << QByteArray(
+        R"({"type": "Watermark", "items": [{"values": {"wm_transparency": 101}}]})")
+                                         << false;
+}
+
+void TestKitSettingsFile::boundsOfAFile()
+{
+    QFETCH(QByteArray, effect);
+    QFETCH(bool, accepted);
+    QCOMPARE(zokit::readSettings(fileWith(effect), QString()).settings.has_value(), accepted);
+}
+
+void TestKitSettingsFile::pathsAreRelativeToTheFile()
+{
+    Settings settings = *zokit::readSettings(handWritten, QStringLiteral("/films")).settings;
+    zokit::Item logo;
+    logo.values.insert(key("wm_imageurl"), QStringLiteral("/films/logos/a.png"));
+    settings.find(key("Watermark"))->items.append(logo);
+    const QByteArray inside = zokit::writeSettings(settings, QStringLiteral("/films"));
+    QVERIFY(inside.contains(R"("file": "clip.mkv")"));
+    QVERIFY(inside.contains(R"("wm_imageurl": "logos/a.png")"));
+    const QByteArray beside = zokit::writeSettings(settings, QStringLiteral("/films/settings"));
+    QVERIFY(beside.contains(R"("file": "/films/clip.mkv")"));
+    const ReadSettings moved = zokit::readSettings(inside, QStringLiteral("/other"));
+    QCOMPARE(moved.settings->media.file, QStringLiteral("/other/clip.mkv"));
+    QCOMPARE(moved.settings->find(key("Watermark"))->items.last().values.value(key("wm_imageurl")),
+             QVariant(QStringLiteral("/other/logos/a.png")));
+}
+
+void TestKitSettingsFile::everyCutAndFlipIsReadOrRefused()
+{
+    const QByteArray whole = handWritten;
+    for (int size = 0; size < whole.size(); ++size) {
+        const ReadSettings read = zokit::readSettings(whole.left(size), QString());
+        QVERIFY2(!read.settings && !read.error.isEmpty(), QByteArray::number(size));
+    }
+    int taken = 0;
+    for (int place = 0; place < whole.size(); ++place) {
+        for (const char flip : {'\x01', '\x20', '\x80'}) {
+            QByteArray damaged = whole;
+            damaged[place] = static_cast<char>(damaged.at(place) ^ flip);
+            const ReadSettings read = zokit::readSettings(damaged, QString());
+            QCOMPARE(read.settings.has_value(), read.error.isEmpty());
+            taken += read.settings.has_value();
+        }
+    }
+    QVERIFY(taken > 0); // A changed letter in a text is a valid file.
+}
+
+void TestKitSettingsFile::randomSettingsComeBack()
+{
+    clearSavedDefaults();
+    QRandomGenerator random(7);
+    zokit::Project project;
+    for (int i = 0; i < 400; ++i) {
+        randomEdit(project, random);
+        for (const zokit::FileSettings* file : project.files()) {
+            const Settings settings = file->settings();
+            const QByteArray text = zokit::writeSettings(settings, QStringLiteral("/films"));
+            const ReadSettings read = zokit::readSettings(text, QStringLiteral("/films"));
+            QVERIFY2(read.settings, qPrintable(read.error.text()));
+            QVERIFY2(*read.settings == settings, text);
+        }
+    }
+    clearSavedDefaults();
+}
+
+void TestKitSettingsFile::savedWholeOrNotAtAll()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("a.zoeffect.json"));
+    const Settings settings = *zokit::readSettings(handWritten, folder.path()).settings;
+    QVERIFY(zokit::saveSettings(settings, path).isEmpty());
+    QVERIFY(*zokit::loadSettings(path).settings == settings);
+    QVERIFY(!zokit::saveSettings(settings, folder.filePath(QStringLiteral("missing/a.json"))).isEmpty());
+    QCOMPARE(zokit::loadSettings(folder.filePath(QStringLiteral("b.json"))).error.text(),
+             folder.filePath(QStringLiteral("b.json")) + QStringLiteral(": no such file."));
+    QVERIFY(!zokit::loadSettings(folder.path()).settings);
+}
+
+void TestKitSettingsFile::presetsByName()
+{
+    const QTemporaryDir folder;
+    const zokit::Presets presets(folder.path());
+    const Settings settings = *zokit::readSettings(handWritten, folder.path()).settings;
+    QVERIFY(presets.save(QStringLiteral("Corner"), zokit::presetFrom(settings, {key("Watermark")})).isEmpty());
+    QCOMPARE(presets.save(QStringLiteral("Corner"), settings).text(),
+             QStringLiteral("There is a preset Corner already. Choose another name, or replace it."));
+    QVERIFY(presets.save(QStringLiteral("Corner"), zokit::presetFrom(settings, {key("Watermark")}), true).isEmpty());
+    const zokit::Presets::Loaded loaded = presets.load(QStringLiteral("Corner"));
+    QVERIFY(loaded.error.isEmpty());
+    QCOMPARE(loaded.preset.effects.size(), 1);
+    QCOMPARE(loaded.preset.media.frame, QSize(1280, 720));
+    QCOMPARE(presets.load(QStringLiteral("Cornr")).error.text(),
+             QStringLiteral("There is no preset Cornr. Did you mean Corner?"));
+    QVERIFY(presets.rename(QStringLiteral("Corner"), QStringLiteral("Logo")).isEmpty());
+    QCOMPARE(presets.names(), QStringList({QStringLiteral("Logo")}));
+    QVERIFY(presets.remove(QStringLiteral("Logo")).isEmpty());
+    QVERIFY(presets.names().isEmpty());
+}
+
+void TestKitSettingsFile::presetNameMayHoldAnything_data()
+{
+    QTest::addColumn<QString>("name");
+    for (const char* name :
+         {"a/b", "..", ".hidden", "100%", "%2f", "a\nb", "-y", "ä ö", "con:x", "\"quoted\" 'name'", " leading"})
+        QTest::newRow(name) << QString::fromUtf8(name);
+}
+
+void TestKitSettingsFile::presetNameMayHoldAnything()
+{
+    QFETCH(QString, name);
+    const QTemporaryDir folder;
+    const zokit::Presets presets(folder.filePath(QStringLiteral("presets")));
+    QVERIFY(presets.save(name, Settings()).isEmpty());
+    QCOMPARE(presets.names(), QStringList({name}));
+    QVERIFY(QFileInfo(presets.path(name)).dir() == QDir(presets.folder()));
+    QVERIFY(presets.load(name).error.isEmpty());
+    QCOMPARE(QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+             QStringList({QStringLiteral("presets")}));
+}
+
+void TestKitSettingsFile::importIsAllOrNothing()
+{
+    const QTemporaryDir folder;
+    const zokit::Presets presets(folder.filePath(QStringLiteral("presets")));
+    const auto write = [&](const char* name, const QByteArray& text) {
+        QFile file(folder.filePath(key(name)));
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(text) == text.size());
+    };
+    write("good.zoeffect.json", zokit::writePreset(Settings(), QString()));
+    write("bad.zoeffect.json", R"({"zoeffect": 1, "effects": [{"type": "Colour"}]})");
+    const QString good = folder.filePath(QStringLiteral("good.zoeffect.json"));
+    const QString bad = folder.filePath(QStringLiteral("bad.zoeffect.json"));
+    QCOMPARE(presets.import({good, bad}).text(),
+             bad + QStringLiteral(": There is no effect type Colour. Did you mean Color?"));
+    QVERIFY(presets.names().isEmpty());
+    QVERIFY(presets.import({good}).isEmpty());
+    QVERIFY(!presets.import({good}).isEmpty());
+    QVERIFY(presets.import({good}, true).isEmpty());
+    QCOMPARE(presets.names(), QStringList({QStringLiteral("good")}));
+    const QString target = folder.filePath(QStringLiteral("out.json"));
+    QVERIFY(presets.exportTo(QStringLiteral("good"), target).isEmpty());
+    QVERIFY(!presets.exportTo(QStringLiteral("good"), target).isEmpty());
+}
+
+void TestKitSettingsFile::presetHoldsWhatItIsMeantFor()
+{
+    const Settings settings = *zokit::readSettings(handWritten, QString()).settings;
+    const Settings whole = zokit::presetFrom(settings, {});
+    QCOMPARE(whole.effects.size(), 13);
+    QVERIFY(!whole.output.contains(key("trim")));
+    QCOMPARE(whole.output.value(key("quality")), QVariant(22));
+    QVERIFY(whole.media.file.isEmpty());
+    const Settings part = zokit::presetFrom(settings, {key("Color:bcs_contrast"), key("Watermark:0")});
+    QCOMPARE(part.effects.size(), 2);
+    QCOMPARE(part.find(key("Color"))->values.size(), 1);
+    QVERIFY(part.output.isEmpty());
+    QCOMPARE(zokit::readPreset(handWritten, QString()).error.text(),
+             QStringLiteral("A preset has no \"media\": it is for any clip."));
+}
+
+ZOEFFECT_TEST_MAIN(TestKitSettingsFile)
+#include "tst_kit_settingsfile.moc"
