@@ -190,16 +190,21 @@ void TstPictureOptions::otherSizeKeepsTheAlpha()
 
 void TstPictureOptions::textIsTheSameOnEveryScreen()
 {
-    const QByteArray at96 = describedOnScreen(96, 0);
-    const QByteArray at144 = describedOnScreen(144, 0);
-    QVERIFY(!at96.isEmpty());
-    QVERIFY(at96 != at144);
-#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    const QByteArray at96 = describedOnScreen(96, 96);
+    const QByteArray at144 = describedOnScreen(96, 144);
     QCOMPARE(at96.split(' ').first(), QByteArray("74x34"));
-#endif
+    QCOMPARE(at144.split(' ').first(), QByteArray("112x52"));
     for (const int screen : {72, 96, 144}) {
-        QCOMPARE(describedOnScreen(screen, 96), at96);
-        QCOMPARE(describedOnScreen(screen, 144), at144);
+        const QByteArray as96 = describedOnScreen(screen, 96);
+        const QByteArray as144 = describedOnScreen(screen, 144);
+        QCOMPARE(as96.split(' ').first(), at96.split(' ').first());
+        QCOMPARE(as144.split(' ').first(), at144.split(' ').first());
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0) // Qt 6 hints letters by the screen's resolution, too.
+        QCOMPARE(as96, at96);
+        QCOMPARE(as144, at144);
+        QCOMPARE(describedOnScreen(96, 0), at96);
+        QCOMPARE(describedOnScreen(144, 0), at144);
+#endif
     }
 }
 

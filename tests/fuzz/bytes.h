@@ -177,7 +177,9 @@ private:
 
     QFont fontValue()
     {
-        QFont font(text(), byte());
+        const QString family = text();
+        // Qt 6 streams the first family of a font that has none.
+        QFont font(family.isEmpty() ? QStringLiteral("any") : family, byte());
         font.setBold(flag());
         font.setItalic(flag());
         return font;
