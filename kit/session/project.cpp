@@ -162,7 +162,8 @@ void Project::Private::applyToFiles(const Changes& changes, QObject* asker)
     }
     // What comes belongs to a file that is there, or is a file with all that belongs to it.
     const auto fileBehind = [&](Identity thing) {
-        while (coming.value(thing).contains(own::of))
+        constexpr int levels = 2; // An item, its type: a damaged journal may name things in a circle.
+        for (int level = 0; level < levels && coming.value(thing).contains(own::of); ++level)
             thing = coming.value(thing).value(own::of).toULongLong();
         return thing;
     };
