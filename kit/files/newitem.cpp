@@ -10,22 +10,21 @@
 
 #include <zokit/properties.h>
 
+#include "names_p.h"
+
 namespace zokit {
 
 namespace {
 
-const QString watermark = QStringLiteral("Watermark");
-const QString subtitle = QStringLiteral("Subtitle");
-const QString audio = QStringLiteral("Audio");
 const QString factorKey = QStringLiteral("sub_vposfactor");
 
 QString kindKey(const QString& type)
 {
-    if (type == watermark)
-        return QStringLiteral("wm_istextwatermark");
-    if (type == subtitle)
-        return QStringLiteral("sub_fromfile");
-    return type == audio ? QStringLiteral("audio_isfile") : QString();
+    if (type == types::watermark)
+        return keys::isText;
+    if (type == types::subtitle)
+        return keys::subtitleIsFile;
+    return type == types::audio ? keys::soundIsFile : QString();
 }
 
 } // namespace
@@ -45,8 +44,8 @@ Values kindOf(const QString& type, const Values& values)
 void pinSubtitle(Values& values, double factor, const QSize& frame)
 {
     if (frame.height() > 0)
-        values.insert(QStringLiteral("sub_vposition"), static_cast<int>(std::trunc(factor * frame.height())));
-    values.insert(QStringLiteral("dvdsubtitleposeditbyuser"), true);
+        values.insert(keys::subtitleTop, static_cast<int>(std::trunc(factor * frame.height())));
+    values.insert(keys::subtitlePlaced, true);
     values.remove(factorKey);
 }
 
@@ -67,8 +66,8 @@ Item newItem(const QString& type, const Values& kind, const QSize& frame)
     if (!scratch.insertDataItem(type, kind, -1))
         return Item();
     Item item = itemFrom(*scratch.getDataItem(type, scratch.childCount(type) - 1));
-    if (type == subtitle)
-        pinSubtitle(item.values, ZoEffectModel::defaultValue(factorKey, subtitle).toDouble(), frame);
+    if (type == types::subtitle)
+        pinSubtitle(item.values, ZoEffectModel::defaultValue(factorKey, types::subtitle).toDouble(), frame);
     return item;
 }
 

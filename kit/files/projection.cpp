@@ -12,6 +12,7 @@
 #include <zokit/properties.h>
 
 #include "exactly_p.h"
+#include "names_p.h"
 #include "newitem_p.h"
 
 namespace zokit {
@@ -19,8 +20,6 @@ namespace zokit {
 namespace {
 
 constexpr int dotsPerInch = 96; // In all programs, whatever the screen.
-const QString positionEdited = QStringLiteral("dvdsubtitleposeditbyuser");
-const QString position = QStringLiteral("sub_vposition");
 
 QStringList typesOf(bool sound)
 {
@@ -63,8 +62,7 @@ void* recordOf(const QString& type, const QString& name)
 /// Whether a value was measured by drawing a text, and belongs to the picture and not to the settings.
 bool isMeasured(const Values& values, const QString& key)
 {
-    return (key == QLatin1String("wm_imagewidth") || key == QLatin1String("wm_imageheight"))
-           && values.value(QStringLiteral("wm_istextwatermark")).toBool();
+    return (key == keys::imageWidth || key == keys::imageHeight) && values.value(keys::isText).toBool();
 }
 
 } // namespace
@@ -116,10 +114,10 @@ bool Projection::setOne(const Things& things, const Change& change)
         return false;
     model.setData(key, change.after, type, pos);
     // An equal value of another spelling is not stored, and a position marks itself as edited.
-    const bool edited = type == QLatin1String("Subtitle") && key == position;
+    const bool edited = type == types::subtitle && key == keys::subtitleTop;
     return isSelection
            || (exactly(node->data(key), change.after)
-               && (!edited || things.value(change.thing, positionEdited).toBool()));
+               && (!edited || things.value(change.thing, keys::subtitlePlaced).toBool()));
 }
 
 void Projection::replace(const Things& things, const QString& type)

@@ -12,14 +12,13 @@
 #include <zokit/properties.h>
 
 #include "exactly_p.h"
+#include "names_p.h"
 #include "newitem_p.h"
 
 namespace zokit {
 
 namespace {
 
-const QString outputType = QStringLiteral("Output");
-const QString tracksType = QStringLiteral("Tracks");
 const QString mediaFile = QStringLiteral("file");
 const QString mediaWidth = QStringLiteral("width");
 const QString mediaHeight = QStringLiteral("height");
@@ -136,8 +135,8 @@ Things::Things(const Settings& settings, Identities& identities)
         }
         m_values.insert(type, typeValues(effect, items, m_file));
     }
-    m_values.insert(identities.next(), belonging(settings.tracks, tracksType, m_file));
-    m_values.insert(identities.next(), belonging(settings.output, outputType, m_file));
+    m_values.insert(identities.next(), belonging(settings.tracks, types::tracks, m_file));
+    m_values.insert(identities.next(), belonging(settings.output, types::output, m_file));
     index();
 }
 
@@ -213,8 +212,8 @@ Settings Things::settings() const
         if (m_types.contains(type))
             result.effects.append(typeSettings(type));
     }
-    result.tracks = propertiesOf(m_values.value(type(tracksType)));
-    result.output = propertiesOf(m_values.value(type(outputType)));
+    result.tracks = propertiesOf(m_values.value(type(types::tracks)));
+    result.output = propertiesOf(m_values.value(type(types::output)));
     return result;
 }
 
@@ -289,10 +288,10 @@ Changes Things::changesTo(const Settings& target, Identities& identities) const
     for (const TypeSettings& effect : target.effects) {
         changes += changesTo(effect, keptItems(effect), identities);
     }
-    const Identity tracks = type(tracksType);
-    appendChanges(changes, tracks, m_values.value(tracks), belonging(target.tracks, tracksType, m_file));
-    const Identity output = type(outputType);
-    appendChanges(changes, output, m_values.value(output), belonging(target.output, outputType, m_file));
+    const Identity tracks = type(types::tracks);
+    appendChanges(changes, tracks, m_values.value(tracks), belonging(target.tracks, types::tracks, m_file));
+    const Identity output = type(types::output);
+    appendChanges(changes, output, m_values.value(output), belonging(target.output, types::output, m_file));
     return changes;
 }
 

@@ -14,6 +14,7 @@
 
 #include "anchoring_p.h"
 #include "cataloguedefaults_p.h"
+#include "names_p.h"
 #include "newitem_p.h"
 
 namespace zokit {
@@ -25,12 +26,6 @@ using Code = Message::Code;
 const QString cornerKey = QStringLiteral("corner");
 const QString marginKey = QStringLiteral("margin");
 const QString sizeKey = QStringLiteral("size");
-const QString isText = QStringLiteral("wm_istextwatermark");
-const QString left = QStringLiteral("wm_hposition");
-const QString top = QStringLiteral("wm_vposition");
-const QString imageWidth = QStringLiteral("wm_imagewidth");
-const QString imageHeight = QStringLiteral("wm_imageheight");
-const QString fontSize = QStringLiteral("wm_fontsize");
 constexpr int dotsPerInch = 96;
 constexpr double whole = 100.0; // Percent.
 
@@ -66,7 +61,7 @@ QString percent(double number)
     return QString::number(number) + QLatin1Char('%');
 }
 
-/// 0 for what stands at the left or top, 1 in the middle, 2 at the right or bottom.
+/// 0 for what stands at the left or keys::top, 1 in the middle, 2 at the right or bottom.
 int column(Corner corner)
 {
     return static_cast<int>(corner) % 3;
@@ -92,12 +87,12 @@ int along(int part, double margin, int size, int frame)
 /// The font size with which the text is as wide as \a width, or the largest below.
 int fittingFontSize(Values values, int width)
 {
-    const Property* known = findProperty(QStringLiteral("Watermark"), fontSize);
+    const Property* known = findProperty(types::watermark, keys::fontSize);
     int low = known ? known->lowest.toInt() : 1;
     int high = 4 * (known ? known->highest.toInt() : 72); // What is computed may lie beyond what a person sets.
     while (low < high) {
         const int middle = (low + high + 1) / 2;
-        values.insert(fontSize, middle);
+        values.insert(keys::fontSize, middle);
         if (measuredText(values).width() <= width)
             low = middle;
         else
@@ -122,32 +117,30 @@ enum class Side { None, Width, Height };
 
 Side sideOf(const QString& type, const QString& key, bool text)
 {
-    if (key == QLatin1String("crop_left") || key == QLatin1String("crop_width") || key == left
-        || key == QLatin1String("sub_hposition"))
+    if (key == keys::cropLeft || key == keys::cropWidth || key == keys::left || key == QLatin1String("sub_hposition"))
         return Side::Width;
-    if (key == QLatin1String("crop_top") || key == QLatin1String("crop_height") || key == top
-        || key == QLatin1String("sub_vposition"))
+    if (key == keys::cropTop || key == keys::cropHeight || key == keys::top || key == keys::subtitleTop)
         return Side::Height;
-    if (type == QLatin1String("Watermark")) {
-        if (key == fontSize)
+    if (type == types::watermark) {
+        if (key == keys::fontSize)
             return text ? Side::Height : Side::None;
-        return key == imageWidth ? Side::Width : Side::None; // The height follows in the image's shape.
+        return key == keys::imageWidth ? Side::Width : Side::None; // The height follows in the image's shape.
     }
     return key == QLatin1String("sub_fontsize") ? Side::Height : Side::None;
 }
 
 void rescale(Values& values, const QString& type, double across, double down)
 {
-    const bool text = values.value(isText).toBool();
-    const double height = values.value(imageHeight).toDouble();
-    const double width = values.value(imageWidth).toDouble();
+    const bool text = values.value(keys::isText).toBool();
+    const double height = values.value(keys::imageHeight).toDouble();
+    const double width = values.value(keys::imageWidth).toDouble();
     for (const QString& key : values.keys()) {
         const Side side = sideOf(type, key, text);
         if (side != Side::None)
             scale(values, key, side == Side::Width ? across : down);
     }
-    if (type == QLatin1String("Watermark") && !text && width > 0 && height > 0)
-        values.insert(imageHeight, std::max(1, rounded(values.value(imageWidth).toInt() * height / width)));
+    if (type == types::watermark && !text && width > 0 && height > 0)
+        values.insert(keys::imageHeight, std::max(1, rounded(values.value(keys::imageWidth).toInt() * height / width)));
 }
 
 Values rescaledAnchor(const Values& anchor, double across)
@@ -209,31 +202,32 @@ QPoint anchoredPosition(const Anchor& anchor, const QSize& size, const QSize& fr
 
 QSize measuredText(const Values& values)
 {
-    if (values.value(QStringLiteral("wm_textcontent")).toString().isEmpty())
+    if (values.value(keys::textContent).toString().isEmpty())
         return QSize();
     registerEffects();
     // The library measures what it draws: a text in a corner of a small frame is measured as a whole.
     constexpr int side = 64;
-    ZoEffectModel scratch(QStringList{QStringLiteral("Watermark")});
+    ZoEffectModel scratch(QStringList{types::watermark});
     ZoPictureOptions options;
     options.textDotsPerInch = dotsPerInch;
     scratch.setPictureOptions(options);
     scratch.setVideoSize(side, side);
     Values drawn = values;
-    drawn.insert(isText, true);
-    drawn.insert(left, 0);
-    drawn.insert(top, 0);
+    drawn.insert(keys::isText, true);
+    drawn.insert(keys::left, 0);
+    drawn.insert(keys::top, 0);
     drawn.insert(QStringLiteral("_checkstate"), true);
-    scratch.addDataItem(QStringLiteral("Watermark"), drawn);
+    scratch.addDataItem(types::watermark, drawn);
     scratch.getWatermark(side, side, false);
-    return {scratch.data(imageWidth, QStringLiteral("Watermark"), 0).toInt(),
-            scratch.data(imageHeight, QStringLiteral("Watermark"), 0).toInt()};
+    return {scratch.data(keys::imageWidth, types::watermark, 0).toInt(),
+            scratch.data(keys::imageHeight, types::watermark, 0).toInt()};
 }
 
 QSize watermarkSize(const Values& values)
 {
-    return values.value(isText).toBool() ? measuredText(values)
-                                         : QSize(values.value(imageWidth).toInt(), values.value(imageHeight).toInt());
+    return values.value(keys::isText).toBool()
+               ? measuredText(values)
+               : QSize(values.value(keys::imageWidth).toInt(), values.value(keys::imageHeight).toInt());
 }
 
 std::optional<QPoint> freePlace(const QSize& size, const QPoint& wished, const QVector<QRect>& occupied,
@@ -310,20 +304,20 @@ Values anchoredValues(const Item& item, const QSize& frame)
     Values result;
     if (anchor->widthInPercent > 0) {
         const int width = std::max(1, rounded(frame.width() * anchor->widthInPercent / whole));
-        if (item.values.value(isText).toBool()) {
-            result.insert(fontSize, fittingFontSize(item.values, width));
+        if (item.values.value(keys::isText).toBool()) {
+            result.insert(keys::fontSize, fittingFontSize(item.values, width));
         } else {
-            const double shape =
-                item.values.value(imageHeight).toDouble() / std::max(1, item.values.value(imageWidth).toInt());
-            result.insert(imageWidth, width);
-            result.insert(imageHeight, std::max(1, rounded(width * shape)));
+            const double shape = item.values.value(keys::imageHeight).toDouble()
+                                 / std::max(1, item.values.value(keys::imageWidth).toInt());
+            result.insert(keys::imageWidth, width);
+            result.insert(keys::imageHeight, std::max(1, rounded(width * shape)));
         }
         for (auto it = result.cbegin(); it != result.cend(); ++it)
             sized.insert(it.key(), it.value());
     }
     const QPoint place = anchoredPosition(*anchor, watermarkSize(sized), frame);
-    result.insert(left, place.x());
-    result.insert(top, place.y());
+    result.insert(keys::left, place.x());
+    result.insert(keys::top, place.y());
     return result;
 }
 
@@ -337,13 +331,13 @@ Settings rescaled(const Settings& settings, const QSize& frame)
     const double across = double(frame.width()) / old.width();
     const double down = double(frame.height()) / old.height();
     for (TypeSettings& type : result.effects) {
-        if (type.type == QLatin1String("Crop")) {
+        if (type.type == types::crop) {
             if (!isWholeFrame(type.values, old))
                 rescale(type.values, type.type, across, down);
             else
                 setWholeFrame(type.values);
         }
-        if (type.type != QLatin1String("Watermark") && type.type != QLatin1String("Subtitle"))
+        if (type.type != types::watermark && type.type != types::subtitle)
             continue;
         for (Item& item : type.items) {
             rescale(item.values, type.type, across, down);

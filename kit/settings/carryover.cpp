@@ -10,6 +10,7 @@
 #include <zokit/placement.h>
 #include <zokit/properties.h>
 
+#include "names_p.h"
 #include "things_p.h"
 
 namespace zokit {
@@ -17,12 +18,6 @@ namespace zokit {
 namespace {
 
 using Code = Message::Code;
-
-const QString outputType = QStringLiteral("Output");
-const QString tracksType = QStringLiteral("Tracks");
-const QString watermark = QStringLiteral("Watermark");
-const QString subtitle = QStringLiteral("Subtitle");
-const QString audio = QStringLiteral("Audio");
 
 /// One thing that is asked for: a type, an item of it, or a value of either.
 struct Wanted {
@@ -60,7 +55,7 @@ QVector<Wanted> everythingIn(const Settings& from)
     for (const TypeSettings& type : from.effects)
         all.append({type.type, Address::ofType, QString()});
     if (!from.output.isEmpty())
-        all.append({outputType, Address::ofType, QString()});
+        all.append({types::output, Address::ofType, QString()});
     return all;
 }
 
@@ -78,8 +73,7 @@ QVector<Wanted> wantedOf(const Settings& from, const CarryOver& carry)
 
 bool isFileTrack(const Item& track)
 {
-    return track.values.value(QStringLiteral("sub_fromfile")).toBool()
-           || track.values.value(QStringLiteral("audio_isfile")).toBool();
+    return track.values.value(keys::subtitleIsFile).toBool() || track.values.value(keys::soundIsFile).toBool();
 }
 
 /// The style of \a from on every track of \a to that it suits. Which tracks there are, and which are chosen, is the
@@ -135,7 +129,7 @@ void carryItems(const TypeSettings& from, const Wanted& wanted, bool add, TypeSe
             if (!to.items.contains(item))
                 to.items.append(item);
         }
-    } else if (single && to.type == watermark) {
+    } else if (single && to.type == types::watermark) {
         // One watermark takes the place of the one at its position.
         if (wanted.pos < to.items.size())
             to.items[wanted.pos] = items.first();
@@ -177,7 +171,7 @@ void carry(const TypeSettings& from, const Wanted& wanted, bool add, TypeSetting
 {
     if (!wanted.key.isEmpty())
         carryValue(from, wanted, to);
-    else if (to.type == subtitle || to.type == audio)
+    else if (to.type == types::subtitle || to.type == types::audio)
         carryTracks(from, wanted, to);
     else if (hasItems(to.type))
         carryItems(from, wanted, add, to);
@@ -188,7 +182,7 @@ void carry(const TypeSettings& from, const Wanted& wanted, bool add, TypeSetting
 void carryOutput(const Wanted& wanted, const Values& from, Values& to)
 {
     for (auto it = from.cbegin(); it != from.cend(); ++it) {
-        const bool isClipsOwn = it.key() == QLatin1String("trim");
+        const bool isClipsOwn = it.key() == keys::trim;
         if (wanted.key.isEmpty() ? !isClipsOwn : it.key() == wanted.key)
             to.insert(it.key(), it.value());
     }
@@ -198,7 +192,7 @@ void carryOutput(const Wanted& wanted, const Values& from, Values& to)
 
 Message checkCarryOver(const Settings& from, const CarryOver& carry)
 {
-    QStringList known{outputType, tracksType};
+    QStringList known{types::output, types::tracks};
     for (const TypeSettings& type : from.effects)
         known.append(type.type);
     for (const QString& text : carry.what) {
@@ -229,9 +223,9 @@ Settings carriedOver(const Settings& from, const Settings& to, const CarryOver& 
     for (const Wanted& wanted : wantedOf(from, asked)) {
         const TypeSettings* sourceType = source.find(wanted.type);
         TypeSettings* target = result.find(wanted.type);
-        if (wanted.type == outputType)
+        if (wanted.type == types::output)
             carryOutput(wanted, source.output, result.output);
-        else if (wanted.type == tracksType)
+        else if (wanted.type == types::tracks)
             result.tracks = source.tracks;
         else if (sourceType && target)
             carry(*sourceType, wanted, asked.add, *target);

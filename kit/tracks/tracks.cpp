@@ -11,6 +11,7 @@
 #include <zokit/properties.h>
 
 #include "cataloguedefaults_p.h"
+#include "names_p.h"
 
 namespace zokit {
 
@@ -181,11 +182,11 @@ QStringList toWords(const QVector<int>& numbers)
 Values itemFor(const TrackChoice& choice)
 {
     const bool sound = choice.track.kind == TrackKind::Audio;
-    Values values{{sound ? QStringLiteral("audio_isfile") : QStringLiteral("sub_fromfile"), !choice.sidecar.isEmpty()}};
+    Values values{{sound ? keys::soundIsFile : keys::subtitleIsFile, !choice.sidecar.isEmpty()}};
     if (choice.sidecar.isEmpty())
-        values.insert(QStringLiteral("trackid"), choice.track.index);
+        values.insert(keys::trackId, choice.track.index);
     else
-        values.insert(QStringLiteral("file"), choice.sidecar);
+        values.insert(keys::trackFile, choice.sidecar);
     return values;
 }
 
@@ -232,11 +233,10 @@ std::optional<TrackRules> trackRulesFrom(const Values& values, Message* error)
             const QStringList known{audioLanguage, audioTracks,      forcedSubtitles,
                                     sidecarsKey,   subtitleLanguage, subtitleTrack};
             if (error)
-                *error =
-                    known.contains(it.key())
-                        ? Message(Code::TrackRule,
-                                  {it.key(), list ? list->join(QLatin1Char(',')) : it.value().toString()})
-                        : Message(Code::UnknownKey, {QStringLiteral("Tracks"), it.key(), nearest(it.key(), known)});
+                *error = known.contains(it.key())
+                             ? Message(Code::TrackRule,
+                                       {it.key(), list ? list->join(QLatin1Char(',')) : it.value().toString()})
+                             : Message(Code::UnknownKey, {types::tracks, it.key(), nearest(it.key(), known)});
             return std::nullopt;
         }
     }
@@ -296,11 +296,11 @@ QVector<TrackChoice> chosenTracks(const TrackRules& rules, const QVector<Track>&
 Settings withTracks(const Settings& settings, const QVector<TrackChoice>& choices, const TrackRules& rules)
 {
     Settings result = settings;
-    for (const QString& type : {QStringLiteral("Audio"), QStringLiteral("Subtitle")}) {
+    for (const QString& type : {types::audio, types::subtitle}) {
         TypeSettings* target = result.find(type);
         if (!target)
             continue;
-        const bool sound = type == QLatin1String("Audio");
+        const bool sound = type == types::audio;
         QVector<Item> items;
         QVector<Item> known = target->items;
         for (const TrackChoice& choice : choices) {
@@ -323,8 +323,7 @@ Settings withTracks(const Settings& settings, const QVector<TrackChoice>& choice
         }
         // Files that a person added stay; tracks that the clip has no longer go.
         for (const Item& item : known) {
-            if (item.values.value(QStringLiteral("sub_fromfile")).toBool()
-                || item.values.value(QStringLiteral("audio_isfile")).toBool())
+            if (item.values.value(keys::subtitleIsFile).toBool() || item.values.value(keys::soundIsFile).toBool())
                 items.append(item);
         }
         target->items = items;

@@ -118,17 +118,17 @@ public:
     Message resetItem(Identity item, QObject* asker = nullptr);
     /// Tracks of the clip stay, files and watermarks go; frame effects get their order back.
     Message resetType(const QString& type, QObject* asker = nullptr);
-    void resetAll(QObject* asker = nullptr);
+    Message resetAll(QObject* asker = nullptr);
     /// @}
 
     /// \name As a whole
     /// @{
     Settings settings() const;
     /// Makes this file's settings \a target, completed. Items that are the same keep their identity.
-    void setSettings(const Settings& target, QObject* asker = nullptr);
+    Message setSettings(const Settings& target, QObject* asker = nullptr);
     Media media() const;
     /// Another clip or frame size: geometry is rescaled as rescaled() does.
-    void setMedia(const Media& media, QObject* asker = nullptr);
+    Message setMedia(const Media& media, QObject* asker = nullptr);
     /// Whether converting the file would change nothing: no effect that does anything, no other choice of tracks, no
     /// output option.
     bool comesOutUnchanged() const;

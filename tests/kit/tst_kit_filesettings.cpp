@@ -52,6 +52,7 @@ private slots:
     void directChangesAreTold();
     void silentChangesAreTakenInWhenAskedFor();
     void drawingChangesNoSetting();
+    void callsInsideAnAnnouncementAreRefused_data();
     void callsInsideAnAnnouncementAreRefused();
 };
 
@@ -423,16 +424,54 @@ void TestKitFileSettings::drawingChangesNoSetting()
     QVERIFY(file.settings() == before);
 }
 
+void TestKitFileSettings::callsInsideAnAnnouncementAreRefused_data()
+{
+    QTest::addColumn<int>("call");
+    int call = 0;
+    for (const char* name : {"a value", "a new item", "another clip", "all settings", "reset of a value",
+                             "reset of a type", "reset of everything"})
+        QTest::newRow(name) << call++;
+}
+
 void TestKitFileSettings::callsInsideAnAnnouncementAreRefused()
 {
+    QFETCH(int, call);
     FileSettings file(clip());
     const Identity color = file.type(key("Color"));
+    file.setValue(color, key("bcs_saturation"), 7);
+    zokit::Settings other = file.settings();
+    other.find(key("Color"))->values.insert(key("bcs_saturation"), 9);
     zokit::Message answer;
-    connect(&file, &FileSettings::aboutToChange, this,
-            [&] { answer = file.setValue(color, key("bcs_saturation"), 7); });
+    connect(&file, &FileSettings::aboutToChange, this, [&] {
+        switch (call) {
+        case 0:
+            answer = file.setValue(color, key("bcs_saturation"), 8);
+            break;
+        case 1:
+            answer = file.insert(key("Watermark"), {{key("wm_textcontent"), key("Hello")}}).error;
+            break;
+        case 2:
+            answer = file.setMedia({QString(), QSize(640, 360), 1.0});
+            break;
+        case 3:
+            answer = file.setSettings(other);
+            break;
+        case 4:
+            answer = file.reset(color, key("bcs_saturation"));
+            break;
+        case 5:
+            answer = file.resetType(key("Color"));
+            break;
+        default:
+            answer = file.resetAll();
+            break;
+        }
+    });
+    zokit::Settings expected = file.settings();
+    expected.find(key("Color"))->values.insert(key("bcs_contrast"), 5);
     QVERIFY(file.setValue(color, key("bcs_contrast"), 5).isEmpty());
     QCOMPARE(answer.code(), Code::Busy);
-    QCOMPARE(file.value(color, key("bcs_saturation")), QVariant(0));
+    QVERIFY(file.settings() == expected);
 }
 
 ZOEFFECT_TEST_MAIN(TestKitFileSettings)

@@ -1,0 +1,139 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include "filesettings_p.h"
+
+#include <algorithm>
+
+#include <QScopedValueRollback>
+
+#include <zoeffectmodel.h>
+
+#include "anchoring_p.h"
+#include "exactly_p.h"
+#include "names_p.h"
+
+namespace zokit {
+
+using Code = Message::Code;
+
+Settings withoutMeasures(Settings settings)
+{
+    if (TypeSettings* watermarks = settings.find(types::watermark)) {
+        for (Item& item : watermarks->items) {
+            if (item.values.value(keys::isText).toBool()) {
+                item.values.remove(keys::imageWidth);
+                item.values.remove(keys::imageHeight);
+            }
+        }
+    }
+    return settings;
+}
+
+/// What follows from \a changes: the place and size of watermarks that have an anchor.
+Changes FileSettings::Private::consequences(const Changes& changes) const
+{
+    Things next = things;
+    next.apply(changes);
+    const bool frameChanged = next.frame() != things.frame();
+    Changes result;
+    for (const Identity item : next.items(types::watermark)) {
+        const auto isOfItem = [item](const Change& change) { return change.thing == item; };
+        if (!next.values(item).contains(own::anchor)
+            || !(frameChanged || std::any_of(changes.cbegin(), changes.cend(), isOfItem)))
+            continue;
+        const Values placed = anchoredValues(next.itemSettings(item), next.frame());
+        for (auto it = placed.cbegin(); it != placed.cend(); ++it)
+            result.append({item, it.key(), next.value(item, it.key()), it.value()});
+    }
+    return result;
+}
+
+Message FileSettings::Private::commit(const Changes& wanted, QObject* asker)
+{
+    if (announcing)
+        return Message(Code::Busy);
+    const Changes changes = merged(wanted + consequences(wanted));
+    if (changes.isEmpty())
+        return Message();
+    {
+        const QScopedValueRollback<bool> busy(announcing, true);
+        emit q->aboutToChange(changes, asker);
+    }
+    store(changes, asker, false);
+    return Message();
+}
+
+/// Takes \a changes over, brings the models to them unless they are there already, and tells.
+void FileSettings::Private::store(const Changes& changes, QObject* asker, bool modelsHaveIt)
+{
+    QMap<QString, QVector<Identity>> before;
+    for (const QString& type : effectTypes()) {
+        if (hasItems(type))
+            before.insert(type, things.items(type));
+    }
+    things.apply(changes);
+    if (!modelsHaveIt)
+        projection.follow(things, changes);
+    for (auto it = before.cbegin(); it != before.cend(); ++it)
+        tellItems(it.key(), it.value(), things.items(it.key()));
+    emit q->changed(changes, asker);
+}
+
+void FileSettings::Private::tellItems(const QString& type, const QVector<Identity>& before,
+                                      const QVector<Identity>& after)
+{
+    QVector<Identity> now = before;
+    for (int pos = static_cast<int>(now.size()) - 1; pos >= 0; --pos) {
+        if (!after.contains(now.at(pos))) {
+            const Identity gone = now.takeAt(pos);
+            emit q->itemRemoved(type, gone, pos);
+        }
+    }
+    for (int pos = 0; pos < after.size(); ++pos) {
+        const int from = static_cast<int>(now.indexOf(after.at(pos)));
+        if (from == pos)
+            continue;
+        if (from < 0) {
+            now.insert(pos, after.at(pos));
+            emit q->itemInserted(type, after.at(pos), pos);
+        } else {
+            now.move(from, pos);
+            emit q->itemMoved(type, after.at(pos), from, pos);
+        }
+    }
+}
+
+void FileSettings::syncFromModels()
+{
+    for (const QString& type : effectTypes()) {
+        TypeSettings target = d->projection.read(type);
+        const TypeSettings known = d->things.typeSettings(type);
+        const QVector<Identity> present = items(type);
+        QVector<Identity> kept = d->projection.identities(type);
+        for (int row = 0; row < kept.size(); ++row) {
+            // A node that was written over as a whole is still the item at its place.
+            if (kept.at(row) == 0 && kept.size() == present.size() && !kept.contains(present.at(row)))
+                kept[row] = present.at(row);
+            const int former = static_cast<int>(present.indexOf(kept.at(row)));
+            if (former >= 0) {
+                const Item& item = known.items.at(former);
+                target.items[row].anchor = item.anchor;
+                target.items[row].foreign = item.foreign;
+                if (!exactly(target.items.at(row).values.value(keys::left), item.values.value(keys::left))
+                    || !exactly(target.items.at(row).values.value(keys::top), item.values.value(keys::top)))
+                    target.items[row].anchor.clear();
+            }
+        }
+        target.foreign = known.foreign;
+        if (target == known)
+            continue;
+        const Changes changes = merged(d->things.changesTo(target, kept, *d->identities));
+        QObject* model = &d->projection.modelOf(type);
+        emit aboutToChange(changes, model);
+        d->store(changes, model, true);
+        d->projection.note(d->things, type);
+    }
+}
+
+} // namespace zokit

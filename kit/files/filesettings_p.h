@@ -1,0 +1,88 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <zokit/filesettings.h>
+
+#include <memory>
+
+#include <zokit/properties.h>
+
+#include "projection_p.h"
+#include "things_p.h"
+
+namespace zokit {
+
+/// What a thing of a type is, as the property table tells kinds apart.
+Suit suitOf(const QString& type, bool isItem, const Values& values);
+
+/// A watermark without an anchor, with the default place of \a item, goes where \a others leave room.
+void place(Item& item, const QVector<Item>& others, const QSize& frame);
+
+/// The measured size of a text is no setting.
+Settings withoutMeasures(Settings settings);
+
+bool isPlace(const QString& key);
+
+class FileSettings::Private {
+public:
+    Private(FileSettings* settings, std::shared_ptr<Identities> shared, const Settings& start)
+        : q(settings)
+        , identities(shared ? std::move(shared) : std::make_shared<Identities>())
+        , things(withoutMeasures(start), *identities)
+    {
+        begin();
+    }
+
+    Private(FileSettings* settings, std::shared_ptr<Identities> shared, const QMap<Identity, Values>& values)
+        : q(settings), identities(std::move(shared)), things(values)
+    {
+        begin();
+    }
+
+    void begin()
+    {
+        QSize frame = things.frame();
+        projection.picture().setVideoSize(frame.width(), frame.height());
+        projection.sound().setVideoSize(frame.width(), frame.height());
+        for (const QString& type : effectTypes())
+            projection.replace(things, type);
+        const auto follow = [this] {
+            if (!projection.isFollowing())
+                q->syncFromModels();
+        };
+        for (ZoEffectModel* model : {&projection.picture(), &projection.sound()}) {
+            QObject::connect(
+                model,
+                QOverload<const QString&, const QString&, const QVariant&, int>::of(&ZoEffectModel::effectDataChanged),
+                q, follow);
+            QObject::connect(model, QOverload<const QString&>::of(&ZoEffectModel::effectDataChanged), q, follow);
+        }
+    }
+
+    QString addressText(Identity thing, const QString& key) const
+    {
+        const std::optional<Address> address = q->address(thing, key);
+        return address ? address->toString() : key;
+    }
+
+    ReadValue read(const QString& type, Suit suit, const QString& key, const QVariant& given,
+                   const QString& where) const;
+    ReadValue read(Identity thing, const QString& key, const QVariant& given) const;
+    Item defaultItem(Identity item) const;
+    QVariant defaultOf(Identity thing, const QString& key) const;
+    QVariant catalogueDefaultOf(Identity thing, const QString& key) const;
+    Changes consequences(const Changes& changes) const;
+    Message commit(const Changes& wanted, QObject* asker);
+    void store(const Changes& changes, QObject* asker, bool modelsHaveIt);
+    void tellItems(const QString& type, const QVector<Identity>& before, const QVector<Identity>& after);
+
+    FileSettings* q;
+    std::shared_ptr<Identities> identities;
+    Things things;
+    Projection projection;
+    bool announcing = false;
+};
+
+} // namespace zokit

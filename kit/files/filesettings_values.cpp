@@ -1,0 +1,118 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include "filesettings_p.h"
+
+#include <zokit/outputoptions.h>
+#include <zokit/placement.h>
+#include <zokit/tracks.h>
+
+#include "names_p.h"
+#include "newitem_p.h"
+
+namespace zokit {
+
+using Code = Message::Code;
+
+bool isPlace(const QString& key)
+{
+    return key == keys::left || key == keys::top;
+}
+
+Suit suitOf(const QString& type, bool isItem, const Values& values)
+{
+    if (!isItem)
+        return Suit::Type;
+    if (type == types::effect)
+        return Suit::FrameEffect;
+    if (type == types::watermark)
+        return values.value(keys::isText).toBool() ? Suit::TextWatermark : Suit::ImageWatermark;
+    const Values kind = kindOf(type, values);
+    return kind.cbegin() != kind.cend() && kind.first().toBool() ? Suit::FileTrack : Suit::EmbeddedTrack;
+}
+
+ReadValue FileSettings::Private::read(const QString& type, Suit suit, const QString& key, const QVariant& given,
+                                      const QString& where) const
+{
+    const bool isOfEffect = effectTypes().contains(type);
+    if (key == own::selected && isOfEffect) {
+        Property selection;
+        selection.kind = ValueKind::Bool;
+        return readValue(selection, given, things.frame(), where);
+    }
+    if (key == own::anchor && (suit == Suit::TextWatermark || suit == Suit::ImageWatermark)) {
+        Message error;
+        const std::optional<Anchor> anchor = anchorFrom(given.toMap(), &error);
+        return anchor ? ReadValue{toValues(*anchor), Message()} : ReadValue{QVariant(), error};
+    }
+    if (key.startsWith(QLatin1String("x-")))
+        return {given, Message()}; // The host's own.
+    const Property* known = findProperty(type, key);
+    if (!known) {
+        const ReadAddress asRead = readAddress(type + QLatin1Char(':') + key);
+        return {QVariant(), asRead.error.isEmpty() ? Message(Code::NoSuchThing) : asRead.error};
+    }
+    const OutputOption* option = type == types::output ? outputOption(key) : nullptr;
+    if (option && !option->inSettings)
+        return {QVariant(), Message(Code::NotKept, {key})};
+    if (isOfEffect && !known->suits.testFlag(suit)) {
+        if (suit == Suit::Type)
+            return {QVariant(), Message(Code::KeyNeedsItem, {type, key})};
+        return {QVariant(), Message(Code::NotOfItem, {where, suitsText(known->suits)})};
+    }
+    const ReadValue read = readValue(*known, given, things.frame(), where);
+    Message noRule;
+    if (type == types::tracks && read.error.isEmpty() && !trackRulesFrom({{key, read.value}}, &noRule))
+        return {QVariant(), noRule};
+    return read;
+}
+
+ReadValue FileSettings::Private::read(Identity thing, const QString& key, const QVariant& given) const
+{
+    const QString type = things.typeOf(thing);
+    if (type.isEmpty() || isInternal(key))
+        return {QVariant(), Message(Code::NoSuchThing)};
+    return read(type, suitOf(type, things.isItem(thing), things.values(thing)), key, given, addressText(thing, key));
+}
+
+Message FileSettings::check(Identity thing, const QString& key, const QVariant& candidate) const
+{
+    return d->read(thing, key, candidate).error;
+}
+
+Message FileSettings::setValue(Identity thing, const QString& key, const QVariant& value, QObject* asker)
+{
+    return setValues(thing, {{key, value}}, asker);
+}
+
+Message FileSettings::setValues(Identity thing, const Values& values, QObject* asker)
+{
+    Changes changes;
+    bool changesPlace = false;
+    for (auto it = values.cbegin(); it != values.cend(); ++it) {
+        const ReadValue read = d->read(thing, it.key(), it.value());
+        if (!read.error.isEmpty())
+            return read.error;
+        changesPlace = changesPlace || isPlace(it.key());
+        changes.append({thing, it.key(), d->things.value(thing, it.key()), read.value});
+    }
+    changes = merged(changes);
+    if (changes.isEmpty())
+        return Message();
+    const auto select = [&](Identity whose) {
+        const QVariant selected = d->things.value(whose, own::selected);
+        if (selected.isValid() && !selected.toBool())
+            changes.append({whose, own::selected, selected, true});
+    };
+    if (!values.contains(own::selected)) {
+        select(thing);
+        if (d->things.isItem(thing))
+            select(d->things.type(d->things.typeOf(thing)));
+    }
+    // Who places a watermark by hand takes it from its anchor.
+    if (changesPlace && !values.contains(own::anchor) && d->things.values(thing).contains(own::anchor))
+        changes.append({thing, own::anchor, d->things.value(thing, own::anchor), QVariant()});
+    return d->commit(changes, asker);
+}
+
+} // namespace zokit

@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <zokit/settings.h>
+
+namespace zokit {
+
+/// \a type with every value that is missing, at the catalogue's default for a frame of \a frame.
+TypeSettings completedType(const TypeSettings& type, const QSize& frame);
+
+/// Place and size of watermarks that have an anchor follow from it.
+void placeAnchored(Settings& settings);
+
+} // namespace zokit
