@@ -2,10 +2,10 @@
 # SPDX-FileCopyrightText: 2026 The libzoeffect developers
 # SPDX-License-Identifier: MIT
 
-# consumer.sh BUILD: installs the library from the build tree BUILD into a prefix with a space in its name,
+# consumer.sh BUILD: installs library and kit from the build tree BUILD into a prefix with a space in its name,
 # moves that elsewhere, and builds and runs the host in consumer/ against it: with CMake and with pkg-config
-# and a plain compiler call, with g++ and clang++. Where BUILD is for Qt 6 and the build tree dev beside it has the
-# library for Qt 5, that one is installed into the same prefix, too, and each host finds its own. Works in
+# and a plain compiler call, with g++ and clang++. The kit's headers are compiled by g++. Where BUILD is for Qt 6 and the build tree dev beside it has
+# both for Qt 5, they are installed into the same prefix, too, and each host finds its own. Works in
 # BUILD/tests/consumer.
 set -euo pipefail
 here=$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")
@@ -18,18 +18,21 @@ version=$("$here/../scripts/version")
 qt=$(sed -n 's/^ZOEFFECT_QT_MAJOR:[A-Z]*=//p' "$build/CMakeCache.txt")
 other_qt=$((11 - qt))
 names=([5]=zoeffect [6]=zoeffect-qt6)
+kit_names=([5]=zoeffectkit [6]=zoeffectkit-qt6)
 name=${names[qt]}
+kit=${kit_names[qt]}
 
 rm -rf "$work"
 mkdir -p "$work/tmp"
 mkdir -m 700 "$work/runtime"
 export TMPDIR=$work/tmp XDG_RUNTIME_DIR=$work/runtime QT_QPA_PLATFORM=offscreen
 
-check 'consumer: the library installs' quietly cmake --install "$build" --prefix "$work/first place" || finish
+check 'consumer: library and kit install' quietly cmake --install "$build" --prefix "$work/first place" || finish
 mv "$work/first place" "$prefix"
 
 same 'consumer: these files are installed and no others' \
-    "include/zoeffect/writelog.h
+    "$(cd "$here/../kit" && printf 'include/zoeffect-kit/%s\n' zokit/*.h zokit/zokit_export.h | LC_ALL=C sort)
+include/zoeffect/writelog.h
 include/zoeffect/zoeffect_export.h
 include/zoeffect/zoeffectcatalogue.h
 include/zoeffect/zoeffectitemdata.h
@@ -39,12 +42,18 @@ include/zoeffect/zopref.h
 lib/cmake/ZoEffect/ZoEffectConfig.cmake
 lib/cmake/ZoEffect/ZoEffectConfigVersion.cmake
 lib/cmake/ZoEffect/ZoEffectHostQt.cmake
+lib/cmake/ZoEffect/ZoEffectQt${qt}KitTargets-debug.cmake
+lib/cmake/ZoEffect/ZoEffectQt${qt}KitTargets.cmake
 lib/cmake/ZoEffect/ZoEffectQt${qt}Targets-debug.cmake
 lib/cmake/ZoEffect/ZoEffectQt${qt}Targets.cmake
 lib/lib$name.so
 lib/lib$name.so.1
 lib/lib$name.so.$version
-lib/pkgconfig/$name.pc" \
+lib/lib$kit.so
+lib/lib$kit.so.1
+lib/lib$kit.so.$version
+lib/pkgconfig/$name.pc
+lib/pkgconfig/$kit.pc" \
     "$(cd "$prefix" && find . ! -type d | sed 's|^\./||' | LC_ALL=C sort)" || true
 
 # dynamic TAG [FILE]: the values of one tag of the dynamic section of the library or another file.
@@ -53,11 +62,20 @@ dynamic() {
 }
 same 'consumer: soname' "lib$name.so.1" "$(dynamic SONAME)" || true
 same 'consumer: links' "lib$name.so -> lib$name.so.1
-lib$name.so.1 -> lib$name.so.$version" \
+lib$name.so.1 -> lib$name.so.$version
+lib$kit.so -> lib$kit.so.1
+lib$kit.so.1 -> lib$kit.so.$version" \
     "$(cd "$prefix/lib" && find . -type l -printf '%P -> %l\n' | LC_ALL=C sort)" || true
 same 'consumer: needs Qt Core and Gui alone' "libQt${qt}Core.so
 libQt${qt}Gui.so" "$(dynamic NEEDED | sed -n 's/^\(libQt.*\.so\)\..*/\1/p')" || true
 same 'consumer: no path of the build machine in the library' '' "$(dynamic 'R.*PATH')" || true
+readonly kit_file=$prefix/lib/lib$kit.so
+same 'consumer: kit: soname' "lib$kit.so.1" "$(dynamic SONAME "$kit_file")" || true
+same 'consumer: kit: needs the library, Qt Core and Qt Gui alone' "libQt${qt}Core.so
+libQt${qt}Gui.so
+lib$name.so" "$(dynamic NEEDED "$kit_file" | sed -nE 's/^(lib(Qt|zo).*\.so)\..*/\1/p' | LC_ALL=C sort)" || true
+# shellcheck disable=SC2016 # the loader's word
+same 'consumer: kit: finds the library beside it' '$ORIGIN' "$(dynamic 'R.*PATH' "$kit_file")" || true
 same 'consumer: no path of the build machine in the package' '' \
     "$(cd "$prefix" && grep -rF -e "$(dirname "$here")" -e "$build" include lib/cmake lib/pkgconfig || true)" || true
 
@@ -90,11 +108,13 @@ refused() {
 
 for compiler in g++ clang++; do
     tree="$work/with $compiler"
-    if check "consumer: $compiler: finds the package" configure "$tree" "$compiler" &&
+    component='' folders=(zoeffect)
+    [[ $compiler != g++ ]] || component=Kit folders=(zoeffect zoeffect-kit)
+    if check "consumer: $compiler: finds the package" configure "$tree" "$compiler" -DCONSUMER_COMPONENTS=$component &&
         check "consumer: $compiler: each header alone, without a warning" \
             quietly cmake --build "$tree" --target headers &&
         check "consumer: $compiler: the host, without a warning" quietly cmake --build "$tree" --target consumer; then
-        same "consumer: $compiler: headers compiled" 7 \
+        same "consumer: $compiler: headers compiled" "$(cd "$prefix/include" && find "${folders[@]}" -name '*.h' | wc -l)" \
             "$(find "$tree/CMakeFiles/headers.dir" -name '*.o' | wc -l)" || true
         host_rows "$compiler" "$tree/consumer"
     fi
@@ -107,6 +127,8 @@ refused 'a component that is not there' "ZoEffect has no component Unknown insta
 # As the manual page of pkg-config tells it; eval, since the paths have a space.
 export PKG_CONFIG_PATH="$prefix/lib/pkgconfig"
 same 'consumer: pkg-config: version' "$version" "$(pkg-config --modversion "$name")" || true
+same 'consumer: pkg-config: the kit brings the library' "-l$kit -l$name" \
+    "$(pkg-config --libs-only-l "$kit" | grep -oE -e '-lzo[^ ]+' | paste -sd ' ')" || true
 for compiler in g++ clang++; do
     mkdir "$work/plain $compiler"
     program="$work/plain $compiler/consumer"
@@ -120,7 +142,7 @@ done
 # --- Both Qts in one prefix ----------------------------------------------------------------------------------------
 
 dev=$(dirname "$build")/dev
-if ((qt != 6)) || [[ ! -e $dev/libzoeffect.so.$version ]]; then
+if ((qt != 6)) || [[ ! -e $dev/libzoeffect.so.$version || ! -e $dev/kit/libzoeffectkit.so.$version ]]; then
     finish
 fi
 cp -r "$prefix" "$work/alone"

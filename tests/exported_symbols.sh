@@ -2,26 +2,36 @@
 # SPDX-FileCopyrightText: 2026 The libzoeffect developers
 # SPDX-License-Identifier: MIT
 
-# exported_symbols.sh LIBRARY: compares what the shared library exports with debian/libzoeffect1.symbols.
+# exported_symbols.sh LIBRARY [KIT]: compares what the shared library, and the kit, export with debian/libzoeffect1.symbols
+# and debian/libzoeffectkit1.symbols.
 set -euo pipefail
 here=$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")
 # shellcheck source-path=SCRIPTDIR source=support/rows.sh
 source "$here/support/rows.sh"
-library=$1
 
-# The names with their kind; a constructor or destructor stands once for each of its variants.
+# exported LIBRARY: the names with their kind; a constructor or destructor stands once for each of its variants. Qt 6
+# calls QStringList and QVector a QList; no public declaration has a QList of its own.
 exported() {
-    nm -DC --defined-only "$library" | sed -E 's/^[0-9a-f]+ //' | LC_ALL=C sort -u
+    nm -DC --defined-only "$1" | sed -E 's/^[0-9a-f]+ //; s/QList<QString>/QStringList/g; s/QList</QVector</g' | LC_ALL=C sort -u
 }
 
-# Qt 6 has no class QStringList of its own.
-names=$(exported | sed -E 's/^. //; s/QList<QString>/QStringList/g' | LC_ALL=C sort -u)
-expected=$(sed -nE 's/^ \(c\+\+\)"(.*)@Base" [0-9.]+$/\1/p' "$here/../debian/libzoeffect1.symbols" | LC_ALL=C sort)
+# compared WHAT LIBRARY LIST
+compared() {
+    local names expected
+    names=$(exported "$2" | sed -E 's/^. //' | LC_ALL=C sort -u)
+    expected=$(sed -nE 's/^ \(c\+\+\)"(.*)@Base" [0-9.]+$/\1/p' "$here/../debian/$3.symbols" | LC_ALL=C sort)
+    same "exported symbols: $1: no name is listed twice" '' "$(uniq -d <<< "$expected")" || true
+    same "exported symbols: $1: those of the public headers and no others" "$expected" "$names" || true
+}
 
-same 'exported symbols: no name is listed twice' "" "$(uniq -d <<< "$expected")" || true
-same 'exported symbols: those of the public headers and no others' "$expected" "$names" || true
-same 'exported symbols: data are the static members and meta-objects' \
+compared library "$1" libzoeffect1
+same 'exported symbols: library: data are the static members and meta-objects' \
     "$(printf '%s\n' ZoEffectItemData::staticMetaObject ZoEffectItemDefaultValMgr::s_{Instance,supportTypes} \
         ZoEffectModel::{s_EffectItems,staticMetaObject})" \
-    "$(exported | sed -nE 's/^[BDR] //p' | LC_ALL=C sort)" || true
+    "$(exported "$1" | sed -nE 's/^[BDR] //p' | LC_ALL=C sort)" || true
+if (($# > 1)); then
+    compared kit "$2" libzoeffectkit1
+    same 'exported symbols: kit: data are the meta-objects' '' \
+        "$(exported "$2" | sed -nE 's/^[BDR] //p' | grep -v '^zokit::[A-Za-z]*::staticMetaObject$' || true)" || true
+fi
 finish

@@ -157,7 +157,7 @@ Q_SIGNALS:
     void itemMoved(const QString& type, quint64 item, int from, int to);
 
 private:
-    class Private;
+    class ZOKIT_NO_EXPORT Private;
     std::unique_ptr<Private> d;
 };
 

@@ -74,7 +74,7 @@ Q_SIGNALS:
     void selectionChanged(const QVector<quint64>& things);
 
 private:
-    class Private;
+    class ZOKIT_NO_EXPORT Private;
     std::unique_ptr<Private> d;
 };
 

@@ -55,7 +55,7 @@ Q_SIGNALS:
     void trouble(const zokit::Message& message);
 
 private:
-    class Private;
+    class ZOKIT_NO_EXPORT Private;
     std::unique_ptr<Private> d;
 };
 

@@ -70,7 +70,7 @@ Q_SIGNALS:
 private:
     FileSettings* addFile(std::unique_ptr<FileSettings> file, QObject* asker);
 
-    class Private;
+    class ZOKIT_NO_EXPORT Private;
     std::unique_ptr<Private> d;
 };
 
