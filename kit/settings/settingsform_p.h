@@ -33,6 +33,8 @@ inline const QString anchorMember = QStringLiteral("anchor");
 
 /// A value of the type that a property has, for the codec: the catalogue's default where there is one.
 QVariant modelValue(const Property& property);
+/// Whether a file may hold a value that a person could not set: rescaling may have computed it.
+bool mayLieBeyondBounds(const Property& property);
 
 /// Reads what stands in \a root, a file of \a folder; a preset or settings.
 ReadSettings read(const QJsonObject& root, const QString& folder, bool preset);

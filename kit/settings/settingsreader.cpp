@@ -19,6 +19,11 @@
 
 namespace zokit::form {
 
+bool mayLieBeyondBounds(const Property& property)
+{
+    return property.isGeometry || property.key.endsWith(QLatin1String("_fontsize"));
+}
+
 namespace {
 
 using Code = Message::Code;
@@ -26,12 +31,6 @@ using Code = Message::Code;
 bool isHostsOwn(const QString& member)
 {
     return member.startsWith(QLatin1String("x-"));
-}
-
-/// Rescaling may have computed what a person could not set.
-bool mayLieBeyondBounds(const Property& property)
-{
-    return property.isGeometry || property.key.endsWith(QLatin1String("_fontsize"));
 }
 
 /// Reads the members of one file. The first error stays; what follows it is not looked at.
