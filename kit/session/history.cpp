@@ -24,8 +24,20 @@ qint64 bytesOf(const QVariant& value)
         return plain + 2 * value.toString().size();
     case QMetaType::QByteArray:
         return plain + value.toByteArray().size();
-    case QMetaType::QVariantList:
-        return plain * (1 + value.toList().size());
+    case QMetaType::QStringList:
+    case QMetaType::QVariantList: {
+        qint64 bytes = plain;
+        for (const QVariant& element : value.toList())
+            bytes += bytesOf(element);
+        return bytes;
+    }
+    case QMetaType::QVariantMap: {
+        qint64 bytes = plain;
+        const QVariantMap map = value.toMap();
+        for (auto it = map.cbegin(); it != map.cend(); ++it)
+            bytes += plain + 2 * it.key().size() + bytesOf(it.value());
+        return bytes;
+    }
     default:
         return plain;
     }
@@ -46,11 +58,12 @@ public:
     Private(History* history, Project& ofProject) : q(history), project(ofProject) {}
 
     void take(const Changes& changes);
-    void push(const Step& step);
+    void push(const Step& step, bool wasClean);
     void forgetOldest();
     void moveTo(int count);
     /// Sends changed(), and cleanChanged() when that is so.
     void tell(bool wasClean);
+    void tellClean(bool wasClean);
 
     History* q;
     Project& project;
@@ -67,19 +80,22 @@ public:
 
 void History::Private::take(const Changes& changes)
 {
-    if (replaying)
+    if (replaying || changes.isEmpty())
         return;
-    if (gestures > 0)
-        gesture.changes += changes;
-    else
-        push({describe(project, changes), merged(changes)});
+    const bool wasClean = q->isClean();
+    if (gestures == 0) {
+        push({describe(project, changes), merged(changes)}, wasClean);
+        return;
+    }
+    gesture.changes += changes;
+    emit q->gestureChanged({gesture.text, changes});
+    tellClean(wasClean);
 }
 
-void History::Private::push(const Step& step)
+void History::Private::push(const Step& step, bool wasClean)
 {
     if (step.changes.isEmpty())
         return;
-    const bool wasClean = q->isClean();
     while (steps.size() > position) {
         bytes -= bytesOf(steps.takeLast());
         selections.removeLast();
@@ -97,12 +113,15 @@ void History::Private::push(const Step& step)
 
 void History::Private::forgetOldest()
 {
-    while (bytes > limit && position > 1) {
+    int count = 0;
+    for (; bytes > limit && position > 1; ++count) {
         bytes -= bytesOf(steps.takeFirst());
         selections.removeFirst();
         --position;
         cleanPosition = std::max(cleanPosition - 1, -1);
     }
+    if (count > 0)
+        emit q->stepsForgotten(count);
 }
 
 void History::Private::moveTo(int count)
@@ -127,6 +146,11 @@ void History::Private::moveTo(int count)
 void History::Private::tell(bool wasClean)
 {
     emit q->changed();
+    tellClean(wasClean);
+}
+
+void History::Private::tellClean(bool wasClean)
+{
     if (q->isClean() != wasClean)
         emit q->cleanChanged(q->isClean());
 }
@@ -198,25 +222,38 @@ void History::endGesture()
 {
     if (d->gestures == 0 || --d->gestures > 0)
         return;
-    d->gesture.changes = merged(d->gesture.changes);
-    if (d->gesture.text.isEmpty())
-        d->gesture.text = describe(d->project, d->gesture.changes);
-    d->push(d->gesture);
+    const bool wasClean = isClean();
+    Step step{d->gesture.text, merged(d->gesture.changes)};
+    const bool wentOn = !d->gesture.changes.isEmpty();
     d->gesture = Step();
+    if (step.changes.isEmpty()) {
+        if (wentOn)
+            emit gestureCancelled({});
+        d->tellClean(wasClean);
+        return;
+    }
+    if (step.text.isEmpty())
+        step.text = describe(d->project, step.changes);
+    d->push(step, wasClean);
 }
 
 void History::cancelGesture()
 {
     if (d->gestures == 0)
         return;
-    const Changes done = merged(d->gesture.changes);
+    const bool wasClean = isClean();
+    const Changes back = reversed(merged(d->gesture.changes));
+    const bool wentOn = !d->gesture.changes.isEmpty();
     d->gestures = 0;
     d->gesture = Step();
-    if (done.isEmpty())
-        return;
-    d->replaying = true;
-    d->project.apply(reversed(done), this);
-    d->replaying = false;
+    if (!back.isEmpty()) {
+        d->replaying = true;
+        d->project.apply(back, this);
+        d->replaying = false;
+    }
+    if (wentOn)
+        emit gestureCancelled(back);
+    d->tellClean(wasClean);
 }
 
 bool History::isClean() const
@@ -227,7 +264,7 @@ bool History::isClean() const
 void History::setClean()
 {
     const bool wasClean = isClean();
-    d->cleanPosition = d->position;
+    d->cleanPosition = d->gesture.changes.isEmpty() ? d->position : -1;
     if (!wasClean && isClean())
         emit cleanChanged(true);
 }
@@ -252,16 +289,29 @@ void History::setLimit(qint64 bytes)
     emit changed();
 }
 
-void History::restore(const QVector<Step>& steps, int position)
+HistoryState History::state() const
+{
+    return {d->steps, d->selections, d->position, d->cleanPosition};
+}
+
+void History::restore(const HistoryState& state)
 {
     const bool wasClean = isClean();
-    d->steps = steps;
-    d->position = std::clamp(position, 0, static_cast<int>(steps.size()));
-    d->selections = QVector<QVector<Identity>>(steps.size() + 1);
-    d->cleanPosition = -1;
+    const auto count = static_cast<int>(state.steps.size());
+    d->steps = state.steps;
+    d->position = std::clamp(state.position, 0, count);
+    d->selections = state.selections;
+    d->selections.resize(count + 1);
+    d->cleanPosition = state.cleanPosition <= count ? std::max(state.cleanPosition, -1) : -1;
     d->bytes = 0;
-    for (const Step& step : steps)
+    Identity highest = 0;
+    for (const Step& step : state.steps) {
         d->bytes += bytesOf(step);
+        for (const Change& change : step.changes)
+            highest = std::max(highest, change.thing);
+    }
+    d->project.skipIdentities(highest);
+    emit restored();
     d->tell(wasClean);
 }
 

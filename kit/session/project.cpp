@@ -333,6 +333,11 @@ void Project::apply(const Changes& changes, QObject* asker)
     });
 }
 
+void Project::skipIdentities(Identity used)
+{
+    d->identities->skip(used);
+}
+
 Changes Project::everything() const
 {
     Changes changes;

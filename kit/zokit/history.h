@@ -22,6 +22,14 @@ struct ZOKIT_EXPORT Step {
     Changes changes;
 };
 
+/// All that a history holds: what a journal keeps of it.
+struct ZOKIT_EXPORT HistoryState {
+    QVector<Step> steps;
+    QVector<QVector<Identity>> selections; ///< Before the first step, and behind each.
+    int position = 0;                      ///< How many steps are done.
+    int cleanPosition = -1;                ///< Where the project was clean; -1: nowhere in here.
+};
+
 /// Undo and redo of everything in a project. Each operation is a step; between beginGesture() and endGesture() all are
 /// one, however many, whatever the time. Undoing sets the values from before, redoing those from after: exactly.
 class ZOKIT_EXPORT History : public QObject {
@@ -50,7 +58,8 @@ public:
     /// Takes back what the gesture did so far and ends it.
     void cancelGesture();
 
-    /// Whether the project is as it was when setClean() was called last.
+    /// Whether the project is as it was when setClean() was called last. Never in a gesture that has changed something:
+    /// what is called clean there is not to be found again.
     bool isClean() const;
     void setClean();
 
@@ -61,17 +70,30 @@ public:
     /// The oldest steps are forgotten beyond this many bytes; 64 MB by default.
     void setLimit(qint64 bytes);
 
-    /// Puts back a history that a journal kept: the project is as after \a position steps.
-    void restore(const QVector<Step>& steps, int position);
+    HistoryState state() const;
+    /// Puts back a history that a journal kept: the project is as after its "position" steps. New things get none of
+    /// the identities in it.
+    void restore(const HistoryState& state);
 
 Q_SIGNALS:
     /// A step was done, undone, redone or forgotten; texts and counts may have changed.
     void changed();
     void cleanChanged(bool clean);
-    /// What a journal notes: a new step, which ends what could be redone; another position; another selection.
+    /// \name What a journal notes
+    /// @{
+    /// A new step, which ends what could be redone.
     void stepAdded(const zokit::Step& step);
+    /// The oldest \a count steps are gone; the position is so much lower.
+    void stepsForgotten(int count);
+    /// An open gesture went on: its text, and what it changed just now.
+    void gestureChanged(const zokit::Step& part);
+    /// A gesture ended without a step; \a changes took back what it had done.
+    void gestureCancelled(const zokit::Changes& changes);
     void positionChanged(int position);
     void selectionChanged(const QVector<quint64>& things);
+    /// restore() has put another history here.
+    void restored();
+    /// @}
 
 private:
     class ZOKIT_NO_EXPORT Private;

@@ -60,6 +60,8 @@ public:
     void apply(const Changes& changes, QObject* asker = nullptr);
     /// Every value of the project, as changes from nothing: a snapshot.
     Changes everything() const;
+    /// From now on new things get only identities above \a used: those up to it are kept in a journal.
+    void skipIdentities(Identity used);
 
 Q_SIGNALS:
     void aboutToChange(const zokit::Changes& changes, QObject* asker);
