@@ -1356,6 +1356,10 @@
         <translation>Die letzten Augenblicke der Sitzung wurden nicht zu Ende geschrieben. Alles davor ist wieder da.</translation>
     </message>
     <message>
+        <source>%1: the journal cannot keep this value, which would be lost if the program ended now. Set another one.</source>
+        <translation>%1: Das Journal kann diesen Wert nicht festhalten; er ginge verloren, wenn das Programm jetzt endete. Setzen Sie einen anderen.</translation>
+    </message>
+    <message>
         <source>%1 was saved %2, later than the unfinished session of %3. Both are kept.</source>
         <translation>%1 wurde %2 gespeichert, später als die unbeendete Sitzung vom %3. Beide bleiben erhalten.</translation>
     </message>

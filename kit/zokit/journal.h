@@ -17,8 +17,11 @@ namespace zokit {
 
 class Project;
 
-/// A session's history on disk, so that a host that dies loses at most the last 200 ms. One file a session, locked by
-/// it as long as it lives.
+/// A session's history on disk, so that a host that dies loses at most the last 200 ms: also of a gesture that had not
+/// ended, which comes back as a step. One file a session, locked by it as long as it lives.
+///
+/// At its start a host asks left(), and for the journal that its user wants: recover() into a new project, a Journal
+/// for that, discard() of the old one. A journal grows with what is done; a large one is made anew now and then.
 class ZOKIT_EXPORT Journal : public QObject {
     Q_OBJECT
 
@@ -26,33 +29,38 @@ public:
     /// A session that left a journal and is not alive any more.
     struct Left {
         QString path;
-        QDateTime changed;      ///< Last written.
-        QStringList files;      ///< The clips it was about.
+        QDateTime changed;      ///< Last written by its session.
+        QStringList files;      ///< The clips it was about in the end; empty also for what recover() cannot read.
         bool diedTwice = false; ///< It died at its start, twice: it was set aside and is not to be opened by itself.
     };
     /// Journals of dead sessions in \a folder (without one: "zoeffect/journal" in the user's state folder), newest
     /// first.
     static QVector<Left> left(const QString& folder = {});
-    /// Brings \a project to what \a path holds, with history and selection. What was cut off at the end is left out and
-    /// told in the message; an error leaves the project empty. The file stays until discard().
+    /// Brings \a project, a new one, to what \a path holds: settings, history, selections, and where it was clean.
+    /// Saved defaults stay as they are. What was cut off or damaged at the end is left out and told in the message; an
+    /// error leaves the project as it was. The file stays until discard().
     static Message recover(const QString& path, Project& project);
     static void discard(const QString& path);
-    /// Whether a settings file that was saved later beats the journal: both are kept, the text gives their ages.
+    /// Says so when \a settingsFile was saved later than \a journal was written by its session, and so beats it; the
+    /// text gives both times. Both files stay.
     static Message comparedWith(const QString& journal, const QString& settingsFile);
 
-    /// Keeps a journal of \a project from now on.
+    /// Keeps a journal of \a project from now on. When that cannot be, trouble() says so from the event loop.
     explicit Journal(Project& project, const QString& folder = {});
     ~Journal() override;
 
+    /// The file. Another one from when somebody has removed it.
     QString path() const;
-    /// Writes what is not written yet. False when that failed; it is tried again by itself.
+    /// Writes what is not written yet. False when that failed; it is tried again by itself, each second.
     bool flush();
-    /// The session ended well: the journal goes.
+    /// The session ended well: the journal goes, and notes nothing more.
     void close();
 
 Q_SIGNALS:
     /// The journal cannot be written (full disk): \a message says why; empty when it can again.
     void trouble(const zokit::Message& message);
+    /// A value of a kind that no file can hold was set: it is not in the journal. Told once for each address.
+    void valueNotKept(const zokit::Message& message);
 
 private:
     class ZOKIT_NO_EXPORT Private;

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QLocale>
+#include <QMetaType>
 #include <QString>
 #include <QStringList>
 #include <QVector>
@@ -78,6 +79,7 @@ public:
         JournalInUse,      ///< 1: the path.
         JournalUnreadable, ///< 1: the path.
         JournalCut,
+        JournalLacks,  ///< 1: the address, whose value the journal cannot keep.
         SavedIsNewer,  ///< 1: the settings file, 2: when it was saved, 3: when the journal was written last.
         NotKept,       ///< 1: the option, which is said for each run anew.
         NothingToSave, ///< 1: the type, of which nothing can be saved as a default.
@@ -123,3 +125,5 @@ ZOKIT_EXPORT QString nearest(const QString& word, const QStringList& candidates)
 ZOKIT_EXPORT bool useLanguage(const QLocale& locale);
 
 } // namespace zokit
+
+Q_DECLARE_METATYPE(zokit::Message)

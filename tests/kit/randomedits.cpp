@@ -235,11 +235,17 @@ void randomEdit(Project& project, QRandomGenerator& random)
     }
 }
 
+QByteArray settingsOf(const Project& project)
+{
+    QByteArray text;
+    for (const FileSettings* file : project.files())
+        text += zokit::writeSettings(file->settings(), QString());
+    return text;
+}
+
 QByteArray stateOf(const Project& project)
 {
-    QByteArray state;
-    for (const FileSettings* file : project.files())
-        state += zokit::writeSettings(file->settings(), QString());
+    QByteArray state = settingsOf(project);
     for (const QString& type : zokit::effectTypes()) {
         zokit::Settings saved;
         saved.effects.append({type, true, ZoEffectItemDefaultValMgr::getInstance()->getCustomDefaultVal(type), {}, {}});

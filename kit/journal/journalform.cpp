@@ -1,0 +1,323 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include "journalform_p.h"
+
+#include <algorithm>
+#include <optional>
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSet>
+
+#include "things_p.h"
+#include "valuejson_p.h"
+
+namespace zokit::journalform {
+
+namespace {
+
+constexpr int formVersion = 1;
+constexpr int digits = 8;                               // Of a checksum.
+constexpr Identity highestIdentity = Identity(1) << 52; // A number of JSON holds them exactly, and the next ones.
+
+const QString formMember = QStringLiteral("zoeffect-journal");
+const QString everythingMember = QStringLiteral("everything");
+const QString stepMember = QStringLiteral("step");
+const QString stepsMember = QStringLiteral("steps");
+const QString gestureMember = QStringLiteral("gesture");
+const QString cancelledMember = QStringLiteral("cancelled");
+const QString forgottenMember = QStringLiteral("forgotten");
+const QString positionMember = QStringLiteral("position");
+const QString selectionMember = QStringLiteral("selection");
+const QString selectionsMember = QStringLiteral("selections");
+const QString cleanMember = QStringLiteral("clean");
+const QString startMember = QStringLiteral("start");
+const QString codeMember = QStringLiteral("code");
+const QString wordsMember = QStringLiteral("words");
+const QString changesMember = QStringLiteral("changes");
+
+// --- Lines
+
+/// FNV-1a: tells a damaged line, no more.
+QByteArray checksum(const QByteArray& text)
+{
+    quint32 sum = 2166136261U;
+    for (const char letter : text)
+        sum = (sum ^ static_cast<unsigned char>(letter)) * 16777619U;
+    return QByteArray::number(sum, 16).rightJustified(digits, '0') + ' ';
+}
+
+QByteArray lineOf(const QJsonObject& record)
+{
+    const QByteArray json = QJsonDocument(record).toJson(QJsonDocument::Compact);
+    return checksum(json) + json + '\n';
+}
+
+std::optional<QJsonObject> recordOf(const QByteArray& line)
+{
+    const QByteArray json = line.mid(digits + 1);
+    if (line.left(digits + 1) != checksum(json))
+        return std::nullopt;
+    const QJsonDocument document = QJsonDocument::fromJson(json);
+    return document.isObject() ? std::make_optional(document.object()) : std::nullopt;
+}
+
+// --- Values as JSON
+
+QJsonArray toJson(const Changes& changes, Changes& unkept)
+{
+    QJsonArray array;
+    for (const Change& change : changes) {
+        const std::optional<QJsonValue> before = valuejson::toJson(change.before, QVariant());
+        const std::optional<QJsonValue> after = valuejson::toJson(change.after, QVariant());
+        if (!before || !after)
+            unkept.append(change);
+        if (after) // Else what stood there before stays.
+            array.append(QJsonArray{double(change.thing), change.key, before.value_or(QJsonValue()), *after});
+    }
+    return array;
+}
+
+Identity identityFrom(const QJsonValue& json)
+{
+    const double number = json.toDouble();
+    return number > 0 && number < double(highestIdentity) ? static_cast<Identity>(number) : 0;
+}
+
+Changes changesFrom(const QJsonValue& json)
+{
+    Changes changes;
+    const QJsonArray array = json.toArray();
+    for (const QJsonValue& element : array) {
+        const QJsonArray parts = element.toArray();
+        const Identity thing = identityFrom(parts.at(0));
+        if (thing != 0)
+            changes.append({thing, parts.at(1).toString(),
+                            valuejson::fromJson(parts.at(2), QVariant()).value_or(QVariant()),
+                            valuejson::fromJson(parts.at(3), QVariant()).value_or(QVariant())});
+    }
+    return changes;
+}
+
+QJsonObject toJson(const Step& step, Changes& unkept)
+{
+    return {{codeMember, static_cast<int>(step.text.code())},
+            {wordsMember, QJsonArray::fromStringList(step.text.arguments())},
+            {changesMember, toJson(step.changes, unkept)}};
+}
+
+Step stepFrom(const QJsonValue& json)
+{
+    const QJsonObject object = json.toObject();
+    const QStringList words = object.value(wordsMember).toVariant().toStringList();
+    const int code = object.value(codeMember).toInt();
+    const bool isCode = code >= 0 && code <= static_cast<int>(Message::Code::Last);
+    return {isCode ? Message(static_cast<Message::Code>(code), words) : Message(),
+            changesFrom(object.value(changesMember))};
+}
+
+QJsonArray toJson(const QVector<Identity>& things)
+{
+    QJsonArray array;
+    for (const Identity thing : things)
+        array.append(double(thing));
+    return array;
+}
+
+QVector<Identity> thingsFrom(const QJsonValue& json)
+{
+    QVector<Identity> things;
+    const QJsonArray array = json.toArray();
+    for (const QJsonValue& thing : array)
+        things.append(identityFrom(thing));
+    return things;
+}
+
+// --- What happened, record by record
+
+HistoryState historyFrom(const QJsonObject& record)
+{
+    HistoryState history;
+    const QJsonArray steps = record.value(stepsMember).toArray();
+    for (const QJsonValue& step : steps)
+        history.steps.append(stepFrom(step));
+    const QJsonArray selections = record.value(selectionsMember).toArray();
+    for (const QJsonValue& selection : selections)
+        history.selections.append(thingsFrom(selection));
+    history.selections.resize(history.steps.size() + 1);
+    const auto count = static_cast<int>(history.steps.size());
+    history.position = std::clamp(record.value(positionMember).toInt(), 0, count);
+    history.cleanPosition = std::clamp(record.value(cleanMember).toInt(-1), -1, count);
+    return history;
+}
+
+void forget(HistoryState& history, int wanted)
+{
+    const int count = std::clamp(wanted, 0, history.position);
+    history.steps.remove(0, count);
+    history.selections.remove(0, count);
+    history.position -= count;
+    history.cleanPosition = std::max(history.cleanPosition - count, -1);
+}
+
+void moveTo(Session& session, int wanted)
+{
+    HistoryState& history = session.history;
+    const int target = std::clamp(wanted, 0, static_cast<int>(history.steps.size()));
+    for (; history.position > target; --history.position)
+        session.sinceThen += reversed(history.steps.at(history.position - 1).changes);
+    for (; history.position < target; ++history.position)
+        session.sinceThen += history.steps.at(history.position).changes;
+}
+
+void take(Session& session, const QJsonObject& record)
+{
+    if (record.contains(everythingMember)) {
+        session.everything = changesFrom(record.value(everythingMember));
+        session.sinceThen.clear();
+        session.gesture = Step();
+        session.history = historyFrom(record);
+    } else if (record.contains(stepMember)) {
+        session.gesture = Step();
+        addStep(session.history, stepFrom(record.value(stepMember)));
+        session.sinceThen += session.history.steps.last().changes;
+    } else if (record.contains(gestureMember)) {
+        const Step part = stepFrom(record.value(gestureMember));
+        session.gesture.text = part.text;
+        session.gesture.changes += part.changes;
+        session.sinceThen += part.changes;
+    } else if (record.contains(cancelledMember)) {
+        session.gesture = Step();
+        session.sinceThen += changesFrom(record.value(cancelledMember));
+    } else if (record.contains(forgottenMember)) {
+        forget(session.history, record.value(forgottenMember).toInt());
+    } else if (record.contains(positionMember)) {
+        moveTo(session, record.value(positionMember).toInt());
+    } else if (record.contains(selectionMember)) {
+        session.history.selections[session.history.position] = thingsFrom(record.value(selectionMember));
+    } else if (record.contains(cleanMember)) {
+        session.history.cleanPosition = session.history.position;
+    }
+}
+
+} // namespace
+
+void addStep(HistoryState& history, const Step& step)
+{
+    history.steps.resize(history.position);
+    history.selections.resize(history.position + 1);
+    if (history.cleanPosition > history.position)
+        history.cleanPosition = -1;
+    history.steps.append(step);
+    history.selections.append(history.selections.last());
+    ++history.position;
+}
+
+Session sessionFrom(const QByteArray& text)
+{
+    Session session;
+    session.history.selections.resize(1);
+    const QByteArray startLine = start().chopped(1);
+    for (int begin = 0, end = 0; begin < text.size(); begin = end + 1) {
+        end = static_cast<int>(text.indexOf('\n', begin));
+        const bool isWhole = end >= 0;
+        end = isWhole ? end : static_cast<int>(text.size());
+        const QByteArray line = text.mid(begin, end - begin);
+        if (isWhole && line == startLine) { // Also behind what is damaged.
+            ++session.starts;
+            continue;
+        }
+        const std::optional<QJsonObject> record = isWhole ? recordOf(line) : std::nullopt;
+        if (begin == 0)
+            session.isJournal = record && record->value(formMember).toInt() == formVersion;
+        session.cut = session.cut || !record;
+        if (!session.cut && session.isJournal)
+            take(session, *record);
+    }
+    return session;
+}
+
+Changes Session::values() const
+{
+    return merged(everything + sinceThen);
+}
+
+QStringList Session::files() const
+{
+    QSet<Identity> belonging;
+    const Changes all = values();
+    for (const Change& change : all) {
+        if (change.key == own::of)
+            belonging.insert(change.thing);
+    }
+    QStringList names;
+    for (const Change& change : all) {
+        if (change.key == QLatin1String("file") && change.after.isValid() && !belonging.contains(change.thing))
+            names.append(change.after.toString());
+    }
+    return names;
+}
+
+QByteArray beginning()
+{
+    return lineOf({{formMember, formVersion}});
+}
+
+QByteArray everything(const Changes& values, const HistoryState& history, Changes& unkept)
+{
+    QJsonArray steps;
+    for (const Step& step : history.steps)
+        steps.append(toJson(step, unkept));
+    QJsonArray selections;
+    for (const QVector<Identity>& selection : history.selections)
+        selections.append(toJson(selection));
+    return lineOf({{everythingMember, toJson(values, unkept)},
+                   {stepsMember, steps},
+                   {selectionsMember, selections},
+                   {positionMember, history.position},
+                   {cleanMember, history.cleanPosition}});
+}
+
+QByteArray step(const Step& step, Changes& unkept)
+{
+    return lineOf({{stepMember, toJson(step, unkept)}});
+}
+
+QByteArray gesture(const Step& part, Changes& unkept)
+{
+    return lineOf({{gestureMember, toJson(part, unkept)}});
+}
+
+QByteArray gestureCancelled(const Changes& changes, Changes& unkept)
+{
+    return lineOf({{cancelledMember, toJson(changes, unkept)}});
+}
+
+QByteArray forgotten(int count)
+{
+    return lineOf({{forgottenMember, count}});
+}
+
+QByteArray position(int position)
+{
+    return lineOf({{positionMember, position}});
+}
+
+QByteArray selection(const QVector<Identity>& things)
+{
+    return lineOf({{selectionMember, toJson(things)}});
+}
+
+QByteArray clean()
+{
+    return lineOf({{cleanMember, true}});
+}
+
+QByteArray start()
+{
+    return lineOf({{startMember, true}});
+}
+
+} // namespace zokit::journalform
