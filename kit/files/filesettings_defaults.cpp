@@ -112,6 +112,19 @@ State FileSettings::state(Identity thing, const QString& key) const
     return exactly(present, d->catalogueDefaultOf(thing, key)) ? State::Default : State::SavedDefault;
 }
 
+QVariant FileSettings::catalogueDefault(Identity thing, const QString& key) const
+{
+    if (!effectTypes().contains(d->things.typeOf(thing)))
+        return d->defaultOf(thing, key);
+    return d->catalogueDefaultOf(thing, key);
+}
+
+QVariant FileSettings::savedDefault(Identity thing, const QString& key) const
+{
+    const bool isSaved = ZoEffectItemDefaultValMgr::getInstance()->hasCustomDefaultVal(d->things.typeOf(thing));
+    return isSaved ? d->defaultOf(thing, key) : QVariant();
+}
+
 Message FileSettings::reset(Identity thing, const QString& key, QObject* asker)
 {
     const QVariant present = d->things.value(thing, key);

@@ -293,6 +293,11 @@ Identity Project::savedDefault(const QString& type) const
     return row < 0 ? 0 : projectThing + 1 + static_cast<Identity>(row);
 }
 
+Values Project::savedValues(const QString& type) const
+{
+    return savedDefaults().getCustomDefaultVal(type);
+}
+
 Message Project::saveDefault(Identity thing, QObject* asker)
 {
     const FileSettings* file = fileOf(thing);

@@ -93,7 +93,7 @@ std::optional<QByteArray> load(const QString& path, Message* error)
     const QFileInfo info(path);
     QFile file(path);
     if (!info.exists())
-        *error = Message(Code::FileMissing, {path});
+        *error = missingFile(path);
     else if (!info.isFile() || !file.open(QIODevice::ReadOnly))
         *error = Message(Code::FileUnreadable, {path, file.errorString()});
     else if (info.size() > largestFile)

@@ -100,6 +100,25 @@ Presets::Loaded Presets::load(const QString& name) const
     return loaded;
 }
 
+Presets::Named Presets::loadNamed(const QString& word) const
+{
+    Named named;
+    if (!word.contains(QLatin1Char('/')) && !word.endsWith(QLatin1String(".json"))) {
+        const Loaded loaded = load(word);
+        return {loaded.preset, true, loaded.error};
+    }
+    const std::optional<QByteArray> text = jsontext::load(word, &named.error);
+    if (!text)
+        return named;
+    const std::optional<QJsonObject> form = jsontext::object(*text, &named.error);
+    named.isPreset = form && form->contains(QStringLiteral("base")) && !form->contains(QStringLiteral("media"));
+    const QString folder = QFileInfo(word).absolutePath();
+    const ReadSettings read = named.isPreset ? readPreset(*text, folder) : readSettings(*text, folder);
+    named.settings = read.settings.value_or(Settings());
+    named.error = read.error.isEmpty() ? Message() : Message(Code::InFile, {word, read.error.text()});
+    return named;
+}
+
 Message Presets::save(const QString& name, const Settings& preset, bool replace) const
 {
     if (!canBeName(name))

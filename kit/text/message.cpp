@@ -7,6 +7,8 @@
 #include <utility>
 
 #include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
 #include <QPointer>
 #include <QTranslator>
 
@@ -69,13 +71,15 @@ constexpr Text texts[] = {
     {Code::UnknownFrameEffect, QT_TRANSLATE_NOOP("zokit", "%1: there is no frame effect %2.| Did you mean %3?")},
     {Code::TypeTwice,        QT_TRANSLATE_NOOP("zokit", "%1 stands twice in the file. Leave one of them.")},
     {Code::PresetHolds,      QT_TRANSLATE_NOOP("zokit", "A preset has no \"%1\": it is for any clip.")},
-    {Code::FileMissing,      QT_TRANSLATE_NOOP("zokit", "%1: no such file.")},
+    {Code::FileMissing,      QT_TRANSLATE_NOOP("zokit", "%1: no such file.| There is %2.")},
     {Code::FileUnreadable,   QT_TRANSLATE_NOOP("zokit", "%1 cannot be read: %2.")},
     {Code::FileUnwritable,   QT_TRANSLATE_NOOP("zokit", "%1 cannot be written: %2.")},
     {Code::PresetMissing,    QT_TRANSLATE_NOOP("zokit", "There is no preset %1.| Did you mean %2?")},
     {Code::PresetExists,     QT_TRANSLATE_NOOP("zokit", "There is a preset %1 already. Choose another name, or replace it.")},
     {Code::PresetName,       QT_TRANSLATE_NOOP("zokit", "A preset needs a name.")},
     {Code::FileExists,       QT_TRANSLATE_NOOP("zokit", "%1 exists. Choose another name, or replace it.")},
+    {Code::NotPutBack,       QT_TRANSLATE_NOOP("zokit", "%1 has its new settings already. Its old ones lie in %2. %3")},
+    {Code::FileChanged,      QT_TRANSLATE_NOOP("zokit", "%1 was changed by somebody else meanwhile. Nothing was applied; try again.")},
     {Code::InFile,           QT_TRANSLATE_NOOP("zokit", "%1: %2")},
     {Code::JournalInUse,     QT_TRANSLATE_NOOP("zokit", "%1 belongs to a session that is still running.")},
     {Code::JournalUnreadable, QT_TRANSLATE_NOOP("zokit", "%1 is no journal of a session, or damaged from its beginning.")},
@@ -214,6 +218,14 @@ QString nearest(const QString& word, const QStringList& candidates)
         }
     }
     return best;
+}
+
+Message missingFile(const QString& path)
+{
+    const QFileInfo info(path);
+    const QString near = nearest(info.fileName(), info.dir().entryList(QDir::AllEntries | QDir::NoDotAndDotDot));
+    const auto folder = path.lastIndexOf(QLatin1Char('/')) + 1;
+    return Message(Message::Code::FileMissing, {path, near.isEmpty() ? near : path.left(folder) + near});
 }
 
 } // namespace zokit

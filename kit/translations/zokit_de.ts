@@ -1312,8 +1312,8 @@
         <translation>Eine Voreinstellung hat kein "%1": sie ist für jeden Clip.</translation>
     </message>
     <message>
-        <source>%1: no such file.</source>
-        <translation>%1: keine solche Datei.</translation>
+        <source>%1: no such file.| There is %2.</source>
+        <translation>%1: keine solche Datei.| Es gibt %2.</translation>
     </message>
     <message>
         <source>%1 cannot be read: %2.</source>
@@ -1334,6 +1334,14 @@
     <message>
         <source>A preset needs a name.</source>
         <translation>Eine Voreinstellung braucht einen Namen.</translation>
+    </message>
+    <message>
+        <source>%1 has its new settings already. Its old ones lie in %2. %3</source>
+        <translation>%1 hat schon die neuen Einstellungen. Die alten liegen in %2. %3</translation>
+    </message>
+    <message>
+        <source>%1 was changed by somebody else meanwhile. Nothing was applied; try again.</source>
+        <translation>%1 wurde inzwischen von anderer Seite geändert. Nichts wurde übertragen; versuchen Sie es noch einmal.</translation>
     </message>
     <message>
         <source>%1 exists. Choose another name, or replace it.</source>

@@ -89,6 +89,10 @@ public:
     /// All values of \a thing.
     Values values(Identity thing) const;
     State state(Identity thing, const QString& key) const;
+    /// What the catalogue alone gives a new thing like this one; invalid where it gives nothing.
+    QVariant catalogueDefault(Identity thing, const QString& key) const;
+    /// What the user's saved default of the type gives one; invalid when none is saved.
+    QVariant savedDefault(Identity thing, const QString& key) const;
     /// The sentence with which setValue() would refuse \a candidate; empty: it would take it.
     Message check(Identity thing, const QString& key, const QVariant& candidate) const;
     /// Sets a value, read as readValue() does; a type or item that was not selected becomes selected. An equal value

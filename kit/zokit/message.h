@@ -68,13 +68,15 @@ public:
         UnknownFrameEffect, ///< 1: where, 2: the name, 3: the nearest one.
         TypeTwice,          ///< 1: the type.
         PresetHolds,        ///< 1: the member that no preset has.
-        FileMissing,        ///< 1: the path.
+        FileMissing,        ///< 1: the path, 2: the nearest name beside it.
         FileUnreadable,     ///< 1: the path, 2: why.
         FileUnwritable,     ///< 1: the path, 2: why.
         PresetMissing,      ///< 1: the name, 2: the nearest one.
         PresetExists,       ///< 1: the name.
         PresetName,
         FileExists,        ///< 1: the path.
+        NotPutBack,        ///< 1: the path, 2: where the old content is, 3: why it was to come back, a sentence.
+        FileChanged,       ///< 1: the path of a file that changed since it was read.
         InFile,            ///< 1: the file, 2: what is wrong in it, already a sentence.
         JournalInUse,      ///< 1: the path.
         JournalUnreadable, ///< 1: the path.
@@ -119,6 +121,9 @@ using Messages = QVector<Message>;
 /// The one of \a candidates that \a word was probably meant to be: few letters differ, upper or lower case aside; empty
 /// when none is near.
 ZOKIT_EXPORT QString nearest(const QString& word, const QStringList& candidates);
+
+/// That there is no file at \a path, with the nearest name in its folder.
+ZOKIT_EXPORT Message missingFile(const QString& path);
 
 /// Has the kit speak the language of \a locale from now on, in the running application: German where it is wanted, else
 /// English. False when the translation cannot be had.

@@ -28,6 +28,14 @@ public:
         Message error;
     };
     Loaded load(const QString& name) const;
+    /// Settings as a command line names them: the file \a word where it has a slash or ends in ".json", settings or a
+    /// preset, else the preset of that name. An error names the file.
+    struct Named {
+        Settings settings;
+        bool isPreset = false;
+        Message error;
+    };
+    Named loadNamed(const QString& word) const;
     /// Saves \a preset under \a name. Refused when there is one already, unless \a replace.
     Message save(const QString& name, const Settings& preset, bool replace = false) const;
     Message remove(const QString& name) const;

@@ -51,6 +51,8 @@ public:
     /// @{
     /// The thing whose values are the saved default of \a type.
     Identity savedDefault(const QString& type) const;
+    /// Those values; empty when none are saved.
+    Values savedValues(const QString& type) const;
     /// Makes the values of \a thing (an item, or the type itself) the saved default of its type. No open file changes.
     Message saveDefault(Identity thing, QObject* asker = nullptr);
     Message forgetDefault(const QString& type, QObject* asker = nullptr);

@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QJsonValue>
+#include <QString>
+#include <QVariant>
+
+#include <zokit/address.h>
+#include <zokit/zokit_export.h>
+
+namespace zokit {
+
+/// \a value as a settings file has it at \a address: plain where its type is that of the key's default, else wrapped.
+/// Null for an invalid value.
+ZOKIT_EXPORT QJsonValue valueAsJson(const Address& address, const QVariant& value);
+
+/// The same for people: a text as it is, lists with commas, colours as "#rrggbb"; empty for an invalid value. What
+/// can be set by "--set ADDRESS=VALUE" reads as it would be written there.
+ZOKIT_EXPORT QString valueAsText(const Address& address, const QVariant& value);
+
+} // namespace zokit

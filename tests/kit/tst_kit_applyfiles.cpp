@@ -1,0 +1,240 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+// Settings are applied to all the files that are named, or to none.
+
+#include <csignal>
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <QtTest>
+
+#include <zokit/applyfiles.h>
+#include <zokit/settingsfile.h>
+#include <zokit/valuetext.h>
+
+#include "kitsupport.h"
+#include "testapplication.h"
+
+using zokit::ApplyPlan;
+using zokit::LeftTarget;
+using zokit::Settings;
+
+namespace {
+
+Settings withContrast(int contrast)
+{
+    Settings settings;
+    settings.media = kitsupport::clip();
+    settings = zokit::completed(settings);
+    settings.find(QStringLiteral("Color"))->values.insert(QStringLiteral("bcs_contrast"), contrast);
+    return settings;
+}
+
+QByteArray contentOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
+}
+
+int contrastIn(const QString& path)
+{
+    const zokit::ReadSettings read = zokit::loadSettings(path);
+    return read.settings
+               ? read.settings->find(QStringLiteral("Color"))->values.value(QStringLiteral("bcs_contrast")).toInt()
+               : -1;
+}
+
+const zokit::CarryOver colour{{QStringLiteral("Color")}, false};
+
+/// A folder with settings files of contrast 0, 1, 2, ..., and one for the notes.
+class Files {
+public:
+    explicit Files(int count)
+    {
+        for (int i = 0; i < count; ++i) {
+            names.append(m_folder.filePath(QStringLiteral("%1.zoeffect.json").arg(i)));
+            zokit::saveSettings(withContrast(i), names.last());
+        }
+    }
+    QString notes() const { return m_folder.filePath(QStringLiteral("notes")); }
+    QString path(const char* name) const { return m_folder.filePath(QString::fromLatin1(name)); }
+    /// All that lies in the folder, hidden files, too.
+    QStringList there() const { return QDir(m_folder.path()).entryList(QDir::Files | QDir::Hidden, QDir::Name); }
+
+    QStringList names;
+
+private:
+    QTemporaryDir m_folder;
+};
+
+} // namespace
+
+class TestKitApplyFiles : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void allTargetsGetWhatThePlanSays();
+    void aFileThatIsNamedTwiceStandsOnceInThePlan();
+    void aLinkStaysALink();
+    void whatDoesNotChangeIsNotWritten();
+    void oneThatCannotBeReadRefusesAll();
+    void oneThatChangedMeanwhilePutsTheOthersBack();
+    void oneThatCannotBeWrittenChangesNothing();
+    void aKilledOneLeavesWholeFilesAndTellsWhichAreNew();
+    void valuesReadAsAFileHasThem();
+};
+
+void TestKitApplyFiles::allTargetsGetWhatThePlanSays()
+{
+    const Files files(3);
+    const ApplyPlan plan = zokit::planApply(withContrast(20), files.names, colour);
+    QVERIFY(plan.error.isEmpty());
+    QCOMPARE(plan.targets.size(), 3);
+    QCOMPARE(plan.targets.at(2).differences.size(), 1);
+    QCOMPARE(plan.targets.at(2).differences.first().address.toString(), QStringLiteral("Color:bcs_contrast"));
+    QCOMPARE(plan.targets.at(2).differences.first().a, QVariant(2));
+    QCOMPARE(plan.targets.at(2).differences.first().b, QVariant(20));
+    QCOMPARE(contrastIn(files.names.at(2)), 2);
+
+    QCOMPARE(zokit::applyPlan(plan, files.notes()).text(), QString());
+    for (const QString& name : files.names)
+        QCOMPARE(contrastIn(name), 20);
+    QCOMPARE(files.there().size(), 3);
+    QVERIFY(zokit::takeLeftTargets(files.notes()).isEmpty());
+}
+
+void TestKitApplyFiles::aFileThatIsNamedTwiceStandsOnceInThePlan()
+{
+    const Files files(1);
+    QVERIFY(QFile::link(files.names.first(), files.path("link.json")));
+    const ApplyPlan plan =
+        zokit::planApply(withContrast(20), {files.names.first(), files.path("link.json"), files.names.first()}, colour);
+    QCOMPARE(plan.targets.size(), 1);
+}
+
+void TestKitApplyFiles::aLinkStaysALink()
+{
+    const Files files(1);
+    QVERIFY(QFile::link(files.names.first(), files.path("link.json")));
+    const ApplyPlan plan = zokit::planApply(withContrast(20), {files.path("link.json")}, colour);
+    QCOMPARE(zokit::applyPlan(plan, files.notes()).text(), QString());
+    QVERIFY(QFileInfo(files.path("link.json")).isSymLink());
+    QCOMPARE(contrastIn(files.names.first()), 20);
+}
+
+void TestKitApplyFiles::whatDoesNotChangeIsNotWritten()
+{
+    const Files files(2);
+    QFile byHand(files.names.first());
+    QVERIFY(byHand.open(QIODevice::WriteOnly));
+    const QByteArray text = "{ \"zoeffect\": 1, \"media\": {\"width\": 1280, \"height\": 720} }";
+    byHand.write(text);
+    byHand.close();
+    const ApplyPlan plan = zokit::planApply(withContrast(0), files.names, colour);
+    QCOMPARE(zokit::applyPlan(plan, files.notes()).text(), QString());
+    QCOMPARE(contentOf(files.names.first()), text);
+    QCOMPARE(contrastIn(files.names.at(1)), 0);
+}
+
+void TestKitApplyFiles::oneThatCannotBeReadRefusesAll()
+{
+    const Files files(2);
+    QFile broken(files.path("broken.json"));
+    QVERIFY(broken.open(QIODevice::WriteOnly));
+    broken.write("{");
+    broken.close();
+    const ApplyPlan plan =
+        zokit::planApply(withContrast(20), files.names + QStringList{files.path("broken.json")}, colour);
+    QVERIFY(plan.targets.isEmpty());
+    QVERIFY2(plan.error.text().startsWith(files.path("broken.json") + QStringLiteral(": Line 1, column ")),
+             qPrintable(plan.error.text()));
+    QVERIFY(!zokit::applyPlan(plan, files.notes()).isEmpty());
+    QCOMPARE(contrastIn(files.names.at(1)), 1);
+}
+
+void TestKitApplyFiles::oneThatChangedMeanwhilePutsTheOthersBack()
+{
+    const Files files(3);
+    const QByteArray before = contentOf(files.names.at(0));
+    const ApplyPlan plan = zokit::planApply(withContrast(20), files.names, colour);
+    QCOMPARE(zokit::saveSettings(withContrast(33), files.names.at(2)).text(), QString());
+
+    QCOMPARE(zokit::applyPlan(plan, files.notes()).text(),
+             files.names.at(2)
+                 + QStringLiteral(" was changed by somebody else meanwhile. Nothing was applied; try again."));
+    QCOMPARE(contentOf(files.names.at(0)), before);
+    QCOMPARE(contrastIn(files.names.at(1)), 1);
+    QCOMPARE(contrastIn(files.names.at(2)), 33);
+    QCOMPARE(files.there().size(), 3);
+}
+
+void TestKitApplyFiles::oneThatCannotBeWrittenChangesNothing()
+{
+    Files files(1);
+    const QString folder = files.path("gone");
+    QVERIFY(QDir().mkdir(folder));
+    files.names.append(folder + QStringLiteral("/x.json"));
+    QVERIFY(zokit::saveSettings(withContrast(1), files.names.last()).isEmpty());
+    const ApplyPlan plan = zokit::planApply(withContrast(20), files.names, colour);
+    QVERIFY(QDir(folder).removeRecursively());
+
+    const QString said = zokit::applyPlan(plan, files.notes()).text();
+    QVERIFY2(said.contains(QStringLiteral("cannot be written")), qPrintable(said));
+    QCOMPARE(contrastIn(files.names.first()), 0);
+    QCOMPARE(files.there().size(), 1);
+}
+
+void TestKitApplyFiles::aKilledOneLeavesWholeFilesAndTellsWhichAreNew()
+{
+    constexpr int runs = 40;
+    constexpr int count = 8;
+    Files files(count);
+    int told = 0;
+    for (int run = 0; run < runs; ++run) {
+        for (int i = 0; i < count; ++i)
+            zokit::saveSettings(withContrast(i), files.names.at(i));
+        const ApplyPlan plan = zokit::planApply(withContrast(20), files.names, colour);
+        const pid_t child = ::fork();
+        if (child == 0) {
+            zokit::applyPlan(plan, files.notes());
+            ::_exit(0);
+        }
+        QVERIFY(child > 0);
+        ::usleep(static_cast<useconds_t>(100 * run));
+        ::kill(child, SIGKILL);
+        ::waitpid(child, nullptr, 0);
+
+        const QVector<LeftTarget> left = zokit::takeLeftTargets(files.notes());
+        for (int i = 0; i < left.size(); ++i) {
+            QCOMPARE(left.at(i).path, QFileInfo(files.names.at(i)).canonicalFilePath());
+            QCOMPARE(contrastIn(left.at(i).path), left.at(i).state == LeftTarget::New ? 20 : i);
+            QVERIFY(left.at(i).state != LeftTarget::Other);
+        }
+        QVERIFY(left.isEmpty() || left.size() == count);
+        told += left.isEmpty() ? 0 : 1;
+        QCOMPARE(files.there().size(), count);
+        QVERIFY(zokit::takeLeftTargets(files.notes()).isEmpty());
+    }
+    qInfo("%d of %d were killed at work", told, runs);
+}
+
+void TestKitApplyFiles::valuesReadAsAFileHasThem()
+{
+    using zokit::Address;
+    const Address contrast{QStringLiteral("Color"), Address::ofType, QStringLiteral("bcs_contrast")};
+    const Address colourOfText{QStringLiteral("Watermark"), 0, QStringLiteral("wm_fontcolor")};
+    const Address languages{QStringLiteral("Tracks"), Address::ofType, QStringLiteral("audio-language")};
+    QCOMPARE(zokit::valueAsText(contrast, 20), QStringLiteral("20"));
+    QCOMPARE(zokit::valueAsText(colourOfText, QColor(255, 0, 0, 128)), QStringLiteral("#80ff0000"));
+    QCOMPARE(zokit::valueAsText(languages, QStringList{QStringLiteral("fra"), QStringLiteral("eng")}),
+             QStringLiteral("fra,eng"));
+    QCOMPARE(zokit::valueAsText(contrast, QVariant()), QString());
+    QVERIFY(zokit::valueAsJson(contrast, QVariant()).isNull());
+    QCOMPARE(zokit::valueAsJson(contrast, QStringLiteral("20")),
+             QJsonValue(QJsonObject{{QStringLiteral("string"), QStringLiteral("20")}}));
+}
+
+ZOEFFECT_TEST_MAIN(TestKitApplyFiles)
+#include "tst_kit_applyfiles.moc"
