@@ -97,7 +97,7 @@ std::optional<QByteArray> load(const QString& path, Message* error)
     else if (!info.isFile() || !file.open(QIODevice::ReadOnly))
         *error = Message(Code::FileUnreadable, {path, file.errorString()});
     else if (info.size() > largestFile)
-        *error = Message(Code::FileTooLarge);
+        *error = Message(Code::InFile, {path, Message(Code::FileTooLarge).text()});
     else {
         const QByteArray text = file.read(largestFile + 1);
         if (file.error() == QFileDevice::NoError)

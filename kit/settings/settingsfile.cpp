@@ -45,7 +45,12 @@ ReadSettings loadSettings(const QString& path)
 {
     Message error;
     const std::optional<QByteArray> text = jsontext::load(path, &error);
-    return text ? readSettings(*text, QFileInfo(path).absolutePath()) : ReadSettings{std::nullopt, error, {}};
+    if (!text)
+        return {std::nullopt, error, {}};
+    ReadSettings read = readSettings(*text, QFileInfo(path).absolutePath());
+    if (!read.error.isEmpty())
+        read.error = Message(Message::Code::InFile, {path, read.error.text()});
+    return read;
 }
 
 Message saveSettings(const Settings& settings, const QString& path)

@@ -27,7 +27,7 @@ ZOKIT_EXPORT ReadSettings readSettings(const QByteArray& json, const QString& fo
 /// The text of a settings file for \a folder. Reading it gives \a settings again, bit by bit.
 ZOKIT_EXPORT QByteArray writeSettings(const Settings& settings, const QString& folder);
 
-/// readSettings() of the file at \a path: regular files of at most 16 MB only.
+/// readSettings() of the file at \a path: regular files of at most 16 MB only. The error begins with the path.
 ZOKIT_EXPORT ReadSettings loadSettings(const QString& path);
 /// Writes the file at \a path whole or not at all. An empty message: it is there.
 ZOKIT_EXPORT Message saveSettings(const Settings& settings, const QString& path);

@@ -37,6 +37,7 @@ private slots:
     void everyCutAndFlipIsReadOrRefused();
     void randomSettingsComeBack();
     void savedWholeOrNotAtAll();
+    void errorsNameTheFile();
     void presetsByName();
     void presetNameMayHoldAnything_data();
     void presetNameMayHoldAnything();
@@ -300,6 +301,20 @@ void TestKitSettingsFile::savedWholeOrNotAtAll()
     QCOMPARE(zokit::loadSettings(folder.filePath(QStringLiteral("b.json"))).error.text(),
              folder.filePath(QStringLiteral("b.json")) + QStringLiteral(": no such file."));
     QVERIFY(!zokit::loadSettings(folder.path()).settings);
+}
+
+void TestKitSettingsFile::errorsNameTheFile()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("a.zoeffect.json"));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(fileWith(R"({"type": "Colour"})"));
+    file.flush();
+    QCOMPARE(zokit::loadSettings(path).error.text(),
+             path + QStringLiteral(": There is no effect type Colour. Did you mean Color?"));
+    QVERIFY(file.resize(16 * 1024 * 1024 + 1));
+    QCOMPARE(zokit::loadSettings(path).error.text(), path + QStringLiteral(": A settings file has at most 16 MB."));
 }
 
 void TestKitSettingsFile::presetsByName()
