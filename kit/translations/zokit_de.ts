@@ -1471,5 +1471,57 @@
         <source>%1 is not kept with the settings. Give it with each run.</source>
         <translation>%1 wird nicht mit den Einstellungen aufbewahrt. Geben Sie es bei jedem Lauf an.</translation>
     </message>
+    <message>
+        <source>%1 is missing. Install the package %2, or name its folder by ZOEFFECT_FFMPEG.</source>
+        <translation>%1 fehlt. Installieren Sie das Paket %2 oder nennen Sie den Ordner in ZOEFFECT_FFMPEG.</translation>
+    </message>
+    <message>
+        <source>%1 is not in %2, the folder that ZOEFFECT_FFMPEG names. Correct it, or leave it unset.</source>
+        <translation>%1 ist nicht in %2, dem Ordner, den ZOEFFECT_FFMPEG nennt. Berichtigen Sie die Angabe oder lassen Sie sie weg.</translation>
+    </message>
+    <message>
+        <source>%1 could not be started: %2. Check that it is installed and may be run.</source>
+        <translation>%1 konnte nicht gestartet werden: %2. Prüfen Sie, ob es installiert ist und ausgeführt werden darf.</translation>
+    </message>
+    <message>
+        <source>%1 was ended by signal %2. Try again, with more memory at hand.</source>
+        <translation>%1 wurde durch Signal %2 beendet. Versuchen Sie es noch einmal, mit mehr freiem Speicher.</translation>
+    </message>
+    <message>
+        <source>%1: its name is not written in UTF-8. Rename it.</source>
+        <translation>%1: Der Name ist nicht in UTF-8 geschrieben. Benennen Sie die Datei um.</translation>
+    </message>
+    <message>
+        <source>%1: no such file.| There is %2.</source>
+        <translation>%1: Datei nicht gefunden.| Es gibt %2.</translation>
+    </message>
+    <message>
+        <source>%1 is a folder. Name a file in it.</source>
+        <translation>%1 ist ein Ordner. Nennen Sie eine Datei darin.</translation>
+    </message>
+    <message>
+        <source>%1 is no ordinary file. Copy what it gives into one first.</source>
+        <translation>%1 ist keine gewöhnliche Datei. Kopieren Sie erst in eine, was daraus kommt.</translation>
+    </message>
+    <message>
+        <source>%1 is empty. Get it once more from where it came from.</source>
+        <translation>%1 ist leer. Holen Sie die Datei noch einmal von dort, wo sie herkam.</translation>
+    </message>
+    <message>
+        <source>%1 is no media file that can be read: %2. Check that it is whole.</source>
+        <translation>%1 ist keine lesbare Mediendatei: %2. Prüfen Sie, ob sie vollständig ist.</translation>
+    </message>
+    <message>
+        <source>%1 holds no picture, no sound and no subtitles. Check that it is whole.</source>
+        <translation>%1 enthält weder Bild noch Ton noch Untertitel. Prüfen Sie, ob die Datei vollständig ist.</translation>
+    </message>
+    <message>
+        <source>%1: the size of the picture, track %2, is unknown or above 64 million pixels. Check that it is whole, or make it smaller.</source>
+        <translation>%1: Die Größe des Bildes, Spur %2, ist unbekannt oder über 64 Millionen Bildpunkten. Prüfen Sie, ob die Datei vollständig ist, oder verkleinern Sie das Bild.</translation>
+    </message>
+    <message>
+        <source>%1: nothing was found out about it in %2 seconds. Check that its disk answers, and that it is whole.</source>
+        <translation>%1: In %2 Sekunden war nichts darüber herauszufinden. Prüfen Sie, ob der Datenträger antwortet und die Datei vollständig ist.</translation>
+    </message>
 </context>
 </TS>

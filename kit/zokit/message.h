@@ -85,6 +85,20 @@ public:
         SavedIsNewer,  ///< 1: the settings file, 2: when it was saved, 3: when the journal was written last.
         NotKept,       ///< 1: the option, which is said for each run anew.
         NothingToSave, ///< 1: the type, of which nothing can be saved as a default.
+        // Media
+        ToolMissing,     ///< 1: the program, 2: its package.
+        ToolNotInFolder, ///< 1: the program, 2: the folder that was named.
+        ChildNotStarted, ///< 1: the program, 2: why.
+        ChildKilled,     ///< 1: the program, 2: the number of the signal.
+        InputName,       ///< 1: the path.
+        InputMissing,    ///< 1: the path, 2: a file beside it with a like name.
+        InputFolder,     ///< 1: the path.
+        InputNotAFile,   ///< 1: the path.
+        InputEmpty,      ///< 1: the path.
+        NoMedia,         ///< 1: the path, 2: what ffprobe says.
+        NoTracks,        ///< 1: the path.
+        PictureRefused,  ///< 1: the path, 2: the stream number.
+        ProbeTooLong,    ///< 1: the path, 2: seconds.
         // Steps of the history, as a menu says them behind "Undo" and "Redo"
         StepChange, ///< 1: the property.
         StepSelect, ///< 1: what.

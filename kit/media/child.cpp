@@ -1,0 +1,306 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include <zokit/child.h>
+
+#include <algorithm>
+#include <csignal>
+
+#include <sys/prctl.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <QThread>
+
+namespace zokit {
+
+namespace {
+
+constexpr int mostWords = 64 * 1024;
+// Time is counted in ticks: of the time in which this process itself was stopped, at most one tick counts.
+constexpr int tickMilliseconds = 200;
+
+qint64 ticksOf(int seconds)
+{
+    constexpr int ticksPerSecond = 1000 / tickMilliseconds;
+    return qint64(seconds) * ticksPerSecond;
+}
+
+/// What the child does between fork and exec, where only calls are allowed that a signal handler may make.
+struct Preparation {
+    pid_t parent = 0;
+    qint64 memory = 0;
+    int processorSeconds = 0;
+
+    static void limit(decltype(RLIMIT_AS) what, rlim_t most)
+    {
+        rlimit limits{};
+        if (getrlimit(what, &limits) != 0)
+            return;
+        limits.rlim_max = std::min(limits.rlim_max, most); // RLIM_INFINITY is the largest number.
+        limits.rlim_cur = limits.rlim_max;
+        setrlimit(what, &limits);
+    }
+
+    void apply() const
+    {
+        constexpr int firstOfRealTime = 32;
+        constexpr int exitCode = 127;
+        setsid();
+        prctl(PR_SET_PDEATHSIG, SIGKILL);
+        if (getppid() != parent) // It ended before the line above.
+            _exit(exitCode);
+        // What this process blocks or ignores is its own affair.
+        for (int number = 1; number < firstOfRealTime; ++number)
+            signal(number, SIG_DFL);
+        sigset_t none;
+        sigemptyset(&none);
+        sigprocmask(SIG_SETMASK, &none, nullptr);
+        limit(RLIMIT_CORE, 0);
+        if (memory > 0)
+            limit(RLIMIT_AS, static_cast<rlim_t>(memory));
+        if (processorSeconds > 0)
+            limit(RLIMIT_CPU, static_cast<rlim_t>(processorSeconds));
+    }
+};
+
+/// This process's environment, without what makes ffmpeg write further files or colour its words.
+QProcessEnvironment environment()
+{
+    QProcessEnvironment result = QProcessEnvironment::systemEnvironment();
+    for (const char* name : {"FFREPORT", "AV_LOG_FORCE_COLOR", "AV_LOG_FORCE_256COLOR"})
+        result.remove(QLatin1String(name));
+    return result;
+}
+
+} // namespace
+
+class Child::Process : public QProcess {
+public:
+    explicit Process(const Preparation& preparation) : m_preparation(preparation)
+    {
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+        setChildProcessModifier([this] { m_preparation.apply(); });
+#endif
+    }
+
+protected:
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    void setupChildProcess() override
+    {
+        m_preparation.apply();
+    }
+#endif
+
+private:
+    Preparation m_preparation;
+};
+
+QString ChildResult::lastWords() const
+{
+    QByteArray line;
+    for (const QByteArray& candidate : QByteArray(words).replace('\r', '\n').split('\n')) {
+        if (!candidate.trimmed().isEmpty())
+            line = candidate.trimmed();
+    }
+    return QString::fromUtf8(line);
+}
+
+Child::Child(QObject* parent) : QObject(parent)
+{
+    m_clock.setInterval(tickMilliseconds);
+    connect(&m_clock, &QTimer::timeout, this, &Child::countTime);
+}
+
+Child::~Child()
+{
+    if (!m_process)
+        return;
+    m_process->disconnect(this);
+    if (m_process->state() == QProcess::NotRunning)
+        return;
+    send(SIGKILL);
+    m_process->waitForFinished(-1);
+}
+
+bool Child::start(const Command& command)
+{
+    Q_ASSERT_X(QThread::currentThread() == QCoreApplication::instance()->thread(), "Child::start",
+               "a child dies with the thread that started it");
+    if (m_isRunning)
+        return false;
+    m_command = command;
+    m_result = ChildResult();
+    m_isRunning = true;
+    m_hasEnded = false;
+    m_isEnding = false;
+    m_isPaused = false;
+    m_group = 0;
+    m_ticks = 0;
+    m_silentTicks = 0;
+
+    m_process = std::make_unique<Process>(Preparation{getpid(), command.memory, command.processorSeconds});
+    m_process->setProcessEnvironment(environment());
+    m_process->setWorkingDirectory(command.folder);
+    if (command.input.isEmpty())
+        m_process->setStandardInputFile(QProcess::nullDevice());
+    connect(m_process.get(), &QProcess::readyReadStandardOutput, this, &Child::readOutput);
+    connect(m_process.get(), &QProcess::readyReadStandardError, this, &Child::readWords);
+    connect(m_process.get(), &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
+        if (error != QProcess::FailedToStart)
+            return;
+        m_result.words = m_process->errorString().toUtf8();
+        ended(ChildEnd::NotStarted, -1, 0);
+    });
+    connect(m_process.get(), QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), this,
+            [this](int code, QProcess::ExitStatus status) {
+                const bool byItself = status == QProcess::NormalExit;
+                ended(byItself ? ChildEnd::Finished : ChildEnd::Killed, byItself ? code : -1, byItself ? 0 : code);
+            });
+    m_clock.start();
+    m_process->start(command.program, command.arguments);
+    m_group = m_process->processId();
+    if (!command.input.isEmpty() && !m_hasEnded) {
+        m_process->write(command.input);
+        m_process->closeWriteChannel();
+    }
+    return true;
+}
+
+bool Child::isRunning() const
+{
+    return m_isRunning;
+}
+
+qint64 Child::processId() const
+{
+    return m_isRunning && !m_hasEnded ? m_process->processId() : 0;
+}
+
+void Child::collect(bool collected)
+{
+    m_collected = collected;
+}
+
+void Child::cancel()
+{
+    if (m_isRunning)
+        end(ChildEnd::Cancelled);
+}
+
+void Child::pause()
+{
+    if (!m_isRunning)
+        return;
+    m_isPaused = true;
+    send(SIGSTOP);
+}
+
+void Child::resume()
+{
+    if (!m_isRunning)
+        return;
+    m_isPaused = false;
+    send(SIGCONT);
+}
+
+void Child::readOutput()
+{
+    const QByteArray piece = m_process->readAllStandardOutput();
+    m_silentTicks = 0;
+    if (m_isEnding || piece.isEmpty())
+        return;
+    if (m_collected) {
+        m_result.output += piece;
+        if (m_result.output.size() > m_command.largestOutput) {
+            m_result.output.truncate(static_cast<int>(m_command.largestOutput));
+            end(ChildEnd::Flooded);
+            return;
+        }
+    }
+    Q_EMIT outputReady(piece);
+}
+
+void Child::readWords()
+{
+    m_result.words = (m_result.words + m_process->readAllStandardError()).right(mostWords);
+}
+
+void Child::countTime()
+{
+    if (m_isPaused || m_hasEnded)
+        return;
+    ++m_ticks;
+    ++m_silentTicks;
+    if (m_command.seconds > 0 && m_ticks > ticksOf(m_command.seconds))
+        end(ChildEnd::TimedOut);
+    else if (m_command.stallSeconds > 0 && m_silentTicks > ticksOf(m_command.stallSeconds))
+        end(ChildEnd::Stalled);
+}
+
+/// The first reason counts, except that a child which was given up by its asker is always Cancelled.
+void Child::end(ChildEnd how)
+{
+    if (!m_isEnding || how == ChildEnd::Cancelled)
+        m_result.end = how;
+    m_isEnding = true;
+    send(SIGKILL);
+}
+
+void Child::ended(ChildEnd how, int exitCode, int signal)
+{
+    if (m_hasEnded)
+        return;
+    if (how != ChildEnd::NotStarted) {
+        readOutput();
+        readWords();
+    }
+    m_hasEnded = true;
+    m_clock.stop();
+    if (m_group > 0)
+        ::kill(static_cast<pid_t>(-m_group), SIGKILL); // What it left behind.
+    if (!m_isEnding)
+        m_result.end = how;
+    m_result.exitCode = m_isEnding ? -1 : exitCode;
+    m_result.signal = signal;
+    QMetaObject::invokeMethod(
+        this, [this] { report(); }, Qt::QueuedConnection);
+}
+
+void Child::report()
+{
+    m_isRunning = false;
+    const ChildResult result = m_result;
+    m_result = ChildResult();
+    Q_EMIT finished(result);
+}
+
+/// To the group, and to the child itself, which may not have come to having a group of its own.
+void Child::send(int signal) const
+{
+    const pid_t child = static_cast<pid_t>(processId());
+    if (child <= 0)
+        return;
+    ::kill(-child, signal);
+    ::kill(child, signal);
+}
+
+ChildResult run(const Command& command)
+{
+    Child child;
+    ChildResult result;
+    QEventLoop loop;
+    QObject::connect(&child, &Child::finished, &loop, [&](const ChildResult& r) {
+        result = r;
+        loop.quit();
+    });
+    child.start(command);
+    loop.exec();
+    return result;
+}
+
+} // namespace zokit
