@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The libzoeffect developers
 // SPDX-License-Identifier: MIT
 
-// Handing settings of one file to others. docs/guide/09-applying.md tells about it.
+// Handing settings of one file to others. docs/guide/10-applying.md tells about it.
 
 #include <QCryptographicHash>
 #include <QDataStream>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The libzoeffect developers
 // SPDX-License-Identifier: MIT
 
-// What the library logs, read back. docs/guide/10-log.md tells about it.
+// What the library logs, read back. docs/guide/11-log.md tells about it.
 
 #include <QDir>
 #include <QFile>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The libzoeffect developers
 // SPDX-License-Identifier: MIT
 
-// Who owns what, for how long, and what may go to another thread. docs/guide/11-ownership.md tells about it.
+// Who owns what, for how long, and what may go to another thread. docs/guide/12-ownership.md tells about it.
 
 #include <memory>
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The libzoeffect developers
 // SPDX-License-Identifier: MIT
 
-// Subtitle and audio tracks: adding them, choosing one, and audio effects. docs/guide/07-tracks.md tells about it.
+// Subtitle and audio tracks: adding them, choosing one, and audio effects. docs/guide/08-tracks.md tells about it.
 
 #include <memory>
 

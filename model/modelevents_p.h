@@ -35,7 +35,7 @@ enum class ModelEvent {
 
 namespace modelevents {
 
-/// What happened, in the words of the guide's tenth chapter; null for a number that is no event's.
+/// What happened, in the words of the guide's eleventh chapter; null for a number that is no event's.
 constexpr const char* inWords(int number)
 {
     switch (static_cast<ModelEvent>(number)) {

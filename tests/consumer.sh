@@ -4,7 +4,8 @@
 
 # consumer.sh BUILD: installs library and kit from the build tree BUILD into a prefix with a space in its name,
 # moves that elsewhere, and builds and runs the host in consumer/ against it: with CMake and with pkg-config
-# and a plain compiler call, with g++ and clang++. The kit's headers are compiled by g++. Where BUILD is for Qt 6 and the build tree dev beside it has
+# and a plain compiler call, with g++ and clang++. The kit's headers, and the host of the guide's first chapter, are
+# compiled by g++. Where BUILD is for Qt 6 and the build tree dev beside it has
 # both for Qt 5, they are installed into the same prefix, too, and each host finds its own. Works in
 # BUILD/tests/consumer.
 set -euo pipefail
@@ -138,6 +139,32 @@ for compiler in g++ clang++; do
         host_rows "$compiler and pkg-config" env LD_LIBRARY_PATH="$prefix/lib" "$program"
     fi
 done
+
+# --- A host on the kit ---------------------------------------------------------------------------------------------
+
+# from_nothing WAY PROGRAM: the host of the guide's first chapter carries settings over to another file.
+from_nothing() {
+    local folder="$work/files $1"
+    mkdir "$folder"
+    echo '{"zoeffect": 1, "media": {"width": 1280, "height": 720}}' > "$folder/a.json"
+    echo '{"zoeffect": 1, "media": {"width": 640, "height": 360}}' > "$folder/b.json"
+    same "consumer: kit: $1: the host saves" 'saved: 2 files' "$("$2" "$folder"/{a,b}.json | tail -n 1)" || true
+    same "consumer: kit: $1: and has carried a crop over" '"crop_left": 80,' \
+        "$(grep -oE '"crop_left".*' "$folder/b.json")" || true
+}
+example=$here/../examples/from-nothing
+tree="$work/from nothing"
+if check 'consumer: kit: CMake: finds the package' cmake -G Ninja -S "$example" -B "$tree" \
+    -DCMAKE_PREFIX_PATH="$prefix" -DCMAKE_CXX_COMPILER=g++ -DZOEFFECT_QT_MAJOR="$qt" &&
+    check 'consumer: kit: CMake: the host, without a warning' quietly cmake --build "$tree"; then
+    from_nothing CMake "$tree/from-nothing"
+    same 'consumer: kit: CMake: linked with' "lib$kit.so.1" \
+        "$(dynamic NEEDED "$tree/from-nothing" | grep '^libzoeffectkit')" || true
+fi
+if check 'consumer: kit: pkg-config: the host, without a warning' quietly eval g++ -std=c++17 -Wall -Wextra -Wpedantic \
+    -Werror "'$example/main.cpp'" -o "'$work/from-nothing'" "$(pkg-config --cflags --libs "$kit")"; then
+    LD_LIBRARY_PATH="$prefix/lib" from_nothing pkg-config "$work/from-nothing"
+fi
 
 # --- Both Qts in one prefix ----------------------------------------------------------------------------------------
 

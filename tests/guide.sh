@@ -60,12 +60,18 @@ chapter() {
     done <<< "$(blocks "$file" cpp)"
     check "guide: $name: shows C++" test "$count" -gt 0 || true
 
-    # Every program starts with an empty home and temporary folder of its own.
-    local home=$work/$name code=0
-    mkdir -p "$home"/{tmp,config}
+    # Every program starts with an empty home and temporary folder of its own. Where the page shows a settings file,
+    # that is there, and the last commands of the page start the program.
+    local home=$work/$name code=0 commands=build/$name
+    mkdir -p "$home"/{tmp,config,build}
     mkdir -m 700 "$home/runtime"
+    ln -s "$build/examples/example-$name" "$home/build/$name"
+    if grep -q 'trip\.zoeffect\.json' "$file"; then
+        blocks "$file" json | grep -vx '<<<<' > "$home/trip.zoeffect.json"
+        commands=$(blocks "$file" sh | awk -v RS='<<<<\n' '{ last = $0 } END { print last }')
+    fi
     (cd "$home" && env HOME="$home" TMPDIR="$home/tmp" XDG_CONFIG_HOME="$home/config" XDG_RUNTIME_DIR="$home/runtime" \
-        "$build/examples/example-$name" > "$work/$name.out" 2> "$work/$name.err") || code=$?
+        bash -euc "$commands" > "$work/$name.out" 2> "$work/$name.err") || code=$?
     same "guide: $name: the program ends 0" 0 "$code" || true
     same "guide: $name: says nothing on the error stream" '' "$(cat "$work/$name.err")" || true
     same "guide: $name: prints what is said" "$(blocks "$file" text | grep -vx '<<<<')" "$(cat "$work/$name.out")" || true
@@ -83,13 +89,15 @@ done
 same 'guide: the contents name every chapter, in order' "${contents%$'\n'}" \
     "$(grep -oE '^[0-9]+\. \[[^]]+\]\([^)]+\)' "$tree/docs/guide/contents.md" | sed -E 's/.*\((.*)\)$/\1/')" || true
 
-# The first chapter shows a whole project.
-first=$tree/docs/guide/01-first-host.md
-project=$tree/examples/first-host
-same 'guide: first-host: all of the program is shown' "$(sed 1,3d "$project/main.cpp")" \
-    "$(blocks "$first" cpp | sed '$d')" || true
-same 'guide: first-host: all of CMakeLists.txt is shown' "$(sed 1,3d "$project/CMakeLists.txt")" \
-    "$(blocks "$first" cmake | sed '$d')" || true
+# The first two chapters show a whole project.
+for name in from-nothing first-host; do
+    page=$(echo "$tree"/docs/guide/[0-9][0-9]-$name.md)
+    project=$tree/examples/$name
+    same "guide: $name: all of the program is shown" "$(sed 1,3d "$project/main.cpp")" \
+        "$(blocks "$page" cpp | sed '$d')" || true
+    same "guide: $name: all of CMakeLists.txt is shown" "$(sed 1,3d "$project/CMakeLists.txt")" \
+        "$(blocks "$page" cmake | sed '$d')" || true
+done
 
 # Every number that can stand in the log is explained once, in order.
 same 'guide: log: every number is explained' \

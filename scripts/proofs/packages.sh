@@ -15,7 +15,7 @@ Makes the Debian packages twice, of this checkout and of a clone in another fold
 time zone, and compares them bit by bit. Then it makes a bare Debian by debootstrap (build/packages-root), installs
 the packages there beside nothing but compiler, CMake and both Qts, and builds and runs
 
-  the host of the guide's first chapter, by the commands that stand there,
+  the hosts of the guide's first two chapters, on the kit and on the library alone, by the commands that stand there,
   the consumer project of the tests with either Qt, by CMake and by pkg-config,
   all programs of the guide, from where libzoeffect-doc puts them.
 
@@ -53,12 +53,12 @@ source scripts/proofs/support/debian.sh
 # shellcheck source-path=SCRIPTDIR source=../../tests/support/rows.sh
 source tests/support/rows.sh
 
-# block LANGUAGE N: the N-th block of code in this language of the first chapter.
+# block LANGUAGE N PAGE: the N-th block of code in this language of a page of the guide.
 block() {
     awk -v fence="\`\`\`$1" -v wanted="$2" '
         $0 == fence { inside = ++count == wanted; next }
         /^```$/ { inside = 0 }
-        inside' docs/guide/01-first-host.md
+        inside' "docs/guide/$3"
 }
 
 # Everything in the system but caches, logs and the packages' own records.
@@ -83,7 +83,11 @@ libzoeffect-dev_${version}_$architecture.deb
 libzoeffect-doc_${version}_all.deb
 libzoeffect-qt6-1_${version}_$architecture.deb
 libzoeffect-qt6-dev_${version}_$architecture.deb
-libzoeffect1_${version}_$architecture.deb" "$(cd build/packages && printf '%s\n' *)" || true
+libzoeffect1_${version}_$architecture.deb
+libzoeffectkit-dev_${version}_$architecture.deb
+libzoeffectkit-qt6-1_${version}_$architecture.deb
+libzoeffectkit-qt6-dev_${version}_$architecture.deb
+libzoeffectkit1_${version}_$architecture.deb" "$(cd build/packages && printf '%s\n' *)" || true
 for package in build/packages/*.deb; do
     check "packages: ${package##*/} is the same, bit by bit" \
         cmp "$package" "$other/build/packages/${package##*/}" || true
@@ -95,21 +99,30 @@ rm -rf --one-file-system "$root"
 make_root "$architecture"
 mount_in proc /proc
 echo 'APT::Install-Recommends "false";' > "$root/etc/apt/apt.conf.d/only-what-is-needed"
-mkdir "$root/root/first-host"
+mkdir "$root"/root/{first-host,from-nothing}
 # What the chapter asks for besides comes first: what has come after that, and stays, is the packages' own.
 check 'packages: compiler and CMake are installed' enter sh -c \
     'apt-get update && apt-get install --yes cmake g++ libgl-dev make pkgconf qt6-base-dev qtbase5-dev' || finish
 files_inside > "$folder/before"
 
 cp build/packages/*.deb "$root/root/first-host"
-block sh 1 > "$root/root/install"
-block sh 2 > "$root/root/build"
-block cpp 1 > "$root/root/first-host/main.cpp"
-block cmake 1 > "$root/root/first-host/CMakeLists.txt"
-check 'packages: the first chapter installs them' enter sh -euc 'cd /root/first-host && . /root/install' || finish
+readonly alone=02-first-host.md on_kit=01-from-nothing.md
+block sh 1 $alone > "$root/root/install"
+block sh 2 $alone > "$root/root/build"
+block cpp 1 $alone > "$root/root/first-host/main.cpp"
+block cmake 1 $alone > "$root/root/first-host/CMakeLists.txt"
+check 'packages: the chapter on the library alone installs it' enter sh -euc 'cd /root/first-host && . /root/install' || finish
+block sh 1 $on_kit > "$root/root/install"
+block sh 2 $on_kit > "$root/root/build-on-kit"
+block sh 3 $on_kit > "$root/root/run-on-kit"
+block cpp 1 $on_kit > "$root/root/from-nothing/main.cpp"
+block cmake 1 $on_kit > "$root/root/from-nothing/CMakeLists.txt"
+block json 1 $on_kit > "$root/root/from-nothing/trip.zoeffect.json"
+check 'packages: the first chapter installs the kit' enter sh -euc 'cd /root/first-host && . /root/install' || finish
 check 'packages: all others are installed beside them' \
     enter sh -c 'apt-get install --yes /root/first-host/*.deb' || true
-readonly packages=(libzoeffect1 libzoeffect-dev libzoeffect-qt6-1 libzoeffect-qt6-dev libzoeffect-common-dev libzoeffect-doc)
+readonly packages=(libzoeffect1 libzoeffect-dev libzoeffect-qt6-1 libzoeffect-qt6-dev libzoeffectkit1 libzoeffectkit-dev
+    libzoeffectkit-qt6-1 libzoeffectkit-qt6-dev libzoeffect-common-dev libzoeffect-doc)
 files_inside > "$folder/installed"
 enter dpkg -L "${packages[@]}" | LC_ALL=C sort -u > "$folder/owned"
 same 'packages: nothing has come but what is theirs' '' \
@@ -117,12 +130,17 @@ same 'packages: nothing has come but what is theirs' '' \
 
 # --- Used ----------------------------------------------------------------------------------------------------------
 
-check 'packages: the first chapter builds and runs its host' enter sh -euc \
+check 'packages: the host on the library alone is built and runs' enter sh -euc \
     'cd /root/first-host && (. /root/build) > /root/output 2> /root/errors || { cat /root/output /root/errors; exit 1; }' || true
-same 'packages: its host prints what the chapter says' "$(block text 1)" "$(sed -E '/^(--|\[)/d' "$root/root/output")" || true
-same 'packages: its host and CMake complain of nothing' '' \
+same 'packages: it prints what the chapter says' "$(block text 1 $alone)" "$(sed -E '/^(--|\[)/d' "$root/root/output")" || true
+same 'packages: it and CMake complain of nothing' '' \
     "$(grep -v '^QStandardPaths: XDG_RUNTIME_DIR not set' "$root/root/errors" || true)" || true
-check 'packages: its host leaves a picture' test -s "$root/root/first-host/watermark.png" || true
+check 'packages: it leaves a picture' test -s "$root/root/first-host/watermark.png" || true
+check 'packages: the host on the kit is built' enter sh -euc 'cd /root/from-nothing && . /root/build-on-kit' || true
+same 'packages: it prints what the chapter says, too' "$(block text 1 $on_kit)" \
+    "$(enter sh -euc 'cd /root/from-nothing && . /root/run-on-kit' 2> "$root/root/errors")" || true
+same 'packages: it complains of nothing' '' \
+    "$(grep -v '^QStandardPaths: XDG_RUNTIME_DIR not set' "$root/root/errors" || true)" || true
 
 cp -r tests/consumer "$root/root/consumer"
 names=([5]=zoeffect [6]=zoeffect-qt6)

@@ -19,7 +19,7 @@ private slots:
 
 void TstModelEvents::guideHasTheSameWords()
 {
-    QFile guide(QStringLiteral(ZOEFFECT_SOURCE_FOLDER "/docs/guide/10-log.md"));
+    QFile guide(QStringLiteral(ZOEFFECT_SOURCE_FOLDER "/docs/guide/11-log.md"));
     QVERIFY(guide.open(QIODevice::ReadOnly));
     static const QRegularExpression row(QStringLiteral(R"(^\| (\d+) \| (.+?) \|)"));
     int rows = 0;
