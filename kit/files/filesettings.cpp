@@ -14,7 +14,7 @@
 #include <zokit/placement.h>
 #include <zokit/settingsfile.h>
 
-#include "cataloguedefaults_p.h"
+#include "completion_p.h"
 #include "names_p.h"
 #include "newitem_p.h"
 #include "realeffect_p.h"
@@ -169,8 +169,8 @@ void FileSettings::apply(const Changes& changes, QObject* asker)
                  [&](const Change& change) { return isOurs(change) || coming.contains(change.thing); });
     if (ours.isEmpty())
         return;
-    emit aboutToChange(ours, asker);
-    d->store(ours, asker, false);
+    d->announce(ours, asker);
+    d->store(ours, asker, ours);
 }
 
 ZoEffectModel* FileSettings::pictureModel() const

@@ -17,30 +17,23 @@ namespace zokit {
 
 using Code = Message::Code;
 
-Settings withoutMeasures(Settings settings)
-{
-    if (TypeSettings* watermarks = settings.find(types::watermark)) {
-        for (Item& item : watermarks->items) {
-            if (item.values.value(keys::isText).toBool()) {
-                item.values.remove(keys::imageWidth);
-                item.values.remove(keys::imageHeight);
-            }
-        }
-    }
-    return settings;
-}
-
 /// What follows from \a changes: the place and size of watermarks that have an anchor.
 Changes FileSettings::Private::consequences(const Changes& changes) const
 {
+    const QVector<Identity> watermarks = things.items(types::watermark);
+    const bool anyAnchor = std::any_of(watermarks.cbegin(), watermarks.cend(),
+                                       [this](Identity item) { return things.has(item, own::anchor); })
+                           || std::any_of(changes.cbegin(), changes.cend(),
+                                          [](const Change& change) { return change.key == own::anchor; });
+    if (!anyAnchor)
+        return Changes();
     Things next = things;
     next.apply(changes);
     const bool frameChanged = next.frame() != things.frame();
     Changes result;
     for (const Identity item : next.items(types::watermark)) {
         const auto isOfItem = [item](const Change& change) { return change.thing == item; };
-        if (!next.values(item).contains(own::anchor)
-            || !(frameChanged || std::any_of(changes.cbegin(), changes.cend(), isOfItem)))
+        if (!next.has(item, own::anchor) || !(frameChanged || std::any_of(changes.cbegin(), changes.cend(), isOfItem)))
             continue;
         const Values placed = anchoredValues(next.itemSettings(item), next.frame());
         for (auto it = placed.cbegin(); it != placed.cend(); ++it)
@@ -56,16 +49,20 @@ Message FileSettings::Private::commit(const Changes& wanted, QObject* asker)
     const Changes changes = merged(wanted + consequences(wanted));
     if (changes.isEmpty())
         return Message();
-    {
-        const QScopedValueRollback<bool> busy(announcing, true);
-        emit q->aboutToChange(changes, asker);
-    }
-    store(changes, asker, false);
+    announce(changes, asker);
+    store(changes, asker, changes);
     return Message();
 }
 
-/// Takes \a changes over, brings the models to them unless they are there already, and tells.
-void FileSettings::Private::store(const Changes& changes, QObject* asker, bool modelsHaveIt)
+/// Whoever listens cannot change anything by now.
+void FileSettings::Private::announce(const Changes& changes, QObject* asker)
+{
+    const QScopedValueRollback<bool> busy(announcing, true);
+    emit q->aboutToChange(changes, asker);
+}
+
+/// Takes \a changes over, brings the models to \a forModels, those that are not there already, and tells.
+void FileSettings::Private::store(const Changes& changes, QObject* asker, const Changes& forModels)
 {
     QMap<QString, QVector<Identity>> before;
     for (const QString& type : effectTypes()) {
@@ -73,8 +70,8 @@ void FileSettings::Private::store(const Changes& changes, QObject* asker, bool m
             before.insert(type, things.items(type));
     }
     things.apply(changes);
-    if (!modelsHaveIt)
-        projection.follow(things, changes);
+    if (!forModels.isEmpty())
+        projection.follow(things, forModels);
     for (auto it = before.cbegin(); it != before.cend(); ++it)
         tellItems(it.key(), it.value(), things.items(it.key()));
     emit q->changed(changes, asker);
@@ -128,11 +125,15 @@ void FileSettings::syncFromModels()
         target.foreign = known.foreign;
         if (target == known)
             continue;
-        const Changes changes = merged(d->things.changesTo(target, kept, *d->identities));
+        const Changes direct = merged(d->things.changesTo(target, kept, *d->identities));
+        const Changes following = merged(d->consequences(direct));
+        const Changes changes = merged(direct + following);
         QObject* model = &d->projection.modelOf(type);
-        emit aboutToChange(changes, model);
-        d->store(changes, model, true);
-        d->projection.note(d->things, type);
+        d->announce(changes, model);
+        Things next = d->things;
+        next.apply(direct);
+        d->projection.note(type, next.items(type));
+        d->store(changes, model, following);
     }
 }
 

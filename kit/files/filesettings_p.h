@@ -9,19 +9,15 @@
 
 #include <zokit/properties.h>
 
+#include "completion_p.h"
+#include "newitem_p.h"
 #include "projection_p.h"
 #include "things_p.h"
 
 namespace zokit {
 
-/// What a thing of a type is, as the property table tells kinds apart.
-Suit suitOf(const QString& type, bool isItem, const Values& values);
-
 /// A watermark without an anchor, with the default place of \a item, goes where \a others leave room.
 void place(Item& item, const QVector<Item>& others, const QSize& frame);
-
-/// The measured size of a text is no setting.
-Settings withoutMeasures(Settings settings);
 
 bool isPlace(const QString& key);
 
@@ -75,7 +71,8 @@ public:
     QVariant catalogueDefaultOf(Identity thing, const QString& key) const;
     Changes consequences(const Changes& changes) const;
     Message commit(const Changes& wanted, QObject* asker);
-    void store(const Changes& changes, QObject* asker, bool modelsHaveIt);
+    void announce(const Changes& changes, QObject* asker);
+    void store(const Changes& changes, QObject* asker, const Changes& forModels);
     void tellItems(const QString& type, const QVector<Identity>& before, const QVector<Identity>& after);
 
     FileSettings* q;

@@ -19,18 +19,6 @@ bool isPlace(const QString& key)
     return key == keys::left || key == keys::top;
 }
 
-Suit suitOf(const QString& type, bool isItem, const Values& values)
-{
-    if (!isItem)
-        return Suit::Type;
-    if (type == types::effect)
-        return Suit::FrameEffect;
-    if (type == types::watermark)
-        return values.value(keys::isText).toBool() ? Suit::TextWatermark : Suit::ImageWatermark;
-    const Values kind = kindOf(type, values);
-    return kind.cbegin() != kind.cend() && kind.first().toBool() ? Suit::FileTrack : Suit::EmbeddedTrack;
-}
-
 ReadValue FileSettings::Private::read(const QString& type, Suit suit, const QString& key, const QVariant& given,
                                       const QString& where) const
 {

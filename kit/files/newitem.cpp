@@ -41,6 +41,18 @@ Values kindOf(const QString& type, const Values& values)
     return key.isEmpty() ? Values() : Values{{key, values.value(key).toBool()}};
 }
 
+Suit suitOf(const QString& type, bool isItem, const Values& values)
+{
+    if (!isItem)
+        return Suit::Type;
+    if (type == types::effect)
+        return Suit::FrameEffect;
+    if (type == types::watermark)
+        return values.value(keys::isText).toBool() ? Suit::TextWatermark : Suit::ImageWatermark;
+    const Values kind = kindOf(type, values);
+    return kind.cbegin() != kind.cend() && kind.first().toBool() ? Suit::FileTrack : Suit::EmbeddedTrack;
+}
+
 void pinSubtitle(Values& values, double factor, const QSize& frame)
 {
     if (frame.height() > 0)

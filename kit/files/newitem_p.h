@@ -6,6 +6,7 @@
 #include <QSize>
 #include <QString>
 
+#include <zokit/properties.h>
 #include <zokit/settings.h>
 
 class ZoEffectItemData;
@@ -22,6 +23,9 @@ TypeSettings newType(const QString& type, const QSize& frame);
 
 /// The keys of \a values that tell kinds apart, as newItem() takes them.
 Values kindOf(const QString& type, const Values& values);
+
+/// What a thing of a type is, as the property table tells kinds apart.
+Suit suitOf(const QString& type, bool isItem, const Values& values);
 
 /// Pins the place of a subtitle that follows the height of the frame, at \a factor of it, so that no default saved
 /// later moves it.

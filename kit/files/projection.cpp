@@ -132,7 +132,7 @@ void Projection::replace(const Things& things, const QString& type)
         node->setInternalData(recordOf(type, item.name));
     }
     modelOf(type).replaceData(type, -1, &source);
-    note(things, type);
+    note(type, things.items(type));
 }
 
 TypeSettings Projection::read(const QString& type) const
@@ -166,10 +166,9 @@ QVector<Identity> Projection::identities(const QString& type) const
     return result;
 }
 
-void Projection::note(const Things& things, const QString& type)
+void Projection::note(const QString& type, const QVector<Identity>& items)
 {
     QHash<const ZoEffectItemData*, Identity> known;
-    const QVector<Identity> items = things.items(type);
     const ZoEffectItemData* node = modelOf(type).getDataItem(type, -1);
     for (int row = 0; node && row < node->childCount() && row < items.size(); ++row)
         known.insert(node->child(row), items.at(row));

@@ -32,8 +32,8 @@ public:
     TypeSettings read(const QString& type) const;
     /// The identity of each item of \a type in its model, as far as it was given one; 0 for others.
     QVector<Identity> identities(const QString& type) const;
-    /// Notes that the items of \a type in its model are those of \a things, in their order.
-    void note(const Things& things, const QString& type);
+    /// Notes that the items of \a type in its model are \a items, in their order.
+    void note(const QString& type, const QVector<Identity>& items);
 
 private:
     bool setOne(const Things& things, const Change& change);

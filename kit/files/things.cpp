@@ -95,9 +95,11 @@ Values itemValues(const Item& item, Identity type)
 
 Values propertiesOf(const Values& values)
 {
-    Values result = values;
-    for (const QString& key : {own::selected, own::anchor, own::items, own::of, own::type, own::name, own::foreign})
-        result.remove(key);
+    Values result;
+    for (auto it = values.cbegin(); it != values.cend(); ++it) {
+        if (!isInternal(it.key()) && it.key() != own::selected && it.key() != own::anchor)
+            result.insert(result.cend(), it.key(), it.value());
+    }
     return result;
 }
 
@@ -286,7 +288,8 @@ Changes Things::changesTo(const Settings& target, Identities& identities) const
     Changes changes;
     appendChanges(changes, m_file, m_values.value(m_file), fileValues(target));
     for (const TypeSettings& effect : target.effects) {
-        changes += changesTo(effect, keptItems(effect), identities);
+        if (!(typeSettings(effect.type) == effect))
+            changes += changesTo(effect, keptItems(effect), identities);
     }
     const Identity tracks = type(types::tracks);
     appendChanges(changes, tracks, m_values.value(tracks), belonging(target.tracks, types::tracks, m_file));

@@ -49,6 +49,7 @@ public:
     int position(Identity item) const; ///< -1 for what is no item.
     Values values(Identity thing) const { return m_values.value(thing); }
     QVariant value(Identity thing, const QString& key) const { return m_values.value(thing).value(key); }
+    bool has(Identity thing, const QString& key) const { return m_values.value(thing).contains(key); }
     const QMap<Identity, Values>& all() const { return m_values; }
 
     Settings settings() const;

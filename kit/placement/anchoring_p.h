@@ -14,4 +14,7 @@ namespace zokit {
 /// anchor.
 Values anchoredValues(const Item& item, const QSize& frame);
 
+/// To whole pixels, halves away from 0.
+int rounded(double value);
+
 } // namespace zokit

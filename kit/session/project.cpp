@@ -281,10 +281,16 @@ Message Project::apply(const Settings& from, const QVector<FileSettings*>& targe
     if (!error.isEmpty())
         return error;
     d->history->beginGesture(Message(Code::StepApply, {QString::number(targets.size())}));
-    for (FileSettings* target : targets)
-        target->setSettings(carriedOver(from, target->settings(), carry), asker);
-    d->history->endGesture();
-    return Message();
+    Message refused;
+    for (FileSettings* target : targets) {
+        if (refused.isEmpty())
+            refused = target->setSettings(carriedOver(from, target->settings(), carry), asker);
+    }
+    if (refused.isEmpty())
+        d->history->endGesture();
+    else
+        d->history->cancelGesture();
+    return refused;
 }
 
 Identity Project::savedDefault(const QString& type) const

@@ -5,38 +5,43 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
+
+#include <QMap>
 
 #include <zokit/address.h>
 #include <zokit/placement.h>
 #include <zokit/properties.h>
 
+#include "carrying_p.h"
+#include "cataloguedefaults_p.h"
+#include "completion_p.h"
+#include "missingfiles_p.h"
 #include "names_p.h"
+#include "newitem_p.h"
 #include "things_p.h"
 
 namespace zokit {
 
 namespace {
 
+using carrying::Wanted;
 using Code = Message::Code;
-
-/// One thing that is asked for: a type, an item of it, or a value of either.
-struct Wanted {
-    QString type;
-    int pos = Address::ofType;
-    QString key; ///< Empty: all.
-};
 
 /// "TYPE", "TYPE:POS", "TYPE:KEY" or "TYPE:POS:KEY".
 std::optional<Wanted> wantedFrom(const QString& text)
 {
+    constexpr int mostParts = 3;
     const QStringList parts = text.split(QLatin1Char(':'));
-    if (parts.size() > 3 || parts.first().isEmpty())
+    if (parts.size() > mostParts || parts.contains(QString()))
         return std::nullopt;
     Wanted wanted{parts.first(), Address::ofType, QString()};
     int next = 1;
     if (parts.size() > next) {
         bool isNumber = false;
         const int pos = parts.at(next).toInt(&isNumber);
+        if (isNumber && pos < 0)
+            return std::nullopt;
         if (isNumber) {
             wanted.pos = pos;
             ++next;
@@ -46,7 +51,15 @@ std::optional<Wanted> wantedFrom(const QString& text)
         wanted.key = parts.at(next++);
     if (next < parts.size())
         return std::nullopt;
+    if (wanted.key == QLatin1String("_checkstate"))
+        wanted.key = own::selected;
     return wanted;
+}
+
+bool hasOutput(const Settings& settings)
+{
+    return std::any_of(settings.output.keyBegin(), settings.output.keyEnd(),
+                       [](const QString& name) { return name != keys::trim; });
 }
 
 QVector<Wanted> everythingIn(const Settings& from)
@@ -54,11 +67,13 @@ QVector<Wanted> everythingIn(const Settings& from)
     QVector<Wanted> all;
     for (const TypeSettings& type : from.effects)
         all.append({type.type, Address::ofType, QString()});
-    if (!from.output.isEmpty())
+    if (hasOutput(from))
         all.append({types::output, Address::ofType, QString()});
     return all;
 }
 
+/// What is asked for in the order in which it is carried over, whatever the order in which it was named: types, then
+/// items by their position, then values.
 QVector<Wanted> wantedOf(const Settings& from, const CarryOver& carry)
 {
     if (carry.what.isEmpty())
@@ -68,170 +83,127 @@ QVector<Wanted> wantedOf(const Settings& from, const CarryOver& carry)
         if (const std::optional<Wanted> wanted = wantedFrom(text))
             result.append(*wanted);
     }
+    const auto rank = [](const Wanted& wanted) {
+        return std::make_pair(wanted.key.isEmpty() ? (wanted.isItem() ? 1 : 0) : 2, wanted.pos);
+    };
+    std::stable_sort(result.begin(), result.end(), [&](const Wanted& a, const Wanted& b) { return rank(a) < rank(b); });
     return result;
 }
 
-bool isFileTrack(const Item& track)
+/// What is \a wanted of \a from as it arrives in a frame of \a frame: complete and rescaled.
+Settings arriving(const Settings& from, const QVector<Wanted>& wanted, const QSize& frame)
 {
-    return track.values.value(keys::subtitleIsFile).toBool() || track.values.value(keys::soundIsFile).toBool();
+    Settings source = from;
+    source.effects.clear();
+    for (const TypeSettings& type : from.effects) {
+        if (std::any_of(wanted.cbegin(), wanted.cend(), [&](const Wanted& one) { return one.type == type.type; }))
+            source.effects.append(completedType(type, from.media.frame.isEmpty() ? frame : from.media.frame));
+    }
+    return withoutMeasures(rescaled(source, frame));
 }
 
-/// The style of \a from on every track of \a to that it suits. Which tracks there are, and which are chosen, is the
-/// clip's.
-void spreadStyle(const Item& from, TypeSettings& to)
+/// Whether \a wanted, which was read from \a text, names something that can be in \a type.
+Message checkForm(const Wanted& wanted, const QString& text, const TypeSettings* type)
 {
-    for (Item& track : to.items) {
-        const Suit suit = isFileTrack(track) ? Suit::FileTrack : Suit::EmbeddedTrack;
-        for (auto it = from.values.cbegin(); it != from.values.cend(); ++it) {
-            const Property* known = findProperty(to.type, it.key());
-            if (known && known->hasDefault() && known->suits.testFlag(suit))
-                track.values.insert(it.key(), it.value());
+    const int count = type ? static_cast<int>(type->items.size()) : 0;
+    if (wanted.isItem() && !hasItems(wanted.type))
+        return Message(Code::TypeHasNoItems, {wanted.type});
+    if (wanted.isItem() && wanted.pos >= count)
+        return Message(Code::NoSuchItem, {wanted.type, QString::number(wanted.pos), QString::number(count)});
+    if (wanted.key.isEmpty())
+        return Message();
+    if (const Message error = readAddress(text).error; !error.isEmpty())
+        return error;
+    const Property* known = findProperty(wanted.type, wanted.key);
+    const Suits suits = known ? known->suits : Suits();
+    if (type && !wanted.isItem() && ((known && !suits.testFlag(Suit::Type)) || wanted.key == own::anchor))
+        return Message(Code::KeyNeedsItem, {wanted.type, wanted.key});
+    if (wanted.isItem() && known && !suits.testFlag(suitOf(wanted.type, true, type->items.at(wanted.pos).values)))
+        return Message(Code::NotOfItem, {text, suitsText(suits)});
+    return Message();
+}
+
+/// Each of \a carry by its form, and whether \a from holds it.
+Message checkForm(const Settings& from, const CarryOver& carry)
+{
+    QStringList known;
+    for (const TypeSettings& type : from.effects)
+        known.append(type.type);
+    known << types::output << types::tracks;
+    for (const QString& text : carry.what) {
+        const std::optional<Wanted> wanted = wantedFrom(text);
+        if (!wanted)
+            return Message(Code::AddressMalformed, {text});
+        if (effectTypes().contains(wanted->type) && !known.contains(wanted->type))
+            return Message(Code::NotAmong, {wanted->type, known.join(QStringLiteral(", "))});
+        if (!known.contains(wanted->type))
+            return Message(Code::UnknownType, {wanted->type, nearest(wanted->type, known)});
+        const Message error = checkForm(*wanted, text, from.find(wanted->type));
+        if (!error.isEmpty())
+            return error;
+    }
+    return Message();
+}
+
+/// The first image among what is carried over that is not there.
+Message checkImages(const Settings& from, const CarryOver& carry)
+{
+    const TypeSettings* watermarks = from.find(types::watermark);
+    for (const Wanted& wanted : wantedOf(from, carry)) {
+        if (wanted.type != types::watermark || !(wanted.key.isEmpty() || wanted.key == keys::imageUrl))
+            continue;
+        for (int pos = 0; pos < watermarks->items.size(); ++pos) {
+            if (wanted.isItem() && wanted.pos != pos)
+                continue;
+            const Message missing = missingFile(*watermarks, pos);
+            if (!missing.isEmpty())
+                return missing;
         }
     }
-}
-
-/// The track whose style is meant: the first that is selected, else the first.
-const Item* styled(const TypeSettings& type)
-{
-    const auto chosen =
-        std::find_if(type.items.cbegin(), type.items.cend(), [](const Item& item) { return item.selected; });
-    if (chosen != type.items.cend())
-        return &*chosen;
-    return type.items.isEmpty() ? nullptr : &type.items.first();
-}
-
-void carryTracks(const TypeSettings& from, const Wanted& wanted, TypeSettings& to)
-{
-    to.selected = from.selected;
-    const Item* style = wanted.pos == Address::ofType ? styled(from) : &from.items.at(wanted.pos);
-    if (style)
-        spreadStyle(*style, to);
-    // Subtitle and sound files are the user's own, and come along.
-    for (const Item& item : from.items) {
-        const bool isMeant = wanted.pos == Address::ofType || &item == style;
-        if (isMeant && isFileTrack(item) && !to.items.contains(item))
-            to.items.append(item);
-    }
-}
-
-void carryItems(const TypeSettings& from, const Wanted& wanted, bool add, TypeSettings& to)
-{
-    const bool single = wanted.pos != Address::ofType;
-    const QVector<Item> items = single ? QVector<Item>{from.items.at(wanted.pos)} : from.items;
-    if (!single) {
-        to.values = from.values;
-        to.selected = from.selected;
-    } else if (items.first().selected) {
-        to.selected = true;
-    }
-    if (add) {
-        for (const Item& item : items) {
-            if (!to.items.contains(item))
-                to.items.append(item);
-        }
-    } else if (single && to.type == types::watermark) {
-        // One watermark takes the place of the one at its position.
-        if (wanted.pos < to.items.size())
-            to.items[wanted.pos] = items.first();
-        else if (!to.items.contains(items.first()))
-            to.items.append(items.first());
-    } else if (single) {
-        for (Item& there : to.items) {
-            if (there.name == items.first().name)
-                there = items.first();
-        }
-    } else {
-        to.items = items;
-    }
-}
-
-void carryValue(const TypeSettings& from, const Wanted& wanted, TypeSettings& to)
-{
-    const auto copy = [&wanted](const Values& source, bool sourceSelected, Values& target, bool& targetSelected) {
-        if (wanted.key == own::selected)
-            targetSelected = sourceSelected;
-        else if (source.contains(wanted.key))
-            target.insert(wanted.key, source.value(wanted.key));
-    };
-    if (wanted.pos == Address::ofType) {
-        copy(from.values, from.selected, to.values, to.selected);
-        if (wanted.key != own::selected && from.selected)
-            to.selected = true;
-    } else if (wanted.pos < to.items.size()) {
-        const Item& source = from.items.at(wanted.pos);
-        Item& target = to.items[wanted.pos];
-        if (wanted.key == own::anchor)
-            target.anchor = source.anchor;
-        else
-            copy(source.values, source.selected, target.values, target.selected);
-    }
-}
-
-void carry(const TypeSettings& from, const Wanted& wanted, bool add, TypeSettings& to)
-{
-    if (!wanted.key.isEmpty())
-        carryValue(from, wanted, to);
-    else if (to.type == types::subtitle || to.type == types::audio)
-        carryTracks(from, wanted, to);
-    else if (hasItems(to.type))
-        carryItems(from, wanted, add, to);
-    else
-        to = from;
-}
-
-void carryOutput(const Wanted& wanted, const Values& from, Values& to)
-{
-    for (auto it = from.cbegin(); it != from.cend(); ++it) {
-        const bool isClipsOwn = it.key() == keys::trim;
-        if (wanted.key.isEmpty() ? !isClipsOwn : it.key() == wanted.key)
-            to.insert(it.key(), it.value());
-    }
+    return Message();
 }
 
 } // namespace
 
 Message checkCarryOver(const Settings& from, const CarryOver& carry)
 {
-    QStringList known{types::output, types::tracks};
-    for (const TypeSettings& type : from.effects)
-        known.append(type.type);
-    for (const QString& text : carry.what) {
-        const std::optional<Wanted> wanted = wantedFrom(text);
-        if (!wanted)
-            return Message(Code::AddressMalformed, {text});
-        if (!known.contains(wanted->type))
-            return Message(Code::UnknownType, {wanted->type, nearest(wanted->type, known)});
-        if (!wanted->key.isEmpty()) {
-            const ReadAddress read = readAddress(text);
-            if (!read.error.isEmpty())
-                return read.error;
-        }
-        const TypeSettings* type = from.find(wanted->type);
-        const int count = type ? static_cast<int>(type->items.size()) : 0;
-        if (wanted->pos != Address::ofType && (wanted->pos < 0 || wanted->pos >= count))
-            return Message(Code::NoSuchItem, {wanted->type, QString::number(wanted->pos), QString::number(count)});
-    }
-    return Message();
+    const Message error = checkForm(from, carry);
+    return error.isEmpty() ? checkImages(from, carry) : error;
 }
 
 Settings carriedOver(const Settings& from, const Settings& to, const CarryOver& asked)
 {
-    if (!checkCarryOver(from, asked).isEmpty())
+    if (!checkForm(from, asked).isEmpty())
         return to;
-    const Settings source = rescaled(from, to.media.frame);
+    const QVector<Wanted> all = wantedOf(from, asked);
+    const Settings source = arriving(from, all, to.media.frame);
     Settings result = to;
-    for (const Wanted& wanted : wantedOf(from, asked)) {
-        const TypeSettings* sourceType = source.find(wanted.type);
-        TypeSettings* target = result.find(wanted.type);
-        if (wanted.type == types::output)
-            carryOutput(wanted, source.output, result.output);
-        else if (wanted.type == types::tracks)
-            result.tracks = source.tracks;
-        else if (sourceType && target)
-            carry(*sourceType, wanted, asked.add, *target);
-        else if (sourceType)
-            result.effects.append(*sourceType);
+    QMap<QString, QVector<int>> items; // Of a type all at once: one that comes does not push out another.
+    for (const Wanted& wanted : all) {
+        if (wanted.key.isEmpty() && wanted.isItem() && !items[wanted.type].contains(wanted.pos))
+            items[wanted.type].append(wanted.pos);
     }
+    for (const Wanted& wanted : all) {
+        if (wanted.type == types::output || wanted.type == types::tracks) {
+            const bool isOutput = wanted.type == types::output;
+            carrying::named(isOutput ? source.output : source.tracks, wanted, asked.add && isOutput,
+                            isOutput ? result.output : result.tracks);
+            continue;
+        }
+        const TypeSettings& type = *source.find(wanted.type);
+        if (!result.find(wanted.type))
+            result.effects.append(catalogueType(wanted.type, to.media.frame));
+        TypeSettings& target = *result.find(wanted.type);
+        if (!wanted.key.isEmpty())
+            carrying::value(type, wanted, target);
+        else if (wanted.type == types::subtitle || wanted.type == types::audio)
+            carrying::tracks(type, wanted, asked.add, target);
+        else if (wanted.isItem())
+            carrying::items(type, items.take(wanted.type), asked.add, target);
+        else
+            carrying::type(type, asked.add, target);
+    }
+    placeAnchored(result);
     return result;
 }
 

@@ -36,12 +36,34 @@ const Table tables[] = {
 };
 // clang-format on
 
+QMap<QString, Values> allDefaults()
+{
+    QMap<QString, Values> all;
+    for (const Table& table : tables) {
+        Values& values = all[QString::fromLatin1(table.type)];
+        for (const EffectDefaultVal* entry = table.properties; entry->key; ++entry)
+            values.insert(QString::fromUtf8(entry->key), entry->defaultValue);
+    }
+    return all;
+}
+
 Values defaultsOf(const QString& type)
 {
-    Values values;
-    for (const EffectDefaultVal* entry = catalogueOf(type); entry && entry->key; ++entry)
-        values.insert(QString::fromUtf8(entry->key), entry->defaultValue);
-    return values;
+    static const QMap<QString, Values> all = allDefaults();
+    return all.value(type);
+}
+
+QVector<Item> plainFrameEffects()
+{
+    QVector<Item> items;
+    for (const FrameEffect& effect : frameEffects()) {
+        Item item;
+        item.name = QString::fromUtf8(effect.name);
+        item.selected = false;
+        item.values.insert(QStringLiteral("id"), effect.id);
+        items.append(item);
+    }
+    return items;
 }
 
 int part(double factor, int side)
@@ -69,13 +91,8 @@ TypeSettings catalogueType(const QString& type, const QSize& frame)
         result.values = defaultsOf(type);
         return result;
     }
-    for (const FrameEffect& effect : frameEffects()) {
-        Item item;
-        item.name = QString::fromUtf8(effect.name);
-        item.selected = false;
-        item.values.insert(QStringLiteral("id"), effect.id);
-        result.items.append(item);
-    }
+    static const QVector<Item> items = plainFrameEffects();
+    result.items = items;
     return result;
 }
 

@@ -18,6 +18,8 @@ namespace {
 
 void addMissing(Values& values, const Values& defaults)
 {
+    if (values.isEmpty())
+        values = defaults;
     for (auto it = defaults.cbegin(); it != defaults.cend(); ++it) {
         if (!values.contains(it.key()))
             values.insert(it.key(), it.value());
@@ -64,6 +66,19 @@ void placeAnchored(Settings& settings)
         for (auto it = placed.cbegin(); it != placed.cend(); ++it)
             item.values.insert(it.key(), it.value());
     }
+}
+
+Settings withoutMeasures(Settings settings)
+{
+    if (TypeSettings* watermarks = settings.find(types::watermark)) {
+        for (Item& item : watermarks->items) {
+            if (item.values.value(keys::isText).toBool()) {
+                item.values.remove(keys::imageWidth);
+                item.values.remove(keys::imageHeight);
+            }
+        }
+    }
+    return settings;
 }
 
 Settings completed(const Settings& settings)

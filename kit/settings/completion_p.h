@@ -13,4 +13,7 @@ TypeSettings completedType(const TypeSettings& type, const QSize& frame);
 /// Place and size of watermarks that have an anchor follow from it.
 void placeAnchored(Settings& settings);
 
+/// The measured size of a text is no setting.
+Settings withoutMeasures(Settings settings);
+
 } // namespace zokit

@@ -36,6 +36,8 @@ inline const QString subtitleIsFile = QStringLiteral("sub_fromfile");
 inline const QString soundIsFile = QStringLiteral("audio_isfile");
 inline const QString trackId = QStringLiteral("trackid");
 inline const QString trackFile = QStringLiteral("file");
+inline const QString subtitleLeft = QStringLiteral("sub_hposition");
+inline const QString subtitleFontSize = QStringLiteral("sub_fontsize");
 inline const QString subtitleTop = QStringLiteral("sub_vposition");
 inline const QString subtitlePlaced = QStringLiteral("dvdsubtitleposeditbyuser");
 // Output

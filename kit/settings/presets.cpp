@@ -97,6 +97,7 @@ Presets::Loaded Presets::load(const QString& name) const
     const ReadSettings read = readPreset(*text, m_folder);
     loaded.error = read.error;
     loaded.preset = read.settings.value_or(Settings());
+    loaded.warnings = missingFiles(loaded.preset);
     return loaded;
 }
 

@@ -50,6 +50,8 @@ ReadSettings loadSettings(const QString& path)
     ReadSettings read = readSettings(*text, QFileInfo(path).absolutePath());
     if (!read.error.isEmpty())
         read.error = Message(Message::Code::InFile, {path, read.error.text()});
+    if (read.settings)
+        read.warnings += missingFiles(*read.settings);
     return read;
 }
 

@@ -319,8 +319,11 @@ ReadSettings Reader::read(const QJsonObject& root)
         return {std::nullopt, m_error, {}};
     if (!m_isPreset)
         return {completed(m_settings), Message(), {}};
-    for (TypeSettings& type : m_settings.effects)
-        type = completedType(type, m_settings.media.frame);
+    // Without a frame there are no places by default: the target's frame gives them.
+    for (TypeSettings& type : m_settings.effects) {
+        if (!m_settings.media.frame.isEmpty())
+            type = completedType(type, m_settings.media.frame);
+    }
     return {m_settings, Message(), {}};
 }
 

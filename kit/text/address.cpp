@@ -13,6 +13,8 @@ namespace {
 const QString outputType = QStringLiteral("Output");
 const QString tracksType = QStringLiteral("Tracks");
 const QString selectedKey = QStringLiteral("selected");
+const QString anchorKey = QStringLiteral("anchor");
+const QString watermarkType = QStringLiteral("Watermark");
 
 QStringList typeNames()
 {
@@ -28,6 +30,8 @@ QStringList keysOf(const QString& type)
     }
     if (type != outputType && type != tracksType)
         keys.append(selectedKey);
+    if (type == watermarkType)
+        keys.append(anchorKey);
     return keys;
 }
 

@@ -5,13 +5,13 @@
 
 #include <algorithm>
 
-#include <QDir>
-#include <QFileInfo>
-
 #include <zokit/properties.h>
 
 #include "cataloguedefaults_p.h"
+#include "languages_p.h"
 #include "names_p.h"
+#include "newitem_p.h"
+#include "sidecars_p.h"
 
 namespace zokit {
 
@@ -27,36 +27,9 @@ const QString audioTracks = QStringLiteral("audio-tracks");
 const QString subtitleTrack = QStringLiteral("subtitle-track");
 const QString none = QStringLiteral("none");
 
-/// Endings of subtitle files that a clip can have beside it.
-const QStringList& subtitleEndings()
-{
-    static const QStringList endings{QStringLiteral("srt"), QStringLiteral("ass"), QStringLiteral("ssa"),
-                                     QStringLiteral("vtt"), QStringLiteral("sup"), QStringLiteral("idx")};
-    return endings;
-}
-
 bool speaks(const Track& track, const QString& language)
 {
-    return track.language.compare(language, Qt::CaseInsensitive) == 0;
-}
-
-TrackChoice choiceOf(const QString& sidecar)
-{
-    TrackChoice choice;
-    choice.sidecar = sidecar;
-    choice.track.kind = TrackKind::Subtitle;
-    choice.track.index = -1;
-    choice.track.codec = QFileInfo(sidecar).suffix().toLower();
-    // The clip's name is what stands before the first of the words.
-    const QStringList words = QFileInfo(sidecar).completeBaseName().split(QLatin1Char('.'));
-    for (const QString& word : words.mid(1)) {
-        constexpr int longestLanguage = 3;
-        if (word.compare(QLatin1String("forced"), Qt::CaseInsensitive) == 0)
-            choice.track.forced = true;
-        else if (word.size() >= 2 && word.size() <= longestLanguage)
-            choice.track.language = word.toLower();
-    }
-    return choice;
+    return sameLanguage(track.language, language);
 }
 
 void choose(QVector<TrackChoice>& choices, int index, const Message& why)
@@ -150,8 +123,13 @@ void chooseSubtitle(const TrackRules& rules, QVector<TrackChoice>& choices, Mess
             return;
         }
     }
-    const int sidecar =
-        rules.sidecars ? firstSubtitle(choices, [](const Track& track) { return track.index < 0; }) : -1;
+    int sidecar = firstSubtitle(choices, [](const Track& track) {
+        return track.index < 0 && !track.forced && track.language.isEmpty(); // Of the clip as such.
+    });
+    if (sidecar < 0)
+        sidecar = firstSubtitle(choices, [](const Track& track) { return track.index < 0 && !track.forced; });
+    if (sidecar < 0)
+        sidecar = firstSubtitle(choices, [](const Track& track) { return track.index < 0; });
     if (sidecar >= 0)
         choose(choices, sidecar, Message(Code::ChosenAsSidecar));
 }
@@ -190,10 +168,11 @@ Values itemFor(const TrackChoice& choice)
     return values;
 }
 
-bool isThatTrack(const Item& item, const Values& which)
+bool isThatTrack(const QString& type, const Item& item, const Values& which)
 {
-    return std::all_of(which.keyBegin(), which.keyEnd(),
-                       [&](const QString& key) { return item.values.value(key) == which.value(key); });
+    const bool isFile = suitOf(type, true, item.values) == Suit::FileTrack;
+    const QString key = isFile ? keys::trackFile : keys::trackId;
+    return which.contains(key) && item.values.value(key) == which.value(key);
 }
 
 } // namespace
@@ -205,7 +184,7 @@ std::optional<TrackRules> trackRulesFrom(const Values& values, Message* error)
         const std::optional<QStringList> list = words(it.value());
         bool understood = true;
         if (it.key() == audioLanguage || it.key() == subtitleLanguage) {
-            understood = list.has_value();
+            understood = list && !list->contains(QString());
             (it.key() == audioLanguage ? rules.audioLanguages : rules.subtitleLanguages) = list.value_or(QStringList());
         } else if (it.key() == forcedSubtitles || it.key() == sidecarsKey) {
             understood = it.value().userType() == QMetaType::Bool;
@@ -223,7 +202,7 @@ std::optional<TrackRules> trackRulesFrom(const Values& values, Message* error)
             if (it.value().toString() == none) {
                 rules.subtitleTrack = -1;
             } else {
-                rules.subtitleTrack = it.value().toInt(&understood);
+                rules.subtitleTrack = it.value().toString().toInt(&understood); // 2.5 is no number of a track.
                 understood = understood && *rules.subtitleTrack >= 0;
             }
         } else {
@@ -261,21 +240,8 @@ Values toValues(const TrackRules& rules)
     return values;
 }
 
-QStringList sidecarsOf(const QString& clip)
-{
-    const QFileInfo info(clip);
-    const QString base = info.completeBaseName() + QLatin1Char('.');
-    QStringList found;
-    const QFileInfoList there = info.dir().entryInfoList(QDir::Files, QDir::Name);
-    for (const QFileInfo& file : there) {
-        if (file.fileName().startsWith(base) && subtitleEndings().contains(file.suffix().toLower()))
-            found.append(file.absoluteFilePath());
-    }
-    return found;
-}
-
-QVector<TrackChoice> chosenTracks(const TrackRules& rules, const QVector<Track>& tracks, const QStringList& sidecars,
-                                  Message* error)
+QVector<TrackChoice> chosenTracks(const TrackRules& rules, const QVector<Track>& tracks, const QString& clip,
+                                  const QStringList& sidecars, Message* error)
 {
     if (error)
         *error = Message();
@@ -286,16 +252,18 @@ QVector<TrackChoice> chosenTracks(const TrackRules& rules, const QVector<Track>&
     }
     if (rules.sidecars) {
         for (const QString& sidecar : sidecars)
-            choices.append(choiceOf(sidecar));
+            choices.append(choiceOf(sidecar, clip));
     }
     chooseAudio(rules, choices, error);
     chooseSubtitle(rules, choices, error);
     return choices;
 }
 
-Settings withTracks(const Settings& settings, const QVector<TrackChoice>& choices, const TrackRules& rules)
+Settings withTracks(const Settings& settings, const QVector<TrackChoice>& choices, const TrackRules& rules,
+                    NewTracks fresh)
 {
     Settings result = settings;
+    const bool hadSidecars = settings.tracks.value(sidecarsKey).toBool();
     for (const QString& type : {types::audio, types::subtitle}) {
         TypeSettings* target = result.find(type);
         if (!target)
@@ -307,23 +275,27 @@ Settings withTracks(const Settings& settings, const QVector<TrackChoice>& choice
             if ((choice.track.kind == TrackKind::Audio) != sound)
                 continue;
             const Values which = itemFor(choice);
-            const auto there =
-                std::find_if(known.begin(), known.end(), [&](const Item& item) { return isThatTrack(item, which); });
+            const auto there = std::find_if(known.begin(), known.end(),
+                                            [&](const Item& item) { return isThatTrack(type, item, which); });
             Item item;
             if (there != known.end()) {
                 item = *there;
                 known.erase(there);
             } else {
-                item.values = catalogueItem(type, settings.media.frame);
+                item.values = fresh == NewTracks::SavedDefaults
+                                  ? newItem(type, kindOf(type, which), settings.media.frame).values
+                                  : catalogueItem(type, settings.media.frame);
                 for (auto it = which.cbegin(); it != which.cend(); ++it)
                     item.values.insert(it.key(), it.value());
             }
             item.selected = choice.selected;
             items.append(item);
         }
-        // Files that a person added stay; tracks that the clip has no longer go.
+        // Files that a person added stay; tracks that the clip has no longer go, and files that a rule brought.
         for (const Item& item : known) {
-            if (item.values.value(keys::subtitleIsFile).toBool() || item.values.value(keys::soundIsFile).toBool())
+            const QString file = item.values.value(keys::trackFile).toString();
+            if (suitOf(type, true, item.values) == Suit::FileTrack
+                && !(hadSidecars && isSidecarOf(file, settings.media.file)))
                 items.append(item);
         }
         target->items = items;

@@ -1244,8 +1244,8 @@
         <translation>als Untertiteldatei neben dem Clip gewählt</translation>
     </message>
     <message>
-        <source>The clip has no such track %1. zoconvert probe lists its tracks.</source>
-        <translation>Der Clip hat keine solche Spur %1. zoconvert probe zählt seine Spuren auf.</translation>
+        <source>The clip has no such track %1. Choose one that it has.</source>
+        <translation>Der Clip hat keine solche Spur %1. Wählen Sie eine, die er hat.</translation>
     </message>
     <message>
         <source>Tracks:%1: %2 is no value for this rule.</source>
@@ -1522,6 +1522,14 @@
     <message>
         <source>%1: nothing was found out about it in %2 seconds. Check that its disk answers, and that it is whole.</source>
         <translation>%1: In %2 Sekunden war nichts darüber herauszufinden. Prüfen Sie, ob der Datenträger antwortet und die Datei vollständig ist.</translation>
+    </message>
+    <message>
+        <source>%1: %2: no such file. Bring it back, or choose another.</source>
+        <translation>%1: %2: Diese Datei gibt es nicht. Bringen Sie sie zurück oder wählen Sie eine andere.</translation>
+    </message>
+    <message>
+        <source>There is no %1 to be carried over. There is %2.</source>
+        <translation>Es gibt kein %1 zu übertragen. Es gibt %2.</translation>
     </message>
 </context>
 </TS>

@@ -69,6 +69,7 @@ public:
         TypeTwice,          ///< 1: the type.
         PresetHolds,        ///< 1: the member that no preset has.
         FileMissing,        ///< 1: the path, 2: the nearest name beside it.
+        MissingAt,          ///< 1: the address, 2: the path.
         FileUnreadable,     ///< 1: the path, 2: why.
         FileUnwritable,     ///< 1: the path, 2: why.
         PresetMissing,      ///< 1: the name, 2: the nearest one.
@@ -84,6 +85,7 @@ public:
         JournalLacks,  ///< 1: the address, whose value the journal cannot keep.
         SavedIsNewer,  ///< 1: the settings file, 2: when it was saved, 3: when the journal was written last.
         NotKept,       ///< 1: the option, which is said for each run anew.
+        NotAmong,      ///< 1: the type, 2: what there is.
         NothingToSave, ///< 1: the type, of which nothing can be saved as a default.
         // Media
         ToolMissing,     ///< 1: the program, 2: its package.

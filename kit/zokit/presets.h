@@ -26,6 +26,7 @@ public:
     struct Loaded {
         Settings preset;
         Message error;
+        Messages warnings; ///< The missingFiles() of the preset.
     };
     Loaded load(const QString& name) const;
     /// Settings as a command line names them: the file \a word where it has a slash or ends in ".json", settings or a

@@ -42,7 +42,7 @@ public:
 
     /// \name Many files
     /// @{
-    /// Carries settings of \a from over to \a targets as one step of the history.
+    /// Carries settings of \a from over to \a targets as one step of the history: to all, or to none with the reason.
     Message apply(const Settings& from, const QVector<FileSettings*>& targets, const CarryOver& carry,
                   QObject* asker = nullptr);
     /// @}

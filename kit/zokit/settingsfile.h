@@ -27,7 +27,12 @@ ZOKIT_EXPORT ReadSettings readSettings(const QByteArray& json, const QString& fo
 /// The text of a settings file for \a folder. Reading it gives \a settings again, bit by bit.
 ZOKIT_EXPORT QByteArray writeSettings(const Settings& settings, const QString& folder);
 
-/// readSettings() of the file at \a path: regular files of at most 16 MB only. The error begins with the path.
+/// A sentence for each file that \a settings name and that is not there, at its address: the clip, images, files of
+/// subtitles and sound. Such settings can be edited and saved, and not be converted.
+ZOKIT_EXPORT Messages missingFiles(const Settings& settings);
+
+/// readSettings() of the file at \a path: regular files of at most 16 MB only. The missingFiles() are warned of. An
+/// error begins with the path.
 ZOKIT_EXPORT ReadSettings loadSettings(const QString& path);
 /// Writes the file at \a path whole or not at all. An empty message: it is there.
 ZOKIT_EXPORT Message saveSettings(const Settings& settings, const QString& path);
@@ -36,7 +41,8 @@ ZOKIT_EXPORT Message saveSettings(const Settings& settings, const QString& path)
 ZOKIT_EXPORT Settings completed(const Settings& settings);
 
 /// A preset: settings without a clip, of the types that it is meant for. Its frame is that for which they were made.
-/// readPreset() refuses "media" and "trim"; the types that it holds are completed.
+/// readPreset() refuses "media" and "trim"; the types that it holds are completed. Without "base" they stay as they
+/// were written: what is missing has the default at the frame of the file to which they are carried over.
 ZOKIT_EXPORT ReadSettings readPreset(const QByteArray& json, const QString& folder);
 ZOKIT_EXPORT QByteArray writePreset(const Settings& preset, const QString& folder);
 

@@ -22,7 +22,7 @@ struct ZOKIT_EXPORT Track {
     int index = 0; ///< Stream number.
     TrackKind kind = TrackKind::Video;
     QString codec;
-    QString language; ///< ISO 639-2 ("fra") or empty.
+    QString language; ///< ISO 639 ("fra", "fre" and "fr" are one) or empty.
     QString title;
     bool isDefault = false;
     bool forced = false;
@@ -32,7 +32,7 @@ struct ZOKIT_EXPORT Track {
 struct ZOKIT_EXPORT TrackRules {
     QStringList audioLanguages;    ///< In order of preference; all tracks of the first language that the clip has.
     QStringList subtitleLanguages; ///< In order; one track.
-    bool forcedSubtitles = false;  ///< A forced subtitle is chosen where there is one, of the audio's language first.
+    bool forcedSubtitles = false;  ///< A forced subtitle in the sound's language is chosen, else one without language.
     bool sidecars = false;         ///< Subtitle files of the clip's name beside it count as tracks.
     std::optional<QVector<int>> audioTracks; ///< By hand: stream numbers.
     std::optional<int> subtitleTrack;        ///< By hand: a stream number; -1: none.
@@ -51,17 +51,22 @@ struct ZOKIT_EXPORT TrackChoice {
 };
 
 /// Subtitle files that belong to \a clip: beside it, "NAME.srt", "NAME.eng.srt", "NAME.eng.forced.ass"; in the order of
-/// the alphabet.
+/// the alphabet. Not those of a clip beside it whose name goes on.
 ZOKIT_EXPORT QStringList sidecarsOf(const QString& clip);
 
-/// What \a rules choose among \a tracks and \a sidecars: one choice a track of sound or subtitles, in their order, then
-/// the sidecars. Without a rule nothing is selected. \a error: a track chosen by hand is not there.
+/// What \a rules choose among \a tracks of \a clip and \a sidecars: one choice a track of sound or subtitles, in their
+/// order, then the sidecars. Without a rule nothing is selected. \a error: a track chosen by hand is not there.
 ZOKIT_EXPORT QVector<TrackChoice> chosenTracks(const TrackRules& rules, const QVector<Track>& tracks,
-                                               const QStringList& sidecars, Message* error = nullptr);
+                                               const QString& clip, const QStringList& sidecars,
+                                               Message* error = nullptr);
+
+/// What a track that has no item yet gets: the saved defaults when a media file is added, else the catalogue's.
+enum class NewTracks { CatalogueDefaults, SavedDefaults };
 
 /// \a settings with the items of "Audio" and "Subtitle" that \a choices mean: one item a track in their order, styles
-/// of tracks that are there already kept, \a rules noted under "tracks".
-ZOKIT_EXPORT Settings withTracks(const Settings& settings, const QVector<TrackChoice>& choices,
-                                 const TrackRules& rules);
+/// of tracks that are there already kept, \a rules noted under "tracks". Files that a person added stay; those that
+/// the rule of sidecars brought go with it.
+ZOKIT_EXPORT Settings withTracks(const Settings& settings, const QVector<TrackChoice>& choices, const TrackRules& rules,
+                                 NewTracks fresh = NewTracks::CatalogueDefaults);
 
 } // namespace zokit

@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include "missingfiles_p.h"
+
+#include <QFileInfo>
+
+#include <zokit/address.h>
+#include <zokit/properties.h>
+#include <zokit/settingsfile.h>
+
+#include "names_p.h"
+#include "newitem_p.h"
+
+namespace zokit {
+
+namespace {
+
+Message missingAt(const QString& where, const QString& path)
+{
+    const bool there = path.isEmpty() || QFileInfo(path).isFile();
+    return there ? Message() : Message(Message::Code::MissingAt, {where, path});
+}
+
+} // namespace
+
+Message missingFile(const TypeSettings& type, int pos)
+{
+    const Values& values = type.items.at(pos).values;
+    const Suit suit = suitOf(type.type, true, values);
+    if (suit != Suit::ImageWatermark && suit != Suit::FileTrack)
+        return Message();
+    const QString key = suit == Suit::ImageWatermark ? keys::imageUrl : keys::trackFile;
+    return missingAt(Address{type.type, pos, key}.toString(), values.value(key).toString());
+}
+
+Messages missingFiles(const Settings& settings)
+{
+    Messages missing;
+    const auto note = [&missing](const Message& message) {
+        if (!message.isEmpty())
+            missing.append(message);
+    };
+    note(missingAt(QStringLiteral("media"), settings.media.file));
+    for (const TypeSettings& type : settings.effects) {
+        for (int pos = 0; pos < type.items.size(); ++pos)
+            note(missingFile(type, pos));
+    }
+    return missing;
+}
+
+} // namespace zokit

@@ -1,0 +1,80 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include "sidecars_p.h"
+
+#include <algorithm>
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace zokit {
+
+namespace {
+
+/// Endings of subtitle files that a clip can have beside it.
+const QStringList& subtitleEndings()
+{
+    static const QStringList endings{QStringLiteral("srt"), QStringLiteral("ass"), QStringLiteral("ssa"),
+                                     QStringLiteral("vtt"), QStringLiteral("sup"), QStringLiteral("idx")};
+    return endings;
+}
+
+bool isSubtitle(const QFileInfo& file)
+{
+    return subtitleEndings().contains(file.suffix().toLower());
+}
+
+/// The name of \a file as far as its ending.
+QString nameOf(const QFileInfo& file)
+{
+    return file.completeBaseName();
+}
+
+} // namespace
+
+TrackChoice choiceOf(const QString& sidecar, const QString& clip)
+{
+    TrackChoice choice;
+    choice.sidecar = sidecar;
+    choice.track.kind = TrackKind::Subtitle;
+    choice.track.index = -1;
+    choice.track.codec = QFileInfo(sidecar).suffix().toLower();
+    const QString behind = nameOf(QFileInfo(sidecar)).mid(nameOf(QFileInfo(clip)).size());
+    for (const QString& word : behind.split(QLatin1Char('.'))) {
+        constexpr int longestLanguage = 3;
+        const bool isLetters = std::all_of(word.cbegin(), word.cend(), [](QChar letter) { return letter.isLetter(); });
+        if (word.compare(QLatin1String("forced"), Qt::CaseInsensitive) == 0)
+            choice.track.forced = true;
+        else if (choice.track.language.isEmpty() && isLetters && word.size() >= 2 && word.size() <= longestLanguage)
+            choice.track.language = word.toLower();
+    }
+    return choice;
+}
+
+bool isSidecarOf(const QString& file, const QString& clip)
+{
+    const QFileInfo subtitle(file);
+    const QFileInfo info(clip);
+    return !clip.isEmpty() && isSubtitle(subtitle) && subtitle.absolutePath() == info.absolutePath()
+           && subtitle.fileName().startsWith(nameOf(info) + QLatin1Char('.'));
+}
+
+QStringList sidecarsOf(const QString& clip)
+{
+    const QFileInfo info(clip);
+    const QFileInfoList there = info.dir().entryInfoList(QDir::Files, QDir::Name);
+    QStringList found;
+    for (const QFileInfo& file : there) {
+        // "film.extended.srt" belongs to "film.extended.mkv" where that is there, and not to "film.mkv".
+        const bool isOfAnother = std::any_of(there.cbegin(), there.cend(), [&](const QFileInfo& other) {
+            return !isSubtitle(other) && nameOf(other).size() > nameOf(info).size()
+                   && isSidecarOf(file.filePath(), other.filePath());
+        });
+        if (isSidecarOf(file.filePath(), clip) && !isOfAnother)
+            found.append(file.absoluteFilePath());
+    }
+    return found;
+}
+
+} // namespace zokit

@@ -1,0 +1,703 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include <QFile>
+#include <QRandomGenerator>
+#include <QtTest>
+
+#include <zokit/carryover.h>
+#include <zokit/differences.h>
+#include <zokit/history.h>
+#include <zokit/presets.h>
+#include <zokit/project.h>
+#include <zokit/properties.h>
+#include <zokit/settingsfile.h>
+
+#include "kitsupport.h"
+#include "randomedits.h"
+#include "testapplication.h"
+
+using namespace kitsupport;
+using zokit::CarryOver;
+using zokit::FileSettings;
+using zokit::Identity;
+using zokit::Project;
+using zokit::Settings;
+
+class TestKitCarryOver : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() { clearSavedDefaults(); }
+
+    void rule_data();
+    void rule();
+    void refusedWithAReason_data();
+    void refusedWithAReason();
+    void missingImageIsNamedAtItsItem();
+    void presetOfNoFrameTakesThePlacesOfTheTarget();
+    void busyTargetLeavesAllAsTheyWere();
+    void dryRunIsTheOutcome();
+};
+
+namespace {
+
+/// What is carried from a file of 1280x720 to one of half that size, and what the second then says.
+struct Rule {
+    const char* name;
+    void (*source)(FileSettings& file);
+    void (*target)(FileSettings& file);
+    QStringList what;
+    bool add;
+    const char* touched; ///< The types in which something differs afterwards.
+    QStringList then;    ///< "ADDRESS VALUE"; "count TYPE N".
+};
+
+void nothing(FileSettings&) {}
+
+Identity insertText(FileSettings& file, const char* text)
+{
+    return file.insert(key("Watermark"), {{key("wm_textcontent"), key(text)}}).item;
+}
+
+Identity insertLogo(FileSettings& file, const zokit::Values& values = {})
+{
+    zokit::Values all = values;
+    all.insert(key("wm_imageurl"), logoPath(200, 100));
+    return file.insert(key("Watermark"), all).item;
+}
+
+void insertTracks(FileSettings& file)
+{
+    for (const int track : {2, 3})
+        file.insert(key("Subtitle"), {{key("trackid"), track}, {key("selected"), track == 3}});
+    file.insert(key("Subtitle"), {{key("sub_fromfile"), true}, {key("file"), key("/own.srt")}});
+}
+
+QVariantMap anchor(const char* corner, const QVariant& margin)
+{
+    return {{key("corner"), key(corner)}, {key("margin"), margin}};
+}
+
+void setCrop(FileSettings& file, const QRect& crop)
+{
+    file.setValues(file.type(key("Crop")), {{key("crop_left"), crop.x()},
+                                            {key("crop_top"), crop.y()},
+                                            {key("crop_width"), crop.width()},
+                                            {key("crop_height"), crop.height()}});
+}
+
+void useFrameEffect(FileSettings& file, int pos)
+{
+    file.setValue(file.item(key("Effect"), pos), key("selected"), true);
+}
+
+void setSubtitleSize(FileSettings& file, int pos, int size)
+{
+    file.setValue(file.item(key("Subtitle"), pos), key("sub_fontsize"), size);
+}
+
+QVector<Rule> rules()
+{
+    return {
+        {"a watermark arrives whole and rescaled",
+         [](FileSettings& f) {
+             insertLogo(f, {{key("wm_hposition"), 301}, {key("wm_vposition"), 200}, {key("wm_transparency"), 40}});
+         },
+         nothing,
+         {key("Watermark")},
+         false,
+         "Watermark",
+         {key("count Watermark 1"), key("Watermark:0:wm_hposition 151"), key("Watermark:0:wm_vposition 100"),
+          key("Watermark:0:wm_imagewidth 100"), key("Watermark:0:wm_imageheight 50"),
+          key("Watermark:0:wm_transparency 40")}},
+        {"a text by the height of the frame",
+         [](FileSettings& f) { f.setValue(insertText(f, "Hello"), key("wm_fontsize"), 41); },
+         nothing,
+         {key("Watermark")},
+         false,
+         "Watermark",
+         {key("Watermark:0:wm_fontsize 21"), key("Watermark:0:wm_textcontent Hello")}},
+        {"a tiny text stays one",
+         [](FileSettings& f) { f.setValue(insertText(f, "Hello"), key("wm_fontsize"), 3); },
+         [](FileSettings& f) {
+             f.setMedia({QString(), QSize(16, 9), 1.0});
+         },
+         {key("Watermark")},
+         false,
+         "Watermark",
+         {key("Watermark:0:wm_fontsize 1")}},
+        {"an anchored watermark keeps its corner",
+         [](FileSettings& f) {
+             insertLogo(f, {{key("anchor"), anchor("bottom-right", key("2%"))}});
+         },
+         nothing,
+         {key("Watermark")},
+         false,
+         "Watermark",
+         {key("Watermark:0:wm_hposition 527"), key("Watermark:0:wm_vposition 303"), // 12.8 and 7.2 from the edges.
+          key("Watermark:0:anchor bottom-right")}},
+        {"also in a frame that stands",
+         [](FileSettings& f) {
+             insertLogo(f, {{key("anchor"), anchor("bottom-right", key("2%"))}});
+         },
+         [](FileSettings& f) {
+             f.setMedia({QString(), QSize(360, 640), 1.0});
+         },
+         {key("Watermark")},
+         false,
+         "Watermark",
+         {key("Watermark:0:wm_imagewidth 56"), key("Watermark:0:wm_imageheight 28"),
+          key("Watermark:0:wm_hposition 297"), key("Watermark:0:wm_vposition 599")}},
+        {"a margin in pixels follows the frame",
+         [](FileSettings& f) {
+             insertLogo(f, {{key("anchor"), anchor("top-left", 20)}});
+         },
+         nothing,
+         {key("Watermark")},
+         false,
+         "Watermark",
+         {key("Watermark:0:wm_hposition 10"), key("Watermark:0:wm_vposition 10")}},
+        {"a list is replaced as a whole",
+         [](FileSettings& f) { insertText(f, "new"); },
+         [](FileSettings& f) {
+             insertText(f, "old");
+             insertText(f, "older");
+         },
+         {key("Watermark")},
+         false,
+         "Watermark",
+         {key("count Watermark 1"), key("Watermark:0:wm_textcontent new")}},
+        {"adding appends",
+         [](FileSettings& f) { insertText(f, "new"); },
+         [](FileSettings& f) {
+             insertText(f, "old");
+             insertText(f, "older");
+         },
+         {key("Watermark")},
+         true,
+         "Watermark",
+         {key("count Watermark 3"), key("Watermark:0:wm_textcontent old"), key("Watermark:2:wm_textcontent new")}},
+        {"adding appends equal ones as often as they are there",
+         [](FileSettings& f) {
+             const Identity first = insertText(f, "twin");
+             f.setValues(insertText(f, "twin"), {{key("wm_hposition"), f.value(first, key("wm_hposition"))},
+                                                 {key("wm_vposition"), f.value(first, key("wm_vposition"))}});
+         },
+         nothing,
+         {key("Watermark")},
+         true,
+         "Watermark",
+         {key("count Watermark 2")}},
+        {"one watermark takes the place of the one at its position",
+         [](FileSettings& f) {
+             insertText(f, "a");
+             insertText(f, "b");
+         },
+         [](FileSettings& f) {
+             insertText(f, "old");
+             insertText(f, "older");
+         },
+         {key("Watermark:1")},
+         false,
+         "Watermark",
+         {key("count Watermark 2"), key("Watermark:0:wm_textcontent old"), key("Watermark:1:wm_textcontent b")}},
+        {"several by position, in any order",
+         [](FileSettings& f) {
+             for (const char* text : {"a", "b", "c"})
+                 insertText(f, text);
+         },
+         [](FileSettings& f) { insertText(f, "old"); },
+         {key("Watermark:2"), key("Watermark:1")},
+         false,
+         "Watermark",
+         {key("count Watermark 3"), key("Watermark:0:wm_textcontent old"), key("Watermark:1:wm_textcontent b"),
+          key("Watermark:2:wm_textcontent c")}},
+        {"a crop is the same part of the picture",
+         [](FileSettings& f) {
+             setCrop(f, {100, 50, 800, 600});
+         },
+         nothing,
+         {key("Crop")},
+         false,
+         "Crop",
+         {key("Crop:crop_left 50"), key("Crop:crop_top 25"), key("Crop:crop_width 400"), key("Crop:crop_height 300")}},
+        {"a crop to the edge ends at the edge",
+         [](FileSettings& f) {
+             setCrop(f, {1, 1, 1279, 719});
+         },
+         nothing,
+         {key("Crop")},
+         false,
+         "Crop",
+         {key("Crop:crop_left 1"), key("Crop:crop_top 1"), key("Crop:crop_width 639"), key("Crop:crop_height 359")}},
+        {"no crop is the whole frame there, too",
+         nothing,
+         [](FileSettings& f) {
+             setCrop(f, {10, 10, 100, 100});
+         },
+         {key("Crop")},
+         false,
+         "Crop",
+         {key("Crop:crop_width source_val"), key("Crop:crop_height source_val")}},
+        {"a style of subtitles reaches every track",
+         [](FileSettings& f) {
+             insertTracks(f);
+             setSubtitleSize(f, 0, 30);
+             setSubtitleSize(f, 1, 40);
+             f.setValue(f.item(key("Subtitle"), 0), key("selected"), false); // The style of the first selected one.
+         },
+         [](FileSettings& f) { insertTracks(f); },
+         {key("Subtitle")},
+         false,
+         "Subtitle",
+         {key("count Subtitle 3"), key("Subtitle:0:sub_fontsize 20"), key("Subtitle:1:sub_fontsize 20"),
+          key("Subtitle:2:sub_fontsize 20"), key("Subtitle:0:trackid 2"), key("Subtitle:0:selected false"),
+          key("Subtitle:1:selected true"), key("Subtitle:2:file /own.srt"), key("Subtitle:2:sub_fromfile true")}},
+        {"the files of subtitles stay with their clip", insertTracks, nothing, {key("Subtitle")}, false, "", {}},
+        {"unless they are added",
+         insertTracks,
+         nothing,
+         {key("Subtitle")},
+         true,
+         "Subtitle",
+         {key("count Subtitle 1"), key("Subtitle:0:file /own.srt"), key("Subtitle:0:sub_vposition 288")}},
+        {"a sound file comes along",
+         [](FileSettings& f) {
+             f.insert(key("Audio"), {{key("audio_isfile"), true}, {key("file"), key("/tune.ogg")}});
+             f.insert(key("Audio"), {{key("trackid"), 1}});
+         },
+         [](FileSettings& f) {
+             f.insert(key("Audio"), {{key("trackid"), 4}});
+         },
+         {key("Audio")},
+         false,
+         "Audio",
+         {key("count Audio 2"), key("Audio:0:trackid 4"), key("Audio:1:file /tune.ogg")}},
+        {"colours as they are",
+         [](FileSettings& f) {
+             f.setValues(f.type(key("Color")), {{key("bcs_contrast"), 25}, {key("bcs_brightness"), -7}});
+         },
+         nothing,
+         {key("Color")},
+         false,
+         "Color",
+         {key("Color:bcs_contrast 25"), key("Color:bcs_brightness -7"), key("Color:bcs_saturation 0")}},
+        {"a single value alone",
+         [](FileSettings& f) {
+             f.setValues(f.type(key("Color")), {{key("bcs_contrast"), 25}, {key("bcs_brightness"), -7}});
+         },
+         nothing,
+         {key("Color:bcs_contrast")},
+         false,
+         "Color",
+         {key("Color:bcs_contrast 25"), key("Color:bcs_brightness 0")}},
+        {"a place that comes takes a watermark from its anchor",
+         [](FileSettings& f) {
+             insertLogo(f, {{key("wm_hposition"), 300}, {key("wm_vposition"), 200}});
+         },
+         [](FileSettings& f) {
+             insertLogo(f, {{key("anchor"), anchor("top-left", 8)}});
+         },
+         {key("Watermark:0:wm_hposition")},
+         false,
+         "Watermark",
+         {key("Watermark:0:wm_hposition 150"), key("Watermark:0:wm_vposition 8"), key("Watermark:0:anchor ")}},
+        {"an anchor that comes places the watermark",
+         [](FileSettings& f) {
+             insertLogo(f, {{key("anchor"), anchor("top-left", 20)}});
+         },
+         [](FileSettings& f) {
+             insertLogo(f, {{key("wm_hposition"), 300}, {key("wm_vposition"), 200}});
+         },
+         {key("Watermark:0:anchor")},
+         false,
+         "Watermark",
+         {key("Watermark:0:wm_hposition 10"), key("Watermark:0:wm_vposition 10"), key("Watermark:0:anchor top-left")}},
+        {"frame effects in their order",
+         [](FileSettings& f) {
+             useFrameEffect(f, 0);
+             f.move(f.item(key("Effect"), 0), 19);
+             useFrameEffect(f, 4);
+         },
+         [](FileSettings& f) { useFrameEffect(f, 2); },
+         {key("Effect")},
+         false,
+         "Effect",
+         {key("count Effect 20"), key("Effect:19:name Blur"), key("Effect:19:selected true"),
+          key("Effect:4:selected true"), key("Effect:2:selected false")}},
+        {"added frame effects come last",
+         [](FileSettings& f) { useFrameEffect(f, 0); },
+         [](FileSettings& f) { useFrameEffect(f, 2); },
+         {key("Effect")},
+         true,
+         "Effect",
+         {key("count Effect 20"), key("Effect:19:name Blur"), key("Effect:19:selected true"),
+          key("Effect:1:selected true")}},
+        {"a sound effect as it is",
+         [](FileSettings& f) {
+             f.setValues(f.type(key("Audio_Echo")), {{key("audio_effect_flag"), true}, {key("audio_echo_delay"), 300}});
+         },
+         nothing,
+         {key("Audio_Echo")},
+         false,
+         "Audio_Echo",
+         {key("Audio_Echo:audio_effect_flag true"), key("Audio_Echo:audio_echo_delay 300")}},
+        {"output options as a whole, but for the trim of the clip",
+         [](FileSettings& f) {
+             f.setValues(f.output(), {{key("quality"), 20}, {key("trim"), key("1,2")}});
+         },
+         [](FileSettings& f) {
+             f.setValues(f.output(), {{key("container"), key("mkv")}, {key("trim"), key("3,4")}});
+         },
+         {key("Output")},
+         false,
+         "Output",
+         {key("Output:quality 20"), key("Output:container "), key("Output:trim 3,4")}},
+        {"added output options join those that are there",
+         [](FileSettings& f) { f.setValue(f.output(), key("quality"), 20); },
+         [](FileSettings& f) { f.setValue(f.output(), key("container"), key("mkv")); },
+         {key("Output")},
+         true,
+         "Output",
+         {key("Output:quality 20"), key("Output:container mkv")}},
+        {"a trim where it is asked for by name",
+         [](FileSettings& f) { f.setValue(f.output(), key("trim"), key("1,2")); },
+         nothing,
+         {key("Output:trim")},
+         false,
+         "Output",
+         {key("Output:trim 1,2")}},
+        {"one rule of tracks alone",
+         [](FileSettings& f) {
+             f.setValues(f.tracks(), {{key("audio-language"), key("fra")}, {key("sidecars"), true}});
+         },
+         nothing,
+         {key("Tracks:sidecars")},
+         false,
+         "Tracks",
+         {key("Tracks:sidecars true"), key("Tracks:audio-language ")}},
+        {"everything, but for the rules of tracks and the trim",
+         [](FileSettings& f) {
+             insertText(f, "a");
+             f.setValue(f.type(key("Color")), key("bcs_contrast"), 25);
+             f.setValue(f.tracks(), key("sidecars"), true);
+             f.setValue(f.output(), key("trim"), key("1,2"));
+         },
+         [](FileSettings& f) { f.setValue(f.output(), key("quality"), 30); },
+         {},
+         false,
+         "Watermark Color",
+         {key("count Watermark 1"), key("Color:bcs_contrast 25"), key("Output:quality 30")}},
+        {"the type before its item, whatever is named first",
+         [](FileSettings& f) {
+             insertText(f, "a");
+             insertText(f, "b");
+         },
+         [](FileSettings& f) { insertText(f, "old"); },
+         {key("Watermark:1"), key("Watermark")},
+         false,
+         "Watermark",
+         {key("count Watermark 2"), key("Watermark:0:wm_textcontent a"), key("Watermark:1:wm_textcontent b")}},
+    };
+}
+
+QString textOf(const QVariant& value)
+{
+    if (value.userType() == QMetaType::QVariantMap)
+        return value.toMap().value(key("corner")).toString();
+    return value.userType() == QMetaType::QVariantList ? value.toStringList().join(QLatin1Char(',')) : value.toString();
+}
+
+/// What \a file says to the first word, or words, of \a line.
+QString said(const FileSettings& file, const QString& line)
+{
+    const QString first = line.section(QLatin1Char(' '), 0, 0);
+    if (first == QLatin1String("count")) {
+        const QString type = line.section(QLatin1Char(' '), 1, 1);
+        return QStringLiteral("count %1 %2").arg(type).arg(file.items(type).size());
+    }
+    const QString type = first.section(QLatin1Char(':'), 0, 0);
+    const bool ofItem = first.count(QLatin1Char(':')) == 2;
+    const QString name = first.section(QLatin1Char(':'), -1);
+    const Identity thing = ofItem ? file.item(type, first.section(QLatin1Char(':'), 1, 1).toInt())
+                                  : file.thing({type, zokit::Address::ofType, name});
+    return first + QLatin1Char(' ')
+           + textOf(file.value(thing, name == QLatin1String("name") ? QStringLiteral(":name") : name));
+}
+
+QString touchedTypes(const Settings& before, const Settings& after)
+{
+    QStringList types;
+    for (const zokit::Difference& difference : zokit::differences(before, after)) {
+        if (!types.contains(difference.address.type))
+            types.append(difference.address.type);
+    }
+    return types.join(QLatin1Char(' '));
+}
+
+} // namespace
+
+void TestKitCarryOver::rule_data()
+{
+    QTest::addColumn<int>("row");
+    const QVector<Rule> all = rules();
+    for (int row = 0; row < all.size(); ++row)
+        QTest::newRow(all.at(row).name) << row;
+}
+
+void TestKitCarryOver::rule()
+{
+    QFETCH(int, row);
+    const Rule rule = rules().at(row);
+    Project project;
+    FileSettings* from = project.add(clip());
+    FileSettings* to = project.add(zokit::Media{key("/clips/half.mkv"), QSize(640, 360), 5.0});
+    rule.source(*from);
+    rule.target(*to);
+    const Settings source = from->settings();
+    const Settings before = to->settings();
+    const CarryOver carry{rule.what, rule.add};
+    const Settings dry = zokit::carriedOver(source, before, carry);
+    QCOMPARE(touchedTypes(before, dry), QString::fromLatin1(rule.touched));
+    QCOMPARE(project.apply(source, {to}, carry).text(), QString());
+    for (const QString& line : rule.then)
+        QCOMPARE(said(*to, line), line);
+    QVERIFY(to->settings() == dry);
+    QVERIFY(zokit::carriedOver(source, dry, carry) == dry);
+    QVERIFY(from->settings() == source);
+    QVERIFY(to->media() == before.media);
+}
+
+void TestKitCarryOver::refusedWithAReason_data()
+{
+    QTest::addColumn<QString>("what");
+    QTest::addColumn<QString>("sentence");
+    const QString noAddress = QStringLiteral("%1 is no address. Write TYPE:KEY or TYPE:POSITION:KEY, for example "
+                                             "Color:bcs_contrast or Watermark:0:wm_fontsize.");
+    for (const char* what : {"", "Watermark:-1", "Watermark:", "Watermark:0:", ":0", "Color:bcs_contrast:1"})
+        QTest::newRow(what) << what << noAddress.arg(QString::fromLatin1(what));
+    QTest::newRow("a misspelt type") << "Colour"
+                                     << "There is no effect type Colour. Did you mean Color?";
+    QTest::newRow("a type that is not there")
+        << "Subtitle"
+        << "There is no Subtitle to be carried over. There is Watermark, Color, Output, Tracks.";
+    QTest::newRow("an item that is not there") << "Watermark:5"
+                                               << "Watermark has no item 5; it has 1, counted from 0.";
+    QTest::newRow("an item of what has none") << "Color:0"
+                                              << "Color has no items. Leave the position out.";
+    QTest::newRow("a misspelt key") << "Color:bcs_contrst"
+                                    << "Color has no property bcs_contrst. Did you mean bcs_contrast?";
+    QTest::newRow("a key of items")
+        << "Watermark:wm_fontsize"
+        << "wm_fontsize belongs to an item of Watermark. Write Watermark:0:wm_fontsize for the first one.";
+    QTest::newRow("a key of other items") << "Watermark:0:wm_imageurl"
+                                          << "Watermark:0:wm_imageurl cannot be set here: it is for image watermarks.";
+    QTest::newRow("a misspelt option") << "Output:qualty"
+                                       << "There is no output option qualty. Did you mean quality?";
+}
+
+void TestKitCarryOver::refusedWithAReason()
+{
+    QFETCH(QString, what);
+    QFETCH(QString, sentence);
+    FileSettings file(clip());
+    insertText(file, "Hello");
+    const Settings preset = zokit::presetFrom(file.settings(), {key("Watermark"), key("Color")});
+    const CarryOver carry{{key("Color"), what}, false};
+    QCOMPARE(zokit::checkCarryOver(preset, carry).text(), sentence);
+    Project project;
+    FileSettings* target = project.add(clip());
+    target->setValue(target->type(key("Color")), key("bcs_contrast"), 5);
+    const Settings before = target->settings();
+    QCOMPARE(project.apply(preset, {target}, carry).text(), sentence);
+    QVERIFY(target->settings() == before);
+    QVERIFY(zokit::carriedOver(preset, before, carry) == before);
+}
+
+void TestKitCarryOver::missingImageIsNamedAtItsItem()
+{
+    const QString path = QDir::tempPath() + QStringLiteral("/gone.png");
+    QVERIFY(QFile::copy(logoPath(20, 10), path));
+    Project project;
+    FileSettings* file = project.add(clip());
+    insertText(*file, "Hello");
+    file->insert(key("Watermark"), {{key("wm_imageurl"), path}});
+    FileSettings* target = project.add(clip());
+    const Settings before = target->settings();
+    const Settings source = file->settings();
+    QCOMPARE(zokit::checkCarryOver(source, {}).text(), QString());
+    QVERIFY(QFile::remove(path));
+    const QString sentence =
+        QStringLiteral("Watermark:1:wm_imageurl: %1: no such file. Bring it back, or choose another.").arg(path);
+    for (const QStringList& what : {QStringList(), QStringList{key("Watermark")}, QStringList{key("Watermark:1")},
+                                    QStringList{key("Watermark:1:wm_imageurl")}}) {
+        QCOMPARE(zokit::checkCarryOver(source, {what, false}).text(), sentence);
+        QCOMPARE(project.apply(source, {target}, {what, false}).text(), sentence);
+        QVERIFY(target->settings() == before);
+    }
+    for (const QStringList& what : {QStringList{key("Watermark:0")}, QStringList{key("Color")}})
+        QCOMPARE(zokit::checkCarryOver(source, {what, false}).text(), QString());
+
+    // The settings can be opened and edited: whoever reads them is told.
+    const QString saved = QDir::tempPath() + QStringLiteral("/gone.zoeffect.json");
+    QVERIFY(zokit::saveSettings(source, saved).isEmpty());
+    const zokit::ReadSettings read = zokit::loadSettings(saved);
+    QVERIFY(read.settings && *read.settings == source);
+    QStringList warnings;
+    for (const zokit::Message& warning : read.warnings)
+        warnings.append(warning.text());
+    QCOMPARE(warnings,
+             QStringList({QStringLiteral("media: /clips/clip.mkv: no such file. Bring it back, or choose another."),
+                          sentence}));
+    const zokit::Presets presets(QDir::tempPath() + QStringLiteral("/presets"));
+    QVERIFY(presets.save(key("logo"), zokit::presetFrom(source, {key("Watermark")})).isEmpty());
+    const zokit::Presets::Loaded loaded = presets.load(key("logo"));
+    QVERIFY(loaded.error.isEmpty());
+    QCOMPARE(loaded.warnings.size(), 1);
+    QCOMPARE(loaded.warnings.first().text(), sentence);
+}
+
+void TestKitCarryOver::presetOfNoFrameTakesThePlacesOfTheTarget()
+{
+    const zokit::ReadSettings read = zokit::readPreset(
+        R"({"zoeffect": 1, "effects": [{"type": "Watermark", "items": [
+            {"values": {"wm_istextwatermark": true, "wm_textcontent": "Hello", "wm_fontsize": 30}}]}]})",
+        QString());
+    QVERIFY2(read.settings, qPrintable(read.error.text()));
+    FileSettings file(clip());
+    file.setSettings(zokit::carriedOver(*read.settings, file.settings(), {}));
+    QCOMPARE(placeOf(file, file.item(key("Watermark"), 0)), QPoint(128, 72)); // A tenth of each side.
+    QCOMPARE(file.value(file.item(key("Watermark"), 0), key("wm_fontsize")), QVariant(30));
+}
+
+void TestKitCarryOver::busyTargetLeavesAllAsTheyWere()
+{
+    Project project;
+    FileSettings* first = project.add(clip());
+    FileSettings* second = project.add(clip());
+    Settings source = first->settings();
+    source.find(key("Color"))->values.insert(key("bcs_contrast"), 25);
+    zokit::Message answer;
+    connect(second, &FileSettings::aboutToChange, this, [&] {
+        answer = project.apply(source, {first, second}, {{key("Color")}, false});
+    });
+    second->setValue(second->type(key("Color")), key("bcs_brightness"), 5);
+    QCOMPARE(answer.code(), zokit::Message::Code::Busy);
+    QCOMPARE(first->value(first->type(key("Color")), key("bcs_contrast")), QVariant(0));
+    QCOMPARE(second->value(second->type(key("Color")), key("bcs_brightness")), QVariant(5));
+}
+
+namespace {
+
+template <typename List>
+auto any(const List& list, QRandomGenerator& random)
+{
+    return list.at(random.bounded(static_cast<int>(list.size())));
+}
+
+/// Something that \a source may or may not hold.
+QString anythingOf(const Settings& source, QRandomGenerator& random)
+{
+    const QString type =
+        any(zokit::effectTypes() + QStringList{key("Watermark"), key("Output"), key("Tracks")}, random);
+    const zokit::TypeSettings* there = source.find(type);
+    const int items = there ? static_cast<int>(there->items.size()) : 0;
+    QString text = type;
+    if (items > 0 && random.bounded(2) == 1)
+        text += QLatin1Char(':') + QString::number(random.bounded(items));
+    if (random.bounded(3) == 0) {
+        QStringList names{key("selected"), key("anchor")};
+        for (const zokit::Property& property : zokit::properties()) {
+            if (property.type == type)
+                names.append(property.key);
+        }
+        text += QLatin1Char(':') + any(names, random);
+    }
+    return text;
+}
+
+/// Settings of a file, a preset of them, or either without some of its values.
+Settings anySource(const Project& project, QRandomGenerator& random)
+{
+    Settings source = any(project.files(), random)->settings();
+    switch (random.bounded(4)) {
+    case 0:
+        source = zokit::presetFrom(source, {any(zokit::effectTypes(), random), key("Watermark"), key("Output")});
+        break;
+    case 1:
+        for (zokit::TypeSettings& type : source.effects) {
+            if (!type.values.isEmpty())
+                type.values.remove(any(type.values.keys(), random));
+            for (zokit::Item& item : type.items)
+                item.values.remove(any(item.values.keys(), random));
+        }
+        break;
+    default:
+        break;
+    }
+    return source;
+}
+
+QString firstDifference(const Settings& a, const Settings& b)
+{
+    const QVector<zokit::Difference> found = zokit::differences(a, b);
+    return found.isEmpty()
+               ? QStringLiteral("nothing that has an address")
+               : QStringLiteral("%1: %2, %3")
+                     .arg(found.first().address.toString(), textOf(found.first().a), textOf(found.first().b));
+}
+
+/// How many random cases: ZOKIT_CASES, for more of them and for less time under sanitizers.
+int wantedCases()
+{
+    bool isNumber = false;
+    const int wanted = qEnvironmentVariableIntValue("ZOKIT_CASES", &isNumber);
+    return isNumber ? wanted : 10000;
+}
+
+} // namespace
+
+void TestKitCarryOver::dryRunIsTheOutcome()
+{
+    QRandomGenerator random(20261122);
+    const int total = wantedCases();
+    int applied = 0;
+    for (int done = 0; done < total;) {
+        clearSavedDefaults();
+        Project project;
+        for (const QSize& frame : {QSize(1280, 720), QSize(333, 777), QSize(1920, 1080)})
+            project.add(zokit::Media{QString(), frame, 1.0});
+        for (int i = 0; i < 50; ++i)
+            randomEdit(project, random);
+        const Settings source = anySource(project, random);
+        for (int i = 0; i < 100 && done < total; ++i, ++done) {
+            FileSettings* target = any(project.files(), random);
+            CarryOver carry{{}, random.bounded(3) == 0};
+            for (int wanted = random.bounded(4); wanted > 0; --wanted)
+                carry.what.append(anythingOf(source, random));
+            const Settings before = target->settings();
+            const Settings dry = zokit::carriedOver(source, before, carry);
+            const zokit::Message error = project.apply(source, {target}, carry);
+            QCOMPARE(error.text(), zokit::checkCarryOver(source, carry).text());
+            const Settings after = target->settings();
+            if (error.isEmpty()) {
+                const QString what = carry.what.join(QLatin1Char(' '));
+                QVERIFY2(
+                    after == dry,
+                    qPrintable(QStringLiteral("case %1: %2; %3").arg(done).arg(what, firstDifference(dry, after))));
+                QVERIFY2(zokit::carriedOver(source, dry, carry) == dry,
+                         qPrintable(QStringLiteral("case %1, twice: %2").arg(done).arg(what)));
+                ++applied;
+            } else {
+                QVERIFY(after == before);
+            }
+            if (i % 10 == 0)
+                randomEdit(project, random);
+        }
+    }
+    QVERIFY(applied > total / 3);
+}
+
+ZOEFFECT_TEST_MAIN(TestKitCarryOver)
+#include "tst_kit_carryover.moc"

@@ -1,0 +1,435 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <zokit/filesettings.h>
+#include <zokit/project.h>
+#include <zokit/tracks.h>
+
+#include "kitsupport.h"
+#include "testapplication.h"
+
+using namespace kitsupport;
+using zokit::FileSettings;
+using zokit::Settings;
+using zokit::Track;
+using zokit::TrackChoice;
+using zokit::TrackKind;
+using zokit::TrackRules;
+using zokit::Values;
+
+class TestKitTracks : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() { clearSavedDefaults(); }
+
+    void choice_data();
+    void choice();
+    void everyTrackOfSoundAndSubtitlesIsListed();
+    void sidecarTellsByItsName_data();
+    void sidecarTellsByItsName();
+    void sidecarsOfAClip();
+    void listIsWhatIsApplied();
+    void appliedTwiceIsOnce();
+    void newTracksHaveTheDefaultsThatAreMeant();
+    void rulesAreReadAndWritten();
+    void noRuleIsRefusedWithAReason_data();
+    void noRuleIsRefusedWithAReason();
+};
+
+namespace {
+
+const QString film = QStringLiteral("/films/film.mkv");
+
+QVector<Track> tracks()
+{
+    return {
+        {0, TrackKind::Video, key("h264"), QString(), QString(), true, false},
+        {1, TrackKind::Audio, key("aac"), key("eng"), QString(), true, false},
+        {2, TrackKind::Audio, key("aac"), key("fre"), QString(), false, false},
+        {3, TrackKind::Audio, key("aac"), key("fra"), key("Comments"), false, false},
+        {4, TrackKind::Subtitle, key("subrip"), key("eng"), QString(), false, false},
+        {5, TrackKind::Subtitle, key("subrip"), key("eng"), QString(), false, true},
+        {6, TrackKind::Subtitle, key("ass"), key("FRE"), QString(), false, false},
+        {7, TrackKind::Subtitle, key("ass"), key("fre"), QString(), false, true},
+        {8, TrackKind::Attachment, key("ttf"), QString(), QString(), false, false},
+    };
+}
+
+QStringList sidecars()
+{
+    return {key("/films/film.de.srt"), key("/films/film.forced.srt"), key("/films/film.srt")};
+}
+
+/// "INDEX: WHY" or "FILE: WHY" of what is selected.
+QStringList selected(const QVector<TrackChoice>& choices)
+{
+    QStringList lines;
+    for (const TrackChoice& choice : choices) {
+        const QString which = choice.sidecar.isEmpty() ? QString::number(choice.track.index)
+                                                       : choice.sidecar.section(QLatin1Char('/'), -1);
+        if (choice.selected)
+            lines.append(which + QStringLiteral(": ") + choice.why.text());
+    }
+    return lines;
+}
+
+/// A rule and what it chooses.
+struct Row {
+    const char* name;
+    void (*set)(TrackRules& rules);
+    QStringList chosen;
+    const char* error;
+};
+
+QVector<Row> rows()
+{
+    return {
+        {"without a rule nothing", [](TrackRules&) {}, {}, ""},
+        {"the first language that the clip has",
+         [](TrackRules& r) {
+             r.audioLanguages = QStringList{key("deu"), key("eng"), key("fra")};
+         },
+         {key("1: chosen for its language, eng")},
+         ""},
+        {"all tracks of that language, whichever of its codes",
+         [](TrackRules& r) {
+             r.audioLanguages = QStringList{key("fra"), key("eng")};
+         },
+         {key("2: chosen for its language, fra"), key("3: chosen for its language, fra")},
+         ""},
+        {"a language of two letters",
+         [](TrackRules& r) { r.audioLanguages = QStringList{key("FR")}; },
+         {key("2: chosen for its language, FR"), key("3: chosen for its language, FR")},
+         ""},
+        {"a language that is not there", [](TrackRules& r) { r.audioLanguages = QStringList{key("deu")}; }, {}, ""},
+        {"one subtitle, not the forced one",
+         [](TrackRules& r) {
+             r.subtitleLanguages = QStringList{key("ita"), key("fra"), key("eng")};
+         },
+         {key("6: chosen for its language, fra")},
+         ""},
+        {"a forced one in the language of the sound",
+         [](TrackRules& r) { r.forcedSubtitles = true; },
+         {key("5: chosen as forced subtitle")},
+         ""},
+        {"of the sound that is chosen",
+         [](TrackRules& r) {
+             r.forcedSubtitles = true;
+             r.audioLanguages = QStringList{key("fr")};
+         },
+         {key("2: chosen for its language, fr"), key("3: chosen for its language, fr"),
+          key("7: chosen as forced subtitle")},
+         ""},
+        {"forced before a language",
+         [](TrackRules& r) {
+             r.forcedSubtitles = true;
+             r.subtitleLanguages = QStringList{key("fre")};
+         },
+         {key("5: chosen as forced subtitle")},
+         ""},
+        {"a file beside the clip, not the forced one",
+         [](TrackRules& r) { r.sidecars = true; },
+         {key("film.srt: chosen as subtitle file beside the clip")},
+         ""},
+        {"a file in a language",
+         [](TrackRules& r) {
+             r.sidecars = true;
+             r.subtitleLanguages = QStringList{key("ger"), key("eng")};
+         },
+         {key("film.de.srt: chosen for its language, ger")},
+         ""},
+        {"sound by hand goes before languages",
+         [](TrackRules& r) {
+             r.audioLanguages = QStringList{key("eng")};
+             r.audioTracks = QVector<int>{3};
+         },
+         {key("3: chosen by hand")},
+         ""},
+        {"no sound track by hand",
+         [](TrackRules& r) {
+             r.audioLanguages = QStringList{key("eng")};
+             r.audioTracks = QVector<int>{};
+         },
+         {},
+         ""},
+        {"a subtitle by hand goes before all rules",
+         [](TrackRules& r) {
+             r.forcedSubtitles = true;
+             r.sidecars = true;
+             r.subtitleLanguages = QStringList{key("fre")};
+             r.subtitleTrack = 4;
+         },
+         {key("4: chosen by hand")},
+         ""},
+        {"no subtitle by hand",
+         [](TrackRules& r) {
+             r.forcedSubtitles = true;
+             r.sidecars = true;
+             r.subtitleTrack = -1;
+         },
+         {},
+         ""},
+        {"a track by hand that is not there",
+         [](TrackRules& r) {
+             r.audioTracks = QVector<int>{1, 9};
+         },
+         {key("1: chosen by hand")},
+         "The clip has no such track 9. Choose one that it has."},
+        {"a subtitle as sound",
+         [](TrackRules& r) { r.audioTracks = QVector<int>{4}; },
+         {},
+         "The clip has no such track 4. Choose one that it has."},
+        {"sound as a subtitle",
+         [](TrackRules& r) { r.subtitleTrack = 1; },
+         {},
+         "The clip has no such track 1. Choose one that it has."},
+    };
+}
+
+} // namespace
+
+void TestKitTracks::choice_data()
+{
+    QTest::addColumn<int>("row");
+    const QVector<Row> all = rows();
+    for (int row = 0; row < all.size(); ++row)
+        QTest::newRow(all.at(row).name) << row;
+}
+
+void TestKitTracks::choice()
+{
+    QFETCH(int, row);
+    const Row expected = rows().at(row);
+    TrackRules rules;
+    expected.set(rules);
+    zokit::Message error;
+    const QVector<TrackChoice> choices = zokit::chosenTracks(rules, tracks(), film, sidecars(), &error);
+    QCOMPARE(selected(choices), expected.chosen);
+    QCOMPARE(error.text(), QString::fromLatin1(expected.error));
+}
+
+void TestKitTracks::everyTrackOfSoundAndSubtitlesIsListed()
+{
+    const auto indexes = [](const TrackRules& rules) {
+        QVector<int> result;
+        for (const TrackChoice& choice : zokit::chosenTracks(rules, tracks(), film, sidecars()))
+            result.append(choice.track.index);
+        return result;
+    };
+    TrackRules rules;
+    QCOMPARE(indexes(rules), QVector<int>({1, 2, 3, 4, 5, 6, 7}));
+    rules.sidecars = true;
+    QCOMPARE(indexes(rules), QVector<int>({1, 2, 3, 4, 5, 6, 7, -1, -1, -1}));
+}
+
+void TestKitTracks::sidecarTellsByItsName_data()
+{
+    QTest::addColumn<QString>("clip");
+    QTest::addColumn<QString>("sidecar");
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<bool>("forced");
+    QTest::newRow("nothing more") << "film.mkv"
+                                  << "film.srt"
+                                  << "" << false;
+    QTest::newRow("a language") << "film.mkv"
+                                << "film.eng.srt"
+                                << "eng" << false;
+    QTest::newRow("upper case") << "film.mkv"
+                                << "film.EN.SRT"
+                                << "en" << false;
+    QTest::newRow("forced") << "film.mkv"
+                            << "film.eng.forced.ass"
+                            << "eng" << true;
+    QTest::newRow("forced first") << "film.mkv"
+                                  << "film.forced.eng.ass"
+                                  << "eng" << true;
+    QTest::newRow("words of the title are no language") << "A.to.Z.mkv"
+                                                        << "A.to.Z.srt"
+                                                        << "" << false;
+    QTest::newRow("behind such a title") << "The.Big.One.mkv"
+                                         << "The.Big.One.fra.srt"
+                                         << "fra" << false;
+    QTest::newRow("a number is no language") << "film.mkv"
+                                             << "film.02.srt"
+                                             << "" << false;
+}
+
+void TestKitTracks::sidecarTellsByItsName()
+{
+    QFETCH(QString, clip);
+    QFETCH(QString, sidecar);
+    QFETCH(QString, language);
+    QFETCH(bool, forced);
+    TrackRules rules;
+    rules.sidecars = true;
+    const QVector<TrackChoice> choices =
+        zokit::chosenTracks(rules, {}, key("/films/") + clip, {key("/films/") + sidecar});
+    QCOMPARE(choices.size(), 1);
+    QCOMPARE(choices.first().track.language, language);
+    QCOMPARE(choices.first().track.forced, forced);
+    QVERIFY(choices.first().selected);
+}
+
+void TestKitTracks::sidecarsOfAClip()
+{
+    const QTemporaryDir folder;
+    for (const char* name : {"film.mkv", "film.srt", "film.eng.srt", "film.txt", "film2.srt", "film.extended.mkv",
+                             "film.extended.srt", "film.extended.de.ass"}) {
+        QFile file(folder.filePath(key(name)));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+    }
+    const auto beside = [&](const char* clip) {
+        QStringList names;
+        for (const QString& path : zokit::sidecarsOf(folder.filePath(key(clip)))) {
+            if (path.startsWith(folder.path()))
+                names.append(path.section(QLatin1Char('/'), -1));
+        }
+        return names;
+    };
+    QCOMPARE(beside("film.mkv"), QStringList({key("film.eng.srt"), key("film.srt")}));
+    QCOMPARE(beside("film.extended.mkv"), QStringList({key("film.extended.de.ass"), key("film.extended.srt")}));
+    QCOMPARE(beside("other.mkv"), QStringList());
+}
+
+namespace {
+
+/// "Audio 1 +", "Subtitle /films/film.srt -", in the order of the items.
+QStringList items(const Settings& settings)
+{
+    QStringList lines;
+    for (const QString& type : {key("Audio"), key("Subtitle")}) {
+        for (const zokit::Item& item : settings.find(type)->items) {
+            const bool isFile =
+                item.values.value(key("sub_fromfile")).toBool() || item.values.value(key("audio_isfile")).toBool();
+            lines.append(QStringLiteral("%1 %2 %3")
+                             .arg(type, item.values.value(key(isFile ? "file" : "trackid")).toString(),
+                                  item.selected ? key("+") : key("-")));
+        }
+    }
+    return lines;
+}
+
+Settings newFilm()
+{
+    return FileSettings(zokit::Media{film, QSize(1280, 720), 5.0}).settings();
+}
+
+} // namespace
+
+void TestKitTracks::listIsWhatIsApplied()
+{
+    TrackRules rules;
+    rules.audioLanguages = QStringList{key("fra")};
+    rules.sidecars = true;
+    Settings settings =
+        zokit::withTracks(newFilm(), zokit::chosenTracks(rules, tracks(), film, {key("/films/film.srt")}), rules);
+    QCOMPARE(items(settings), QStringList({key("Audio 1 -"), key("Audio 2 +"), key("Audio 3 +"), key("Subtitle 4 -"),
+                                           key("Subtitle 5 -"), key("Subtitle 6 -"), key("Subtitle 7 -"),
+                                           key("Subtitle /films/film.srt +")}));
+    QCOMPARE(settings.tracks.value(key("audio-language")), QVariant(QStringList{key("fra")}));
+    QCOMPARE(settings.tracks.value(key("sidecars")), QVariant(true));
+
+    // Other rules: styles stay, a person's file stays, a file that a rule brought goes, a track that is gone goes.
+    settings.find(key("Subtitle"))->items[2].values.insert(key("sub_fontsize"), 50);
+    settings.find(key("Subtitle"))
+        ->items.append({QString(), true, {{key("sub_fromfile"), true}, {key("file"), key("/mine.srt")}}, {}, {}});
+    TrackRules byHand;
+    byHand.subtitleTrack = 6;
+    QVector<Track> fewer = tracks();
+    fewer.removeAt(4);
+    settings = zokit::withTracks(settings, zokit::chosenTracks(byHand, fewer, film, {}), byHand);
+    QCOMPARE(items(settings), QStringList({key("Audio 1 -"), key("Audio 2 -"), key("Audio 3 -"), key("Subtitle 5 -"),
+                                           key("Subtitle 6 +"), key("Subtitle 7 -"), key("Subtitle /mine.srt +")}));
+    QCOMPARE(settings.find(key("Subtitle"))->items.at(1).values.value(key("sub_fontsize")), QVariant(50));
+    QCOMPARE(settings.tracks, Values({{key("subtitle-track"), key("6")}}));
+}
+
+void TestKitTracks::appliedTwiceIsOnce()
+{
+    TrackRules rules;
+    rules.subtitleLanguages = QStringList{key("deu")};
+    rules.sidecars = true;
+    const QVector<TrackChoice> choices = zokit::chosenTracks(rules, tracks(), film, sidecars());
+    const Settings once = zokit::withTracks(newFilm(), choices, rules);
+    QVERIFY(zokit::withTracks(once, choices, rules) == once);
+    FileSettings file(once);
+    QVERIFY(file.settings() == once);
+    // A track that a file written by hand names without saying that it is none of a file.
+    Settings byHand = once;
+    byHand.find(key("Subtitle"))->items[0].values.remove(key("sub_fromfile"));
+    QCOMPARE(items(zokit::withTracks(byHand, choices, rules)), items(once));
+}
+
+void TestKitTracks::newTracksHaveTheDefaultsThatAreMeant()
+{
+    zokit::Project project;
+    FileSettings* first = project.add(clip());
+    const zokit::Identity track = first->insert(key("Subtitle"), {{key("trackid"), 2}}).item;
+    first->setValue(track, key("sub_transparency"), 40);
+    QVERIFY(project.saveDefault(track).isEmpty());
+    const QVector<TrackChoice> choices = zokit::chosenTracks({}, tracks(), film, {});
+    FileSettings added(zokit::Media{film, QSize(1280, 720), 5.0});
+    added.setSettings(zokit::withTracks(added.settings(), choices, {}, zokit::NewTracks::SavedDefaults));
+    const zokit::Identity item = added.item(key("Subtitle"), 0);
+    QCOMPARE(added.value(item, key("sub_transparency")), QVariant(40));
+    QVERIFY(added.state(item, key("sub_transparency")) == zokit::State::SavedDefault);
+    QCOMPARE(added.value(item, key("trackid")), QVariant(4));
+    QVERIFY(added.comesOutUnchanged());
+    const Settings opened = zokit::withTracks(newFilm(), choices, {});
+    QCOMPARE(opened.find(key("Subtitle"))->items.first().values.value(key("sub_transparency")), QVariant(0));
+}
+
+void TestKitTracks::rulesAreReadAndWritten()
+{
+    const Values all{{key("audio-language"), QStringList{key("fra"), key("eng")}},
+                     {key("subtitle-language"), QStringList{key("eng")}},
+                     {key("forced-subtitles"), true},
+                     {key("sidecars"), true},
+                     {key("audio-tracks"), QStringList{key("1"), key("3")}},
+                     {key("subtitle-track"), key("none")}};
+    const auto read = zokit::trackRulesFrom(all);
+    QVERIFY(read);
+    QCOMPARE(*read->audioTracks, QVector<int>({1, 3}));
+    QCOMPARE(*read->subtitleTrack, -1);
+    QCOMPARE(zokit::toValues(*read), all);
+    QCOMPARE(zokit::toValues({}), Values());
+}
+
+void TestKitTracks::noRuleIsRefusedWithAReason_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QVariant>("value");
+    QTest::addColumn<QString>("sentence");
+    QTest::newRow("misspelt") << "audio-langage" << QVariant(key("fra"))
+                              << "Tracks has no property audio-langage. Did you mean audio-language?";
+    QTest::newRow("an empty word") << "audio-language" << QVariant(key("fra,"))
+                                   << "Tracks:audio-language: fra, is no value for this rule.";
+    QTest::newRow("no flag") << "sidecars" << QVariant(key("perhaps"))
+                             << "Tracks:sidecars: perhaps is no value for this rule.";
+    QTest::newRow("no track") << "audio-tracks" << QVariant(key("1,two"))
+                              << "Tracks:audio-tracks: 1,two is no value for this rule.";
+    QTest::newRow("below all tracks") << "audio-tracks" << QVariant(key("-1"))
+                                      << "Tracks:audio-tracks: -1 is no value for this rule.";
+    QTest::newRow("half a track") << "subtitle-track" << QVariant(2.5)
+                                  << "Tracks:subtitle-track: 2.5 is no value for this rule.";
+    QTest::newRow("a negative subtitle") << "subtitle-track" << QVariant(-1)
+                                         << "Tracks:subtitle-track: -1 is no value for this rule.";
+}
+
+void TestKitTracks::noRuleIsRefusedWithAReason()
+{
+    QFETCH(QString, name);
+    QFETCH(QVariant, value);
+    QFETCH(QString, sentence);
+    zokit::Message error;
+    QVERIFY(!zokit::trackRulesFrom({{name, value}}, &error));
+    QCOMPARE(error.text(), sentence);
+}
+
+ZOEFFECT_TEST_MAIN(TestKitTracks)
+#include "tst_kit_tracks.moc"
