@@ -22,10 +22,11 @@ for chapter in "$tree"/docs/guide/*.md; do
 done
 same 'pages: each chapter has one' '' "$missing" || true
 missing=
-for name in ZoEffectModel ZoEffectItemData ZoEffectItemDefaultValMgr ZoPref ZoPrefProvider; do
+for name in ZoEffectModel ZoEffectItemData ZoEffectItemDefaultValMgr ZoPref ZoPrefProvider \
+    zokit_1_1{FileSettings,History,Journal,Message,Presets,Project}; do
     [[ -e $html/class$name.html ]] || missing+="$name "
 done
-for name in CropData EffectDefaultVal SubEffectItem EffectControlItem; do
+for name in CropData EffectDefaultVal SubEffectItem EffectControlItem zokit_1_1{Address,Anchor,Property,Settings}; do
     [[ -e $html/struct$name.html ]] || missing+="$name "
 done
 same 'pages: each public class has one' '' "$missing" || true

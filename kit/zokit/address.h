@@ -15,12 +15,14 @@ namespace zokit {
 /// Where a value stands, as people spell it: "Color:bcs_contrast", "Watermark:0:wm_fontsize", "Output:quality".
 /// For people and files only: positions change as items come and go.
 struct ZOKIT_EXPORT Address {
+    /// The position of what is the type's own.
     static constexpr int ofType = -1;
 
     QString type;     ///< An effect type, "Output" or "Tracks".
     int pos = ofType; ///< Of an item, from 0; ofType: the type itself.
     QString key;      ///< A property key, an option's name, or "selected".
 
+    /// As people spell it.
     QString toString() const;
 };
 
@@ -28,8 +30,8 @@ ZOKIT_EXPORT bool operator==(const Address& left, const Address& right);
 
 /// An address read, or why it is none.
 struct ZOKIT_EXPORT ReadAddress {
-    std::optional<Address> address;
-    Message error;
+    std::optional<Address> address; ///< Nothing with an error.
+    Message error;                  ///< Why it is none.
 };
 
 /// Reads "TYPE:KEY" or "TYPE:POS:KEY" by its form; "_checkstate" becomes "selected". Type and key must be known to the

@@ -17,11 +17,11 @@ namespace zokit {
 
 /// One settings file to which settings are carried over: what it holds, and what it will hold.
 struct ZOKIT_EXPORT ApplyTarget {
-    QString name; ///< As it was named.
-    QString path; ///< Of the file itself, behind all links.
-    QByteArray before;
-    QByteArray after;
-    QVector<Difference> differences;
+    QString name;                    ///< As it was named.
+    QString path;                    ///< Of the file itself, behind all links.
+    QByteArray before;               ///< Text of the file.
+    QByteArray after;                ///< Text that it will have.
+    QVector<Difference> differences; ///< From one to the other.
 };
 
 /// What applying will do. With an error it holds no target.
@@ -40,13 +40,14 @@ ZOKIT_EXPORT Message applyPlan(const ApplyPlan& plan, const QString& folder = {}
 
 /// A target of an application that was killed.
 struct ZOKIT_EXPORT LeftTarget {
+    /// What became of it.
     enum State {
         Old,  ///< As before.
         New,  ///< As after.
         Other ///< Changed since, or gone.
     };
-    QString path;
-    State state = Other;
+    QString path;        ///< Of the settings file.
+    State state = Other; ///< As it is now.
 };
 
 /// What killed applications left behind, in the order of their work. Their parts and notes in \a folder are removed, so

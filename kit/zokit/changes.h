@@ -17,10 +17,10 @@ using Identity = quint64;
 /// kit's own: ":items" (the list of a type's items, as identities), ":of" (the thing that a thing belongs to), ":type",
 /// ":name" (of a frame effect), ":foreign".
 struct Change {
-    Identity thing = 0;
-    QString key;
-    QVariant before; ///< Invalid: there was no such value.
-    QVariant after;  ///< Invalid: there is none any more.
+    Identity thing = 0; ///< Whose value.
+    QString key;        ///< Which value.
+    QVariant before;    ///< Invalid: there was no such value.
+    QVariant after;     ///< Invalid: there is none any more.
 };
 
 using Changes = QVector<Change>;

@@ -17,8 +17,8 @@ namespace zokit {
 
 /// A program with its arguments and limits, as data: nothing is started by making one.
 struct ZOKIT_EXPORT Command {
-    QString program; ///< Absolute path.
-    QStringList arguments;
+    QString program;          ///< Absolute path.
+    QStringList arguments;    ///< Without the program.
     QString folder;           ///< Working folder; empty: the current one.
     qint64 memory = 0;        ///< Bytes of address space; 0: no limit. What is above it, the program cannot get.
     int processorSeconds = 0; ///< Of processor time; the system ends it there, as Killed. 0: no limit.
@@ -34,17 +34,18 @@ enum class ChildEnd {
     NotStarted, ///< The words say why.
     Killed,     ///< By a signal that was not ours, or by its own crash.
     Cancelled,  ///< By cancel().
-    Stalled,
-    TimedOut,
-    Flooded
+    Stalled,    ///< Its standard output was silent for too long.
+    TimedOut,   ///< It took too long.
+    Flooded     ///< It wrote too much.
 };
 
+/// What a child left behind.
 struct ZOKIT_EXPORT ChildResult {
-    ChildEnd end = ChildEnd::NotStarted;
-    int exitCode = -1; ///< -1 unless Finished.
-    int signal = 0;    ///< That ended it; 0 when none did.
-    QByteArray output; ///< All of its standard output, where it is collected.
-    QByteArray words;  ///< The last 64 KB of its standard error.
+    ChildEnd end = ChildEnd::NotStarted; ///< How it ended.
+    int exitCode = -1;                   ///< -1 unless Finished.
+    int signal = 0;                      ///< That ended it; 0 when none did.
+    QByteArray output;                   ///< All of its standard output, where it is collected.
+    QByteArray words;                    ///< The last 64 KB of its standard error.
 
     /// Whether it came to its end by itself, with exit code 0.
     bool isGood() const { return end == ChildEnd::Finished && exitCode == 0; }
@@ -60,6 +61,7 @@ class ZOKIT_EXPORT Child : public QObject {
     Q_OBJECT
 
 public:
+    /// Starts nothing.
     explicit Child(QObject* parent = nullptr);
     /// A child that runs is killed and waited for; finished() is not sent.
     ~Child() override;
@@ -80,6 +82,7 @@ public:
     void cancel();
     /// Stops the group, and lets it go on. While it is stopped, no time counts. Nothing happens when none runs.
     void pause();
+    /// As above.
     void resume();
 
 Q_SIGNALS:
@@ -90,7 +93,7 @@ Q_SIGNALS:
     void finished(const zokit::ChildResult& result);
 
 private:
-    class Process;
+    class ZOKIT_NO_EXPORT Process;
 
     void readOutput();
     void readWords();

@@ -14,9 +14,9 @@ namespace zokit {
 
 /// One value that differs; invalid where there is none.
 struct ZOKIT_EXPORT Difference {
-    Address address;
-    QVariant a;
-    QVariant b;
+    Address address; ///< Where it stands.
+    QVariant a;      ///< In the first settings.
+    QVariant b;      ///< In the second ones.
 };
 
 /// All that differs from \a a to \a b, in the order of the tree: values, what is selected, items that only one has

@@ -25,6 +25,7 @@ namespace zokit {
 /// Gives out identities that were never given out before.
 class ZOKIT_EXPORT Identities {
 public:
+    /// A new one.
     Identity next();
     /// From now on only identities above \a used.
     void skip(Identity used);
@@ -66,12 +67,13 @@ public:
 
     /// \name Things and their places
     /// @{
-    Identity file() const;
-    Identity output() const;
-    Identity tracks() const;
-    Identity type(const QString& name) const; ///< 0 for an unknown type.
-    QVector<Identity> items(const QString& type) const;
-    Identity item(const QString& type, int pos) const; ///< 0 when there is none.
+
+    Identity file() const;                              ///< The file itself.
+    Identity output() const;                            ///< Whose values are the output options.
+    Identity tracks() const;                            ///< Whose values are the rules for tracks.
+    Identity type(const QString& name) const;           ///< 0 for an unknown type.
+    QVector<Identity> items(const QString& type) const; ///< In their order; empty when there are none.
+    Identity item(const QString& type, int pos) const;  ///< 0 when there is none.
     /// The thing at \a address; 0 when there is none.
     Identity thing(const Address& address) const;
     /// Whether \a thing is one of this file, by now.
@@ -84,10 +86,12 @@ public:
 
     /// \name Values
     /// @{
+
     /// The value of \a key; "selected" is a bool. Invalid when there is none.
     QVariant value(Identity thing, const QString& key) const;
     /// All values of \a thing.
     Values values(Identity thing) const;
+    /// How the value stands to the default; Default for a value that is not there.
     State state(Identity thing, const QString& key) const;
     /// What the catalogue alone gives a new thing like this one; invalid where it gives nothing.
     QVariant catalogueDefault(Identity thing, const QString& key) const;
@@ -104,13 +108,16 @@ public:
 
     /// \name Items
     /// @{
+
+    /// What insert() answers.
     struct Inserted {
         Identity item = 0; ///< 0: refused.
-        Message error;
+        Message error;     ///< Why it was refused.
     };
     /// A new item of \a type before position \a pos (-1: at the end) with the defaults of the moment and \a values over
     /// them. A watermark without a position in \a values gets a free place.
     Inserted insert(const QString& type, const Values& values, int pos = -1, QObject* asker = nullptr);
+    /// Removes \a item. Frame effects are always there, and refuse.
     Message remove(Identity item, QObject* asker = nullptr);
     /// Moves \a item so that it ends at position \a to.
     Message move(Identity item, int to, QObject* asker = nullptr);
@@ -118,18 +125,25 @@ public:
 
     /// \name Back to the defaults
     /// @{
+
+    /// One value, to the saved default or else the catalogue's.
     Message reset(Identity thing, const QString& key, QObject* asker = nullptr);
+    /// All values of an item.
     Message resetItem(Identity item, QObject* asker = nullptr);
     /// Tracks of the clip stay, files and watermarks go; frame effects get their order back.
     Message resetType(const QString& type, QObject* asker = nullptr);
+    /// All types, the rules for tracks and the output options.
     Message resetAll(QObject* asker = nullptr);
     /// @}
 
     /// \name As a whole
     /// @{
+
+    /// All that is set, as a plain value.
     Settings settings() const;
     /// Makes this file's settings \a target, completed. Items that are the same keep their identity.
     Message setSettings(const Settings& target, QObject* asker = nullptr);
+    /// The clip that the settings are for.
     Media media() const;
     /// Another clip or frame size: geometry is rescaled as rescaled() does.
     Message setMedia(const Media& media, QObject* asker = nullptr);
@@ -143,8 +157,9 @@ public:
 
     /// \name The library's models below
     /// @{
-    ZoEffectModel* pictureModel() const;
-    ZoEffectModel* soundModel() const;
+
+    ZoEffectModel* pictureModel() const; ///< Of the picture's types; lives as long as this object.
+    ZoEffectModel* soundModel() const;   ///< Of the sound's types; lives as long as this object.
     /// Takes in what a host changed in the models without a signal. Changes that are announced are taken in at once.
     void syncFromModels();
     /// @}
@@ -157,7 +172,9 @@ Q_SIGNALS:
     void changed(const zokit::Changes& changes, QObject* asker);
     /// Sent with changed() when an item came, went or moved.
     void itemInserted(const QString& type, quint64 item, int pos);
+    /// As above; \a pos is where it stood.
     void itemRemoved(const QString& type, quint64 item, int pos);
+    /// As above.
     void itemMoved(const QString& type, quint64 item, int from, int to);
 
 private:

@@ -28,7 +28,7 @@ class ZOKIT_EXPORT Journal : public QObject {
 public:
     /// A session that left a journal and is not alive any more.
     struct Left {
-        QString path;
+        QString path;           ///< Of the journal's file.
         QDateTime changed;      ///< Last written by its session.
         QStringList files;      ///< The clips it was about in the end; empty also for what recover() cannot read.
         bool diedTwice = false; ///< It died at its start, twice: it was set aside and is not to be opened by itself.
@@ -40,6 +40,7 @@ public:
     /// Saved defaults stay as they are. What was cut off or damaged at the end is left out and told in the message; an
     /// error leaves the project as it was. The file stays until discard().
     static Message recover(const QString& path, Project& project);
+    /// Removes the journal of a dead session.
     static void discard(const QString& path);
     /// Says so when \a settingsFile was saved later than \a journal was written by its session, and so beats it; the
     /// text gives both times. Both files stay.

@@ -116,10 +116,11 @@ public:
     };
 
     Message() = default;
+    /// Says \a code of \a arguments, as the code's comment counts them.
     explicit Message(Code code, QStringList arguments = {});
 
-    Code code() const;
-    QStringList arguments() const;
+    Code code() const;             ///< What is said.
+    QStringList arguments() const; ///< Of which words.
     /// Whether anything is said.
     bool isEmpty() const;
     /// The sentence, on one line, in the language of the installed translation, else in English.

@@ -22,9 +22,9 @@ enum class Corner { TopLeft, Top, TopRight, Left, Centre, Right, BottomLeft, Bot
 /// Where a watermark is held. While it has an anchor, its position (and its size, where the anchor says one) follows
 /// from it at every frame size.
 struct ZOKIT_EXPORT Anchor {
-    Corner corner = Corner::BottomRight;
-    double margin = 2;           ///< In pixels of the frame, or in percent.
-    bool marginInPercent = true; ///< Of the width beside the watermark, of the height above and below it.
+    Corner corner = Corner::BottomRight; ///< Where in the frame.
+    double margin = 2;                   ///< In pixels of the frame, or in percent.
+    bool marginInPercent = true;         ///< Of the width beside the watermark, of the height above and below it.
     double widthInPercent = 0; ///< Of the frame; 0: the size is not the anchor's. A text's font size is chosen to fit.
 };
 
@@ -48,9 +48,9 @@ ZOKIT_EXPORT std::optional<QPoint> freePlace(const QSize& size, const QPoint& wi
 
 /// What a crop has to keep to.
 struct ZOKIT_EXPORT CropRule {
-    double ratio = 0;  ///< Width by height; 0: free.
-    bool even = false; ///< Width and height are even, as most pixel formats ask for.
-    QSize smallest{24, 24};
+    double ratio = 0;       ///< Width by height; 0: free.
+    bool even = false;      ///< Width and height are even, as most pixel formats ask for.
+    QSize smallest{24, 24}; ///< In pixels.
 };
 /// \a wished moved and shrunk so that it lies in \a frame and keeps to \a rule: the largest such rectangle around the
 /// same middle. Nothing when the frame is too small for it.

@@ -19,31 +19,37 @@ public:
     /// Those in \a folder; without one, "zoeffect/presets" in the user's configuration folder.
     explicit Presets(const QString& folder = {});
 
-    QString folder() const;
-    QStringList names() const; ///< In the order of the alphabet.
-    QString path(const QString& name) const;
+    QString folder() const;                  ///< Where they lie; it need not be there.
+    QStringList names() const;               ///< In the order of the alphabet.
+    QString path(const QString& name) const; ///< The file of a preset of that name, there or not.
 
+    /// What load() answers.
     struct Loaded {
-        Settings preset;
-        Message error;
+        Settings preset;   ///< Empty with an error.
+        Message error;     ///< Why there is none.
         Messages warnings; ///< The missingFiles() of the preset.
     };
+    /// The preset \a name, or an error with the nearest name.
     Loaded load(const QString& name) const;
     /// Settings as a command line names them: the file \a word where it has a slash or ends in ".json", settings or a
     /// preset, else the preset of that name. An error names the file.
     struct Named {
-        Settings settings;
-        bool isPreset = false;
-        Message error;
+        Settings settings;     ///< Empty with an error.
+        bool isPreset = false; ///< Whether they are a preset's.
+        Message error;         ///< Why there are none.
     };
+    /// Reads what \a word names.
     Named loadNamed(const QString& word) const;
     /// Saves \a preset under \a name. Refused when there is one already, unless \a replace.
     Message save(const QString& name, const Settings& preset, bool replace = false) const;
+    /// Removes a preset; an error names the nearest one.
     Message remove(const QString& name) const;
+    /// Refused when there is a preset \a to already.
     Message rename(const QString& from, const QString& to) const;
     /// Takes in preset files under the names of the files. All are checked before the first is written; a name that is
     /// taken refuses all, unless \a replace.
     Message import(const QStringList& files, bool replace = false) const;
+    /// Writes the preset \a name to \a file. Refused when that is there already, unless \a replace.
     Message exportTo(const QString& name, const QString& file, bool replace = false) const;
 
 private:

@@ -21,9 +21,10 @@
 
 namespace zokit {
 
+/// A fraction, as files tell rates and shapes.
 struct ZOKIT_EXPORT Rational {
-    qint64 numerator = 0;
-    qint64 denominator = 1;
+    qint64 numerator = 0;   ///< Above the line.
+    qint64 denominator = 1; ///< Below it.
 
     /// 0 where there is no such number, as of "0/0".
     double value() const;
@@ -34,9 +35,9 @@ struct ZOKIT_EXPORT MediaStream {
     Track track;          ///< Stream number, kind, codec, language ("und" is empty), title, default, forced.
     bool isCover = false; ///< A picture of the kind that a player shows for a song: no video.
     QMap<QString, bool> dispositions; ///< By ffmpeg's names: "comment", "hearing_impaired", ...
-    QMap<QString, QString> tags;
-    double start = 0;   ///< Seconds.
-    double seconds = 0; ///< 0: unknown.
+    QMap<QString, QString> tags;      ///< As the file says them.
+    double start = 0;                 ///< Seconds.
+    double seconds = 0;               ///< 0: unknown.
 
     // Picture
     QSize coded;                 ///< As it is stored. Empty only where the picture cannot be decoded.
@@ -50,47 +51,49 @@ struct ZOKIT_EXPORT MediaStream {
     QString primaries;  ///< As told.
     QString transfer;   ///< As told.
     bool isHdr = false; ///< The transfer is that of PQ or HLG.
-    QMap<QString, QString> hdr; ///< Of HDR, as x265's options take them: "master-display", "max-cll".
-    QString fieldOrder;         ///< "progressive", "tt", "bb", "tb", "bt".
-    bool isInterlaced = false;  ///< Only where it is told.
-    Rational frameRate{0, 1};   ///< The lowest at which each frame has a time of its own.
-    Rational averageRate{0, 1};
+    QMap<QString, QString> hdr;   ///< Of HDR, as x265's options take them: "master-display", "max-cll".
+    QString fieldOrder;           ///< "progressive", "tt", "bb", "tb", "bt".
+    bool isInterlaced = false;    ///< Only where it is told.
+    Rational frameRate{0, 1};     ///< The lowest at which each frame has a time of its own.
+    Rational averageRate{0, 1};   ///< Frames by time.
     bool hasVariableRate = false; ///< The two differ.
     qint64 frames = 0;            ///< 0: unknown.
 
     // Sound
-    int sampleRate = 0;
-    int channels = 0;
-    QString channelLayout;
-    QString sampleFormat;
+    int sampleRate = 0;    ///< Samples a second.
+    int channels = 0;      ///< How many.
+    QString channelLayout; ///< By ffmpeg's name: "stereo", "5.1".
+    QString sampleFormat;  ///< By ffmpeg's name: "fltp", "s16".
 
     // Attachment
-    QString fileName;
-    QString mimeType;
+    QString fileName; ///< Of what is attached.
+    QString mimeType; ///< Of what is attached.
 };
 
+/// A chapter of a file.
 struct ZOKIT_EXPORT Chapter {
-    double from = 0; ///< Seconds.
-    double to = 0;
-    QMap<QString, QString> tags;
+    double from = 0;             ///< Seconds.
+    double to = 0;               ///< Seconds.
+    QMap<QString, QString> tags; ///< Its title, for example.
 };
 
 /// A media file, as ffprobe found it.
 struct ZOKIT_EXPORT MediaInfo {
-    QString file;
-    QString container;  ///< One word: "mp4", "mov", "mkv", "webm", "ts", "mpeg", "avi", "ogg", ...
-    QString demuxer;    ///< ffmpeg's names for it.
-    double start = 0;   ///< Seconds; not 0 in transport streams and cut files.
-    double seconds = 0; ///< Length; 0: unknown.
-    qint64 bytes = 0;
-    QMap<QString, QString> tags;
+    QString file;                 ///< As it was asked for.
+    QString container;            ///< One word: "mp4", "mov", "mkv", "webm", "ts", "mpeg", "avi", "ogg", ...
+    QString demuxer;              ///< ffmpeg's names for it.
+    double start = 0;             ///< Seconds; not 0 in transport streams and cut files.
+    double seconds = 0;           ///< Length; 0: unknown.
+    qint64 bytes = 0;             ///< Size of the file.
+    QMap<QString, QString> tags;  ///< Of the whole file.
     QVector<MediaStream> streams; ///< In their order; the stream numbers are those of the tracks.
-    QVector<Chapter> chapters;
+    QVector<Chapter> chapters;    ///< In their order.
 
     /// The video that is meant: the one marked as default, else the first, covers aside; null without. Belongs to this.
     const MediaStream* picture() const;
     /// The stream of that number; null when there is none.
     const MediaStream* stream(int index) const;
+    /// One for each stream, in their order.
     QVector<Track> tracks() const;
     /// Whether the picture may change its size in the middle: in ts, mpeg and flv.
     bool mayChangeSize() const;
@@ -98,8 +101,8 @@ struct ZOKIT_EXPORT MediaInfo {
 
 /// Either a medium or what is wrong with the file.
 struct ZOKIT_EXPORT ReadMedia {
-    std::optional<MediaInfo> media;
-    Message error;
+    std::optional<MediaInfo> media; ///< Nothing with an error.
+    Message error;                  ///< What is wrong with the file.
 };
 
 /// Whether \a path can be handed to a child: a file that is there, ordinary, readable, not empty, with a name in UTF-8.
@@ -129,6 +132,7 @@ class ZOKIT_EXPORT Prober : public QObject {
     Q_OBJECT
 
 public:
+    /// Asks nothing yet; \a tools says which ffprobe is asked.
     explicit Prober(const Tools& tools, QObject* parent = nullptr);
     ~Prober() override;
 
@@ -136,6 +140,7 @@ public:
     void probe(const QString& file);
     /// Drops the open question.
     void cancel();
+    /// Whether a question is open.
     bool isRunning() const;
 
 Q_SIGNALS:

@@ -24,24 +24,31 @@ class ZOKIT_EXPORT Project : public QObject {
     Q_OBJECT
 
 public:
+    /// Without files, with an empty history.
     explicit Project(QObject* parent = nullptr);
     ~Project() override;
 
+    /// The one history of all files; lives as long as the project.
     History& history() const;
 
     /// \name Files
     /// @{
-    QVector<FileSettings*> files() const;
+
+    QVector<FileSettings*> files() const;    ///< In the order in which they were added; the project owns them.
     FileSettings* file(Identity file) const; ///< Null when there is none.
     /// The file that \a thing belongs to; null when there is none.
     FileSettings* fileOf(Identity thing) const;
+    /// Adds a new file for a clip: the saved defaults act. The project owns it.
     FileSettings* add(const Media& media, QObject* asker = nullptr);
+    /// Adds a file with exactly these settings. The project owns it.
     FileSettings* add(const Settings& settings, QObject* asker = nullptr);
+    /// Removes \a file, which is deleted when the event loop is back. Of another project: nothing.
     void remove(FileSettings* file, QObject* asker = nullptr);
     /// @}
 
     /// \name Many files
     /// @{
+
     /// Carries settings of \a from over to \a targets as one step of the history: to all, or to none with the reason.
     Message apply(const Settings& from, const QVector<FileSettings*>& targets, const CarryOver& carry,
                   QObject* asker = nullptr);
@@ -49,12 +56,14 @@ public:
 
     /// \name Saved defaults
     /// @{
+
     /// The thing whose values are the saved default of \a type.
     Identity savedDefault(const QString& type) const;
     /// Those values; empty when none are saved.
     Values savedValues(const QString& type) const;
     /// Makes the values of \a thing (an item, or the type itself) the saved default of its type. No open file changes.
     Message saveDefault(Identity thing, QObject* asker = nullptr);
+    /// The catalogue's defaults act again for \a type. No open file changes.
     Message forgetDefault(const QString& type, QObject* asker = nullptr);
     /// @}
 
@@ -66,9 +75,13 @@ public:
     void skipIdentities(Identity used);
 
 Q_SIGNALS:
+    /// As FileSettings::aboutToChange(), for all files, the list of files and saved defaults.
     void aboutToChange(const zokit::Changes& changes, QObject* asker);
+    /// As FileSettings::changed(), for all of them.
     void changed(const zokit::Changes& changes, QObject* asker);
+    /// A file came: added, or back by undo.
     void fileAdded(zokit::FileSettings* file);
+    /// A file goes; it is still whole.
     void fileAboutToBeRemoved(zokit::FileSettings* file);
 
 private:

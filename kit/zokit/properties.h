@@ -75,6 +75,7 @@ Q_DECLARE_OPERATORS_FOR_FLAGS(Suits)
 /// What \a suits means, in words: "text watermarks, image watermarks"; translated.
 ZOKIT_EXPORT QString suitsText(Suits suits);
 
+/// A value that a property can have.
 struct ZOKIT_EXPORT Choice {
     QVariant value;   ///< As it is stored.
     const char* name; ///< English; translated by Property::choiceName().
@@ -83,25 +84,25 @@ struct ZOKIT_EXPORT Choice {
 /// One property of an effect type, or one output option: everything that panels, checks, schemas, help and the
 /// reference page say about it stands here and nowhere else.
 struct ZOKIT_EXPORT Property {
-    QString type; ///< Effect type, or "Output", "Tracks".
-    QString key;
-    ValueKind kind = ValueKind::Text;
-    Control control = Control::None;
-    Unit unit = Unit::None;
-    Suits suits;
-    QString group;           ///< Properties of one group stand together in a panel: a key for groupName().
-    QVariant lowest;         ///< Hard bounds: what a person may set; invalid for none.
-    QVariant highest;        ///< As above. "frame width" and "frame height" stand for the sides of the frame.
-    QVariant visualLowest;   ///< Ends of a slider; the hard bounds when invalid.
-    QVariant visualHighest;  ///< As above.
-    double step = 1;         ///< Of a spin box.
-    int decimals = 0;        ///< Shown behind the point.
-    QVector<Choice> choices; ///< Empty when any value within the bounds will do.
-    QStringList belongsTo;   ///< Keys that are edited together with it, for example width with height.
-    bool isPath = false;     ///< The value names a file.
-    bool isGeometry = false; ///< The value is measured in the frame and follows its size.
-    const char* labelText;   ///< English sources of the translated texts below.
-    const char* helpText;    ///< As above.
+    QString type;                     ///< Effect type, or "Output", "Tracks".
+    QString key;                      ///< Of the value; unique within its type.
+    ValueKind kind = ValueKind::Text; ///< What its values are.
+    Control control = Control::None;  ///< What suits it in a panel.
+    Unit unit = Unit::None;           ///< In which numbers are measured.
+    Suits suits;                      ///< Which things of the type have it.
+    QString group;                    ///< Properties of one group stand together in a panel: a key for groupName().
+    QVariant lowest;                  ///< Hard bounds: what a person may set; invalid for none.
+    QVariant highest;                 ///< As above. "frame width" and "frame height" stand for the sides of the frame.
+    QVariant visualLowest;            ///< Ends of a slider; the hard bounds when invalid.
+    QVariant visualHighest;           ///< As above.
+    double step = 1;                  ///< Of a spin box.
+    int decimals = 0;                 ///< Shown behind the point.
+    QVector<Choice> choices;          ///< Empty when any value within the bounds will do.
+    QStringList belongsTo;            ///< Keys that are edited together with it, for example width with height.
+    bool isPath = false;              ///< The value names a file.
+    bool isGeometry = false;          ///< The value is measured in the frame and follows its size.
+    const char* labelText;            ///< English sources of the translated texts below.
+    const char* helpText;             ///< As above.
 
     QString label() const;                           ///< A few words, translated.
     QString help() const;                            ///< A sentence or two, translated.
@@ -109,6 +110,7 @@ struct ZOKIT_EXPORT Property {
     QString groupName() const;                       ///< Translated.
     QString choiceName(const QVariant& value) const; ///< Translated; the value as text when it is no choice.
     QVariant defaultValue() const;                   ///< The catalogue's; invalid for keys without a default.
+    /// Whether the catalogue gives it a default.
     bool hasDefault() const;
 };
 
@@ -127,9 +129,9 @@ ZOKIT_EXPORT QString displayName(const QString& name);
 
 /// A frame effect that the kit offers.
 struct ZOKIT_EXPORT FrameEffect {
-    const char* name; ///< Also its name in the tree and in files.
-    int id;
-    const char* helpText;
+    const char* name;     ///< Also its name in the tree and in files.
+    int id;               ///< Its number in the tree, from 1.
+    const char* helpText; ///< English source of help().
     QString help() const; ///< Translated.
 };
 ZOKIT_EXPORT const QVector<FrameEffect>& frameEffects();
@@ -141,7 +143,7 @@ ZOKIT_EXPORT const EffectControlItem* effectTable();
 /// A value read, or why it is refused.
 struct ZOKIT_EXPORT ReadValue {
     QVariant value; ///< In the type of the property.
-    Message error;
+    Message error;  ///< Why it is refused; empty when it is not.
 };
 
 /// Reads what a person gave for \a property: however it is spelled, as long as nothing is lost ("20" and 20.0 are 20).

@@ -29,24 +29,24 @@ struct ZOKIT_EXPORT Media {
 struct ZOKIT_EXPORT Item {
     QString name;         ///< Of a frame effect, else empty.
     bool selected = true; ///< Whether it takes part.
-    Values values;
+    Values values;        ///< By key.
     Values anchor; ///< "corner", "margin", "size" as in a settings file; empty: none. Position and size follow from it.
     QJsonObject foreign; ///< Members "x-...": a host's own, kept as they are.
 };
 
 /// Settings of one effect type.
 struct ZOKIT_EXPORT TypeSettings {
-    QString type; ///< "Crop", "Watermark", ...
-    bool selected = true;
-    Values values; ///< The type's own; those of items stand with them.
-    QVector<Item> items;
-    QJsonObject foreign; ///< As Item::foreign.
+    QString type;         ///< "Crop", "Watermark", ...
+    bool selected = true; ///< Whether it takes part.
+    Values values;        ///< The type's own; those of items stand with them.
+    QVector<Item> items;  ///< In their order.
+    QJsonObject foreign;  ///< As Item::foreign.
 };
 
 /// All that is set for one file, as a plain value: what a settings file holds, what is compared and carried over.
 /// Positions in the lists are for people only.
 struct ZOKIT_EXPORT Settings {
-    Media media;
+    Media media;                   ///< The clip; without a file in a preset.
     QVector<TypeSettings> effects; ///< In the order of the tree: the picture's types first, then the sound's.
     Values tracks;                 ///< Rules by which tracks were chosen, in a settings file's words.
     Values output;                 ///< Output options by name.

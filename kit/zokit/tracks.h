@@ -19,13 +19,13 @@ enum class TrackKind { Video, Audio, Subtitle, Attachment, Data };
 
 /// A track of a clip, as a probe found it.
 struct ZOKIT_EXPORT Track {
-    int index = 0; ///< Stream number.
-    TrackKind kind = TrackKind::Video;
-    QString codec;
-    QString language; ///< ISO 639 ("fra", "fre" and "fr" are one) or empty.
-    QString title;
-    bool isDefault = false;
-    bool forced = false;
+    int index = 0;                     ///< Stream number.
+    TrackKind kind = TrackKind::Video; ///< What it holds.
+    QString codec;                     ///< As the probe names it.
+    QString language;                  ///< ISO 639 ("fra", "fre" and "fr" are one) or empty.
+    QString title;                     ///< As the file says it, or empty.
+    bool isDefault = false;            ///< Marked so in the file.
+    bool forced = false;               ///< Marked so in the file.
 };
 
 /// By which rule tracks are chosen. Choosing by hand comes first, and says so.
@@ -44,10 +44,10 @@ ZOKIT_EXPORT Values toValues(const TrackRules& rules);
 
 /// One track and what becomes of it, to be shown before it is applied.
 struct ZOKIT_EXPORT TrackChoice {
-    Track track;     ///< Of a sidecar: kind Subtitle, index -1, language from its name.
-    QString sidecar; ///< Path of a subtitle file beside the clip, or empty.
-    bool selected = false;
-    Message why;
+    Track track;           ///< Of a sidecar: kind Subtitle, index -1, language from its name.
+    QString sidecar;       ///< Path of a subtitle file beside the clip, or empty.
+    bool selected = false; ///< Whether it takes part.
+    Message why;           ///< By which rule; empty when it is not selected.
 };
 
 /// Subtitle files that belong to \a clip: beside it, "NAME.srt", "NAME.eng.srt", "NAME.eng.forced.ass"; in the order of
