@@ -14,6 +14,7 @@
 #include <QEventLoop>
 #include <QProcess>
 #include <QProcessEnvironment>
+#include <QRegularExpression>
 #include <QThread>
 
 namespace zokit {
@@ -107,7 +108,8 @@ QString ChildResult::lastWords() const
         if (!candidate.trimmed().isEmpty())
             line = candidate.trimmed();
     }
-    return QString::fromUtf8(line);
+    static const QRegularExpression speaker(QStringLiteral("^(\\[[^\\]]* @ 0x[0-9a-f]+\\] *)+"));
+    return QString::fromUtf8(line).remove(speaker);
 }
 
 Child::Child(QObject* parent) : QObject(parent)

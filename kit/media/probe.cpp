@@ -3,6 +3,7 @@
 
 #include <zokit/probe.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 
@@ -79,6 +80,14 @@ Message asMessage(const ChildResult& result, const Command& command, const QStri
     if (words.startsWith(name))
         words = words.mid(name.size());
     return Message(Code::NoMedia, {file, words});
+}
+
+/// Stills have none, and nobody needs that of subtitles.
+bool hasLength(const MediaInfo& media)
+{
+    const auto isSound = [](const MediaStream& stream) { return stream.track.kind == TrackKind::Audio; };
+    const bool isStill = media.demuxer.endsWith(QLatin1String("_pipe"));
+    return !isStill && (media.picture() || std::any_of(media.streams.begin(), media.streams.end(), isSound));
 }
 
 } // namespace
@@ -219,8 +228,7 @@ void Prober::readAnswer(const ChildResult& result)
         if (m_result.media) {
             const MediaInfo& media = *m_result.media;
             const MediaStream* const picture = media.picture();
-            const bool isStill = media.demuxer.endsWith(QLatin1String("_pipe"));
-            if (media.seconds <= 0 && !isStill)
+            if (media.seconds <= 0 && hasLength(media))
                 m_steps.append(Step::Length);
             if (picture && picture->isHdr)
                 m_steps.append(Step::Hdr);

@@ -103,8 +103,8 @@ int rotationOf(const QJsonObject& stream)
     return 0;
 }
 
-/// "DURATION": "00:01:02.500000000", which Matroska keeps of each track.
-double durationTag(const QMap<QString, QString>& tags)
+/// "DURATION": "00:01:02.500000000", which Matroska keeps of each track: not how long it lasts, but where it ends.
+double endTag(const QMap<QString, QString>& tags)
 {
     constexpr int perUnit = 60;
     const QStringList parts = tags.value(QStringLiteral("DURATION")).split(QLatin1Char(':'));
@@ -199,7 +199,7 @@ MediaStream readStream(const QJsonObject& told)
     stream.start = time(told, "start_time");
     stream.seconds = length(number(told, "duration"));
     if (stream.seconds <= 0)
-        stream.seconds = durationTag(stream.tags);
+        stream.seconds = length(endTag(stream.tags) - stream.start);
     if (stream.track.kind == TrackKind::Video)
         readPicture(told, stream);
     stream.sampleRate = smallCount(told, "sample_rate");
@@ -224,7 +224,25 @@ QString containerOf(const MediaInfo& media)
         return suffix.compare(QLatin1String("webm"), Qt::CaseInsensitive) == 0 ? QStringLiteral("webm")
                                                                                : QStringLiteral("mkv");
     }
-    return names.first() == QLatin1String("mpegts") ? QStringLiteral("ts") : names.first();
+    if (names.first() == QLatin1String("mpegts"))
+        return QStringLiteral("ts");
+    return QString(names.first()).remove(QLatin1String("_pipe"));
+}
+
+/// How long picture and sound last, where each of them tells; a last subtitle may be without an end, which the file's
+/// own length, \a told, then takes for the longest there can be.
+double lengthOf(const MediaInfo& media, double told)
+{
+    double end = 0;
+    for (const MediaStream& stream : media.streams) {
+        const bool counts = stream.track.kind == TrackKind::Audio || stream.track.kind == TrackKind::Video;
+        if (!counts || stream.isCover)
+            continue;
+        if (stream.seconds <= 0)
+            return told;
+        end = std::max(end, stream.start + stream.seconds - media.start);
+    }
+    return end > 0 && (told <= 0 || end < told) ? end : told;
 }
 
 /// A part of a mastering display's numbers, which ffprobe writes as fractions, in units of 1/\a unit.
@@ -232,6 +250,15 @@ QString inUnits(const QJsonObject& data, const char* key, int unit)
 {
     const Rational told = rational(text(data, key), Rational{0, 1});
     return QString::number(std::llround(told.value() * unit));
+}
+
+/// Whether it tells its colours and its light; ffmpeg leaves out what the file leaves out.
+bool isWhole(const QJsonObject& data)
+{
+    const auto isThere = [&data](const char* key) { return rational(text(data, key), Rational{0, 1}).numerator > 0; };
+    const auto keys = {"red_x",  "red_y",         "green_x",       "green_y",      "blue_x",
+                       "blue_y", "white_point_x", "white_point_y", "max_luminance"};
+    return std::all_of(keys.begin(), keys.end(), isThere);
 }
 
 QString point(const QJsonObject& data, const char* x, const char* y)
@@ -291,11 +318,11 @@ ReadMedia readProbe(const QByteArray& json, const QString& file)
     media.demuxer = text(format, "format_name");
     media.container = containerOf(media);
     media.start = time(format, "start_time");
-    media.seconds = length(number(format, "duration"));
     constexpr qint64 mostBytes = qint64(1) << 53;
     media.bytes = count(format, "size", mostBytes);
     for (const QJsonValue& stream : told.value(QLatin1String("streams")).toArray())
         media.streams.append(readStream(stream.toObject()));
+    media.seconds = lengthOf(media, length(number(format, "duration")));
     for (const QJsonValue& value : told.value(QLatin1String("chapters")).toArray()) {
         const QJsonObject chapter = value.toObject();
         media.chapters.append({time(chapter, "start_time"), time(chapter, "end_time"), tagsOf(chapter)});
@@ -333,7 +360,7 @@ QMap<QString, QString> readHdr(const QByteArray& json)
     for (const QJsonValue& value : frames.first().toObject().value(QLatin1String("side_data_list")).toArray()) {
         const QJsonObject data = value.toObject();
         const QString type = text(data, "side_data_type");
-        if (type == QLatin1String("Mastering display metadata"))
+        if (type == QLatin1String("Mastering display metadata") && isWhole(data))
             result.insert(QStringLiteral("master-display"),
                           QStringLiteral("G%1B%2R%3WP%4L(%5,%6)")
                               .arg(point(data, "green_x", "green_y"), point(data, "blue_x", "blue_y"),

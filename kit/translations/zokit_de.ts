@@ -1508,8 +1508,8 @@
         <translation>%1 ist leer. Holen Sie die Datei noch einmal von dort, wo sie herkam.</translation>
     </message>
     <message>
-        <source>%1 is no media file that can be read: %2. Check that it is whole.</source>
-        <translation>%1 ist keine lesbare Mediendatei: %2. Prüfen Sie, ob sie vollständig ist.</translation>
+        <source>%1 is no media file that can be read. Check that it is whole.| ffprobe says: %2.</source>
+        <translation>%1 ist keine lesbare Mediendatei. Prüfen Sie, ob sie vollständig ist.| ffprobe sagt: %2.</translation>
     </message>
     <message>
         <source>%1 holds no picture, no sound and no subtitles. Check that it is whole.</source>

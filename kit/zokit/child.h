@@ -49,7 +49,7 @@ struct ZOKIT_EXPORT ChildResult {
 
     /// Whether it came to its end by itself, with exit code 0.
     bool isGood() const { return end == ChildEnd::Finished && exitCode == 0; }
-    /// The last line of the words that is not empty.
+    /// The last line of the words that is not empty, without ffmpeg's "[part @ 0xADDRESS]" in front.
     QString lastWords() const;
 };
 

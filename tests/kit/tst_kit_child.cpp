@@ -154,6 +154,8 @@ void TestKitChild::lastLineOfWords_data()
     QTest::newRow("none") << QByteArray() << QString();
     QTest::newRow("one line") << QByteArray("no such file") << key("no such file");
     QTest::newRow("empty lines behind it") << QByteArray("first\nlast \r\n\n  \n") << key("last");
+    QTest::newRow("who says it") << QByteArray("[png @ 0x55a1f0] [IMGUTILS @ 0x7ffc3] [5] is too large\n")
+                                 << key("[5] is too large");
     QTest::newRow("a line written over") << QByteArray("frame 1\rframe 2\r") << key("frame 2");
 }
 
