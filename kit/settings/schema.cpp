@@ -8,6 +8,7 @@
 #include <QJsonArray>
 
 #include <zokit/outputoptions.h>
+#include <zokit/placement.h>
 #include <zokit/properties.h>
 
 #include "names_p.h"
@@ -163,9 +164,12 @@ QJsonObject valuesOf(const QString& type, bool inFile)
 
 QJsonObject anchor()
 {
-    const QJsonArray corners{word("top-left"),    word("top"),    word("top-right"),
-                             word("left"),        word("centre"), word("right"),
-                             word("bottom-left"), word("bottom"), word("bottom-right")};
+    QJsonArray corners;
+    for (int corner = 0; corner <= static_cast<int>(Corner::BottomRight); ++corner) {
+        Anchor anchor;
+        anchor.corner = static_cast<Corner>(corner);
+        corners.append(toValues(anchor).value(word("corner")).toString());
+    }
     const QJsonObject percent = matching("^[-+0-9.eE]+ *%$");
     return member({{word("corner"), QJsonObject{{word("enum"), corners}}},
                    {word("margin"), anyOf({ofType("number"), percent})},

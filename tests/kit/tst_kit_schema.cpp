@@ -91,12 +91,12 @@ const Document documents[] = {
 };
 // clang-format on
 
-/// The part of a schema behind "/", a name after the other.
+/// The part of a schema behind "/", a name or a number after the other.
 QJsonValue part(SchemaOf what, const QString& path)
 {
     QJsonValue found = schema(what);
     for (const QString& name : path.split(QLatin1Char('/')))
-        found = found.toObject().value(name);
+        found = found.isArray() ? found.toArray().at(name.toInt()) : found.toObject().value(name);
     return found;
 }
 
@@ -117,7 +117,7 @@ QString judged(SchemaOf kind, const QTemporaryDir& folder, const QStringList& na
         arguments.append(folder.filePath(name + QStringLiteral(".json")));
     QProcess validator;
     validator.setProcessChannelMode(QProcess::MergedChannels);
-    validator.start(QStringLiteral("python3"), arguments);
+    validator.start(QStringLiteral("/usr/bin/python3"), arguments); // Debian's own, which has the package.
     if (!validator.waitForFinished(120000))
         return validator.errorString();
     return QString::fromUtf8(validator.readAll());
@@ -160,6 +160,9 @@ void TestKitSchema::oneValue_data()
     row("in a file geometry has no bounds", SchemaOf::Settings, "$defs/Watermark/properties/wm_hposition",
         R"({"title": "Left", "anyOf": [{"type": "integer"}, {"$ref": "#/$defs/wrapped"}], "default": 30,
             "x-unit": "px", "description": "Distance from the left of the frame, before cropping."})");
+    row("corners", SchemaOf::Settings,
+        "properties/effects/items/oneOf/1/properties/items/items/properties/anchor/properties/corner",
+        R"({"enum": ["top-left", "top", "top-right", "left", "centre", "right", "bottom-left", "bottom", "bottom-right"]})");
     row("an output option", SchemaOf::Settings, "properties/output/properties/hdr",
         R"({"title": "HDR", "type": "string", "enum": ["keep", "map"], "description":
             "Kept, or mapped to what every screen shows."})");
