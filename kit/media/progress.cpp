@@ -18,9 +18,11 @@ void ProgressReader::read(const QByteArray& piece)
 {
     m_rest += piece;
     int from = 0;
-    for (int to = 0; (to = static_cast<int>(m_rest.indexOf('\n', from))) >= 0; from = to + 1)
-        readLine(m_rest.mid(from, to - from).trimmed());
-    m_rest = m_rest.mid(from).left(longestLine);
+    for (int to = 0; (to = static_cast<int>(m_rest.indexOf('\n', from))) >= 0; from = to + 1) {
+        if (to - from <= longestLine)
+            readLine(m_rest.mid(from, to - from).trimmed());
+    }
+    m_rest = m_rest.mid(from).left(longestLine + 1);
 }
 
 /// "out_time_ms" is in microseconds, too, so only "out_time_us" is read. It and "speed" can be "N/A", and the time

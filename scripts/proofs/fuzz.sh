@@ -21,13 +21,14 @@ them that reach what the others do not, and the files named, to tests/fuzz/corpu
   imagefile    the image file of a watermark
   catalogue    a host's table of effect types
   summary      the saved text of the frame effects
+  probe        what ffprobe and ffmpeg tell of a file, of themselves and of how far they are
 
 A finding ends the run of its target; its input is kept in build/fuzz/findings/TARGET. Ends with the line
 "N passed, N failed" (inputs that were run, findings); 0 when nothing was found, 1 otherwise, 2 on wrong usage.
 TEXT
 }
 
-readonly targets=(operations storefile imagefile catalogue summary)
+readonly targets=(operations storefile imagefile catalogue summary probe)
 if [[ ${1:-} == --help || ${1:-} == -h ]]; then
     usage
     exit 0
