@@ -1531,5 +1531,33 @@
         <source>There is no %1 to be carried over. There is %2.</source>
         <translation>Es gibt kein %1 zu übertragen. Es gibt %2.</translation>
     </message>
+    <message>
+        <source>%1 of the frame of %2 is left of the crop. At least %3 is needed: move it into the frame or make it larger.</source>
+        <translation>Vom Zuschnitt liegen nur %1 im Bild von %2. Es müssen mindestens %3 sein: verschieben Sie ihn ins Bild oder machen Sie ihn größer.</translation>
+    </message>
+    <message>
+        <source>The crop leaves the frame of %2. %1 is kept of it.</source>
+        <translation>Der Zuschnitt reicht über das Bild von %2 hinaus. Behalten wird davon %1.</translation>
+    </message>
+    <message>
+        <source>%1: with %2 width and height have to be even. Take another size, or a pixel format like yuv444p.</source>
+        <translation>%1: bei %2 müssen Breite und Höhe gerade sein. Nehmen Sie eine andere Größe oder ein Pixelformat wie yuv444p.</translation>
+    </message>
+    <message>
+        <source>%1 leaves eight bits of a picture that has more.</source>
+        <translation>%1 lässt einem Bild mit mehr Bits nur acht.</translation>
+    </message>
+    <message>
+        <source>%1 lies outside of the part that is kept and cannot be seen. Move it, or make the crop larger.</source>
+        <translation>%1 liegt außerhalb des behaltenen Teils und ist nicht zu sehen. Verschieben Sie es oder vergrößern Sie den Zuschnitt.</translation>
+    </message>
+    <message>
+        <source>This track of subtitles consists of pictures: font and colours stay as they are, only place and transparency follow.</source>
+        <translation>Diese Untertitelspur besteht aus Bildern: Schrift und Farben bleiben, wie sie sind, nur Ort und Durchsichtigkeit folgen.</translation>
+    </message>
+    <message>
+        <source>Audio_Speed:audio_speed_factor: with 0 nothing would ever be heard or seen. Take 1 to 200 percent.</source>
+        <translation>Audio_Speed:audio_speed_factor: mit 0 wäre nie etwas zu hören oder zu sehen. Nehmen Sie 1 bis 200 Prozent.</translation>
+    </message>
 </context>
 </TS>

@@ -101,6 +101,14 @@ public:
         NoTracks,        ///< 1: the path.
         PictureRefused,  ///< 1: the path, 2: the stream number.
         ProbeTooLong,    ///< 1: the path, 2: seconds.
+        // The graph
+        CropTooSmall,     ///< 1: what is left of the crop, 2: the frame, 3: the smallest size.
+        CropCut,          ///< 1: what is kept of the crop, 2: the frame.
+        OddSize,          ///< 1: the size, 2: the pixel format.
+        MakesEightBits,   ///< 1: the frame effect.
+        WatermarkOutside, ///< 1: the watermark.
+        SubtitlePictures,
+        SpeedOfNothing,
         // Steps of the history, as a menu says them behind "Undo" and "Redo"
         StepChange, ///< 1: the property.
         StepSelect, ///< 1: what.
