@@ -54,13 +54,8 @@ bool soundChanges(const TypeSettings& type)
 /// Whether the style of a selected embedded track differs from the catalogue's, so that it has to be burned in.
 bool hasOwnStyle(const TypeSettings& subtitles, const QSize& frame)
 {
-    const Values plain = catalogueItem(subtitles.type, frame);
-    return std::any_of(subtitles.items.cbegin(), subtitles.items.cend(), [&](const Item& item) {
-        bool differs = false;
-        for (auto it = plain.cbegin(); it != plain.cend(); ++it)
-            differs = differs || (item.values.contains(it.key()) && !exactly(item.values.value(it.key()), it.value()));
-        return item.selected && differs;
-    });
+    return std::any_of(subtitles.items.cbegin(), subtitles.items.cend(),
+                       [&](const Item& item) { return item.selected && isStyled(item.values, frame); });
 }
 
 bool changes(const Settings& settings, const TypeSettings& type)
@@ -84,6 +79,14 @@ bool changes(const Settings& settings, const TypeSettings& type)
 }
 
 } // namespace
+
+bool isStyled(const Values& track, const QSize& frame)
+{
+    const Values plain = catalogueItem(QStringLiteral("Subtitle"), frame);
+    return std::any_of(plain.keyBegin(), plain.keyEnd(), [&](const QString& key) {
+        return track.contains(key) && !exactly(track.value(key), plain.value(key));
+    });
+}
 
 bool asksForAnything(const Settings& settings)
 {
