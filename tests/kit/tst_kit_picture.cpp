@@ -1,0 +1,765 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+// What the real ffmpeg makes of pictures by the graphs of the kit.
+
+#include <cmath>
+
+#include <QColor>
+#include <QFont>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <zokit/graph.h>
+#include <zokit/properties.h>
+#include <zokit/subtitlescript.h>
+
+#include "graphsupport.h"
+#include "kitsupport.h"
+
+using graphsupport::append;
+using graphsupport::clip;
+using graphsupport::ffmpeg;
+using graphsupport::filtered;
+using graphsupport::Frame;
+using graphsupport::frame;
+using graphsupport::pattern;
+using graphsupport::plain;
+using graphsupport::set;
+using graphsupport::useEffect;
+using zokit::GraphParts;
+using zokit::MediaInfo;
+using zokit::Settings;
+
+Q_DECLARE_METATYPE(zokit::Values)
+
+namespace {
+
+const QString yuv420 = QStringLiteral("yuv420p");
+const QSize small(160, 120);
+
+/// Values of a plane at the middle of five patches beside each other.
+QVector<int> patches(const Frame& picture, int plane)
+{
+    QVector<int> values;
+    const QSize size = picture.planeSize(plane);
+    for (int patch = 0; patch < 5; ++patch)
+        values.append(picture.at(plane, (2 * patch + 1) * size.width() / 10, size.height() / 2));
+    return values;
+}
+
+/// A frame of five luma patches and one colour.
+Frame patched(const QVector<int>& luma, int u, int v, const QString& format = yuv420)
+{
+    Frame picture = frame(small, format);
+    for (int y = 0; y < small.height(); ++y) {
+        for (int x = 0; x < small.width(); ++x)
+            picture.put(0, x, y, luma.at(x * 5 / small.width()));
+    }
+    picture.fill(1, u);
+    picture.fill(2, v);
+    return picture;
+}
+
+MediaInfo inRange(const QSize& size, const char* range, const QString& format = yuv420)
+{
+    MediaInfo media = clip(size, format);
+    media.streams.first().range = QString::fromLatin1(range);
+    return media;
+}
+
+/// Rows of luma that are lighter than \a threshold, from the first to the last; columns the same.
+QRect inkOf(const Frame& picture, int threshold)
+{
+    QRect ink;
+    for (int y = 0; y < picture.size.height(); ++y) {
+        for (int x = 0; x < picture.size.width(); ++x) {
+            if (picture.at(0, x, y) >= threshold)
+                ink |= QRect(x, y, 1, 1);
+        }
+    }
+    return ink;
+}
+
+QByteArray srt(const char* text)
+{
+    return QByteArray(
+               "[Script Info]\nPlayResX: 384\nPlayResY: 288\n\n[Events]\nFormat: Layer, Start, End, Style, Name, "
+               "MarginL, MarginR, MarginV, Effect, Text\nDialogue: 0,0:00:00.00,0:00:09.00,Default,,0,0,0,,")
+           + text + "\n";
+}
+
+QString written(const QTemporaryDir& folder, const char* name, const QByteArray& content)
+{
+    const QString path = folder.filePath(QString::fromLatin1(name));
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+        return QString();
+    return path;
+}
+
+} // namespace
+
+class TestKitPicture : public QObject {
+    Q_OBJECT
+
+private slots:
+    void colourChangesLevels_data();
+    void colourChangesLevels();
+    void cropIsExact_data();
+    void cropIsExact();
+    void oddFramesLoseOneRowAndColumn();
+    void fullRangeStaysFullRange();
+    void watermarkHasItsColours_data();
+    void watermarkHasItsColours();
+    void watermarkIsDrawnByTheLibrary();
+    void watermarkKeys_data();
+    void watermarkKeys();
+    void effectChangesLevels_data();
+    void effectChangesLevels();
+    void effectMovesPixels();
+    void effectsRunAtEveryDepth_data();
+    void effectsRunAtEveryDepth();
+    void pictureIsTurned_data();
+    void pictureIsTurned();
+    void watermarkLiesOverEffectsAndIsCropped();
+    void subtitleStandsAtItsPlace_data();
+    void subtitleStandsAtItsPlace();
+    void subtitleHasItsColour();
+    void previewIsTheOutput();
+    void hdrIsMapped();
+
+private:
+    QTemporaryDir m_folder;
+};
+
+void TestKitPicture::colourChangesLevels_data()
+{
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<int>("value");
+    QTest::addColumn<QVector<int>>("luma");
+    QTest::addColumn<QVector<int>>("colours");
+
+    using Row = QVector<int>;
+    const Row same{100, 160};
+    const auto row = [](const char* name, const char* key, int value, const Row& luma, const Row& colours) {
+        QTest::newRow(name) << QString::fromLatin1(key) << value << luma << colours;
+    };
+    row("brightness -50", "bcs_brightness", -50, {16, 16, 18, 70, 125}, same);
+    row("brightness -25", "bcs_brightness", -25, {16, 16, 73, 125, 180}, same);
+    row("brightness 25", "bcs_brightness", 25, {70, 118, 182, 234, 235}, same);
+    row("brightness 50", "bcs_brightness", 50, {125, 173, 235, 235, 235}, same);
+    row("contrast -50", "bcs_contrast", -50, {70, 94, 126, 152, 180}, same);
+    row("contrast -25", "bcs_contrast", -25, {43, 79, 127, 166, 207}, same);
+    row("contrast 25", "bcs_contrast", 25, {16, 48, 128, 193, 235}, same);
+    row("contrast 50", "bcs_contrast", 50, {16, 33, 129, 207, 235}, same);
+    row("saturation -50", "bcs_saturation", -50, {16, 64, 128, 180, 235}, {128, 128});
+    row("saturation -25", "bcs_saturation", -25, {16, 64, 128, 180, 235}, {114, 144});
+    row("saturation 25", "bcs_saturation", 25, {16, 64, 128, 180, 235}, {86, 176});
+    row("saturation 50", "bcs_saturation", 50, {16, 64, 128, 180, 235}, {72, 192});
+}
+
+void TestKitPicture::colourChangesLevels()
+{
+    QFETCH(const QString, key);
+    QFETCH(const int, value);
+    QFETCH(const QVector<int>, luma);
+    QFETCH(const QVector<int>, colours);
+    Settings settings = plain(small);
+    set(settings, "Color", key.toLatin1().constData(), value);
+    const Frame out = filtered(settings, clip(small), patched({16, 64, 128, 180, 235}, 100, 160));
+    QCOMPARE(patches(out, 0), luma);
+    QCOMPARE((QVector<int>{out.at(1, 40, 30), out.at(2, 40, 30)}), colours);
+
+    if (value != 25)
+        return;
+    // Ten bits stay: four codes for one, and those between.
+    const QString deep = QStringLiteral("yuv420p10le");
+    const Frame deepOut = filtered(settings, clip(small, deep), patched({64, 256, 512, 720, 940}, 400, 640, deep));
+    for (int patch = 0; patch < 5; ++patch)
+        QCOMPARE(patches(deepOut, 0).at(patch) / 4, luma.at(patch));
+}
+
+void TestKitPicture::cropIsExact_data()
+{
+    QTest::addColumn<QRect>("crop");
+    QTest::addColumn<QRect>("kept");
+
+    QTest::newRow("even") << QRect(20, 10, 80, 60) << QRect(20, 10, 80, 60);
+    QTest::newRow("at an odd place, of an odd size") << QRect(21, 11, 81, 61) << QRect(21, 11, 80, 60);
+    QTest::newRow("beyond the frame") << QRect(100, 70, 80, 60) << QRect(100, 70, 60, 50);
+}
+
+void TestKitPicture::cropIsExact()
+{
+    QFETCH(const QRect, crop);
+    QFETCH(const QRect, kept);
+    Settings settings = plain(small);
+    set(settings, "Crop", "crop_left", crop.left());
+    set(settings, "Crop", "crop_top", crop.top());
+    set(settings, "Crop", "crop_width", crop.width());
+    set(settings, "Crop", "crop_height", crop.height());
+    const Frame source = pattern(small);
+    const Frame out = filtered(settings, clip(small), source);
+    QCOMPARE(out.size, kept.size());
+    QCOMPARE(out.bytes.size(), kept.width() * kept.height() * 3 / 2);
+    int different = 0;
+    for (int y = 0; y < kept.height(); ++y) {
+        for (int x = 0; x < kept.width(); ++x)
+            different += out.at(0, x, y) != source.at(0, x + kept.left(), y + kept.top()) ? 1 : 0;
+    }
+    QCOMPARE(different, 0);
+}
+
+void TestKitPicture::oddFramesLoseOneRowAndColumn()
+{
+    const QSize odd(161, 121);
+    const Frame source = pattern(odd);
+    const Frame out = filtered(plain(odd), clip(odd), source);
+    QCOMPARE(out.size, small);
+    QCOMPARE(out.bytes.size(), 160 * 120 * 3 / 2);
+    QCOMPARE(out.at(0, 159, 119), source.at(0, 159, 119));
+    QCOMPARE(out.at(0, 0, 0), source.at(0, 0, 0));
+}
+
+void TestKitPicture::fullRangeStaysFullRange()
+{
+    const Frame source = patched({0, 16, 128, 235, 255}, 0, 255);
+    const auto levels = [&](const char* effect, const QString& format) {
+        Settings settings = plain(small);
+        useEffect(settings, QString::fromLatin1(effect));
+        Frame given = source;
+        given.format = format;
+        GraphParts parts;
+        parts.pixelFormat = yuv420;
+        const Frame out = filtered(settings, inRange(small, "pc", format), given, parts);
+        return patches(out, 0) + QVector<int>{out.at(1, 40, 30), out.at(2, 40, 30)};
+    };
+    using Row = QVector<int>;
+    QCOMPARE(levels("", yuv420), (Row{0, 16, 128, 235, 255, 0, 255}));
+    QCOMPARE(levels("", QStringLiteral("yuvj420p")), (Row{0, 16, 128, 235, 255, 0, 255}));
+    QCOMPARE(levels("Greyscale", yuv420), (Row{0, 16, 128, 235, 255, 128, 128}));
+    QCOMPARE(levels("Greyscale", QStringLiteral("yuvj420p")), (Row{0, 16, 128, 235, 255, 128, 128}));
+    QCOMPARE(levels("Negative", yuv420), (Row{255, 239, 127, 20, 0, 255, 1}));
+
+    Settings scaled = plain(small);
+    scaled.output.insert(QStringLiteral("size"), QStringLiteral("80x60"));
+    const Frame out = filtered(scaled, inRange(small, "pc"), source);
+    QCOMPARE(out.size, QSize(80, 60));
+    QCOMPARE(patches(out, 0), (Row{0, 16, 128, 235, 255}));
+}
+
+void TestKitPicture::watermarkHasItsColours_data()
+{
+    QTest::addColumn<QString>("format");
+    QTest::addColumn<QString>("matrix");
+    QTest::addColumn<QString>("range");
+
+    for (const char* format : {"yuv420p", "yuv422p", "yuv444p", "yuv420p10le", "yuv422p10le"})
+        QTest::newRow(format) << QString::fromLatin1(format) << "bt709"
+                              << "tv";
+    QTest::newRow("bt601") << yuv420 << "bt601"
+                           << "tv";
+    QTest::newRow("bt2020, ten bits") << "yuv420p10le"
+                                      << "bt2020"
+                                      << "tv";
+    QTest::newRow("full range") << yuv420 << "bt709"
+                                << "pc";
+    QTest::newRow("full range by name") << "yuvj420p"
+                                        << "bt709"
+                                        << "pc";
+}
+
+void TestKitPicture::watermarkHasItsColours()
+{
+    QFETCH(const QString, format);
+    QFETCH(const QString, matrix);
+    QFETCH(const QString, range);
+    // Eight patches of 16x16 with clear space between.
+    const QVector<QColor> colours{Qt::white, Qt::black,  Qt::red,  Qt::green,
+                                  Qt::blue,  Qt::yellow, Qt::gray, QColor(200, 100, 50)};
+    QImage mark(small, QImage::Format_RGBA8888);
+    mark.fill(Qt::transparent);
+    for (int patch = 0; patch < colours.size(); ++patch) {
+        for (int y = 32; y < 48; ++y) {
+            for (int x = 0; x < 16; ++x)
+                mark.setPixelColor(patch * 20 + x, y, colours.at(patch));
+        }
+    }
+    const QString path = m_folder.filePath(QStringLiteral("mark.png"));
+    QVERIFY(mark.save(path));
+
+    MediaInfo media = clip(small, format);
+    media.streams.first().matrix = matrix;
+    media.streams.first().range = range;
+    GraphParts parts;
+    parts.watermarkInput = 1;
+    const Frame source = pattern(small, format);
+    const Frame out = filtered(plain(small), media, source, parts,
+                               {QStringLiteral("-f"), QStringLiteral("png_pipe"), QStringLiteral("-i"), path});
+    QCOMPARE(out.bytes.size(), source.bytes.size());
+
+    struct Parts {
+        double red, blue;
+    };
+    const Parts weights = matrix == QLatin1String("bt709")   ? Parts{0.2126, 0.0722}
+                          : matrix == QLatin1String("bt601") ? Parts{0.299, 0.114}
+                                                             : Parts{0.2627, 0.0593};
+    const double unit = out.depth() > 8 ? 4 : 1;
+    const bool full = range == QLatin1String("pc");
+    double worstLuma = 0;
+    double worstColour = 0;
+    for (int patch = 0; patch < colours.size(); ++patch) {
+        const QColor& colour = colours.at(patch);
+        const double luma = weights.red * colour.redF() + (1 - weights.red - weights.blue) * colour.greenF()
+                            + weights.blue * colour.blueF();
+        const double u = (colour.blueF() - luma) / (2 * (1 - weights.blue));
+        const double v = (colour.redF() - luma) / (2 * (1 - weights.red));
+        const double expectedLuma = (full ? luma * 255 : 16 + luma * 219) * unit;
+        const double expectedU = (128 + u * (full ? 255 : 224)) * unit;
+        const double expectedV = (128 + v * (full ? 255 : 224)) * unit;
+        const int x = patch * 20 + 8;
+        const int across = out.planeSize(0).width() / out.planeSize(1).width();
+        const int down = out.planeSize(0).height() / out.planeSize(1).height();
+        worstLuma = std::max(worstLuma, std::abs(out.at(0, x, 40) - expectedLuma));
+        worstColour =
+            std::max(worstColour, std::abs(out.at(1, x / across, 40 / down) - std::min(expectedU, 255 * unit)));
+        worstColour =
+            std::max(worstColour, std::abs(out.at(2, x / across, 40 / down) - std::min(expectedV, 255 * unit)));
+    }
+    qInfo() << "worst error of luma and colours" << worstLuma << worstColour;
+    QVERIFY(worstLuma <= 0.55);
+    QVERIFY(worstColour <= 1.0 * unit);
+
+    int changed = 0;
+    for (int plane = 0; plane < 3; ++plane) {
+        const QSize size = out.planeSize(plane);
+        const int down = out.planeSize(0).height() / size.height();
+        for (int y = 0; y < size.height(); ++y) {
+            const bool outside = y * down < 32 || y * down >= 48;
+            for (int x = 0; outside && x < size.width(); ++x)
+                changed += out.at(plane, x, y) != source.at(plane, x, y) ? 1 : 0;
+        }
+    }
+    QCOMPARE(changed, 0);
+}
+
+void TestKitPicture::watermarkIsDrawnByTheLibrary()
+{
+    QVERIFY(zokit::watermarkPicture(plain(small)).isNull());
+    Settings settings = plain(small);
+    append(settings, "Watermark",
+           {{QStringLiteral("wm_istextwatermark"), false},
+            {QStringLiteral("wm_imageurl"), kitsupport::logoPath(20, 10)},
+            {QStringLiteral("wm_imagewidth"), 20},
+            {QStringLiteral("wm_imageheight"), 10},
+            {QStringLiteral("wm_hposition"), 30},
+            {QStringLiteral("wm_vposition"), 40}});
+    const QImage picture = zokit::watermarkPicture(settings);
+    QCOMPARE(picture.size(), small);
+    QCOMPARE(picture.format(), QImage::Format_RGBA8888);
+    QCOMPARE(picture.pixelColor(29, 40).alpha(), 0);
+    QCOMPARE(picture.pixelColor(30, 40), QColor(0, 0, 255, 254));
+    QCOMPARE(picture.pixelColor(49, 49), QColor(0, 0, 255, 254));
+    QCOMPARE(picture.pixelColor(50, 49).alpha(), 0);
+    QVERIFY(zokit::watermarkWarnings(settings).isEmpty());
+
+    set(settings, "Crop", "crop_left", 60);
+    set(settings, "Crop", "crop_top", 0);
+    set(settings, "Crop", "crop_width", 40);
+    set(settings, "Crop", "crop_height", 40);
+    append(settings, "Watermark",
+           {{QStringLiteral("wm_imageurl"), QStringLiteral("/none/logo.png")}, {QStringLiteral("wm_imagewidth"), 5}});
+    const zokit::Messages warnings = zokit::watermarkWarnings(settings);
+    QCOMPARE(warnings.size(), 2);
+    QCOMPARE(warnings.at(0).text(), QStringLiteral("Watermark:0 lies outside of the part that is kept and cannot be "
+                                                   "seen. Move it, or make the crop larger."));
+    QCOMPARE(warnings.at(1).text(), QStringLiteral("/none/logo.png: no such file."));
+}
+
+void TestKitPicture::watermarkKeys_data()
+{
+    QTest::addColumn<zokit::Values>("changed");
+    QTest::addColumn<int>("alpha");
+    QTest::addColumn<QColor>("colour");
+    QTest::addColumn<bool>("otherShape");
+
+    const auto row = [](const char* key, const QVariant& value, int alpha, const QColor& colour, bool otherShape) {
+        QTest::newRow(key) << zokit::Values{{QString::fromLatin1(key), value}} << alpha << colour << otherShape;
+    };
+    row("id", 0, 254, Qt::white, false); // Nothing changed.
+    row("wm_transparency", 50, 127, Qt::white, false);
+    row("wm_transfactor", 1.0, 100, Qt::white, false);
+    row("wm_fontcolor", QColor(Qt::red), 254, Qt::red, false);
+    row("wm_fontstyle", QStringLiteral("Bold"), 254, Qt::white, true);
+    row("wm_fontsize", 30, 254, Qt::white, true);
+    row("wm_fontname", QFont(QStringLiteral("DejaVu Serif")), 254, Qt::white, true);
+    row("wm_textcontent", QStringLiteral("HI"), 254, Qt::white, true);
+    row("wm_ingnore", true, 0, Qt::white, true);
+    row("wm_istextwatermark", false, 254, Qt::blue, true);
+}
+
+void TestKitPicture::watermarkKeys()
+{
+    QFETCH(const zokit::Values, changed);
+    QFETCH(const int, alpha);
+    QFETCH(const QColor, colour);
+    QFETCH(const bool, otherShape);
+    const zokit::Values usual{{QStringLiteral("wm_istextwatermark"), true},
+                              {QStringLiteral("wm_textcontent"), QStringLiteral("HH")},
+                              {QStringLiteral("wm_imageurl"), kitsupport::logoPath(20, 10)},
+                              {QStringLiteral("wm_imagewidth"), 20},
+                              {QStringLiteral("wm_imageheight"), 10},
+                              {QStringLiteral("wm_fontname"), QFont(QStringLiteral("DejaVu Sans"))},
+                              {QStringLiteral("wm_hposition"), 30},
+                              {QStringLiteral("wm_vposition"), 40}};
+    const auto drawn = [](const zokit::Values& values) {
+        Settings settings = plain(small);
+        append(settings, "Watermark", values);
+        return zokit::watermarkPicture(settings);
+    };
+    zokit::Values values = usual;
+    for (auto it = changed.cbegin(); it != changed.cend(); ++it)
+        values.insert(it.key(), it.value());
+    const QImage picture = drawn(values);
+    const QImage before = drawn(usual);
+    int most = 0;
+    QColor found = colour;
+    int differs = 0;
+    for (int y = 0; y < small.height(); ++y) {
+        for (int x = 0; x < small.width(); ++x) {
+            const QColor pixel = picture.isNull() ? QColor(Qt::transparent) : picture.pixelColor(x, y);
+            if (pixel.alpha() > most) {
+                most = pixel.alpha();
+                found = QColor(pixel.red(), pixel.green(), pixel.blue());
+            }
+            differs += (pixel.alpha() > 0) != (before.pixelColor(x, y).alpha() > 0) ? 1 : 0;
+        }
+    }
+    QCOMPARE(most, alpha);
+    QCOMPARE(found, colour);
+    QCOMPARE(differs > 20, otherShape);
+
+    // An image is read as the format that is said.
+    values.insert(QStringLiteral("wm_istextwatermark"), false);
+    values.insert(QStringLiteral("wm_imageformat"), QStringLiteral("png"));
+    QVERIFY(!drawn(values).isNull());
+    values.insert(QStringLiteral("wm_imageformat"), QStringLiteral("bmp"));
+    QVERIFY(drawn(values).isNull() || drawn(values).pixelColor(35, 45).alpha() == 0);
+}
+
+void TestKitPicture::effectChangesLevels_data()
+{
+    QTest::addColumn<QVector<int>>("luma");
+    QTest::addColumn<QVector<int>>("colours");
+
+    using Row = QVector<int>;
+    const Row same{16, 64, 128, 180, 235};
+    QTest::newRow("Sepia") << same << Row{110, 146};
+    QTest::newRow("Greyscale") << same << Row{128, 128};
+    QTest::newRow("Negative") << Row{235, 187, 123, 71, 16} << Row{156, 96};
+    QTest::newRow("Posterize") << Row{16, 78, 141, 172, 235} << Row{100, 160}; // Steps of 219/7.
+    QTest::newRow("Warm") << same << Row{90, 170};
+    QTest::newRow("Cool") << same << Row{110, 150};
+    QTest::newRow("Edge") << Row{16, 16, 16, 16, 16} << Row{128, 128};
+    QTest::newRow("Blur") << same << Row{100, 160};
+    QTest::newRow("Sharpen") << same << Row{100, 160};
+}
+
+void TestKitPicture::effectChangesLevels()
+{
+    QFETCH(const QVector<int>, luma);
+    QFETCH(const QVector<int>, colours);
+    Settings settings = plain(small);
+    useEffect(settings, QString::fromLatin1(QTest::currentDataTag()));
+    const Frame out = filtered(settings, clip(small), patched({16, 64, 128, 180, 235}, 100, 160));
+    QCOMPARE(patches(out, 0), luma);
+    QCOMPARE((QVector<int>{out.at(1, 40, 30), out.at(2, 40, 30)}), colours);
+}
+
+void TestKitPicture::effectMovesPixels()
+{
+    const auto with = [](const char* effect, const Frame& source) {
+        Settings settings = plain(source.size);
+        useEffect(settings, QString::fromLatin1(effect));
+        return filtered(settings, clip(source.size), source);
+    };
+    const Frame source = pattern(small);
+    const Frame mirror = with("Mirror", source);
+    const Frame flip = with("Flip", source);
+    const Frame tiles = with("Mosaic", source);
+    int wrong = 0;
+    for (int y = 0; y < 120; ++y) {
+        for (int x = 0; x < 160; ++x) {
+            wrong += mirror.at(0, x, y) != source.at(0, 159 - x, y) ? 1 : 0;
+            wrong += flip.at(0, x, y) != source.at(0, x, 119 - y) ? 1 : 0;
+            wrong += tiles.at(0, x, y) != tiles.at(0, x / 2 * 2, y / 2 * 2) ? 1 : 0; // 120 / 45, even.
+        }
+    }
+    QCOMPARE(wrong, 0);
+
+    // Also where the half of the width is odd.
+    for (const int width : {160, 158}) {
+        const Frame wide = pattern(QSize(width, 120));
+        const Frame both = with("Kaleidoscope", wide);
+        QCOMPARE(both.size, wide.size);
+        QCOMPARE(both.bytes.size(), wide.bytes.size());
+        QCOMPARE(both.at(0, 3, 50), wide.at(0, 3, 50));
+        QCOMPARE(both.at(0, 156, 50), wide.at(0, 3, 50));
+    }
+}
+
+void TestKitPicture::effectsRunAtEveryDepth_data()
+{
+    QTest::addColumn<QString>("format");
+    for (const char* format : {"yuv420p", "yuv420p10le", "yuv444p", "yuv422p10le"})
+        QTest::newRow(format) << QString::fromLatin1(format);
+}
+
+void TestKitPicture::effectsRunAtEveryDepth()
+{
+    // All twenty after each other: each of them runs, and labels do not meet.
+    QFETCH(const QString, format);
+    Settings settings = plain(small);
+    for (const zokit::FrameEffect& effect : zokit::frameEffects())
+        useEffect(settings, QString::fromLatin1(effect.name));
+    const Frame source = pattern(small, format);
+    const Frame out = filtered(settings, clip(small, format), source);
+    QCOMPARE(out.bytes.size(), source.bytes.size());
+    QVERIFY(out.bytes != source.bytes);
+    // Each of them alone changes the picture.
+    if (format != yuv420)
+        return;
+    for (const zokit::FrameEffect& effect : zokit::frameEffects()) {
+        Settings one = plain(small);
+        useEffect(one, QString::fromLatin1(effect.name));
+        const Frame changed = filtered(one, clip(small), source);
+        QVERIFY2(changed.bytes.size() == source.bytes.size() && changed.bytes != source.bytes, effect.name);
+    }
+}
+
+void TestKitPicture::pictureIsTurned_data()
+{
+    QTest::addColumn<int>("angle");
+    QTest::addColumn<int>("action");
+    QTest::addColumn<QPoint>("corner"); // Where the left upper pixel comes to.
+
+    QTest::newRow("90") << 90 << 0 << QPoint(119, 0);
+    QTest::newRow("180") << 180 << 0 << QPoint(159, 119);
+    QTest::newRow("270") << 270 << 0 << QPoint(0, 159);
+    QTest::newRow("left and right") << 0 << 1 << QPoint(159, 0);
+    QTest::newRow("top and bottom") << 0 << 2 << QPoint(0, 119);
+    QTest::newRow("both") << 0 << 3 << QPoint(159, 119);
+    QTest::newRow("90, then left and right") << 90 << 1 << QPoint(0, 0);
+}
+
+void TestKitPicture::pictureIsTurned()
+{
+    QFETCH(const int, angle);
+    QFETCH(const int, action);
+    QFETCH(const QPoint, corner);
+    Settings settings = plain(small);
+    set(settings, "Crop", "player_map_flag", true);
+    set(settings, "Effect", "crop_rotation_angle", angle);
+    set(settings, "Effect", "crop_rotation_action", action);
+    Frame source = frame(small);
+    source.put(0, 0, 0, 235);
+    const Frame out = filtered(settings, clip(small), source);
+    QCOMPARE(out.size, angle == 90 || angle == 270 ? QSize(120, 160) : small);
+    QCOMPARE(inkOf(out, 200), QRect(corner, QSize(1, 1)));
+}
+
+void TestKitPicture::watermarkLiesOverEffectsAndIsCropped()
+{
+    QImage mark(small, QImage::Format_RGBA8888);
+    mark.fill(Qt::transparent);
+    for (int y = 20; y < 30; ++y) {
+        for (int x = 20; x < 40; ++x)
+            mark.setPixelColor(x, y, Qt::white);
+    }
+    const QString path = m_folder.filePath(QStringLiteral("over.png"));
+    QVERIFY(mark.save(path));
+    Settings settings = plain(small);
+    useEffect(settings, QStringLiteral("Mirror"));
+    useEffect(settings, QStringLiteral("Negative"));
+    set(settings, "Crop", "crop_left", 11);
+    set(settings, "Crop", "crop_top", 7);
+    set(settings, "Crop", "crop_width", 100);
+    set(settings, "Crop", "crop_height", 100);
+    GraphParts parts;
+    parts.watermarkInput = 1;
+    Frame source = frame(small);
+    source.fill(0, 235); // Which becomes black.
+    const Frame out = filtered(settings, clip(small), source, parts,
+                               {QStringLiteral("-f"), QStringLiteral("png_pipe"), QStringLiteral("-i"), path});
+    QCOMPARE(inkOf(out, 230), QRect(9, 13, 20, 10));
+}
+
+void TestKitPicture::subtitleStandsAtItsPlace_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::addColumn<int>("points");
+    QTest::addColumn<int>("top");
+    QTest::addColumn<double>("from");
+    QTest::addColumn<int>("inkTop");
+    QTest::addColumn<int>("inkHeight");
+
+    // 22 points are 29.3 pixels: capitals are 21 pixels high, and the ascent is 6 higher. A pixel of outline is dark.
+    QTest::newRow("720 lines") << QSize(640, 720) << 22 << 100 << 0.0 << 106 << 21;
+    QTest::newRow("after a seek") << QSize(640, 720) << 22 << 100 << 2.5 << 106 << 21;
+    QTest::newRow("360 lines, 12 points") << QSize(640, 360) << 12 << 100 << 0.0 << 103 << 12;
+    QTest::newRow("below the frame") << QSize(640, 360) << 22 << 400 << 0.0 << 332 << 21;
+}
+
+void TestKitPicture::subtitleStandsAtItsPlace()
+{
+    QFETCH(const QSize, size);
+    QFETCH(const int, points);
+    QFETCH(const int, top);
+    QFETCH(const double, from);
+    QFETCH(const int, inkTop);
+    QFETCH(const int, inkHeight);
+    const zokit::Values style{{QStringLiteral("sub_fontsize"), points}, {QStringLiteral("sub_vposition"), top}};
+    const QByteArray text = from > 0 ? QByteArray(srt("H")).replace("0:00:00.00", "0:00:02.50") : srt("H");
+    const zokit::OwnSubtitles own = zokit::ownSubtitles(text, style, {size, false, false});
+    Settings settings = plain(size);
+    append(settings, "Subtitle", style);
+    GraphParts parts;
+    parts.subtitleScript = written(m_folder, "it's [own],50%;1.ass", own.script);
+    parts.from = from;
+    Frame grey = frame(size);
+    grey.fill(0, 60);
+    const Frame out = filtered(settings, clip(size), grey, parts);
+    const QRect ink = inkOf(out, 150);
+    QVERIFY2(std::abs(ink.top() - inkTop) <= 1, QByteArray::number(ink.top()));
+    QVERIFY2(std::abs(ink.height() - inkHeight) <= 1, QByteArray::number(ink.height()));
+    QVERIFY2(std::abs(ink.center().x() - size.width() / 2) <= 1, QByteArray::number(ink.center().x()));
+    // Before its time it is not there.
+    if (from > 0) {
+        parts.from = 2.4;
+        QCOMPARE(inkOf(filtered(settings, clip(size), grey, parts), 150), QRect());
+    }
+}
+
+void TestKitPicture::subtitleHasItsColour()
+{
+    const QSize size(320, 240);
+    const auto drawn = [&](const QColor& colour, int transparency) {
+        const zokit::Values style{{QStringLiteral("sub_fontsize"), 72},
+                                  {QStringLiteral("sub_fontstyle"), QStringLiteral("Bold")},
+                                  {QStringLiteral("sub_vposition"), 60},
+                                  {QStringLiteral("sub_transparency"), transparency},
+                                  {QStringLiteral("sub_fontcolor"), colour}};
+        const zokit::OwnSubtitles own = zokit::ownSubtitles(srt("I"), style, {size, false, false});
+        Settings settings = plain(size);
+        append(settings, "Subtitle", style);
+        GraphParts parts;
+        parts.subtitleScript = written(m_folder, "colour.ass", own.script);
+        parts.subtitleInColour = own.inColour;
+        Frame grey = frame(size);
+        grey.fill(0, 128);
+        const Frame out = filtered(settings, clip(size), grey, parts);
+        const QVector<int> outside{out.at(0, 5, 5), out.at(1, 2, 2), out.at(2, 2, 2)};
+        // The middle of the letter: an I stands in the middle of the frame.
+        return QVector<int>{out.at(0, 160, 120), out.at(1, 80, 60), out.at(2, 80, 60)} + outside;
+    };
+    const auto isNear = [](const QVector<int>& left, const QVector<int>& right) {
+        for (int i = 0; i < right.size(); ++i) {
+            if (std::abs(left.at(i) - right.at(i)) > 1) {
+                qWarning() << left << "instead of" << right;
+                return false;
+            }
+        }
+        return true;
+    };
+    QVERIFY(isNear(drawn(Qt::white, 0), {235, 128, 128, 128, 128, 128}));
+    QVERIFY(isNear(drawn(Qt::red, 0), {63, 102, 240, 128, 128, 128}));
+    QVERIFY(isNear(drawn(Qt::white, 50), {181, 128, 128, 128, 128, 128})); // 127/255 of the way from 128 to 235.
+    QVERIFY(isNear(drawn(Qt::red, 50), {96, 115, 184, 128, 128, 128}));
+}
+
+void TestKitPicture::previewIsTheOutput()
+{
+    const QString path = m_folder.filePath(QStringLiteral("clip.mkv"));
+    ffmpeg({QStringLiteral("-f"), QStringLiteral("lavfi"), QStringLiteral("-i"),
+            QStringLiteral("testsrc2=s=160x120:r=25:d=2"), QStringLiteral("-c:v"), QStringLiteral("ffv1"),
+            QStringLiteral("-g"), QStringLiteral("10"), QStringLiteral("-pix_fmt"), yuv420, path});
+    QVERIFY(QFileInfo(path).size() > 0);
+    QImage mark(small, QImage::Format_RGBA8888);
+    mark.fill(QColor(200, 30, 60, 90));
+    const QString markPath = m_folder.filePath(QStringLiteral("shade.png"));
+    QVERIFY(mark.save(markPath));
+
+    Settings settings = plain(small);
+    set(settings, "Color", "bcs_contrast", 20);
+    set(settings, "Crop", "crop_left", 11);
+    set(settings, "Crop", "crop_top", 7);
+    set(settings, "Crop", "crop_width", 100);
+    set(settings, "Crop", "crop_height", 100);
+    useEffect(settings, QStringLiteral("Noise"));
+    useEffect(settings, QStringLiteral("Vignette"));
+    append(settings, "Subtitle", {{QStringLiteral("sub_vposition"), 50}});
+    const QByteArray text = QByteArray(srt("now")).replace("0:00:00.00", "0:00:01.00");
+    GraphParts parts;
+    parts.watermarkInput = 1;
+    parts.subtitleScript =
+        written(m_folder, "now.ass",
+                zokit::ownSubtitles(text, settings.find(QStringLiteral("Subtitle"))->items.first().values,
+                                    {small, false, false})
+                    .script);
+    const auto run = [&](const QStringList& seek, const QStringList& end) {
+        const zokit::PictureGraph graph = zokit::pictureGraph(settings, clip(small), parts);
+        return ffmpeg(seek
+                      + QStringList{QStringLiteral("-i"), path, QStringLiteral("-i"), markPath,
+                                    QStringLiteral("-filter_complex"), graph.text, QStringLiteral("-map"),
+                                    QStringLiteral("[picture]")}
+                      + end + QStringList{QStringLiteral("-f"), QStringLiteral("rawvideo"), QStringLiteral("pipe:1")});
+    };
+    const QByteArray whole = run({}, {});
+    constexpr int frameBytes = 100 * 100 * 3 / 2;
+    QCOMPARE(whole.size(), 50 * frameBytes);
+    for (const int number : {0, 24, 25, 49}) {
+        parts.from = number == 0 ? 0 : (number - 0.5) / 25;
+        const QByteArray one = run({QStringLiteral("-ss"), QString::number(parts.from)},
+                                   {QStringLiteral("-frames:v"), QStringLiteral("1")});
+        QVERIFY2(one == whole.mid(number * frameBytes, frameBytes), QByteArray::number(number));
+    }
+    QVERIFY(whole.mid(24 * frameBytes, frameBytes) != whole.mid(25 * frameBytes, frameBytes));
+
+    // The kept frame goes the same way.
+    const zokit::PictureGraph source = zokit::sourceGraph(settings, clip(small));
+    const QByteArray kept = ffmpeg({QStringLiteral("-ss"), QStringLiteral("1.18"), QStringLiteral("-i"), path,
+                                    QStringLiteral("-filter_complex"), source.text, QStringLiteral("-map"),
+                                    QStringLiteral("[picture]"), QStringLiteral("-frames:v"), QStringLiteral("1"),
+                                    QStringLiteral("-f"), QStringLiteral("rawvideo"), QStringLiteral("pipe:1")});
+    parts.from = 1.2;
+    const Frame shown = filtered(settings, clip(small), {small, yuv420, kept}, parts, {QStringLiteral("-i"), markPath});
+    QVERIFY(shown.bytes == whole.mid(30 * frameBytes, frameBytes));
+}
+
+void TestKitPicture::hdrIsMapped()
+{
+    MediaInfo media = clip(small, QStringLiteral("yuv420p10le"));
+    zokit::MediaStream& stream = media.streams.first();
+    stream.isHdr = true;
+    stream.matrix = QStringLiteral("bt2020");
+    stream.colorSpace = QStringLiteral("bt2020nc");
+    stream.primaries = QStringLiteral("bt2020");
+    stream.transfer = QStringLiteral("smpte2084");
+    Frame source = frame(small, QStringLiteral("yuv420p10le"));
+    source.fill(0, 509); // 100 candelas in PQ.
+    Settings settings = plain(small);
+    GraphParts parts;
+    parts.pixelFormat = yuv420;
+    settings.output.insert(QStringLiteral("hdr"), QStringLiteral("map"));
+    const Frame mapped = filtered(settings, media, source, parts);
+    QCOMPARE(mapped.bytes.size(), 160 * 120 * 3 / 2);
+    settings.output.insert(QStringLiteral("hdr"), QStringLiteral("keep"));
+    const Frame kept = filtered(settings, media, source, parts);
+    QCOMPARE(kept.at(0, 80, 60), 127); // The codes as they are, in eight bits.
+    QVERIFY2(mapped.at(0, 80, 60) > 140, QByteArray::number(mapped.at(0, 80, 60)));
+    QCOMPARE(mapped.at(1, 40, 30), 128);
+}
+
+QTEST_MAIN(TestKitPicture)
+#include "tst_kit_picture.moc"
