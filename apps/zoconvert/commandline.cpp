@@ -4,7 +4,6 @@
 #include "commandline.h"
 
 #include <algorithm>
-#include <limits>
 #include <string>
 #include <vector>
 
@@ -95,7 +94,7 @@ public:
     explicit Reader(const Command& command) : m_command(command), m_options(optionsOf(command))
     {
         m_app.set_help_flag();
-        m_app.allow_extras(); // What nobody knows is named here, with what was meant.
+        m_app.allow_extras(); // Words, too: an option for them would take "[a]" apart.
         for (int i = 0; i < m_options.size(); ++i) {
             const Option& option = m_options.at(i);
             if (option.name == QLatin1String("help"))
@@ -109,7 +108,6 @@ public:
         }
         m_summary = m_app.add_flag("-h");
         m_help = m_app.add_flag("--help");
-        m_words = m_app.add_option("words")->expected(0, std::numeric_limits<int>::max() / 2);
     }
 
     Parsed read(const QVector<QByteArray>& arguments)
@@ -126,7 +124,7 @@ public:
         takeResults();
         if (m_parsed.wish == Parsed::Summary || m_parsed.wish == Parsed::Help)
             return m_parsed;
-        nameUnknown();
+        takeWords();
         if (m_parsed.error.isEmpty())
             countWords();
         m_parsed.wish = m_parsed.error.isEmpty() ? Parsed::Run : Parsed::Nonsense;
@@ -152,13 +150,7 @@ private:
             const QByteArray bytes = QByteArray::fromStdString(option->results().at(taken[option]++));
             bool isUtf8 = false;
             const QString value = textOf(bytes, &isUtf8);
-            if (option == m_words) {
-                m_parsed.invocation.words.append(value);
-                if (!isUtf8)
-                    m_parsed.invocation.notUtf8.append(value);
-            } else {
-                take(m_options.at(m_known.value(option)), value, isUtf8);
-            }
+            take(m_options.at(m_known.value(option)), value, isUtf8);
         }
     }
 
@@ -193,19 +185,34 @@ private:
         return read.value;
     }
 
-    void nameUnknown()
+    /// What is left are words and, as far as "--", options that nobody knows.
+    void takeWords()
+    {
+        Invocation& invocation = m_parsed.invocation;
+        bool mayBeOption = true;
+        for (const std::string& rest : m_app.remaining()) {
+            bool isUtf8 = false;
+            const QString word = textOf(QByteArray::fromStdString(rest), &isUtf8);
+            if (mayBeOption && word == QLatin1String("--")) {
+                mayBeOption = false;
+            } else if (mayBeOption && word.size() > 1 && word.startsWith(QLatin1Char('-'))) {
+                nameUnknown(word.section(QLatin1Char('='), 0, 0));
+            } else {
+                invocation.words.append(word);
+                if (!isUtf8)
+                    invocation.notUtf8.append(word);
+            }
+        }
+    }
+
+    void nameUnknown(const QString& word)
     {
         QStringList names;
         for (const Option& option : m_options)
             names.append(dashed(option));
-        for (const std::string& word : m_app.remaining()) {
-            bool isUtf8 = false;
-            const QString unknown = textOf(QByteArray::fromStdString(word), &isUtf8).section(QLatin1Char('='), 0, 0);
-            if (unknown == QLatin1String("--") || !m_parsed.error.isEmpty())
-                continue;
+        if (m_parsed.error.isEmpty())
             m_parsed.error =
-                say(Say::UnknownOption, {QString::fromLatin1(m_command.name), unknown, zokit::nearest(unknown, names)});
-        }
+                say(Say::UnknownOption, {QString::fromLatin1(m_command.name), word, zokit::nearest(word, names)});
     }
 
     void countWords()
@@ -228,7 +235,6 @@ private:
     QHash<const CLI::Option*, int> m_known;
     const CLI::Option* m_summary = nullptr;
     const CLI::Option* m_help = nullptr;
-    const CLI::Option* m_words = nullptr;
     Parsed m_parsed;
 };
 

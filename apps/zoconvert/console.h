@@ -10,9 +10,6 @@
 /// What the program says, and where: what was asked for on standard output, all else on standard error.
 namespace zoconvert::console {
 
-/// Control characters, and those that turn the direction of a line, as "\n", "\x1b", "\u202e".
-QString escaped(const QString& text);
-
 /// "zoconvert: FILE: sentence" on one line; without the file where \a file is empty.
 void error(const QString& sentence, const QString& file = {});
 /// The same for what is no error: "zoconvert: FILE: warning: sentence".
@@ -20,7 +17,7 @@ void warning(const QString& sentence, const QString& file = {});
 
 /// What was asked for.
 void print(const QByteArray& text);
-/// A line of it; control characters are escaped.
+/// A line of it; control characters are spelled.
 void printLine(const QString& line);
 void printJson(const QJsonArray& array);
 /// Whether all that was printed has been taken by who reads it: a disk can be full.

@@ -15,12 +15,17 @@
 
 namespace zoconvert {
 
+QString named(const QString& file, const QString& sentence)
+{
+    return sentence.isEmpty() ? sentence : QStringLiteral("%1: %2").arg(file, sentence);
+}
+
 Input loadInput(const QString& name, const Invocation& invocation)
 {
     Input input;
     input.name = name;
     if (invocation.notUtf8.contains(name)) {
-        input.error = say(Say::NotUtf8);
+        input.error = named(name, say(Say::NotUtf8));
         input.code = Failed;
         return input;
     }
@@ -29,10 +34,7 @@ Input loadInput(const QString& name, const Invocation& invocation)
         input.settings = std::make_unique<zokit::FileSettings>(*read.settings);
         return input;
     }
-    const QString prefix = name + QStringLiteral(": ");
     input.error = read.error.text();
-    if (input.error.startsWith(prefix))
-        input.error.remove(0, prefix.size()); // The file is named by who says it.
     input.code = QFileInfo::exists(name) ? Usage : Failed;
     return input;
 }

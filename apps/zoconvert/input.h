@@ -18,9 +18,12 @@ namespace zoconvert {
 struct Input {
     QString name;                                  ///< As it was typed.
     std::unique_ptr<zokit::FileSettings> settings; ///< Null: refused.
-    QString error;
-    int code = Done; ///< Failed: missing or no media; Usage: settings that are refused.
+    QString error;                                 ///< Names the file.
+    int code = Done;                               ///< Failed: missing or no media; Usage: settings that are refused.
 };
+
+/// "FILE: sentence"; empty for an empty sentence.
+QString named(const QString& file, const QString& sentence);
 
 /// The settings file \a name of \a invocation.
 Input loadInput(const QString& name, const Invocation& invocation);

@@ -23,10 +23,13 @@ int codeOf(const Message& error)
 {
     if (error.isEmpty())
         return Done;
-    console::error(error.text());
-    const bool failed = error.code() == Message::Code::PresetExists || error.code() == Message::Code::FileExists
-                        || error.code() == Message::Code::FileUnwritable;
-    return failed ? Failed : Usage;
+    using Code = Message::Code;
+    const bool isThere = error.code() == Code::PresetExists || error.code() == Code::FileExists;
+    if (isThere)
+        console::error(say(error.code() == Code::PresetExists ? Say::PresetThere : Say::FileThere, error.arguments()));
+    else
+        console::error(error.text());
+    return isThere || error.code() == Code::FileUnwritable ? Failed : Usage;
 }
 
 int list(const zokit::Presets& presets)

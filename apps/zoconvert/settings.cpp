@@ -86,14 +86,14 @@ int settings(const Invocation& invocation)
     for (const QString& word : invocation.words) {
         Input input = loadInput(word, invocation);
         if (input.settings) {
-            input.error = applyEdits(invocation.edits, *input.settings);
+            input.error = named(word, applyEdits(invocation.edits, *input.settings));
             input.code = Usage;
         }
         if (input.error.isEmpty()) {
             inputs.push_back(std::move(input));
             continue;
         }
-        console::error(input.error, input.name);
+        console::error(input.error);
         if (input.code == Usage)
             return Usage;
         ++failures;

@@ -98,7 +98,7 @@ int show(const Invocation& invocation)
 {
     const Input input = loadInput(invocation.words.first(), invocation);
     if (!input.settings) {
-        console::error(input.error, input.name);
+        console::error(input.error);
         return input.code;
     }
     const QVector<Line> lines = linesOf(*input.settings, invocation.has("all"));

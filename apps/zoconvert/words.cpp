@@ -36,6 +36,8 @@ constexpr Text texts[] = {
     {Say::NotUtf8,        QT_TRANSLATE_NOOP("zoconvert", "This name is not in UTF-8. Rename the file.")},
     {Say::OptionNotUtf8,  QT_TRANSLATE_NOOP("zoconvert", "%1 is not in UTF-8.")},
     {Say::Exists,         QT_TRANSLATE_NOOP("zoconvert", "%1 exists. Add --existing skip or --existing replace.")},
+    {Say::PresetThere,    QT_TRANSLATE_NOOP("zoconvert", "There is a preset %1 already. Choose another name, or add --overwrite.")},
+    {Say::FileThere,      QT_TRANSLATE_NOOP("zoconvert", "%1 exists. Choose another name, or add --overwrite.")},
     {Say::SeveralInputs,  QT_TRANSLATE_NOOP("zoconvert", "%1 is no folder, and several inputs need one.")},
     {Say::SameOutput,     QT_TRANSLATE_NOOP("zoconvert", "%2 and %3 would both be written to %1.")},
     {Say::Warning,        QT_TRANSLATE_NOOP("zoconvert", "warning: %1")},
@@ -121,6 +123,14 @@ QString say(Say what, const QStringList& words)
         return filled(whole, words);
     const QString always = filled(whole.left(optional), words);
     return words.value(words.size() - 1).isEmpty() ? always : always + filled(whole.mid(optional + 1), words);
+}
+
+QStringList sentences()
+{
+    QStringList all;
+    for (const Text& text : texts)
+        all.append(QString::fromUtf8(text.text));
+    return all;
 }
 
 void useLanguageOfEnvironment()

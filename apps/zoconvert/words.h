@@ -24,6 +24,8 @@ enum class Say {
     NotUtf8,
     OptionNotUtf8,  ///< 1: the argument.
     Exists,         ///< 1: the file.
+    PresetThere,    ///< 1: the preset.
+    FileThere,      ///< 1: the file.
     SeveralInputs,  ///< 1: the file.
     SameOutput,     ///< 1: the file, 2 and 3: the inputs.
     Warning,        ///< 1: the sentence.
@@ -67,6 +69,9 @@ enum class Say {
 
 /// The sentence, in the language of the moment. What stands behind its "|" is left out when the last word is empty.
 QString say(Say what, const QStringList& words = {});
+
+/// All of them in English, for the test of their translation.
+QStringList sentences();
 
 /// An English text of a table in the language of the moment.
 QString translated(const char* english);

@@ -60,6 +60,14 @@
         <translation>%1 gibt es schon. Fügen Sie --existing skip oder --existing replace hinzu.</translation>
     </message>
     <message>
+        <source>There is a preset %1 already. Choose another name, or add --overwrite.</source>
+        <translation>Es gibt schon eine Vorlage %1. Wählen Sie einen anderen Namen oder fügen Sie --overwrite hinzu.</translation>
+    </message>
+    <message>
+        <source>%1 exists. Choose another name, or add --overwrite.</source>
+        <translation>%1 gibt es schon. Wählen Sie einen anderen Namen oder fügen Sie --overwrite hinzu.</translation>
+    </message>
+    <message>
         <source>%1 is no folder, and several inputs need one.</source>
         <translation>%1 ist kein Ordner, und mehrere Eingaben brauchen einen.</translation>
     </message>
@@ -334,6 +342,10 @@
     <message>
         <source>A saved default acts when a clip is added or something is reset, and changes no file that is there.</source>
         <translation>Eine gespeicherte Vorgabe wirkt, wenn ein Clip hinzukommt oder etwas zurückgesetzt wird, und ändert keine vorhandene Datei.</translation>
+    </message>
+    <message>
+        <source>Prints a JSON Schema, draft 2020-12.</source>
+        <translation>Gibt ein JSON-Schema aus, Entwurf 2020-12.</translation>
     </message>
     <message>
         <source>Says what the entries of the diagnostic log mean.</source>
