@@ -19,7 +19,9 @@ zoconvert preset save 'my logo' plain.zoeffect.json
 zoconvert _completions bash > completion
 # shellcheck source=/dev/null
 source ./completion
-compopt() { :; } # Only known while something is completed.
+# Only known while something is completed.
+# shellcheck disable=SC2317 # The completion calls it.
+compopt() { :; }
 
 # offers NAME EXPECTED WORD...: what is offered for the last word, in the pieces that bash makes of it.
 offers() {
