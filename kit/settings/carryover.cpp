@@ -90,7 +90,7 @@ QVector<Wanted> wantedOf(const Settings& from, const CarryOver& carry)
     return result;
 }
 
-/// What is \a wanted of \a from as it arrives in a frame of \a frame: complete and rescaled.
+/// What is \a wanted of \a from as it arrives in a frame of \a frame: complete, rescaled, and where its anchors say.
 Settings arriving(const Settings& from, const QVector<Wanted>& wanted, const QSize& frame)
 {
     Settings source = from;
@@ -99,7 +99,18 @@ Settings arriving(const Settings& from, const QVector<Wanted>& wanted, const QSi
         if (std::any_of(wanted.cbegin(), wanted.cend(), [&](const Wanted& one) { return one.type == type.type; }))
             source.effects.append(completedType(type, from.media.frame.isEmpty() ? frame : from.media.frame));
     }
-    return withoutMeasures(rescaled(source, frame));
+    source = withoutMeasures(rescaled(source, frame));
+    placeAnchored(source);
+    return source;
+}
+
+/// Whether \a item is one of \a type that \a wanted asks for as a whole: it has come with all its values.
+bool hasCome(const Item& item, const TypeSettings& type, const QVector<Wanted>& wanted)
+{
+    return std::any_of(wanted.cbegin(), wanted.cend(), [&](const Wanted& one) {
+        return one.type == type.type && one.key.isEmpty()
+               && (one.isItem() ? type.items.at(one.pos) == item : type.items.contains(item));
+    });
 }
 
 /// Whether \a wanted, which was read from \a text, names something that can be in \a type.
@@ -178,6 +189,7 @@ Settings carriedOver(const Settings& from, const Settings& to, const CarryOver& 
     const QVector<Wanted> all = wantedOf(from, asked);
     const Settings source = arriving(from, all, to.media.frame);
     Settings result = to;
+    placeAnchored(result);             // Else an item that is the same before would not be the same afterwards.
     QMap<QString, QVector<int>> items; // Of a type all at once: one that comes does not push out another.
     for (const Wanted& wanted : all) {
         if (wanted.key.isEmpty() && wanted.isItem() && !items[wanted.type].contains(wanted.pos))
@@ -194,8 +206,12 @@ Settings carriedOver(const Settings& from, const Settings& to, const CarryOver& 
         if (!result.find(wanted.type))
             result.effects.append(catalogueType(wanted.type, to.media.frame));
         TypeSettings& target = *result.find(wanted.type);
-        if (!wanted.key.isEmpty())
+        const bool isThere =
+            wanted.isItem() && wanted.pos < target.items.size() && hasCome(target.items.at(wanted.pos), type, all);
+        if (!wanted.key.isEmpty() && !isThere)
             carrying::value(type, wanted, target);
+        else if (!wanted.key.isEmpty())
+            continue; // A value would make another item of it, which would come once more.
         else if (wanted.type == types::subtitle || wanted.type == types::audio)
             carrying::tracks(type, wanted, asked.add, target);
         else if (wanted.isItem())

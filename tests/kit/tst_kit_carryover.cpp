@@ -36,6 +36,7 @@ private slots:
     void refusedWithAReason();
     void missingImageIsNamedAtItsItem();
     void presetOfNoFrameTakesThePlacesOfTheTarget();
+    void unplacedItemComesOnce();
     void busyTargetLeavesAllAsTheyWere();
     void dryRunIsTheOutcome();
 };
@@ -389,6 +390,15 @@ QVector<Rule> rules()
          false,
          "Watermark Color",
          {key("count Watermark 1"), key("Color:bcs_contrast 25"), key("Output:quality 30")}},
+        {"a value leaves an item alone that has come as a whole",
+         [](FileSettings& f) {
+             insertLogo(f, {{key("anchor"), anchor("top-left", 20)}});
+         },
+         nothing,
+         {key("Watermark:0"), key("Watermark:0:wm_hposition")},
+         true,
+         "Watermark",
+         {key("count Watermark 1"), key("Watermark:0:anchor top-left"), key("Watermark:0:wm_hposition 10")}},
         {"the type before its item, whatever is named first",
          [](FileSettings& f) {
              insertText(f, "a");
@@ -569,6 +579,23 @@ void TestKitCarryOver::presetOfNoFrameTakesThePlacesOfTheTarget()
     file.setSettings(zokit::carriedOver(*read.settings, file.settings(), {}));
     QCOMPARE(placeOf(file, file.item(key("Watermark"), 0)), QPoint(128, 72)); // A tenth of each side.
     QCOMPARE(file.value(file.item(key("Watermark"), 0), key("wm_fontsize")), QVariant(30));
+}
+
+/// An item that is there already, and that its anchor has still to place in both, as a file written by hand may say.
+void TestKitCarryOver::unplacedItemComesOnce()
+{
+    FileSettings file(clip());
+    insertText(file, "first");
+    insertLogo(file, {{key("anchor"), anchor("top-left", 20)}});
+    Settings target = file.settings();
+    target.find(key("Watermark"))->items[1].values.insert(key("wm_hposition"), 333);
+    Settings source = target;
+    source.find(key("Watermark"))->items.move(1, 0);
+    const CarryOver carry{{key("Watermark:0")}, false};
+    const Settings once = zokit::carriedOver(source, target, carry);
+    QCOMPARE(once.find(key("Watermark"))->items.size(), 2);
+    QVERIFY(once.find(key("Watermark"))->items == file.settings().find(key("Watermark"))->items);
+    QVERIFY(zokit::carriedOver(source, once, carry) == once);
 }
 
 void TestKitCarryOver::busyTargetLeavesAllAsTheyWere()
