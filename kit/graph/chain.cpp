@@ -38,6 +38,8 @@ void Chain::add(const QString& filter)
 
 QStringList Chain::cut(int outputs)
 {
+    if (!m_afterFilter)
+        add(QStringLiteral("null")); // No chain is without a filter.
     QStringList labels;
     for (int output = 0; output < outputs; ++output)
         labels.append(QLatin1Char('[') + newLabel() + QLatin1Char(']'));

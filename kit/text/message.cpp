@@ -110,6 +110,45 @@ constexpr Text texts[] = {
     {Code::WatermarkOutside, QT_TRANSLATE_NOOP("zokit", "%1 lies outside of the part that is kept and cannot be seen. Move it, or make the crop larger.")},
     {Code::SubtitlePictures, QT_TRANSLATE_NOOP("zokit", "This track of subtitles consists of pictures: font and colours stay as they are, only place and transparency follow.")},
     {Code::SpeedOfNothing,   QT_TRANSLATE_NOOP("zokit", "Audio_Speed:audio_speed_factor: with 0 nothing would ever be heard or seen. Take 1 to 200 percent.")},
+    {Code::ContainerLacks, QT_TRANSLATE_NOOP("zokit", "%1 holds no %2")},
+    {Code::ContainerHoldsNot, QT_TRANSLATE_NOOP("zokit", "%1 cannot hold %2. Choose another container, for example mkv, or another codec.")},
+    {Code::ContainerTurnsNot, QT_TRANSLATE_NOOP("zokit", "%1 cannot say that the picture is turned")},
+    {Code::CopyTouched, QT_TRANSLATE_NOOP("zokit", "%1 copy leaves the track as it is, but another setting changes it. Leave out one of the two.")},
+    {Code::RotationLost, QT_TRANSLATE_NOOP("zokit", "%1 cannot say that the picture is turned; players will show it lying. Leave out video-codec copy, or take mp4.")},
+    {Code::HdrMapped, QT_TRANSLATE_NOOP("zokit", "HDR is mapped to what every screen shows, since hardly any player shows it in %1. Take video-codec hevc to keep it.")},
+    {Code::HdrDataLost, QT_TRANSLATE_NOOP("zokit", "What the clip says of the screen it was made on is lost in %1. Take video-codec hevc to keep it.")},
+    {Code::PixelFormatChanged, QT_TRANSLATE_NOOP("zokit", "%1 takes no %2; %3 is taken.")},
+    {Code::PixelFormatNot, QT_TRANSLATE_NOOP("zokit", "%1 takes no pixel format %2. Take yuv420p, or source.")},
+    {Code::OptionNotForCodec, QT_TRANSLATE_NOOP("zokit", "%1 means nothing to %2. Leave it out.")},
+    {Code::DroppedAsOther, QT_TRANSLATE_NOOP("zokit", "other tracks are dropped")},
+    {Code::CannotChangeSpeed, QT_TRANSLATE_NOOP("zokit", "it cannot follow the change of speed")},
+    {Code::DataTrack, QT_TRANSLATE_NOOP("zokit", "data cannot be carried over")},
+    {Code::NoSoundIn, QT_TRANSLATE_NOOP("zokit", "%1 has no sound. Choose another file.")},
+    {Code::NoPictureToBurn, QT_TRANSLATE_NOOP("zokit", "The clip has no picture to burn subtitles into. Use --soft-subtitles, or leave them out.")},
+    {Code::TitlesLost, QT_TRANSLATE_NOOP("zokit", "%1 keeps no titles of tracks. Take mkv to keep them.")},
+    {Code::TrackCopied, QT_TRANSLATE_NOOP("zokit", "track %1 (%2): copied")},
+    {Code::TrackAttached, QT_TRANSLATE_NOOP("zokit", "track %1 (%2): copied as an attachment")},
+    {Code::TrackBurnedIn, QT_TRANSLATE_NOOP("zokit", "track %1 (%2): burned in")},
+    {Code::TrackLeftOut, QT_TRANSLATE_NOOP("zokit", "track %1 (%2): left out, because %3")},
+    {Code::TrackEncoded, QT_TRANSLATE_NOOP("zokit", "track %1 (%2): converted to %3")},
+    {Code::TrackEncodedBecause, QT_TRANSLATE_NOOP("zokit", "track %1 (%2): converted to %3, because %4")},
+    {Code::Rescaled, QT_TRANSLATE_NOOP("zokit", "The settings are for %1, the clip has %2: what is measured in the frame was rescaled.")},
+    {Code::TrimBehindEnd, QT_TRANSLATE_NOOP("zokit", "The part begins at %1 s, and the clip ends at %2 s. Give an earlier one.")},
+    {Code::NoSubtitleLines, QT_TRANSLATE_NOOP("zokit", "The subtitles hold no line.")},
+    {Code::NotMeasured, QT_TRANSLATE_NOOP("zokit", "The peak of the sound could not be measured. Leave Audio_Normalize out.")},
+    {Code::OutputExists, QT_TRANSLATE_NOOP("zokit", "%1 exists. Add --existing skip or --existing replace.")},
+    {Code::OutputIsInput, QT_TRANSLATE_NOOP("zokit", "%1 is the input itself. Give another output.")},
+    {Code::OutputIsFolder, QT_TRANSLATE_NOOP("zokit", "%1 is a folder. Give the name of a file, or use --output-folder.")},
+    {Code::ForeignPart, QT_TRANSLATE_NOOP("zokit", "%1 was left by another computer more than a day ago. Remove it if nothing runs there.")},
+    {Code::ChildFailed, QT_TRANSLATE_NOOP("zokit", "%1 failed: %2")},
+    {Code::ChildStalled, QT_TRANSLATE_NOOP("zokit", "There was no progress for %1 s. Check the disk, or give --stall a larger number.")},
+    {Code::ResultUnreadable, QT_TRANSLATE_NOOP("zokit", "The result cannot be read: %1")},
+    {Code::ResultStreams, QT_TRANSLATE_NOOP("zokit", "The result should hold %1, and holds %2. It was not kept.")},
+    {Code::ResultShort, QT_TRANSLATE_NOOP("zokit", "The result has %1 s of %2 s.")},
+    {Code::DamageTold, QT_TRANSLATE_NOOP("zokit", "The input is damaged; what could be read was converted. ffmpeg says: %1")},
+    {Code::DamageStrict, QT_TRANSLATE_NOOP("zokit", "The input is damaged, and --strict does not allow that. Leave it out to convert what can be read.")},
+    {Code::Cancelled, QT_TRANSLATE_NOOP("zokit", "Cancelled.")},
+    {Code::NothingToConvert, QT_TRANSLATE_NOOP("zokit", "There is neither picture nor sound to convert. Choose another file.")},
     {Code::StepChange,       QT_TRANSLATE_NOOP("zokit", "change %1")},
     {Code::StepSelect,       QT_TRANSLATE_NOOP("zokit", "switch %1")},
     {Code::StepAdd,          QT_TRANSLATE_NOOP("zokit", "add %1")},
@@ -129,6 +168,18 @@ QString textOf(Code code)
     const auto* found =
         std::find_if(std::begin(texts), std::end(texts), [code](const Text& t) { return t.code == code; });
     return found == std::end(texts) ? QString() : QCoreApplication::translate("zokit", found->text);
+}
+
+/// One line, whatever the words hold.
+QString onOneLine(const QString& word)
+{
+    QString result = word;
+    for (QChar& letter : result) {
+        if (letter == QLatin1Char('\n') || letter == QLatin1Char('\r') || letter.category() == QChar::Separator_Line
+            || letter.category() == QChar::Separator_Paragraph)
+            letter = QLatin1Char(' ');
+    }
+    return result;
 }
 
 /// \a text with its places filled, in one pass: a word that holds "%1" stays as it is.
@@ -213,30 +264,6 @@ bool useLanguage(const QLocale& locale)
     return german->load(QStringLiteral(":/zokit/zokit_de.qm")) && QCoreApplication::installTranslator(german);
 }
 
-QString onOneLine(const QString& text)
-{
-    const auto spelled = [](QChar letter, int digits) {
-        return QString::number(letter.unicode(), 16).rightJustified(digits, QLatin1Char('0'));
-    };
-    QString result;
-    for (const QChar letter : text) {
-        const ushort code = letter.unicode();
-        const bool turns = (code >= 0x202a && code <= 0x202e) || (code >= 0x2066 && code <= 0x2069) || code == 0x200e
-                           || code == 0x200f;
-        if (code == '\n')
-            result += QLatin1String("\\n");
-        else if (code == '\t')
-            result += QLatin1String("\\t");
-        else if (letter.category() == QChar::Other_Control)
-            result += QLatin1String("\\x") + spelled(letter, 2);
-        else if (turns || letter.category() == QChar::Separator_Line || letter.category() == QChar::Separator_Paragraph)
-            result += QLatin1String("\\u") + spelled(letter, 4);
-        else
-            result += letter;
-    }
-    return result;
-}
-
 QString nearest(const QString& word, const QStringList& candidates)
 {
     constexpr int longest = 64; // Nobody misspells a novel.
@@ -250,14 +277,6 @@ QString nearest(const QString& word, const QStringList& candidates)
             bestDistance = d;
             best = candidate;
         }
-    }
-    // "contrast" for "bcs_contrast".
-    constexpr int shortestPart = 4;
-    if (best.isEmpty() && word.size() >= shortestPart) {
-        const auto whole = std::find_if(candidates.cbegin(), candidates.cend(), [&](const QString& candidate) {
-            return candidate.contains(word, Qt::CaseInsensitive);
-        });
-        best = whole == candidates.cend() ? QString() : *whole;
     }
     return best;
 }

@@ -1340,14 +1340,6 @@
         <translation>%1 hat schon die neuen Einstellungen. Die alten liegen in %2. %3</translation>
     </message>
     <message>
-        <source>it is a folder</source>
-        <translation>es ist ein Ordner</translation>
-    </message>
-    <message>
-        <source>it is no regular file</source>
-        <translation>es ist keine gewöhnliche Datei</translation>
-    </message>
-    <message>
         <source>%1 was changed by somebody else meanwhile. Nothing was applied; try again.</source>
         <translation>%1 wurde inzwischen von anderer Seite geändert. Nichts wurde übertragen; versuchen Sie es noch einmal.</translation>
     </message>
@@ -1566,6 +1558,162 @@
     <message>
         <source>Audio_Speed:audio_speed_factor: with 0 nothing would ever be heard or seen. Take 1 to 200 percent.</source>
         <translation>Audio_Speed:audio_speed_factor: mit 0 wäre nie etwas zu hören oder zu sehen. Nehmen Sie 1 bis 200 Prozent.</translation>
+    </message>
+    <message>
+        <source>%1 holds no %2</source>
+        <translation>%1 fasst kein %2</translation>
+    </message>
+    <message>
+        <source>%1 cannot hold %2. Choose another container, for example mkv, or another codec.</source>
+        <translation>%1 kann %2 nicht fassen. Wählen Sie einen anderen Container, zum Beispiel mkv, oder einen anderen Codec.</translation>
+    </message>
+    <message>
+        <source>%1 cannot say that the picture is turned</source>
+        <translation>%1 kann nicht sagen, dass das Bild gedreht ist</translation>
+    </message>
+    <message>
+        <source>%1 copy leaves the track as it is, but another setting changes it. Leave out one of the two.</source>
+        <translation>%1 copy lässt die Spur, wie sie ist, doch eine andere Einstellung ändert sie. Lassen Sie eines von beiden weg.</translation>
+    </message>
+    <message>
+        <source>%1 cannot say that the picture is turned; players will show it lying. Leave out video-codec copy, or take mp4.</source>
+        <translation>%1 kann nicht sagen, dass das Bild gedreht ist; Abspieler zeigen es liegend. Lassen Sie video-codec copy weg oder nehmen Sie mp4.</translation>
+    </message>
+    <message>
+        <source>HDR is mapped to what every screen shows, since hardly any player shows it in %1. Take video-codec hevc to keep it.</source>
+        <translation>HDR wird für jeden Bildschirm umgerechnet, weil kaum ein Abspieler es in %1 zeigt. Mit video-codec hevc bleibt es erhalten.</translation>
+    </message>
+    <message>
+        <source>What the clip says of the screen it was made on is lost in %1. Take video-codec hevc to keep it.</source>
+        <translation>Was der Clip über den Bildschirm sagt, an dem er entstand, geht in %1 verloren. Mit video-codec hevc bleibt es erhalten.</translation>
+    </message>
+    <message>
+        <source>%1 takes no %2; %3 is taken.</source>
+        <translation>%1 nimmt kein %2; genommen wird %3.</translation>
+    </message>
+    <message>
+        <source>%1 takes no pixel format %2. Take yuv420p, or source.</source>
+        <translation>%1 nimmt das Pixelformat %2 nicht. Nehmen Sie yuv420p oder source.</translation>
+    </message>
+    <message>
+        <source>%1 means nothing to %2. Leave it out.</source>
+        <translation>%1 bedeutet für %2 nichts. Lassen Sie es weg.</translation>
+    </message>
+    <message>
+        <source>other tracks are dropped</source>
+        <translation>andere Spuren entfallen</translation>
+    </message>
+    <message>
+        <source>it cannot follow the change of speed</source>
+        <translation>sie kann der geänderten Geschwindigkeit nicht folgen</translation>
+    </message>
+    <message>
+        <source>data cannot be carried over</source>
+        <translation>Daten lassen sich nicht übertragen</translation>
+    </message>
+    <message>
+        <source>%1 has no sound. Choose another file.</source>
+        <translation>%1 enthält keinen Ton. Wählen Sie eine andere Datei.</translation>
+    </message>
+    <message>
+        <source>The clip has no picture to burn subtitles into. Use --soft-subtitles, or leave them out.</source>
+        <translation>Der Clip hat kein Bild, in das sich Untertitel einbrennen ließen. Nehmen Sie --soft-subtitles oder lassen Sie sie weg.</translation>
+    </message>
+    <message>
+        <source>%1 keeps no titles of tracks. Take mkv to keep them.</source>
+        <translation>%1 behält keine Titel von Spuren. In mkv bleiben sie erhalten.</translation>
+    </message>
+    <message>
+        <source>track %1 (%2): copied</source>
+        <translation>Spur %1 (%2): kopiert</translation>
+    </message>
+    <message>
+        <source>track %1 (%2): copied as an attachment</source>
+        <translation>Spur %1 (%2): als Anhang kopiert</translation>
+    </message>
+    <message>
+        <source>track %1 (%2): burned in</source>
+        <translation>Spur %1 (%2): eingebrannt</translation>
+    </message>
+    <message>
+        <source>track %1 (%2): left out, because %3</source>
+        <translation>Spur %1 (%2): ausgelassen; %3</translation>
+    </message>
+    <message>
+        <source>track %1 (%2): converted to %3</source>
+        <translation>Spur %1 (%2): umgewandelt in %3</translation>
+    </message>
+    <message>
+        <source>track %1 (%2): converted to %3, because %4</source>
+        <translation>Spur %1 (%2): umgewandelt in %3; %4</translation>
+    </message>
+    <message>
+        <source>The settings are for %1, the clip has %2: what is measured in the frame was rescaled.</source>
+        <translation>Die Einstellungen sind für %1, der Clip hat %2: Was im Bild gemessen wird, wurde umgerechnet.</translation>
+    </message>
+    <message>
+        <source>The part begins at %1 s, and the clip ends at %2 s. Give an earlier one.</source>
+        <translation>Der Teil beginnt bei %1 s, und der Clip endet bei %2 s. Geben Sie einen früheren an.</translation>
+    </message>
+    <message>
+        <source>The subtitles hold no line.</source>
+        <translation>Die Untertitel enthalten keine Zeile.</translation>
+    </message>
+    <message>
+        <source>The peak of the sound could not be measured. Leave Audio_Normalize out.</source>
+        <translation>Die Spitze des Tons ließ sich nicht messen. Lassen Sie Audio_Normalize weg.</translation>
+    </message>
+    <message>
+        <source>%1 exists. Add --existing skip or --existing replace.</source>
+        <translation>%1 gibt es schon. Ergänzen Sie --existing skip oder --existing replace.</translation>
+    </message>
+    <message>
+        <source>%1 is the input itself. Give another output.</source>
+        <translation>%1 ist die Eingabe selbst. Geben Sie eine andere Ausgabe an.</translation>
+    </message>
+    <message>
+        <source>%1 is a folder. Give the name of a file, or use --output-folder.</source>
+        <translation>%1 ist ein Ordner. Geben Sie den Namen einer Datei an oder nehmen Sie --output-folder.</translation>
+    </message>
+    <message>
+        <source>%1 was left by another computer more than a day ago. Remove it if nothing runs there.</source>
+        <translation>%1 hat ein anderer Rechner vor mehr als einem Tag hinterlassen. Entfernen Sie es, wenn dort nichts läuft.</translation>
+    </message>
+    <message>
+        <source>%1 failed: %2</source>
+        <translation>%1 ist gescheitert: %2</translation>
+    </message>
+    <message>
+        <source>There was no progress for %1 s. Check the disk, or give --stall a larger number.</source>
+        <translation>Seit %1 s ging nichts voran. Prüfen Sie den Datenträger oder geben Sie bei --stall mehr an.</translation>
+    </message>
+    <message>
+        <source>The result cannot be read: %1</source>
+        <translation>Das Ergebnis ist nicht lesbar: %1</translation>
+    </message>
+    <message>
+        <source>The result should hold %1, and holds %2. It was not kept.</source>
+        <translation>Das Ergebnis sollte %1 enthalten und enthält %2. Es wurde nicht behalten.</translation>
+    </message>
+    <message>
+        <source>The result has %1 s of %2 s.</source>
+        <translation>Das Ergebnis hat %1 s von %2 s.</translation>
+    </message>
+    <message>
+        <source>The input is damaged; what could be read was converted. ffmpeg says: %1</source>
+        <translation>Die Eingabe ist beschädigt; was lesbar war, wurde umgewandelt. ffmpeg sagt: %1</translation>
+    </message>
+    <message>
+        <source>The input is damaged, and --strict does not allow that. Leave it out to convert what can be read.</source>
+        <translation>Die Eingabe ist beschädigt, und --strict erlaubt das nicht. Ohne --strict wird umgewandelt, was lesbar ist.</translation>
+    </message>
+    <message>
+        <source>Cancelled.</source>
+        <translation>Abgebrochen.</translation>
+    </message>
+    <message>
+        <source>There is neither picture nor sound to convert. Choose another file.</source>
+        <translation>Es gibt weder Bild noch Ton umzuwandeln. Wählen Sie eine andere Datei.</translation>
     </message>
 </context>
 </TS>

@@ -109,6 +109,46 @@ public:
         WatermarkOutside, ///< 1: the watermark.
         SubtitlePictures,
         SpeedOfNothing,
+        // Conversion
+        ContainerLacks,     ///< 1: the container, 2: a codec.
+        ContainerHoldsNot,  ///< 1: the container, 2: the codec that was asked for.
+        ContainerTurnsNot,  ///< 1: the container.
+        CopyTouched,        ///< 1: the option.
+        RotationLost,       ///< 1: the container.
+        HdrMapped,          ///< 1: the codec.
+        HdrDataLost,        ///< 1: the codec.
+        PixelFormatChanged, ///< 1: the codec, 2: the source's format, 3: the one taken.
+        PixelFormatNot,     ///< 1: the codec, 2: the format.
+        OptionNotForCodec,  ///< 1: the option, 2: the codec.
+        DroppedAsOther,
+        CannotChangeSpeed,
+        DataTrack,
+        NoSoundIn, ///< 1: the file.
+        NoPictureToBurn,
+        TitlesLost,          ///< 1: the container.
+        TrackCopied,         ///< 1: its number, 2: what it is.
+        TrackAttached,       ///< 1: its number, 2: what it is.
+        TrackBurnedIn,       ///< 1: its number, 2: what it is.
+        TrackLeftOut,        ///< 1: its number, 2: what it is, 3: why.
+        TrackEncoded,        ///< 1: its number, 2: what it is, 3: the codec.
+        TrackEncodedBecause, ///< 1: its number, 2: what it is, 3: the codec, 4: why.
+        Rescaled,            ///< 1: the frame of the settings, 2: that of the clip.
+        TrimBehindEnd,       ///< 1: where the part begins, 2: how long the clip is.
+        NoSubtitleLines,
+        NotMeasured,
+        OutputExists,     ///< 1: the path.
+        OutputIsInput,    ///< 1: the path.
+        OutputIsFolder,   ///< 1: the path.
+        ForeignPart,      ///< 1: the path.
+        ChildFailed,      ///< 1: the program, 2: its last words.
+        ChildStalled,     ///< 1: seconds.
+        ResultUnreadable, ///< 1: why.
+        ResultStreams,    ///< 1: what was meant, 2: what is there.
+        ResultShort,      ///< 1: seconds, 2: how many were meant.
+        DamageTold,       ///< 1: ffmpeg's words.
+        DamageStrict,
+        Cancelled,
+        NothingToConvert,
         // Steps of the history, as a menu says them behind "Undo" and "Redo"
         StepChange, ///< 1: the property.
         StepSelect, ///< 1: what.
@@ -143,13 +183,8 @@ ZOKIT_EXPORT bool operator==(const Message& left, const Message& right);
 
 using Messages = QVector<Message>;
 
-/// \a text as it stands in a sentence: control characters and those that turn the direction of a line are spelled,
-/// "\n",
-/// "\x1b", "\u202e".
-ZOKIT_EXPORT QString onOneLine(const QString& text);
-
-/// The one of \a candidates that \a word was probably meant to be: few letters differ, upper or lower case aside, or
-/// it is a part of one; empty when none is near.
+/// The one of \a candidates that \a word was probably meant to be: few letters differ, upper or lower case aside; empty
+/// when none is near.
 ZOKIT_EXPORT QString nearest(const QString& word, const QStringList& candidates);
 
 /// That there is no file at \a path, with the nearest name in its folder.

@@ -202,7 +202,8 @@ void TestKitGraph::textOfTheGraph_data()
 
     const GraphParts marked = parts([](GraphParts& given) { given.watermarkInput = 1; });
     row("watermark", plain(hd), clip(hd), marked,
-        "[0:0][p1];[1:v]setpts=-3600/TB,scale=out_color_matrix=bt709:out_range=tv:flags=accurate_rnd+full_chroma_int+"
+        "[0:0]null[p1];[1:v]setpts=-3600/"
+        "TB,scale=out_color_matrix=bt709:out_range=tv:flags=accurate_rnd+full_chroma_int+"
         "full_chroma_inp,format=yuva420p[p2];[p1][p2]overlay=format=yuv420,format=yuv420p[picture]");
     row("watermark, bt601 of full range and ten bits", plain(hd), changed([](zokit::MediaStream& picture) {
             picture.pixelFormat = QStringLiteral("yuv422p10le");
@@ -210,7 +211,8 @@ void TestKitGraph::textOfTheGraph_data()
             picture.range = QStringLiteral("pc");
         }),
         marked,
-        "[0:0][p1];[1:v]setpts=-3600/TB,scale=out_color_matrix=bt601:out_range=pc:flags=accurate_rnd+full_chroma_int+"
+        "[0:0]null[p1];[1:v]setpts=-3600/"
+        "TB,scale=out_color_matrix=bt601:out_range=pc:flags=accurate_rnd+full_chroma_int+"
         "full_chroma_inp,format=yuva422p10le[p2];[p1][p2]overlay=format=yuv422p10,scale=in_range=pc:out_range=pc,"
         "format=yuv422p10le[picture]");
     row("watermark, ten bits and a quarter of the colours", plain(hd), clip(hd, QStringLiteral("yuv420p10le")), marked,
@@ -241,11 +243,12 @@ void TestKitGraph::textOfTheGraph_data()
             given.subtitleInput = 0;
             given.subtitleStream = 3;
         }),
-        "[0:0][p1];[0:3]scale=1280:720:out_color_matrix=bt709:out_range=tv:flags=accurate_rnd+full_chroma_int+"
+        "[0:0]null[p1];[0:3]scale=1280:720:out_color_matrix=bt709:out_range=tv:flags=accurate_rnd+full_chroma_int+"
         "full_chroma_inp,format=yuva420p[p2];[p1][p2]overlay=format=yuv420,format=yuv420p[picture]");
     row("subtitle of pictures, moved and half transparent", withSubtitle(50, 500), clip(hd),
         parts([](GraphParts& given) { given.subtitleInput = 2; }),
-        "[0:0][p1];[2:0]format=rgba,colorchannelmixer=aa=0.498039,scale=1280:720:out_color_matrix=bt709:out_range=tv:"
+        "[0:0]null[p1];[2:0]format=rgba,colorchannelmixer=aa=0.498039,scale=1280:720:out_color_matrix=bt709:out_range="
+        "tv:"
         "flags=accurate_rnd+full_chroma_int+full_chroma_inp,format=yuva420p[p2];[p1][p2]overlay=y=-76:format=yuv420,"
         "format=yuv420p[picture]");
     row("a kept frame", plain(hd), changed([](zokit::MediaStream& picture) {

@@ -1,0 +1,431 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include <zokit/conversion.h>
+
+#include <cmath>
+
+#include <QFileInfo>
+
+#include <zokit/graph.h>
+
+#include "codecs_p.h"
+#include "trackplan_p.h"
+
+namespace zokit {
+
+namespace {
+
+constexpr qint64 gibibyte = qint64(1024) * 1024 * 1024;
+constexpr qint64 conversionMemory = 4 * gibibyte;
+
+QString number(double value)
+{
+    return QString::number(value, 'f', 6);
+}
+
+QString fileArgument(const QString& path)
+{
+    return QStringLiteral("file:") + path;
+}
+
+/// What each call begins with.
+QStringList begun(const char* verbosity)
+{
+    return {QStringLiteral("-hide_banner"), QStringLiteral("-nostdin"), QStringLiteral("-v"), QLatin1String(verbosity),
+            QStringLiteral("-y")};
+}
+
+QStringList partOptions(const ClipPart& part)
+{
+    if (!part.isTrimmed)
+        return {};
+    return {QStringLiteral("-ss"), number(part.from), QStringLiteral("-t"), number(part.seconds)};
+}
+
+Command commandOf(const Tools& tools, const QStringList& arguments)
+{
+    Command command;
+    command.program = tools.ffmpeg;
+    command.arguments = arguments;
+    command.memory = conversionMemory;
+    return command;
+}
+
+/// How a player shows a track: flags by ffmpeg's names, with a plus between them.
+QString dispositionOf(const MediaStream* stream, bool isDefault)
+{
+    QStringList flags;
+    if (isDefault)
+        flags.append(QStringLiteral("default"));
+    if (stream) {
+        for (auto it = stream->dispositions.cbegin(); it != stream->dispositions.cend(); ++it)
+            if (it.value() && it.key() != QLatin1String("default"))
+                flags.append(it.key());
+        if (stream->track.forced && !flags.contains(QStringLiteral("forced")))
+            flags.append(QStringLiteral("forced"));
+    }
+    flags.removeDuplicates();
+    return flags.isEmpty() ? QStringLiteral("0") : flags.join(QLatin1Char('+'));
+}
+
+char letterOf(TrackKind kind)
+{
+    switch (kind) {
+    case TrackKind::Video:
+        return 'v';
+    case TrackKind::Audio:
+        return 'a';
+    case TrackKind::Subtitle:
+        return 's';
+    case TrackKind::Attachment:
+        return 't';
+    case TrackKind::Data:
+        break;
+    }
+    return 'd';
+}
+
+/// What players are told about the pixels of an encoded picture.
+QStringList colourTags(const MediaStream& picture, bool mapsHdr)
+{
+    if (mapsHdr)
+        return {QStringLiteral("-colorspace:v:0"),      QStringLiteral("bt709"),
+                QStringLiteral("-color_primaries:v:0"), QStringLiteral("bt709"),
+                QStringLiteral("-color_trc:v:0"),       QStringLiteral("bt709"),
+                QStringLiteral("-color_range:v:0"),     QStringLiteral("tv")};
+    QString space = picture.colorSpace;
+    if (space.isEmpty() || space == QLatin1String("gbr"))
+        space = picture.matrix == QLatin1String("bt601")    ? QStringLiteral("smpte170m")
+                : picture.matrix == QLatin1String("bt2020") ? QStringLiteral("bt2020nc")
+                                                            : picture.matrix;
+    QStringList tags{QStringLiteral("-colorspace:v:0"), space, QStringLiteral("-color_range:v:0"), picture.range};
+    if (!picture.primaries.isEmpty())
+        tags << QStringLiteral("-color_primaries:v:0") << picture.primaries;
+    if (!picture.transfer.isEmpty())
+        tags << QStringLiteral("-color_trc:v:0") << picture.transfer;
+    return tags;
+}
+
+/// x265 takes what a screen has to know of HDR as options of its own; its banner is no error.
+QStringList hevcOptions(const MediaStream& picture, bool mapsHdr)
+{
+    QStringList options{QStringLiteral("log-level=error")};
+    if (picture.isHdr && !mapsHdr) {
+        options << QStringLiteral("hdr-opt=1") << QStringLiteral("repeat-headers=1");
+        for (auto it = picture.hdr.cbegin(); it != picture.hdr.cend(); ++it)
+            options << it.key() + QLatin1Char('=') + it.value();
+    }
+    return {QStringLiteral("-x265-params:v:0"), options.join(QLatin1Char(':'))};
+}
+
+/// The arguments of a conversion while they are collected.
+class Arguments {
+public:
+    Arguments(const Job& job, const MediaInfo& media, const QMap<QString, MediaInfo>& files, const TracksPlan& plan,
+              const HelperFiles& helpers)
+        : m_job(job)
+        , m_media(media)
+        , m_files(files)
+        , m_plan(plan)
+        , m_helpers(helpers)
+        , m_part(clipPart(job.settings, media))
+        , m_speed(speedFactor(job.settings))
+    {
+        m_inputs << partOptions(m_part) << guardedInput(media.file);
+    }
+
+    QStringList made(const QString& target)
+    {
+        addPicture();
+        for (int i = 0; i < m_plan.tracks.size(); ++i)
+            addTrack(i);
+        addChapters();
+        QStringList all = begun("error");
+        all << QStringLiteral("-nostats") << QStringLiteral("-progress") << QStringLiteral("pipe:1")
+            << QStringLiteral("-stats_period") << QStringLiteral("0.5");
+        if (m_job.threads > 0)
+            all << QStringLiteral("-filter_threads") << QString::number(m_job.threads)
+                << QStringLiteral("-filter_complex_threads") << QString::number(m_job.threads);
+        all << m_inputs;
+        if (!m_graph.isEmpty())
+            all << QStringLiteral("-filter_complex") << m_graph;
+        all << m_outputs << QStringLiteral("-map_metadata") << QStringLiteral("0") << m_chapters;
+        if (m_job.threads > 0)
+            all << QStringLiteral("-threads") << QString::number(m_job.threads);
+        if (m_hasSoundFile && m_part.result > 0)
+            all << QStringLiteral("-t") << number(m_part.result);
+        else if (m_loops)
+            all << QStringLiteral("-shortest");
+        if (m_plan.container == QLatin1String("mp4") || m_plan.container == QLatin1String("mov"))
+            all << QStringLiteral("-movflags") << QStringLiteral("+faststart");
+        all << QStringLiteral("-max_muxing_queue_size") << QStringLiteral("9999");
+        return all << QStringLiteral("-f") << muxer(m_plan.container) << fileArgument(target);
+    }
+
+private:
+    int addInput(const QStringList& options, const QString& file)
+    {
+        m_inputs << options << guardedInput(file);
+        return m_inputCount++;
+    }
+
+    void addPicture()
+    {
+        if (m_plan.videoCodec.isEmpty())
+            return;
+        GraphParts parts;
+        parts.pixelFormat = m_plan.pixelFormat;
+        parts.from = m_part.from;
+        parts.subtitleScript = m_helpers.subtitleScript;
+        parts.subtitleInColour = m_helpers.subtitleInColour;
+        if (!m_helpers.watermark.isEmpty())
+            parts.watermarkInput = addInput({}, m_helpers.watermark);
+        if (m_plan.subtitle.use == SubtitleUse::BurnBitmap) {
+            parts.subtitleInput = 0;
+            parts.subtitleStream = m_plan.subtitle.stream;
+            if (m_plan.subtitle.stream < 0) {
+                // ffmpeg moves the first subtitle of a file to the beginning; it belongs where the file says.
+                const double start = m_files.value(m_plan.subtitle.file).start - m_part.from;
+                parts.subtitleInput = addInput({QStringLiteral("-itsoffset"), number(start)}, m_plan.subtitle.file);
+                parts.subtitleStream = 0;
+            }
+        }
+        Settings settings = m_job.settings;
+        if (m_plan.mapsHdr)
+            settings.output.insert(QStringLiteral("hdr"), QStringLiteral("map"));
+        m_graph = pictureGraph(settings, m_media, parts).text;
+    }
+
+    QString next(char letter) { return QStringLiteral(":%1:%2").arg(QLatin1Char(letter)).arg(m_counts[letter]++); }
+
+    void addTrack(int place)
+    {
+        const TrackPlan& track = m_plan.tracks.at(place);
+        if (track.fate == TrackFate::LeftOut || track.fate == TrackFate::BurnedIn)
+            return;
+        const MediaStream* stream = m_media.stream(track.track.index);
+        if (!track.file.isEmpty()) {
+            const auto found = m_files.constFind(track.file);
+            stream = found == m_files.cend() ? nullptr : found->stream(track.track.index);
+        }
+        if (track.fate == TrackFate::Attached) {
+            addCover(track, stream);
+            return;
+        }
+        const char letter = letterOf(track.track.kind);
+        const bool isEncodedPicture = letter == 'v' && track.fate == TrackFate::Encoded;
+        const int input = inputOf(track, letter);
+        const bool first = m_counts[letter] == 0;
+        const QString which = next(letter);
+        m_outputs << QStringLiteral("-map")
+                  << (isEncodedPicture ? QStringLiteral("[picture]")
+                                       : QStringLiteral("%1:%2").arg(input).arg(track.track.index));
+        if (isEncodedPicture)
+            encodePicture(*stream);
+        else if (letter == 'a' && track.fate == TrackFate::Encoded)
+            encodeSound(track, *stream, place);
+        else if (track.fate == TrackFate::Converted)
+            m_outputs << QStringLiteral("-c") + which << encoderOf(track.codec);
+        else
+            m_outputs << QStringLiteral("-c") + which << QStringLiteral("copy");
+        if (letter == 'd' || letter == 't')
+            return;
+        const bool anySelected = isAnySelected(track.track.kind);
+        const bool isDefault = anySelected ? track.isSelected && first : track.track.isDefault;
+        m_outputs << QStringLiteral("-disposition") + which << dispositionOf(stream, isDefault);
+    }
+
+    bool isAnySelected(TrackKind kind) const
+    {
+        for (const TrackPlan& track : m_plan.tracks)
+            if (track.track.kind == kind && track.isSelected && kind != TrackKind::Video
+                && track.fate != TrackFate::BurnedIn)
+                return true;
+        return false;
+    }
+
+    int inputOf(const TrackPlan& track, char letter)
+    {
+        if (!track.file.isEmpty()) {
+            QStringList options;
+            if (track.loops) {
+                options << QStringLiteral("-stream_loop") << QStringLiteral("-1");
+                m_loops = true;
+            } else if (m_part.isTrimmed) {
+                options = partOptions(m_part);
+            }
+            if (letter == 'a')
+                m_hasSoundFile = true;
+            else
+                options << scaleOptions();
+            return addInput(options, track.file);
+        }
+        if (letter != 's' || m_speed == 1)
+            return 0;
+        // No filter changes the times of subtitles; reading the clip a second time at another speed does.
+        if (m_slowInput < 0)
+            m_slowInput = addInput(scaleOptions() + partOptions(m_part), m_media.file);
+        return m_slowInput;
+    }
+
+    QStringList scaleOptions() const
+    {
+        return m_speed == 1 ? QStringList() : QStringList{QStringLiteral("-itsscale"), number(1 / m_speed)};
+    }
+
+    void encodePicture(const MediaStream& stream)
+    {
+        const Values& output = m_job.settings.output;
+        m_outputs << videoEncoderOptions(output, m_plan.videoCodec, m_plan.pixelFormat, m_plan.container);
+        if (m_plan.videoCodec == QLatin1String("hevc"))
+            m_outputs << hevcOptions(stream, m_plan.mapsHdr);
+        m_outputs << colourTags(stream, m_plan.mapsHdr);
+        const QVariant rate = output.value(QStringLiteral("fps"));
+        if (rate.isValid())
+            m_outputs << QStringLiteral("-r:v:0") << QString::number(rate.toDouble(), 'g', 10);
+        else
+            m_outputs << QStringLiteral("-fps_mode:v:0") << QStringLiteral("vfr");
+        // A graph loses what the track is called.
+        if (!stream.track.language.isEmpty())
+            m_outputs << QStringLiteral("-metadata:s:v:0") << QStringLiteral("language=") + stream.track.language;
+        if (!stream.track.title.isEmpty())
+            m_outputs << QStringLiteral("-metadata:s:v:0") << QStringLiteral("title=") + stream.track.title;
+    }
+
+    void encodeSound(const TrackPlan& track, const MediaStream& stream, int place)
+    {
+        const int position = m_counts['a'] - 1;
+        SoundParts parts;
+        parts.seconds = m_part.result;
+        parts.gain = m_helpers.gains.value(place);
+        QStringList filters{soundGraph(soundSettings(m_job.settings, track.hasEffects), stream, parts),
+                            audioEncoderFilter(track.codec, stream)};
+        filters.removeAll(QString());
+        if (!filters.isEmpty())
+            m_outputs << QStringLiteral("-filter:a:%1").arg(position) << filters.join(QLatin1Char(','));
+        m_outputs << audioEncoderOptions(m_job.settings.output, track.codec, stream, position);
+    }
+
+    void addCover(const TrackPlan& track, const MediaStream* stream)
+    {
+        const bool isPng = track.track.codec == QLatin1String("png");
+        const QString name = stream && !stream->fileName.isEmpty()
+                                 ? stream->fileName
+                                 : QStringLiteral("cover") + (isPng ? QStringLiteral(".png") : QStringLiteral(".jpg"));
+        const QString which = next('t');
+        m_outputs << QStringLiteral("-attach") << m_helpers.covers.value(track.track.index)
+                  << QStringLiteral("-metadata:s") + which
+                  << (isPng ? QStringLiteral("mimetype=image/png") : QStringLiteral("mimetype=image/jpeg"))
+                  << QStringLiteral("-metadata:s") + which << QStringLiteral("filename=") + name;
+    }
+
+    void addChapters()
+    {
+        int input = 0;
+        if (!m_helpers.chapters.isEmpty()) {
+            m_inputs << QStringLiteral("-f") << QStringLiteral("ffmetadata") << QStringLiteral("-i")
+                     << fileArgument(m_helpers.chapters);
+            input = m_inputCount++;
+        }
+        m_chapters << QStringLiteral("-map_chapters") << QString::number(input);
+    }
+
+    const Job& m_job;
+    const MediaInfo& m_media;
+    const QMap<QString, MediaInfo>& m_files;
+    const TracksPlan& m_plan;
+    const HelperFiles& m_helpers;
+    ClipPart m_part;
+    double m_speed;
+    QStringList m_inputs;
+    QString m_graph;
+    QStringList m_outputs;
+    QStringList m_chapters;
+    QMap<char, int> m_counts;
+    int m_inputCount = 1;
+    int m_slowInput = -1;
+    bool m_hasSoundFile = false;
+    bool m_loops = false;
+};
+
+} // namespace
+
+Command extractCommand(const Tools& tools, const MediaInfo& media, const SubtitlePlan& plan)
+{
+    const bool isFile = plan.stream < 0;
+    QStringList arguments = begun("error");
+    if (isFile && !isUtf8File(plan.file))
+        arguments << QStringLiteral("-sub_charenc") << QStringLiteral("CP1252");
+    arguments << guardedInput(isFile ? plan.file : media.file) << QStringLiteral("-map")
+              << (isFile ? QStringLiteral("0:s:0") : QStringLiteral("0:%1").arg(plan.stream)) << QStringLiteral("-c:s")
+              << QStringLiteral("ass") << QStringLiteral("-f") << QStringLiteral("ass") << QStringLiteral("pipe:1");
+    return commandOf(tools, arguments);
+}
+
+Command coverCommand(const Tools& tools, const MediaInfo& media, int stream, const QString& file)
+{
+    QStringList arguments = begun("error");
+    arguments << guardedInput(media.file) << QStringLiteral("-map") << QStringLiteral("0:%1").arg(stream)
+              << QStringLiteral("-c") << QStringLiteral("copy") << QStringLiteral("-frames:v") << QStringLiteral("1")
+              << QStringLiteral("-f") << QStringLiteral("image2") << QStringLiteral("-update") << QStringLiteral("1")
+              << fileArgument(file);
+    return commandOf(tools, arguments);
+}
+
+Command measureCommand(const Tools& tools, const Job& job, const MediaInfo& media,
+                       const QMap<QString, MediaInfo>& files, const TrackPlan& track)
+{
+    const MediaInfo& source = track.file.isEmpty() ? media : *files.constFind(track.file);
+    const ClipPart part = clipPart(job.settings, media);
+    SoundParts parts;
+    parts.seconds = part.result;
+    parts.measuring = true;
+    QStringList arguments = begun("info");
+    arguments << QStringLiteral("-nostats");
+    if (!track.loops)
+        arguments << partOptions(part);
+    arguments << guardedInput(source.file) << QStringLiteral("-map") << QStringLiteral("0:%1").arg(track.track.index)
+              << QStringLiteral("-filter:a:0") << soundGraph(job.settings, *source.stream(track.track.index), parts)
+              << QStringLiteral("-progress") << QStringLiteral("pipe:1") << QStringLiteral("-f")
+              << QStringLiteral("null") << QStringLiteral("-");
+    Command command = commandOf(tools, arguments);
+    command.stallSeconds = job.stallSeconds;
+    return command;
+}
+
+Command convertCommand(const Tools& tools, const Job& job, const MediaInfo& media,
+                       const QMap<QString, MediaInfo>& files, const TracksPlan& plan, const HelperFiles& helpers,
+                       const QString& target)
+{
+    Command command = commandOf(tools, Arguments(job, media, files, plan, helpers).made(target));
+    command.stallSeconds = job.stallSeconds;
+    return command;
+}
+
+QByteArray chaptersText(const Settings& settings, const MediaInfo& media)
+{
+    const ClipPart part = clipPart(settings, media);
+    const double speed = speedFactor(settings);
+    const double end = part.seconds > 0 ? part.from + part.seconds : HUGE_VAL;
+    constexpr double thousand = 1000;
+    QByteArray text = ";FFMETADATA1\n";
+    for (const Chapter& chapter : media.chapters) {
+        const double from = std::max(chapter.from, part.from);
+        const double to = std::min(chapter.to, end);
+        if (to <= from)
+            continue;
+        text += "[CHAPTER]\nTIMEBASE=1/1000\nSTART="
+                + QByteArray::number(std::llround((from - part.from) / speed * thousand))
+                + "\nEND=" + QByteArray::number(std::llround((to - part.from) / speed * thousand)) + '\n';
+        for (auto it = chapter.tags.cbegin(); it != chapter.tags.cend(); ++it) {
+            QByteArray value = it.value().toUtf8();
+            for (const char* special : {"\\", "=", ";", "#", "\n"})
+                value.replace(special, QByteArray("\\") + special);
+            text += it.key().toUtf8() + '=' + value + '\n';
+        }
+    }
+    return text;
+}
+
+} // namespace zokit

@@ -1,0 +1,503 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include <zokit/conversion.h>
+
+#include <algorithm>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QImage>
+#include <QTimer>
+
+#include <zokit/graph.h>
+#include <zokit/placement.h>
+#include <zokit/progress.h>
+
+#include "codecs_p.h"
+#include "partfile_p.h"
+#include "trackplan_p.h"
+
+namespace zokit {
+
+namespace {
+
+using Code = Message::Code;
+
+/// One child of the preparation: what it is for, and what it makes.
+struct Step {
+    enum What { Extract, Cover, Measure } what;
+    int number = 0; ///< Stream of a cover, place of a track to be measured.
+    Command command;
+};
+
+FailureKind kindOf(const ChildResult& result)
+{
+    if (result.end == ChildEnd::NotStarted)
+        return FailureKind::Setup;
+    if (result.end == ChildEnd::Killed || result.end == ChildEnd::Stalled)
+        return FailureKind::Temporary;
+    for (const char* words : {"No space left on device", "Cannot allocate memory", "Disk quota exceeded"})
+        if (result.words.contains(words))
+            return FailureKind::Temporary;
+    for (const char* words : {"Unknown encoder", "No such filter"})
+        if (result.words.contains(words))
+            return FailureKind::Setup;
+    return FailureKind::Lasting;
+}
+
+Message reasonOf(const ChildResult& result, const Command& command)
+{
+    switch (result.end) {
+    case ChildEnd::NotStarted:
+        return Message(Code::ChildNotStarted, {QFileInfo(command.program).fileName(), result.lastWords()});
+    case ChildEnd::Stalled:
+        return Message(Code::ChildStalled, {QString::number(command.stallSeconds)});
+    case ChildEnd::Killed:
+        return Message(Code::ChildKilled, {QFileInfo(command.program).fileName(), QString::number(result.signal)});
+    default:
+        break;
+    }
+    return Message(Code::ChildFailed, {QFileInfo(command.program).fileName(), result.lastWords()});
+}
+
+bool isSameFile(const QString& left, const QString& right)
+{
+    const QString one = QFileInfo(left).canonicalFilePath();
+    return !one.isEmpty() && one == QFileInfo(right).canonicalFilePath();
+}
+
+} // namespace
+
+bool isUtf8File(const QString& path)
+{
+    QFile file(path);
+    constexpr qint64 most = 16 * 1024 * 1024;
+    if (!file.open(QIODevice::ReadOnly))
+        return true;
+    const QByteArray bytes = file.read(most);
+    return QString::fromUtf8(bytes).toUtf8() == bytes || bytes.startsWith("\xff\xfe") || bytes.startsWith("\xfe\xff")
+           || bytes.startsWith("\xef\xbb\xbf");
+}
+
+class Conversion::Private : public QObject {
+public:
+    Private(const Tools& tools, Conversion* owner) : m_tools(tools), m_owner(owner), m_prober(tools), m_child(this)
+    {
+        connect(&m_prober, &Prober::finished, this, &Private::probed);
+        connect(&m_child, &Child::finished, this, &Private::ended);
+        connect(&m_child, &Child::outputReady, this, &Private::readProgress);
+    }
+
+    void start(const Job& job, const QString& folder);
+    void cancel();
+    void finish(Outcome outcome, FailureKind kind = FailureKind::None, const Message& reason = {});
+
+    Tools m_tools;
+    Conversion* m_owner;
+    Prober m_prober;
+    Child m_child;
+    Job m_job;
+    MediaInfo m_media;
+    QMap<QString, MediaInfo> m_files;
+    TracksPlan m_plan;
+    QVector<Command> m_commands;
+    bool m_isRunning = false;
+
+private:
+    enum class Phase { Clip, Files, Prepare, Convert, Check };
+
+    void fail(const Message& reason, FailureKind kind = FailureKind::Lasting) { finish(Outcome::Failed, kind, reason); }
+    void warn(const Message& warning)
+    {
+        if (m_result.warnings.contains(warning))
+            return;
+        m_result.warnings.append(warning);
+        Q_EMIT m_owner->warned(warning);
+    }
+    Message checkOutput() const;
+    void begin();
+    void probed(const ReadMedia& read);
+    void probeNextFile();
+    void settle();
+    bool makeHelpers();
+    bool writeHelper(const QString& name, const QByteArray& bytes, QString* path);
+    void nextStep();
+    void convert();
+    void ended(const ChildResult& result);
+    void took(const Step& step, const ChildResult& result);
+    void readProgress(const QByteArray& piece);
+    void converted(const ChildResult& result);
+    void checked(const ReadMedia& read);
+
+    Phase m_phase = Phase::Clip;
+    QStringList m_waitingFiles;
+    QString m_folder; ///< Where helper files lie.
+    HelperFolder m_ownFolder;
+    bool m_preparesOnly = false;
+    HelperFiles m_helpers;
+    QVector<Step> m_steps;
+    PartFile m_part;
+    Command m_command;
+    ProgressReader m_progress;
+    double m_fraction = 0;
+    bool m_hasDamage = false;
+    ConversionResult m_result;
+};
+
+void Conversion::Private::start(const Job& job, const QString& folder)
+{
+    m_job = job;
+    m_preparesOnly = !folder.isEmpty();
+    m_folder = folder;
+    m_isRunning = true;
+    QTimer::singleShot(0, this, [this] {
+        if (m_isRunning)
+            begin();
+    });
+}
+
+Message Conversion::Private::checkOutput() const
+{
+    if (m_preparesOnly)
+        return {};
+    if (isSameFile(m_job.input, m_job.output))
+        return Message(Code::OutputIsInput, {m_job.output});
+    const QFileInfo output(m_job.output);
+    if (output.isDir())
+        return Message(Code::OutputIsFolder, {m_job.output});
+    if (!m_job.replaces && (output.exists() || output.isSymLink()))
+        return Message(Code::OutputExists, {m_job.output});
+    return {};
+}
+
+void Conversion::Private::begin()
+{
+    if (!m_tools.error.isEmpty())
+        return fail(m_tools.error, FailureKind::Setup);
+    if (const Message wrong = checkOutput(); !wrong.isEmpty())
+        return fail(wrong);
+    m_phase = Phase::Clip;
+    m_prober.probe(m_job.input);
+}
+
+void Conversion::Private::probed(const ReadMedia& read)
+{
+    if (m_phase == Phase::Check)
+        return checked(read);
+    if (m_phase == Phase::Clip) {
+        if (!read.media)
+            return fail(read.error);
+        m_media = *read.media;
+        if (m_job.makeSettings) {
+            const ReadSettings made = m_job.makeSettings(m_media);
+            for (const Message& warning : made.warnings)
+                warn(warning);
+            if (!made.settings)
+                return fail(made.error);
+            m_job.settings = *made.settings;
+        }
+        const MediaStream* picture = m_media.picture();
+        const QSize told = m_job.settings.media.frame;
+        if (picture && !told.isEmpty() && told != picture->shown) {
+            m_job.settings = rescaled(m_job.settings, picture->shown);
+            warn(Message(Code::Rescaled,
+                         {QStringLiteral("%1x%2").arg(told.width()).arg(told.height()),
+                          QStringLiteral("%1x%2").arg(picture->shown.width()).arg(picture->shown.height())}));
+        }
+        if (picture)
+            m_job.settings.media.frame = picture->shown;
+        m_waitingFiles = namedTrackFiles(m_job.settings);
+        m_phase = Phase::Files;
+    } else {
+        const QString file = m_waitingFiles.takeFirst();
+        if (!read.media)
+            return fail(read.error, FailureKind::Setup);
+        m_files.insert(file, *read.media);
+    }
+    probeNextFile();
+}
+
+void Conversion::Private::probeNextFile()
+{
+    if (m_waitingFiles.isEmpty())
+        settle();
+    else
+        m_prober.probe(m_waitingFiles.first());
+}
+
+void Conversion::Private::settle()
+{
+    const QString named = containerOf(m_job.output);
+    const QString container = named.isEmpty() ? containerFor(m_job.settings, m_job.input) : named;
+    m_plan = planTracks(m_job.settings, m_media, m_files, container);
+    if (!m_plan.error.isEmpty())
+        return fail(m_plan.error);
+    const ClipPart part = clipPart(m_job.settings, m_media);
+    if (part.isTrimmed && part.seconds <= 0)
+        return fail(Message(Code::TrimBehindEnd,
+                            {QString::number(part.from, 'g', 6), QString::number(m_media.seconds, 'g', 6)}));
+    for (const Message& warning : m_plan.warnings + watermarkWarnings(m_job.settings))
+        warn(warning);
+    Q_EMIT m_owner->planned();
+    if (!m_isRunning)
+        return; // A slot has cancelled.
+    if (!makeHelpers())
+        return;
+    m_phase = Phase::Prepare;
+    nextStep();
+}
+
+bool Conversion::Private::writeHelper(const QString& name, const QByteArray& bytes, QString* path)
+{
+    *path = m_folder + QLatin1Char('/') + name;
+    QFile file(*path);
+    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush())
+        return true;
+    fail(Message(Code::FileUnwritable, {*path, file.errorString()}), FailureKind::Temporary);
+    return false;
+}
+
+bool Conversion::Private::makeHelpers()
+{
+    const QImage watermark = m_plan.videoCodec.isEmpty() ? QImage() : watermarkPicture(m_job.settings);
+    const bool ownChapters = !m_media.chapters.isEmpty()
+                             && (clipPart(m_job.settings, m_media).isTrimmed || speedFactor(m_job.settings) != 1);
+    const bool extracts = m_plan.subtitle.use == SubtitleUse::BurnText;
+    const bool hasCovers = std::any_of(m_plan.tracks.cbegin(), m_plan.tracks.cend(),
+                                       [](const TrackPlan& track) { return track.fate == TrackFate::Attached; });
+    if (m_folder.isEmpty() && (!watermark.isNull() || ownChapters || extracts || hasCovers)) {
+        if (const Message wrong = m_ownFolder.create(); !wrong.isEmpty()) {
+            fail(wrong, FailureKind::Temporary);
+            return false;
+        }
+        m_folder = m_ownFolder.path();
+    }
+    if (!watermark.isNull()) {
+        m_helpers.watermark = m_folder + QStringLiteral("/watermark.png");
+        if (!watermark.save(m_helpers.watermark, "PNG")) {
+            fail(Message(Code::FileUnwritable, {m_helpers.watermark, QString()}), FailureKind::Temporary);
+            return false;
+        }
+    }
+    if (ownChapters
+        && !writeHelper(QStringLiteral("chapters.txt"), chaptersText(m_job.settings, m_media), &m_helpers.chapters))
+        return false;
+    if (extracts)
+        m_steps.append({Step::Extract, 0, extractCommand(m_tools, m_media, m_plan.subtitle)});
+    for (int i = 0; i < m_plan.tracks.size(); ++i) {
+        const TrackPlan& track = m_plan.tracks.at(i);
+        if (track.fate == TrackFate::Attached) {
+            const int stream = track.track.index;
+            const QString file = m_folder + QStringLiteral("/cover%1").arg(stream);
+            m_helpers.covers.insert(stream, file);
+            m_steps.append({Step::Cover, stream, coverCommand(m_tools, m_media, stream, file)});
+        } else if (track.fate == TrackFate::Encoded && track.track.kind == TrackKind::Audio && track.hasEffects
+                   && needsMeasuring(m_job.settings)) {
+            m_steps.append({Step::Measure, i, measureCommand(m_tools, m_job, m_media, m_files, track)});
+        }
+    }
+    return true;
+}
+
+void Conversion::Private::nextStep()
+{
+    if (m_steps.isEmpty())
+        return convert();
+    m_command = m_steps.first().command;
+    m_commands.append(m_command);
+    m_child.collect(m_steps.first().what == Step::Extract);
+    m_child.start(m_command);
+}
+
+void Conversion::Private::took(const Step& step, const ChildResult& result)
+{
+    if (!result.isGood())
+        return fail(reasonOf(result, step.command), kindOf(result));
+    if (step.what == Step::Extract) {
+        const QVector<Item>& tracks = m_job.settings.find(QStringLiteral("Subtitle"))->items;
+        const Item& track = tracks.at(m_plan.subtitle.position);
+        ScriptParts parts;
+        parts.frame = baseFrame(m_job.settings);
+        parts.hasOwnStyles = m_plan.subtitle.hasOwnStyles;
+        const OwnSubtitles own = ownSubtitles(result.output, track.values, parts);
+        if (own.events == 0)
+            warn(Message(Code::NoSubtitleLines));
+        if (!writeHelper(QStringLiteral("subtitles.ass"), own.script, &m_helpers.subtitleScript))
+            return;
+        m_helpers.subtitleInColour = own.inColour;
+    } else if (step.what == Step::Measure) {
+        const std::optional<double> peak = measuredPeak(result.words);
+        if (!peak)
+            return fail(Message(Code::NotMeasured));
+        m_helpers.gains.insert(step.number, gainFor(m_job.settings, *peak));
+    }
+    nextStep();
+}
+
+void Conversion::Private::convert()
+{
+    QString target = m_job.output;
+    if (!m_preparesOnly) {
+        for (const Message& told : removeLeftovers(QFileInfo(m_job.output).absolutePath()))
+            warn(told);
+        if (const Message wrong = m_part.create(m_job.output); !wrong.isEmpty())
+            return fail(wrong, FailureKind::Temporary);
+        target = m_part.path();
+    }
+    m_command = convertCommand(m_tools, m_job, m_media, m_files, m_plan, m_helpers, target);
+    m_command.folder = m_folder;
+    m_commands.append(m_command);
+    if (m_preparesOnly)
+        return finish(Outcome::Done);
+    m_phase = Phase::Convert;
+    m_child.collect(false);
+    m_child.start(m_command);
+}
+
+void Conversion::Private::readProgress(const QByteArray& piece)
+{
+    if (m_phase != Phase::Convert)
+        return;
+    const int before = m_progress.blocks();
+    m_progress.read(piece);
+    const double whole = clipPart(m_job.settings, m_media).result;
+    if (m_progress.blocks() == before || whole <= 0)
+        return;
+    m_fraction = std::max(m_fraction, std::min(m_progress.seconds() / whole, 1.0));
+    const double speed = m_progress.speed();
+    const double left = speed > 0 ? (1 - m_fraction) * whole / speed : 0;
+    Q_EMIT m_owner->progressed(m_fraction, left, speed);
+}
+
+void Conversion::Private::ended(const ChildResult& result)
+{
+    if (!m_isRunning)
+        return;
+    if (m_phase == Phase::Prepare)
+        took(m_steps.takeFirst(), result);
+    else
+        converted(result);
+}
+
+void Conversion::Private::converted(const ChildResult& result)
+{
+    if (!result.isGood())
+        return fail(reasonOf(result, m_command), kindOf(result));
+    if (!result.words.trimmed().isEmpty()) {
+        m_hasDamage = true;
+        warn(Message(Code::DamageTold, {result.lastWords()}));
+    }
+    m_phase = Phase::Check;
+    m_prober.probe(m_part.path());
+}
+
+void Conversion::Private::checked(const ReadMedia& read)
+{
+    if (!read.media)
+        return fail(Message(Code::ResultUnreadable, {read.error.text()}));
+    bool isShort = false;
+    const bool isWhole = std::all_of(m_plan.tracks.cbegin(), m_plan.tracks.cend(),
+                                     [](const TrackPlan& track) { return track.fate != TrackFate::LeftOut; });
+    const MediaStream* picture = m_media.picture();
+    const ClipPart part = clipPart(m_job.settings, m_media);
+    // Where a track is left out, the clip may have been as long as that one.
+    const bool isKnown = isWhole || part.isTrimmed || !picture || picture->seconds > 0;
+    double wanted = isKnown ? part.result : 0;
+    if (!isWhole && !part.isTrimmed && picture && picture->seconds > 0)
+        wanted = std::min(wanted, picture->seconds / std::max(speedFactor(m_job.settings), 0.01));
+    const Message wrong = checkResult(*read.media, m_plan, wanted, &isShort);
+    if (!wrong.isEmpty() && !(isShort && m_hasDamage))
+        return fail(wrong);
+    if (!wrong.isEmpty())
+        warn(wrong);
+    const Values& output = m_job.settings.output;
+    if (m_hasDamage && output.value(QStringLiteral("strict")).toBool())
+        return fail(Message(Code::DamageStrict));
+    const QString dateOf = output.value(QStringLiteral("keep-date")).toBool() ? m_job.input : QString();
+    if (const Message failed = m_part.finish(m_job.output, m_job.replaces, dateOf); !failed.isEmpty())
+        return fail(failed);
+    finish(Outcome::Done);
+}
+
+void Conversion::Private::cancel()
+{
+    if (m_isRunning)
+        finish(Outcome::Cancelled, FailureKind::None, Message(Code::Cancelled));
+}
+
+void Conversion::Private::finish(Outcome outcome, FailureKind kind, const Message& reason)
+{
+    if (!m_isRunning)
+        return;
+    m_isRunning = false;
+    m_prober.cancel();
+    m_child.cancel();
+    m_part.remove();
+    m_result.outcome = outcome;
+    m_result.kind = kind;
+    m_result.reason = reason;
+    if (outcome == Outcome::Done && !m_preparesOnly)
+        Q_EMIT m_owner->progressed(1, 0, m_progress.speed());
+    // Later: the one who cancels may be in the middle of something.
+    QTimer::singleShot(0, this, [this] { Q_EMIT m_owner->finished(m_result); });
+}
+
+Conversion::Conversion(const Tools& tools, QObject* parent) : QObject(parent), d(std::make_unique<Private>(tools, this))
+{
+}
+
+Conversion::~Conversion() = default;
+
+void Conversion::start(const Job& job)
+{
+    d->start(job, QString());
+}
+
+void Conversion::prepare(const Job& job, const QString& folder)
+{
+    d->start(job, folder);
+}
+
+void Conversion::cancel()
+{
+    d->cancel();
+}
+
+void Conversion::pause()
+{
+    d->m_child.pause();
+}
+
+void Conversion::resume()
+{
+    d->m_child.resume();
+}
+
+bool Conversion::isRunning() const
+{
+    return d->m_isRunning;
+}
+
+const Job& Conversion::job() const
+{
+    return d->m_job;
+}
+
+const MediaInfo& Conversion::media() const
+{
+    return d->m_media;
+}
+
+const TracksPlan& Conversion::plan() const
+{
+    return d->m_plan;
+}
+
+QVector<Command> Conversion::commands() const
+{
+    return d->m_commands;
+}
+
+} // namespace zokit

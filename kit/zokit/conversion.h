@@ -1,0 +1,130 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+#include <QMap>
+#include <QObject>
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+#include <zokit/child.h>
+#include <zokit/message.h>
+#include <zokit/probe.h>
+#include <zokit/settings.h>
+#include <zokit/settingsfile.h>
+#include <zokit/tools.h>
+#include <zokit/trackplan.h>
+#include <zokit/zokit_export.h>
+
+namespace zokit {
+
+/// One file to convert: all that has to be known, as data.
+struct ZOKIT_EXPORT Job {
+    QString input;     ///< Absolute path of the clip.
+    QString output;    ///< Absolute path of the result; its ending says the container.
+    Settings settings; ///< With the output options. Rescaled where the clip has another frame.
+    /// Makes the settings where they depend on the clip; \a settings is not read then. An error fails the job.
+    std::function<ReadSettings(const MediaInfo&)> makeSettings;
+    bool replaces = false; ///< A result that is there is replaced at the end; else the job fails.
+    int threads = 0;       ///< Of the encoders and filters; 0: as many as ffmpeg likes.
+    int stallSeconds = 30; ///< Without progress for so long, the conversion is ended.
+};
+
+/// Files that a conversion needs beside the clip, made before it.
+struct ZOKIT_EXPORT HelperFiles {
+    QString watermark;      ///< watermarkPicture() as PNG; empty: none.
+    QString subtitleScript; ///< Own script of the subtitle that is burned in; empty: none.
+    bool subtitleInColour = false;
+    QString chapters;          ///< Where the clip's own do not fit: as ffmpeg's metadata; empty: the clip's own.
+    QMap<int, QString> covers; ///< By stream number.
+    QMap<int, double> gains;   ///< Decibels by place in TracksPlan::tracks.
+};
+
+/// \name What is started, as data
+/// @{
+/// Writes the subtitle of \a plan to standard output as ASS.
+ZOKIT_EXPORT Command extractCommand(const Tools& tools, const MediaInfo& media, const SubtitlePlan& plan);
+/// Writes a cover to \a file as it is.
+ZOKIT_EXPORT Command coverCommand(const Tools& tools, const MediaInfo& media, int stream, const QString& file);
+/// Measures the peak of a track: its words are for measuredPeak().
+ZOKIT_EXPORT Command measureCommand(const Tools& tools, const Job& job, const MediaInfo& media,
+                                    const QMap<QString, MediaInfo>& files, const TrackPlan& track);
+/// Converts to \a target.
+ZOKIT_EXPORT Command convertCommand(const Tools& tools, const Job& job, const MediaInfo& media,
+                                    const QMap<QString, MediaInfo>& files, const TracksPlan& plan,
+                                    const HelperFiles& helpers, const QString& target);
+/// The chapters of \a media as they stand in what comes out, in the form of ffmpeg's metadata.
+ZOKIT_EXPORT QByteArray chaptersText(const Settings& settings, const MediaInfo& media);
+/// @}
+
+/// What is wrong with a result that was to be \a plan's, \a wanted seconds long; empty: nothing. \a isShort says
+/// whether only the length lacks.
+ZOKIT_EXPORT Message checkResult(const MediaInfo& result, const TracksPlan& plan, double wanted, bool* isShort);
+
+enum class Outcome { Done, Failed, Cancelled, Skipped };
+
+/// Whether trying again may help.
+enum class FailureKind {
+    None,
+    Lasting,   ///< The file or the settings are the reason.
+    Temporary, ///< Disk or memory were full, or the child was killed.
+    Setup      ///< A program, an encoder or a needed file is missing.
+};
+
+struct ZOKIT_EXPORT ConversionResult {
+    Outcome outcome = Outcome::Failed;
+    FailureKind kind = FailureKind::None;
+    Message reason;
+    Messages warnings; ///< All, those told before included.
+};
+
+/// Converts one file. The result has its name only when it is whole: until then it is a part file in its folder, which
+/// is gone however this ends. To be used on the main thread.
+class ZOKIT_EXPORT Conversion : public QObject {
+    Q_OBJECT
+
+public:
+    explicit Conversion(const Tools& tools, QObject* parent = nullptr);
+    /// What runs is ended, and leaves nothing.
+    ~Conversion() override;
+
+    /// Starts \a job; once for each object. The end is told by finished(), whatever it is.
+    void start(const Job& job);
+    /// Does all but the conversion itself, and keeps the helper files in \a folder: afterwards commands() are there.
+    void prepare(const Job& job, const QString& folder);
+    /// Ends it at once. The state is Cancelled before finished() is sent.
+    void cancel();
+    void pause();
+    void resume();
+    bool isRunning() const;
+
+    const Job& job() const;
+    /// Once planned() was sent.
+    const MediaInfo& media() const;
+    const TracksPlan& plan() const;
+    /// What was run or, after prepare(), is to be run: measuring, extracting, converting.
+    QVector<Command> commands() const;
+
+Q_SIGNALS:
+    /// All is decided: plan() tells what becomes of each track.
+    void planned();
+    /// \a fraction from 0 to 1 never falls; \a secondsLeft and \a speed are 0 while they are unknown.
+    void progressed(double fraction, double secondsLeft, double speed);
+    void warned(const zokit::Message& warning);
+    /// Exactly once, never from within start().
+    void finished(const zokit::ConversionResult& result);
+
+private:
+    class Private;
+    std::unique_ptr<Private> d;
+};
+
+} // namespace zokit
+
+Q_DECLARE_METATYPE(zokit::ConversionResult)

@@ -1,0 +1,76 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <memory>
+
+#include <QObject>
+#include <QVector>
+
+#include <zokit/conversion.h>
+#include <zokit/zokit_export.h>
+
+namespace zokit {
+
+/// What a row of the queue is doing.
+enum class RowState { Waiting, Running, Paused, Done, Failed, Cancelled, Skipped };
+
+/// Any number of jobs, some of them at once, in their order. A row is a job and what became of it; it stays until it is
+/// removed. To be used on the main thread.
+class ZOKIT_EXPORT Queue : public QObject {
+    Q_OBJECT
+
+public:
+    explicit Queue(const Tools& tools, QObject* parent = nullptr);
+    /// What runs is ended, and leaves nothing.
+    ~Queue() override;
+
+    /// Adds a row at the end, waiting, and answers its number. Numbers are never given twice.
+    int add(const Job& job);
+    /// Removes a row that does not run. False when it does, or is not there.
+    bool remove(int row);
+    /// Moves a row to place \a to of rows(). False when it is not there.
+    bool move(int row, int to);
+    /// The numbers of all rows, in the order in which they are done.
+    QVector<int> rows() const;
+
+    RowState state(int row) const;
+    Job job(int row) const;
+    /// What became of a row that has ended.
+    ConversionResult result(int row) const;
+    /// The conversion of a row that runs; null for others. Owned by the queue.
+    Conversion* conversion(int row) const;
+
+    /// How many run at once, 1 or more; from now on.
+    void setJobs(int count);
+    /// A row that fails keeps those that wait from being begun: they become Skipped.
+    void setStopsAtFailure(bool stops);
+    /// Begins the rows that wait, and goes on as long as one waits.
+    void start();
+    /// What runs is paused and nothing new is begun, until resume().
+    void pause();
+    void resume();
+    /// Ends the row if it runs, or takes it out if it waits: Cancelled.
+    void cancel(int row);
+    void cancelAll();
+    /// A row that has ended waits again. False for others.
+    bool retry(int row);
+    /// Whether any row runs or, once started, waits.
+    bool isRunning() const;
+
+Q_SIGNALS:
+    void stateChanged(int row, zokit::RowState state);
+    void progressed(int row, double fraction, double secondsLeft, double speed);
+    void warned(int row, const zokit::Message& warning);
+    /// conversion() of the row knows what becomes of each track.
+    void planned(int row);
+    /// Nothing runs and nothing waits any more.
+    void finished();
+
+private:
+    class Private;
+    std::unique_ptr<Private> d;
+};
+
+} // namespace zokit

@@ -1,0 +1,340 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+// Conversions of small clips by the real ffmpeg: what becomes of each track, what the result holds, and what is left
+// where one fails.
+#include <functional>
+
+#include <QDir>
+#include <QRegularExpression>
+#include <QSignalSpy>
+#include <QSysInfo>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <zokit/conversion.h>
+#include <zokit/filesettings.h>
+#include <zokit/queue.h>
+
+#include "clips.h"
+#include "kitsupport.h"
+#include "testapplication.h"
+
+using zokit::Conversion;
+using zokit::ConversionResult;
+using zokit::FileSettings;
+using zokit::Job;
+using zokit::MediaInfo;
+using zokit::Outcome;
+
+namespace {
+
+constexpr int patience = 60000; // Milliseconds; only a hang takes so long.
+
+using Edits = QMap<QString, QVariant>; // By address; "Watermark" inserts an item with these values.
+
+zokit::Settings settingsFor(const MediaInfo& media, const Edits& edits)
+{
+    zokit::Media known;
+    known.file = media.file;
+    known.frame = media.picture() ? media.picture()->shown : QSize();
+    known.seconds = media.seconds;
+    FileSettings file(known);
+    for (auto it = edits.cbegin(); it != edits.cend(); ++it) {
+        if (it.value().userType() == QMetaType::QVariantMap) {
+            const FileSettings::Inserted made = file.insert(it.key(), it.value().toMap());
+            if (made.item == 0)
+                qWarning("%s: %s", qPrintable(it.key()), qPrintable(made.error.text()));
+            continue;
+        }
+        const zokit::ReadAddress address = zokit::readAddress(it.key());
+        const zokit::Message refused = file.setValue(file.thing(*address.address), address.address->key, it.value());
+        if (!refused.isEmpty())
+            qWarning("%s", qPrintable(refused.text()));
+    }
+    return file.settings();
+}
+
+struct Converted {
+    ConversionResult result;
+    QStringList lines; ///< Of the tracks.
+    MediaInfo media;   ///< Of the result; without streams when there is none.
+    QStringList left;  ///< What else is in the folder.
+    QStringList arguments;
+};
+
+Converted convert(const QString& input, const Edits& edits, const QString& output)
+{
+    Converted converted;
+    Conversion conversion(zokit::findTools());
+    QSignalSpy ended(&conversion, &Conversion::finished);
+    QObject::connect(&conversion, &Conversion::planned, [&] {
+        for (const zokit::TrackPlan& track : conversion.plan().tracks)
+            converted.lines.append(track.line().text());
+    });
+    Job job;
+    job.input = input;
+    job.output = output;
+    job.makeSettings = [&](const MediaInfo& media) {
+        zokit::ReadSettings made;
+        made.settings = settingsFor(media, edits);
+        return made;
+    };
+    conversion.start(job);
+    if (!ended.wait(patience))
+        qWarning("the conversion does not end");
+    else
+        converted.result = ended.first().first().value<ConversionResult>();
+    if (!conversion.commands().isEmpty())
+        converted.arguments = conversion.commands().last().arguments;
+    if (converted.result.outcome == Outcome::Done)
+        converted.media = zokit::probe(zokit::findTools(), output).media.value_or(MediaInfo());
+    converted.left =
+        QFileInfo(output).absoluteDir().entryList(QDir::Files | QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot);
+    converted.left.removeAll(QFileInfo(output).fileName());
+    return converted;
+}
+
+QString said(const ConversionResult& result)
+{
+    QStringList words{result.reason.text()};
+    for (const zokit::Message& warning : result.warnings)
+        words.append(warning.text());
+    words.removeAll(QString());
+    return words.join(QLatin1Char('\n'));
+}
+
+QString codecs(const MediaInfo& media)
+{
+    QStringList words;
+    for (const zokit::MediaStream& stream : media.streams)
+        words.append(stream.track.codec + (stream.isCover ? QStringLiteral("(cover)") : QString()));
+    return words.join(QLatin1Char(' '));
+}
+
+} // namespace
+
+class TestKitConversion : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        QVERIFY(m_folder.isValid());
+        QVERIFY(zokit::findTools().error.isEmpty());
+    }
+    void tracksFollow_data();
+    void tracksFollow();
+    void isRefused_data();
+    void isRefused();
+    void leavesNothingWhenCancelled();
+    void removesWhatADeadOneLeft();
+    void queueRunsInOrder();
+
+private:
+    QString path(const QString& name) const { return m_folder.filePath(name); }
+
+    QTemporaryDir m_folder;
+};
+
+void TestKitConversion::tracksFollow_data()
+{
+    QTest::addColumn<QString>("clip");
+    QTest::addColumn<QString>("ending");
+    QTest::addColumn<Edits>("edits");
+    QTest::addColumn<QString>("expected");
+
+    const Edits nothing;
+    const Edits grey{{QStringLiteral("Color:bcs_saturation"), -50}};
+    const Edits normalized{{QStringLiteral("Audio_Normalize:audio_effect_flag"), true}};
+    const auto row = [](const char* name, const char* clip, const char* ending, const Edits& edits,
+                        const char* expected) {
+        QTest::newRow(name) << QString::fromUtf8(clip) << QString::fromUtf8(ending) << edits
+                            << QString::fromUtf8(expected);
+    };
+    row("nothing is asked", "plain.mp4", "mp4", nothing, "h264 aac");
+    row("the same in mkv", "plain.mp4", "mkv", nothing, "h264 aac");
+    row("a colour", "plain.mp4", "mp4", grey, "h264 aac");
+    row("a sound effect", "plain.mp4", "mp4", normalized, "h264 aac");
+    row("to webm", "plain.mp4", "webm", nothing, "vp9 opus");
+    row("languages", "languages.mkv", "mkv", nothing, "h264 aac aac subrip ass");
+    row("languages to mp4", "languages.mkv", "mp4", nothing, "h264 aac aac mov_text mov_text");
+    row("pictures as subtitles", "graphic.mkv", "mkv", nothing, "h264 aac hdmv_pgs_subtitle");
+    row("pictures as subtitles to mp4", "graphic.mkv", "mp4", nothing, "h264 aac");
+    row("a cover", "cover.mp4", "mp4", nothing, "h264 aac mjpeg(cover)");
+    row("a cover to mkv", "cover.mp4", "mkv", nothing, "h264 aac mjpeg(cover)");
+    row("an attachment", "attachment.mkv", "mkv", nothing, "h264 aac ttf");
+    row("two videos", "two-videos.mkv", "mkv", grey, "h264 ffv1");
+    row("sound alone", "sound.wav", "mkv", normalized, "aac");
+    row("a turned picture to mkv", "rotate90.mp4", "mkv", nothing, "h264 aac");
+    row("HDR", "pq.mkv", "mkv", grey, "h264");
+    row("av1", "silent.mkv", "mkv", {{QStringLiteral("Output:video-codec"), QStringLiteral("av1")}}, "av1");
+    row("ffv1", "ten-bit.mkv", "mkv", {{QStringLiteral("Output:video-codec"), QStringLiteral("ffv1")}}, "ffv1");
+    row("hevc", "pq.mkv", "mp4", {{QStringLiteral("Output:video-codec"), QStringLiteral("hevc")}}, "hevc");
+    row("twice as fast", "languages.mkv", "mkv",
+        {{QStringLiteral("Audio_Speed:audio_effect_flag"), true},
+         {QStringLiteral("Audio_Speed:audio_speed_factor"), 200}},
+        "h264 aac aac subrip ass");
+    row("a part", "chapters.mkv", "mkv", {{QStringLiteral("Output:trim"), QVariantList{0.1, 0.3}}}, "h264 aac");
+    row("a watermark", "plain.mp4", "mp4",
+        {{QStringLiteral("Watermark"), QVariantMap{{QStringLiteral("wm_istextwatermark"), true},
+                                                   {QStringLiteral("wm_textcontent"), QStringLiteral("Hi")}}}},
+        "h264 aac");
+    row("a subtitle file", "plain.mp4", "mp4",
+        {{QStringLiteral("Subtitle"), QVariantMap{{QStringLiteral("sub_fromfile"), true},
+                                                  {QStringLiteral("file"), clips::clip(QStringLiteral("text.srt"))}}}},
+        "h264 aac");
+    row("a soft subtitle file", "plain.mp4", "mp4",
+        {{QStringLiteral("Output:soft-subtitles"), true},
+         {QStringLiteral("Subtitle"), QVariantMap{{QStringLiteral("sub_fromfile"), true},
+                                                  {QStringLiteral("file"), clips::clip(QStringLiteral("text.srt"))}}}},
+        "h264 aac mov_text");
+    row("a sound file", "silent.mkv", "mp4",
+        {{QStringLiteral("Audio"), QVariantMap{{QStringLiteral("audio_isfile"), true},
+                                               {QStringLiteral("play_loop"), true},
+                                               {QStringLiteral("file"), clips::clip(QStringLiteral("sound.mp3"))}}}},
+        "h264 aac");
+}
+
+void TestKitConversion::tracksFollow()
+{
+    QFETCH(QString, clip);
+    QFETCH(QString, ending);
+    QFETCH(Edits, edits);
+    const QString output = path(QStringLiteral("result.") + ending);
+    QFile::remove(output);
+    const Converted converted = convert(clips::clip(clip), edits, output);
+    if (qEnvironmentVariableIsSet("SHOW"))
+        qInfo().noquote() << converted.lines.join(QLatin1Char('\n')) << said(converted.result)
+                          << converted.arguments.join(QLatin1Char(' '));
+    QVERIFY2(converted.result.outcome == Outcome::Done, qPrintable(said(converted.result)));
+    QTEST(codecs(converted.media), "expected");
+    QCOMPARE(converted.left, QStringList());
+    QVERIFY(QFile::remove(output));
+}
+
+void TestKitConversion::isRefused_data()
+{
+    QTest::addColumn<QString>("clip");
+    QTest::addColumn<QString>("output");
+    QTest::addColumn<Edits>("edits");
+    QTest::addColumn<QString>("expected"); // PATH stands for the folder of the results.
+
+    const Edits nothing;
+    const auto row = [](const char* name, const char* clip, const char* output, const Edits& edits,
+                        const char* expected) {
+        QTest::newRow(name) << QString::fromUtf8(clip) << QString::fromUtf8(output) << edits
+                            << QString::fromUtf8(expected);
+    };
+    row("a file is there", "plain.mp4", "there.mp4", nothing,
+        "PATH/there.mp4 exists. Add --existing skip or --existing replace.");
+    row("a folder is there", "plain.mp4", "folder.mp4", nothing,
+        "PATH/folder.mp4 is a folder. Give the name of a file, or use --output-folder.");
+    row("no such folder", "plain.mp4", "nowhere/result.mp4", nothing,
+        "PATH/nowhere cannot be written: No such file or directory.");
+    row("a codec that webm lacks", "plain.mp4", "result.webm",
+        {{QStringLiteral("Output:video-codec"), QStringLiteral("h264")}},
+        "webm cannot hold h264. Choose another container, for example mkv, or another codec.");
+    row("a copy that a colour changes", "plain.mp4", "result.mp4",
+        {{QStringLiteral("Output:video-codec"), QStringLiteral("copy")}, {QStringLiteral("Color:bcs_contrast"), 10}},
+        "video-codec copy leaves the track as it is, but another setting changes it. Leave out one of the two.");
+    row("a quality beyond the scale", "plain.mp4", "result.mp4", {{QStringLiteral("Output:quality"), 60}},
+        "Output:quality: 60 is not between 0 and 51.");
+    row("a speed of no encoder", "plain.mp4", "result.mp4",
+        {{QStringLiteral("Output:encoder-speed"), QStringLiteral("slo")}},
+        "Output:encoder-speed: slo is none of ultrafast, superfast, veryfast, faster, fast, medium, slow, slower, "
+        "veryslow, placebo. Did you mean slow?");
+    row("a part behind the end", "plain.mp4", "result.mp4", {{QStringLiteral("Output:trim"), QVariantList{5.0, 6.0}}},
+        "The part begins at 5 s, and the clip ends at 0.4 s. Give an earlier one.");
+}
+
+void TestKitConversion::isRefused()
+{
+    QFETCH(QString, clip);
+    QFETCH(QString, output);
+    QFETCH(Edits, edits);
+    QFETCH(QString, expected);
+    QFile there(path(QStringLiteral("there.mp4")));
+    QVERIFY(there.open(QIODevice::WriteOnly) && there.write("mine") == 4);
+    there.close();
+    QDir(m_folder.path()).mkdir(QStringLiteral("folder.mp4"));
+    const Converted converted = convert(clips::clip(clip), edits, path(output));
+    QVERIFY(converted.result.outcome == Outcome::Failed);
+    QCOMPARE(converted.result.reason.text().replace(m_folder.path(), QStringLiteral("PATH")), expected);
+    QVERIFY(there.open(QIODevice::ReadOnly));
+    QCOMPARE(there.readAll(), QByteArray("mine"));
+    QVERIFY(there.remove());
+    QVERIFY(QDir(path(QStringLiteral("folder.mp4"))).removeRecursively());
+    QCOMPARE(QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), QStringList());
+}
+
+void TestKitConversion::leavesNothingWhenCancelled()
+{
+    Conversion conversion(zokit::findTools());
+    QSignalSpy ended(&conversion, &Conversion::finished);
+    Job job;
+    job.input = clips::clip(QStringLiteral("plain.mp4"));
+    job.output = path(QStringLiteral("result.mkv"));
+    job.makeSettings = [](const MediaInfo& media) {
+        zokit::ReadSettings made;
+        made.settings = settingsFor(media, {{QStringLiteral("Output:video-codec"), QStringLiteral("av1")}});
+        return made;
+    };
+    QObject::connect(&conversion, &Conversion::planned, &conversion, &Conversion::cancel);
+    conversion.start(job);
+    QVERIFY(ended.wait(patience));
+    QVERIFY(ended.first().first().value<ConversionResult>().outcome == Outcome::Cancelled);
+    QVERIFY(!conversion.isRunning());
+    QCOMPARE(QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), QStringList());
+}
+
+void TestKitConversion::removesWhatADeadOneLeft()
+{
+    QString host = QSysInfo::machineHostName();
+    host.remove(QRegularExpression(QStringLiteral("[^A-Za-z0-9]")));
+    const QString left = path(QStringLiteral(".zo-%1-01234567.part").arg(host.left(40)));
+    QFile part(left);
+    QVERIFY(part.open(QIODevice::WriteOnly));
+    part.close();
+    const QString output = path(QStringLiteral("result.mp4"));
+    const Converted converted = convert(clips::clip(QStringLiteral("plain.mp4")), {}, output);
+    QVERIFY2(converted.result.outcome == Outcome::Done, qPrintable(said(converted.result)));
+    QVERIFY(!QFile::exists(left));
+    QVERIFY(QFile::remove(output));
+}
+
+void TestKitConversion::queueRunsInOrder()
+{
+    zokit::Queue queue(zokit::findTools());
+    QStringList events;
+    QObject::connect(&queue, &zokit::Queue::stateChanged, [&](int row, zokit::RowState state) {
+        events.append(QStringLiteral("%1:%2").arg(row).arg(static_cast<int>(state)));
+    });
+    const auto add = [&](const char* clip, const char* name) {
+        Job job;
+        job.input = clips::clip(QString::fromUtf8(clip));
+        job.output = path(QString::fromUtf8(name));
+        job.makeSettings = [](const MediaInfo& media) {
+            zokit::ReadSettings made;
+            made.settings = settingsFor(media, {});
+            return made;
+        };
+        return queue.add(job);
+    };
+    QCOMPARE(add("plain.mp4", "1.mp4"), 1);
+    QCOMPARE(add("text.srt", "2.mp4"), 2); // No picture, no sound: fails.
+    QCOMPARE(add("plain.mp4", "3.mkv"), 3);
+    QVERIFY(queue.move(3, 0));
+    QSignalSpy ended(&queue, &zokit::Queue::finished);
+    queue.start();
+    QVERIFY(ended.wait(patience));
+    QCOMPARE(events.join(QLatin1Char(' ')), QStringLiteral("3:1 3:3 1:1 1:3 2:1 2:4"));
+    QVERIFY(queue.state(2) == zokit::RowState::Failed);
+    QVERIFY(queue.retry(2));
+    queue.cancel(2);
+    QVERIFY(queue.state(2) == zokit::RowState::Cancelled);
+    QVERIFY(QFile::remove(path(QStringLiteral("1.mp4"))) && QFile::remove(path(QStringLiteral("3.mkv"))));
+}
+
+ZOEFFECT_TEST_MAIN(TestKitConversion)
+#include "tst_kit_conversion.moc"
