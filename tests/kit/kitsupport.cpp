@@ -5,8 +5,9 @@
 
 #include <utility>
 
+#include <QDir>
+#include <QFile>
 #include <QImage>
-#include <QTemporaryDir>
 
 #include <zoeffectitemdefaultvalmgr.h>
 
@@ -42,12 +43,20 @@ QSize sizeOf(const zokit::FileSettings& file, zokit::Identity watermark)
 
 QString logoPath(int width, int height)
 {
-    static const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("logo-%1x%2.png").arg(width).arg(height));
+    const QString path = QDir::temp().filePath(QStringLiteral("logo-%1x%2.png").arg(width).arg(height));
+    if (QFile::exists(path))
+        return path;
     QImage image(width, height, QImage::Format_ARGB32);
     image.fill(Qt::blue);
     image.save(path);
     return path;
+}
+
+int stepsOr(const char* variable, int usual)
+{
+    bool isNumber = false;
+    const int wanted = qEnvironmentVariableIntValue(variable, &isNumber);
+    return isNumber ? wanted : usual;
 }
 
 void clearSavedDefaults()

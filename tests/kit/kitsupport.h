@@ -25,8 +25,11 @@ zokit::Identity at(const zokit::FileSettings& file, const char* address);
 QPoint placeOf(const zokit::FileSettings& file, zokit::Identity watermark);
 QSize sizeOf(const zokit::FileSettings& file, zokit::Identity watermark);
 
-/// An image file of that size, which lives as long as the program.
+/// An image file of that size in the folder for temporary files, which is that of the test.
 QString logoPath(int width, int height);
+
+/// How often a random test is to go on: what the environment's \a variable says, else \a usual.
+int stepsOr(const char* variable, int usual);
 
 /// No type has a saved default any more. The store is one in memory.
 void clearSavedDefaults();

@@ -161,7 +161,7 @@ void randomEdit(Project& project, QRandomGenerator& random)
         return;
     }
     FileSettings& file = *any(files, random);
-    switch (random.bounded(40)) {
+    switch (random.bounded(100)) { // Mostly a value, as people do.
     case 0:
         file.resetType(any(zokit::effectTypes(), random));
         break;

@@ -324,10 +324,8 @@ void TestKitHistory::directChangeOfAModelIsAStep()
 /// the one at its end.
 void TestKitHistory::undoAllIsExact()
 {
-    bool isNumber = false;
-    const int wanted = qEnvironmentVariableIntValue("ZOKIT_STEPS", &isNumber);
-    const int total = isNumber ? wanted : 20000;
-    QRandomGenerator random(20261122);
+    const int total = stepsOr("ZOKIT_STEPS", ZOKIT_STEPS);
+    QRandomGenerator random(quint32(stepsOr("ZOKIT_SEED", 20261122)));
     for (int done = 0; done < total;) {
         clearSavedDefaults();
         Project project;
