@@ -21,6 +21,8 @@ them that reach what the others do not, and the files named, to tests/fuzz/corpu
   imagefile    the image file of a watermark
   catalogue    a host's table of effect types
   summary      the saved text of the frame effects
+  settingsfile settings files and presets
+  journal      the journal of a session
   probe        what ffprobe and ffmpeg tell of a file, of themselves and of how far they are
 
 A finding ends the run of its target; its input is kept in build/fuzz/findings/TARGET. Ends with the line
@@ -28,7 +30,7 @@ A finding ends the run of its target; its input is kept in build/fuzz/findings/T
 TEXT
 }
 
-readonly targets=(operations storefile imagefile catalogue summary probe)
+readonly targets=(operations storefile imagefile catalogue summary settingsfile journal probe)
 if [[ ${1:-} == --help || ${1:-} == -h ]]; then
     usage
     exit 0
