@@ -65,8 +65,9 @@ void FileSettings::Private::announce(const Changes& changes, QObject* asker)
 void FileSettings::Private::store(const Changes& changes, QObject* asker, const Changes& forModels)
 {
     QMap<QString, QVector<Identity>> before;
-    for (const QString& type : effectTypes()) {
-        if (hasItems(type))
+    for (const Change& change : changes) {
+        const QString type = change.key == own::items ? things.typeOf(change.thing) : QString();
+        if (!type.isEmpty())
             before.insert(type, things.items(type));
     }
     things.apply(changes);

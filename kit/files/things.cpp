@@ -221,16 +221,22 @@ Settings Things::settings() const
 
 void Things::apply(const Changes& changes)
 {
+    bool otherThings = false;
     for (const Change& change : changes) {
+        otherThings =
+            otherThings || !m_values.contains(change.thing) || change.key == own::of || change.key == own::type;
         Values& values = m_values[change.thing];
         if (change.after.isValid())
             values.insert(change.key, change.after);
         else
             values.remove(change.key);
-        if (values.isEmpty())
+        if (values.isEmpty()) {
             m_values.remove(change.thing);
+            otherThings = true;
+        }
     }
-    index();
+    if (otherThings)
+        index();
 }
 
 /// For each item of \a target the identity that it keeps, 0 for a new one: that of the same item at its place, else of
