@@ -102,7 +102,9 @@ void addSubtitlePictures(Chain& chain, const Picture& picture, const Item& track
     constexpr double usualPlace = 0.8;
     const QVariant place = track.values.value(QStringLiteral("sub_vposition"));
     const int moved = place.isValid() ? place.toInt() - int(usualPlace * picture.frame.height()) : 0;
-    addOverlay(chain, picture, below, top, moved == 0 ? QString() : QStringLiteral("y=%1:").arg(moved));
+    // ffmpeg ends such a track by one more picture weeks later, which would bring a last frame with it.
+    const QString options = QStringLiteral("eof_action=pass:");
+    addOverlay(chain, picture, below, top, moved == 0 ? options : options + QStringLiteral("y=%1:").arg(moved));
 }
 
 } // namespace zokit

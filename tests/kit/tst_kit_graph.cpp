@@ -244,12 +244,13 @@ void TestKitGraph::textOfTheGraph_data()
             given.subtitleStream = 3;
         }),
         "[0:0]null[p1];[0:3]scale=1280:720:out_color_matrix=bt709:out_range=tv:flags=accurate_rnd+full_chroma_int+"
-        "full_chroma_inp,format=yuva420p[p2];[p1][p2]overlay=format=yuv420,format=yuv420p[picture]");
+        "full_chroma_inp,format=yuva420p[p2];[p1][p2]overlay=eof_action=pass:format=yuv420,format=yuv420p[picture]");
     row("subtitle of pictures, moved and half transparent", withSubtitle(50, 500), clip(hd),
         parts([](GraphParts& given) { given.subtitleInput = 2; }),
         "[0:0]null[p1];[2:0]format=rgba,colorchannelmixer=aa=0.498039,scale=1280:720:out_color_matrix=bt709:out_range="
         "tv:"
-        "flags=accurate_rnd+full_chroma_int+full_chroma_inp,format=yuva420p[p2];[p1][p2]overlay=y=-76:format=yuv420,"
+        "flags=accurate_rnd+full_chroma_int+full_chroma_inp,format=yuva420p[p2];[p1][p2]overlay=eof_action=pass:y=-76:"
+        "format=yuv420,"
         "format=yuv420p[picture]");
     row("a kept frame", plain(hd), changed([](zokit::MediaStream& picture) {
             picture.isInterlaced = true;
