@@ -3,6 +3,7 @@
 
 #include "jsontext_p.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonArray>
@@ -94,7 +95,11 @@ std::optional<QByteArray> load(const QString& path, Message* error)
     QFile file(path);
     if (!info.exists())
         *error = missingFile(path);
-    else if (!info.isFile() || !file.open(QIODevice::ReadOnly))
+    else if (info.isDir())
+        *error = Message(Code::FileUnreadable, {path, QCoreApplication::translate("zokit", "it is a folder")});
+    else if (!info.isFile())
+        *error = Message(Code::FileUnreadable, {path, QCoreApplication::translate("zokit", "it is no regular file")});
+    else if (!file.open(QIODevice::ReadOnly))
         *error = Message(Code::FileUnreadable, {path, file.errorString()});
     else if (info.size() > largestFile)
         *error = Message(Code::InFile, {path, Message(Code::FileTooLarge).text()});

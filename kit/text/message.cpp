@@ -170,18 +170,6 @@ QString textOf(Code code)
     return found == std::end(texts) ? QString() : QCoreApplication::translate("zokit", found->text);
 }
 
-/// One line, whatever the words hold.
-QString onOneLine(const QString& word)
-{
-    QString result = word;
-    for (QChar& letter : result) {
-        if (letter == QLatin1Char('\n') || letter == QLatin1Char('\r') || letter.category() == QChar::Separator_Line
-            || letter.category() == QChar::Separator_Paragraph)
-            letter = QLatin1Char(' ');
-    }
-    return result;
-}
-
 /// \a text with its places filled, in one pass: a word that holds "%1" stays as it is.
 QString filled(const QString& text, const QStringList& arguments)
 {
@@ -264,6 +252,30 @@ bool useLanguage(const QLocale& locale)
     return german->load(QStringLiteral(":/zokit/zokit_de.qm")) && QCoreApplication::installTranslator(german);
 }
 
+QString onOneLine(const QString& text)
+{
+    const auto spelled = [](QChar letter, int digits) {
+        return QString::number(letter.unicode(), 16).rightJustified(digits, QLatin1Char('0'));
+    };
+    QString result;
+    for (const QChar letter : text) {
+        const ushort code = letter.unicode();
+        const bool turns = (code >= 0x202a && code <= 0x202e) || (code >= 0x2066 && code <= 0x2069) || code == 0x200e
+                           || code == 0x200f;
+        if (code == '\n')
+            result += QLatin1String("\\n");
+        else if (code == '\t')
+            result += QLatin1String("\\t");
+        else if (letter.category() == QChar::Other_Control)
+            result += QLatin1String("\\x") + spelled(letter, 2);
+        else if (turns || letter.category() == QChar::Separator_Line || letter.category() == QChar::Separator_Paragraph)
+            result += QLatin1String("\\u") + spelled(letter, 4);
+        else
+            result += letter;
+    }
+    return result;
+}
+
 QString nearest(const QString& word, const QStringList& candidates)
 {
     constexpr int longest = 64; // Nobody misspells a novel.
@@ -277,6 +289,14 @@ QString nearest(const QString& word, const QStringList& candidates)
             bestDistance = d;
             best = candidate;
         }
+    }
+    // "contrast" for "bcs_contrast".
+    constexpr int shortestPart = 4;
+    if (best.isEmpty() && word.size() >= shortestPart) {
+        const auto whole = std::find_if(candidates.cbegin(), candidates.cend(), [&](const QString& candidate) {
+            return candidate.contains(word, Qt::CaseInsensitive);
+        });
+        best = whole == candidates.cend() ? QString() : *whole;
     }
     return best;
 }

@@ -1340,6 +1340,14 @@
         <translation>%1 hat schon die neuen Einstellungen. Die alten liegen in %2. %3</translation>
     </message>
     <message>
+        <source>it is a folder</source>
+        <translation>es ist ein Ordner</translation>
+    </message>
+    <message>
+        <source>it is no regular file</source>
+        <translation>es ist keine gewöhnliche Datei</translation>
+    </message>
+    <message>
         <source>%1 was changed by somebody else meanwhile. Nothing was applied; try again.</source>
         <translation>%1 wurde inzwischen von anderer Seite geändert. Nichts wurde übertragen; versuchen Sie es noch einmal.</translation>
     </message>

@@ -183,8 +183,13 @@ ZOKIT_EXPORT bool operator==(const Message& left, const Message& right);
 
 using Messages = QVector<Message>;
 
-/// The one of \a candidates that \a word was probably meant to be: few letters differ, upper or lower case aside; empty
-/// when none is near.
+/// \a text as it stands in a sentence: control characters and those that turn the direction of a line are spelled,
+/// "\n",
+/// "\x1b", "\u202e".
+ZOKIT_EXPORT QString onOneLine(const QString& text);
+
+/// The one of \a candidates that \a word was probably meant to be: few letters differ, upper or lower case aside, or
+/// it is a part of one; empty when none is near.
 ZOKIT_EXPORT QString nearest(const QString& word, const QStringList& candidates);
 
 /// That there is no file at \a path, with the nearest name in its folder.

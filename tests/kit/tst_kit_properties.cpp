@@ -301,7 +301,7 @@ void TestKitProperties::addressIsRead_data()
     row("Tracks:audio-language", "Tracks:audio-language");
     row("Colour:bcs_contrast", "There is no effect type Colour. Did you mean Color?");
     row("color:bcs_contrast", "There is no effect type color. Did you mean Color?");
-    row("Color:contrast", "Color has no property contrast.");
+    row("Color:contrast", "Color has no property contrast. Did you mean bcs_contrast?");
     row("Color:bcs_contrats", "Color has no property bcs_contrats. Did you mean bcs_contrast?");
     row("Color:0:bcs_contrast", "Color has no items. Leave the position out.");
     row("Output:qualty", "There is no output option qualty. Did you mean quality?");
@@ -350,7 +350,7 @@ void TestKitProperties::nearestNameIsFound()
 void TestKitProperties::wordsOfAPersonStayAsTheyAre()
 {
     const Message message(Code::NotAWholeNumber, {QStringLiteral("%2"), QStringLiteral("a%1\nb")});
-    QCOMPARE(message.text(), QStringLiteral("%2: a%1 b is no whole number."));
+    QCOMPARE(message.text(), QStringLiteral("%2: a%1\\nb is no whole number."));
 }
 
 void TestKitProperties::germanIsComplete()

@@ -1,0 +1,309 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include "edits.h"
+
+#include <cmath>
+#include <optional>
+
+#include <QFileInfo>
+#include <QImageReader>
+
+#include <zokit/carryover.h>
+#include <zokit/placement.h>
+#include <zokit/presets.h>
+#include <zokit/properties.h>
+
+#include "words.h"
+
+namespace zoconvert {
+
+namespace {
+
+using zokit::Address;
+using zokit::Identity;
+using zokit::Message;
+using zokit::Values;
+
+const QString watermark = QStringLiteral("Watermark");
+const QString selected = QStringLiteral("selected");
+
+/// "X,Y,W,H", each in pixels or percent of the frame's side.
+std::optional<QRect> rectangleFrom(const QString& text, const QSize& frame)
+{
+    const QStringList parts = text.split(QLatin1Char(','));
+    if (parts.size() != 4)
+        return std::nullopt;
+    int sides[4] = {};
+    for (int i = 0; i < 4; ++i) {
+        QString part = parts.at(i).trimmed();
+        const bool isPercent = part.endsWith(QLatin1Char('%'));
+        if (isPercent)
+            part.chop(1);
+        bool isNumber = false;
+        double number = part.toDouble(&isNumber);
+        if (isPercent)
+            number *= (i % 2 == 0 ? frame.width() : frame.height()) / 100.0;
+        constexpr double largest = 1e6;
+        if (!isNumber || !(std::abs(number) <= largest) || (!isPercent && std::trunc(number) != number))
+            return std::nullopt;
+        sides[i] = static_cast<int>(std::lround(number));
+    }
+    return QRect(sides[0], sides[1], sides[2], sides[3]);
+}
+
+/// Applies the edits of one command line to one file.
+class Editor {
+public:
+    Editor(const QVector<Edit>& edits, zokit::FileSettings& file) : m_edits(edits), m_file(file) {}
+
+    QString run()
+    {
+        for (const Edit& edit : m_edits) {
+            const QString error = apply(edit);
+            if (!error.isEmpty())
+                return error;
+        }
+        return QString();
+    }
+
+private:
+    QString apply(const Edit& edit);
+    QString takeSettings(const QString& path);
+    QString takePreset(const QString& word);
+    QString set(const QString& assignment);
+    QString addText(const QString& text);
+    QString addImage(const QString& path);
+    QString addFile(const QString& type, const QString& flag, const QString& path);
+    QString crop(const QString& text);
+    QString setRule(const QString& key, const QVariant& value);
+    QString place(const QString& text);
+    QString reset(const QString& text);
+
+    QString insert(const QString& type, const Values& values);
+    bool setsSelection(const Address& thing) const;
+    QString noSuchItem(const Address& address) const;
+
+    const QVector<Edit>& m_edits;
+    zokit::FileSettings& m_file;
+    Identity m_named = 0; ///< The watermark named last.
+};
+
+QString Editor::apply(const Edit& edit)
+{
+    const QString& option = edit.option;
+    const QString& value = edit.value;
+    if (option == QLatin1String("settings"))
+        return takeSettings(value);
+    if (option == QLatin1String("preset"))
+        return takePreset(value);
+    if (option == QLatin1String("set"))
+        return set(value);
+    if (option == QLatin1String("text"))
+        return addText(value);
+    if (option == QLatin1String("image"))
+        return addImage(value);
+    if (option == QLatin1String("crop"))
+        return crop(value);
+    if (option == QLatin1String("subtitle"))
+        return addFile(QStringLiteral("Subtitle"), QStringLiteral("sub_fromfile"), value);
+    if (option == QLatin1String("audio"))
+        return addFile(QStringLiteral("Audio"), QStringLiteral("audio_isfile"), value);
+    if (option == QLatin1String("place"))
+        return place(value);
+    if (option == QLatin1String("reset"))
+        return reset(value);
+    // What is left are the rules for tracks, under their own names; a flag of them is true.
+    const bool isFlag = option == QLatin1String("forced-subtitles") || option == QLatin1String("sidecars");
+    return setRule(option, isFlag ? QVariant(true) : QVariant(value));
+}
+
+/// Everything that \a path holds, for this clip.
+QString Editor::takeSettings(const QString& path)
+{
+    const zokit::Presets::Named named =
+        zokit::Presets().loadNamed(path.contains(QLatin1Char('/')) ? path : QStringLiteral("./") + path);
+    if (!named.error.isEmpty())
+        return named.error.text();
+    const zokit::Media media = m_file.media();
+    zokit::Settings settings = media.frame.isEmpty() || named.settings.media.frame.isEmpty()
+                                   ? named.settings
+                                   : zokit::rescaled(named.settings, media.frame);
+    settings.media = media.file.isEmpty() && media.frame.isEmpty() ? settings.media : media;
+    m_file.setSettings(settings);
+    return QString();
+}
+
+QString Editor::takePreset(const QString& word)
+{
+    const zokit::Presets::Named named = zokit::Presets().loadNamed(word);
+    if (!named.error.isEmpty())
+        return named.error.text();
+    zokit::CarryOver carry;
+    for (const zokit::TypeSettings& type : named.settings.effects)
+        carry.what.append(type.type);
+    if (!named.settings.output.isEmpty())
+        carry.what.append(QStringLiteral("Output"));
+    if (!named.settings.tracks.isEmpty())
+        carry.what.append(QStringLiteral("Tracks"));
+    if (!carry.what.isEmpty())
+        m_file.setSettings(zokit::carriedOver(named.settings, m_file.settings(), carry));
+    return QString();
+}
+
+/// Whether the command line itself says if \a thing is selected.
+bool Editor::setsSelection(const Address& thing) const
+{
+    for (const Edit& edit : m_edits) {
+        if (edit.option != QLatin1String("set"))
+            continue;
+        const zokit::ReadAddress read = zokit::readAddress(edit.value.section(QLatin1Char('='), 0, 0));
+        if (read.address && *read.address == Address{thing.type, thing.pos, selected})
+            return true;
+    }
+    return false;
+}
+
+QString Editor::noSuchItem(const Address& address) const
+{
+    const auto count = m_file.items(address.type).size();
+    return Message(Message::Code::NoSuchItem, {address.type, QString::number(address.pos), QString::number(count)})
+        .text();
+}
+
+QString Editor::set(const QString& assignment)
+{
+    const auto equals = assignment.indexOf(QLatin1Char('='));
+    if (equals < 0)
+        return say(Say::AssignmentForm, {assignment});
+    const zokit::ReadAddress read = zokit::readAddress(assignment.left(equals));
+    if (!read.address)
+        return read.error.text();
+    const Address& address = *read.address;
+    const Identity thing = m_file.thing(address);
+    if (thing == 0)
+        return noSuchItem(address);
+
+    QVector<QPair<Identity, QVariant>> kept;
+    for (const Address& whose : {address, Address{address.type, Address::ofType, address.key}}) {
+        if (address.key != selected && setsSelection(whose))
+            kept.append({m_file.thing(whose), m_file.value(m_file.thing(whose), selected)});
+    }
+    const Message error = m_file.setValue(thing, address.key, assignment.mid(equals + 1));
+    for (const auto& [whose, was] : kept)
+        m_file.setValue(whose, selected, was);
+    if (address.type == watermark && address.pos != Address::ofType)
+        m_named = thing;
+    return error.text();
+}
+
+QString Editor::insert(const QString& type, const Values& values)
+{
+    const zokit::FileSettings::Inserted inserted = m_file.insert(type, values);
+    if (type == watermark && inserted.item != 0)
+        m_named = inserted.item;
+    return inserted.error.text();
+}
+
+QString Editor::addText(const QString& text)
+{
+    return insert(watermark, {{QStringLiteral("wm_istextwatermark"), true}, {QStringLiteral("wm_textcontent"), text}});
+}
+
+QString Editor::addImage(const QString& path)
+{
+    const QFileInfo info(path);
+    if (!info.exists())
+        return zokit::missingFile(path).text();
+    QImageReader reader(path);
+    if (!info.isFile() || !reader.canRead())
+        return say(Say::NoImage, {path, reader.errorString()});
+    return insert(watermark, {{QStringLiteral("wm_istextwatermark"), false},
+                              {QStringLiteral("wm_imageurl"), info.absoluteFilePath()}});
+}
+
+QString Editor::addFile(const QString& type, const QString& flag, const QString& path)
+{
+    const QFileInfo info(path);
+    if (!info.exists())
+        return zokit::missingFile(path).text();
+    if (!info.isFile() || !info.isReadable())
+        return Message(Message::Code::FileUnreadable, {path, QStringLiteral("no file that can be read")}).text();
+    return insert(type, {{flag, true}, {QStringLiteral("file"), info.absoluteFilePath()}});
+}
+
+QString Editor::crop(const QString& text)
+{
+    const QSize frame = m_file.media().frame;
+    if (frame.isEmpty())
+        return say(Say::NoFrame, {QStringLiteral("--crop")});
+    const std::optional<QRect> wished = rectangleFrom(text, frame);
+    if (!wished)
+        return say(Say::CropForm, {text});
+    if (wished->left() < 0 || wished->top() < 0 || wished->left() + wished->width() > frame.width()
+        || wished->top() + wished->height() > frame.height())
+        return say(Say::CropOutside, {text, QString::number(frame.width()), QString::number(frame.height())});
+    const QSize smallest = zokit::CropRule().smallest;
+    if (wished->width() < smallest.width() || wished->height() < smallest.height())
+        return say(Say::CropSmall, {text, QString::number(smallest.width()), QString::number(smallest.height())});
+    return m_file
+        .setValues(m_file.type(QStringLiteral("Crop")), {{QStringLiteral("crop_left"), wished->left()},
+                                                         {QStringLiteral("crop_top"), wished->top()},
+                                                         {QStringLiteral("crop_width"), wished->width()},
+                                                         {QStringLiteral("crop_height"), wished->height()}})
+        .text();
+}
+
+QString Editor::setRule(const QString& key, const QVariant& value)
+{
+    return m_file.setValue(m_file.tracks(), key, value).text();
+}
+
+/// "[POS:]CORNER[:MARGIN]"
+QString Editor::place(const QString& text)
+{
+    QStringList parts = text.split(QLatin1Char(':'));
+    bool hasPosition = false;
+    const int pos = parts.first().toInt(&hasPosition);
+    if (hasPosition)
+        parts.removeFirst();
+    if (parts.isEmpty() || parts.size() > 2 || parts.contains(QString()))
+        return say(Say::PlaceForm, {text});
+    const QVector<Identity> all = m_file.items(watermark);
+    if (hasPosition && (pos < 0 || pos >= all.size()))
+        return noSuchItem({watermark, pos, QString()});
+    const Identity last = all.contains(m_named) || all.isEmpty() ? m_named : all.last();
+    const Identity item = hasPosition ? all.at(pos) : last;
+    if (!all.contains(item))
+        return say(Say::NoWatermark, {QStringLiteral("--place ") + text});
+    m_named = item;
+    QVariantMap anchor{{QStringLiteral("corner"), parts.first()}};
+    if (parts.size() > 1)
+        anchor.insert(QStringLiteral("margin"), parts.at(1));
+    return m_file.setValue(item, QStringLiteral("anchor"), anchor).text();
+}
+
+/// "all", "TYPE" or an address.
+QString Editor::reset(const QString& text)
+{
+    if (text == QLatin1String("all")) {
+        m_file.resetAll();
+        return QString();
+    }
+    if (!text.contains(QLatin1Char(':')))
+        return m_file.resetType(text).text();
+    const zokit::ReadAddress read = zokit::readAddress(text);
+    if (!read.address)
+        return read.error.text();
+    const Identity thing = m_file.thing(*read.address);
+    return thing == 0 ? noSuchItem(*read.address) : m_file.reset(thing, read.address->key).text();
+}
+
+} // namespace
+
+QString applyEdits(const QVector<Edit>& edits, zokit::FileSettings& file)
+{
+    return Editor(edits, file).run();
+}
+
+} // namespace zoconvert

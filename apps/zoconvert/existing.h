@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QStringList>
+
+#include "invocation.h"
+
+namespace zoconvert {
+
+/// What happens to a file that is there already.
+enum class Existing { Refuse, Skip, Replace };
+
+/// As --existing and --overwrite say; Refuse without them.
+Existing existingOf(const Invocation& invocation);
+
+/// Whether there is anything under the name \a path, a link that leads nowhere, too.
+bool isThere(const QString& path);
+/// Names each of \a files that is there already, with what to do. False: none is.
+bool anyExists(const QStringList& files);
+
+} // namespace zoconvert

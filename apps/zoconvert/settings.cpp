@@ -1,0 +1,113 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+// zoconvert settings: writes settings files, to the screen or into files.
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <zokit/settingsfile.h>
+
+#include "console.h"
+#include "edits.h"
+#include "existing.h"
+#include "input.h"
+#include "run.h"
+#include "words.h"
+
+namespace zoconvert {
+
+namespace {
+
+const QString ending = QStringLiteral(".zoeffect.json");
+
+bool isFolder(const QString& path)
+{
+    return path.endsWith(QLatin1Char('/')) || QFileInfo(path).isDir();
+}
+
+QString nameInFolder(const QString& input)
+{
+    const QString name = QFileInfo(input).fileName();
+    return name.endsWith(ending) ? name : QFileInfo(input).completeBaseName() + ending;
+}
+
+/// Where each of \a inputs goes; what stands in the way of all of them becomes \a error.
+QStringList outputsOf(const std::vector<Input>& inputs, const QString& output, QString* error)
+{
+    QStringList files;
+    if (inputs.size() > 1 && !isFolder(output))
+        *error = say(Say::SeveralInputs, {output});
+    for (const Input& input : inputs) {
+        const QString file = isFolder(output) ? QDir(output).filePath(nameInFolder(input.name)) : output;
+        const auto other = files.indexOf(file);
+        if (other >= 0 && error->isEmpty())
+            *error = say(Say::SameOutput, {file, inputs.at(static_cast<std::size_t>(other)).name, input.name});
+        files.append(file);
+    }
+    return files;
+}
+
+int writeFiles(const std::vector<Input>& inputs, const Invocation& invocation)
+{
+    QString error;
+    const QStringList files = outputsOf(inputs, invocation.value("output"), &error);
+    if (!error.isEmpty()) {
+        console::error(error);
+        return Usage;
+    }
+    const Existing existing = existingOf(invocation);
+    if (existing == Existing::Refuse && anyExists(files))
+        return Failed;
+    if (isFolder(invocation.value("output")))
+        QDir().mkpath(invocation.value("output"));
+    int failures = 0;
+    for (int i = 0; i < files.size(); ++i) {
+        if (existing == Existing::Skip && isThere(files.at(i)))
+            continue;
+        const zokit::Settings settings = inputs.at(static_cast<std::size_t>(i)).settings->settings();
+        const zokit::Message failure = zokit::saveSettings(settings, files.at(i));
+        if (!failure.isEmpty()) {
+            console::error(failure.text());
+            ++failures;
+        }
+    }
+    if (failures == 0)
+        return Done;
+    return failures == files.size() ? Failed : Partly;
+}
+
+} // namespace
+
+int settings(const Invocation& invocation)
+{
+    std::vector<Input> inputs;
+    int failures = 0;
+    for (const QString& word : invocation.words) {
+        Input input = loadInput(word, invocation);
+        if (input.settings) {
+            input.error = named(word, applyEdits(invocation.edits, *input.settings));
+            input.code = Usage;
+        }
+        if (input.error.isEmpty()) {
+            inputs.push_back(std::move(input));
+            continue;
+        }
+        console::error(input.error);
+        if (input.code == Usage)
+            return Usage;
+        ++failures;
+    }
+    if (inputs.empty())
+        return Failed;
+    int code = Done;
+    if (invocation.has("output")) {
+        code = writeFiles(inputs, invocation);
+    } else {
+        for (const Input& input : inputs)
+            console::print(zokit::writeSettings(input.settings->settings(), QString()));
+    }
+    return code == Done && failures > 0 ? Partly : code;
+}
+
+} // namespace zoconvert

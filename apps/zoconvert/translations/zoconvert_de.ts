@@ -1,0 +1,363 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de_DE" sourcelanguage="en">
+<context>
+    <name>zoconvert</name>
+    <message>
+        <source>A command is missing. zoconvert -h lists them.</source>
+        <translation>Ein Befehl fehlt. zoconvert -h zählt sie auf.</translation>
+    </message>
+    <message>
+        <source>There is no command %1. zoconvert -h lists them.| Did you mean %2?</source>
+        <translation>Es gibt keinen Befehl %1. zoconvert -h zählt sie auf.| Meinten Sie %2?</translation>
+    </message>
+    <message>
+        <source>%1 is a file, and a command comes first. Did you mean: zoconvert %2 %1</source>
+        <translation>%1 ist eine Datei, und zuerst kommt ein Befehl. Meinten Sie: zoconvert %2 %1</translation>
+    </message>
+    <message>
+        <source>%1 stands before the command. The command comes first.</source>
+        <translation>%1 steht vor dem Befehl. Der Befehl kommt zuerst.</translation>
+    </message>
+    <message>
+        <source>%1 cannot %2. It can: %3.| Did you mean %4?</source>
+        <translation>%1 kann %2 nicht. Es kann: %3.| Meinten Sie %4?</translation>
+    </message>
+    <message>
+        <source>%1 takes no option %2.| Did you mean %3?</source>
+        <translation>%1 nimmt keine Option %2.| Meinten Sie %3?</translation>
+    </message>
+    <message>
+        <source>%1 takes a value: %2.</source>
+        <translation>%1 nimmt einen Wert: %2.</translation>
+    </message>
+    <message>
+        <source>%1 takes no value.</source>
+        <translation>%1 nimmt keinen Wert.</translation>
+    </message>
+    <message>
+        <source>Something is missing. Usage: zoconvert %1</source>
+        <translation>Etwas fehlt. Aufruf: zoconvert %1</translation>
+    </message>
+    <message>
+        <source>%1 is one word too many. Usage: zoconvert %2</source>
+        <translation>%1 ist ein Wort zu viel. Aufruf: zoconvert %2</translation>
+    </message>
+    <message>
+        <source>%1 needs %2.</source>
+        <translation>%1 braucht %2.</translation>
+    </message>
+    <message>
+        <source>This name is not in UTF-8. Rename the file.</source>
+        <translation>Dieser Name ist nicht in UTF-8. Benennen Sie die Datei um.</translation>
+    </message>
+    <message>
+        <source>%1 is not in UTF-8.</source>
+        <translation>%1 ist nicht in UTF-8.</translation>
+    </message>
+    <message>
+        <source>%1 exists. Add --existing skip or --existing replace.</source>
+        <translation>%1 gibt es schon. Fügen Sie --existing skip oder --existing replace hinzu.</translation>
+    </message>
+    <message>
+        <source>There is a preset %1 already. Choose another name, or add --overwrite.</source>
+        <translation>Es gibt schon eine Vorlage %1. Wählen Sie einen anderen Namen oder fügen Sie --overwrite hinzu.</translation>
+    </message>
+    <message>
+        <source>%1 exists. Choose another name, or add --overwrite.</source>
+        <translation>%1 gibt es schon. Wählen Sie einen anderen Namen oder fügen Sie --overwrite hinzu.</translation>
+    </message>
+    <message>
+        <source>%1 is no folder, and several inputs need one.</source>
+        <translation>%1 ist kein Ordner, und mehrere Eingaben brauchen einen.</translation>
+    </message>
+    <message>
+        <source>%2 and %3 would both be written to %1.</source>
+        <translation>%2 und %3 würden beide nach %1 geschrieben.</translation>
+    </message>
+    <message>
+        <source>warning: %1</source>
+        <translation>Warnung: %1</translation>
+    </message>
+    <message>
+        <source>%1: there is no watermark to place. Name one before, with --text or --image.</source>
+        <translation>%1: es gibt kein Wasserzeichen. Nennen Sie vorher eines mit --text oder --image.</translation>
+    </message>
+    <message>
+        <source>--crop: %1 is not X,Y,W,H in pixels or percent, for example 10%,0,80%,100%.</source>
+        <translation>--crop: %1 ist nicht X,Y,W,H in Pixeln oder Prozent, zum Beispiel 10%,0,80%,100%.</translation>
+    </message>
+    <message>
+        <source>--crop: %1 leaves the frame of %2x%3.</source>
+        <translation>--crop: %1 verlässt das Bild von %2x%3.</translation>
+    </message>
+    <message>
+        <source>--crop: %1 is smaller than %2x%3.</source>
+        <translation>--crop: %1 ist kleiner als %2x%3.</translation>
+    </message>
+    <message>
+        <source>--set: %1 is not ADDRESS=VALUE, for example Color:bcs_contrast=20.</source>
+        <translation>--set: %1 ist nicht ADRESSE=WERT, zum Beispiel Color:bcs_contrast=20.</translation>
+    </message>
+    <message>
+        <source>--place: %1 is not [POS:]CORNER[:MARGIN], for example bottom-right:2%.</source>
+        <translation>--place: %1 ist nicht [POS:]ECKE[:RAND], zum Beispiel bottom-right:2%.</translation>
+    </message>
+    <message>
+        <source>%1: the settings do not say how large the picture is.</source>
+        <translation>%1: die Einstellungen sagen nicht, wie groß das Bild ist.</translation>
+    </message>
+    <message>
+        <source>%1 is no image that can be shown: %2.</source>
+        <translation>%1 ist kein Bild, das gezeigt werden kann: %2.</translation>
+    </message>
+    <message>
+        <source>An apply was killed before it was done. This file has the new settings.</source>
+        <translation>Ein apply wurde abgebrochen, bevor es fertig war. Diese Datei hat die neuen Einstellungen.</translation>
+    </message>
+    <message>
+        <source>An apply was killed before it was done. This file has its old settings.</source>
+        <translation>Ein apply wurde abgebrochen, bevor es fertig war. Diese Datei hat ihre alten Einstellungen.</translation>
+    </message>
+    <message>
+        <source>An apply was killed before it was done. This file was changed or removed since.</source>
+        <translation>Ein apply wurde abgebrochen, bevor es fertig war. Diese Datei wurde seitdem geändert oder entfernt.</translation>
+    </message>
+    <message>
+        <source>%1 is the number of no event. zoconvert explain lists them.</source>
+        <translation>%1 ist die Nummer keines Ereignisses. zoconvert explain zählt sie auf.</translation>
+    </message>
+    <message>
+        <source>There is no entry of the diagnostic log in it.</source>
+        <translation>Darin steht kein Eintrag des Diagnoseprotokolls.</translation>
+    </message>
+    <message>
+        <source>No default of %1 is saved.</source>
+        <translation>Von %1 ist keine Vorgabe gespeichert.</translation>
+    </message>
+    <message>
+        <source>What was asked for cannot be written to standard output.</source>
+        <translation>Was verlangt war, lässt sich nicht auf die Standardausgabe schreiben.</translation>
+    </message>
+    <message>
+        <source>Usage</source>
+        <translation>Aufruf</translation>
+    </message>
+    <message>
+        <source>Commands</source>
+        <translation>Befehle</translation>
+    </message>
+    <message>
+        <source>Options</source>
+        <translation>Optionen</translation>
+    </message>
+    <message>
+        <source>Edits</source>
+        <translation>Änderungen</translation>
+    </message>
+    <message>
+        <source>Output options</source>
+        <translation>Ausgabeoptionen</translation>
+    </message>
+    <message>
+        <source>Examples</source>
+        <translation>Beispiele</translation>
+    </message>
+    <message>
+        <source>Addresses</source>
+        <translation>Adressen</translation>
+    </message>
+    <message>
+        <source>Exit codes</source>
+        <translation>Rückgabewerte</translation>
+    </message>
+    <message>
+        <source>Environment variables</source>
+        <translation>Umgebungsvariablen</translation>
+    </message>
+    <message>
+        <source>Files it keeps</source>
+        <translation>Dateien, die es behält</translation>
+    </message>
+    <message>
+        <source>Example: %1</source>
+        <translation>Beispiel: %1</translation>
+    </message>
+    <message>
+        <source>zoconvert COMMAND -h tells more of a command, and --help tells all, with examples.</source>
+        <translation>zoconvert BEFEHL -h sagt mehr über einen Befehl, und --help alles, mit Beispielen.</translation>
+    </message>
+    <message>
+        <source>zoconvert %1 --help tells all, with examples.</source>
+        <translation>zoconvert %1 --help sagt alles, mit Beispielen.</translation>
+    </message>
+    <message>
+        <source>Sets what happens to films: crop, watermarks, subtitles, colours, frame effects and sound.</source>
+        <translation>Legt fest, was mit Filmen geschieht: Zuschnitt, Wasserzeichen, Untertitel, Farben, Bildeffekte und Ton.</translation>
+    </message>
+    <message>
+        <source>They act in the order of the command line. Each takes exactly one value.</source>
+        <translation>Sie wirken in der Reihenfolge der Befehlszeile. Jede nimmt genau einen Wert.</translation>
+    </message>
+    <message>
+        <source>They go before what a settings file says under "output".</source>
+        <translation>Sie gehen dem vor, was eine Einstellungsdatei unter "output" sagt.</translation>
+    </message>
+    <message>
+        <source>TYPE:KEY is a type's own property, TYPE:POS:KEY an item's, counted from 0, Output:OPTION an output option. The key "selected" says whether a type or item takes part.</source>
+        <translation>TYP:SCHLÜSSEL ist eine Eigenschaft eines Typs, TYP:POS:SCHLÜSSEL die eines Elements, gezählt ab 0, Output:OPTION eine Ausgabeoption. Der Schlüssel "selected" sagt, ob ein Typ oder Element mitwirkt.</translation>
+    </message>
+    <message>
+        <source>0: all done, or skipped. 1: the only file, or all files, failed. 2: wrong usage, nothing was begun. 3: some failed, some did not. diff: 0 for equal, 1 for different, 2 for trouble.</source>
+        <translation>0: alles getan oder ausgelassen. 1: die einzige Datei oder alle misslangen. 2: falscher Aufruf, nichts wurde begonnen. 3: manche misslangen, manche nicht. diff: 0 für gleich, 1 für verschieden, 2 für Fehler.</translation>
+    </message>
+    <message>
+        <source>ZOEFFECT_FFMPEG: the folder of ffmpeg and ffprobe, which are looked for in PATH without it. NO_COLOR: messages have no colours. LC_ALL, LC_MESSAGES, LANG: German where they ask for it, else English.</source>
+        <translation>ZOEFFECT_FFMPEG: der Ordner von ffmpeg und ffprobe, die sonst in PATH gesucht werden. NO_COLOR: Meldungen haben keine Farben. LC_ALL, LC_MESSAGES, LANG: Deutsch, wo sie es verlangen, sonst Englisch.</translation>
+    </message>
+    <message>
+        <source>In the folder of the user's configuration: zoeffect/presets holds the presets, zoeffect/effectdefaults.json the saved defaults.</source>
+        <translation>Im Ordner der Konfiguration: zoeffect/presets hält die Vorlagen, zoeffect/effectdefaults.json die gespeicherten Vorgaben.</translation>
+    </message>
+    <message>
+        <source>Takes all settings of FILE, for this clip.</source>
+        <translation>Nimmt alle Einstellungen von FILE für diesen Clip.</translation>
+    </message>
+    <message>
+        <source>Carries over what a preset holds. A FILE has a slash or ends in .json.</source>
+        <translation>Überträgt, was eine Vorlage hält. Eine Datei hat einen Schrägstrich oder endet auf .json.</translation>
+    </message>
+    <message>
+        <source>Sets one value: TYPE:KEY, TYPE:POS:KEY for an item, Output:OPTION. What is set becomes selected.</source>
+        <translation>Setzt einen Wert: TYPE:KEY, TYPE:POS:KEY für ein Element, Output:OPTION. Was gesetzt wird, wird ausgewählt.</translation>
+    </message>
+    <message>
+        <source>Adds a text watermark.</source>
+        <translation>Fügt ein Textwasserzeichen hinzu.</translation>
+    </message>
+    <message>
+        <source>Adds an image watermark.</source>
+        <translation>Fügt ein Bildwasserzeichen hinzu.</translation>
+    </message>
+    <message>
+        <source>Cuts a rectangle out, in pixels or percent of the frame.</source>
+        <translation>Schneidet ein Rechteck aus, in Pixeln oder Prozent des Bildes.</translation>
+    </message>
+    <message>
+        <source>Adds a subtitle file.</source>
+        <translation>Fügt eine Untertiteldatei hinzu.</translation>
+    </message>
+    <message>
+        <source>Adds a sound file.</source>
+        <translation>Fügt eine Tondatei hinzu.</translation>
+    </message>
+    <message>
+        <source>Chooses audio tracks by the stream numbers of the probe.</source>
+        <translation>Wählt Tonspuren nach den Nummern von probe.</translation>
+    </message>
+    <message>
+        <source>Chooses a subtitle track by its stream number, or none.</source>
+        <translation>Wählt eine Untertitelspur nach ihrer Nummer, oder keine.</translation>
+    </message>
+    <message>
+        <source>Chooses the audio tracks of the first language that is there.</source>
+        <translation>Wählt die Tonspuren der ersten Sprache, die es gibt.</translation>
+    </message>
+    <message>
+        <source>Chooses a subtitle track of the first language that is there.</source>
+        <translation>Wählt eine Untertitelspur der ersten Sprache, die es gibt.</translation>
+    </message>
+    <message>
+        <source>Chooses a forced subtitle track where there is one.</source>
+        <translation>Wählt eine erzwungene Untertitelspur, wo es eine gibt.</translation>
+    </message>
+    <message>
+        <source>Subtitle files of the clip's name beside it count as tracks.</source>
+        <translation>Untertiteldateien mit dem Namen des Clips daneben zählen als Spuren.</translation>
+    </message>
+    <message>
+        <source>Holds a watermark in a corner, the one named last when POS is not given; the margin in pixels or percent.</source>
+        <translation>Hält ein Wasserzeichen in einer Ecke, ohne POS das zuletzt genannte; der Rand in Pixeln oder Prozent.</translation>
+    </message>
+    <message>
+        <source>Goes back to the defaults.</source>
+        <translation>Geht zurück zu den Vorgaben.</translation>
+    </message>
+    <message>
+        <source>Also what is at its default.</source>
+        <translation>Auch, was auf seiner Vorgabe steht.</translation>
+    </message>
+    <message>
+        <source>Prints JSON.</source>
+        <translation>Gibt JSON aus.</translation>
+    </message>
+    <message>
+        <source>What is carried over: types, items or single values, with commas between them; Output and Tracks are types, too.</source>
+        <translation>Was übertragen wird: Typen, Elemente oder einzelne Werte, mit Kommas dazwischen; auch Output und Tracks sind Typen.</translation>
+    </message>
+    <message>
+        <source>Adds items instead of replacing the list.</source>
+        <translation>Fügt Elemente hinzu, statt die Liste zu ersetzen.</translation>
+    </message>
+    <message>
+        <source>Where to write; to the screen without it.</source>
+        <translation>Wohin geschrieben wird; ohne Angabe auf den Bildschirm.</translation>
+    </message>
+    <message>
+        <source>Writes settings files; to the screen without --output.</source>
+        <translation>Schreibt Einstellungsdateien; ohne --output auf den Bildschirm.</translation>
+    </message>
+    <message>
+        <source>A settings file among the inputs is changed by the edits.</source>
+        <translation>Eine Einstellungsdatei unter den Eingaben wird durch die Änderungen verändert.</translation>
+    </message>
+    <message>
+        <source>Shows what is set, beside saved default and catalogue default.</source>
+        <translation>Zeigt, was gesetzt ist, neben gespeicherter Vorgabe und Vorgabe des Katalogs.</translation>
+    </message>
+    <message>
+        <source>Shows what differs between two settings files or presets.</source>
+        <translation>Zeigt, was sich zwischen zwei Einstellungsdateien oder Vorlagen unterscheidet.</translation>
+    </message>
+    <message>
+        <source>It ends 0 when they are equal, 1 when they differ, 2 when one cannot be read.</source>
+        <translation>Es endet mit 0, wenn sie gleich sind, mit 1, wenn sie sich unterscheiden, mit 2, wenn eine nicht zu lesen ist.</translation>
+    </message>
+    <message>
+        <source>Carries settings of one file to others: to all of them, or to none.</source>
+        <translation>Überträgt Einstellungen einer Datei auf andere: auf alle oder auf keine.</translation>
+    </message>
+    <message>
+        <source>Watermarks are rescaled to the frame of each target, and a crop is the same part of the picture.</source>
+        <translation>Wasserzeichen werden auf das Bild jedes Ziels umgerechnet, und ein Zuschnitt ist derselbe Teil des Bildes.</translation>
+    </message>
+    <message>
+        <source>Keeps settings under names, for any clip.</source>
+        <translation>Hält Einstellungen unter Namen, für jeden Clip.</translation>
+    </message>
+    <message>
+        <source>Keeps what a new file or item begins with.</source>
+        <translation>Hält fest, womit eine neue Datei oder ein neues Element beginnt.</translation>
+    </message>
+    <message>
+        <source>A saved default acts when a clip is added or something is reset, and changes no file that is there.</source>
+        <translation>Eine gespeicherte Vorgabe wirkt, wenn ein Clip hinzukommt oder etwas zurückgesetzt wird, und ändert keine vorhandene Datei.</translation>
+    </message>
+    <message>
+        <source>Prints a JSON Schema, draft 2020-12.</source>
+        <translation>Gibt ein JSON-Schema aus, Entwurf 2020-12.</translation>
+    </message>
+    <message>
+        <source>Says what the entries of the diagnostic log mean.</source>
+        <translation>Sagt, was die Einträge des Diagnoseprotokolls bedeuten.</translation>
+    </message>
+    <message>
+        <source>Without a word it lists all of them.</source>
+        <translation>Ohne ein Wort zählt es alle auf.</translation>
+    </message>
+    <message>
+        <source>A summary with -h; all of it, with examples, with --help.</source>
+        <translation>Eine Übersicht mit -h; alles, mit Beispielen, mit --help.</translation>
+    </message>
+</context>
+</TS>

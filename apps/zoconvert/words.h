@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace zoconvert {
+
+/// The program's own sentences, beside those of the kit.
+enum class Say {
+    NoCommand,
+    UnknownCommand, ///< 1: the word, 2: the nearest command.
+    FileForCommand, ///< 1: the file, 2: the command that was probably meant.
+    CommandFirst,   ///< 1: the option that stood before it.
+    UnknownChoice,  ///< 1: the command, 2: the word, 3: what it can be, 4: the nearest one.
+    UnknownOption,  ///< 1: the command, 2: the option, 3: the nearest one.
+    ValueMissing,   ///< 1: the option, 2: what it takes.
+    NoValue,        ///< 1: the option.
+    TooFewWords,    ///< 1: the usage.
+    TooManyWords,   ///< 1: the first word that is too many, 2: the usage.
+    NeedsOption,    ///< 1: the command, 2: the option.
+    NotUtf8,
+    OptionNotUtf8,  ///< 1: the argument.
+    Exists,         ///< 1: the file.
+    PresetThere,    ///< 1: the preset.
+    FileThere,      ///< 1: the file.
+    SeveralInputs,  ///< 1: the file.
+    SameOutput,     ///< 1: the file, 2 and 3: the inputs.
+    Warning,        ///< 1: the sentence.
+    NoWatermark,    ///< 1: the option.
+    CropForm,       ///< 1: the value.
+    CropOutside,    ///< 1: the value, 2: the width, 3: the height of the frame.
+    CropSmall,      ///< 1: the value, 2: the least width, 3: the least height.
+    AssignmentForm, ///< 1: the value.
+    PlaceForm,      ///< 1: the value.
+    NoFrame,        ///< 1: the value.
+    NoImage,        ///< 1: the file, 2: why.
+    LeftNew,        ///< 1: the file.
+    LeftOld,        ///< 1: the file.
+    LeftOther,      ///< 1: the file.
+    NotAnEvent,     ///< 1: the number.
+    NotALog,        ///< 1: the file.
+    NoDefaultSaved, ///< 1: the type.
+    NotPrinted,
+    HeadUsage,
+    HeadCommands,
+    HeadOptions,
+    HeadEdits,
+    HeadOutputs,
+    HeadExamples,
+    HeadAddresses,
+    HeadExit,
+    HeadEnvironment,
+    HeadFiles,
+    Example, ///< 1: the example.
+    MoreHelp,
+    MoreOfCommand, ///< 1: the command.
+    AboutProgram,
+    AboutEdits,
+    AboutOutputs,
+    AboutAddresses,
+    AboutExit,
+    AboutEnvironment,
+    AboutFiles,
+    Last = AboutFiles
+};
+
+/// The sentence, in the language of the moment. What stands behind its "|" is left out when the last word is empty.
+QString say(Say what, const QStringList& words = {});
+
+/// All of them in English, for the test of their translation.
+QStringList sentences();
+
+/// An English text of a table in the language of the moment.
+QString translated(const char* english);
+
+/// Has the program speak the language that the environment asks for: German, else English.
+void useLanguageOfEnvironment();
+
+} // namespace zoconvert

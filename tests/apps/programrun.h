@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <QTemporaryDir>
+
+/// A folder in which zoconvert runs, with a configuration of its own: "a.zoeffect.json", which sets nothing for a clip
+/// of 1280x720, "b.zoeffect.json" with contrast 20 and a text in the corner, "broken.json", and "logo.png".
+class ProgramRun {
+public:
+    ProgramRun();
+
+    /// Runs the program to its end. Arguments are bytes, as the shell gives them.
+    void run(const QList<QByteArray>& arguments, const char* language = "C.UTF-8");
+
+    QString path(const char* name) const { return m_folder.filePath(QString::fromLatin1(name)); }
+    QByteArray content(const char* name) const;
+    void write(const char* name, const QByteArray& text) const;
+    /// The names in the folder, on one line.
+    QString files() const;
+
+    int code = -1;
+    QString out;
+    QString err;
+
+private:
+    QTemporaryDir m_folder;
+    QTemporaryDir m_configuration;
+};

@@ -1,0 +1,342 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+// Command lines of zoconvert: what they print, what they say, how they end.
+
+#include <QtTest>
+
+#include "programrun.h"
+#include "testapplication.h"
+
+namespace {
+
+using Arguments = QList<QByteArray>;
+
+void row(const char* name, const Arguments& arguments, int code, const char* out, const char* err)
+{
+    QTest::newRow(name) << arguments << code << QString::fromUtf8(out) << QString::fromUtf8(err);
+}
+
+} // namespace
+
+class TestZoconvert : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aLineEndsAsItShould_data();
+    void aLineEndsAsItShould();
+    void refusalsNameWhatWasTyped_data();
+    void refusalsNameWhatWasTyped();
+    void settingsAreWrittenWhereTheyAreWanted();
+    void settingsDoNotOverwriteUnasked();
+    void appliedToAllOrToNone();
+    void presetsAreKeptUnderTheirNames();
+    void defaultsAreSavedShownAndForgotten();
+    void theLogIsExplained();
+    void germanIsSpokenWhereItIsWanted();
+    void aFullDiskIsNoSuccess();
+};
+
+void TestZoconvert::aLineEndsAsItShould_data()
+{
+    QTest::addColumn<Arguments>("arguments");
+    QTest::addColumn<int>("code");
+    QTest::addColumn<QString>("out");
+    QTest::addColumn<QString>("err");
+    const char* contrast = "Color:bcs_contrast = 20  (changed; default 0)\n";
+    row("show nothing", {"show", "a.zoeffect.json"}, 0, "", "");
+    row("show", {"show", "b.zoeffect.json"}, 0, contrast, "");
+    row("show behind --", {"show", "--", "b.zoeffect.json"}, 0, contrast, "");
+    row("show, -- at the end", {"show", "b.zoeffect.json", "--"}, 0, contrast, "");
+    row("show as JSON", {"show", "--json", "b.zoeffect.json"}, 0,
+        "[\n    {\n        \"address\": \"Color:bcs_contrast\",\n        \"default\": 0,\n"
+        "        \"saved_default\": null,\n        \"state\": \"changed\",\n        \"value\": 20\n    }\n]\n",
+        "");
+    row("show by a path", {"show", "./b.zoeffect.json"}, 0, contrast, "");
+    row("show a missing one", {"show", "c.zoeffect.json"}, 1, "",
+        "zoconvert: c.zoeffect.json: no such file. There is a.zoeffect.json.\n");
+    row("show a broken one", {"show", "broken.json"}, 2, "",
+        "zoconvert: broken.json: Line 2, column 11: missing name separator.\n");
+    row("show what looks like an option", {"show", "--", "-x"}, 1, "", "zoconvert: -x: no such file.\n");
+    row("show what looks like a list", {"show", "[x,y]"}, 1, "", "zoconvert: [x,y]: no such file.\n");
+    row("show a name with a newline", {"show", "x\ny\x1b[31m"}, 1, "", "zoconvert: x\\ny\\x1b[31m: no such file.\n");
+    row("show a name that is not UTF-8", {"show", "x\xff.json"}, 1, "",
+        "zoconvert: x\\xff.json: This name is not in UTF-8. Rename the file.\n");
+    row("show a folder", {"show", "."}, 2, "", "zoconvert: . cannot be read: it is a folder.\n");
+    row("show, summary", {"show", "-h"}, 0,
+        "Usage: zoconvert show SETTINGS|INPUT [--all] [--json]\n"
+        "Shows what is set, beside saved default and catalogue default.\n"
+        "Options: --all, --json\nzoconvert show --help tells all, with examples.\n",
+        "");
+    row("summary goes before what is missing", {"diff", "a.zoeffect.json", "-h"}, 0,
+        "Usage: zoconvert diff A B [--json]\nShows what differs between two settings files or presets.\n"
+        "Options: --json\nzoconvert diff --help tells all, with examples.\n",
+        "");
+    row("diff of equals", {"diff", "a.zoeffect.json", "./a.zoeffect.json"}, 0, "", "");
+    row("diff", {"diff", "a.zoeffect.json", "b.zoeffect.json"}, 1, "Color:bcs_contrast: 0 -> 20\n", "");
+    row("diff as JSON", {"diff", "a.zoeffect.json", "b.zoeffect.json", "--json"}, 1,
+        "[\n    {\n        \"a\": 0,\n        \"address\": \"Color:bcs_contrast\",\n        \"b\": 20\n    }\n]\n", "");
+    row("diff of equals as JSON", {"diff", "--json", "a.zoeffect.json", "a.zoeffect.json"}, 0, "[\n]\n", "");
+    row("diff with a missing one", {"diff", "a.zoeffect.json", "x/c.json"}, 2, "",
+        "zoconvert: x/c.json: no such file.\n");
+    row("diff with no such preset", {"diff", "a.zoeffect.json", "logo"}, 2, "",
+        "zoconvert: There is no preset logo.\n");
+    row("apply, dry", {"apply", "b.zoeffect.json", "a.zoeffect.json", "--items", "Color", "-n"}, 0,
+        "a.zoeffect.json: Color:bcs_contrast: 0 -> 20\n", "");
+    row("apply, dry, as JSON", {"apply", "b.zoeffect.json", "a.zoeffect.json", "--items=Color", "-n", "--json"}, 0,
+        "[\n    {\n        \"address\": \"Color:bcs_contrast\",\n        \"new\": 20,\n        \"old\": 0,\n"
+        "        \"target\": \"a.zoeffect.json\"\n    }\n]\n",
+        "");
+    row("apply without a target", {"apply", "b.zoeffect.json", "--items", "Color"}, 2, "",
+        "zoconvert: Something is missing. Usage: zoconvert apply FROM TO... --items LIST [--add] [-n] [--json]\n");
+    row("apply without items", {"apply", "b.zoeffect.json", "a.zoeffect.json"}, 2, "",
+        "zoconvert: apply needs --items LIST.\n");
+    row("apply an unknown type", {"apply", "b.zoeffect.json", "a.zoeffect.json", "--items", "Colour"}, 2, "",
+        "zoconvert: There is no effect type Colour. Did you mean Color?\n");
+    row("explain an event", {"explain", "1178"}, 0,
+        "1178: the image cannot be loaded: getImage() answers a null pixmap, getWatermark() paints the others. Each "
+        "attempt is logged\n",
+        "");
+    row("explain no event", {"explain", "26"}, 2, "",
+        "zoconvert: 26 is the number of no event. zoconvert explain lists them.\n");
+    row("explain what is no log", {"explain", "logo.png"}, 1, "",
+        "zoconvert: logo.png: There is no entry of the diagnostic log in it.\n");
+    row("preset list of none", {"preset", "list"}, 0, "", "");
+    row("default list of none", {"default", "list"}, 0, "", "");
+    row("default show of none", {"default", "show", "Color"}, 2, "", "zoconvert: No default of Color is saved.\n");
+    row("default of a misspelt type", {"default", "show", "Wattermark"}, 2, "",
+        "zoconvert: There is no effect type Wattermark. Did you mean Watermark?\n");
+    row("version", {"--version"}, 0, "zoconvert 1.1.0\n", "");
+}
+
+void TestZoconvert::aLineEndsAsItShould()
+{
+    QFETCH(Arguments, arguments);
+    QFETCH(QString, out);
+    QFETCH(QString, err);
+    ProgramRun program;
+    program.run(arguments);
+    QCOMPARE(program.err, err);
+    QCOMPARE(program.out, out);
+    QTEST(program.code, "code");
+}
+
+void TestZoconvert::refusalsNameWhatWasTyped_data()
+{
+    QTest::addColumn<Arguments>("arguments");
+    QTest::addColumn<QString>("sentence");
+    const auto refused = [](const char* name, const Arguments& arguments, const char* sentence) {
+        QTest::newRow(name) << arguments << QString::fromUtf8(sentence);
+    };
+    refused("nothing", {}, "A command is missing. zoconvert -h lists them.");
+    refused("a misspelt command", {"shwo"}, "There is no command shwo. zoconvert -h lists them. Did you mean show?");
+    refused("a strange command", {"xyzzyx"}, "There is no command xyzzyx. zoconvert -h lists them.");
+    refused("a file", {"a.zoeffect.json"},
+            "a.zoeffect.json is a file, and a command comes first. Did you mean: zoconvert show a.zoeffect.json");
+    refused("an option first", {"--json", "show"}, "--json stands before the command. The command comes first.");
+    refused("a misspelt option", {"show", "--jsn", "a.zoeffect.json"},
+            "show takes no option --jsn. Did you mean --json?");
+    refused("an option of another command", {"show", "--crop=1,2,3,4", "a.zoeffect.json"},
+            "show takes no option --crop.");
+    refused("a short option", {"show", "-x", "a.zoeffect.json"}, "show takes no option -x.");
+    refused("no value", {"settings", "a.zoeffect.json", "--crop"}, "--crop takes a value: X,Y,W,H.");
+    refused("a flag with a value", {"show", "--all=yes", "a.zoeffect.json"}, "--all takes no value.");
+    refused("too few words", {"show"}, "Something is missing. Usage: zoconvert show SETTINGS|INPUT [--all] [--json]");
+    refused("too many words", {"show", "a", "b"},
+            "b is one word too many. Usage: zoconvert show SETTINGS|INPUT [--all] [--json]");
+    refused("a misspelt action", {"preset", "lst"},
+            "preset cannot lst. It can: list, show, save, remove, rename, import, export. Did you mean list?");
+    refused("an action without its word", {"preset", "show"},
+            "Something is missing. Usage: zoconvert preset list | show NAME | save NAME FROM [--items LIST] | remove "
+            "NAME | rename A B | import FILE... | export NAME FILE");
+    refused("a choice", {"settings", "a.zoeffect.json", "--existing", "replac"},
+            "--existing: replac is none of refuse, skip, replace. Did you mean replace?");
+    refused("an option that is not UTF-8", {"settings", "a.zoeffect.json", "--text", "\xff"},
+            "--text \\xff is not in UTF-8.");
+    refused("a value out of bounds", {"settings", "a.zoeffect.json", "--set", "Color:bcs_contrast=400"},
+            "a.zoeffect.json: Color:bcs_contrast: 400 is not between -50 and 50.");
+    refused("a misspelt key", {"settings", "a.zoeffect.json", "--set", "Color:contrast=4"},
+            "a.zoeffect.json: Color has no property contrast. Did you mean bcs_contrast?");
+    refused("an item that is not there", {"settings", "a.zoeffect.json", "--set", "Watermark:0:wm_fontsize=20"},
+            "a.zoeffect.json: Watermark has no item 0; it has 0, counted from 0.");
+    refused("a missing image", {"settings", "a.zoeffect.json", "--image", "lgo.png"},
+            "a.zoeffect.json: lgo.png: no such file. There is logo.png.");
+    refused("no image", {"settings", "a.zoeffect.json", "--image", "broken.json"},
+            "a.zoeffect.json: broken.json is no image that can be shown: Unsupported image format.");
+    refused("a missing subtitle", {"settings", "a.zoeffect.json", "--subtitle", "clip.srt"},
+            "a.zoeffect.json: clip.srt: no such file.");
+    refused("several inputs in one file", {"settings", "a.zoeffect.json", "b.zoeffect.json", "--output", "c.json"},
+            "c.json is no folder, and several inputs need one.");
+    refused("an unknown schema", {"schema", "presets"},
+            "schema cannot presets. It can: catalogue, settings, preset. Did you mean preset?");
+}
+
+void TestZoconvert::refusalsNameWhatWasTyped()
+{
+    QFETCH(Arguments, arguments);
+    QFETCH(QString, sentence);
+    ProgramRun program;
+    const QString before = program.files();
+    program.run(arguments);
+    QCOMPARE(program.err, QStringLiteral("zoconvert: %1\n").arg(sentence));
+    QCOMPARE(program.out, QString());
+    QCOMPARE(program.code, 2);
+    QCOMPARE(program.files(), before);
+}
+
+void TestZoconvert::settingsAreWrittenWhereTheyAreWanted()
+{
+    ProgramRun program;
+    program.run({"settings", "a.zoeffect.json", "--set", "Color:bcs_contrast=7", "--output", "c.zoeffect.json"});
+    QCOMPARE(program.err, QString());
+    QCOMPARE(program.code, 0);
+    program.run({"show", "c.zoeffect.json"});
+    QCOMPARE(program.out, QStringLiteral("Color:bcs_contrast = 7  (changed; default 0)\n"));
+
+    program.run({"settings", "a.zoeffect.json", "b.zoeffect.json", "--output", "done/"});
+    QCOMPARE(program.code, 0);
+    program.run({"diff", "b.zoeffect.json", "done/b.zoeffect.json"});
+    QCOMPARE(program.code, 0);
+
+    const QByteArray written = program.content("c.zoeffect.json");
+    program.run({"settings", "c.zoeffect.json"});
+    QCOMPARE(program.out.toUtf8().replace(program.path("clip.mkv").toUtf8(), "clip.mkv"), written);
+
+    program.run({"settings", "a.zoeffect.json", "missing.zoeffect.json", "--output", "some/"});
+    QCOMPARE(program.code, 3);
+    program.run({"show", "some/a.zoeffect.json"});
+    QCOMPARE(program.code, 0);
+}
+
+void TestZoconvert::settingsDoNotOverwriteUnasked()
+{
+    ProgramRun program;
+    const QByteArray before = program.content("b.zoeffect.json");
+    program.run({"settings", "a.zoeffect.json", "--output", "b.zoeffect.json"});
+    QCOMPARE(program.err,
+             QStringLiteral("zoconvert: b.zoeffect.json exists. Add --existing skip or --existing replace.\n"));
+    QCOMPARE(program.code, 1);
+    program.run({"settings", "a.zoeffect.json", "--output", "b.zoeffect.json", "--existing", "skip"});
+    QCOMPARE(program.code, 0);
+    QCOMPARE(program.content("b.zoeffect.json"), before);
+    program.run({"settings", "a.zoeffect.json", "--output", "b.zoeffect.json", "--overwrite"});
+    QCOMPARE(program.code, 0);
+    program.run({"diff", "a.zoeffect.json", "b.zoeffect.json"});
+    QCOMPARE(program.code, 0);
+}
+
+void TestZoconvert::appliedToAllOrToNone()
+{
+    ProgramRun program;
+    const QByteArray before = program.content("a.zoeffect.json");
+    program.run({"apply", "b.zoeffect.json", "a.zoeffect.json", "broken.json", "--items", "Color"});
+    QCOMPARE(program.err, QStringLiteral("zoconvert: broken.json: Line 2, column 11: missing name separator.\n"));
+    QCOMPARE(program.code, 2);
+    QCOMPARE(program.content("a.zoeffect.json"), before);
+
+    program.run({"apply", "b.zoeffect.json", "a.zoeffect.json", "--items", "Color"});
+    QCOMPARE(program.code, 0);
+    QCOMPARE(program.out + program.err, QString());
+    program.run({"diff", "a.zoeffect.json", "b.zoeffect.json"});
+    QCOMPARE(program.code, 0);
+    QCOMPARE(program.files(), QStringLiteral("a.zoeffect.json b.zoeffect.json broken.json logo.png"));
+}
+
+void TestZoconvert::presetsAreKeptUnderTheirNames()
+{
+    ProgramRun program;
+    program.run({"preset", "save", "my/logo\n", "b.zoeffect.json", "--items", "Color"});
+    QCOMPARE(program.err, QString());
+    program.run({"preset", "save", "my/logo\n", "b.zoeffect.json"});
+    QCOMPARE(program.err, QStringLiteral("zoconvert: There is a preset my/logo\\n already. Choose another name, or add "
+                                         "--overwrite.\n"));
+    QCOMPARE(program.code, 1);
+    program.run({"preset", "list"});
+    QCOMPARE(program.out, QStringLiteral("my/logo\\n\n"));
+    program.run({"preset", "rename", "my/logo\n", "warm"});
+    QCOMPARE(program.code, 0);
+    program.run({"settings", "a.zoeffect.json", "--preset", "warm", "--output", "c.json"});
+    program.run({"diff", "b.zoeffect.json", "c.json"});
+    QCOMPARE(program.code, 0);
+    program.run({"preset", "export", "warm", "warm.zoeffect.json"});
+    QCOMPARE(program.code, 0);
+    program.run({"preset", "export", "warm", "warm.zoeffect.json"});
+    QCOMPARE(program.err,
+             QStringLiteral("zoconvert: warm.zoeffect.json exists. Choose another name, or add --overwrite.\n"));
+    program.run({"diff", "warm", "warm.zoeffect.json"});
+    QCOMPARE(program.code, 0);
+    program.run({"preset", "remove", "warm"});
+    program.run({"preset", "show", "warm"});
+    QCOMPARE(program.code, 2);
+    QCOMPARE(program.err, QStringLiteral("zoconvert: There is no preset warm.\n"));
+    program.run({"preset", "import", "warm.zoeffect.json"});
+    QCOMPARE(program.code, 0);
+    program.run({"preset", "list"});
+    QCOMPARE(program.out, QStringLiteral("warm\n"));
+}
+
+void TestZoconvert::defaultsAreSavedShownAndForgotten()
+{
+    ProgramRun program;
+    program.run({"default", "save", "Color", "b.zoeffect.json"});
+    QCOMPARE(program.err, QString());
+    program.run({"default", "list"});
+    QCOMPARE(program.out, QStringLiteral("Color\n"));
+    program.run({"default", "show", "Color"});
+    QCOMPARE(program.out, QStringLiteral("Color:bcs_brightness = 0\nColor:bcs_contrast = 20\n"
+                                         "Color:bcs_saturation = 0\n"));
+    program.run({"show", "b.zoeffect.json"});
+    QCOMPARE(program.out, QStringLiteral("Color:bcs_contrast = 20  (saved default; saved default 20; default 0)\n"));
+    program.run({"settings", "a.zoeffect.json", "--reset", "Color", "--output", "c.json"});
+    program.run({"diff", "b.zoeffect.json", "c.json"});
+    QCOMPARE(program.code, 0);
+    program.run({"default", "save", "Watermark:1", "b.zoeffect.json"});
+    QCOMPARE(program.code, 2);
+    QCOMPARE(program.err, QStringLiteral("zoconvert: Watermark has no item 1; it has 0, counted from 0.\n"));
+    program.run({"default", "remove", "Color"});
+    QCOMPARE(program.code, 0);
+    program.run({"default", "list"});
+    QCOMPARE(program.out, QString());
+}
+
+void TestZoconvert::theLogIsExplained()
+{
+    ProgramRun program;
+    program.write("zoconvert.1.log", "zoeffectmodel(25) : 2026/01/02 03:04:05 00000000\n\n"
+                                     "zoeffectmodel(26) : 2026/01/02 03:04:06 00000000\nnonsense\n"
+                                     "zoeffectmodel(246) : 2026/01/02 03:04:07 00000000\n\n");
+    program.run({"explain", "zoconvert.1.log"});
+    QCOMPARE(program.out,
+             QStringLiteral("2026/01/02 03:04:05  25: InitEffectModel() was given null: models built from now on have "
+                            "no types\n"
+                            "2026/01/02 03:04:07  246: childCount(): the model does not have this type; answers 0\n"));
+    program.run({"explain"});
+    QCOMPARE(program.out.count(QLatin1Char('\n')), 25);
+}
+
+void TestZoconvert::germanIsSpokenWhereItIsWanted()
+{
+    ProgramRun program;
+    program.run({"shwo"}, "de_AT.UTF-8");
+    QCOMPARE(program.err,
+             QStringLiteral("zoconvert: Es gibt keinen Befehl shwo. zoconvert -h zählt sie auf. Meinten Sie show?\n"));
+    program.run({"settings", "a.zoeffect.json", "--set", "Color:bcs_contrast=400"}, "de_DE.ISO-8859-1");
+    QCOMPARE(program.err,
+             QStringLiteral("zoconvert: a.zoeffect.json: Color:bcs_contrast: 400 liegt nicht zwischen -50 und 50.\n"));
+    program.run({"show", "ü.json"}, "C");
+    QCOMPARE(program.err, QStringLiteral("zoconvert: ü.json: no such file.\n"));
+}
+
+void TestZoconvert::aFullDiskIsNoSuccess()
+{
+    if (!QFile::exists(QStringLiteral("/dev/full")))
+        QSKIP("There is no /dev/full here.");
+    QProcess program;
+    program.setStandardOutputFile(QStringLiteral("/dev/full"));
+    program.start(QStringLiteral(ZOCONVERT), {QStringLiteral("explain")});
+    QVERIFY(program.waitForFinished());
+    QCOMPARE(program.exitCode(), 1);
+}
+
+ZOEFFECT_TEST_MAIN(TestZoconvert)
+#include "tst_zoconvert.moc"
