@@ -122,8 +122,9 @@ QVector<Command> table()
     // clang-format off
     return {
     {"settings", "INPUT... [EDIT...] [--output FILE|FOLDER]", T("Writes settings files; to the screen without --output."),
-        {T("A settings file among the inputs is changed by the edits.")},
-        {key("zoconvert settings clip.zoeffect.json --set Color:bcs_contrast=20 --output new.zoeffect.json"),
+        {T("Those of a clip begin with the saved defaults; a settings file among the inputs is changed by the edits.")},
+        {key("zoconvert settings clip.mkv --text Hello --place bottom-right --output clip.zoeffect.json"),
+         key("zoconvert settings clip.zoeffect.json --set Color:bcs_contrast=20 --output new.zoeffect.json"),
          key("zoconvert settings a.zoeffect.json b.zoeffect.json --preset 'my logo' --output done/")},
         {key("output"), key("existing"), key("overwrite")}, true, Outputs::None, 1, -1, Takes::File, {}, settings},
     {"show", "SETTINGS|INPUT [--all] [--json]", T("Shows what is set, beside saved default and catalogue default."),
@@ -138,6 +139,10 @@ QVector<Command> table()
         {key("zoconvert apply best.zoeffect.json film*.zoeffect.json --items Watermark,Color -n"),
          key("zoconvert apply best.zoeffect.json film*.zoeffect.json --items Watermark:0 --add")},
         {key("items"), key("add"), key("dry-run"), key("json")}, false, Outputs::None, 2, -1, Takes::Settings, {}, apply},
+    {"probe", "INPUT... [--json]", T("Shows what media files consist of."),
+        {T("The stream numbers are those that --audio-tracks and --subtitle-track take.")},
+        {key("zoconvert probe clip.mkv"), key("zoconvert probe *.mp4 --json")},
+        {key("json")}, false, Outputs::None, 1, -1, Takes::File, {}, probe},
     {"preset", "list | show NAME | save NAME FROM [--items LIST] | remove NAME | rename A B | import FILE... | export NAME FILE",
         T("Keeps settings under names, for any clip."), {},
         {key("zoconvert preset save 'my logo' clip.zoeffect.json --items Watermark"), key("zoconvert preset export 'my logo' logo.zoeffect.json")},

@@ -7,9 +7,11 @@
 
 #include <zokit/presets.h>
 #include <zokit/settingsfile.h>
+#include <zokit/tracks.h>
 
 #include "commands.h"
 #include "console.h"
+#include "edits.h"
 #include "run.h"
 #include "words.h"
 
@@ -20,23 +22,88 @@ QString named(const QString& file, const QString& sentence)
     return sentence.isEmpty() ? sentence : QStringLiteral("%1: %2").arg(file, sentence);
 }
 
+ProbedInput probeInput(const QString& name, const Invocation& invocation)
+{
+    if (invocation.notUtf8.contains(name))
+        return {std::nullopt, named(name, say(Say::NotUtf8))};
+    static const zokit::Tools tools = zokit::findTools();
+    if (!tools.error.isEmpty())
+        return {std::nullopt, tools.error.text()};
+    const zokit::ReadMedia read = zokit::probe(tools, name);
+    const QString error = read.error.text();
+    return {read.media, read.error.arguments().contains(name) ? error : named(name, error)};
+}
+
+namespace {
+
+/// \a file with the tracks of its clip: those of the rules selected, each an item. The sentence says why not.
+QString chooseTracks(zokit::FileSettings& file, const zokit::MediaInfo& media)
+{
+    const zokit::Settings settings = file.settings();
+    zokit::Message error;
+    const std::optional<zokit::TrackRules> rules = zokit::trackRulesFrom(settings.tracks, &error);
+    if (!rules)
+        return error.text();
+    const QVector<zokit::TrackChoice> choices = zokit::chosenTracks(*rules, media.tracks(), settings.media.file,
+                                                                    zokit::sidecarsOf(settings.media.file), &error);
+    if (error.isEmpty())
+        file.setSettings(zokit::withTracks(settings, choices, *rules));
+    return error.text();
+}
+
+void loadMedia(Input& input, const Invocation& invocation)
+{
+    const ProbedInput probed = probeInput(input.name, invocation);
+    if (!probed.media) {
+        input.error = probed.error;
+        input.code = Failed;
+        return;
+    }
+    const zokit::MediaStream* picture = probed.media->picture();
+    const zokit::Media media{QFileInfo(input.name).absoluteFilePath(), picture ? picture->shown : QSize(0, 0),
+                             probed.media->seconds};
+    input.media = probed.media;
+    input.settings = std::make_unique<zokit::FileSettings>(media);
+    chooseTracks(*input.settings, *input.media);
+}
+
+void loadSettings(Input& input, const Invocation& invocation)
+{
+    if (invocation.notUtf8.contains(input.name)) {
+        input.error = named(input.name, say(Say::NotUtf8));
+        input.code = Failed;
+        return;
+    }
+    const zokit::ReadSettings read = zokit::loadSettings(input.name);
+    if (read.settings) {
+        input.settings = std::make_unique<zokit::FileSettings>(*read.settings);
+        return;
+    }
+    input.error = read.error.text();
+    input.code = QFileInfo::exists(input.name) ? Usage : Failed;
+}
+
+} // namespace
+
 Input loadInput(const QString& name, const Invocation& invocation)
 {
     Input input;
     input.name = name;
-    if (invocation.notUtf8.contains(name)) {
-        input.error = named(name, say(Say::NotUtf8));
-        input.code = Failed;
-        return input;
-    }
-    const zokit::ReadSettings read = zokit::loadSettings(name);
-    if (read.settings) {
-        input.settings = std::make_unique<zokit::FileSettings>(*read.settings);
-        return input;
-    }
-    input.error = read.error.text();
-    input.code = QFileInfo::exists(name) ? Usage : Failed;
+    if (name.endsWith(QLatin1String(".json")))
+        loadSettings(input, invocation);
+    else
+        loadMedia(input, invocation);
     return input;
+}
+
+void edit(Input& input, const Invocation& invocation)
+{
+    const zokit::Values rules = input.settings->settings().tracks;
+    QString error = applyEdits(invocation.edits, *input.settings);
+    if (error.isEmpty() && input.media && input.settings->settings().tracks != rules)
+        error = chooseTracks(*input.settings, *input.media);
+    input.error = named(input.name, error);
+    input.code = error.isEmpty() ? Done : Usage;
 }
 
 bool hasWords(const Invocation& invocation, int fewest, int most)

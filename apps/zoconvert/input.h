@@ -9,6 +9,7 @@
 #include <QString>
 
 #include <zokit/filesettings.h>
+#include <zokit/probe.h>
 
 #include "invocation.h"
 
@@ -18,6 +19,7 @@ namespace zoconvert {
 struct Input {
     QString name;                                  ///< As it was typed.
     std::unique_ptr<zokit::FileSettings> settings; ///< Null: refused.
+    std::optional<zokit::MediaInfo> media;         ///< What a media file consists of; nothing for a settings file.
     QString error;                                 ///< Names the file.
     int code = Done;                               ///< Failed: missing or no media; Usage: settings that are refused.
 };
@@ -25,8 +27,19 @@ struct Input {
 /// "FILE: sentence"; empty for an empty sentence.
 QString named(const QString& file, const QString& sentence);
 
-/// The settings file \a name of \a invocation.
+/// A media file that was looked into, or the sentence why not.
+struct ProbedInput {
+    std::optional<zokit::MediaInfo> media;
+    QString error; ///< Names the file.
+};
+ProbedInput probeInput(const QString& name, const Invocation& invocation);
+
+/// The media file or, where it ends in ".json", the settings file \a name. Settings of a clip begin with the saved
+/// defaults and have an item for each track of it.
 Input loadInput(const QString& name, const Invocation& invocation);
+/// Applies the edits of \a invocation, and chooses the tracks of a clip as they ask for. What is refused becomes the
+/// input's error.
+void edit(Input& input, const Invocation& invocation);
 
 /// Settings or a preset by file or name, for the commands that compare and carry over; the error has been said when it
 /// answers nothing.

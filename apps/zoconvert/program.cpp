@@ -14,6 +14,8 @@
 #include <QTextCodec>
 #endif
 
+#include <zokit/tools.h>
+
 #include "commandline.h"
 #include "commands.h"
 #include "completions.h"
@@ -45,6 +47,16 @@ bool printMade(const QVector<QByteArray>& arguments)
     else
         return false;
     return true;
+}
+
+void printVersion()
+{
+    console::printLine(QStringLiteral("zoconvert %1").arg(QCoreApplication::applicationVersion()));
+    const zokit::Tools tools = zokit::findTools();
+    if (tools.error.isEmpty())
+        console::printLine(QStringLiteral("ffmpeg %1 (%2)").arg(zokit::toolVersion(tools), tools.ffmpeg));
+    else
+        console::printLine(tools.error.text());
 }
 
 int done(int code)
@@ -88,7 +100,7 @@ int run(const QVector<QByteArray>& arguments)
         console::print(help(parsed.command).toUtf8());
         break;
     case Parsed::Version:
-        console::printLine(QStringLiteral("zoconvert %1").arg(QCoreApplication::applicationVersion()));
+        printVersion();
         break;
     case Parsed::Nonsense:
         console::error(parsed.error);

@@ -9,7 +9,6 @@
 #include <zokit/settingsfile.h>
 
 #include "console.h"
-#include "edits.h"
 #include "existing.h"
 #include "input.h"
 #include "run.h"
@@ -85,10 +84,8 @@ int settings(const Invocation& invocation)
     int failures = 0;
     for (const QString& word : invocation.words) {
         Input input = loadInput(word, invocation);
-        if (input.settings) {
-            input.error = named(word, applyEdits(invocation.edits, *input.settings));
-            input.code = Usage;
-        }
+        if (input.settings)
+            edit(input, invocation);
         if (input.error.isEmpty()) {
             inputs.push_back(std::move(input));
             continue;

@@ -49,6 +49,10 @@ void ProgramRun::run(const QList<QByteArray>& arguments, const char* language)
     const QString errFile = m_configuration.filePath(QStringLiteral("err"));
     const QByteArray folder = QFile::encodeName(m_folder.path());
     const QByteArray configuration = "XDG_CONFIG_HOME=" + QFile::encodeName(m_configuration.path());
+    if (m_tools.isEmpty())
+        qunsetenv("ZOEFFECT_FFMPEG");
+    else
+        qputenv("ZOEFFECT_FFMPEG", m_tools);
     const QByteArray lcAll = QByteArray("LC_ALL=") + language;
     QByteArray script = "cd \"$1\" && shift && exec env ";
     script += "\"$1\" \"$2\" \"$3\" \"${@:6}\" > \"$4\" 2> \"$5\" < /dev/null";

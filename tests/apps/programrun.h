@@ -15,6 +15,8 @@ public:
 
     /// Runs the program to its end. Arguments are bytes, as the shell gives them.
     void run(const QList<QByteArray>& arguments, const char* language = "C.UTF-8");
+    /// What ZOEFFECT_FFMPEG names from now on.
+    void setTools(const QByteArray& folder) { m_tools = folder; }
 
     QString path(const char* name) const { return m_folder.filePath(QString::fromLatin1(name)); }
     QByteArray content(const char* name) const;
@@ -27,6 +29,7 @@ public:
     QString err;
 
 private:
+    QByteArray m_tools;
     QTemporaryDir m_folder;
     QTemporaryDir m_configuration;
 };

@@ -3,8 +3,12 @@
 
 // Command lines of zoconvert: what they print, what they say, how they end.
 
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QtTest>
 
+#include "clips.h"
 #include "programrun.h"
 #include "testapplication.h"
 
@@ -35,6 +39,9 @@ private Q_SLOTS:
     void theLogIsExplained();
     void germanIsSpokenWhereItIsWanted();
     void aFullDiskIsNoSuccess();
+    void clipsAreProbed();
+    void settingsOfAClipKnowItsTracks();
+    void theVersionNamesTheFfmpegThatWasFound();
 };
 
 void TestZoconvert::aLineEndsAsItShould_data()
@@ -62,7 +69,9 @@ void TestZoconvert::aLineEndsAsItShould_data()
     row("show a name with a newline", {"show", "x\ny\x1b[31m"}, 1, "", "zoconvert: x\\ny\\x1b[31m: no such file.\n");
     row("show a name that is not UTF-8", {"show", "x\xff.json"}, 1, "",
         "zoconvert: x\\xff.json: This name is not in UTF-8. Rename the file.\n");
-    row("show a folder", {"show", "."}, 2, "", "zoconvert: . cannot be read: it is a folder.\n");
+    row("show a folder", {"show", "."}, 1, "", "zoconvert: . is a folder. Name a file in it.\n");
+    row("diff with a folder", {"diff", "a.zoeffect.json", "./"}, 2, "",
+        "zoconvert: ./ cannot be read: it is a folder.\n");
     row("show, summary", {"show", "-h"}, 0,
         "Usage: zoconvert show SETTINGS|INPUT [--all] [--json]\n"
         "Shows what is set, beside saved default and catalogue default.\n"
@@ -106,7 +115,11 @@ void TestZoconvert::aLineEndsAsItShould_data()
     row("default show of none", {"default", "show", "Color"}, 2, "", "zoconvert: No default of Color is saved.\n");
     row("default of a misspelt type", {"default", "show", "Wattermark"}, 2, "",
         "zoconvert: There is no effect type Wattermark. Did you mean Watermark?\n");
-    row("version", {"--version"}, 0, "zoconvert 1.1.0\n", "");
+    row("probe what is no media", {"probe", "lgo.png", "a.zoeffect.json"}, 1, "",
+        "zoconvert: lgo.png: no such file. There is logo.png.\n"
+        "zoconvert: a.zoeffect.json is no media file that can be read. Check that it is whole. ffprobe says: Invalid "
+        "data found when processing input.\n");
+    row("show a missing clip", {"show", "clip.mkv"}, 1, "", "zoconvert: clip.mkv: no such file.\n");
 }
 
 void TestZoconvert::aLineEndsAsItShould()
@@ -336,6 +349,59 @@ void TestZoconvert::aFullDiskIsNoSuccess()
     program.start(QStringLiteral(ZOCONVERT), {QStringLiteral("explain")});
     QVERIFY(program.waitForFinished());
     QCOMPARE(program.exitCode(), 1);
+}
+
+void TestZoconvert::clipsAreProbed()
+{
+    ProgramRun program;
+    QVERIFY(QFile::link(clips::clip(QStringLiteral("languages.mkv")), program.path("clip.mkv")));
+    program.run({"probe", "clip.mkv", "missing.mkv"});
+    QCOMPARE(program.code, 3);
+    QCOMPARE(program.err, QStringLiteral("zoconvert: missing.mkv: no such file.\n"));
+    QVERIFY2(program.out.startsWith(QStringLiteral("clip.mkv: mkv, ")), qPrintable(program.out));
+
+    program.run({"probe", "--json", "clip.mkv"});
+    QCOMPARE(program.code, 0);
+    const QJsonObject clip = QJsonDocument::fromJson(program.out.toUtf8()).array().at(0).toObject();
+    QCOMPARE(clip.value(QStringLiteral("container")).toString(), QStringLiteral("mkv"));
+    const QJsonObject picture = clip.value(QStringLiteral("streams")).toArray().at(0).toObject();
+    QCOMPARE(picture.value(QStringLiteral("kind")).toString(), QStringLiteral("video"));
+    QCOMPARE(picture.value(QStringLiteral("width")).toInt(), 160);
+    QCOMPARE(picture.value(QStringLiteral("height")).toInt(), 120);
+}
+
+void TestZoconvert::settingsOfAClipKnowItsTracks()
+{
+    ProgramRun program;
+    QVERIFY(QFile::link(clips::clip(QStringLiteral("languages.mkv")), program.path("clip.mkv")));
+    program.run({"settings", "clip.mkv", "--audio-tracks", "99"});
+    QCOMPARE(program.code, 2);
+    QCOMPARE(program.err,
+             QStringLiteral("zoconvert: clip.mkv: The clip has no such track 99. Choose one that it has.\n"));
+    program.run({"settings", "clip.mkv", "--audio-tracks", "1", "--output", "c.zoeffect.json"});
+    QCOMPARE(program.err, QString());
+    QCOMPARE(program.code, 0);
+    const QByteArray written = program.content("c.zoeffect.json");
+    QVERIFY2(written.contains("\"file\": \"clip.mkv\",\n    \"width\": 160,\n    \"height\": 120,"), written);
+    program.run({"show", "c.zoeffect.json"});
+    QVERIFY2(program.out.contains(QStringLiteral("Audio:0:selected = true  (changed; default false)\n")),
+             qPrintable(program.out));
+    QVERIFY2(program.out.contains(QStringLiteral("Tracks:audio-tracks = 1  (changed)\n")), qPrintable(program.out));
+}
+
+void TestZoconvert::theVersionNamesTheFfmpegThatWasFound()
+{
+    ProgramRun program;
+    program.run({"--version"});
+    QCOMPARE(program.out.section(QLatin1Char('\n'), 0, 0), QStringLiteral("zoconvert 1.1.0"));
+    QVERIFY2(program.out.section(QLatin1Char('\n'), 1, 1).startsWith(QStringLiteral("ffmpeg ")),
+             qPrintable(program.out));
+    program.setTools("/nowhere");
+    program.run({"--version"});
+    QCOMPARE(program.out,
+             QStringLiteral("zoconvert 1.1.0\nffmpeg is not in /nowhere, the folder that ZOEFFECT_FFMPEG names. "
+                            "Correct it, or leave it unset.\n"));
+    program.setTools({});
 }
 
 ZOEFFECT_TEST_MAIN(TestZoconvert)

@@ -308,8 +308,8 @@
         <translation>Schreibt Einstellungsdateien; ohne --output auf den Bildschirm.</translation>
     </message>
     <message>
-        <source>A settings file among the inputs is changed by the edits.</source>
-        <translation>Eine Einstellungsdatei unter den Eingaben wird durch die Änderungen verändert.</translation>
+        <source>Those of a clip begin with the saved defaults; a settings file among the inputs is changed by the edits.</source>
+        <translation>Die eines Clips beginnen mit den gespeicherten Vorgaben; eine Einstellungsdatei unter den Eingaben wird durch die Änderungen verändert.</translation>
     </message>
     <message>
         <source>Shows what is set, beside saved default and catalogue default.</source>
@@ -330,6 +330,14 @@
     <message>
         <source>Watermarks are rescaled to the frame of each target, and a crop is the same part of the picture.</source>
         <translation>Wasserzeichen werden auf das Bild jedes Ziels umgerechnet, und ein Zuschnitt ist derselbe Teil des Bildes.</translation>
+    </message>
+    <message>
+        <source>Shows what media files consist of.</source>
+        <translation>Zeigt, woraus Mediendateien bestehen.</translation>
+    </message>
+    <message>
+        <source>The stream numbers are those that --audio-tracks and --subtitle-track take.</source>
+        <translation>Die Nummern der Spuren sind die, die --audio-tracks und --subtitle-track nehmen.</translation>
     </message>
     <message>
         <source>Keeps settings under names, for any clip.</source>
