@@ -121,7 +121,7 @@ Q_SIGNALS:
     void finished(const zokit::ConversionResult& result);
 
 private:
-    class Private;
+    class ZOKIT_NO_EXPORT Private;
     std::unique_ptr<Private> d;
 };
 

@@ -69,7 +69,7 @@ Q_SIGNALS:
     void finished();
 
 private:
-    class Private;
+    class ZOKIT_NO_EXPORT Private;
     std::unique_ptr<Private> d;
 };
 

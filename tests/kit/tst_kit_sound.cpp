@@ -83,7 +83,7 @@ Samples through(const Settings& settings, const Samples& samples, const SoundPar
                 QStringLiteral("-filter:a:0"), textOf(settings, parts), QStringLiteral("-f"), QStringLiteral("f32le"),
                 QStringLiteral("pipe:1")},
                QByteArray(reinterpret_cast<const char*>(samples.constData()),
-                          static_cast<int>(samples.size() * sizeof(float))));
+                          static_cast<int>(samples.size() * static_cast<int>(sizeof(float)))));
     Samples result(static_cast<int>(static_cast<size_t>(out.size()) / sizeof(float)));
     std::memcpy(result.data(), out.constData(), static_cast<size_t>(out.size()));
     return result;
