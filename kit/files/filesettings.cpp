@@ -44,6 +44,25 @@ void Identities::skip(Identity used)
     m_last = std::max(m_last, used);
 }
 
+Projection& FileSettings::Private::projection()
+{
+    if (models)
+        return *models;
+    models = std::make_unique<Projection>(things);
+    const auto follow = [this] {
+        if (!models->isFollowing())
+            q->syncFromModels();
+    };
+    for (ZoEffectModel* model : {&models->picture(), &models->sound()}) {
+        QObject::connect(
+            model,
+            QOverload<const QString&, const QString&, const QVariant&, int>::of(&ZoEffectModel::effectDataChanged), q,
+            follow);
+        QObject::connect(model, QOverload<const QString&>::of(&ZoEffectModel::effectDataChanged), q, follow);
+    }
+    return *models;
+}
+
 FileSettings::FileSettings(const Media& media, std::shared_ptr<Identities> identities, QObject* parent)
     : QObject(parent), d(std::make_unique<Private>(this, std::move(identities), newSettings(media)))
 {
@@ -135,7 +154,7 @@ Settings FileSettings::settings() const
 
 Message FileSettings::setSettings(const Settings& target, QObject* asker)
 {
-    return d->commit(d->things.changesTo(withoutMeasures(completed(target)), *d->identities), asker);
+    return d->become(completed(target), settings(), asker);
 }
 
 Media FileSettings::media() const
@@ -175,12 +194,12 @@ void FileSettings::apply(const Changes& changes, QObject* asker)
 
 ZoEffectModel* FileSettings::pictureModel() const
 {
-    return &d->projection.picture();
+    return &d->projection().picture();
 }
 
 ZoEffectModel* FileSettings::soundModel() const
 {
-    return &d->projection.sound();
+    return &d->projection().sound();
 }
 
 } // namespace zokit

@@ -10,6 +10,7 @@
 #include <zoeffectmodel.h>
 
 #include "anchoring_p.h"
+#include "completion_p.h"
 #include "exactly_p.h"
 #include "names_p.h"
 
@@ -44,9 +45,20 @@ Changes FileSettings::Private::consequences(const Changes& changes) const
 
 Message FileSettings::Private::commit(const Changes& wanted, QObject* asker)
 {
+    return carryOut(merged(wanted + consequences(wanted)), asker);
+}
+
+/// Takes on \a target, in which every watermark stands where its anchor says: nothing more follows from it. \a present
+/// is settings().
+Message FileSettings::Private::become(const Settings& target, const Settings& present, QObject* asker)
+{
+    return carryOut(things.changesTo(withoutMeasures(target), present, *identities), asker);
+}
+
+Message FileSettings::Private::carryOut(const Changes& changes, QObject* asker)
+{
     if (announcing)
         return Message(Code::Busy);
-    const Changes changes = merged(wanted + consequences(wanted));
     if (changes.isEmpty())
         return Message();
     announce(changes, asker);
@@ -71,8 +83,8 @@ void FileSettings::Private::store(const Changes& changes, QObject* asker, const 
             before.insert(type, things.items(type));
     }
     things.apply(changes);
-    if (!forModels.isEmpty())
-        projection.follow(things, forModels);
+    if (models && !forModels.isEmpty())
+        models->follow(things, forModels);
     for (auto it = before.cbegin(); it != before.cend(); ++it)
         tellItems(it.key(), it.value(), things.items(it.key()));
     emit q->changed(changes, asker);
@@ -104,11 +116,13 @@ void FileSettings::Private::tellItems(const QString& type, const QVector<Identit
 
 void FileSettings::syncFromModels()
 {
+    if (!d->models)
+        return;
     for (const QString& type : effectTypes()) {
-        TypeSettings target = d->projection.read(type);
+        TypeSettings target = d->models->read(type);
         const TypeSettings known = d->things.typeSettings(type);
         const QVector<Identity> present = items(type);
-        QVector<Identity> kept = d->projection.identities(type);
+        QVector<Identity> kept = d->models->identities(type);
         for (int row = 0; row < kept.size(); ++row) {
             // A node that was written over as a whole is still the item at its place.
             if (kept.at(row) == 0 && kept.size() == present.size() && !kept.contains(present.at(row)))
@@ -129,11 +143,11 @@ void FileSettings::syncFromModels()
         const Changes direct = merged(d->things.changesTo(target, kept, *d->identities));
         const Changes following = merged(d->consequences(direct));
         const Changes changes = merged(direct + following);
-        QObject* model = &d->projection.modelOf(type);
+        QObject* model = &d->models->modelOf(type);
         d->announce(changes, model);
         Things next = d->things;
         next.apply(direct);
-        d->projection.note(type, next.items(type));
+        d->models->note(type, next.items(type));
         d->store(changes, model, following);
     }
 }

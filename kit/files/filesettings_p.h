@@ -28,34 +28,17 @@ public:
         , identities(shared ? std::move(shared) : std::make_shared<Identities>())
         , things(withoutMeasures(start), *identities)
     {
-        begin();
+        registerEffects();
     }
 
     Private(FileSettings* settings, std::shared_ptr<Identities> shared, const QMap<Identity, Values>& values)
         : q(settings), identities(std::move(shared)), things(values)
     {
-        begin();
+        registerEffects();
     }
 
-    void begin()
-    {
-        QSize frame = things.frame();
-        projection.picture().setVideoSize(frame.width(), frame.height());
-        projection.sound().setVideoSize(frame.width(), frame.height());
-        for (const QString& type : effectTypes())
-            projection.replace(things, type);
-        const auto follow = [this] {
-            if (!projection.isFollowing())
-                q->syncFromModels();
-        };
-        for (ZoEffectModel* model : {&projection.picture(), &projection.sound()}) {
-            QObject::connect(
-                model,
-                QOverload<const QString&, const QString&, const QVariant&, int>::of(&ZoEffectModel::effectDataChanged),
-                q, follow);
-            QObject::connect(model, QOverload<const QString&>::of(&ZoEffectModel::effectDataChanged), q, follow);
-        }
-    }
+    /// The models below, which nobody needs until the first asks for them: many files are never looked at that closely.
+    Projection& projection();
 
     QString addressText(Identity thing, const QString& key) const
     {
@@ -71,6 +54,8 @@ public:
     QVariant catalogueDefaultOf(Identity thing, const QString& key) const;
     Changes consequences(const Changes& changes) const;
     Message commit(const Changes& wanted, QObject* asker);
+    Message become(const Settings& target, const Settings& present, QObject* asker);
+    Message carryOut(const Changes& changes, QObject* asker);
     void announce(const Changes& changes, QObject* asker);
     void store(const Changes& changes, QObject* asker, const Changes& forModels);
     void tellItems(const QString& type, const QVector<Identity>& before, const QVector<Identity>& after);
@@ -78,7 +63,7 @@ public:
     FileSettings* q;
     std::shared_ptr<Identities> identities;
     Things things;
-    Projection projection;
+    std::unique_ptr<Projection> models; // Null as long as nobody has asked for them.
     bool announcing = false;
 };
 

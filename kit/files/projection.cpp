@@ -67,9 +67,18 @@ bool isMeasured(const Values& values, const QString& key)
 
 } // namespace
 
-Projection::Projection() : m_picture((registerEffects(), typesOf(false))), m_sound(typesOf(true))
+Projection::Projection(const Things& things) : m_picture(typesOf(false)), m_sound(typesOf(true))
 {
     setPictureOptions(m_picture);
+    setFrame(things.frame());
+    for (const QString& type : effectTypes())
+        replace(things, type);
+}
+
+void Projection::setFrame(const QSize& frame)
+{
+    m_picture.setVideoSize(frame.width(), frame.height());
+    m_sound.setVideoSize(frame.width(), frame.height());
 }
 
 ZoEffectModel& Projection::modelOf(const QString& type)
@@ -83,9 +92,7 @@ void Projection::follow(const Things& things, const Changes& changes)
     QSet<QString> wholeTypes;
     for (const Change& change : changes) {
         if (change.thing == things.file()) {
-            const QSize frame = things.frame();
-            m_picture.setVideoSize(frame.width(), frame.height());
-            m_sound.setVideoSize(frame.width(), frame.height());
+            setFrame(things.frame());
         } else if (!setOne(things, change)) {
             wholeTypes.insert(things.typeOf(change.thing));
         }

@@ -15,7 +15,8 @@ namespace zokit {
 /// The library's two models of a file, as a projection of its things: the things are the truth, the models follow.
 class Projection {
 public:
-    Projection();
+    /// Models that are as \a things; the effects are registered.
+    explicit Projection(const Things& things);
 
     ZoEffectModel& modelOf(const QString& type);
     ZoEffectModel& picture() { return m_picture; }
@@ -36,6 +37,7 @@ public:
     void note(const QString& type, const QVector<Identity>& items);
 
 private:
+    void setFrame(const QSize& frame);
     bool setOne(const Things& things, const Change& change);
 
     ZoEffectModel m_picture;

@@ -48,7 +48,8 @@ void insertForeign(Values& values, const QJsonObject& foreign)
 
 QJsonObject foreignOf(const Values& values)
 {
-    return QJsonDocument::fromJson(values.value(own::foreign).toByteArray()).object();
+    const auto found = values.constFind(own::foreign);
+    return found == values.cend() ? QJsonObject() : QJsonDocument::fromJson(found->toByteArray()).object();
 }
 
 /// A thing without properties of its own is still there: it belongs to something.
@@ -112,7 +113,7 @@ void appendChanges(Changes& changes, Identity thing, const Values& before, const
             changes.append({thing, it.key(), it.value(), then});
     }
     for (auto it = after.cbegin(); it != after.cend(); ++it) {
-        if (!before.contains(it.key()))
+        if (it.value().isValid() && !before.contains(it.key()))
             changes.append({thing, it.key(), QVariant(), it.value()});
     }
 }
@@ -190,9 +191,21 @@ QSize Things::frame() const
 
 Item Things::itemSettings(Identity item) const
 {
+    Item result;
+    result.selected = false;
     const Values values = m_values.value(item);
-    return {values.value(own::name).toString(), values.value(own::selected).toBool(), propertiesOf(values),
-            values.value(own::anchor).toMap(), foreignOf(values)};
+    for (auto it = values.cbegin(); it != values.cend(); ++it) {
+        if (it.key() == own::selected)
+            result.selected = it.value().toBool();
+        else if (it.key() == own::anchor)
+            result.anchor = it.value().toMap();
+        else if (it.key() == own::name)
+            result.name = it.value().toString();
+        else if (!isInternal(it.key()))
+            result.values.insert(result.values.cend(), it.key(), it.value());
+    }
+    result.foreign = foreignOf(values);
+    return result;
 }
 
 TypeSettings Things::typeSettings(const QString& type) const
@@ -241,12 +254,9 @@ void Things::apply(const Changes& changes)
 
 /// For each item of \a target the identity that it keeps, 0 for a new one: that of the same item at its place, else of
 /// the same item elsewhere, else of one of its kind at its place.
-QVector<Identity> Things::keptItems(const TypeSettings& target) const
+QVector<Identity> Things::keptItems(const TypeSettings& target, const QVector<Item>& before) const
 {
     const QVector<Identity> present = items(target.type);
-    QVector<Item> before;
-    for (const Identity item : present)
-        before.append(itemSettings(item));
     QVector<Identity> kept(target.items.size(), 0);
     QVector<bool> taken(present.size(), false);
     const auto takeIf = [&](int row, int pos, bool same) {
@@ -273,15 +283,26 @@ QVector<Identity> Things::keptItems(const TypeSettings& target) const
 
 Changes Things::changesTo(const TypeSettings& target, const QVector<Identity>& kept, Identities& identities) const
 {
+    return changesTo(target, kept, typeSettings(target.type).items, identities);
+}
+
+Changes Things::changesTo(const TypeSettings& target, const QVector<Identity>& kept, const QVector<Item>& before,
+                          Identities& identities) const
+{
     const Identity type = m_types.value(target.type, 0);
+    const QVector<Identity> present = items(target.type);
     Changes changes;
     QVector<Identity> after = kept;
     for (int row = 0; row < after.size(); ++row) {
+        const Item& item = target.items.at(row);
+        const int former = static_cast<int>(present.indexOf(after.at(row)));
+        if (former >= 0 && before.at(former) == item)
+            continue;
         if (after.at(row) == 0)
             after[row] = identities.next();
-        appendChanges(changes, after.at(row), m_values.value(after.at(row)), itemValues(target.items.at(row), type));
+        appendChanges(changes, after.at(row), m_values.value(after.at(row)), itemValues(item, type));
     }
-    for (const Identity item : items(target.type)) {
+    for (const Identity item : present) {
         if (!after.contains(item))
             appendChanges(changes, item, m_values.value(item), Values());
     }
@@ -289,18 +310,23 @@ Changes Things::changesTo(const TypeSettings& target, const QVector<Identity>& k
     return changes;
 }
 
-Changes Things::changesTo(const Settings& target, Identities& identities) const
+Changes Things::changesTo(const Settings& target, const Settings& present, Identities& identities) const
 {
     Changes changes;
     appendChanges(changes, m_file, m_values.value(m_file), fileValues(target));
     for (const TypeSettings& effect : target.effects) {
-        if (!(typeSettings(effect.type) == effect))
-            changes += changesTo(effect, keptItems(effect), identities);
+        const TypeSettings* there = present.find(effect.type);
+        if (there && *there == effect)
+            continue;
+        const QVector<Item> before = there ? there->items : QVector<Item>();
+        changes += changesTo(effect, keptItems(effect, before), before, identities);
     }
-    const Identity tracks = type(types::tracks);
-    appendChanges(changes, tracks, m_values.value(tracks), belonging(target.tracks, types::tracks, m_file));
-    const Identity output = type(types::output);
-    appendChanges(changes, output, m_values.value(output), belonging(target.output, types::output, m_file));
+    const auto compare = [&](const QString& name, const Values& before, const Values& after) {
+        if (!exactly(before, after))
+            appendChanges(changes, type(name), m_values.value(type(name)), belonging(after, name, m_file));
+    };
+    compare(types::tracks, present.tracks, target.tracks);
+    compare(types::output, present.output, target.output);
     return changes;
 }
 

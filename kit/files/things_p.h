@@ -60,16 +60,18 @@ public:
     /// Sets values to their "after"; a thing without values is gone.
     void apply(const Changes& changes);
 
-    /// The changes that make these things \a target. An item keeps its identity where it stays the same, or is of the
-    /// same kind at the same position.
-    Changes changesTo(const Settings& target, Identities& identities) const;
+    /// The changes that make these things \a target; \a present is settings(). An item keeps its identity where it
+    /// stays the same, or is of the same kind at the same position.
+    Changes changesTo(const Settings& target, const Settings& present, Identities& identities) const;
     /// The changes that make \a type what \a target says; \a kept gives the identity of each item of it, 0 for a new
     /// one.
     Changes changesTo(const TypeSettings& target, const QVector<Identity>& kept, Identities& identities) const;
 
 private:
     void index();
-    QVector<Identity> keptItems(const TypeSettings& target) const;
+    QVector<Identity> keptItems(const TypeSettings& target, const QVector<Item>& before) const;
+    Changes changesTo(const TypeSettings& target, const QVector<Identity>& kept, const QVector<Item>& before,
+                      Identities& identities) const;
 
     Identity m_file = 0;
     QMap<QString, Identity> m_types;

@@ -14,6 +14,9 @@ namespace zokit {
 /// anchor.
 Values anchoredValues(const Item& item, const QSize& frame);
 
+/// rescaled(), but that anchors have still to place their watermarks.
+Settings scaled(const Settings& settings, const QSize& frame);
+
 /// To whole pixels, halves away from 0.
 int rounded(double value);
 

@@ -94,7 +94,7 @@ void compare(const Address& item, const Values& before, const Values& after, Mes
 
 } // namespace
 
-Settings rescaled(const Settings& settings, const QSize& frame)
+Settings scaled(const Settings& settings, const QSize& frame)
 {
     Settings result = settings;
     const QSize old = settings.media.frame;
@@ -115,7 +115,14 @@ Settings rescaled(const Settings& settings, const QSize& frame)
             item.anchor = rescaledAnchor(item.anchor, across);
         }
     }
-    placeAnchored(result);
+    return result;
+}
+
+Settings rescaled(const Settings& settings, const QSize& frame)
+{
+    Settings result = scaled(settings, frame);
+    if (!settings.media.frame.isEmpty() && !frame.isEmpty() && settings.media.frame != frame)
+        placeAnchored(result);
     return result;
 }
 

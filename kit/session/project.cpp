@@ -15,6 +15,8 @@
 #include <zokit/history.h>
 #include <zokit/properties.h>
 
+#include "carrier_p.h"
+#include "filesettings_p.h"
 #include "newitem_p.h"
 #include "projectthings_p.h"
 #include "savingdefaults_p.h"
@@ -281,10 +283,13 @@ Message Project::apply(const Settings& from, const QVector<FileSettings*>& targe
     if (!error.isEmpty())
         return error;
     d->history->beginGesture(Message(Code::StepApply, {QString::number(targets.size())}));
+    Carrier carrier(from, carry);
     Message refused;
     for (FileSettings* target : targets) {
-        if (refused.isEmpty())
-            refused = target->setSettings(carriedOver(from, target->settings(), carry), asker);
+        if (!refused.isEmpty())
+            break;
+        const Settings present = target->settings();
+        refused = target->d->become(carrier.over(present), present, asker);
     }
     if (refused.isEmpty())
         d->history->endGesture();

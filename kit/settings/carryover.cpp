@@ -13,7 +13,8 @@
 #include <zokit/placement.h>
 #include <zokit/properties.h>
 
-#include "carrying_p.h"
+#include "anchoring_p.h"
+#include "carrier_p.h"
 #include "cataloguedefaults_p.h"
 #include "completion_p.h"
 #include "missingfiles_p.h"
@@ -99,7 +100,7 @@ Settings arriving(const Settings& from, const QVector<Wanted>& wanted, const QSi
         if (std::any_of(wanted.cbegin(), wanted.cend(), [&](const Wanted& one) { return one.type == type.type; }))
             source.effects.append(completedType(type, from.media.frame.isEmpty() ? frame : from.media.frame));
     }
-    source = withoutMeasures(rescaled(source, frame));
+    source = scaled(withoutMeasures(source), frame);
     placeAnchored(source);
     return source;
 }
@@ -182,23 +183,44 @@ Message checkCarryOver(const Settings& from, const CarryOver& carry)
     return error.isEmpty() ? checkImages(from, carry) : error;
 }
 
-Settings carriedOver(const Settings& from, const Settings& to, const CarryOver& asked)
+Carrier::Carrier(const Settings& from, const CarryOver& carry) : m_from(from), m_add(carry.add)
 {
-    if (!checkForm(from, asked).isEmpty())
+    if (checkForm(from, carry).isEmpty())
+        m_wanted = wantedOf(from, carry);
+}
+
+const Settings& Carrier::arrivingIn(const QSize& frame)
+{
+    const auto size = qMakePair(frame.width(), frame.height());
+    auto known = m_arriving.find(size);
+    if (known == m_arriving.end())
+        known = m_arriving.insert(size, arriving(m_from, m_wanted, frame));
+    return *known;
+}
+
+Settings Carrier::over(const Settings& to)
+{
+    if (m_wanted.isEmpty())
         return to;
-    const QVector<Wanted> all = wantedOf(from, asked);
-    const Settings source = arriving(from, all, to.media.frame);
+    const Settings& source = arrivingIn(to.media.frame);
     Settings result = to;
-    placeAnchored(result);             // Else an item that is the same before would not be the same afterwards.
+    const auto anyWatermark = [this](const auto& isSuch) {
+        return std::any_of(m_wanted.cbegin(), m_wanted.cend(),
+                           [&](const Wanted& wanted) { return wanted.type == types::watermark && isSuch(wanted); });
+    };
+    const bool areReplaced =
+        !m_add && anyWatermark([](const Wanted& wanted) { return wanted.key.isEmpty() && !wanted.isItem(); });
+    if (!areReplaced)
+        placeAnchored(result);         // Else an item that is the same before would not be the same afterwards.
     QMap<QString, QVector<int>> items; // Of a type all at once: one that comes does not push out another.
-    for (const Wanted& wanted : all) {
+    for (const Wanted& wanted : m_wanted) {
         if (wanted.key.isEmpty() && wanted.isItem() && !items[wanted.type].contains(wanted.pos))
             items[wanted.type].append(wanted.pos);
     }
-    for (const Wanted& wanted : all) {
+    for (const Wanted& wanted : m_wanted) {
         if (wanted.type == types::output || wanted.type == types::tracks) {
             const bool isOutput = wanted.type == types::output;
-            carrying::named(isOutput ? source.output : source.tracks, wanted, asked.add && isOutput,
+            carrying::named(isOutput ? source.output : source.tracks, wanted, m_add && isOutput,
                             isOutput ? result.output : result.tracks);
             continue;
         }
@@ -207,20 +229,26 @@ Settings carriedOver(const Settings& from, const Settings& to, const CarryOver& 
             result.effects.append(catalogueType(wanted.type, to.media.frame));
         TypeSettings& target = *result.find(wanted.type);
         const bool isThere =
-            wanted.isItem() && wanted.pos < target.items.size() && hasCome(target.items.at(wanted.pos), type, all);
+            wanted.isItem() && wanted.pos < target.items.size() && hasCome(target.items.at(wanted.pos), type, m_wanted);
         if (!wanted.key.isEmpty() && !isThere)
             carrying::value(type, wanted, target);
         else if (!wanted.key.isEmpty())
             continue; // A value would make another item of it, which would come once more.
         else if (wanted.type == types::subtitle || wanted.type == types::audio)
-            carrying::tracks(type, wanted, asked.add, target);
+            carrying::tracks(type, wanted, m_add, target);
         else if (wanted.isItem())
-            carrying::items(type, items.take(wanted.type), asked.add, target);
+            carrying::items(type, items.take(wanted.type), m_add, target);
         else
-            carrying::type(type, asked.add, target);
+            carrying::type(type, m_add, target);
     }
-    placeAnchored(result);
+    if (anyWatermark([](const Wanted& wanted) { return !wanted.key.isEmpty(); }))
+        placeAnchored(result); // What came as a whole came to its place.
     return result;
+}
+
+Settings carriedOver(const Settings& from, const Settings& to, const CarryOver& carry)
+{
+    return Carrier(from, carry).over(to);
 }
 
 } // namespace zokit

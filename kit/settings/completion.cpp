@@ -72,9 +72,9 @@ Settings withoutMeasures(Settings settings)
 {
     if (TypeSettings* watermarks = settings.find(types::watermark)) {
         for (Item& item : watermarks->items) {
-            if (item.values.value(keys::isText).toBool()) {
-                item.values.remove(keys::imageWidth);
-                item.values.remove(keys::imageHeight);
+            for (const QString& key : {keys::imageWidth, keys::imageHeight}) {
+                if (item.values.contains(key) && item.values.value(keys::isText).toBool())
+                    item.values.remove(key);
             }
         }
     }

@@ -158,8 +158,8 @@ public:
     /// \name The library's models below
     /// @{
 
-    ZoEffectModel* pictureModel() const; ///< Of the picture's types; lives as long as this object.
-    ZoEffectModel* soundModel() const;   ///< Of the sound's types; lives as long as this object.
+    ZoEffectModel* pictureModel() const; ///< Of the picture's types; made when first asked for, lives as long as this.
+    ZoEffectModel* soundModel() const;   ///< Of the sound's types; as above.
     /// Takes in what a host changed in the models without a signal. Changes that are announced are taken in at once.
     void syncFromModels();
     /// @}
@@ -178,6 +178,8 @@ Q_SIGNALS:
     void itemMoved(const QString& type, quint64 item, int from, int to);
 
 private:
+    friend class Project; // Which carries complete settings over to many files.
+
     class ZOKIT_NO_EXPORT Private;
     std::unique_ptr<Private> d;
 };
