@@ -36,7 +36,7 @@ source scripts/proofs/support/build.sh
 echo '== building (bench, with the kit and its tests)'
 quietly cmake --preset bench -B build/carryover -DCMAKE_CXX_FLAGS_RELEASE="-O2 -g1 -DNDEBUG" \
     -DZOEFFECT_BUILD_KIT=ON -DZOEFFECT_BUILD_TESTS=ON
-quietly cmake --build build/carryover --target tst_kit_carryover zomanyfiles --parallel "$(nproc)"
+quietly cmake --build build/carryover --target tst_kit_randomcarryover zomanyfiles --parallel "$(nproc)"
 
 export QT_QPA_PLATFORM=offscreen
 passed=0
@@ -51,7 +51,7 @@ count() {
 }
 
 echo "== $cases random cases"
-count env ZOKIT_CASES="$cases" build/carryover/tests/kit/tst_kit_carryover -maxwarnings 0 dryRunIsTheOutcome
+count env ZOKIT_CASES="$cases" build/carryover/tests/kit/tst_kit_randomcarryover -maxwarnings 0 dryRunIsTheOutcome
 
 echo '== 10,000 files'
 figures=$(build/carryover/benchmarks/zomanyfiles 10000) || failed=$((failed + 1))
