@@ -2,10 +2,13 @@
 // SPDX-License-Identifier: MIT
 
 // zomanyfiles [N]: how long a person waits for settings that are carried over to N files (10,000 by default): for the
-// differences that a dry run shows, and for the files to have them. Ends 1 when a file does not have them.
+// differences that a dry run shows, and for the files to have them; and how much memory a file takes before. Ends 1
+// when a file does not have them.
 
 #include <cstdio>
 #include <ctime>
+
+#include <sys/resource.h>
 
 #include <QElapsedTimer>
 #include <QGuiApplication>
@@ -38,6 +41,14 @@ public:
 private:
     MemoryStore m_store;
 };
+
+/// The most memory that this process has had.
+long kilobytes()
+{
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_maxrss;
+}
 
 /// What a person sets: a crop, colours, two frame effects, a text, and a text that keeps to its corner.
 zokit::Settings source()
@@ -72,12 +83,14 @@ int main(int argc, char** argv)
     const int count = wanted > 0 ? wanted : usualFiles;
 
     const zokit::Settings from = source();
+    const long memoryBefore = kilobytes();
     zokit::Project project;
     QVector<zokit::FileSettings*> files;
     const QVector<QSize> frames{{1920, 1080}, {1280, 720}, {720, 576}, {1080, 1920}};
     for (int i = 0; i < count; ++i)
         files.append(project.add(zokit::Media{QString(), frames.at(i % frames.size()), 60.0}));
 
+    const long memory = kilobytes() - memoryBefore;
     const auto spent = [](std::clock_t since) {
         return static_cast<long long>(std::clock() - since) * 1000 / CLOCKS_PER_SEC;
     };
@@ -99,9 +112,9 @@ int main(int argc, char** argv)
     bool isRight = isApplied && differences >= 10 * qint64(count);
     for (const zokit::FileSettings* file : files)
         isRight = isRight && hasArrived(*file);
-    std::printf(
-        "%d files: dry run %lld ms (%lld of a processor, %lld differences), apply %lld ms (%lld of a processor)\n",
-        count, static_cast<long long>(dryRun), dryRunSpent, static_cast<long long>(differences),
-        static_cast<long long>(apply), applySpent);
+    std::printf("%d files of %ld KB: dry run %lld ms (%lld of a processor, %lld differences), apply %lld ms (%lld of a "
+                "processor)\n",
+                count, memory / count, static_cast<long long>(dryRun), dryRunSpent, static_cast<long long>(differences),
+                static_cast<long long>(apply), applySpent);
     return isRight ? 0 : 1;
 }

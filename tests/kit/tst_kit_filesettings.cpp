@@ -49,6 +49,7 @@ private slots:
     void comesOutUnchanged_data();
     void comesOutUnchanged();
     void modelsFollow();
+    void modelsMayBeAskedForAtAnyTime();
     void directChangesAreTold();
     void silentChangesAreTakenInWhenAskedFor();
     void drawingChangesNoSetting();
@@ -377,6 +378,43 @@ void TestKitFileSettings::modelsFollow()
     QCOMPARE(model->pictureOptions().textDotsPerInch, 96);
     file.remove(text);
     QCOMPARE(model->childCount(key("Watermark")), 0);
+}
+
+/// They hold the same from the first moment on: before an edit, in its announcement, in its signal and afterwards.
+void TestKitFileSettings::modelsMayBeAskedForAtAnyTime()
+{
+    for (const char* when : {"before", "announced", "told", "afterwards"}) {
+        FileSettings file(clip());
+        const QString moment = key(when);
+        QVector<int> seen;
+        const auto look = [&] {
+            seen.append(file.pictureModel()->data(key("wm_fontsize"), key("Watermark"), 0).toInt());
+            seen.append(file.soundModel()->data(key("audio_echo_delay"), key("Audio_Echo"), -1).toInt());
+        };
+        file.setValue(file.type(key("Audio_Echo")), key("audio_echo_delay"), 300);
+        const Identity text = file.insert(key("Watermark"), {{key("wm_textcontent"), QStringLiteral("Hello")}}).item;
+        if (moment == key("before"))
+            look();
+        connect(&file, &FileSettings::aboutToChange, this, [&] {
+            if (moment == key("announced"))
+                look();
+        });
+        connect(&file, &FileSettings::changed, this, [&] {
+            if (moment == key("told"))
+                look();
+        });
+        file.syncFromModels();
+        file.setValue(text, key("wm_fontsize"), 40);
+        look();
+        const bool isOldSeen = moment == key("before") || moment == key("announced");
+        QVector<int> expected{40, 300};
+        if (moment != key("afterwards"))
+            expected = QVector<int>{isOldSeen ? 22 : 40, 300} + expected;
+        QCOMPARE(seen, expected);
+        file.pictureModel()->setData(key("wm_fontsize"), 30, key("Watermark"), 0);
+        QCOMPARE(file.value(text, key("wm_fontsize")), QVariant(30));
+        QCOMPARE(file.items(key("Watermark")), QVector<Identity>({text}));
+    }
 }
 
 void TestKitFileSettings::directChangesAreTold()
