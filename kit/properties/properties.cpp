@@ -105,7 +105,7 @@ const QVector<FrameEffect> effects = {
     {"Cool", 16, T("More blue, less red.")},
     {"Fisheye", 17, T("Bends the picture as a very wide lens does.")},
     {"Glow", 18, T("Light spreads around what is bright.")},
-    {"Kaleidoscope", 19, T("The left upper quarter, mirrored to the right.")},
+    {"Kaleidoscope", 19, T("The left half, mirrored to the right.")},
     {"Grid", 20, T("Lines that divide the picture into eighths.")},
 };
 // clang-format on

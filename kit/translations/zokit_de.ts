@@ -560,8 +560,8 @@
         <translation>Licht breitet sich um das Helle aus.</translation>
     </message>
     <message>
-        <source>The left upper quarter, mirrored to the right.</source>
-        <translation>Das linke obere Viertel, nach rechts gespiegelt.</translation>
+        <source>The left half, mirrored to the right.</source>
+        <translation>Die linke Hälfte, nach rechts gespiegelt.</translation>
     </message>
     <message>
         <source>Lines that divide the picture into eighths.</source>
