@@ -9,6 +9,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QMetaEnum>
 #include <QSet>
 
 #include "things_p.h"
@@ -101,9 +102,23 @@ Changes changesFrom(const QJsonValue& json)
     return changes;
 }
 
+/// By name: the numbers move when a code comes in between.
+QString nameOf(Message::Code code)
+{
+    return QString::fromLatin1(QMetaEnum::fromType<Message::Code>().valueToKey(static_cast<int>(code)));
+}
+
+/// None for a name that another version gave.
+Message::Code codeFrom(const QString& name)
+{
+    bool isKnown = false;
+    const int code = QMetaEnum::fromType<Message::Code>().keyToValue(name.toLatin1().constData(), &isKnown);
+    return isKnown ? static_cast<Message::Code>(code) : Message::Code::None;
+}
+
 QJsonObject toJson(const Step& step, Changes& unkept)
 {
-    return {{codeMember, static_cast<int>(step.text.code())},
+    return {{codeMember, nameOf(step.text.code())},
             {wordsMember, QJsonArray::fromStringList(step.text.arguments())},
             {changesMember, toJson(step.changes, unkept)}};
 }
@@ -112,10 +127,9 @@ Step stepFrom(const QJsonValue& json)
 {
     const QJsonObject object = json.toObject();
     const QStringList words = object.value(wordsMember).toVariant().toStringList();
-    const int code = object.value(codeMember).toInt();
-    const bool isCode = code >= 0 && code <= static_cast<int>(Message::Code::Last);
-    return {isCode ? Message(static_cast<Message::Code>(code), words) : Message(),
-            changesFrom(object.value(changesMember))};
+    const Message::Code code = codeFrom(object.value(codeMember).toString());
+    const Message text = code == Message::Code::None ? Message() : Message(code, words);
+    return {text, changesFrom(object.value(changesMember))};
 }
 
 QJsonArray toJson(const QVector<Identity>& things)

@@ -5,6 +5,7 @@
 
 #include <QLocale>
 #include <QMetaType>
+#include <QObject>
 #include <QString>
 #include <QStringList>
 #include <QVector>
@@ -16,8 +17,11 @@ namespace zokit {
 /// A sentence for a person, as data: what is said, and the words that it is said of. The text is made when it is asked
 /// for, in the language of the moment: what, which, why, and what to do.
 class ZOKIT_EXPORT Message {
+    Q_GADGET
+
 public:
-    /// What is said. The texts stand in kit/text/message.cpp, one a code.
+    /// What is said. The texts stand in kit/text/message.cpp, one a code. Journals keep the names of the steps: a name
+    /// never gets another meaning.
     enum class Code {
         None, ///< Nothing is wrong.
         // Addresses and values
@@ -162,6 +166,7 @@ public:
         StepMany,  ///< 1: how many values.
         Last = StepMany
     };
+    Q_ENUM(Code)
 
     Message() = default;
     /// Says \a code of \a arguments, as the code's comment counts them.

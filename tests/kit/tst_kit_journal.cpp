@@ -49,6 +49,8 @@ private slots:
     void removedJournalIsMadeAgain();
     void largeJournalIsMadeAnew();
     void valueThatNoFileHoldsIsTold();
+    void stepsAreKeptByName_data();
+    void stepsAreKeptByName();
     void everyCutGivesWholeSteps();
     void everyDamageGivesWholeSteps();
     void whatIsNoJournalIsRefused_data();
@@ -555,6 +557,37 @@ void TestKitJournal::valueThatNoFileHoldsIsTold()
     QSignalSpy told(&later, &Journal::valueNotKept);
     QVERIFY(told.wait());
     QCOMPARE(told.size(), 1);
+}
+
+void TestKitJournal::stepsAreKeptByName_data()
+{
+    QTest::addColumn<QByteArray>("line");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("a name") << QByteArray(
+        R"(6b25fd9c {"step":{"changes":[],"code":"StepChange","words":["Contrast"]}})")
+                            << QStringLiteral("change Contrast");
+    QTest::newRow("a name of another version")
+        << QByteArray(R"(bf558ee6 {"step":{"changes":[],"code":"StepOfTomorrow","words":["Contrast"]}})") << QString();
+    QTest::newRow("a number") << QByteArray(R"(251515b3 {"step":{"changes":[],"code":7,"words":["Contrast"]}})")
+                              << QString();
+}
+
+void TestKitJournal::stepsAreKeptByName()
+{
+    QFETCH(QByteArray, line);
+    QFETCH(QString, text);
+    const QTemporaryDir folder;
+    const QByteArray beginning = R"(d65e3252 {"zoeffect-journal":1})";
+    Project project;
+    const Message error = Journal::recover(written(folder, beginning + '\n' + line + '\n'), project);
+    QVERIFY2(error.isEmpty(), qPrintable(error.text()));
+    QCOMPARE(project.history().count(), 1);
+    QCOMPARE(project.history().undoText().text(), text);
+    if (text.isEmpty())
+        return;
+    const QTemporaryDir anew;
+    Journal journal(project, anew.path());
+    QVERIFY(contentOf(journal.path()).contains(R"("code":"StepChange")"));
 }
 
 namespace {
