@@ -57,7 +57,7 @@ Message FileSettings::Private::become(const Settings& target, const Settings& pr
 
 Message FileSettings::Private::carryOut(const Changes& changes, QObject* asker)
 {
-    if (announcing)
+    if (announcing || refusing)
         return Message(Code::Busy);
     if (changes.isEmpty())
         return Message();

@@ -126,7 +126,7 @@ void History::Private::forgetOldest()
 
 void History::Private::moveTo(int count)
 {
-    if (gestures > 0)
+    if (gestures > 0 || replaying)
         return; // A step that is not whole can be neither undone nor passed.
     const int wanted = std::clamp(count, 0, static_cast<int>(steps.size()));
     if (wanted == position)

@@ -86,18 +86,40 @@ public:
     void remove(FileSettings* file);
     void sort(const QVariantList& wanted);
 
+    class Refusal;
+
     Project* q;
     std::shared_ptr<Identities> identities;
     std::vector<FileSettings*> files;      // Children of the project.
     QHash<Identity, FileSettings*> owners; // The file of each thing.
     std::unique_ptr<History> history;
     bool applying = false;
+    int refusals = 0; // Of those that live.
+};
+
+/// While one lives, the files refuse edits: what a listener sets in between would be in no step.
+class Project::Private::Refusal {
+public:
+    explicit Refusal(Private& ofProject) : m_project(ofProject) { add(1); }
+    ~Refusal() { add(-1); }
+    Q_DISABLE_COPY(Refusal)
+
+private:
+    void add(int count)
+    {
+        m_project.refusals += count;
+        for (FileSettings* file : m_project.files)
+            file->d->refusing = m_project.refusals > 0;
+    }
+
+    Private& m_project;
 };
 
 FileSettings* Project::Private::take(std::unique_ptr<FileSettings> file)
 {
     FileSettings* taken = file.release();
     taken->setParent(q);
+    taken->d->refusing = refusals > 0;
     files.push_back(taken);
     const auto pass = [this](void (Project::*signal)(const Changes&, QObject*)) {
         return [this, signal](const Changes& changes, QObject* asker) {
@@ -127,9 +149,12 @@ FileSettings* Project::Private::take(std::unique_ptr<FileSettings> file)
 void Project::Private::tell(const Changes& changes, QObject* asker, const std::function<void()>& carryOut)
 {
     emit q->aboutToChange(changes, asker);
-    applying = true;
-    carryOut();
-    applying = false;
+    {
+        const Refusal refusal(*this);
+        applying = true;
+        carryOut();
+        applying = false;
+    }
     emit q->changed(changes, asker);
 }
 
@@ -253,6 +278,8 @@ FileSettings* Project::add(const Settings& settings, QObject* asker)
 
 FileSettings* Project::addFile(std::unique_ptr<FileSettings> file, QObject* asker)
 {
+    if (d->refusals > 0)
+        return nullptr;
     QVariantList order = d->order();
     order.append(QVariant::fromValue(file->file()));
     Changes changes = fromNothing(file->everything());
@@ -267,7 +294,7 @@ FileSettings* Project::addFile(std::unique_ptr<FileSettings> file, QObject* aske
 
 void Project::remove(FileSettings* file, QObject* asker)
 {
-    if (!file || this->file(file->file()) != file)
+    if (d->refusals > 0 || !file || this->file(file->file()) != file)
         return;
     QVariantList order = d->order();
     order.removeAll(QVariant::fromValue(file->file()));
@@ -311,6 +338,8 @@ Values Project::savedValues(const QString& type) const
 
 Message Project::saveDefault(Identity thing, QObject* asker)
 {
+    if (d->refusals > 0)
+        return Message(Code::Busy);
     const FileSettings* file = fileOf(thing);
     const std::optional<Address> address = file ? file->address(thing, QString()) : std::nullopt;
     const Identity saved = address ? savedDefault(address->type) : 0;
@@ -328,6 +357,8 @@ Message Project::saveDefault(Identity thing, QObject* asker)
 
 Message Project::forgetDefault(const QString& type, QObject* asker)
 {
+    if (d->refusals > 0)
+        return Message(Code::Busy);
     const Identity saved = savedDefault(type);
     if (saved == 0)
         return Message(Code::UnknownType, {type, nearest(type, effectTypes())});
@@ -339,6 +370,7 @@ Message Project::forgetDefault(const QString& type, QObject* asker)
 
 void Project::apply(const Changes& changes, QObject* asker)
 {
+    const Private::Refusal refusal(*d); // Until everybody was told.
     d->tell(changes, asker, [&] {
         d->applyToDefaults(changes);
         d->applyToFiles(changes, asker);

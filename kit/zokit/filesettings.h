@@ -49,8 +49,9 @@ enum class State {
 /// of the picture when the frame changes; saving a default changes no value of an open file; an image keeps its
 /// transparency, and a text has 96 dots an inch.
 ///
-/// A refused call changes nothing, sends nothing and answers with the sentence that check() gives. All calls are for
-/// the thread of the object.
+/// A refused call changes nothing, sends nothing and answers with the sentence that check() gives. A listener may edit,
+/// but not before a change is made, and not while the history of the project undoes or redoes: that is refused as Busy.
+/// All calls are for the thread of the object.
 class ZOKIT_EXPORT FileSettings : public QObject {
     Q_OBJECT
 
@@ -178,7 +179,7 @@ Q_SIGNALS:
     void itemMoved(const QString& type, quint64 item, int from, int to);
 
 private:
-    friend class Project; // Which carries complete settings over to many files.
+    friend class Project; // Carries complete settings over to many files, and has files refuse what no step would hold.
 
     class ZOKIT_NO_EXPORT Private;
     std::unique_ptr<Private> d;

@@ -31,7 +31,8 @@ struct ZOKIT_EXPORT HistoryState {
 };
 
 /// Undo and redo of everything in a project. Each operation is a step; between beginGesture() and endGesture() all are
-/// one, however many, whatever the time. Undoing sets the values from before, redoing those from after: exactly.
+/// one, however many, whatever the time. Undoing sets the values from before, redoing those from after: exactly. Until
+/// that is done, files and project refuse edits as Busy, and undo(), redo() and goTo() do nothing.
 class ZOKIT_EXPORT History : public QObject {
     Q_OBJECT
 

@@ -20,6 +20,9 @@ class History;
 
 /// The files that are open together, with one history. Files and saved defaults are values like all others, so adding
 /// and removing a file and saving a default can be undone, too.
+///
+/// While it carries out a change of many (undo, redo, apply(), a file that comes or goes) its files and itself refuse
+/// edits of listeners as Busy: the history would not hold them.
 class ZOKIT_EXPORT Project : public QObject {
     Q_OBJECT
 
@@ -39,10 +42,12 @@ public:
     /// The file that \a thing belongs to; null when there is none.
     FileSettings* fileOf(Identity thing) const;
     /// Adds a new file for a clip: the saved defaults act. The project owns it.
+    /// Null while the history undoes or redoes.
     FileSettings* add(const Media& media, QObject* asker = nullptr);
-    /// Adds a file with exactly these settings. The project owns it.
+    /// Adds a file with exactly these settings. The project owns it. Null while the history undoes or redoes.
     FileSettings* add(const Settings& settings, QObject* asker = nullptr);
-    /// Removes \a file, which is deleted when the event loop is back. Of another project: nothing.
+    /// Removes \a file, which is deleted when the event loop is back. Of another project, or while the history
+    /// undoes or redoes: nothing.
     void remove(FileSettings* file, QObject* asker = nullptr);
     /// @}
 
@@ -79,7 +84,7 @@ Q_SIGNALS:
     void aboutToChange(const zokit::Changes& changes, QObject* asker);
     /// As FileSettings::changed(), for all of them.
     void changed(const zokit::Changes& changes, QObject* asker);
-    /// A file came: added, or back by undo.
+    /// A file came: added, or back by undo. It can be edited when changed() was sent.
     void fileAdded(zokit::FileSettings* file);
     /// A file goes; it is still whole.
     void fileAboutToBeRemoved(zokit::FileSettings* file);

@@ -42,6 +42,9 @@ private slots:
     void filesComeAndGo();
     void savedDefaultsComeAndGo();
     void directChangeOfAModelIsAStep();
+    void listenerCannotEditWhileAStepIsReplayed_data();
+    void listenerCannotEditWhileAStepIsReplayed();
+    void fileThatComesCannotBeEditedBeforeItIsThere();
     void undoAllIsExact();
 };
 
@@ -318,6 +321,85 @@ void TestKitHistory::directChangeOfAModelIsAStep()
     QCOMPARE(project.history().count(), 2);
     project.history().undo();
     QCOMPARE(file->pictureModel()->data(key("bcs_contrast"), key("Color"), -1), QVariant(0));
+}
+
+namespace {
+
+/// What a history carries out by itself, of a project whose one file has the contrast 9 by its second step.
+struct Replay {
+    const char* name;
+    void (*prepare)(History& history, FileSettings& file);
+    void (*carryOut)(History& history);
+    int contrast; ///< Afterwards.
+};
+
+const Replay replays[] = {
+    {"undo", [](History&, FileSettings&) {}, [](History& history) { history.undo(); }, 0},
+    {"redo", [](History& history, FileSettings&) { history.undo(); }, [](History& history) { history.redo(); }, 9},
+    {"a gesture that is cancelled",
+     [](History& history, FileSettings& file) {
+         history.beginGesture(zokit::Message());
+         file.setValue(file.type(key("Color")), key("bcs_contrast"), 20);
+     },
+     [](History& history) { history.cancelGesture(); }, 9},
+};
+
+} // namespace
+
+void TestKitHistory::listenerCannotEditWhileAStepIsReplayed_data()
+{
+    QTest::addColumn<int>("row");
+    int row = 0;
+    for (const Replay& replay : replays)
+        QTest::newRow(replay.name) << row++;
+}
+
+void TestKitHistory::listenerCannotEditWhileAStepIsReplayed()
+{
+    QFETCH(int, row);
+    const Replay& replay = replays[row];
+    Project project;
+    FileSettings* file = project.add(clip());
+    const Identity color = file->type(key("Color"));
+    file->setValue(color, key("bcs_contrast"), 9);
+    replay.prepare(project.history(), *file);
+    QVector<Code> answers;
+    const auto edit = [&] {
+        answers << file->setValue(color, key("bcs_saturation"), 5).code() << project.saveDefault(color).code()
+                << project.forgetDefault(key("Color")).code();
+        QVERIFY(!project.add(clip()));
+        project.remove(file);
+        project.history().undo();
+    };
+    connect(&project, &Project::aboutToChange, this, edit);
+    connect(file, &FileSettings::aboutToChange, this, edit);
+    connect(file, &FileSettings::changed, this, edit);
+    connect(&project, &Project::changed, this, edit);
+    replay.carryOut(project.history());
+    QCOMPARE(answers, QVector<Code>(12, Code::Busy));
+    QCOMPARE(project.files().size(), 1);
+    QCOMPARE(file->value(color, key("bcs_contrast")), QVariant(replay.contrast));
+    QCOMPARE(file->value(color, key("bcs_saturation")), QVariant(0));
+    project.disconnect(this);
+    file->disconnect(this);
+    QVERIFY(file->setValue(color, key("bcs_saturation"), 6).isEmpty());
+    QCOMPARE(project.history().position(), project.history().count());
+    const QByteArray after = stateOf(project);
+    project.history().goTo(0);
+    project.history().goTo(project.history().count());
+    QCOMPARE(stateOf(project), after);
+}
+
+void TestKitHistory::fileThatComesCannotBeEditedBeforeItIsThere()
+{
+    Project project;
+    Code answer = Code::None;
+    connect(&project, &Project::fileAdded, this, [&](FileSettings* file) {
+        answer = file->setValue(file->type(key("Color")), key("bcs_contrast"), 5).code();
+    });
+    const FileSettings* file = project.add(clip());
+    QCOMPARE(answer, Code::Busy);
+    QCOMPARE(file->value(file->type(key("Color")), key("bcs_contrast")), QVariant(0));
 }
 
 /// Random sessions: after each, undoing everything gives the state at its beginning, byte by byte, redoing everything
