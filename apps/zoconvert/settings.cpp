@@ -101,8 +101,14 @@ int settings(const Invocation& invocation)
     if (invocation.has("output")) {
         code = writeFiles(inputs, invocation);
     } else {
-        for (const Input& input : inputs)
-            console::print(zokit::writeSettings(input.settings->settings(), QString()));
+        for (const Input& input : inputs) {
+            zokit::Message error;
+            console::print(zokit::writeSettings(input.settings->settings(), QString(), &error));
+            if (error.isEmpty())
+                continue;
+            console::error(error.text());
+            code = Failed;
+        }
     }
     return code == Done && failures > 0 ? Partly : code;
 }

@@ -225,7 +225,12 @@ ApplyPlan planApply(const Settings& from, const QStringList& names, const CarryO
         const Settings result = completed(carriedOver(from, *read.settings, carry));
         target.differences = differences(*read.settings, result);
         target.before = *text;
-        target.after = target.differences.isEmpty() ? *text : writeSettings(result, folder);
+        Message unwritten;
+        target.after = target.differences.isEmpty() ? *text : writeSettings(result, folder, &unwritten);
+        if (!unwritten.isEmpty()) {
+            plan.error = Message(Code::InFile, {name, unwritten.text()});
+            break;
+        }
         plan.targets.append(target);
     }
     if (!plan.error.isEmpty())

@@ -66,14 +66,17 @@ QByteArray block(char open, const QVector<QByteArray>& lines, char close)
 
 } // namespace
 
+Message beyondBounds(const QByteArray& json)
+{
+    if (json.size() > largestFile)
+        return Message(Code::FileTooLarge);
+    return depthOf(json) > deepest ? Message(Code::FileTooDeep, {QString::number(deepest)}) : Message();
+}
+
 std::optional<QJsonObject> object(const QByteArray& json, Message* error)
 {
-    if (json.size() > largestFile) {
-        *error = Message(Code::FileTooLarge);
-        return std::nullopt;
-    }
-    if (depthOf(json) > deepest) {
-        *error = Message(Code::FileTooDeep, {QString::number(deepest)});
+    if (const Message refused = beyondBounds(json); !refused.isEmpty()) {
+        *error = refused;
         return std::nullopt;
     }
     QJsonParseError syntax{};

@@ -19,6 +19,9 @@ namespace zokit::jsontext {
 constexpr qint64 largestFile = qint64(16) * 1024 * 1024;
 constexpr int deepest = 32;
 
+/// Why a text is refused as a file before it is looked at any closer: it is larger or nests deeper than a file may.
+Message beyondBounds(const QByteArray& json);
+
 /// The object that \a json is; nothing, and \a error with line and column, when it is none, is larger than the largest
 /// file, or nests deeper.
 std::optional<QJsonObject> object(const QByteArray& json, Message* error);

@@ -126,8 +126,12 @@ Message Presets::save(const QString& name, const Settings& preset, bool replace)
         return Message(Code::PresetName);
     if (!replace && QFile::exists(path(name)))
         return Message(Code::PresetExists, {name});
+    Message error;
+    const QByteArray text = writePreset(preset, m_folder, &error);
+    if (!error.isEmpty())
+        return Message(Code::InFile, {name, error.text()});
     QDir().mkpath(m_folder);
-    return jsontext::save(path(name), writePreset(preset, m_folder));
+    return jsontext::save(path(name), text);
 }
 
 Message Presets::remove(const QString& name) const
@@ -187,7 +191,9 @@ Message Presets::exportTo(const QString& name, const QString& file, bool replace
         return loaded.error;
     if (!replace && QFile::exists(file))
         return Message(Code::FileExists, {file});
-    return jsontext::save(file, writePreset(loaded.preset, QFileInfo(file).absolutePath()));
+    Message error;
+    const QByteArray text = writePreset(loaded.preset, QFileInfo(file).absolutePath(), &error);
+    return error.isEmpty() ? jsontext::save(file, text) : Message(Code::InFile, {file, error.text()});
 }
 
 Settings presetFrom(const Settings& settings, const QStringList& what)

@@ -31,14 +31,16 @@ ReadSettings readPreset(const QByteArray& json, const QString& folder)
     return read(json, folder, true);
 }
 
-QByteArray writeSettings(const Settings& settings, const QString& folder)
+QByteArray writeSettings(const Settings& settings, const QString& folder, Message* error)
 {
-    return form::write(settings, folder, false);
+    Message unsaid;
+    return form::write(settings, folder, false, error ? *error : unsaid);
 }
 
-QByteArray writePreset(const Settings& preset, const QString& folder)
+QByteArray writePreset(const Settings& preset, const QString& folder, Message* error)
 {
-    return form::write(preset, folder, true);
+    Message unsaid;
+    return form::write(preset, folder, true, error ? *error : unsaid);
 }
 
 ReadSettings loadSettings(const QString& path)
@@ -57,7 +59,9 @@ ReadSettings loadSettings(const QString& path)
 
 Message saveSettings(const Settings& settings, const QString& path)
 {
-    return jsontext::save(path, writeSettings(settings, QFileInfo(path).absolutePath()));
+    Message error;
+    const QByteArray text = writeSettings(settings, QFileInfo(path).absolutePath(), &error);
+    return error.isEmpty() ? jsontext::save(path, text) : Message(Message::Code::InFile, {path, error.text()});
 }
 
 } // namespace zokit

@@ -38,6 +38,7 @@ bool mayLieBeyondBounds(const Property& property);
 
 /// Reads what stands in \a root, a file of \a folder; a preset or settings.
 ReadSettings read(const QJsonObject& root, const QString& folder, bool preset);
-QByteArray write(const Settings& settings, const QString& folder, bool preset);
+/// Empty, with \a error saying why, when it could not be read again.
+QByteArray write(const Settings& settings, const QString& folder, bool preset, Message& error);
 
 } // namespace zokit::form

@@ -3,9 +3,14 @@
 
 #include "settingsform_p.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include <QColor>
 #include <QDir>
 #include <QFont>
+
+#include <zokit/address.h>
 
 #include "jsontext_p.h"
 #include "names_p.h"
@@ -36,21 +41,54 @@ QVariant modelValue(const Property& property)
 
 namespace {
 
+/// Whether a member without a type's name can be \a value: JSON as it is.
+bool isPlain(const QVariant& value)
+{
+    switch (value.userType()) {
+    case QMetaType::UnknownType:
+    case QMetaType::Nullptr:
+    case QMetaType::Bool:
+    case QMetaType::Int:
+    case QMetaType::LongLong: // A whole number as Qt 6 reads it.
+        return true;
+    case QMetaType::Double:
+        return std::isfinite(value.toDouble());
+    case QMetaType::QString:
+        return value.toString().isValidUtf16();
+    case QMetaType::QStringList:
+    case QMetaType::QVariantList: {
+        const QVariantList list = value.toList();
+        return std::all_of(list.cbegin(), list.cend(), isPlain);
+    }
+    case QMetaType::QVariantMap: {
+        const QVariantMap map = value.toMap();
+        return std::all_of(map.cbegin(), map.cend(), isPlain);
+    }
+    default:
+        return false;
+    }
+}
+
 /// Writes the members of one file, in the order in which a person reads them.
 class Writer {
 public:
     Writer(const QString& folder, bool preset) : m_folder(folder), m_isPreset(preset) {}
 
-    QByteArray write(const Settings& settings) const;
+    QByteArray write(const Settings& settings);
+    /// What cannot be written, the first of it.
+    Message error() const { return m_error; }
 
 private:
     QJsonValue path(const QString& file) const;
-    jsontext::Members values(const Values& values, const QString& type) const;
-    QByteArray item(const Item& item, const QString& type) const;
-    QByteArray type(const TypeSettings& type) const;
+    void refuse(const QString& address);
+    jsontext::Members values(const Values& values, const QString& type, int pos);
+    QByteArray plain(const Values& values, const QString& where);
+    QByteArray item(const Item& item, const QString& type, int pos);
+    QByteArray type(const TypeSettings& type);
 
     QString m_folder;
     bool m_isPreset;
+    Message m_error;
 };
 
 QJsonValue Writer::path(const QString& file) const
@@ -60,7 +98,23 @@ QJsonValue Writer::path(const QString& file) const
     return below ? inside : file;
 }
 
-jsontext::Members Writer::values(const Values& values, const QString& type) const
+void Writer::refuse(const QString& address)
+{
+    if (m_error.isEmpty())
+        m_error = Message(Message::Code::NotForAFile, {address});
+}
+
+/// Values that stand in a file without the names of their types.
+QByteArray Writer::plain(const Values& values, const QString& where)
+{
+    for (auto it = values.cbegin(); it != values.cend(); ++it) {
+        if (!isPlain(it.value()))
+            refuse(where + QLatin1Char(':') + it.key());
+    }
+    return jsontext::compact(QJsonObject::fromVariantMap(values));
+}
+
+jsontext::Members Writer::values(const Values& values, const QString& type, int pos)
 {
     jsontext::Members members;
     for (auto it = values.cbegin(); it != values.cend(); ++it) {
@@ -70,40 +124,42 @@ jsontext::Members Writer::values(const Values& values, const QString& type) cons
             json = path(it.value().toString());
         if (json)
             members.append({it.key(), jsontext::compact(*json)});
+        else
+            refuse(Address{type, pos, it.key()}.toString());
     }
     return members;
 }
 
-QByteArray Writer::item(const Item& item, const QString& type) const
+QByteArray Writer::item(const Item& item, const QString& type, int pos)
 {
     jsontext::Members members;
     if (!item.name.isEmpty())
         members.append({nameMember, jsontext::compact(item.name)});
     members.append({selectedMember, jsontext::compact(item.selected)});
-    members.append({valuesMember, jsontext::object(values(item.values, type))});
+    members.append({valuesMember, jsontext::object(values(item.values, type, pos))});
     if (!item.anchor.isEmpty())
-        members.append({anchorMember, jsontext::compact(QJsonObject::fromVariantMap(item.anchor))});
+        members.append({anchorMember, plain(item.anchor, Address{type, pos, anchorMember}.toString())});
     jsontext::append(members, item.foreign);
     return jsontext::object(members);
 }
 
-QByteArray Writer::type(const TypeSettings& type) const
+QByteArray Writer::type(const TypeSettings& type)
 {
     jsontext::Members members;
     members.append({typeMember, jsontext::compact(type.type)});
     members.append({selectedMember, jsontext::compact(type.selected)});
-    members.append({valuesMember, jsontext::object(values(type.values, type.type))});
+    members.append({valuesMember, jsontext::object(values(type.values, type.type, Address::ofType))});
     if (hasItems(type.type)) {
         QVector<QByteArray> items;
-        for (const Item& one : type.items)
-            items.append(item(one, type.type));
+        for (int pos = 0; pos < type.items.size(); ++pos)
+            items.append(item(type.items.at(pos), type.type, pos));
         members.append({itemsMember, jsontext::array(items)});
     }
     jsontext::append(members, type.foreign);
     return jsontext::object(members);
 }
 
-QByteArray Writer::write(const Settings& settings) const
+QByteArray Writer::write(const Settings& settings)
 {
     const QString frameMember = m_isPreset ? baseMember : mediaMember;
     QJsonObject foreign = settings.foreign;
@@ -112,6 +168,8 @@ QByteArray Writer::write(const Settings& settings) const
         frame.append({QStringLiteral("file"), jsontext::compact(path(settings.media.file))});
     frame.append({QStringLiteral("width"), jsontext::compact(settings.media.frame.width())});
     frame.append({QStringLiteral("height"), jsontext::compact(settings.media.frame.height())});
+    if (!m_isPreset && !std::isfinite(settings.media.seconds))
+        refuse(QStringLiteral("media:seconds"));
     if (!m_isPreset)
         frame.append({QStringLiteral("seconds"), jsontext::compact(settings.media.seconds)});
     jsontext::append(frame, foreign.take(frameMember).toObject());
@@ -124,21 +182,24 @@ QByteArray Writer::write(const Settings& settings) const
         types.append(type(one));
     members.append({effectsMember, jsontext::array(types)});
     if (!settings.tracks.isEmpty())
-        members.append({tracksMember, jsontext::compact(QJsonObject::fromVariantMap(settings.tracks))});
+        members.append({tracksMember, plain(settings.tracks, types::tracks)});
     Values output = settings.output;
     if (m_isPreset)
         output.remove(keys::trim);
     if (!output.isEmpty())
-        members.append({outputMember, jsontext::compact(QJsonObject::fromVariantMap(output))});
+        members.append({outputMember, plain(output, types::output)});
     jsontext::append(members, foreign);
     return jsontext::object(members) + '\n';
 }
 
 } // namespace
 
-QByteArray write(const Settings& settings, const QString& folder, bool preset)
+QByteArray write(const Settings& settings, const QString& folder, bool preset, Message& error)
 {
-    return Writer(folder, preset).write(settings);
+    Writer writer(folder, preset);
+    const QByteArray text = writer.write(settings);
+    error = writer.error().isEmpty() ? jsontext::beyondBounds(text) : writer.error();
+    return error.isEmpty() ? text : QByteArray();
 }
 
 } // namespace zokit::form

@@ -90,6 +90,7 @@ constexpr Text texts[] = {
     {Code::NotKept, QT_TRANSLATE_NOOP("zokit", "%1 is not kept with the settings. Give it with each run.")},
     {Code::NotAmong,         QT_TRANSLATE_NOOP("zokit", "There is no %1 to be carried over. There is %2.")},
     {Code::NothingToSave,    QT_TRANSLATE_NOOP("zokit", "Of %1 nothing can be saved as a default. Choose one of its items.")},
+    {Code::NotForAFile,      QT_TRANSLATE_NOOP("zokit", "%1: no settings file can hold this value. Set another one.")},
     {Code::ToolMissing,       QT_TRANSLATE_NOOP("zokit", "%1 is missing. Install the package %2, or name its folder by ZOEFFECT_FFMPEG.")},
     {Code::ToolNotInFolder,   QT_TRANSLATE_NOOP("zokit", "%1 is not in %2, the folder that ZOEFFECT_FFMPEG names. Correct it, or leave it unset.")},
     {Code::ChildNotStarted,   QT_TRANSLATE_NOOP("zokit", "%1 could not be started: %2. Check that it is installed and may be run.")},

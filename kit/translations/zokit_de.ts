@@ -1384,6 +1384,10 @@
         <translation>Von %1 lässt sich kein Standard speichern. Wählen Sie eins seiner Elemente.</translation>
     </message>
     <message>
+        <source>%1: no settings file can hold this value. Set another one.</source>
+        <translation>%1: Diesen Wert kann keine Einstellungsdatei halten. Setzen Sie einen anderen.</translation>
+    </message>
+    <message>
         <source>change %1</source>
         <translation>%1 ändern</translation>
     </message>

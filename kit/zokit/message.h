@@ -91,6 +91,7 @@ public:
         NotKept,       ///< 1: the option, which is said for each run anew.
         NotAmong,      ///< 1: the type, 2: what there is.
         NothingToSave, ///< 1: the type, of which nothing can be saved as a default.
+        NotForAFile,   ///< 1: the address, whose value no settings file can hold.
         // Media
         ToolMissing,     ///< 1: the program, 2: its package.
         ToolNotInFolder, ///< 1: the program, 2: the folder that was named.

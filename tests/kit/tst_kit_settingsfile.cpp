@@ -3,6 +3,7 @@
 
 #include <QColor>
 #include <QFont>
+#include <QImage>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -28,6 +29,8 @@ private slots:
     void whatIsMissingHasTheCataloguesDefault();
     void everyValueComesBack_data();
     void everyValueComesBack();
+    void whatNoFileHoldsIsRefused_data();
+    void whatNoFileHoldsIsRefused();
     void whatOthersWroteIsKept();
     void refusedFileNamesThePlace_data();
     void refusedFileNamesThePlace();
@@ -133,6 +136,92 @@ void TestKitSettingsFile::everyValueComesBack()
     QVERIFY2(again.settings, qPrintable(again.error.text()));
     QVERIFY(*again.settings == settings);
     QCOMPARE(zokit::writeSettings(*again.settings, QString()), text);
+}
+
+namespace {
+
+/// Puts something into settings that no file can hold.
+struct Unwritable {
+    const char* name;
+    void (*put)(Settings& settings);
+    const char* sentence;
+};
+
+const Unwritable unwritables[] = {
+    {"a picture as a type's value",
+     [](Settings& settings) {
+         settings.find(key("Color"))->values.insert(key("x-picture"), QImage(1, 1, QImage::Format_RGB32));
+     },
+     "Color:x-picture: no settings file can hold this value. Set another one."},
+    {"a picture as an item's value",
+     [](Settings& settings) {
+         settings.find(key("Watermark"))->items[0].values.insert(key("x-a"), QImage(1, 1, QImage::Format_RGB32));
+     },
+     "Watermark:0:x-a: no settings file can hold this value. Set another one."},
+    {"maps too deep",
+     [](Settings& settings) {
+         QVariant deep = 1;
+         for (int depth = 0; depth < 33; ++depth)
+             deep = QVariantList{deep};
+         settings.find(key("Color"))->values.insert(key("x-deep"), deep);
+     },
+     "Color:x-deep: no settings file can hold this value. Set another one."},
+    {"an anchor's member",
+     [](Settings& settings) { settings.find(key("Watermark"))->items[0].anchor.insert(key("x-a"), QColor(1, 2, 3)); },
+     "Watermark:0:anchor:x-a: no settings file can hold this value. Set another one."},
+    {"half a letter in an option",
+     [](Settings& settings) { settings.output.insert(key("container"), QString(QChar(0xd800))); },
+     "Output:container: no settings file can hold this value. Set another one."},
+    {"an endless part",
+     [](Settings& settings) {
+         settings.output.insert(key("trim"), QVariantList{0.0, qInf()});
+     },
+     "Output:trim: no settings file can hold this value. Set another one."},
+    {"a colour in a rule", [](Settings& settings) { settings.tracks.insert(key("audio-language"), QColor(1, 2, 3)); },
+     "Tracks:audio-language: no settings file can hold this value. Set another one."},
+    {"an endless clip", [](Settings& settings) { settings.media.seconds = qInf(); },
+     "media:seconds: no settings file can hold this value. Set another one."},
+    {"more than a file may have",
+     [](Settings& settings) {
+         for (int i = 0; i < 17; ++i)
+             settings.find(key("Color"))
+                 ->values.insert(QStringLiteral("x-%1").arg(i), QString(1024 * 1024, QLatin1Char('a')));
+     },
+     "A settings file has at most 16 MB."},
+};
+
+} // namespace
+
+void TestKitSettingsFile::whatNoFileHoldsIsRefused_data()
+{
+    QTest::addColumn<int>("row");
+    int row = 0;
+    for (const Unwritable& unwritable : unwritables)
+        QTest::newRow(unwritable.name) << row++;
+}
+
+void TestKitSettingsFile::whatNoFileHoldsIsRefused()
+{
+    QFETCH(int, row);
+    const Unwritable& unwritable = unwritables[row];
+    const QString sentence = QString::fromLatin1(unwritable.sentence);
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("a.zoeffect.json"));
+    Settings settings = *zokit::readSettings(handWritten, folder.path()).settings;
+    QVERIFY(zokit::saveSettings(settings, path).isEmpty());
+    const Settings before = settings;
+    unwritable.put(settings);
+    zokit::Message error;
+    QCOMPARE(zokit::writeSettings(settings, QString(), &error), QByteArray());
+    QCOMPARE(error.text(), sentence);
+    QCOMPARE(zokit::saveSettings(settings, path).text(), path + QStringLiteral(": ") + sentence);
+    QVERIFY(*zokit::loadSettings(path).settings == before);
+    if (row >= 2)
+        return; // Of a preset by its name alone the same writer is asked.
+    const zokit::Presets presets(folder.filePath(QStringLiteral("presets")));
+    QCOMPARE(presets.save(QStringLiteral("Corner"), zokit::presetFrom(settings, {})).text(),
+             QStringLiteral("Corner: ") + sentence);
+    QVERIFY(presets.names().isEmpty());
 }
 
 void TestKitSettingsFile::whatOthersWroteIsKept()
