@@ -2,13 +2,13 @@
 # SPDX-FileCopyrightText: 2026 The libzoeffect developers
 # SPDX-License-Identifier: MIT
 
-# Changes the library in many small ways and lets the tests find each. See usage below.
+# Changes the library, or the kit, in many small ways and lets the tests find each. See usage below.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/../.."
 
 usage() {
     cat <<'TEXT'
-usage: scripts/proofs/mutants.sh [--new] [--resume] [--update] [--minutes M] [N [FILE...]]
+usage: scripts/proofs/mutants.sh [--kit] [--new] [--resume] [--update] [--minutes M] [N [FILE...]]
 
 Makes N mutants of the library (800 by default) and runs the fast tests on each, until one fails. A mutant
 is the library with one small change: a condition turned, a constant changed, a call or a signal left out, two
@@ -16,6 +16,7 @@ arguments swapped, a result one too large. One that no test finds must be explai
 tests/mutants/survivors.txt, and at least 97 % must be found; those explained as equivalent, since they do
 what the library does, do not count for that.
 
+  --kit        mutants of the kit instead, with the kit's tests, in build/mutants-kit; tests/mutants/survivors-kit.txt
   --new        leave out the mutants that are listed as survivors
   --resume     go on with the last run, which was stopped; of the same tree only
   --minutes M  start no mutant after so many minutes
@@ -34,7 +35,7 @@ for argument in "$@"; do
         usage
         exit 0
         ;;
-    --new | --resume | --update | --minutes) ;;
+    --kit | --new | --resume | --update | --minutes) ;;
     -*)
         usage >&2
         exit 2

@@ -1,7 +1,7 @@
 # SPDX-FileCopyrightText: 2026 The libzoeffect developers
 # SPDX-License-Identifier: MIT
 
-"""Makes mutants of the library and lets the tests find them. Started by scripts/proofs/mutants.sh."""
+"""Makes mutants of the library, or of the kit, and lets the tests find them. Started by scripts/proofs/mutants.sh."""
 
 import argparse
 import concurrent.futures
@@ -23,13 +23,16 @@ from schema import Schema
 from syntax import Finder, named
 
 ROOT = os.path.realpath(os.path.join(os.path.dirname(__file__), "..", ".."))
-FOLDERS = ["catalogue", "defaults", "log", "model", "platform", "values"]
+KIT = "--kit" in sys.argv  # Instead of the library below it.
+LIBRARY = ["catalogue", "defaults", "log", "model", "platform", "values"]
+FOLDERS = ["kit"] if KIT else LIBRARY
 MIRRORED = ["CMakeLists.txt", "cmake", "tests/CMakeLists.txt", "tests/internal", "tests/support"]
-WORK = os.path.join(ROOT, "build", "mutants")
+MIRRORED += [*LIBRARY, "tests/kit", "docs/mapping.md"] if KIT else []
+WORK = os.path.join(ROOT, "build", "mutants-kit" if KIT else "mutants")
 TREE = os.path.join(WORK, "tree")
 BUILD = os.path.join(WORK, "build")
 SCRATCH = os.path.join(WORK, "scratch")
-SURVIVORS = os.path.join(ROOT, "tests", "mutants", "survivors.txt")
+SURVIVORS = os.path.join(ROOT, "tests", "mutants", "survivors-kit.txt" if KIT else "survivors.txt")
 RESULTS = os.path.join(WORK, "results.txt")
 TRIED = os.path.join(WORK, "tried.json")  # A line for each mutant that was tried, after one for the tree.
 
@@ -45,8 +48,12 @@ STEP = 50  # A line of progress after so many mutants.
 SPARE_CPU_SECONDS = 3
 SPARE_SECONDS = 20
 SLOWNESS = 5
+STEPS_OF_RANDOM_TESTS = "1000"  # Of the kit; those of the library are short.
 MEMORY_KIB = 6 << 20
 FILE_BLOCKS = 1 << 19
+
+
+FIXED = {"QT_QPA_PLATFORM": "offscreen", "ZOKIT_STEPS": STEPS_OF_RANDOM_TESTS}
 
 
 # --- The copy of the tree that is mutated
@@ -124,6 +131,7 @@ def configure():
     command += [f"-DCMAKE_CXX_FLAGS={flags}", "-DCMAKE_EXPORT_COMPILE_COMMANDS=ON", "-DZOEFFECT_QT_MAJOR=5"]
     command += ["-DZOEFFECT_BUILD_TESTS=ON", "-DZOEFFECT_BUILD_HOST=OFF", "-DZOEFFECT_WARNINGS_AS_ERRORS=OFF"]
     command += ["-DZOEFFECT_TEST_PACKAGE=OFF", "-DZOEFFECT_TEST_SOURCES=OFF", "-DZOEFFECT_TEST_PROOFS=OFF"]
+    command += [f"-DZOEFFECT_BUILD_KIT={'ON' if KIT else 'OFF'}", "-DZOEFFECT_BUILD_PROGRAMS=OFF"]
     command += ["-DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON"]  # They would have to come before mutant.h.
     run_quietly(command)
 
@@ -172,7 +180,7 @@ def sample(mutants, count):
     for mutant in ranked:
         per_file[mutant.path] = per_file.get(mutant.path, 0) + 1
         (chosen if per_file[mutant.path] <= FEWEST_PER_FILE else rest).append(mutant)
-    chosen += rest[: max(0, count - len(chosen))]
+    chosen = (chosen + rest)[:count]
     return sorted(chosen, key=lambda m: (m.path, m.edits[0].start, m.edits[0].end, m.edits[0].alternative))
 
 
@@ -188,7 +196,8 @@ def build(sources, mutants):
         for name in sorted(sources):
             schemas[name] = Schema(sources[name], [m for m in left if m.path == name])
             write_if_changed(os.path.join(TREE, name), schemas[name].text)
-        command = ["cmake", "--build", BUILD, "--", "-k", "0"]
+        targets = ["--target", *(test["name"] for test in listed_tests())] if KIT else []
+        command = ["cmake", "--build", BUILD, *targets, "--", "-k", "0"]
         done = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
         if done.returncode == 0:
             return left
@@ -237,12 +246,17 @@ class Program:
         return self.seconds * (self.tried.get(path, 0) + 1) / killed
 
 
-def programs():
+def listed_tests():
     listing = subprocess.run(
         ["ctest", "--test-dir", BUILD, "--show-only=json-v1"], stdout=subprocess.PIPE, check=True, text=True
     )
+    tests = json.loads(listing.stdout)["tests"]
+    return [t for t in tests if not KIT or t["name"].startswith(("tst_kit_", "tst_regressions"))]
+
+
+def programs():
     found = []
-    for test in json.loads(listing.stdout)["tests"]:
+    for test in listed_tests():
         folder = next(p["value"] for p in test["properties"] if p["name"] == "WORKING_DIRECTORY")
         found.append(Program(test["name"], test["command"][0], folder))
     return found
@@ -265,7 +279,7 @@ def run_program(program, environment):
     process = subprocess.Popen(
         ["bash", "-c", limits, program.command],
         cwd=scratch,
-        env=dict(os.environ, TMPDIR=scratch, HOME=scratch, QT_QPA_PLATFORM="offscreen", **environment),
+        env=dict(os.environ, TMPDIR=scratch, HOME=scratch, **FIXED, **environment),
         stdin=subprocess.DEVNULL,
         stdout=subprocess.PIPE,
         stderr=subprocess.STDOUT,
@@ -345,7 +359,7 @@ def tree_name():
         done = subprocess.run(["git", "-C", ROOT, *words], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
         return done.stdout.strip()
 
-    changes = git("diff", "HEAD", "--", *FOLDERS, "tests", ":!tests/mutants/survivors.txt")
+    changes = git("diff", "HEAD", "--", *FOLDERS, "tests", f":!{os.path.relpath(SURVIVORS, ROOT)}")
     commit = (git("rev-parse", "--short", "HEAD") or "unknown") + ("+" if changes else "")
     trees = [git("rev-parse", f"HEAD:{folder}") for folder in FOLDERS]
     return f"{datetime.date.today()}, commit {commit}", hashlib.sha1("\n".join(trees + [changes]).encode()).hexdigest()
@@ -481,6 +495,7 @@ def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("count", nargs="?", type=int, default=DEFAULT_COUNT)
     parser.add_argument("files", nargs="*")
+    parser.add_argument("--kit", action="store_true")
     parser.add_argument("--new", action="store_true")
     parser.add_argument("--resume", action="store_true")
     parser.add_argument("--update", action="store_true")
