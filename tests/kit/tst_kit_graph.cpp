@@ -11,6 +11,7 @@
 #include <zokit/properties.h>
 
 #include "graphsupport.h"
+#include "testapplication.h"
 
 using graphsupport::append;
 using graphsupport::clip;
@@ -501,5 +502,5 @@ void TestKitGraph::clipWithoutPictureHasNoGraph()
     QVERIFY(zokit::sourceGraph(plain(hd), song).text.isEmpty());
 }
 
-QTEST_MAIN(TestKitGraph)
+ZOEFFECT_TEST_MAIN(TestKitGraph)
 #include "tst_kit_graph.moc"

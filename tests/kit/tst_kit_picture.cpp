@@ -16,6 +16,7 @@
 
 #include "graphsupport.h"
 #include "kitsupport.h"
+#include "testapplication.h"
 
 using graphsupport::append;
 using graphsupport::clip;
@@ -557,5 +558,5 @@ void TestKitPicture::hdrIsMapped()
     QCOMPARE(mapped.at(1, 40, 30), 128);
 }
 
-QTEST_MAIN(TestKitPicture)
+ZOEFFECT_TEST_MAIN(TestKitPicture)
 #include "tst_kit_picture.moc"

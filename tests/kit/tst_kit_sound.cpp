@@ -13,6 +13,7 @@
 #include <zokit/soundgraph.h>
 
 #include "graphsupport.h"
+#include "testapplication.h"
 
 using graphsupport::ffmpeg;
 using graphsupport::plain;
@@ -458,5 +459,5 @@ void TestKitSound::speedChangesTheLength()
     QVERIFY(isNear(crossings, 440, 3));
 }
 
-QTEST_MAIN(TestKitSound)
+ZOEFFECT_TEST_MAIN(TestKitSound)
 #include "tst_kit_sound.moc"

@@ -14,6 +14,7 @@
 #include "clips.h"
 #include "graphsupport.h"
 #include "kitsupport.h"
+#include "testapplication.h"
 
 using graphsupport::append;
 using graphsupport::ffmpeg;
@@ -238,5 +239,5 @@ void TestKitSources::textSubtitleIsInTime()
     QCOMPARE(shown, (QVector<int>{5, 6}));
 }
 
-QTEST_MAIN(TestKitSources)
+ZOEFFECT_TEST_MAIN(TestKitSources)
 #include "tst_kit_sources.moc"

@@ -9,6 +9,7 @@
 
 #include "graphsupport.h"
 #include "kitsupport.h"
+#include "testapplication.h"
 
 using graphsupport::append;
 using graphsupport::plain;
@@ -381,5 +382,5 @@ void TestKitSubtitleScript::whatCannotBeDoneIsTold()
     QVERIFY(zokit::subtitlePlan(settings, clipWithTracks()).hasOwnStyles);
 }
 
-QTEST_MAIN(TestKitSubtitleScript)
+ZOEFFECT_TEST_MAIN(TestKitSubtitleScript)
 #include "tst_kit_subtitlescript.moc"
