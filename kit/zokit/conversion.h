@@ -38,12 +38,12 @@ struct ZOKIT_EXPORT Job {
 
 /// Files that a conversion needs beside the clip, made before it.
 struct ZOKIT_EXPORT HelperFiles {
-    QString watermark;      ///< watermarkPicture() as PNG; empty: none.
-    QString subtitleScript; ///< Own script of the subtitle that is burned in; empty: none.
-    bool subtitleInColour = false;
-    QString chapters;          ///< Where the clip's own do not fit: as ffmpeg's metadata; empty: the clip's own.
-    QMap<int, QString> covers; ///< By stream number.
-    QMap<int, double> gains;   ///< Decibels by place in TracksPlan::tracks.
+    QString watermark;             ///< watermarkPicture() as PNG; empty: none.
+    QString subtitleScript;        ///< Own script of the subtitle that is burned in; empty: none.
+    bool subtitleInColour = false; ///< OwnSubtitles::inColour of it.
+    QString chapters;              ///< Where the clip's own do not fit: as ffmpeg's metadata; empty: the clip's own.
+    QMap<int, QString> covers;     ///< By stream number.
+    QMap<int, double> gains;       ///< Decibels by place in TracksPlan::tracks.
 };
 
 /// \name What is started, as data
@@ -67,7 +67,13 @@ ZOKIT_EXPORT QByteArray chaptersText(const Settings& settings, const MediaInfo& 
 /// whether only the length lacks.
 ZOKIT_EXPORT Message checkResult(const MediaInfo& result, const TracksPlan& plan, double wanted, bool* isShort);
 
-enum class Outcome { Done, Failed, Cancelled, Skipped };
+/// What became of a job.
+enum class Outcome {
+    Done,
+    Failed,
+    Cancelled,
+    Skipped ///< Not begun: a queue that stops at the first failure.
+};
 
 /// Whether trying again may help.
 enum class FailureKind {
@@ -77,11 +83,12 @@ enum class FailureKind {
     Setup      ///< A program, an encoder or a needed file is missing.
 };
 
+/// How a conversion ended.
 struct ZOKIT_EXPORT ConversionResult {
-    Outcome outcome = Outcome::Failed;
-    FailureKind kind = FailureKind::None;
-    Message reason;
-    Messages warnings; ///< All, those told before included.
+    Outcome outcome = Outcome::Failed;    ///< What became of it.
+    FailureKind kind = FailureKind::None; ///< Of a failure.
+    Message reason;                       ///< Why it failed; empty for a success.
+    Messages warnings;                    ///< All, those told before included.
 };
 
 /// Converts one file. The result has its name only when it is whole: until then it is a part file in its folder, which
@@ -90,6 +97,7 @@ class ZOKIT_EXPORT Conversion : public QObject {
     Q_OBJECT
 
 public:
+    /// Does nothing before start(); \a tools are what findTools() gave.
     explicit Conversion(const Tools& tools, QObject* parent = nullptr);
     /// What runs is ended, and leaves nothing.
     ~Conversion() override;
@@ -100,14 +108,17 @@ public:
     void prepare(const Job& job, const QString& folder);
     /// Ends it at once. The state is Cancelled before finished() is sent.
     void cancel();
+    /// Stops what runs, and lets it go on; no time counts meanwhile.
     void pause();
-    void resume();
+    void resume(); ///< See pause().
+    /// From start() or prepare() on until it has ended.
     bool isRunning() const;
 
+    /// With the settings that were made for the clip, once planned() was sent.
     const Job& job() const;
     /// Once planned() was sent.
     const MediaInfo& media() const;
-    const TracksPlan& plan() const;
+    const TracksPlan& plan() const; ///< Once planned() was sent.
     /// What was run or, after prepare(), is to be run: measuring, extracting, converting.
     QVector<Command> commands() const;
 
@@ -116,6 +127,7 @@ Q_SIGNALS:
     void planned();
     /// \a fraction from 0 to 1 never falls; \a secondsLeft and \a speed are 0 while they are unknown.
     void progressed(double fraction, double secondsLeft, double speed);
+    /// What comes out otherwise than one may think; each once.
     void warned(const zokit::Message& warning);
     /// Exactly once, never from within start().
     void finished(const zokit::ConversionResult& result);

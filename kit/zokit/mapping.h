@@ -12,8 +12,8 @@ namespace zokit {
 
 /// What a property does to the output.
 struct ZOKIT_EXPORT Mapping {
-    const char* type;
-    const char* key;
+    const char* type; ///< Effect type.
+    const char* key;  ///< Of the property.
     bool mapped;      ///< False: it is not in the output, and "how" says why.
     const char* how;  ///< English, for the page of the mapping.
     const char* test; ///< "tst_kit_picture::cropIsExact", or empty where nothing comes out.

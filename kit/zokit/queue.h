@@ -22,6 +22,7 @@ class ZOKIT_EXPORT Queue : public QObject {
     Q_OBJECT
 
 public:
+    /// Empty; \a tools are what findTools() gave.
     explicit Queue(const Tools& tools, QObject* parent = nullptr);
     /// What runs is ended, and leaves nothing.
     ~Queue() override;
@@ -35,7 +36,9 @@ public:
     /// The numbers of all rows, in the order in which they are done.
     QVector<int> rows() const;
 
+    /// Cancelled for a row that is not there.
     RowState state(int row) const;
+    /// Empty for a row that is not there.
     Job job(int row) const;
     /// What became of a row that has ended.
     ConversionResult result(int row) const;
@@ -50,18 +53,21 @@ public:
     void start();
     /// What runs is paused and nothing new is begun, until resume().
     void pause();
-    void resume();
+    void resume(); ///< See pause().
     /// Ends the row if it runs, or takes it out if it waits: Cancelled.
     void cancel(int row);
-    void cancelAll();
+    void cancelAll(); ///< As cancel(), for all rows.
     /// A row that has ended waits again. False for others.
     bool retry(int row);
     /// Whether any row runs or, once started, waits.
     bool isRunning() const;
 
 Q_SIGNALS:
+    /// Sent when state() answers anew.
     void stateChanged(int row, zokit::RowState state);
+    /// As Conversion::progressed().
     void progressed(int row, double fraction, double secondsLeft, double speed);
+    /// As Conversion::warned().
     void warned(int row, const zokit::Message& warning);
     /// conversion() of the row knows what becomes of each track.
     void planned(int row);

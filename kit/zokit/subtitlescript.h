@@ -26,13 +26,13 @@ enum class SubtitleUse {
 
 /// Which subtitle is shown, and how.
 struct ZOKIT_EXPORT SubtitlePlan {
-    SubtitleUse use = SubtitleUse::None;
-    int position = -1;         ///< Among the items of "Subtitle".
-    int stream = -1;           ///< Stream number of an embedded track; -1 for a file.
-    QString file;              ///< Path of a subtitle file; empty for an embedded track.
-    bool hasOwnStyles = false; ///< It is ASS or SSA.
-    Messages warnings;         ///< What of the style cannot be done.
-    Message error;
+    SubtitleUse use = SubtitleUse::None; ///< What becomes of it.
+    int position = -1;                   ///< Among the items of "Subtitle".
+    int stream = -1;                     ///< Stream number of an embedded track; -1 for a file.
+    QString file;                        ///< Path of a subtitle file; empty for an embedded track.
+    bool hasOwnStyles = false;           ///< It is ASS or SSA.
+    Messages warnings;                   ///< What of the style cannot be done.
+    Message error;                       ///< Why it cannot be shown; empty when it can.
 };
 
 /// The first selected track. A file is burned in unless output option "soft-subtitles" is set; an embedded track stays
@@ -44,7 +44,7 @@ ZOKIT_EXPORT bool isBitmapSubtitleFile(const QString& path);
 
 /// An ASS script as ownSubtitles() writes it.
 struct ZOKIT_EXPORT OwnSubtitles {
-    QByteArray script;
+    QByteArray script;     ///< Whole, in UTF-8.
     bool inColour = false; ///< Something of it is neither white nor grey nor black.
     int events = 0;        ///< Lines of dialogue that were read.
 };

@@ -29,11 +29,11 @@ enum class TrackFate {
 
 /// One track and what becomes of it.
 struct ZOKIT_EXPORT TrackPlan {
-    QString file; ///< Of a sound or subtitle file; empty: a track of the clip.
-    Track track;  ///< As it is there.
-    TrackFate fate = TrackFate::Copied;
-    QString codec; ///< Of the result, by ffprobe's name: "h264", "aac", "mov_text". Empty where there is none.
-    bool isCover = false;
+    QString file;                       ///< Of a sound or subtitle file; empty: a track of the clip.
+    Track track;                        ///< As it is there.
+    TrackFate fate = TrackFate::Copied; ///< What becomes of it.
+    QString codec;        ///< Of the result, by ffprobe's name: "h264", "aac", "mov_text". Empty where there is none.
+    bool isCover = false; ///< A picture of the kind that a player shows for a song.
     bool isSelected = false; ///< Of its kind it comes before those that are not, and is marked as default.
     bool loops = false;      ///< A sound file that begins again until the picture ends.
     bool hasEffects = false; ///< All sound effects apply; else, at most, the change of speed.
@@ -50,9 +50,9 @@ struct ZOKIT_EXPORT TracksPlan {
     QString videoCodec;        ///< "h264", "hevc", "vp9", "av1", "ffv1"; empty where no picture is encoded.
     QString pixelFormat;       ///< What the encoder of the picture gets.
     bool mapsHdr = false;      ///< HDR is mapped to what every screen shows.
-    SubtitlePlan subtitle;
-    Messages warnings;
-    Message error; ///< What cannot be done as it is asked for.
+    SubtitlePlan subtitle;     ///< Which subtitle is shown, and how.
+    Messages warnings;         ///< What comes out otherwise than one may think.
+    Message error;             ///< What cannot be done as it is asked for.
 
     /// Nothing is encoded, burned in or converted.
     bool copiesAll() const;
@@ -75,10 +75,10 @@ ZOKIT_EXPORT TracksPlan planTracks(const Settings& settings, const MediaInfo& me
 
 /// The part of the clip that is converted.
 struct ZOKIT_EXPORT ClipPart {
-    double from = 0;    ///< Seconds from the clip's beginning.
-    double seconds = 0; ///< Of the clip; 0: to its end, which is not known.
-    double result = 0;  ///< Length of the result, after a change of speed; 0: unknown.
-    bool isTrimmed = false;
+    double from = 0;        ///< Seconds from the clip's beginning.
+    double seconds = 0;     ///< Of the clip; 0: to its end, which is not known.
+    double result = 0;      ///< Length of the result, after a change of speed; 0: unknown.
+    bool isTrimmed = false; ///< By output option "trim".
 };
 ZOKIT_EXPORT ClipPart clipPart(const Settings& settings, const MediaInfo& media);
 
