@@ -180,6 +180,7 @@ private:
             plan.codec = m_plan.videoCodec;
             refuse(checkVideoOptions(m_settings.output, m_plan.videoCodec));
             chooseForm(*stream);
+            checkGraph();
         }
         m_plan.tracks.append(plan);
     }
@@ -212,6 +213,16 @@ private:
         m_plan.pixelFormat = wanted.isEmpty() ? usual : wanted;
         if (!takesPixelFormat(m_plan.videoCodec, m_plan.pixelFormat))
             refuse(Message(Code::PixelFormatNot, {m_plan.videoCodec, wanted}));
+    }
+
+    /// What the graph cannot do, and what it warns of.
+    void checkGraph()
+    {
+        GraphParts parts;
+        parts.pixelFormat = m_plan.pixelFormat;
+        const PictureGraph graph = pictureGraph(m_settings, m_media, parts);
+        m_plan.warnings += graph.warnings;
+        refuse(graph.error);
     }
 
     void planOtherPictures()
