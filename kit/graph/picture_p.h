@@ -50,7 +50,8 @@ constexpr int covering = 254;
 
 /// \name The steps of the graph, each in a file of its name
 /// @{
-void addSource(Chain& chain, Picture& picture, const MediaStream& stream, const MediaInfo& media);
+void addSource(Chain& chain, Picture& picture, const MediaStream& stream, const MediaInfo& media,
+               const GraphParts& parts);
 void addRawSource(Chain& chain, const MediaStream& stream);
 void addToneMap(Chain& chain, Picture& picture, bool deep);
 /// Whether a crop reaches out of \a frame.

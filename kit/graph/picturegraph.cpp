@@ -110,7 +110,7 @@ void addEnd(Chain& chain, Picture& picture, const Settings& settings, const QStr
 
 } // namespace
 
-PictureGraph sourceGraph(const Settings& settings, const MediaInfo& media)
+PictureGraph sourceGraph(const Settings& settings, const MediaInfo& media, const GraphParts& parts)
 {
     PictureGraph graph;
     const MediaStream* stream = media.picture();
@@ -119,7 +119,7 @@ PictureGraph sourceGraph(const Settings& settings, const MediaInfo& media)
     Picture picture = pictureOf(settings, *stream);
     Chain chain(QStringLiteral("p"));
     chain.begin(inputOf(*stream));
-    addSource(chain, picture, *stream, media);
+    addSource(chain, picture, *stream, media, parts);
     addScale(chain, picture, QSize(), stream->pixelFormat);
     graph.text = chain.endedAs(outputLabel);
     graph.size = picture.frame;
@@ -144,7 +144,7 @@ PictureGraph pictureGraph(const Settings& settings, const MediaInfo& media, cons
         addRawSource(chain, *stream);
     } else {
         chain.begin(inputOf(*stream));
-        addSource(chain, picture, *stream, media);
+        addSource(chain, picture, *stream, media, parts);
         graph.framesBefore = stream->isInterlaced ? 1 : 0;
     }
     if (isMapped(settings, *stream))

@@ -1,6 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The libzoeffect developers
 // SPDX-License-Identifier: MIT
 
+#include <cmath>
+
+#include <zokit/graph.h>
 #include <zokit/probe.h>
 #include <zokit/settings.h>
 
@@ -21,6 +24,27 @@ bool hasSquarePixels(const MediaStream& stream)
     return aspect <= 0 || stream.sampleAspect.numerator == stream.sampleAspect.denominator;
 }
 
+/// Leaves out what is not in the window. In the clip's own ticks: seconds would be rounded to them, either way.
+void addWindow(Chain& chain, const MediaStream& stream, const MediaInfo& media, const GraphParts& parts)
+{
+    const double unit = stream.timeBase.value();
+    if (unit <= 0)
+        return;
+    const int fields = stream.isInterlaced ? 2 : 1; // The filter before has halved the ticks.
+    const qint64 sought = fields * std::llround((media.start + parts.from) / unit);
+    const auto ticks = [&](double seconds) {
+        constexpr double noise = 1e-6;
+        return qint64(std::ceil((media.start + seconds) * fields / unit - noise)) - sought;
+    };
+    QStringList bounds;
+    if (parts.shownFrom > parts.from)
+        bounds.append(QStringLiteral("start_pts=%1").arg(ticks(parts.shownFrom)));
+    if (parts.shownTo > parts.from)
+        bounds.append(QStringLiteral("end_pts=%1").arg(ticks(parts.shownTo)));
+    if (!bounds.isEmpty())
+        chain.add(QStringLiteral("trim=") + bounds.join(QLatin1Char(':')));
+}
+
 } // namespace
 
 QString spaceOf(const QString& matrix)
@@ -32,11 +56,13 @@ QString spaceOf(const QString& matrix)
     return matrix == QLatin1String("bt2020") ? QStringLiteral("bt2020nc") : matrix;
 }
 
-void addSource(Chain& chain, Picture& picture, const MediaStream& stream, const MediaInfo& media)
+void addSource(Chain& chain, Picture& picture, const MediaStream& stream, const MediaInfo& media,
+               const GraphParts& parts)
 {
     // ffmpeg turns the picture upright by itself, before the first filter.
     if (stream.isInterlaced)
         chain.add(QStringLiteral("bwdif=mode=send_frame:deint=interlaced")); // One frame of each, so the timing stays.
+    addWindow(chain, stream, media, parts); // Behind what looks at the frames before and after.
     if (!hasSquarePixels(stream) || stream.shown != picture.frame || media.mayChangeSize()) {
         // In a stream that changes its size in the middle this keeps the frame that geometry is measured in.
         addScale(chain, picture, picture.frame, QString());

@@ -170,6 +170,7 @@ void readPicture(const QJsonObject& told, MediaStream& stream)
     const QStringList fields{QStringLiteral("tt"), QStringLiteral("bb"), QStringLiteral("tb"), QStringLiteral("bt")};
     stream.isInterlaced = fields.contains(stream.fieldOrder);
     stream.frameRate = rational(text(told, "r_frame_rate"), Rational{0, 1});
+    stream.timeBase = rational(text(told, "time_base"), Rational{0, 1});
     stream.averageRate = rational(text(told, "avg_frame_rate"), Rational{0, 1});
     const Rational& a = stream.frameRate;
     const Rational& b = stream.averageRate;

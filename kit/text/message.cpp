@@ -111,6 +111,7 @@ constexpr Text texts[] = {
     {Code::WatermarkOutside, QT_TRANSLATE_NOOP("zokit", "%1 lies outside of the part that is kept and cannot be seen. Move it, or make the crop larger.")},
     {Code::SubtitlePictures, QT_TRANSLATE_NOOP("zokit", "This track of subtitles consists of pictures: font and colours stay as they are, only place and transparency follow.")},
     {Code::SpeedOfNothing,   QT_TRANSLATE_NOOP("zokit", "Audio_Speed:audio_speed_factor: with 0 nothing would ever be heard or seen. Take 1 to 200 percent.")},
+    {Code::NoPicture,        QT_TRANSLATE_NOOP("zokit", "%1 has no picture that can be shown. Choose another file.")},
     {Code::ContainerLacks, QT_TRANSLATE_NOOP("zokit", "%1 holds no %2")},
     {Code::ContainerHoldsNot, QT_TRANSLATE_NOOP("zokit", "%1 cannot hold %2. Choose another container, for example mkv, or another codec.")},
     {Code::ContainerTurnsNot, QT_TRANSLATE_NOOP("zokit", "%1 cannot say that the picture is turned")},

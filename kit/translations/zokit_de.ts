@@ -1572,6 +1572,10 @@
         <translation>Audio_Speed:audio_speed_factor: mit 0 wäre nie etwas zu hören oder zu sehen. Nehmen Sie 1 bis 200 Prozent.</translation>
     </message>
     <message>
+        <source>%1 has no picture that can be shown. Choose another file.</source>
+        <translation>%1 hat kein Bild, das sich zeigen ließe. Nehmen Sie eine andere Datei.</translation>
+    </message>
+    <message>
         <source>%1 holds no %2</source>
         <translation>%1 fasst kein %2</translation>
     </message>

@@ -24,6 +24,8 @@ struct ZOKIT_EXPORT GraphParts {
     int subtitleInput = -1;        ///< Input with a subtitle of pictures that is burned in; -1: none.
     int subtitleStream = 0;        ///< Its stream number there.
     double from = 0;       ///< Seconds from the clip's beginning to which the input was sought ("-ss" before "-i").
+    double shownFrom = 0;  ///< No frame before it is taken, in seconds from the clip's beginning.
+    double shownTo = 0;    ///< And none from it on; 0: all to the end.
     bool rawInput = false; ///< Input 0 is one raw frame as sourceGraph() gave it, the one that stands at "from".
     QString pixelFormat;   ///< What the encoder gets; empty: the clip's own.
 };
@@ -44,7 +46,8 @@ struct ZOKIT_EXPORT PictureGraph {
 ZOKIT_EXPORT PictureGraph pictureGraph(const Settings& settings, const MediaInfo& media, const GraphParts& parts);
 /// The first part of pictureGraph(), which no effect changes: its output, in the clip's own pixel format, is the frame
 /// that a preview keeps and hands over as GraphParts::rawInput.
-ZOKIT_EXPORT PictureGraph sourceGraph(const Settings& settings, const MediaInfo& media);
+ZOKIT_EXPORT PictureGraph sourceGraph(const Settings& settings, const MediaInfo& media,
+                                      const GraphParts& parts = GraphParts());
 
 /// The frame in which crop, watermarks and subtitles are measured: that of the media, its sides exchanged where the
 /// picture is turned by 90 or 270 degrees.

@@ -114,6 +114,7 @@ public:
         WatermarkOutside, ///< 1: the watermark.
         SubtitlePictures,
         SpeedOfNothing,
+        NoPicture, ///< 1: the path.
         // Conversion
         ContainerLacks,     ///< 1: the container, 2: a codec.
         ContainerHoldsNot,  ///< 1: the container, 2: the codec that was asked for.

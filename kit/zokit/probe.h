@@ -57,6 +57,7 @@ struct ZOKIT_EXPORT MediaStream {
     Rational frameRate{0, 1};     ///< The lowest at which each frame has a time of its own.
     Rational averageRate{0, 1};   ///< Frames by time.
     bool hasVariableRate = false; ///< The two differ.
+    Rational timeBase{0, 1};      ///< Seconds in which its times are counted.
     qint64 frames = 0;            ///< 0: unknown.
 
     // Sound

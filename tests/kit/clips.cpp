@@ -72,6 +72,10 @@ constexpr Recipe recipes[] = {
     {"bt709.mkv",        PICTURE X264 "-colorspace bt709 -color_primaries bt709 -color_trc bt709 -color_range tv"},
     {"bt601.mkv",        PICTURE X264 "-colorspace smpte170m -color_primaries smpte170m -color_trc smpte170m -color_range pc"},
     {"full-range.mkv",   PICTURE "-c:v mjpeg -pix_fmt yuvj420p"},
+    {"red709.mkv",       "-f lavfi -i color=red:s=64x48:d=0.2 -vf format=yuv420p,lutyuv=63:102:240 -c:v ffv1 -colorspace bt709 -color_range tv"},
+    {"red601.mkv",       "-f lavfi -i color=red:s=64x48:d=0.2 -vf format=yuv420p,lutyuv=81:90:240 -c:v ffv1 -colorspace smpte170m -color_range tv"},
+    {"red-full.mkv",     "-f lavfi -i color=red:s=64x48:d=0.2 -vf format=yuv444p,lutyuv=54:99:255 -c:v ffv1 -colorspace bt709 -color_range pc"},
+    {"red-deep.mkv",     "-f lavfi -i color=red:s=64x48:d=0.2 -vf format=yuv420p10le,lutyuv=250:409:960 -c:v ffv1 -colorspace bt709 -color_range tv"},
     {"wide.mkv",         "-f lavfi -i testsrc2=s=1280x16:r=25:d=0.2 " X264},
     {"high.mkv",         "-f lavfi -i testsrc2=s=16x720:r=25:d=0.2 " X264},
     {"pq.mkv",           PICTURE HDR("smpte2084")},
@@ -91,6 +95,9 @@ constexpr Recipe recipes[] = {
     {"chapters.mkv",     "-i {plain.mp4} -f ffmetadata -i {chapters.txt} -map 0 -c copy -map_metadata 1"},
     // Times
     {"late.ts",          "-i {plain.mp4} -c copy -output_ts_offset 10"},
+    {"long.ts",          "-f lavfi -i testsrc2=s=160x120:r=25:d=8 " X264 "-g 100 -bf 2"},
+    {"gap.mkv",          "-f lavfi -i testsrc2=s=160x120:r=25:d=8 -vf select=lt(n\\,10)+gt(n\\,180) -fps_mode vfr -c:v ffv1 -pix_fmt yuv420p"},
+    {"late-picture.mkv", "-itsoffset 0.5 -i {silent.mkv} -i {sound.wav} -map 0 -map 1 -c:v copy"},
     {"streamed.mkv",     "-i {plain.mp4} -c copy -seekable 0"}, // No length in it, as written to a pipe.
 };
 

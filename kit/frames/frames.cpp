@@ -1,0 +1,360 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include <zokit/frames.h>
+
+#include <algorithm>
+
+#include <QBuffer>
+#include <QEventLoop>
+#include <QFile>
+#include <QFileInfo>
+#include <QTimer>
+
+#include <zokit/conversion.h>
+#include <zokit/subtitlescript.h>
+
+#include "framecommands_p.h"
+#include "partfile_p.h"
+
+namespace zokit {
+
+namespace {
+
+using Code = Message::Code;
+
+Message reasonOf(ChildResult result, const Command& command)
+{
+    result.words = withoutTicks(result.words);
+    const QString program = QFileInfo(command.program).fileName();
+    switch (result.end) {
+    case ChildEnd::NotStarted:
+        return Message(Code::ChildNotStarted, {program, result.lastWords()});
+    case ChildEnd::Killed:
+        return Message(Code::ChildKilled, {program, QString::number(result.signal)});
+    case ChildEnd::TimedOut:
+        return Message(Code::ChildStalled, {QString::number(command.seconds)});
+    default:
+        break;
+    }
+    return Message(Code::ChildFailed, {program, result.lastWords()});
+}
+
+/// What a frame that is kept belongs to.
+QString keyOf(const FrameQuestion& question)
+{
+    return question.media.file + QLatin1Char('\n') + QString::number(question.seconds, 'f', 6) + QLatin1Char('\n')
+           + sourceGraph(question.settings, question.media).text;
+}
+
+} // namespace
+
+FrameQuestion plannedFrame(const Settings& settings, const MediaInfo& media, const TracksPlan& plan)
+{
+    FrameQuestion question;
+    question.settings = settings;
+    question.media = media;
+    question.pixelFormat = plan.pixelFormat;
+    if (plan.mapsHdr)
+        question.settings.output.insert(QStringLiteral("hdr"), QStringLiteral("map"));
+    return question;
+}
+
+QImage ClipFrame::image() const
+{
+    constexpr int pixel = 4;
+    if (size.isEmpty() || bytes.size() != qint64(size.width()) * size.height() * pixel)
+        return QImage();
+    const auto* first = reinterpret_cast<const uchar*>(bytes.constData());
+    return QImage(first, size.width(), size.height(), size.width() * pixel, QImage::Format_RGBX8888).copy();
+}
+
+class Frames::Private : public QObject {
+public:
+    Private(const Tools& tools, Frames* owner) : m_tools(tools), m_owner(owner) {}
+
+    int ask(const FrameQuestion& question);
+    void cancel();
+    bool isRunning() const { return m_isRunning; }
+
+private:
+    enum class Step {
+        Extract, ///< The text of the subtitle.
+        Near,    ///< The frame, where it should be.
+        Locate,  ///< Where it is, since it was not there.
+        Found,   ///< The frame, where it is.
+        Kept     ///< From the frame that was kept.
+    };
+
+    void begin();
+    void makeFiles();
+    bool write(const QString& name, const QByteArray& bytes, QString* path);
+    void decode();
+    void run(Step step, const Command& command);
+    void ended(const ChildResult& result);
+    void extracted(const ChildResult& result);
+    void located(const ChildResult& result);
+    void read(const FrameWindow& window, Step step);
+    void took(const ChildResult& result);
+    void answer(const ClipFrame& frame);
+    void fail(const Message& error);
+
+    Tools m_tools;
+    Frames* m_owner;
+    std::unique_ptr<Child> m_child;
+    Command m_command;
+    Step m_step = Step::Near;
+    FrameQuestion m_question;
+    FrameAnswer m_answer;
+    int m_number = 0;
+    bool m_isRunning = false;
+    int m_framesBefore = 0;
+    int m_attempt = 0;       ///< Of locating the frame.
+    FrameWindow m_window;    ///< That is looked at.
+    bool m_isSource = false; ///< The clip's own frame is decoded, to be kept.
+    KeptFrame m_kept;
+    QString m_keptKey; ///< Empty: none is kept.
+    HelperFolder m_folder;
+    FrameFiles m_files;
+    QString m_subtitleKey; ///< What m_subtitle was extracted from.
+    QByteArray m_subtitle; ///< As ASS.
+};
+
+int Frames::Private::ask(const FrameQuestion& question)
+{
+    cancel();
+    m_question = question;
+    const double end = question.media.seconds;
+    m_question.seconds = std::max(end > 0 ? std::min(question.seconds, end) : question.seconds, 0.0);
+    m_answer = FrameAnswer();
+    m_answer.number = ++m_number;
+    m_isRunning = true;
+    QTimer::singleShot(0, this, [this, number = m_number] {
+        if (m_isRunning && number == m_number)
+            begin();
+    });
+    return m_number;
+}
+
+/// A child that still runs is killed here, and what it had to say is lost with it.
+void Frames::Private::cancel()
+{
+    m_isRunning = false;
+    if (m_child && m_child->isRunning())
+        m_child.reset();
+}
+
+void Frames::Private::begin()
+{
+    if (!m_tools.error.isEmpty())
+        return fail(m_tools.error);
+    if (!m_question.media.picture())
+        return fail(Message(Code::NoPicture, {m_question.media.file}));
+    if (const Message wrong = checkInput(m_question.media.file); !wrong.isEmpty())
+        return fail(wrong);
+    const PictureGraph graph = questionGraph(m_question, GraphParts());
+    if (!graph.error.isEmpty())
+        return fail(graph.error);
+    m_framesBefore = graph.framesBefore;
+    m_answer.warnings = graph.warnings;
+    m_answer.frame.size = graph.size;
+    m_files = FrameFiles();
+    if (m_question.kind == FrameKind::Before)
+        return decode();
+    const SubtitlePlan plan = subtitlePlan(m_question.settings, m_question.media);
+    if (!plan.error.isEmpty())
+        return fail(plan.error);
+    const QString key = QStringLiteral("%1\n%2\n%3").arg(m_question.media.file, plan.file).arg(plan.stream);
+    if (plan.use != SubtitleUse::BurnText || key == m_subtitleKey)
+        return makeFiles();
+    m_subtitleKey = key;
+    run(Step::Extract, extractCommand(m_tools, m_question.media, plan));
+}
+
+void Frames::Private::extracted(const ChildResult& result)
+{
+    if (!result.isGood()) {
+        m_subtitleKey.clear();
+        return fail(reasonOf(result, m_command));
+    }
+    m_subtitle = result.output;
+    makeFiles();
+}
+
+bool Frames::Private::write(const QString& name, const QByteArray& bytes, QString* path)
+{
+    if (m_folder.path().isEmpty()) {
+        if (const Message wrong = m_folder.create(); !wrong.isEmpty()) {
+            fail(wrong);
+            return false;
+        }
+    }
+    *path = m_folder.path() + QLatin1Char('/') + name;
+    QFile file(*path);
+    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush())
+        return true;
+    fail(Message(Code::FileUnwritable, {*path, file.errorString()}));
+    return false;
+}
+
+void Frames::Private::makeFiles()
+{
+    const SubtitlePlan plan = subtitlePlan(m_question.settings, m_question.media);
+    if (plan.use == SubtitleUse::BurnText) {
+        ScriptParts parts;
+        parts.frame = baseFrame(m_question.settings);
+        parts.hasOwnStyles = plan.hasOwnStyles;
+        const Item& track = m_question.settings.find(QStringLiteral("Subtitle"))->items.at(plan.position);
+        const OwnSubtitles own = ownSubtitles(m_subtitle, track.values, parts);
+        m_files.subtitleInColour = own.inColour;
+        if (!write(QStringLiteral("subtitles.ass"), own.script, &m_files.subtitleScript))
+            return;
+    }
+    if (m_question.kind == FrameKind::After) {
+        const QImage watermark = watermarkPicture(m_question.settings);
+        m_answer.warnings += watermarkWarnings(m_question.settings);
+        if (!watermark.isNull()) {
+            QByteArray png;
+            QBuffer buffer(&png);
+            constexpr int quick = 100; // Not compressed.
+            if (!watermark.save(&buffer, "PNG", quick))
+                return fail(Message(Code::FileUnwritable, {QStringLiteral("watermark.png"), QString()}));
+            if (!write(QStringLiteral("watermark.png"), png, &m_files.watermark))
+                return;
+        }
+    }
+    decode();
+}
+
+void Frames::Private::decode()
+{
+    if (!m_keptKey.isEmpty() && m_keptKey == keyOf(m_question) && canBeKept(m_question))
+        return run(Step::Kept, keptCommand(m_tools, m_question, m_kept, m_files));
+    m_isSource = m_question.isKept && canBeKept(m_question);
+    m_attempt = 0;
+    read(nearWindow(m_question.media, m_question.seconds, m_framesBefore), Step::Near);
+}
+
+void Frames::Private::read(const FrameWindow& window, Step step)
+{
+    m_window = window;
+    run(step,
+        m_isSource ? sourceCommand(m_tools, m_question, window) : frameCommand(m_tools, m_question, window, m_files));
+}
+
+void Frames::Private::run(Step step, const Command& command)
+{
+    m_step = step;
+    m_command = command;
+    if (!m_child) {
+        m_child = std::make_unique<Child>();
+        connect(m_child.get(), &Child::finished, this, &Private::ended);
+    }
+    m_child->start(command);
+}
+
+void Frames::Private::ended(const ChildResult& result)
+{
+    switch (m_step) {
+    case Step::Extract:
+        return extracted(result);
+    case Step::Locate:
+        return located(result);
+    case Step::Near: {
+        // Behind the last frame, in a gap, and where a decoder began in the middle, there are too few.
+        const bool isEnough = toldTicks(result.words).size() > m_framesBefore;
+        if (result.end != ChildEnd::Finished || (result.isGood() && isEnough))
+            return took(result);
+        m_window = wideWindow(m_question.seconds, m_attempt);
+        return run(Step::Locate, locateCommand(m_tools, m_question, m_window));
+    }
+    case Step::Found:
+    case Step::Kept:
+        return took(result);
+    }
+}
+
+void Frames::Private::located(const ChildResult& result)
+{
+    if (result.end != ChildEnd::Finished)
+        return fail(reasonOf(result, m_command));
+    const QVector<qint64> ticks = toldTicks(result.words);
+    if (ticks.size() <= m_framesBefore && m_window.from > 0) {
+        m_window = wideWindow(m_question.seconds, ++m_attempt);
+        return run(Step::Locate, locateCommand(m_tools, m_question, m_window));
+    }
+    if (ticks.isEmpty())
+        return read(FrameWindow(), Step::Found); // All frames are later: the first.
+    const double seconds = secondsOf(ticks.last(), m_window, m_question.media);
+    read(windowAround(m_window, seconds), Step::Found);
+}
+
+void Frames::Private::took(const ChildResult& result)
+{
+    if (!result.isGood())
+        return fail(reasonOf(result, m_command));
+    // Where one frame was asked for, the filters may have seen the next one, too.
+    const QVector<qint64> ticks = toldTicks(result.words);
+    const bool isOne = m_step == Step::Kept || m_window.to <= 0;
+    const int count = isOne ? std::min(int(ticks.size()), 1) : int(ticks.size());
+    if (count == 0 || result.output.isEmpty() || result.output.size() % count != 0)
+        return fail(Message(Code::NoPicture, {m_question.media.file}));
+    const QByteArray bytes = result.output.right(result.output.size() / count);
+    if (m_step == Step::Kept || !m_isSource) {
+        m_answer.frame.bytes = bytes;
+        return answer(m_answer.frame);
+    }
+    m_kept.bytes = bytes;
+    m_kept.size = sourceGraph(m_question.settings, m_question.media).size;
+    m_kept.seconds = secondsOf(ticks.at(count - 1), m_window, m_question.media);
+    m_keptKey = keyOf(m_question);
+    run(Step::Kept, keptCommand(m_tools, m_question, m_kept, m_files));
+}
+
+void Frames::Private::answer(const ClipFrame& frame)
+{
+    m_isRunning = false;
+    m_answer.frame = frame;
+    const FrameAnswer told = m_answer;
+    Q_EMIT m_owner->answered(told);
+}
+
+void Frames::Private::fail(const Message& error)
+{
+    m_answer.error = error;
+    answer(ClipFrame());
+}
+
+Frames::Frames(const Tools& tools, QObject* parent) : QObject(parent), d(std::make_unique<Private>(tools, this)) {}
+
+Frames::~Frames() = default;
+
+int Frames::ask(const FrameQuestion& question)
+{
+    return d->ask(question);
+}
+
+void Frames::cancel()
+{
+    d->cancel();
+}
+
+bool Frames::isRunning() const
+{
+    return d->isRunning();
+}
+
+FrameAnswer frame(Frames& frames, const FrameQuestion& question)
+{
+    FrameAnswer result;
+    QEventLoop loop;
+    QObject::connect(&frames, &Frames::answered, &loop, [&](const FrameAnswer& answer) {
+        result = answer;
+        loop.quit();
+    });
+    frames.ask(question);
+    loop.exec();
+    return result;
+}
+
+} // namespace zokit

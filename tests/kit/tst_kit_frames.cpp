@@ -1,0 +1,449 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+// Frames out of clips: the right one at each time, and the very one that a conversion hands to its encoder.
+
+#include <QRandomGenerator>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <zokit/conversion.h>
+#include <zokit/filesettings.h>
+#include <zokit/frames.h>
+#include <zokit/properties.h>
+
+#include "clips.h"
+#include "graphsupport.h"
+#include "kitsupport.h"
+#include "testapplication.h"
+
+using graphsupport::ffmpeg;
+using zokit::FrameAnswer;
+using zokit::FrameKind;
+using zokit::FrameQuestion;
+using zokit::Frames;
+using zokit::MediaInfo;
+using zokit::Settings;
+
+namespace {
+
+constexpr int patience = 60000; // Milliseconds; only a hang takes so long.
+
+MediaInfo probed(const QString& clip)
+{
+    return zokit::probe(zokit::findTools(), clips::clip(clip)).media.value_or(MediaInfo());
+}
+
+FrameQuestion questionOf(const QString& clip, double seconds)
+{
+    FrameQuestion question;
+    question.media = probed(clip);
+    question.settings = graphsupport::plain(question.media.picture() ? question.media.picture()->shown : QSize());
+    question.seconds = seconds;
+    question.forScreen = false;
+    return question;
+}
+
+/// All pictures of a file, as they are stored.
+QByteArray decoded(const QString& path)
+{
+    return ffmpeg({QStringLiteral("-i"), path, QStringLiteral("-map"), QStringLiteral("0:V:0"),
+                   QStringLiteral("-fps_mode"), QStringLiteral("passthrough"), QStringLiteral("-f"),
+                   QStringLiteral("rawvideo"), QStringLiteral("pipe:1")});
+}
+
+/// At which of the frames in \a frames one of \a bytes is the same; -1: none.
+int placeOf(const QByteArray& bytes, const QByteArray& frames)
+{
+    for (int place = 0; !bytes.isEmpty() && (place + 1) * bytes.size() <= frames.size(); ++place) {
+        if (frames.mid(place * bytes.size(), bytes.size()) == bytes)
+            return place;
+    }
+    return -1;
+}
+
+} // namespace
+
+class TestKitFrames : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void frameIsTheOneThatIsShown_data();
+    void frameIsTheOneThatIsShown();
+    void screenShowsItsColours_data();
+    void screenShowsItsColours();
+    void wholeFrameIsNeitherCutNorScaled();
+    void keptFrameTakesNoDecoding();
+    void onlyTheLatestIsTold();
+    void frameIsRefused_data();
+    void frameIsRefused();
+    void previewIsTheOutput_data();
+    void previewIsTheOutput();
+
+private:
+    QTemporaryDir m_folder;
+};
+
+void TestKitFrames::frameIsTheOneThatIsShown_data()
+{
+    QTest::addColumn<QString>("clip");
+    QTest::addColumn<double>("seconds");
+    QTest::addColumn<int>("place"); // Of the frame among all of the clip.
+
+    const auto row = [](const char* name, const char* clip, double seconds, int place) {
+        QTest::newRow(name) << QString::fromLatin1(clip) << seconds << place;
+    };
+    row("beginning", "plain.mp4", 0, 0);
+    row("before the beginning", "plain.mp4", -1, 0);
+    row("begins then", "plain.mp4", 0.12, 3);
+    row("is still there", "plain.mp4", 0.1594, 3);
+    row("last frame", "plain.mp4", 0.39, 9);
+    row("end", "plain.mp4", 0.4, 9);
+    row("long after the end", "plain.mp4", 1000, 9);
+    row("another container", "plain.mkv", 0.2, 4);
+    row("container without an index", "plain.mpg", 0.2, 4);
+    row("old container", "plain.avi", 0.2, 4);
+    row("streamed", "streamed.mkv", 0.2, 4);
+    row("raw stream", "raw.h264", 0.2, 5);
+    row("beginning of one that begins late", "late.ts", 0, 0);
+    row("within one that begins late", "late.ts", 0.25, 5);
+    row("end of one that begins late", "late.ts", 5, 9);
+    row("long after a key frame, without an index", "long.ts", 6.6, 165);
+    row("just after a key frame, without an index", "long.ts", 4.04, 101);
+    row("end, without an index", "long.ts", 8, 199);
+    row("variable rate, at the higher one", "variable.mp4", 0.25, 7);
+    row("variable rate, typed with three digits", "variable.mp4", 0.333, 10);
+    row("variable rate, where each second is missing", "variable.mp4", 0.39, 10);
+    row("variable rate, the next one", "variable.mp4", 0.4, 11);
+    row("variable rate, end", "variable.mp4", 1, 19);
+    row("long gap", "gap.mkv", 6, 9);
+    row("after a long gap", "gap.mkv", 7.3, 11);
+    row("picture begins after the sound", "late-picture.mkv", 0.1, 0);
+    row("picture that has begun after the sound", "late-picture.mkv", 0.6, 2);
+}
+
+void TestKitFrames::frameIsTheOneThatIsShown()
+{
+    QFETCH(const QString, clip);
+    QFETCH(const double, seconds);
+    QFETCH(const int, place);
+
+    const QByteArray all = decoded(clips::clip(clip));
+    Frames frames(zokit::findTools());
+    FrameQuestion question = questionOf(clip, seconds);
+    question.kind = FrameKind::Before;
+    const FrameAnswer answer = zokit::frame(frames, question);
+    QCOMPARE(answer.error.text(), QString());
+    QCOMPARE(answer.frame.size, QSize(160, 120));
+    QCOMPARE(placeOf(answer.frame.bytes, all), place);
+}
+
+void TestKitFrames::screenShowsItsColours_data()
+{
+    QTest::addColumn<QString>("clip");
+
+    for (const char* clip : {"red709.mkv", "red601.mkv", "red-full.mkv", "red-deep.mkv"})
+        QTest::newRow(clip) << QString::fromLatin1(clip);
+}
+
+void TestKitFrames::screenShowsItsColours()
+{
+    QFETCH(const QString, clip);
+    Frames frames(zokit::findTools());
+    FrameQuestion question = questionOf(clip, 0.1);
+    question.forScreen = true;
+    for (const FrameKind kind : {FrameKind::Before, FrameKind::After}) {
+        question.kind = kind;
+        const QImage image = zokit::frame(frames, question).frame.image();
+        QCOMPARE(image.size(), QSize(64, 48));
+        const QColor colour = image.pixelColor(20, 20);
+        QVERIFY2(colour.red() >= 254 && colour.green() <= 1 && colour.blue() <= 1, qPrintable(colour.name()));
+    }
+}
+
+void TestKitFrames::wholeFrameIsNeitherCutNorScaled()
+{
+    Frames frames(zokit::findTools());
+    FrameQuestion question = questionOf(QStringLiteral("lossless.mkv"), 0.2);
+    question.forScreen = true;
+    graphsupport::set(question.settings, "Crop", "crop_width", 80);
+    graphsupport::set(question.settings, "Crop", "crop_height", 100);
+    question.settings.output.insert(QStringLiteral("size"), QStringLiteral("40x40"));
+    graphsupport::append(question.settings, "Watermark",
+                         {{QStringLiteral("wm_imageurl"), kitsupport::logoPath(40, 30)},
+                          {QStringLiteral("wm_imagewidth"), 40},
+                          {QStringLiteral("wm_imageheight"), 30}});
+    QCOMPARE(zokit::frame(frames, question).frame.image().size(), QSize(32, 40));
+    question.kind = FrameKind::Whole;
+    const QImage whole = zokit::frame(frames, question).frame.image();
+    QCOMPARE(whole.size(), QSize(160, 120));
+    question.kind = FrameKind::Before;
+    QCOMPARE(whole, zokit::frame(frames, question).frame.image());
+}
+
+void TestKitFrames::keptFrameTakesNoDecoding()
+{
+    FrameQuestion question = questionOf(QStringLiteral("lossless.mkv"), 0.2);
+    const QString copy = m_folder.filePath(QStringLiteral("copy.mkv"));
+    QVERIFY(QFile::copy(question.media.file, copy));
+    question.media.file = copy;
+    question.isKept = true;
+    Frames frames(zokit::findTools());
+    const QByteArray first = zokit::frame(frames, question).frame.bytes;
+    QCOMPARE(first.size(), 160 * 120 * 3 / 2);
+
+    QFile file(copy);
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write("no clip any more") > 0);
+    file.close();
+    graphsupport::useEffect(question.settings, QStringLiteral("Flip"));
+    const QByteArray flipped = zokit::frame(frames, question).frame.bytes;
+    QCOMPARE(flipped.left(160), first.mid(160 * 119, 160));
+    question.seconds = 0.3;
+    QVERIFY(!zokit::frame(frames, question).error.isEmpty());
+}
+
+void TestKitFrames::onlyTheLatestIsTold()
+{
+    Frames frames(zokit::findTools());
+    QSignalSpy told(&frames, &Frames::answered);
+    FrameQuestion question = questionOf(QStringLiteral("plain.mp4"), 0);
+    QCOMPARE(frames.ask(question), 1);
+    QTest::qWait(20); // A child runs.
+    QCOMPARE(frames.ask(question), 2);
+    question.seconds = 0.2;
+    QCOMPARE(frames.ask(question), 3);
+    QVERIFY(frames.isRunning());
+    QVERIFY(told.isEmpty());
+    QVERIFY(told.wait(patience));
+    QCOMPARE(told.first().first().value<FrameAnswer>().number, 3);
+    QVERIFY(!frames.isRunning());
+
+    frames.ask(question);
+    frames.cancel();
+    QVERIFY(!frames.isRunning());
+    QTest::qWait(50);
+    QCOMPARE(told.size(), 1);
+}
+
+void TestKitFrames::frameIsRefused_data()
+{
+    QTest::addColumn<QString>("clip");
+    QTest::addColumn<QString>("sentence");
+
+    QTest::newRow("no picture") << QStringLiteral("sound.wav")
+                                << QStringLiteral("%1 has no picture that can be shown. Choose another file.");
+    QTest::newRow("a crop of nothing")
+        << QStringLiteral("plain.mp4")
+        << QStringLiteral("10x10 of the frame of 160x120 is left of the crop. At least 24x24 is needed: move it into "
+                          "the frame or make it larger.");
+}
+
+void TestKitFrames::frameIsRefused()
+{
+    QFETCH(const QString, clip);
+    QFETCH(QString, sentence);
+    Frames frames(zokit::findTools());
+    FrameQuestion question = questionOf(clip, 0);
+    for (const char* side : {"crop_width", "crop_height"})
+        graphsupport::set(question.settings, "Crop", side, 10);
+    sentence.replace(QStringLiteral("%1"), question.media.file);
+    const FrameAnswer answer = zokit::frame(frames, question);
+    QCOMPARE(answer.error.text(), sentence);
+    QVERIFY(answer.frame.bytes.isEmpty());
+}
+
+namespace {
+
+/// The times of all frames, from the clip's beginning, as ffprobe finds them.
+QVector<double> timesOf(const MediaInfo& media)
+{
+    zokit::Command command;
+    command.program = zokit::findTools().ffprobe;
+    command.arguments = QStringLiteral("-v error -select_streams %1 -show_entries frame=best_effort_timestamp_time "
+                                       "-of default=nk=1:nw=1")
+                            .arg(media.picture()->track.index)
+                            .split(QLatin1Char(' '));
+    command.arguments << media.file;
+    QVector<double> times;
+    const QList<QByteArray> lines = zokit::run(command).output.split('\n');
+    for (const QByteArray& line : lines) {
+        bool isNumber = false;
+        const double time = line.toDouble(&isNumber);
+        if (isNumber)
+            times.append(time - media.start);
+    }
+    return times;
+}
+
+/// A scene is all that is set for the picture of a clip, anything of the table.
+class Scene {
+public:
+    explicit Scene(quint32 seed) : m_random(seed)
+    {
+        const QStringList clips{key("lossless.mkv"),  key("plain.mp4"),      key("variable.mp4"), key("late.ts"),
+                                key("top-first.mkv"), key("ten-bit.mkv"),    key("plain.avi"),    key("full-range.mkv"),
+                                key("rotate90.mp4"),  key("anamorphic.mp4"), key("graphic.mkv"),  key("bt601.mkv"),
+                                key("plain.webm"),    key("languages.mkv"),  key("hlg.mkv"),      key("plain.mpg"),
+                                key("gap.mkv"),       key("chapters.mkv")};
+        name = clips.at(m_random.bounded(clips.size()));
+        media = probed(name);
+        settings = graphsupport::plain(media.picture()->shown);
+        addItems();
+        for (const zokit::Property& property : zokit::properties()) {
+            if (!zokit::isSoundType(property.type))
+                change(property);
+        }
+        settings.output.insert(key("video-codec"), key("ffv1"));
+        settings.output.insert(key("pixel-format"), key("source"));
+        if (m_random.bounded(4) == 0)
+            settings.output.insert(key("size"), QStringLiteral("%1x90").arg(90 + 2 * m_random.bounded(40)));
+        if (media.picture()->isHdr && m_random.bounded(2) == 0)
+            settings.output.insert(key("hdr"), key("map"));
+        times = {0, m_random.bounded(media.seconds), media.seconds + m_random.bounded(2.0)};
+    }
+
+    QString name;
+    MediaInfo media;
+    Settings settings;
+    QVector<double> times;
+
+private:
+    static QString key(const char* name) { return QString::fromLatin1(name); }
+
+    void addItems()
+    {
+        for (int i = m_random.bounded(3); i > 0; --i) {
+            const bool isText = m_random.bounded(2) == 0;
+            graphsupport::append(settings, "Watermark",
+                                 {{key("wm_istextwatermark"), isText},
+                                  {key("wm_textcontent"), key("Zo & co")},
+                                  {key("wm_imageurl"), isText ? QString() : kitsupport::logoPath(40, 30)},
+                                  {key("wm_imagewidth"), 40},
+                                  {key("wm_imageheight"), 30},
+                                  {key("wm_fontname"), QFont(key("DejaVu Sans"))}});
+        }
+        const int subtitle = m_random.bounded(3);
+        if (subtitle == 1)
+            graphsupport::append(settings, "Subtitle",
+                                 {{key("sub_fromfile"), true}, {key("file"), clips::clip(key("text.srt"))}});
+        for (const zokit::MediaStream& stream : media.streams) {
+            if (subtitle == 2 && stream.track.kind == zokit::TrackKind::Subtitle) {
+                graphsupport::append(settings, "Subtitle", {{key("trackid"), stream.track.index}});
+                settings.output.insert(key("burn-subtitles"), true);
+                break;
+            }
+        }
+        zokit::TypeSettings* effects = settings.find(key("Effect"));
+        for (int i = m_random.bounded(4) - 1; i > 0; --i) {
+            effects->selected = true;
+            effects->items[m_random.bounded(effects->items.size())].selected = true;
+        }
+        settings.find(key("Crop"))->selected = m_random.bounded(2) == 0;
+        settings.find(key("Color"))->selected = m_random.bounded(2) == 0;
+    }
+
+    void change(const zokit::Property& property)
+    {
+        const QStringList fixed{key("trackid"),        key("sub_fromfile"),  key("file"),
+                                key("wm_imageurl"),    key("wm_fontname"),   key("wm_istextwatermark"),
+                                key("wm_textcontent"), key("crop_minwidth"), key("crop_minheight")};
+        if (fixed.contains(property.key))
+            return;
+        zokit::TypeSettings* type = settings.find(property.type);
+        if (!type) // "Tracks"
+            return;
+        if (!zokit::hasItems(property.type) || property.suits.testFlag(zokit::Suit::Type)) {
+            if (m_random.bounded(2) == 0)
+                set(type->values, property);
+        }
+        for (zokit::Item& item : type->items) {
+            if (m_random.bounded(2) == 0 && property.type != QLatin1String("Effect"))
+                set(item.values, property);
+        }
+    }
+
+    void set(zokit::Values& values, const zokit::Property& property)
+    {
+        const QSize frame = settings.media.frame;
+        QVariant value;
+        if (!property.choices.isEmpty()) {
+            value = property.choices.at(m_random.bounded(property.choices.size())).value;
+        } else if (property.kind == zokit::ValueKind::Bool) {
+            value = m_random.bounded(2) == 0;
+        } else if (property.kind == zokit::ValueKind::Color) {
+            value = QColor::fromRgb(m_random.generate());
+        } else if (property.kind == zokit::ValueKind::Integer && property.isGeometry) {
+            value = m_random.bounded(std::min(frame.width(), frame.height()));
+        } else if (property.kind == zokit::ValueKind::Integer && property.lowest.isValid()) {
+            const int lowest = property.lowest.toInt();
+            value = m_random.bounded(lowest, std::max(property.highest.toInt(), lowest) + 1);
+        }
+        if (value.isValid() && zokit::readValue(property, value, frame, QString()).error.isEmpty())
+            values.insert(property.key, value);
+    }
+
+    QRandomGenerator m_random;
+};
+
+} // namespace
+
+void TestKitFrames::previewIsTheOutput_data()
+{
+    QTest::addColumn<quint32>("seed");
+
+    constexpr int usual = 30;
+    const int scenes = kitsupport::stepsOr("ZOKIT_SCENES", usual);
+    for (int seed = 1; seed <= scenes; ++seed)
+        QTest::newRow(qPrintable(QStringLiteral("scene %1").arg(seed))) << quint32(seed);
+}
+
+void TestKitFrames::previewIsTheOutput()
+{
+    QFETCH(const quint32, seed);
+    const Scene scene(seed);
+
+    zokit::Job job;
+    job.input = scene.media.file;
+    job.output = m_folder.filePath(QStringLiteral("%1.mkv").arg(seed));
+    job.settings = scene.settings;
+    zokit::Conversion conversion(zokit::findTools());
+    QSignalSpy ended(&conversion, &zokit::Conversion::finished);
+    conversion.start(job);
+    QVERIFY(ended.wait(patience));
+    const auto result = ended.first().first().value<zokit::ConversionResult>();
+    Frames frames(zokit::findTools());
+    FrameQuestion question = zokit::plannedFrame(scene.settings, conversion.media(), conversion.plan());
+    question.forScreen = false;
+    question.isKept = seed % 2 == 0;
+    if (result.outcome != zokit::Outcome::Done) {
+        // What cannot be converted cannot be previewed either, for the same reason.
+        QCOMPARE(zokit::frame(frames, question).error.text(), result.reason.text());
+        return;
+    }
+    const QByteArray all = decoded(job.output);
+    QVERIFY(QFile::remove(job.output));
+    const QVector<double> times = timesOf(scene.media);
+    const int size = static_cast<int>(all.size() / times.size());
+    QCOMPARE(size * times.size(), all.size());
+
+    for (const double seconds : scene.times) {
+        int place = 0;
+        while (place + 1 < times.size() && times.at(place + 1) < seconds + 0.0005)
+            ++place;
+        question.seconds = seconds;
+        question.isKept = !question.isKept; // Both ways lead to it.
+        const FrameAnswer answer = zokit::frame(frames, question);
+        QCOMPARE(answer.error.text(), QString());
+        QCOMPARE(answer.frame.bytes.size(), size);
+        if (answer.frame.bytes != all.mid(place * size, size))
+            QFAIL(qPrintable(QStringLiteral("%1 at %2 s is frame %3 instead of %4")
+                                 .arg(scene.name)
+                                 .arg(seconds)
+                                 .arg(placeOf(answer.frame.bytes, all))
+                                 .arg(place)));
+    }
+}
+
+ZOEFFECT_TEST_MAIN(TestKitFrames)
+#include "tst_kit_frames.moc"
