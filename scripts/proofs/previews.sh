@@ -1,0 +1,44 @@
+#!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 The libzoeffect developers
+# SPDX-License-Identifier: MIT
+
+# Previews are what comes out. See usage below.
+set -euo pipefail
+cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/../.."
+
+usage() {
+    cat <<'TEXT'
+usage: scripts/proofs/previews.sh [SCENES]
+
+Builds the kit in build/dev. Makes SCENES scenes (200 by default), anything of the settings on clips of many kinds,
+previews each at three times, out of the clip and out of a kept frame, and converts it without loss: the previews have
+to be the frames of the result, bit by bit. The last line counts the scenes.
+TEXT
+}
+
+scenes=${1:-200}
+case $scenes in
+--help | -h)
+    usage
+    exit 0
+    ;;
+*[!0-9]* | '' | 0*)
+    usage >&2
+    exit 2
+    ;;
+esac
+
+scripts/install-packages build test || exit 1
+# shellcheck source-path=SCRIPTDIR source=support/build.sh
+source scripts/proofs/support/build.sh
+build dev tst_kit_frames
+
+export QT_QPA_PLATFORM=offscreen
+said=$(mktemp)
+trap 'rm -f "$said"' EXIT
+ZOKIT_SCENES=$scenes build/dev/tests/kit/tst_kit_frames -maxwarnings 0 previewIsTheOutput > "$said" || true
+grep -A 2 '^FAIL' "$said" || true
+passed=$(grep -c '^PASS.*(scene' "$said" || true)
+echo "found: $((3 * passed)) previews are the frames that were converted"
+echo "$passed passed, $((scenes - passed)) failed"
+((passed == scenes))
