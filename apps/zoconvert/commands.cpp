@@ -53,7 +53,8 @@ constexpr Row ownRows[] = {
     {"json",  "", "",     Takes::Nothing, T("Prints JSON."), "--json"},
     {"items", "", "LIST", Takes::Items,   T("What is carried over: types, items or single values, with commas between them; Output and Tracks are types, too."), "--items Color,Watermark:0,Crop"},
     {"add",   "", "",     Takes::Nothing, T("Adds items instead of replacing the list."), "--add"},
-    {"output", "o", "FILE|FOLDER", Takes::File, T("Where to write; to the screen without it."), "--output clips/"},
+    {"time",  "", "S",    Takes::Anything, T("Which moment is shown, in seconds from the clip's beginning."), "--time 12.5"},
+    {"output", "o", "FILE|FOLDER", Takes::File, T("Where to write."), "--output clips/"},
 };
 
 /// An example of each output option, as it is written.
@@ -143,6 +144,12 @@ QVector<Command> table()
         {T("The stream numbers are those that --audio-tracks and --subtitle-track take.")},
         {key("zoconvert probe clip.mkv"), key("zoconvert probe *.mp4 --json")},
         {key("json")}, false, Outputs::None, 1, -1, Takes::File, {}, probe},
+    {"preview", "INPUT [EDIT...] [OUTPUT OPTION...] [--time S] [--output FOLDER]", T("Writes one frame as pictures: as it is, and as it comes out."),
+        {T("before.png is the frame as it is, after.png the one that the encoder gets, preview.png shows what is cut off and the watermarks, watermark.png these alone. Pictures of these names are replaced."),
+         T("They go to the current folder without --output. Without --time it is a frame some way into the clip.")},
+        {key("zoconvert preview clip.mkv --text Hello --place bottom-right --output pictures"),
+         key("zoconvert preview clip.zoeffect.json --time 12.5")},
+        {key("output"), key("time")}, true, Outputs::OfPicture, 1, 1, Takes::File, {}, preview},
     {"preset", "list | show NAME | save NAME FROM [--items LIST] | remove NAME | rename A B | import FILE... | export NAME FILE",
         T("Keeps settings under names, for any clip."), {},
         {key("zoconvert preset save 'my logo' clip.zoeffect.json --items Watermark"), key("zoconvert preset export 'my logo' logo.zoeffect.json")},

@@ -16,6 +16,7 @@ int diff(const Invocation& invocation);
 int apply(const Invocation& invocation);
 int preset(const Invocation& invocation);
 int defaults(const Invocation& invocation);
+int preview(const Invocation& invocation);
 int probe(const Invocation& invocation);
 int schema(const Invocation& invocation);
 int explain(const Invocation& invocation);

@@ -35,6 +35,7 @@ enum class Say {
     CropSmall,      ///< 1: the value, 2: the least width, 3: the least height.
     AssignmentForm, ///< 1: the value.
     PlaceForm,      ///< 1: the value.
+    TimeForm,       ///< 1: the value.
     NoFrame,        ///< 1: the value.
     NoImage,        ///< 1: the file, 2: why.
     LeftNew,        ///< 1: the file.

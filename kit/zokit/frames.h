@@ -58,6 +58,10 @@ struct ZOKIT_EXPORT FrameAnswer {
     Message error;     ///< Why there is no frame.
 };
 
+/// What an editor shows, drawn on a FrameKind::Whole of \a settings: the crop outlined, the rest of the frame dimmed,
+/// the watermarks on top. Null for a null picture. Takes a QGuiApplication.
+ZOKIT_EXPORT QImage previewPicture(const Settings& settings, const QImage& whole);
+
 /// Gets frames out of clips: exactly those that a conversion hands to its encoder, by the same graph. One child at a
 /// time. To be used on the main thread, with a QGuiApplication.
 class ZOKIT_EXPORT Frames : public QObject {

@@ -100,6 +100,26 @@
         <translation>--set: %1 ist nicht ADRESSE=WERT, zum Beispiel Color:bcs_contrast=20.</translation>
     </message>
     <message>
+        <source>--time: %1 is no number of seconds, for example 12.5.</source>
+        <translation>--time: %1 ist keine Zahl von Sekunden, zum Beispiel 12.5.</translation>
+    </message>
+    <message>
+        <source>Which moment is shown, in seconds from the clip's beginning.</source>
+        <translation>Welcher Augenblick gezeigt wird, in Sekunden vom Anfang des Clips an.</translation>
+    </message>
+    <message>
+        <source>Writes one frame as pictures: as it is, and as it comes out.</source>
+        <translation>Schreibt ein Einzelbild als Bilder: wie es ist, und wie es herauskommt.</translation>
+    </message>
+    <message>
+        <source>before.png is the frame as it is, after.png the one that the encoder gets, preview.png shows what is cut off and the watermarks, watermark.png these alone. Pictures of these names are replaced.</source>
+        <translation>before.png ist das Einzelbild, wie es ist, after.png das, was der Encoder bekommt, preview.png zeigt, was abgeschnitten wird, und die Wasserzeichen, watermark.png diese allein. Bilder dieser Namen werden ersetzt.</translation>
+    </message>
+    <message>
+        <source>They go to the current folder without --output. Without --time it is a frame some way into the clip.</source>
+        <translation>Ohne --output kommen sie in den aktuellen Ordner. Ohne --time ist es ein Bild ein Stück im Clip.</translation>
+    </message>
+    <message>
         <source>--place: %1 is not [POS:]CORNER[:MARGIN], for example bottom-right:2%.</source>
         <translation>--place: %1 ist nicht [POS:]ECKE[:RAND], zum Beispiel bottom-right:2%.</translation>
     </message>
@@ -300,8 +320,8 @@
         <translation>Fügt Elemente hinzu, statt die Liste zu ersetzen.</translation>
     </message>
     <message>
-        <source>Where to write; to the screen without it.</source>
-        <translation>Wohin geschrieben wird; ohne Angabe auf den Bildschirm.</translation>
+        <source>Where to write.</source>
+        <translation>Wohin geschrieben wird.</translation>
     </message>
     <message>
         <source>Writes settings files; to the screen without --output.</source>

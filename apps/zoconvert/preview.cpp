@@ -1,0 +1,188 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+// zoconvert preview: one frame of a clip as it is, and as a conversion would have it.
+
+#include <QBuffer>
+#include <QDir>
+#include <QFileInfo>
+#include <QImage>
+#include <QSaveFile>
+
+#include <zokit/frames.h>
+#include <zokit/graph.h>
+#include <zokit/outputoptions.h>
+#include <zokit/placement.h>
+#include <zokit/trackplan.h>
+
+#include "console.h"
+#include "input.h"
+#include "run.h"
+#include "words.h"
+
+namespace zoconvert {
+
+namespace {
+
+/// What the pictures are made of.
+struct Scene {
+    zokit::Settings settings;
+    zokit::FrameQuestion question;
+    QString error; ///< Names the file.
+    int code = Done;
+};
+
+Scene refused(const QString& error, int code)
+{
+    Scene scene;
+    scene.error = error;
+    scene.code = code;
+    return scene;
+}
+
+QString sizeText(const QSize& size)
+{
+    return QStringLiteral("%1x%2").arg(size.width()).arg(size.height());
+}
+
+/// Sets what the command line says of the output; the sentence says what is refused.
+QString setOutput(zokit::FileSettings& file, const Invocation& invocation)
+{
+    for (auto it = invocation.output.cbegin(); it != invocation.output.cend(); ++it) {
+        const zokit::OutputOption* option = zokit::outputOption(it.key());
+        if (!option || !option->inSettings)
+            continue;
+        const zokit::Message error = file.setValue(file.output(), it.key(), it.value());
+        if (!error.isEmpty())
+            return error.text();
+    }
+    return QString();
+}
+
+Scene sceneOf(const QString& word, const Invocation& invocation)
+{
+    Input input = loadInput(word, invocation);
+    if (input.settings)
+        edit(input, invocation);
+    if (!input.error.isEmpty())
+        return refused(input.error, input.code);
+    if (const QString error = setOutput(*input.settings, invocation); !error.isEmpty())
+        return refused(named(word, error), Usage);
+
+    Scene scene;
+    scene.settings = input.settings->settings();
+    if (!input.media) {
+        const ProbedInput probed = probeInput(scene.settings.media.file, invocation);
+        if (!probed.media)
+            return refused(named(word, probed.error), Failed);
+        input.media = probed.media;
+    }
+    const zokit::MediaStream* picture = input.media->picture();
+    if (!picture)
+        return refused(zokit::Message(zokit::Message::Code::NoPicture, {word}).text(), Failed);
+    const QSize told = scene.settings.media.frame;
+    if (told != picture->shown) {
+        if (!told.isEmpty()) {
+            scene.settings = zokit::rescaled(scene.settings, picture->shown);
+            console::warning(
+                zokit::Message(zokit::Message::Code::Rescaled, {sizeText(told), sizeText(picture->shown)}).text(),
+                word);
+        }
+        scene.settings.media.frame = picture->shown;
+    }
+
+    QMap<QString, zokit::MediaInfo> files;
+    for (const QString& file : zokit::namedTrackFiles(scene.settings)) {
+        const ProbedInput probed = probeInput(file, invocation);
+        if (!probed.media)
+            return refused(named(word, probed.error), Usage);
+        files.insert(file, *probed.media);
+    }
+    const QString container = zokit::containerFor(scene.settings, input.media->file);
+    const zokit::TracksPlan plan = zokit::planTracks(scene.settings, *input.media, files, container);
+    if (!plan.error.isEmpty())
+        return refused(named(word, plan.error.text()), Usage);
+    scene.question = zokit::plannedFrame(scene.settings, *input.media, plan);
+    scene.question.isKept = true;
+    return scene;
+}
+
+/// The moment that is asked for; without one, some way into the clip. The sentence says what is wrong with it.
+QString readTime(const Invocation& invocation, double length, double* seconds)
+{
+    constexpr double goodPlace = 0.3;
+    *seconds = length * goodPlace;
+    if (!invocation.has("time"))
+        return QString();
+    bool isNumber = false;
+    *seconds = invocation.value("time").toDouble(&isNumber);
+    return isNumber && *seconds >= 0 && *seconds < 1e9 ? QString() : say(Say::TimeForm, {invocation.value("time")});
+}
+
+/// Writes \a picture whole or not at all; the sentence says why not.
+QString write(const QImage& picture, const QString& path)
+{
+    QByteArray png;
+    QBuffer buffer(&png);
+    QSaveFile file(path);
+    if (picture.save(&buffer, "PNG") && file.open(QIODevice::WriteOnly) && file.write(png) == png.size() && file.flush()
+        && file.commit())
+        return QString();
+    return zokit::Message(zokit::Message::Code::FileUnwritable, {path, file.errorString()}).text();
+}
+
+} // namespace
+
+int preview(const Invocation& invocation)
+{
+    const QString word = invocation.words.first();
+    Scene scene = sceneOf(word, invocation);
+    if (scene.error.isEmpty()) {
+        scene.error = readTime(invocation, scene.question.media.seconds, &scene.question.seconds);
+        scene.code = Usage;
+    }
+    if (!scene.error.isEmpty()) {
+        console::error(scene.error);
+        return scene.code;
+    }
+
+    zokit::Frames frames(zokit::findTools());
+    QMap<zokit::FrameKind, QImage> images;
+    for (const zokit::FrameKind kind : {zokit::FrameKind::Before, zokit::FrameKind::Whole, zokit::FrameKind::After}) {
+        scene.question.kind = kind;
+        const zokit::FrameAnswer answer = zokit::frame(frames, scene.question);
+        if (!answer.error.isEmpty()) {
+            console::error(answer.error.text(), answer.error.arguments().contains(word) ? QString() : word);
+            return Failed;
+        }
+        images.insert(kind, answer.frame.image());
+        if (kind == zokit::FrameKind::After) {
+            for (const zokit::Message& warning : answer.warnings)
+                console::warning(warning.text(), word);
+        }
+    }
+    QImage watermark = zokit::watermarkPicture(scene.settings);
+    if (watermark.isNull()) {
+        watermark = QImage(zokit::baseFrame(scene.settings), QImage::Format_RGBA8888);
+        watermark.fill(Qt::transparent);
+    }
+
+    const QDir folder(invocation.has("output") ? invocation.value("output") : QStringLiteral("."));
+    QDir().mkpath(folder.path()); // Where it cannot be made, writing says so.
+    const QPair<const char*, QImage> pictures[] = {
+        {"before.png", images.value(zokit::FrameKind::Before)},
+        {"after.png", images.value(zokit::FrameKind::After)},
+        {"preview.png", zokit::previewPicture(scene.settings, images.value(zokit::FrameKind::Whole))},
+        {"watermark.png", watermark}};
+    for (const auto& [name, picture] : pictures) {
+        const QString path = QDir::cleanPath(folder.filePath(QString::fromLatin1(name)));
+        if (const QString error = write(picture, path); !error.isEmpty()) {
+            console::error(error);
+            return Failed;
+        }
+        console::printLine(path);
+    }
+    return Done;
+}
+
+} // namespace zoconvert
