@@ -55,6 +55,10 @@ constexpr Row ownRows[] = {
     {"add",   "", "",     Takes::Nothing, T("Adds items instead of replacing the list."), "--add"},
     {"time",  "", "S",    Takes::Anything, T("Which moment is shown, in seconds from the clip's beginning."), "--time 12.5"},
     {"output", "o", "FILE|FOLDER", Takes::File, T("Where to write."), "--output clips/"},
+    {"recursive", "", "", Takes::Nothing, T("Also what is in the folders of a folder."), "--recursive"},
+    {"files", "", "FOLDER", Takes::Folder, T("Where the files lie that the commands need beside the clip."), "--files helpers"},
+    {"plan",  "", "PLAN", Takes::File,    T("The file to write."), "--plan films.plan"},
+    {"report", "", "",    Takes::Nothing, T("Does nothing, and prints what became of each job."), "--report"},
 };
 
 /// An example of each output option, as it is written.
@@ -122,6 +126,28 @@ QVector<Command> table()
     const QStringList defaultWords{key("list"), key("show"), key("save"), key("remove")};
     // clang-format off
     return {
+    {"convert", "INPUT... [EDIT...] [OUTPUT OPTION...]", T("Converts files."),
+        {T("An input is a media file, a settings file, which names its clip, or a folder. Without --output and --output-folder each result lies beside its input."),
+         T("What no setting touches is copied as it is. A result gets its name only when it is whole; what is there is never replaced unasked.")},
+        {key("zoconvert convert holiday.mkv --text Hello -o holiday.mp4"),
+         key("zoconvert convert films --recursive --preset 'my logo' --output-folder done -j 2"),
+         key("zoconvert convert clip.zoeffect.json --existing skip")},
+        {key("recursive")}, true, Outputs::All, 1, -1, Takes::File, {}, convert},
+    {"command", "INPUT [EDIT...] [OUTPUT OPTION...] [--files FOLDER]", T("Prints what convert would run, a line a step."),
+        {T("The lines are for a POSIX shell. With --files they run as they are.")},
+        {key("zoconvert command clip.mkv --text Hello --files helpers > convert.sh")},
+        {key("files")}, true, Outputs::All, 1, 1, Takes::File, {}, command},
+    {"plan", "INPUT... [EDIT...] [OUTPUT OPTION...] --plan PLAN", T("Writes jobs for work, one a line."),
+        {T("A job holds all that it takes, and names the images, subtitles, sounds and fonts that have to be as they were.")},
+        {key("zoconvert plan films --preset 'my logo' --output-folder done --plan films.plan")},
+        {key("plan"), key("recursive")}, true, Outputs::All, 1, -1, Takes::File, {}, plan},
+    {"work", "PLAN [NUMBER...] [--report]", T("Does the jobs of a plan: those of these numbers, or all."),
+        {T("A job whose result is there is left out, so that several runs can share a plan. What became of the jobs is kept in PLAN.results."),
+         T("It ends 75 when all that failed may be tried again, 76 when a program or a needed file is missing.")},
+        {key("zoconvert work films.plan"), key("zoconvert work films.plan 3 4"),
+         key("parallel -j 2 zoconvert work films.plan ::: {1..20}"), key("zoconvert work films.plan --report")},
+        {key("report"), key("jobs"), key("threads"), key("stall"), key("stop-at-first-failure"), key("progress"), key("quiet"), key("verbose")},
+        false, Outputs::None, 1, -1, Takes::File, {}, work},
     {"settings", "INPUT... [EDIT...] [--output FILE|FOLDER]", T("Writes settings files; to the screen without --output."),
         {T("Those of a clip begin with the saved defaults; a settings file among the inputs is changed by the edits.")},
         {key("zoconvert settings clip.mkv --text Hello --place bottom-right --output clip.zoeffect.json"),

@@ -44,6 +44,11 @@ void warning(const QString& sentence, const QString& file)
     complain("33;1", say(Say::Warning, {sentence}), file);
 }
 
+void note(const QString& sentence, const QString& file)
+{
+    complain("32;1", sentence, file);
+}
+
 void print(const QByteArray& text)
 {
     std::fwrite(text.constData(), 1, static_cast<std::size_t>(text.size()), stdout);

@@ -15,6 +15,9 @@ void error(const QString& sentence, const QString& file = {});
 /// The same for what is no error: "zoconvert: FILE: warning: sentence".
 void warning(const QString& sentence, const QString& file = {});
 
+/// "zoconvert: FILE: sentence", of what goes well.
+void note(const QString& sentence, const QString& file = {});
+
 /// What was asked for.
 void print(const QByteArray& text);
 /// A line of it; control characters are spelled.

@@ -59,12 +59,7 @@ void loadMedia(Input& input, const Invocation& invocation)
         input.code = Failed;
         return;
     }
-    const zokit::MediaStream* picture = probed.media->picture();
-    const zokit::Media media{QFileInfo(input.name).absoluteFilePath(), picture ? picture->shown : QSize(0, 0),
-                             probed.media->seconds};
-    input.media = probed.media;
-    input.settings = std::make_unique<zokit::FileSettings>(media);
-    chooseTracks(*input.settings, *input.media);
+    input = inputOf(input.name, *probed.media);
 }
 
 void loadSettings(Input& input, const Invocation& invocation)
@@ -93,6 +88,27 @@ Input loadInput(const QString& name, const Invocation& invocation)
         loadSettings(input, invocation);
     else
         loadMedia(input, invocation);
+    return input;
+}
+
+Input inputOf(const QString& name, const zokit::MediaInfo& media)
+{
+    const zokit::MediaStream* picture = media.picture();
+    Input input;
+    input.name = name;
+    input.media = media;
+    input.settings = std::make_unique<zokit::FileSettings>(
+        zokit::Media{QFileInfo(media.file).absoluteFilePath(), picture ? picture->shown : QSize(0, 0), media.seconds});
+    chooseTracks(*input.settings, media);
+    return input;
+}
+
+Input inputOf(const QString& name, const zokit::Settings& settings, const zokit::MediaInfo& media)
+{
+    Input input;
+    input.name = name;
+    input.media = media;
+    input.settings = std::make_unique<zokit::FileSettings>(settings);
     return input;
 }
 

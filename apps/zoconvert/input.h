@@ -37,6 +37,9 @@ ProbedInput probeInput(const QString& name, const Invocation& invocation);
 /// The media file or, where it ends in ".json", the settings file \a name. Settings of a clip begin with the saved
 /// defaults and have an item for each track of it.
 Input loadInput(const QString& name, const Invocation& invocation);
+/// The same for a clip, and for a settings file, whose clip was looked into already.
+Input inputOf(const QString& name, const zokit::MediaInfo& media);
+Input inputOf(const QString& name, const zokit::Settings& settings, const zokit::MediaInfo& media);
 /// Applies the edits of \a invocation, and chooses the tracks of a clip as they ask for. What is refused becomes the
 /// input's error.
 void edit(Input& input, const Invocation& invocation);

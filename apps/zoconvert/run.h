@@ -10,6 +10,10 @@
 /// The commands: each does what the command line asks for, says what went wrong, and answers how the program ends.
 namespace zoconvert {
 
+int convert(const Invocation& invocation);
+int command(const Invocation& invocation);
+int plan(const Invocation& invocation);
+int work(const Invocation& invocation);
 int settings(const Invocation& invocation);
 int show(const Invocation& invocation);
 int diff(const Invocation& invocation);

@@ -22,12 +22,32 @@ enum class Say {
     TooManyWords,   ///< 1: the first word that is too many, 2: the usage.
     NeedsOption,    ///< 1: the command, 2: the option.
     NotUtf8,
-    OptionNotUtf8,  ///< 1: the argument.
-    Exists,         ///< 1: the file.
-    PresetThere,    ///< 1: the preset.
-    FileThere,      ///< 1: the file.
-    SeveralInputs,  ///< 1: the file.
-    SameOutput,     ///< 1: the file, 2 and 3: the inputs.
+    OptionNotUtf8, ///< 1: the argument.
+    Exists,        ///< 1: the file.
+    PresetThere,   ///< 1: the preset.
+    FileThere,     ///< 1: the file.
+    SeveralInputs, ///< 1: the file.
+    SameOutput,    ///< 1: the file, 2 and 3: the inputs.
+    NamesNoClip,
+    EmptyFolder,
+    OneInputOnly,  ///< 1: the output, 2: how many.
+    OneFileOnly,   ///< 1: the folder.
+    UnknownEnding, ///< 1: the output.
+    EndingDiffers, ///< 1: the output, 2: the container.
+    NotBoth,       ///< 1 and 2: the options.
+    PatternSlash,  ///< 1: the pattern.
+    PatternWord,   ///< 1: the word.
+    LeftThere,     ///< 1: the output.
+    NotBegun,
+    DoneAs,   ///< 1: the output.
+    WouldBe,  ///< 1: the output.
+    NoFolder, ///< 1: the folder.
+    FilesGone,
+    PlanLine,       ///< 1: the plan, 2: the line, 3: why.
+    NoJob,          ///< 1: the number, 2: how many there are.
+    NeedDiffers,    ///< 1: the file.
+    FontDiffers,    ///< 1: the family that was planned, 2: the one found.
+    ResultsNotKept, ///< 1: the file.
     Warning,        ///< 1: the sentence.
     NoWatermark,    ///< 1: the option.
     CropForm,       ///< 1: the value.

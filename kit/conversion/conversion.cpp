@@ -117,8 +117,10 @@ private:
         Q_EMIT m_owner->warned(warning);
     }
     Message checkOutput() const;
+    void refuse(const Message& wrong, FailureKind kind);
     void begin();
     void probed(const ReadMedia& read);
+    void takeClip(const MediaInfo& media);
     void probeNextFile();
     void settle();
     bool makeHelpers();
@@ -177,9 +179,49 @@ void Conversion::Private::begin()
     if (!m_tools.error.isEmpty())
         return fail(m_tools.error, FailureKind::Setup);
     if (const Message wrong = checkOutput(); !wrong.isEmpty())
-        return fail(wrong);
+        return refuse(wrong, FailureKind::Lasting);
     m_phase = Phase::Clip;
-    m_prober.probe(m_job.input);
+    if (m_job.media)
+        takeClip(*m_job.media);
+    else
+        m_prober.probe(m_job.input);
+}
+
+/// The result cannot be written, or is there already: then another run may have made it.
+void Conversion::Private::refuse(const Message& wrong, FailureKind kind)
+{
+    if (wrong.code() != Code::OutputExists)
+        fail(wrong, kind);
+    else if (m_job.skips)
+        finish(Outcome::Skipped, FailureKind::None, wrong);
+    else
+        fail(wrong);
+}
+
+void Conversion::Private::takeClip(const MediaInfo& media)
+{
+    m_media = media;
+    if (m_job.makeSettings) {
+        const ReadSettings made = m_job.makeSettings(m_media);
+        for (const Message& warning : made.warnings)
+            warn(warning);
+        if (!made.settings)
+            return fail(made.error);
+        m_job.settings = *made.settings;
+    }
+    const MediaStream* picture = m_media.picture();
+    const QSize told = m_job.settings.media.frame;
+    if (picture && !told.isEmpty() && told != picture->shown) {
+        m_job.settings = rescaled(m_job.settings, picture->shown);
+        warn(Message(Code::Rescaled,
+                     {QStringLiteral("%1x%2").arg(told.width()).arg(told.height()),
+                      QStringLiteral("%1x%2").arg(picture->shown.width()).arg(picture->shown.height())}));
+    }
+    if (picture)
+        m_job.settings.media.frame = picture->shown;
+    m_waitingFiles = namedTrackFiles(m_job.settings);
+    m_phase = Phase::Files;
+    probeNextFile();
 }
 
 void Conversion::Private::probed(const ReadMedia& read)
@@ -189,33 +231,12 @@ void Conversion::Private::probed(const ReadMedia& read)
     if (m_phase == Phase::Clip) {
         if (!read.media)
             return fail(read.error);
-        m_media = *read.media;
-        if (m_job.makeSettings) {
-            const ReadSettings made = m_job.makeSettings(m_media);
-            for (const Message& warning : made.warnings)
-                warn(warning);
-            if (!made.settings)
-                return fail(made.error);
-            m_job.settings = *made.settings;
-        }
-        const MediaStream* picture = m_media.picture();
-        const QSize told = m_job.settings.media.frame;
-        if (picture && !told.isEmpty() && told != picture->shown) {
-            m_job.settings = rescaled(m_job.settings, picture->shown);
-            warn(Message(Code::Rescaled,
-                         {QStringLiteral("%1x%2").arg(told.width()).arg(told.height()),
-                          QStringLiteral("%1x%2").arg(picture->shown.width()).arg(picture->shown.height())}));
-        }
-        if (picture)
-            m_job.settings.media.frame = picture->shown;
-        m_waitingFiles = namedTrackFiles(m_job.settings);
-        m_phase = Phase::Files;
-    } else {
-        const QString file = m_waitingFiles.takeFirst();
-        if (!read.media)
-            return fail(read.error, FailureKind::Setup);
-        m_files.insert(file, *read.media);
+        return takeClip(*read.media);
     }
+    const QString file = m_waitingFiles.takeFirst();
+    if (!read.media)
+        return fail(read.error, FailureKind::Setup);
+    m_files.insert(file, *read.media);
     probeNextFile();
 }
 
@@ -417,7 +438,7 @@ void Conversion::Private::checked(const ReadMedia& read)
         return fail(Message(Code::DamageStrict));
     const QString dateOf = output.value(QStringLiteral("keep-date")).toBool() ? m_job.input : QString();
     if (const Message failed = m_part.finish(m_job.output, m_job.replaces, dateOf); !failed.isEmpty())
-        return fail(failed);
+        return refuse(failed, FailureKind::Temporary);
     finish(Outcome::Done);
 }
 

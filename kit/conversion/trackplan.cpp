@@ -88,6 +88,7 @@ public:
     TracksPlan plan()
     {
         m_plan.error = soundProblem(m_settings);
+        refuse(checkCodecs(m_settings, m_plan.container));
         if (m_plan.error.isEmpty())
             planPicture();
         planOtherPictures();
@@ -147,8 +148,6 @@ private:
     {
         const MediaStream* stream = m_media.picture();
         const QString wanted = option(m_settings, "video-codec");
-        if (!wanted.isEmpty() && wanted != QLatin1String("copy") && !holds(m_plan.container, TrackKind::Video, wanted))
-            refuse(Message(Code::ContainerHoldsNot, {m_plan.container, wanted}));
         if (!stream)
             return;
         TrackPlan plan = planOf(*stream);
@@ -243,9 +242,6 @@ private:
 
     void planSounds()
     {
-        const QString wanted = option(m_settings, "audio-codec");
-        if (!wanted.isEmpty() && wanted != QLatin1String("copy") && !holds(m_plan.container, TrackKind::Audio, wanted))
-            refuse(Message(Code::ContainerHoldsNot, {m_plan.container, wanted}));
         const QVector<Values> selected = selectedItems(m_settings, "Audio");
         QVector<int> taken;
         for (const Values& item : selected) {
@@ -501,6 +497,18 @@ QString containerFor(const Settings& settings, const QString& input)
         return said;
     const QString same = containerOf(input);
     return same.isEmpty() ? QStringLiteral("mkv") : same;
+}
+
+Message checkCodecs(const Settings& settings, const QString& container)
+{
+    const auto asksFor = [](const QString& codec) { return !codec.isEmpty() && codec != QLatin1String("copy"); };
+    const QString video = option(settings, "video-codec");
+    const QString audio = option(settings, "audio-codec");
+    if (asksFor(video) && !holds(container, TrackKind::Video, video))
+        return Message(Code::ContainerHoldsNot, {container, video});
+    if (asksFor(audio) && !holds(container, TrackKind::Audio, audio))
+        return Message(Code::ContainerHoldsNot, {container, audio});
+    return asksFor(video) ? checkVideoOptions(settings.output, video) : Message();
 }
 
 ClipPart clipPart(const Settings& settings, const MediaInfo& media)

@@ -31,9 +31,11 @@ struct ZOKIT_EXPORT Job {
     Settings settings; ///< With the output options. Rescaled where the clip has another frame.
     /// Makes the settings where they depend on the clip; \a settings is not read then. An error fails the job.
     std::function<ReadSettings(const MediaInfo&)> makeSettings;
-    bool replaces = false; ///< A result that is there is replaced at the end; else the job fails.
-    int threads = 0;       ///< Of the encoders and filters; 0: as many as ffmpeg likes.
-    int stallSeconds = 30; ///< Without progress for so long, the conversion is ended.
+    std::optional<MediaInfo> media; ///< What is known of the clip; without it, it is probed.
+    bool replaces = false;          ///< A result that is there is replaced at the end; else the job fails.
+    bool skips = false;             ///< Instead, with a result that is there, at the end too, the job is Skipped.
+    int threads = 0;                ///< Of the encoders and filters; 0: as many as ffmpeg likes.
+    int stallSeconds = 30;          ///< Without progress for so long, the conversion is ended.
 };
 
 /// Files that a conversion needs beside the clip, made before it.

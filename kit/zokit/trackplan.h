@@ -67,6 +67,10 @@ ZOKIT_EXPORT QString containerOf(const QString& path);
 /// \a input means, else mkv.
 ZOKIT_EXPORT QString containerFor(const Settings& settings, const QString& input);
 
+/// Which output option of \a settings is refused for any clip: a codec that \a container cannot hold, a quality or an
+/// encoder speed that means nothing to the codec. Empty: none.
+ZOKIT_EXPORT Message checkCodecs(const Settings& settings, const QString& container);
+
 /// What becomes of the tracks of \a media and of \a files, which hold what was found out about namedTrackFiles(). A
 /// track is encoded where an effect touches it, where an output option names something of it, where it is trimmed, or
 /// where the container cannot hold it as it is; else it is copied. Takes a QGuiApplication where there is a watermark.

@@ -3,6 +3,8 @@
 
 #include "programrun.h"
 
+#include <csignal>
+
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -43,10 +45,8 @@ QString ProgramRun::files() const
 }
 
 /// By fork and exec, since QProcess takes arguments as text and these may be any bytes.
-void ProgramRun::run(const QList<QByteArray>& arguments, const char* language)
+qint64 ProgramRun::start(const QList<QByteArray>& arguments, const char* language)
 {
-    const QString outFile = m_configuration.filePath(QStringLiteral("out"));
-    const QString errFile = m_configuration.filePath(QStringLiteral("err"));
     const QByteArray folder = QFile::encodeName(m_folder.path());
     const QByteArray configuration = "XDG_CONFIG_HOME=" + QFile::encodeName(m_configuration.path());
     if (m_tools.isEmpty())
@@ -57,24 +57,37 @@ void ProgramRun::run(const QList<QByteArray>& arguments, const char* language)
     QByteArray script = "cd \"$1\" && shift && exec env ";
     script += "\"$1\" \"$2\" \"$3\" \"${@:6}\" > \"$4\" 2> \"$5\" < /dev/null";
     QList<QByteArray> words{"bash", "-c", script, "bash", folder, configuration, lcAll, ZOCONVERT};
-    words << QFile::encodeName(outFile) << QFile::encodeName(errFile) << arguments;
+    words << QFile::encodeName(outFile()) << QFile::encodeName(errFile()) << arguments;
     std::vector<char*> argv;
     for (QByteArray& word : words)
         argv.push_back(word.data());
     argv.push_back(nullptr);
 
-    const pid_t child = ::fork();
-    if (child == 0) {
+    m_child = ::fork();
+    if (m_child == 0) {
+        for (const int ignored : {SIGINT, SIGHUP, SIGTSTP}) // As tests in the background may have them.
+            std::signal(ignored, SIG_DFL);
         ::execvp("bash", argv.data());
         ::_exit(127);
     }
+    return m_child;
+}
+
+void ProgramRun::wait()
+{
     int status = 0;
-    ::waitpid(child, &status, 0);
+    ::waitpid(m_child, &status, 0);
     code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     const auto read = [](const QString& name) {
         QFile file(name);
         return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QStringLiteral("unreadable");
     };
-    out = read(outFile);
-    err = read(errFile);
+    out = read(outFile());
+    err = read(errFile());
+}
+
+void ProgramRun::run(const QList<QByteArray>& arguments, const char* language)
+{
+    start(arguments, language);
+    wait();
 }

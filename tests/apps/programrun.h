@@ -15,6 +15,9 @@ public:
 
     /// Runs the program to its end. Arguments are bytes, as the shell gives them.
     void run(const QList<QByteArray>& arguments, const char* language = "C.UTF-8");
+    /// The same in two steps: start() answers the number of the process, for which wait() waits.
+    qint64 start(const QList<QByteArray>& arguments, const char* language = "C.UTF-8");
+    void wait();
     /// What ZOEFFECT_FFMPEG names from now on.
     void setTools(const QByteArray& folder) { m_tools = folder; }
 
@@ -24,12 +27,16 @@ public:
     /// The names in the folder, on one line.
     QString files() const;
 
-    int code = -1;
+    int code = -1; ///< -1 where a signal ended it.
     QString out;
     QString err;
 
 private:
+    QString outFile() const { return m_configuration.filePath(QStringLiteral("out")); }
+    QString errFile() const { return m_configuration.filePath(QStringLiteral("err")); }
+
     QByteArray m_tools;
+    int m_child = 0;
     QTemporaryDir m_folder;
     QTemporaryDir m_configuration;
 };

@@ -127,6 +127,7 @@ private Q_SLOTS:
     void tracksFollow();
     void isRefused_data();
     void isRefused();
+    void skipsWhatIsThere();
     void leavesNothingWhenCancelled();
     void removesWhatADeadOneLeft();
     void queueRunsInOrder();
@@ -266,6 +267,25 @@ void TestKitConversion::isRefused()
     QVERIFY(there.remove());
     QVERIFY(QDir(path(QStringLiteral("folder.mp4"))).removeRecursively());
     QCOMPARE(QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), QStringList());
+}
+
+void TestKitConversion::skipsWhatIsThere()
+{
+    const QTemporaryDir folder;
+    Job job;
+    job.input = QStringLiteral("/nowhere.mp4"); // It is not looked at.
+    job.output = folder.filePath(QStringLiteral("there.mp4"));
+    job.skips = true;
+    QFile there(job.output);
+    QVERIFY(there.open(QIODevice::WriteOnly) && there.write("there") == 5 && there.flush());
+    Conversion conversion(zokit::findTools());
+    QSignalSpy ended(&conversion, &Conversion::finished);
+    conversion.start(job);
+    QVERIFY(ended.wait(patience));
+    const auto result = ended.first().first().value<ConversionResult>();
+    QCOMPARE(result.outcome, Outcome::Skipped);
+    QCOMPARE(result.reason.code(), zokit::Message::Code::OutputExists);
+    QCOMPARE(there.size(), 5);
 }
 
 void TestKitConversion::leavesNothingWhenCancelled()

@@ -228,8 +228,8 @@
         <translation>TYP:SCHLÜSSEL ist eine Eigenschaft eines Typs, TYP:POS:SCHLÜSSEL die eines Elements, gezählt ab 0, Output:OPTION eine Ausgabeoption. Der Schlüssel "selected" sagt, ob ein Typ oder Element mitwirkt.</translation>
     </message>
     <message>
-        <source>0: all done, or skipped. 1: the only file, or all files, failed. 2: wrong usage, nothing was begun. 3: some failed, some did not. diff: 0 for equal, 1 for different, 2 for trouble.</source>
-        <translation>0: alles getan oder ausgelassen. 1: die einzige Datei oder alle misslangen. 2: falscher Aufruf, nichts wurde begonnen. 3: manche misslangen, manche nicht. diff: 0 für gleich, 1 für verschieden, 2 für Fehler.</translation>
+        <source>0: all done, or skipped. 1: the only file, or all files, failed. 2: wrong usage, nothing was begun. 3: some failed, some did not. work: 75 when all that failed may be tried again, 76 when a program or a needed file is missing. 130 and 143: ended by a signal. diff: 0 for equal, 1 for different, 2 for trouble.</source>
+        <translation>0: alles getan oder ausgelassen. 1: die einzige Datei oder alle misslangen. 2: falscher Aufruf, nichts wurde begonnen. 3: manche misslangen, manche nicht. work: 75, wenn sich alles Gescheiterte noch einmal versuchen lässt, 76, wenn ein Programm oder eine nötige Datei fehlt. 130 und 143: durch ein Signal beendet. diff: 0 für gleich, 1 für verschieden, 2 für Fehler.</translation>
     </message>
     <message>
         <source>ZOEFFECT_FFMPEG: the folder of ffmpeg and ffprobe, which are looked for in PATH without it. NO_COLOR: messages have no colours. LC_ALL, LC_MESSAGES, LANG: German where they ask for it, else English.</source>
@@ -386,6 +386,142 @@
     <message>
         <source>A summary with -h; all of it, with examples, with --help.</source>
         <translation>Eine Übersicht mit -h; alles, mit Beispielen, mit --help.</translation>
+    </message>
+    <message>
+        <source>It names no clip. Give the clip, and this file by --settings.</source>
+        <translation>Sie nennt keinen Clip. Geben Sie den Clip an und diese Datei mit --settings.</translation>
+    </message>
+    <message>
+        <source>There is no media file in it. Add --recursive to look below it.</source>
+        <translation>Darin liegt keine Mediendatei. Mit --recursive wird auch in seinen Ordnern gesucht.</translation>
+    </message>
+    <message>
+        <source>--output: %1 is for one input, and there are %2. Use --output-folder.</source>
+        <translation>--output: %1 ist für eine Eingabe, und es gibt %2. Nehmen Sie --output-folder.</translation>
+    </message>
+    <message>
+        <source>%1 is not one file. Name a file.</source>
+        <translation>%1 ist nicht eine Datei. Nennen Sie eine.</translation>
+    </message>
+    <message>
+        <source>%1: the ending names no container. End it in .mp4, .mkv, .webm or .mov, or add --container.</source>
+        <translation>%1: Die Endung nennt keinen Container. Nehmen Sie .mp4, .mkv, .webm oder .mov, oder ergänzen Sie --container.</translation>
+    </message>
+    <message>
+        <source>%1: the ending does not agree with --container %2. Leave out one of the two.</source>
+        <translation>%1: Die Endung passt nicht zu --container %2. Lassen Sie eines von beiden weg.</translation>
+    </message>
+    <message>
+        <source>%1 and %2 cannot both be given. Leave out one of the two.</source>
+        <translation>%1 und %2 gehen nicht zusammen. Lassen Sie eines von beiden weg.</translation>
+    </message>
+    <message>
+        <source>--name: %1 has a slash. Use --output-folder for the folder.</source>
+        <translation>--name: %1 enthält einen Schrägstrich. Nehmen Sie --output-folder für den Ordner.</translation>
+    </message>
+    <message>
+        <source>--name: %1 is no word of a pattern. There are {name}, {ending} and {number}.</source>
+        <translation>--name: %1 ist kein Wort eines Musters. Es gibt {name}, {ending} und {number}.</translation>
+    </message>
+    <message>
+        <source>%1 exists; left out.</source>
+        <translation>%1 gibt es schon; ausgelassen.</translation>
+    </message>
+    <message>
+        <source>Not begun.</source>
+        <translation>Nicht begonnen.</translation>
+    </message>
+    <message>
+        <source>done: %1</source>
+        <translation>fertig: %1</translation>
+    </message>
+    <message>
+        <source>would become %1</source>
+        <translation>würde zu %1</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be made.</source>
+        <translation>Der Ordner %1 lässt sich nicht anlegen.</translation>
+    </message>
+    <message>
+        <source>The lines name helper files that are gone already. Add --files FOLDER to run them.</source>
+        <translation>Die Zeilen nennen Hilfsdateien, die schon weg sind. Mit --files ORDNER lassen sie sich ausführen.</translation>
+    </message>
+    <message>
+        <source>%1: line %2 is no job. Write the plan anew.| %3</source>
+        <translation>%1: Zeile %2 ist kein Auftrag. Schreiben Sie den Plan neu.| %3</translation>
+    </message>
+    <message>
+        <source>There is no job %1. The plan has %2.</source>
+        <translation>Es gibt keinen Auftrag %1. Der Plan hat %2.</translation>
+    </message>
+    <message>
+        <source>%1 is no longer as it was when the plan was written. Write the plan anew.</source>
+        <translation>%1 ist nicht mehr wie beim Schreiben des Plans. Schreiben Sie den Plan neu.</translation>
+    </message>
+    <message>
+        <source>The font %1 is missing; %2 would be taken. Install it.</source>
+        <translation>Die Schrift %1 fehlt; genommen würde %2. Installieren Sie sie.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written; --report will not tell of this run.</source>
+        <translation>%1 lässt sich nicht schreiben; --report weiß nichts von diesem Lauf.</translation>
+    </message>
+    <message>
+        <source>Converts files.</source>
+        <translation>Wandelt Dateien um.</translation>
+    </message>
+    <message>
+        <source>An input is a media file, a settings file, which names its clip, or a folder. Without --output and --output-folder each result lies beside its input.</source>
+        <translation>Eine Eingabe ist eine Mediendatei, eine Einstellungsdatei, die ihren Clip nennt, oder ein Ordner. Ohne --output und --output-folder liegt jedes Ergebnis neben seiner Eingabe.</translation>
+    </message>
+    <message>
+        <source>What no setting touches is copied as it is. A result gets its name only when it is whole; what is there is never replaced unasked.</source>
+        <translation>Was keine Einstellung berührt, wird kopiert, wie es ist. Ein Ergebnis bekommt seinen Namen erst, wenn es ganz ist; Vorhandenes wird nie ungefragt ersetzt.</translation>
+    </message>
+    <message>
+        <source>Prints what convert would run, a line a step.</source>
+        <translation>Gibt aus, was convert ausführen würde, je Schritt eine Zeile.</translation>
+    </message>
+    <message>
+        <source>The lines are for a POSIX shell. With --files they run as they are.</source>
+        <translation>Die Zeilen sind für eine POSIX-Shell. Mit --files laufen sie, wie sie sind.</translation>
+    </message>
+    <message>
+        <source>Writes jobs for work, one a line.</source>
+        <translation>Schreibt Aufträge für work, je einen pro Zeile.</translation>
+    </message>
+    <message>
+        <source>A job holds all that it takes, and names the images, subtitles, sounds and fonts that have to be as they were.</source>
+        <translation>Ein Auftrag enthält alles Nötige und nennt die Bilder, Untertitel, Töne und Schriften, die noch so sein müssen wie zuvor.</translation>
+    </message>
+    <message>
+        <source>Does the jobs of a plan: those of these numbers, or all.</source>
+        <translation>Erledigt die Aufträge eines Plans: die mit diesen Nummern oder alle.</translation>
+    </message>
+    <message>
+        <source>A job whose result is there is left out, so that several runs can share a plan. What became of the jobs is kept in PLAN.results.</source>
+        <translation>Ein Auftrag, dessen Ergebnis da ist, entfällt; so können sich mehrere Läufe einen Plan teilen. Was aus den Aufträgen wurde, steht in PLAN.results.</translation>
+    </message>
+    <message>
+        <source>It ends 75 when all that failed may be tried again, 76 when a program or a needed file is missing.</source>
+        <translation>Es endet mit 75, wenn sich alles Gescheiterte noch einmal versuchen lässt, mit 76, wenn ein Programm oder eine nötige Datei fehlt.</translation>
+    </message>
+    <message>
+        <source>Also what is in the folders of a folder.</source>
+        <translation>Auch was in den Ordnern eines Ordners liegt.</translation>
+    </message>
+    <message>
+        <source>Where the files lie that the commands need beside the clip.</source>
+        <translation>Wo die Dateien liegen, die die Befehle außer dem Clip brauchen.</translation>
+    </message>
+    <message>
+        <source>The file to write.</source>
+        <translation>Die Datei, die geschrieben wird.</translation>
+    </message>
+    <message>
+        <source>Does nothing, and prints what became of each job.</source>
+        <translation>Tut nichts und gibt aus, was aus jedem Auftrag wurde.</translation>
     </message>
 </context>
 </TS>

@@ -1,0 +1,93 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+// zoconvert command: what convert would run, a line a step.
+
+#include <QDir>
+#include <QEventLoop>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+
+#include "console.h"
+#include "run.h"
+#include "runner.h"
+#include "signals.h"
+#include "words.h"
+
+namespace zoconvert {
+
+namespace {
+
+int refused(const QString& sentence, int code)
+{
+    console::error(sentence);
+    return code;
+}
+
+/// The steps as lines. Run by hand, the last one overwrites nothing unasked.
+void printLines(QVector<zokit::Command> commands, const QString& folder, bool replaces)
+{
+    if (!replaces && !commands.isEmpty()) {
+        QStringList& arguments = commands.last().arguments;
+        arguments.replaceInStrings(QRegularExpression(QStringLiteral("^-y$")), QStringLiteral("-n"));
+    }
+    for (const zokit::Command& command : commands) {
+        QString line = shellLine(command);
+        // What a subtitle is made from; its own script is there already.
+        if (command.arguments.last() == QLatin1String("pipe:1"))
+            line += QStringLiteral(" > ") + shellWord(folder + QStringLiteral("/extracted.ass"));
+        console::print(line.toUtf8() + '\n');
+    }
+}
+
+} // namespace
+
+int command(const Invocation& invocation)
+{
+    Signals source;
+    FileJobs files;
+    for (const QString& wrong : {collectInputs(invocation, &files), nameOutputs(invocation, &files)})
+        if (!wrong.isEmpty())
+            return refused(wrong, Usage);
+    if (files.size() != 1)
+        return refused(say(Say::OneFileOnly, {invocation.words.first()}), Usage);
+    FileJob& file = files.front();
+    refusedOutputs(invocation, &files);
+    if (file.error == say(Say::Exists, {file.output}))
+        file.error.clear(); // Nothing is written.
+    const RunOptions options = runOptions(invocation);
+    if (const QString wrong = makeSettings(invocation, options, &source, &files); !wrong.isEmpty())
+        return refused(wrong, Usage);
+    if (!file.error.isEmpty())
+        return refused(file.error, Failed);
+
+    const QTemporaryDir temporary;
+    const bool keeps = invocation.has("files");
+    const QString folder = keeps ? QFileInfo(invocation.value("files")).absoluteFilePath() : temporary.path();
+    if (!QDir().mkpath(folder))
+        return refused(say(Say::NoFolder, {folder}), Failed);
+    file.job.threads = options.threads;
+    file.job.stallSeconds = options.stall;
+    zokit::Conversion conversion(zokit::findTools());
+    zokit::ConversionResult result;
+    QEventLoop loop;
+    QObject::connect(&conversion, &zokit::Conversion::finished, &loop, [&](const zokit::ConversionResult& ended) {
+        result = ended;
+        loop.quit();
+    });
+    source.onEnd = [&] { conversion.cancel(); };
+    conversion.prepare(file.job, folder);
+    loop.exec();
+    for (const zokit::Message& warning : result.warnings)
+        console::warning(warning.text(), file.input);
+    if (result.outcome != zokit::Outcome::Done)
+        return refused(file.input + QStringLiteral(": ") + result.reason.text(),
+                       source.received() == 0 ? Failed : RunResult{{}, {}, {}, source.received()}.code());
+    printLines(conversion.commands(), folder, file.job.replaces);
+    if (!keeps && !QDir(folder).isEmpty())
+        console::warning(say(Say::FilesGone), file.input);
+    return Done;
+}
+
+} // namespace zoconvert

@@ -1,0 +1,312 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include "outputs.h"
+
+#include <algorithm>
+
+#include <sys/stat.h>
+
+#include <QDir>
+#include <QFileInfo>
+#include <QHash>
+#include <QRegularExpression>
+#include <QSet>
+
+#include <zokit/filesettings.h>
+#include <zokit/settingsfile.h>
+
+#include "console.h"
+#include "edits.h"
+#include "existing.h"
+#include "input.h"
+#include "words.h"
+
+namespace zoconvert {
+
+namespace {
+
+const QString settingsEnding = QStringLiteral(".zoeffect.json");
+
+/// What is taken of a folder: the endings of media files.
+bool isMediaName(const QString& name)
+{
+    static const QSet<QString> endings = [] {
+        const QString words = QStringLiteral(
+            "3g2 3gp aac ac3 aif aiff asf avi flac flv m2ts m2v m4a m4v mkv mov mp3 mp4 mpeg mpg mts oga ogg ogv opus "
+            "rm rmvb ts vob w64 wav webm wmv");
+        const QStringList list = words.split(QLatin1Char(' '));
+        return QSet<QString>(list.cbegin(), list.cend());
+    }();
+    return endings.contains(QFileInfo(name).suffix().toLower());
+}
+
+/// Media files of \a folder in the order of their names, those of the folders in it after its own.
+void addFolder(const QString& folder, const QString& below, bool isRecursive, FileJobs* files)
+{
+    const QDir dir(folder);
+    for (const QString& name : dir.entryList(QDir::Files, QDir::Name)) {
+        if (!isMediaName(name))
+            continue;
+        FileJob file;
+        file.input = dir.filePath(name);
+        file.below = below;
+        file.clip = file.input;
+        files->push_back(file);
+    }
+    if (!isRecursive)
+        return;
+    for (const QString& name : dir.entryList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::NoSymLinks, QDir::Name))
+        addFolder(dir.filePath(name), below.isEmpty() ? name : below + QLatin1Char('/') + name, true, files);
+}
+
+QString loadSettingsOf(FileJob* file)
+{
+    const zokit::ReadSettings read = zokit::loadSettings(file->input);
+    if (!read.settings && QFileInfo::exists(file->input))
+        return read.error.text();
+    if (!read.settings) {
+        file->error = read.error.text();
+        return {};
+    }
+    for (const zokit::Message& warning : read.warnings)
+        if (warning.code() != zokit::Message::Code::MissingAt)
+            console::warning(warning.text(), file->input);
+    file->loaded = read.settings;
+    file->clip = read.settings->media.file;
+    if (file->clip.isEmpty())
+        file->error = named(file->input, say(Say::NamesNoClip));
+    return {};
+}
+
+/// Those edits that can change an output option: they mean the same for every clip.
+QVector<Edit> outputEdits(const QVector<Edit>& edits)
+{
+    QVector<Edit> found;
+    for (const Edit& edit : edits) {
+        const bool isOutput = edit.value == QLatin1String("all") || edit.value == QLatin1String("Output")
+                              || edit.value.startsWith(QLatin1String("Output:"));
+        if (edit.option == QLatin1String("settings") || edit.option == QLatin1String("preset")
+            || ((edit.option == QLatin1String("set") || edit.option == QLatin1String("reset")) && isOutput))
+            found.append(edit);
+    }
+    return found;
+}
+
+/// The output options that hold for \a file; the sentence says which edit is refused.
+QString optionsOf(const FileJob& file, const Invocation& invocation, zokit::Settings* options)
+{
+    zokit::FileSettings settings(file.loaded ? *file.loaded : zokit::completed({}));
+    const QString error = applyEdits(outputEdits(invocation.edits), settings);
+    *options = settings.settings();
+    for (auto it = invocation.output.cbegin(); it != invocation.output.cend(); ++it)
+        options->output.insert(it.key(), it.value());
+    return error;
+}
+
+QString baseName(const QString& input)
+{
+    const QString name = QFileInfo(input).fileName();
+    return name.endsWith(settingsEnding) ? name.left(name.size() - settingsEnding.size())
+                                         : QFileInfo(input).completeBaseName();
+}
+
+/// What is wrong with \a pattern; empty: nothing.
+QString checkPattern(const QString& pattern)
+{
+    if (pattern.contains(QLatin1Char('/')))
+        return say(Say::PatternSlash, {pattern});
+    static const QRegularExpression word(QStringLiteral("\\{[^}]*\\}"));
+    QRegularExpressionMatchIterator words = word.globalMatch(pattern);
+    while (words.hasNext()) {
+        const QString found = words.next().captured();
+        if (found != QLatin1String("{name}") && found != QLatin1String("{ending}")
+            && found != QLatin1String("{number}"))
+            return say(Say::PatternWord, {found});
+    }
+    return {};
+}
+
+/// \a pattern with its words replaced in one pass: a name may hold "{ending}" itself.
+QString filled(const QString& pattern, const QString& name, const QString& ending, const QString& number)
+{
+    QString result;
+    for (int i = 0; i < pattern.size();) {
+        const auto takes = [&](const char* word, const QString& value) {
+            if (pattern.mid(i, static_cast<int>(qstrlen(word))) != QLatin1String(word))
+                return false;
+            result += value;
+            i += static_cast<int>(qstrlen(word));
+            return true;
+        };
+        if (!takes("{name}", name) && !takes("{ending}", ending) && !takes("{number}", number))
+            result += pattern.at(i++);
+    }
+    return result;
+}
+
+/// A path in \a folder; of one in the current folder only the name.
+QString inFolder(const QString& folder, const QString& name)
+{
+    return folder.isEmpty() ? name : QDir(folder).filePath(name);
+}
+
+QString folderOf(const QString& input)
+{
+    const auto slash = input.lastIndexOf(QLatin1Char('/'));
+    return slash < 0 ? QString() : input.left(std::max<int>(static_cast<int>(slash), 1));
+}
+
+/// Two names of one file agree in it, links included.
+using FileKey = QPair<quint64, quint64>;
+std::optional<FileKey> keyOf(const QString& path)
+{
+    struct stat found = {};
+    if (::stat(QFile::encodeName(path).constData(), &found) != 0)
+        return std::nullopt;
+    return FileKey(found.st_dev, found.st_ino);
+}
+
+/// The path by which two outputs are the same: that of the folder without links, as far as it is there.
+QString placeOf(const QString& path)
+{
+    const QFileInfo info(path);
+    const QString folder = QFileInfo(info.absolutePath()).canonicalFilePath();
+    return (folder.isEmpty() ? info.absolutePath() : folder) + QLatin1Char('/') + info.fileName();
+}
+
+} // namespace
+
+QVariant outputValue(const Invocation& invocation, const char* name)
+{
+    const QString key = QLatin1String(name);
+    if (invocation.own.contains(key))
+        return invocation.own.value(key).isEmpty() ? QVariant(true) : QVariant(invocation.own.value(key));
+    return invocation.output.value(key);
+}
+
+QString collectInputs(const Invocation& invocation, FileJobs* files)
+{
+    for (const QString& word : invocation.words) {
+        FileJob file;
+        file.input = file.clip = word;
+        if (invocation.notUtf8.contains(word)) {
+            file.error = named(word, say(Say::NotUtf8));
+        } else if (QFileInfo(word).isDir()) {
+            const std::size_t before = files->size();
+            addFolder(word, QString(), invocation.has("recursive"), files);
+            if (files->size() > before)
+                continue;
+            file.error = named(word, say(Say::EmptyFolder));
+        } else if (word.endsWith(QLatin1String(".json"))) {
+            if (const QString refused = loadSettingsOf(&file); !refused.isEmpty())
+                return refused;
+        } else if (const zokit::Message wrong = zokit::checkInput(word); !wrong.isEmpty()) {
+            const QString sentence = wrong.text();
+            file.error = wrong.arguments().contains(word) ? sentence : named(word, sentence);
+        }
+        files->push_back(file);
+    }
+    for (FileJob& file : *files) {
+        file.job.input = QFileInfo(file.clip).absoluteFilePath();
+        file.job.stallSeconds = 0; // As the run's options say.
+    }
+    return {};
+}
+
+QString nameOutputs(const Invocation& invocation, FileJobs* files)
+{
+    const QString output = outputValue(invocation, "output").toString();
+    const QString folder = outputValue(invocation, "output-folder").toString();
+    const QString container = outputValue(invocation, "container").toString();
+    if (!output.isEmpty() && !folder.isEmpty())
+        return say(Say::NotBoth, {QStringLiteral("--output"), QStringLiteral("--output-folder")});
+    if (!output.isEmpty() && invocation.output.contains(QStringLiteral("name")))
+        return say(Say::NotBoth, {QStringLiteral("--output"), QStringLiteral("--name")});
+    if (!output.isEmpty() && files->size() != 1)
+        return say(Say::OneInputOnly, {output, QString::number(files->size())});
+    if (!output.isEmpty() && container.isEmpty() && zokit::containerOf(output).isEmpty())
+        return say(Say::UnknownEnding, {output});
+
+    std::optional<zokit::Settings> ofClips; // The same for all inputs that are no settings files.
+    const int width = static_cast<int>(QString::number(files->size()).size());
+    int number = 0;
+    for (FileJob& file : *files) {
+        ++number;
+        zokit::Settings options;
+        if (file.loaded || !ofClips) {
+            if (const QString refused = optionsOf(file, invocation, &options); !refused.isEmpty())
+                return refused;
+            if (!file.loaded)
+                ofClips = options;
+        } else {
+            options = *ofClips;
+        }
+        const QString ending = zokit::containerFor(options, file.clip);
+        QString pattern = options.output.value(QStringLiteral("name")).toString();
+        if (const QString wrong = checkPattern(pattern); !wrong.isEmpty())
+            return wrong;
+        if (pattern.isEmpty())
+            pattern = QStringLiteral("{name}-converted.{ending}");
+        const QString name = filled(pattern, baseName(file.input), ending,
+                                    QStringLiteral("%1").arg(number, width, 10, QLatin1Char('0')));
+        file.output = output.isEmpty()
+                          ? inFolder(folder.isEmpty() ? folderOf(file.input) : inFolder(folder, file.below), name)
+                          : output;
+        const QString said = zokit::containerOf(file.output);
+        if (!container.isEmpty() && !said.isEmpty() && said != container)
+            return say(Say::EndingDiffers, {file.output, container});
+        file.job.output = QDir::cleanPath(QFileInfo(file.output).absoluteFilePath());
+        const zokit::Message wrong = zokit::checkCodecs(options, said.isEmpty() ? ending : said);
+        if (!wrong.isEmpty())
+            return wrong.text();
+    }
+    // What a run has written into a folder is no input of the next one.
+    QSet<QString> results;
+    for (const FileJob& file : *files)
+        results.insert(placeOf(file.job.output));
+    const auto isResult = [&](const FileJob& file) {
+        return !invocation.words.contains(file.input) && results.contains(placeOf(file.job.input));
+    };
+    files->erase(std::remove_if(files->begin(), files->end(), isResult), files->end());
+
+    QHash<QString, QString> taken;
+    for (const FileJob& file : *files) {
+        const QString place = placeOf(file.job.output);
+        if (taken.contains(place))
+            return say(Say::SameOutput, {file.output, taken.value(place), file.input});
+        taken.insert(place, file.input);
+    }
+    return {};
+}
+
+QStringList refusedOutputs(const Invocation& invocation, FileJobs* files)
+{
+    QSet<FileKey> inputs;
+    for (const FileJob& file : *files) {
+        for (const QString& path : {file.input, file.job.input})
+            if (const std::optional<FileKey> key = keyOf(path))
+                inputs.insert(*key);
+    }
+    // --existing may be one of the command's own options, too.
+    const QString word = outputValue(invocation, "existing").toString();
+    const bool replaces = outputValue(invocation, "overwrite").toBool() || word == QLatin1String("replace");
+    QStringList refused;
+    for (FileJob& file : *files) {
+        file.job.replaces = replaces;
+        const std::optional<FileKey> key = keyOf(file.job.output);
+        if (key && inputs.contains(*key)) {
+            file.error = zokit::Message(zokit::Message::Code::OutputIsInput, {file.output}).text();
+            refused.append(file.error);
+        } else if (!replaces && isThere(file.job.output)) {
+            file.isThere = word == QLatin1String("skip");
+            if (file.isThere)
+                continue;
+            file.error = say(Say::Exists, {file.output});
+            refused.append(file.error);
+        }
+    }
+    return refused;
+}
+
+} // namespace zoconvert

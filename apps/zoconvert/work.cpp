@@ -1,0 +1,157 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+// zoconvert work: does jobs of a plan. A job whose result is there is done, so that any number of runs can share one.
+
+#include <algorithm>
+
+#include <QFile>
+#include <QFileInfo>
+#include <QHash>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <set>
+
+#include <zokit/probe.h>
+
+#include "console.h"
+#include "planfile.h"
+#include "run.h"
+#include "runner.h"
+#include "signals.h"
+#include "words.h"
+
+namespace zoconvert {
+
+namespace {
+
+constexpr int mayBeTriedAgain = 75;
+constexpr int setupIsWrong = 76;
+
+/// The jobs of \a path; what is wrong with it becomes \a error.
+std::vector<PlannedJob> readPlan(const QString& path, QString* error)
+{
+    std::vector<PlannedJob> jobs;
+    QFile file(path);
+    if (!QFileInfo(path).exists()) {
+        *error = zokit::missingFile(path).text();
+        return jobs;
+    }
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) {
+        *error = zokit::Message(zokit::Message::Code::FileUnreadable, {path, file.errorString()}).text();
+        return jobs;
+    }
+    constexpr qint64 longest = 64 * 1024 * 1024;
+    for (int number = 1; !file.atEnd(); ++number) {
+        const QByteArray line = file.readLine(longest).trimmed();
+        if (line.isEmpty())
+            continue;
+        QString why;
+        std::optional<PlannedJob> job = readPlanLine(line, &why);
+        if (!job) {
+            *error = say(Say::PlanLine, {path, QString::number(number), why});
+            return {};
+        }
+        jobs.push_back(std::move(*job));
+    }
+    return jobs;
+}
+
+/// Those of \a jobs that the command line names; all where it names none.
+std::vector<PlannedJob> chosenOf(const std::vector<PlannedJob>& jobs, const QStringList& words, QString* error)
+{
+    QSet<int> wanted;
+    for (const QString& word : words) {
+        const int number = word.toInt();
+        const bool isThere =
+            std::any_of(jobs.cbegin(), jobs.cend(), [&](const PlannedJob& job) { return job.number == number; });
+        if (!isThere && error->isEmpty())
+            *error = say(Say::NoJob, {word, QString::number(jobs.size())});
+        wanted.insert(number);
+    }
+    std::vector<PlannedJob> chosen;
+    for (const PlannedJob& job : jobs)
+        if (words.isEmpty() || wanted.contains(job.number))
+            chosen.push_back(job);
+    return chosen;
+}
+
+int report(const QString& plan, const std::vector<PlannedJob>& jobs)
+{
+    QHash<int, QJsonObject> latest;
+    QFile file(resultsPath(plan));
+    if (file.open(QIODevice::ReadOnly)) {
+        while (!file.atEnd()) {
+            const QJsonObject line = QJsonDocument::fromJson(file.readLine()).object();
+            const int number = line.value(QStringLiteral("job")).toInt();
+            // That a job was left out later does not change what became of it.
+            const bool isNews = line.value(QStringLiteral("outcome")) != QLatin1String("skipped");
+            if (isNews || !latest.contains(number))
+                latest.insert(number, line);
+        }
+    }
+    for (const PlannedJob& job : jobs) {
+        const QJsonObject line = latest.value(job.number);
+        const QString outcome = line.value(QStringLiteral("outcome")).toString(QStringLiteral("waiting"));
+        const QString reason = line.value(QStringLiteral("reason")).toString();
+        QString text = QStringLiteral("%1 %2 ").arg(job.number).arg(outcome) + job.file.output;
+        if (!reason.isEmpty())
+            text += QStringLiteral(": ") + reason;
+        console::printLine(text);
+    }
+    return Done;
+}
+
+/// What has to be there before a job begins.
+void checkSetup(PlannedJob* job)
+{
+    const zokit::Message input = zokit::checkInput(job->file.job.input);
+    job->file.error = input.isEmpty() ? lackingOf(job->needs) : input.text();
+    if (!job->file.error.isEmpty())
+        job->file.kind = zokit::FailureKind::Setup;
+}
+
+} // namespace
+
+int work(const Invocation& invocation)
+{
+    const QString plan = invocation.words.first();
+    QString error;
+    const std::vector<PlannedJob> all = readPlan(plan, &error);
+    std::vector<PlannedJob> jobs;
+    if (error.isEmpty())
+        jobs = chosenOf(all, invocation.words.mid(1), &error);
+    if (!error.isEmpty()) {
+        console::error(error);
+        return Usage;
+    }
+    if (invocation.has("report"))
+        return report(plan, jobs);
+
+    Signals source;
+    RunOptions options = runOptions(invocation);
+    FileJobs files;
+    for (PlannedJob& job : jobs) {
+        checkSetup(&job);
+        // The command line goes before what was planned.
+        job.file.job.threads = invocation.has("threads") ? options.threads : job.threads;
+        job.file.job.stallSeconds = invocation.has("stall") ? options.stall : job.stall;
+        files.push_back(job.file);
+    }
+    bool isKept = true;
+    options.ended = [&](int place, zokit::Outcome outcome, const QString& reason) {
+        isKept = addResult(plan, jobs.at(static_cast<std::size_t>(place)).number, outcome, reason) && isKept;
+    };
+    Progress progress(invocation);
+    const RunResult result = runFiles(files, options, &progress, &source);
+    if (!isKept)
+        console::warning(say(Say::ResultsNotKept, {resultsPath(plan)}));
+    if (result.signal != 0 || result.failures.empty())
+        return result.code();
+    if (result.failures.count(zokit::FailureKind::Setup) > 0)
+        return setupIsWrong;
+    return result.failures == std::set<zokit::FailureKind>{zokit::FailureKind::Temporary} ? mayBeTriedAgain
+                                                                                          : result.code();
+}
+
+} // namespace zoconvert

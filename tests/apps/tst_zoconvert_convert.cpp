@@ -1,0 +1,253 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+// zoconvert convert as a program: which files it makes, what it says, how it ends.
+
+#include <QDir>
+#include <QDirIterator>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QtTest>
+
+#include <zokit/probe.h>
+
+#include "clips.h"
+#include "programrun.h"
+#include "progress.h"
+#include "testapplication.h"
+
+namespace {
+
+using Arguments = QList<QByteArray>;
+
+void row(const char* name, const Arguments& arguments, int code, const char* made, const char* err)
+{
+    QTest::newRow(name) << arguments << code << QString::fromUtf8(made) << QString::fromUtf8(err);
+}
+
+/// All files below the folder, in their order.
+QStringList filesIn(const QString& folder)
+{
+    QStringList files;
+    QDirIterator all(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+    while (all.hasNext())
+        files.append(QDir(folder).relativeFilePath(all.next()));
+    files.sort();
+    return files;
+}
+
+/// Clips, a result that is there, and what is no clip.
+void fill(const ProgramRun& run)
+{
+    for (const char* folder : {"films/below", "other", "empty", "done"})
+        QDir().mkpath(run.path(folder));
+    for (const char* clip : {"clip.mp4", "films/one.mp4", "films/below/two.mp4", "other/one.mp4"})
+        QFile::copy(clips::clip(QStringLiteral("plain.mp4")), run.path(clip));
+    QFile::link(run.path("clip.mp4"), run.path("link.mp4"));
+    for (const char* there : {"there.mp4", "done/one.mp4", "bad.mkv", "films/notes.txt"})
+        run.write(there, "no film");
+    run.write("lost.zoeffect.json", R"({"zoeffect": 1, "media": {"file": "gone.mp4", "width": 160, "height": 120}})");
+    run.write("crop.zoeffect.json", R"({"zoeffect": 1, "media": {"file": "clip.mp4", "width": 160, "height": 120},
+        "effects": [{"type": "Crop", "values": {"crop_left": 0, "crop_top": 0, "crop_width": 80, "crop_height": 60}}],
+        "output": {"container": "mkv"}})");
+    run.write("logo.zoeffect.json", R"({"zoeffect": 1, "media": {"file": "clip.mp4", "width": 160, "height": 120},
+        "effects": [{"type": "Watermark", "items": [{"values": {"wm_istextwatermark": false,
+        "wm_imageurl": "gone.png"}}]}]})");
+}
+
+} // namespace
+
+class TestZoconvertConvert : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aRunMakesItsFiles_data();
+    void aRunMakesItsFiles();
+    void whatIsReplacedIsReplaced();
+    void everyEventIsTold();
+    void settingsOfAFileAreUsed();
+    void theBarFitsItsLine_data();
+    void theBarFitsItsLine();
+};
+
+void TestZoconvertConvert::aRunMakesItsFiles_data()
+{
+    QTest::addColumn<Arguments>("arguments");
+    QTest::addColumn<int>("code");
+    QTest::addColumn<QString>("made");
+    QTest::addColumn<QString>("err");
+    row("beside its input", {"clip.mp4", "-q"}, 0, "clip-converted.mp4", "");
+    row("a line a track and a file", {"clip.mp4", "-o", "new.mkv"}, 0, "new.mkv",
+        "zoconvert: clip.mp4: track 0 (video, h264): copied\n"
+        "zoconvert: clip.mp4: track 1 (audio, aac): copied\n"
+        "zoconvert: clip.mp4: done: new.mkv\n");
+    row("no progress", {"clip.mp4", "-o", "new.mkv", "--progress", "none"}, 0, "new.mkv",
+        "zoconvert: clip.mp4: track 0 (video, h264): copied\n"
+        "zoconvert: clip.mp4: track 1 (audio, aac): copied\n");
+    row("dry", {"clip.mp4", "-n", "--output-folder", "new"}, 0, "",
+        "zoconvert: clip.mp4: track 0 (video, h264): copied\n"
+        "zoconvert: clip.mp4: track 1 (audio, aac): copied\n"
+        "zoconvert: clip.mp4: would become new/clip-converted.mp4\n");
+    row("a folder", {"films", "-q"}, 0, "films/one-converted.mp4", "");
+    row("a folder and those in it", {"films", "--recursive", "--output-folder", "new", "-q"}, 0,
+        "new/below/two-converted.mp4 new/one-converted.mp4", "");
+    row("two at once, with numbers",
+        {"films", "clip.mp4", "--recursive", "-j", "2", "--output-folder", "new", "--name", "{number}{name}.{ending}",
+         "-q"},
+        0, "new/1one.mp4 new/3clip.mp4 new/below/2two.mp4", "");
+    row("a folder without films", {"empty"}, 1, "",
+        "zoconvert: empty: There is no media file in it. Add --recursive to look below it.\n");
+    row("the container of a settings file", {"crop.zoeffect.json", "-q"}, 0, "crop-converted.mkv", "");
+    row("an ending goes before a settings file", {"crop.zoeffect.json", "-q", "-o", "new.mov"}, 0, "new.mov", "");
+    row("a container by an edit", {"clip.mp4", "-q", "--set", "Output:container=mov"}, 0, "clip-converted.mov", "");
+    row("the result is there", {"clip.mp4", "-o", "there.mp4"}, 1, "",
+        "zoconvert: there.mp4 exists. Add --existing skip or --existing replace.\n");
+    row("one of the results is there",
+        {"clip.mp4", "films", "--output-folder", "done", "--name", "{name}.{ending}", "-q"}, 1, "",
+        "zoconvert: done/one.mp4 exists. Add --existing skip or --existing replace.\n");
+    row("what is there is skipped",
+        {"clip.mp4", "films", "--output-folder", "done", "--name", "{name}.{ending}", "--existing", "skip", "-q"}, 0,
+        "done/clip.mp4", "");
+    row("skipping is told", {"clip.mp4", "-o", "there.mp4", "--existing", "skip"}, 0, "",
+        "zoconvert: clip.mp4: there.mp4 exists; left out.\n");
+    row("the output is the input", {"clip.mp4", "-o", "./clip.mp4", "--overwrite"}, 1, "",
+        "zoconvert: ./clip.mp4 is the input itself. Give another output.\n");
+    row("the output is a link to the input", {"clip.mp4", "-o", "link.mp4", "--overwrite"}, 1, "",
+        "zoconvert: link.mp4 is the input itself. Give another output.\n");
+    row("the output is a sound that is needed",
+        {"clip.mp4", "--audio", "other/one.mp4", "-o", "other/one.mp4", "--overwrite"}, 1, "",
+        "zoconvert: other/one.mp4 is the input itself. Give another output.\n");
+    row("one output for two", {"clip.mp4", "films", "-o", "new.mp4"}, 2, "",
+        "zoconvert: --output: new.mp4 is for one input, and there are 2. Use --output-folder.\n");
+    row("two of one name", {"films/one.mp4", "other/one.mp4", "--output-folder", "new"}, 2, "",
+        "zoconvert: films/one.mp4 and other/one.mp4 would both be written to new/one-converted.mp4.\n");
+    row("file and folder", {"clip.mp4", "-o", "new.mp4", "--output-folder", "new"}, 2, "",
+        "zoconvert: --output and --output-folder cannot both be given. Leave out one of the two.\n");
+    row("ending and container", {"clip.mp4", "-o", "new.mp4", "--container", "mkv"}, 2, "",
+        "zoconvert: new.mp4: the ending does not agree with --container mkv. Leave out one of the two.\n");
+    row("an ending of no container", {"clip.mp4", "-o", "new.avi"}, 2, "",
+        "zoconvert: new.avi: the ending names no container. End it in .mp4, .mkv, .webm or .mov, or add "
+        "--container.\n");
+    row("no word of a pattern", {"clip.mp4", "--name", "{nam}.mp4"}, 2, "",
+        "zoconvert: --name: {nam} is no word of a pattern. There are {name}, {ending} and {number}.\n");
+    row("a folder in a pattern", {"clip.mp4", "--name", "new/{name}"}, 2, "",
+        "zoconvert: --name: new/{name} has a slash. Use --output-folder for the folder.\n");
+    row("a codec that does not fit", {"nix.mp4", "clip.mp4", "--container", "webm", "--video-codec", "h264"}, 2, "",
+        "zoconvert: webm cannot hold h264. Choose another container, for example mkv, or another codec.\n");
+    row("a quality that does not fit", {"clip.mp4", "--video-codec", "h264", "--quality", "60"}, 2, "",
+        "zoconvert: Output:quality: 60 is not between 0 and 51.\n");
+    row("an edit that does not fit", {"films", "clip.mp4", "--crop", "0,0,200,120"}, 2, "",
+        "zoconvert: films/one.mp4: --crop: 0,0,200,120 leaves the frame of 160x120.\n");
+    row("a preset that is not there", {"clip.mp4", "--preset", "mine"}, 2, "", "zoconvert: There is no preset mine.\n");
+    row("an image that is not there", {"logo.zoeffect.json"}, 2, "",
+        "zoconvert: logo.zoeffect.json: Watermark:0:wm_imageurl: FOLDER/gone.png: no such file. Bring it back, or "
+        "choose another.\n");
+    row("a misspelt input", {"clp.mp4"}, 1, "", "zoconvert: clp.mp4: no such file. There is clip.mp4.\n");
+    row("one of two fails", {"bad.mkv", "clip.mp4", "-q", "-o"}, 2, "", "zoconvert: -o takes a value: FILE.\n");
+    row("one of two is missing", {"nix.mp4", "clip.mp4", "-q"}, 3, "clip-converted.mp4",
+        "zoconvert: nix.mp4: no such file.\n");
+    row("nothing after a failure", {"nix.mp4", "clip.mp4", "-q", "--stop-at-first-failure"}, 3, "",
+        "zoconvert: nix.mp4: no such file.\n");
+    row("the clip of a settings file is missing", {"lost.zoeffect.json"}, 1, "",
+        "zoconvert: lost.zoeffect.json: FOLDER/gone.mp4: no such file.\n");
+}
+
+void TestZoconvertConvert::aRunMakesItsFiles()
+{
+    QFETCH(Arguments, arguments);
+    QFETCH(int, code);
+    QFETCH(QString, made);
+    QFETCH(QString, err);
+    ProgramRun run;
+    fill(run);
+    const QStringList before = filesIn(run.path(""));
+    run.run(Arguments{"convert"} + arguments);
+    QCOMPARE(run.err.replace(QDir(run.path("")).canonicalPath(), QStringLiteral("FOLDER")), err);
+    QCOMPARE(run.out, QString());
+    QCOMPARE(run.code, code);
+    QStringList after = filesIn(run.path(""));
+    for (const QString& file : before)
+        after.removeOne(file);
+    QCOMPARE(after.join(QLatin1Char(' ')), made);
+    QCOMPARE(run.content("there.mp4"), QByteArray("no film"));
+    QCOMPARE(run.content("done/one.mp4"), QByteArray("no film"));
+}
+
+void TestZoconvertConvert::whatIsReplacedIsReplaced()
+{
+    ProgramRun run;
+    fill(run);
+    run.run({"convert", "clip.mp4", "-o", "there.mp4", "--overwrite", "-q"});
+    QCOMPARE(run.err, QString());
+    QCOMPARE(run.code, 0);
+    QVERIFY(zokit::probe(zokit::findTools(), run.path("there.mp4")).media);
+    run.write("there.mp4", "no film");
+    run.run({"convert", "bad.mkv", "-o", "there.mp4", "--existing", "replace", "-q"});
+    QCOMPARE(run.code, 1);
+    QCOMPARE(run.content("there.mp4"), QByteArray("no film"));
+}
+
+void TestZoconvertConvert::everyEventIsTold()
+{
+    ProgramRun run;
+    fill(run);
+    run.run({"convert", "clip.mp4", "nix.mp4", "films/one.mp4", "--output-folder", "done", "--name", "{name}.{ending}",
+             "--existing", "skip", "--progress", "json", "--text", "Hello"});
+    QCOMPARE(run.code, 3);
+    QStringList events;
+    double fraction = 0;
+    for (const QString& line : run.out.split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
+        const QJsonObject object = QJsonDocument::fromJson(line.toUtf8()).object();
+        QString event = object.value(QStringLiteral("event")).toString();
+        if (event == QLatin1String("progress")) {
+            QVERIFY(object.value(QStringLiteral("fraction")).toDouble() >= fraction);
+            fraction = object.value(QStringLiteral("fraction")).toDouble();
+            QVERIFY(object.contains(QStringLiteral("seconds_left")) && object.contains(QStringLiteral("speed")));
+            continue;
+        }
+        for (const char* member : {"version", "files", "input", "output", "reason", "done", "failed"}) {
+            const QJsonValue value = object.value(QLatin1String(member));
+            if (!value.isUndefined())
+                event += QLatin1Char(' ') + value.toVariant().toString();
+        }
+        events.append(event);
+    }
+    QCOMPARE(fraction, 1.0);
+    QCOMPARE(events, (QStringList{"begin 1 3", "failed nix.mp4 done/nix.mp4 nix.mp4: no such file.",
+                                  "skipped films/one.mp4 done/one.mp4 done/one.mp4 exists; left out.",
+                                  "start clip.mp4 done/clip.mp4", "done clip.mp4 done/clip.mp4", "summary 3 1 1"}));
+}
+
+void TestZoconvertConvert::settingsOfAFileAreUsed()
+{
+    ProgramRun run;
+    fill(run);
+    run.run({"convert", "crop.zoeffect.json", "-q", "--trim", "0,0.2"});
+    QCOMPARE(run.err, QString());
+    const zokit::ReadMedia made = zokit::probe(zokit::findTools(), run.path("crop-converted.mkv"));
+    QVERIFY(made.media && made.media->picture());
+    QCOMPARE(made.media->picture()->shown, QSize(80, 60));
+    QVERIFY(made.media->seconds < 0.3);
+}
+
+void TestZoconvertConvert::theBarFitsItsLine_data()
+{
+    QTest::addColumn<int>("columns");
+    QTest::addColumn<QString>("line");
+    QTest::newRow("wide") << 80 << QStringLiteral("[#########...........]   45 %  1/3  1:05  holiday.mkv");
+    QTest::newRow("no room for the name") << 45 << QStringLiteral("[#########...........]   45 %  1/3  1:05");
+    QTest::newRow("bar and percent") << 30 << QStringLiteral("[#########...........]   45 %");
+    QTest::newRow("no room for the bar") << 20 << QStringLiteral(" 45 %  1/3  1:05");
+    QTest::newRow("percent") << 6 << QStringLiteral(" 45 %");
+    QTest::newRow("nothing fits") << 2 << QString();
+}
+
+void TestZoconvertConvert::theBarFitsItsLine()
+{
+    QFETCH(int, columns);
+    QFETCH(QString, line);
+    QCOMPARE(zoconvert::barLine(columns, 0.45, 1, 3, 64.2, QStringLiteral("holiday.mkv")), line);
+}
+
+ZOEFFECT_TEST_MAIN(TestZoconvertConvert)
+#include "tst_zoconvert_convert.moc"
