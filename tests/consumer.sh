@@ -32,7 +32,8 @@ check 'consumer: library and kit install' quietly cmake --install "$build" --pre
 mv "$work/first place" "$prefix"
 
 same 'consumer: these files are installed and no others' \
-    "$(cd "$here/../kit" && printf 'include/zoeffect-kit/%s\n' zokit/*.h zokit/zokit_export.h | LC_ALL=C sort)
+    "bin/zoconvert
+$(cd "$here/../kit" && printf 'include/zoeffect-kit/%s\n' zokit/*.h zokit/zokit_export.h | LC_ALL=C sort)
 include/zoeffect/writelog.h
 include/zoeffect/zoeffect_export.h
 include/zoeffect/zoeffectcatalogue.h
@@ -54,7 +55,10 @@ lib/lib$kit.so
 lib/lib$kit.so.1
 lib/lib$kit.so.$version
 lib/pkgconfig/$name.pc
-lib/pkgconfig/$kit.pc" \
+lib/pkgconfig/$kit.pc
+share/bash-completion/completions/zoconvert
+share/man/man1/zoconvert.1
+share/zsh/site-functions/_zoconvert" \
     "$(cd "$prefix" && find . ! -type d | sed 's|^\./||' | LC_ALL=C sort)" || true
 
 # dynamic TAG [FILE]: the values of one tag of the dynamic section of the library or another file.

@@ -14,6 +14,7 @@
 
 #include "graphsupport.h"
 #include "kitsupport.h"
+#include "testapplication.h"
 
 using graphsupport::append;
 using graphsupport::clip;
@@ -248,5 +249,5 @@ void TestKitWatermarkPicture::watermarkKeys()
     QVERIFY(drawn(values).isNull() || drawn(values).pixelColor(35, 45).alpha() == 0);
 }
 
-QTEST_MAIN(TestKitWatermarkPicture)
+ZOEFFECT_TEST_MAIN(TestKitWatermarkPicture)
 #include "tst_kit_watermarkpicture.moc"
