@@ -216,7 +216,7 @@ Command sourceCommand(const Tools& tools, const FrameQuestion& question, const F
 Command locateCommand(const Tools& tools, const FrameQuestion& question, const FrameWindow& window)
 {
     Command command = sourceCommand(tools, question, window);
-    const int end = command.arguments.lastIndexOf(word("-f"));
+    const auto end = command.arguments.lastIndexOf(word("-f"));
     command.arguments = command.arguments.mid(0, end) + QStringList{word("-f"), word("null"), word("-")};
     return command;
 }
@@ -280,7 +280,7 @@ QVector<qint64> toldTicks(const QByteArray& words)
     QVector<qint64> ticks;
     const QList<QByteArray> lines = words.split('\n');
     for (const QByteArray& line : lines) {
-        const int at = line.startsWith(ticksBegin) ? line.indexOf("pts:") : -1;
+        const auto at = line.startsWith(ticksBegin) ? line.indexOf("pts:") : -1;
         if (at < 0)
             continue;
         bool isNumber = false;

@@ -392,7 +392,7 @@ void TestKitFrames::previewIsTheOutput_data()
 {
     QTest::addColumn<quint32>("seed");
 
-    constexpr int usual = 30;
+    constexpr int usual = 12;
     const int scenes = kitsupport::stepsOr("ZOKIT_SCENES", usual);
     for (int seed = 1; seed <= scenes; ++seed)
         QTest::newRow(qPrintable(QStringLiteral("scene %1").arg(seed))) << quint32(seed);
