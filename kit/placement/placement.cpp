@@ -4,6 +4,7 @@
 #include <zokit/placement.h>
 
 #include <algorithm>
+#include <cstdlib>
 
 #include "anchoring_p.h"
 
@@ -21,6 +22,14 @@ int evenFrom(int length, int smallest)
 {
     const int below = length - length % 2;
     return below < smallest ? below + 2 : below;
+}
+
+/// The pixels of a rectangle that was drawn from any corner to any other; QRect::normalized() answers otherwise in
+/// Qt 6.
+QRect upright(const QRect& drawn)
+{
+    const QPoint corner(drawn.x() + std::min(drawn.width(), 0), drawn.y() + std::min(drawn.height(), 0));
+    return {corner, QSize(std::abs(drawn.width()), std::abs(drawn.height()))};
 }
 
 } // namespace
@@ -60,7 +69,7 @@ std::optional<QPoint> freePlace(const QSize& size, const QPoint& wished, const Q
 
 std::optional<QRect> cropWithin(const QRect& wished, const QSize& frame, const CropRule& rule)
 {
-    const QRect inside = wished.normalized().intersected(QRect(QPoint(0, 0), frame));
+    const QRect inside = upright(wished).intersected(QRect(QPoint(0, 0), frame));
     int width = std::max(inside.width(), rule.smallest.width());
     int height = std::max(inside.height(), rule.smallest.height());
     if (rule.ratio > 0) {
@@ -84,7 +93,7 @@ std::optional<QRect> cropWithin(const QRect& wished, const QSize& frame, const C
     }
     if (width > frame.width() || height > frame.height() || width < 1 || height < 1)
         return std::nullopt;
-    const QPoint middle = inside.isEmpty() ? wished.normalized().center() : inside.center();
+    const QPoint middle = inside.isEmpty() ? upright(wished).center() : inside.center();
     const int x = std::clamp(middle.x() - (width - 1) / 2, 0, frame.width() - width);
     const int y = std::clamp(middle.y() - (height - 1) / 2, 0, frame.height() - height);
     return QRect(x, y, width, height);
