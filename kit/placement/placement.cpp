@@ -4,7 +4,6 @@
 #include <zokit/placement.h>
 
 #include <algorithm>
-#include <cstdlib>
 
 #include "anchoring_p.h"
 
@@ -24,12 +23,12 @@ int evenFrom(int length, int smallest)
     return below < smallest ? below + 2 : below;
 }
 
-/// The pixels of a rectangle that was drawn from any corner to any other; QRect::normalized() answers otherwise in
-/// Qt 6.
+/// The pixels of a rectangle whose corners may be exchanged; QRect::normalized() leaves the corners out with Qt 6.
 QRect upright(const QRect& drawn)
 {
-    const QPoint corner(drawn.x() + std::min(drawn.width(), 0), drawn.y() + std::min(drawn.height(), 0));
-    return {corner, QSize(std::abs(drawn.width()), std::abs(drawn.height()))};
+    const auto [left, right] = std::minmax({drawn.left(), drawn.right()});
+    const auto [top, bottom] = std::minmax({drawn.top(), drawn.bottom()});
+    return {QPoint(left, top), QPoint(right, bottom)};
 }
 
 } // namespace
