@@ -17,6 +17,7 @@
 
 #include <zokit/settingsfile.h>
 
+#include "progress.h"
 #include "words.h"
 
 namespace zoconvert {
@@ -84,21 +85,6 @@ QJsonArray needsOf(const zokit::Settings& settings)
     return needs;
 }
 
-const char* wordOf(zokit::Outcome outcome)
-{
-    switch (outcome) {
-    case zokit::Outcome::Done:
-        return "done";
-    case zokit::Outcome::Cancelled:
-        return "cancelled";
-    case zokit::Outcome::Skipped:
-        return "skipped";
-    case zokit::Outcome::Failed:
-        break;
-    }
-    return "failed";
-}
-
 } // namespace
 
 QByteArray planLine(int number, const FileJob& file, const QVariantMap& options)
@@ -163,7 +149,8 @@ QString resultsPath(const QString& plan)
 
 bool addResult(const QString& plan, int number, zokit::Outcome outcome, const QString& reason)
 {
-    const QJsonObject object{{text("job"), number}, {text("outcome"), text(wordOf(outcome))}, {text("reason"), reason}};
+    const QJsonObject object{
+        {text("job"), number}, {text("outcome"), text(outcomeWord(outcome))}, {text("reason"), reason}};
     const QByteArray line = QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n';
     constexpr mode_t usualMode = 0666; // What the umask leaves of it.
     const int opened =

@@ -73,7 +73,9 @@ void printObject(const QJsonObject& object)
     console::allPrinted(); // Who reads it waits for it.
 }
 
-const char* eventOf(zokit::Outcome outcome)
+} // namespace
+
+const char* outcomeWord(zokit::Outcome outcome)
 {
     switch (outcome) {
     case zokit::Outcome::Done:
@@ -87,8 +89,6 @@ const char* eventOf(zokit::Outcome outcome)
     }
     return "failed";
 }
-
-} // namespace
 
 QString barLine(int columns, double fraction, int ended, int files, double secondsLeft, const QString& name)
 {
@@ -196,7 +196,7 @@ void Progress::ended(const FileJob& file, zokit::Outcome outcome, const QString&
     QJsonObject more;
     if (!reason.isEmpty())
         more.insert(QStringLiteral("reason"), reason);
-    tell(eventOf(outcome), file, more);
+    tell(outcomeWord(outcome), file, more);
     hide();
     if (outcome == zokit::Outcome::Failed || outcome == zokit::Outcome::Cancelled)
         console::error(reason.contains(file.input) || reason.contains(file.output)
@@ -218,7 +218,7 @@ void Progress::summary()
     QJsonObject object{{QStringLiteral("event"), QStringLiteral("summary")}, {QStringLiteral("files"), m_files}};
     for (const zokit::Outcome outcome :
          {zokit::Outcome::Done, zokit::Outcome::Failed, zokit::Outcome::Cancelled, zokit::Outcome::Skipped})
-        object.insert(QLatin1String(eventOf(outcome)), count(outcome));
+        object.insert(QLatin1String(outcomeWord(outcome)), count(outcome));
     printObject(object);
 }
 

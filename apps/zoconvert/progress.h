@@ -14,6 +14,9 @@ class QJsonObject;
 
 namespace zoconvert {
 
+/// "done", "failed", "cancelled", "skipped": an outcome in JSON.
+const char* outcomeWord(zokit::Outcome outcome);
+
 /// What a run says while it goes on: a bar, a line a file, or JSON.
 class Progress {
 public:

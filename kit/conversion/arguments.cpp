@@ -5,6 +5,7 @@
 
 #include <cmath>
 
+#include <QFile>
 #include <QFileInfo>
 
 #include <zokit/graph.h>
@@ -27,6 +28,18 @@ QString number(double value)
 QString fileArgument(const QString& path)
 {
     return QStringLiteral("file:") + path;
+}
+
+/// Whether a file is all UTF-8, as far as it is looked at; true where it cannot be read.
+bool isUtf8File(const QString& path)
+{
+    QFile file(path);
+    constexpr qint64 most = 16 * 1024 * 1024;
+    if (!file.open(QIODevice::ReadOnly))
+        return true;
+    const QByteArray bytes = file.read(most);
+    return QString::fromUtf8(bytes).toUtf8() == bytes || bytes.startsWith("\xff\xfe") || bytes.startsWith("\xfe\xff")
+           || bytes.startsWith("\xef\xbb\xbf");
 }
 
 /// What each call begins with.

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-#include <QDir>
+#include <QBuffer>
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>
@@ -36,7 +36,7 @@ FailureKind kindOf(const ChildResult& result)
 {
     if (result.end == ChildEnd::NotStarted)
         return FailureKind::Setup;
-    if (result.end == ChildEnd::Killed || result.end == ChildEnd::Stalled)
+    if (result.end == ChildEnd::Killed)
         return FailureKind::Temporary;
     for (const char* words : {"No space left on device", "Cannot allocate memory", "Disk quota exceeded"})
         if (result.words.contains(words))
@@ -69,17 +69,6 @@ bool isSameFile(const QString& left, const QString& right)
 }
 
 } // namespace
-
-bool isUtf8File(const QString& path)
-{
-    QFile file(path);
-    constexpr qint64 most = 16 * 1024 * 1024;
-    if (!file.open(QIODevice::ReadOnly))
-        return true;
-    const QByteArray bytes = file.read(most);
-    return QString::fromUtf8(bytes).toUtf8() == bytes || bytes.startsWith("\xff\xfe") || bytes.startsWith("\xfe\xff")
-           || bytes.startsWith("\xef\xbb\xbf");
-}
 
 class Conversion::Private : public QObject {
 public:
@@ -296,11 +285,11 @@ bool Conversion::Private::makeHelpers()
         m_folder = m_ownFolder.path();
     }
     if (!watermark.isNull()) {
-        m_helpers.watermark = m_folder + QStringLiteral("/watermark.png");
-        if (!watermark.save(m_helpers.watermark, "PNG")) {
-            fail(Message(Code::FileUnwritable, {m_helpers.watermark, QString()}), FailureKind::Temporary);
+        QBuffer png;
+        png.open(QIODevice::WriteOnly);
+        watermark.save(&png, "PNG");
+        if (!writeHelper(QStringLiteral("watermark.png"), png.data(), &m_helpers.watermark))
             return false;
-        }
     }
     if (ownChapters
         && !writeHelper(QStringLiteral("chapters.txt"), chaptersText(m_job.settings, m_media), &m_helpers.chapters))
@@ -364,7 +353,7 @@ void Conversion::Private::convert()
         for (const Message& told : removeLeftovers(QFileInfo(m_job.output).absolutePath()))
             warn(told);
         if (const Message wrong = m_part.create(m_job.output); !wrong.isEmpty())
-            return fail(wrong, FailureKind::Temporary);
+            return fail(wrong, m_part.kind());
         target = m_part.path();
     }
     m_command = convertCommand(m_tools, m_job, m_media, m_files, m_plan, m_helpers, target);
@@ -438,7 +427,7 @@ void Conversion::Private::checked(const ReadMedia& read)
         return fail(Message(Code::DamageStrict));
     const QString dateOf = output.value(QStringLiteral("keep-date")).toBool() ? m_job.input : QString();
     if (const Message failed = m_part.finish(m_job.output, m_job.replaces, dateOf); !failed.isEmpty())
-        return refuse(failed, FailureKind::Temporary);
+        return refuse(failed, m_part.kind());
     finish(Outcome::Done);
 }
 

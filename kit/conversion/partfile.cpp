@@ -126,6 +126,14 @@ void PartFile::remove()
     m_file = -1;
 }
 
+/// What errno tells of \a path.
+Message PartFile::failed(const QString& path)
+{
+    const bool isFull = errno == ENOSPC || errno == EDQUOT;
+    m_kind = isFull ? FailureKind::Temporary : FailureKind::Lasting;
+    return Message(Code::FileUnwritable, {path, lastError()});
+}
+
 Message PartFile::create(const QString& output)
 {
     const QString folder = QFileInfo(output).absolutePath();
@@ -137,7 +145,7 @@ Message PartFile::create(const QString& output)
         if (opened < 0 && errno == EEXIST)
             continue;
         if (opened < 0)
-            return Message(Code::FileUnwritable, {folder, lastError()});
+            return failed(folder);
         if (lock(opened) && stillNamed(opened, name)) {
             m_path = path;
             m_file = opened;
@@ -145,26 +153,27 @@ Message PartFile::create(const QString& output)
         }
         ::close(opened);
     }
-    return Message(Code::FileUnwritable, {folder, lastError()});
+    return failed(folder);
 }
 
 Message PartFile::finish(const QString& output, bool replaces, const QString& dateOf)
 {
     const QByteArray from = QFile::encodeName(m_path);
     const QByteArray to = QFile::encodeName(output);
-    if (!stillNamed(m_file, from))
-        return Message(Code::FileUnwritable, {output, QString::fromLocal8Bit(std::strerror(ENOENT))});
+    if (!stillNamed(m_file, from)) {
+        errno = ENOENT;
+        return failed(output);
+    }
     struct stat source = {};
     if (!dateOf.isEmpty() && ::stat(QFile::encodeName(dateOf).constData(), &source) == 0) {
         const std::array<timespec, 2> dates = {source.st_atim, source.st_mtim};
         ::futimens(m_file, dates.data());
     }
     if (::fsync(m_file) != 0)
-        return Message(Code::FileUnwritable, {output, lastError()});
+        return failed(output);
     const int renamed = replaces ? ::rename(from.constData(), to.constData()) : renameWithoutReplacing(from, to);
     if (renamed != 0)
-        return errno == EEXIST ? Message(Code::OutputExists, {output})
-                               : Message(Code::FileUnwritable, {output, lastError()});
+        return errno == EEXIST ? Message(Code::OutputExists, {output}) : failed(output);
     m_path.clear();
     remove();
     sync(QFileInfo(output).absolutePath());

@@ -5,6 +5,7 @@
 
 #include <QString>
 
+#include <zokit/conversion.h>
 #include <zokit/message.h>
 
 namespace zokit {
@@ -21,14 +22,19 @@ public:
     /// Makes the file for \a output. Empty: it is there.
     Message create(const QString& output);
     QString path() const { return m_path; }
+    /// Whether it helps to try again after the last failure: only where the disk was full.
+    FailureKind kind() const { return m_kind; }
     /// Flushes the file to the disk and gives it its name. One that is there is replaced only with \a replaces. With
     /// \a dateOf the result gets the date of that file. Empty: the result is there, and whole.
     Message finish(const QString& output, bool replaces, const QString& dateOf);
     void remove();
 
 private:
+    Message failed(const QString& path);
+
     QString m_path;
     int m_file = -1;
+    FailureKind m_kind = FailureKind::None;
 };
 
 /// Removes part files in \a folder whose writer on this host is gone, and the helper folders of such. Tells of those of

@@ -12,6 +12,7 @@
 #include <zokit/properties.h>
 
 #include "codecs_p.h"
+#include "picture_p.h"
 #include "trackplan_p.h"
 
 namespace zokit {
@@ -50,12 +51,6 @@ QString kindName(const TrackPlan& plan)
     return QCoreApplication::translate("zokit", "data");
 }
 
-const TypeSettings* selectedType(const Settings& settings, const char* name)
-{
-    const TypeSettings* type = settings.find(QLatin1String(name));
-    return type && type->selected ? type : nullptr;
-}
-
 QVector<Values> selectedItems(const Settings& settings, const char* name)
 {
     QVector<Values> result;
@@ -64,11 +59,6 @@ QVector<Values> selectedItems(const Settings& settings, const char* name)
             if (item.selected)
                 result.append(item.values);
     return result;
-}
-
-bool isText(const QString& codec)
-{
-    return !isBitmapSubtitle(codec);
 }
 
 /// Plans one clip; each step fills in its part of the result.
@@ -87,6 +77,7 @@ public:
 
     TracksPlan plan()
     {
+        m_plan.subtitle = subtitlePlan(m_settings, m_media);
         m_plan.error = soundProblem(m_settings);
         refuse(checkCodecs(m_settings, m_plan.container));
         if (m_plan.error.isEmpty())
@@ -109,6 +100,11 @@ private:
     {
         if (m_plan.error.isEmpty())
             m_plan.error = why;
+    }
+
+    bool isBurned() const
+    {
+        return m_plan.subtitle.use == SubtitleUse::BurnText || m_plan.subtitle.use == SubtitleUse::BurnBitmap;
     }
 
     bool isHeld(const TrackPlan& track) const { return holds(m_plan.container, track.track.kind, track.track.codec); }
@@ -134,14 +130,12 @@ private:
         return Message(Code::ContainerLacks, {m_plan.container, codec});
     }
 
-    /// What changes the picture, so that it cannot be copied; empty: nothing does.
+    /// Whether anything changes the picture, so that it cannot be copied.
     bool touchesPicture() const
     {
         GraphParts parts;
         parts.watermarkInput = watermarkPicture(m_settings).isNull() ? -1 : 1;
-        const SubtitlePlan subtitle = subtitlePlan(m_settings, m_media);
-        const bool isBurned = subtitle.use == SubtitleUse::BurnText || subtitle.use == SubtitleUse::BurnBitmap;
-        return isBurned || !pictureGraph(m_settings, m_media, parts).isNothing;
+        return isBurned() || !pictureGraph(m_settings, m_media, parts).isNothing;
     }
 
     void planPicture()
@@ -319,13 +313,10 @@ private:
 
     void planSubtitles()
     {
-        m_plan.subtitle = subtitlePlan(m_settings, m_media);
         refuse(m_plan.subtitle.error);
         m_plan.warnings += m_plan.subtitle.warnings;
         const SubtitlePlan& chosen = m_plan.subtitle;
-        const bool isSoft = chosen.use == SubtitleUse::Soft;
-        const bool isBurned = chosen.use == SubtitleUse::BurnText || chosen.use == SubtitleUse::BurnBitmap;
-        if (isBurned && !m_media.picture())
+        if (isBurned() && !m_media.picture())
             refuse(Message(Code::NoPictureToBurn));
         if (chosen.use != SubtitleUse::None && chosen.stream < 0 && chosen.use != SubtitleUse::Missing) {
             TrackPlan plan;
@@ -336,7 +327,7 @@ private:
             const auto found = m_files.constFind(chosen.file);
             if (found != m_files.cend() && !found->streams.isEmpty())
                 plan.track = found->streams.first().track;
-            if (isBurned)
+            if (isBurned())
                 burnIn(plan);
             else
                 planSoft(plan);
@@ -348,7 +339,7 @@ private:
                     continue;
                 TrackPlan plan = planOf(stream);
                 plan.isSelected = isChosen;
-                if (isChosen && isBurned) {
+                if (isChosen && isBurned()) {
                     burnIn(plan);
                 } else if (m_drops && !isChosen) {
                     leaveOut(plan, Message(Code::DroppedAsOther));
@@ -358,8 +349,6 @@ private:
                 }
             }
         }
-        if (!isSoft && !isBurned && chosen.use == SubtitleUse::Missing)
-            refuse(Message(Code::NoSuchTrack, {QString::number(chosen.stream)}));
     }
 
     void burnIn(TrackPlan& plan)
@@ -372,7 +361,7 @@ private:
     void planSoft(TrackPlan& plan)
     {
         const QString codec = plan.track.codec;
-        if (!isText(codec)) {
+        if (isBitmapSubtitle(codec)) {
             if (speedFactor(m_settings) != 1)
                 leaveOut(plan, Message(Code::CannotChangeSpeed));
             else if (!isHeld(plan))

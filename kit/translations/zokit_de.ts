@@ -1731,5 +1731,29 @@
         <source>There is neither picture nor sound to convert. Choose another file.</source>
         <translation>Es gibt weder Bild noch Ton umzuwandeln. Wählen Sie eine andere Datei.</translation>
     </message>
+    <message>
+        <source>cover</source>
+        <translation>Titelbild</translation>
+    </message>
+    <message>
+        <source>video</source>
+        <translation>Bild</translation>
+    </message>
+    <message>
+        <source>audio</source>
+        <translation>Ton</translation>
+    </message>
+    <message>
+        <source>subtitle</source>
+        <translation>Untertitel</translation>
+    </message>
+    <message>
+        <source>attachment</source>
+        <translation>Anhang</translation>
+    </message>
+    <message>
+        <source>data</source>
+        <translation>Daten</translation>
+    </message>
 </context>
 </TS>

@@ -60,7 +60,6 @@ struct Converted {
     QStringList lines; ///< Of the tracks.
     MediaInfo media;   ///< Of the result; without streams when there is none.
     QStringList left;  ///< What else is in the folder.
-    QStringList arguments;
 };
 
 Converted convert(const QString& input, const Edits& edits, const QString& output)
@@ -85,8 +84,6 @@ Converted convert(const QString& input, const Edits& edits, const QString& outpu
         qWarning("the conversion does not end");
     else
         converted.result = ended.first().first().value<ConversionResult>();
-    if (!conversion.commands().isEmpty())
-        converted.arguments = conversion.commands().last().arguments;
     if (converted.result.outcome == Outcome::Done)
         converted.media = zokit::probe(zokit::findTools(), output).media.value_or(MediaInfo());
     converted.left =
@@ -128,7 +125,11 @@ private Q_SLOTS:
     void isRefused_data();
     void isRefused();
     void skipsWhatIsThere();
+    void leavesNothingWhenCancelled_data();
     void leavesNothingWhenCancelled();
+    void chaptersFollowPartAndSpeed();
+    void linesTellWhatBecomesOfEachTrack();
+    void linesAreGerman();
     void removesWhatADeadOneLeft();
     void queueRunsInOrder();
 
@@ -205,9 +206,6 @@ void TestKitConversion::tracksFollow()
     const QString output = path(QStringLiteral("result.") + ending);
     QFile::remove(output);
     const Converted converted = convert(clips::clip(clip), edits, output);
-    if (qEnvironmentVariableIsSet("SHOW"))
-        qInfo().noquote() << converted.lines.join(QLatin1Char('\n')) << said(converted.result)
-                          << converted.arguments.join(QLatin1Char(' '));
     QVERIFY2(converted.result.outcome == Outcome::Done, qPrintable(said(converted.result)));
     QTEST(codecs(converted.media), "expected");
     QCOMPARE(converted.left, QStringList());
@@ -261,6 +259,7 @@ void TestKitConversion::isRefused()
     QDir(m_folder.path()).mkdir(QStringLiteral("folder.mp4"));
     const Converted converted = convert(clips::clip(clip), edits, path(output));
     QVERIFY(converted.result.outcome == Outcome::Failed);
+    QVERIFY(converted.result.kind == zokit::FailureKind::Lasting);
     QCOMPARE(converted.result.reason.text().replace(m_folder.path(), QStringLiteral("PATH")), expected);
     QVERIFY(there.open(QIODevice::ReadOnly));
     QCOMPARE(there.readAll(), QByteArray("mine"));
@@ -288,8 +287,16 @@ void TestKitConversion::skipsWhatIsThere()
     QCOMPARE(there.size(), 5);
 }
 
+void TestKitConversion::leavesNothingWhenCancelled_data()
+{
+    QTest::addColumn<bool>("whileConverting");
+    QTest::newRow("before it begins") << false;
+    QTest::newRow("while it converts") << true;
+}
+
 void TestKitConversion::leavesNothingWhenCancelled()
 {
+    QFETCH(bool, whileConverting);
     Conversion conversion(zokit::findTools());
     QSignalSpy ended(&conversion, &Conversion::finished);
     Job job;
@@ -300,12 +307,60 @@ void TestKitConversion::leavesNothingWhenCancelled()
         made.settings = settingsFor(media, {{QStringLiteral("Output:video-codec"), QStringLiteral("av1")}});
         return made;
     };
-    QObject::connect(&conversion, &Conversion::planned, &conversion, &Conversion::cancel);
+    if (whileConverting)
+        QObject::connect(&conversion, &Conversion::progressed, &conversion, &Conversion::cancel);
+    else
+        QObject::connect(&conversion, &Conversion::planned, &conversion, &Conversion::cancel);
     conversion.start(job);
     QVERIFY(ended.wait(patience));
     QVERIFY(ended.first().first().value<ConversionResult>().outcome == Outcome::Cancelled);
     QVERIFY(!conversion.isRunning());
     QCOMPARE(QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), QStringList());
+}
+
+void TestKitConversion::chaptersFollowPartAndSpeed()
+{
+    MediaInfo media;
+    media.seconds = 10;
+    media.chapters = {{0, 4, {{QStringLiteral("title"), QStringLiteral("a=b;c")}}}, {4, 10, {}}};
+    const zokit::Settings settings = settingsFor(media, {{QStringLiteral("Output:trim"), QVariantList{3.0, 9.0}},
+                                                         {QStringLiteral("Audio_Speed:audio_effect_flag"), true},
+                                                         {QStringLiteral("Audio_Speed:audio_speed_factor"), 200}});
+    QCOMPARE(zokit::chaptersText(settings, media),
+             QByteArray(";FFMETADATA1\n"
+                        "[CHAPTER]\nTIMEBASE=1/1000\nSTART=0\nEND=500\ntitle=a\\=b\\;c\n"
+                        "[CHAPTER]\nTIMEBASE=1/1000\nSTART=500\nEND=3000\n"));
+    const zokit::ClipPart part = zokit::clipPart(settings, media);
+    QCOMPARE(part.from, 3.0);
+    QCOMPARE(part.seconds, 6.0);
+    QCOMPARE(part.result, 3.0);
+}
+
+void TestKitConversion::linesTellWhatBecomesOfEachTrack()
+{
+    const QString output = path(QStringLiteral("result.webm"));
+    const Converted converted = convert(clips::clip(QStringLiteral("cover.mp4")), {}, output);
+    QVERIFY2(converted.result.outcome == Outcome::Done, qPrintable(said(converted.result)));
+    QCOMPARE(converted.lines,
+             QStringList({QStringLiteral("track 0 (video, h264): converted to vp9, because webm holds no h264"),
+                          QStringLiteral("track 1 (audio, aac): converted to opus, because webm holds no aac"),
+                          QStringLiteral("track 2 (cover, mjpeg): left out, because webm holds no cover")}));
+    QVERIFY(QFile::remove(output));
+}
+
+void TestKitConversion::linesAreGerman()
+{
+    zokit::TrackPlan cover;
+    cover.isCover = true;
+    cover.track.index = 2;
+    cover.track.codec = QStringLiteral("mjpeg");
+    cover.fate = zokit::TrackFate::LeftOut;
+    cover.why = zokit::Message(zokit::Message::Code::DroppedAsOther);
+    QCOMPARE(cover.line().text(), QStringLiteral("track 2 (cover, mjpeg): left out, because other tracks are dropped"));
+    QVERIFY(zokit::useLanguage(QLocale(QStringLiteral("de"))));
+    const QString german = cover.line().text();
+    QVERIFY(zokit::useLanguage(QLocale(QStringLiteral("en"))));
+    QCOMPARE(german, QStringLiteral("Spur 2 (Titelbild, mjpeg): ausgelassen; andere Spuren entfallen"));
 }
 
 void TestKitConversion::removesWhatADeadOneLeft()
