@@ -30,13 +30,14 @@ Changes FileSettings::Private::consequences(const Changes& changes) const
         return Changes();
     Things next = things;
     next.apply(changes);
-    const bool frameChanged = next.frame() != things.frame();
+    const QSize frame = next.baseFrame();
+    const bool frameChanged = frame != things.baseFrame();
     Changes result;
     for (const Identity item : next.items(types::watermark)) {
         const auto isOfItem = [item](const Change& change) { return change.thing == item; };
         if (!next.has(item, own::anchor) || !(frameChanged || std::any_of(changes.cbegin(), changes.cend(), isOfItem)))
             continue;
-        const Values placed = anchoredValues(next.itemSettings(item), next.frame());
+        const Values placed = anchoredValues(next.itemSettings(item), frame);
         for (auto it = placed.cbegin(); it != placed.cend(); ++it)
             result.append({item, it.key(), next.value(item, it.key()), it.value()});
     }
@@ -83,8 +84,11 @@ void FileSettings::Private::store(const Changes& changes, QObject* asker, const 
             before.insert(type, things.items(type));
     }
     things.apply(changes);
-    if (models && !forModels.isEmpty())
-        models->follow(things, forModels);
+    if (models) {
+        models->setFrame(things.baseFrame());
+        if (!forModels.isEmpty())
+            models->follow(things, forModels);
+    }
     for (auto it = before.cbegin(); it != before.cend(); ++it)
         tellItems(it.key(), it.value(), things.items(it.key()));
     emit q->changed(changes, asker);

@@ -48,13 +48,13 @@ Item FileSettings::Private::defaultItem(Identity item) const
     const Values values = things.values(item);
     if (type == types::effect) {
         const QString name = values.value(own::name).toString();
-        for (const Item& fresh : newType(type, things.frame()).items) {
+        for (const Item& fresh : newType(type, things.baseFrame()).items) {
             if (fresh.name == name)
                 return fresh;
         }
         return Item();
     }
-    Item fresh = newItem(type, kindOf(type, values), things.frame());
+    Item fresh = newItem(type, kindOf(type, values), things.baseFrame());
     if (suitOf(type, true, values) == Suit::EmbeddedTrack)
         fresh.selected = false; // Tracks of the clip are there, and chosen by rule or by hand.
     if (type == types::watermark) {
@@ -63,7 +63,7 @@ Item FileSettings::Private::defaultItem(Identity item) const
             if (values.contains(key))
                 shown.values.insert(key, values.value(key));
         }
-        place(shown, things.typeSettings(type).items.mid(0, things.position(item)), things.frame());
+        place(shown, things.typeSettings(type).items.mid(0, things.position(item)), things.baseFrame());
         fresh.values.insert(keys::left, shown.values.value(keys::left));
         fresh.values.insert(keys::top, shown.values.value(keys::top));
     }
@@ -81,7 +81,7 @@ QVariant FileSettings::Private::defaultOf(Identity thing, const QString& key) co
         const Item fresh = defaultItem(thing);
         return key == own::selected ? QVariant(fresh.selected) : fresh.values.value(key);
     }
-    const TypeSettings fresh = newType(type, things.frame());
+    const TypeSettings fresh = newType(type, things.baseFrame());
     return key == own::selected ? QVariant(fresh.selected) : fresh.values.value(key);
 }
 
@@ -91,9 +91,9 @@ QVariant FileSettings::Private::catalogueDefaultOf(Identity thing, const QString
     if (type == types::effect && things.isItem(thing))
         return key == own::selected ? QVariant(false) : things.value(thing, key);
     if (!things.isItem(thing))
-        return key == own::selected ? QVariant(true) : catalogueType(type, things.frame()).values.value(key);
+        return key == own::selected ? QVariant(true) : catalogueType(type, things.baseFrame()).values.value(key);
     return key == own::selected ? QVariant(defaultItem(thing).selected)
-                                : catalogueItem(type, things.frame()).value(key);
+                                : catalogueItem(type, things.baseFrame()).value(key);
 }
 
 State FileSettings::state(Identity thing, const QString& key) const
@@ -103,8 +103,8 @@ State FileSettings::state(Identity thing, const QString& key) const
     if (known && known->control == Control::None)
         return State::Default; // The program's own says nothing of what a person did.
     const QVariant present = d->things.value(thing, key);
-    const bool shownWhole =
-        type == types::crop && (known && known->isGeometry) && isWholeFrame(d->things.values(thing), d->things.frame());
+    const bool shownWhole = type == types::crop && (known && known->isGeometry)
+                            && isWholeFrame(d->things.values(thing), d->things.baseFrame());
     if (!shownWhole && !exactly(present, d->defaultOf(thing, key)))
         return State::Changed;
     if (!effectTypes().contains(type) || !ZoEffectItemDefaultValMgr::getInstance()->hasCustomDefaultVal(type))
@@ -157,7 +157,7 @@ Message FileSettings::resetType(const QString& type, QObject* asker)
     if (!effectTypes().contains(type))
         return Message(Code::UnknownType, {type, nearest(type, effectTypes())});
     Settings target = settings();
-    *target.find(type) = resetOf(*target.find(type), d->things.frame());
+    *target.find(type) = resetOf(*target.find(type), d->things.baseFrame());
     return setSettings(target, asker);
 }
 
@@ -165,7 +165,7 @@ Message FileSettings::resetAll(QObject* asker)
 {
     Settings target = settings();
     for (TypeSettings& type : target.effects)
-        type = resetOf(type, d->things.frame());
+        type = resetOf(type, d->things.frame()); // No turn is left.
     target.tracks.clear();
     target.output.clear();
     return setSettings(target, asker);

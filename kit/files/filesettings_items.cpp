@@ -70,7 +70,7 @@ FileSettings::Inserted FileSettings::insert(const QString& type, const Values& v
     if (type == types::watermark && !wanted.contains(keys::isText))
         wanted.insert(keys::isText, wanted.contains(keys::textContent));
     const Suit suit = suitOf(type, true, wanted);
-    Item item = newItem(type, kindOf(type, wanted), d->things.frame());
+    Item item = newItem(type, kindOf(type, wanted), d->things.baseFrame());
     item.name.clear();
     for (auto it = wanted.cbegin(); it != wanted.cend(); ++it) {
         const QString where = Address{type, pos < 0 ? count : pos, it.key()}.toString();
@@ -87,9 +87,9 @@ FileSettings::Inserted FileSettings::insert(const QString& type, const Values& v
     TypeSettings target = d->things.typeSettings(type);
     if (type == types::watermark) {
         if (suit == Suit::ImageWatermark)
-            addImageSize(item.values, d->things.frame());
+            addImageSize(item.values, d->things.baseFrame());
         if (!wanted.contains(keys::left) && !wanted.contains(keys::top) && item.anchor.isEmpty())
-            place(item, target.items, d->things.frame());
+            place(item, target.items, d->things.baseFrame());
     }
     target.selected = true;
     const int row = pos < 0 ? count : pos;

@@ -26,7 +26,7 @@ ReadValue FileSettings::Private::read(const QString& type, Suit suit, const QStr
     if (key == own::selected && isOfEffect) {
         Property selection;
         selection.kind = ValueKind::Bool;
-        return readValue(selection, given, things.frame(), where);
+        return readValue(selection, given, things.baseFrame(), where);
     }
     if (key == own::anchor && (suit == Suit::TextWatermark || suit == Suit::ImageWatermark)) {
         Message error;
@@ -48,7 +48,7 @@ ReadValue FileSettings::Private::read(const QString& type, Suit suit, const QStr
             return {QVariant(), Message(Code::KeyNeedsItem, {type, key})};
         return {QVariant(), Message(Code::NotOfItem, {where, suitsText(known->suits)})};
     }
-    const ReadValue read = readValue(*known, given, things.frame(), where);
+    const ReadValue read = readValue(*known, given, things.baseFrame(), where);
     Message noRule;
     if (type == types::tracks && read.error.isEmpty() && !trackRulesFrom({{key, read.value}}, &noRule))
         return {QVariant(), noRule};

@@ -70,15 +70,9 @@ bool isMeasured(const Values& values, const QString& key)
 Projection::Projection(const Things& things) : m_picture(typesOf(false)), m_sound(typesOf(true))
 {
     setPictureOptions(m_picture);
-    setFrame(things.frame());
+    setFrame(things.baseFrame());
     for (const QString& type : effectTypes())
         replace(things, type);
-}
-
-void Projection::setFrame(const QSize& frame)
-{
-    m_picture.setVideoSize(frame.width(), frame.height());
-    m_sound.setVideoSize(frame.width(), frame.height());
 }
 
 ZoEffectModel& Projection::modelOf(const QString& type)
@@ -86,16 +80,22 @@ ZoEffectModel& Projection::modelOf(const QString& type)
     return isSoundType(type) ? m_sound : m_picture;
 }
 
+void Projection::setFrame(const QSize& frame)
+{
+    if (frame == m_frame)
+        return;
+    m_frame = frame;
+    m_picture.setVideoSize(frame.width(), frame.height());
+    m_sound.setVideoSize(frame.width(), frame.height());
+}
+
 void Projection::follow(const Things& things, const Changes& changes)
 {
     const QScopedValueRollback<bool> following(m_following, true);
     QSet<QString> wholeTypes;
     for (const Change& change : changes) {
-        if (change.thing == things.file()) {
-            setFrame(things.frame());
-        } else if (!setOne(things, change)) {
+        if (change.thing != things.file() && !setOne(things, change))
             wholeTypes.insert(things.typeOf(change.thing));
-        }
     }
     for (const QString& type : effectTypes()) {
         if (wholeTypes.contains(type))

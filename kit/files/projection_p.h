@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QHash>
+#include <QSize>
 #include <QString>
 
 #include <zoeffectmodel.h>
@@ -22,6 +23,8 @@ public:
     ZoEffectModel& picture() { return m_picture; }
     ZoEffectModel& sound() { return m_sound; }
 
+    /// The frame in which the models measure.
+    void setFrame(const QSize& frame);
     /// Brings the models to \a things, of which \a changes have just changed.
     void follow(const Things& things, const Changes& changes);
     /// Brings a type's node to \a things as a whole.
@@ -37,12 +40,12 @@ public:
     void note(const QString& type, const QVector<Identity>& items);
 
 private:
-    void setFrame(const QSize& frame);
     bool setOne(const Things& things, const Change& change);
 
     ZoEffectModel m_picture;
     ZoEffectModel m_sound;
     QHash<QString, QHash<const ZoEffectItemData*, Identity>> m_items;
+    QSize m_frame;
     bool m_following = false;
 };
 

@@ -14,6 +14,7 @@
 #include "exactly_p.h"
 #include "names_p.h"
 #include "newitem_p.h"
+#include "turn_p.h"
 
 namespace zokit {
 
@@ -187,6 +188,12 @@ int Things::position(Identity item) const
 QSize Things::frame() const
 {
     return {value(m_file, mediaWidth).toInt(), value(m_file, mediaHeight).toInt()};
+}
+
+QSize Things::baseFrame() const
+{
+    const Values crop = values(type(types::crop));
+    return turnOf(crop.value(own::selected).toBool(), crop, values(type(types::effect))).of(frame());
 }
 
 Item Things::itemSettings(Identity item) const

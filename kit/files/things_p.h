@@ -56,6 +56,8 @@ public:
     TypeSettings typeSettings(const QString& type) const;
     Item itemSettings(Identity item) const;
     QSize frame() const;
+    /// In which geometry is measured: the frame as it stands once the picture is turned.
+    QSize baseFrame() const;
 
     /// Sets values to their "after"; a thing without values is gone.
     void apply(const Changes& changes);

@@ -45,11 +45,6 @@ bool leavesFrame(const Settings& settings, const QSize& frame)
     return crop && !QRect(QPoint(0, 0), frame).contains(wishedCrop(crop->values));
 }
 
-QSize baseFrame(const Settings& settings)
-{
-    return turnsSides(settings) ? settings.media.frame.transposed() : settings.media.frame;
-}
-
 QRect croppedTo(const Settings& settings, const QSize& frame, bool even, Message* error)
 {
     const TypeSettings* crop = selectedType(settings, "Crop");

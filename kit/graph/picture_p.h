@@ -57,7 +57,6 @@ void addToneMap(Chain& chain, Picture& picture, bool deep);
 /// Whether a crop reaches out of \a frame.
 bool leavesFrame(const Settings& settings, const QSize& frame);
 bool isTurned(const Settings& settings);
-bool turnsSides(const Settings& settings);
 void addTurning(Chain& chain, Picture& picture, const Settings& settings);
 bool changesColour(const Settings& settings);
 void addColour(Chain& chain, const Picture& picture, const Settings& settings);

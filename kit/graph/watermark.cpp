@@ -47,10 +47,8 @@ QImage watermarkPicture(const Settings& settings)
     const TypeSettings* watermarks = selectedType(settings, "Watermark");
     if (!watermarks || watermarks->items.isEmpty())
         return QImage();
-    Settings onBaseFrame = settings;
-    onBaseFrame.media.frame = baseFrame(settings);
-    const FileSettings file(onBaseFrame);
-    const QSize& frame = onBaseFrame.media.frame;
+    const FileSettings file(settings);
+    const QSize frame = baseFrame(settings);
     const QPixmap picture = file.pictureModel()->getWatermark(frame.width(), frame.height(), true);
     return picture.isNull() ? QImage() : picture.toImage().convertToFormat(QImage::Format_RGBA8888);
 }

@@ -14,8 +14,10 @@ namespace zokit {
 /// anchor.
 Values anchoredValues(const Item& item, const QSize& frame);
 
-/// rescaled(), but that anchors have still to place their watermarks.
-Settings scaled(const Settings& settings, const QSize& frame);
+/// The geometry of \a settings, measured in a base frame of \a from, brought to one of \a to. Anchors have still to
+/// place their watermarks, and what the settings say of the frame itself stays. An empty frame leaves everything as it
+/// is.
+Settings rescaledBetween(const Settings& settings, const QSize& from, const QSize& to);
 
 /// To whole pixels, halves away from 0.
 int rounded(double value);

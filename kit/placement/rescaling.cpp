@@ -12,6 +12,7 @@
 #include "cataloguedefaults_p.h"
 #include "completion_p.h"
 #include "names_p.h"
+#include "turn_p.h"
 
 namespace zokit {
 
@@ -94,17 +95,15 @@ void compare(const Address& item, const Values& before, const Values& after, Mes
 
 } // namespace
 
-Settings scaled(const Settings& settings, const QSize& frame)
+Settings rescaledBetween(const Settings& settings, const QSize& from, const QSize& to)
 {
     Settings result = settings;
-    const QSize old = settings.media.frame;
-    result.media.frame = frame;
-    if (old.isEmpty() || frame.isEmpty() || old == frame)
+    if (from.isEmpty() || to.isEmpty() || from == to)
         return result;
-    const double across = double(frame.width()) / old.width();
-    const double down = double(frame.height()) / old.height();
+    const double across = double(to.width()) / from.width();
+    const double down = double(to.height()) / from.height();
     for (TypeSettings& type : result.effects) {
-        if (type.type == types::crop && isWholeFrame(type.values, old))
+        if (type.type == types::crop && isWholeFrame(type.values, from))
             setWholeFrame(type.values);
         else if (type.type == types::crop)
             rescaleCrop(type.values, across, down);
@@ -120,9 +119,12 @@ Settings scaled(const Settings& settings, const QSize& frame)
 
 Settings rescaled(const Settings& settings, const QSize& frame)
 {
-    Settings result = scaled(settings, frame);
-    if (!settings.media.frame.isEmpty() && !frame.isEmpty() && settings.media.frame != frame)
-        placeAnchored(result);
+    const QSize from = baseFrame(settings);
+    const QSize to = turnOf(settings).of(frame);
+    Settings result = rescaledBetween(settings, from, to);
+    result.media.frame = frame;
+    if (!from.isEmpty() && !to.isEmpty() && from != to)
+        placeAnchored(result, to);
     return result;
 }
 

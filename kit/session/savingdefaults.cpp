@@ -65,7 +65,7 @@ Values ofSubtitle(const Values& values, const Values& before, const QSize& frame
 Values valuesToSave(const FileSettings& file, const Address& address, const Values& before)
 {
     const Values values = file.values(file.thing(address));
-    const QSize frame = file.media().frame;
+    const QSize frame = baseFrame(file.settings());
     const bool isItem = address.pos != Address::ofType;
     if (address.type == watermark)
         return isItem ? ofWatermark(values, before, frame) : Values();

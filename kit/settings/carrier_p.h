@@ -13,7 +13,7 @@
 
 namespace zokit {
 
-/// carriedOver() for many targets: what is the same for all of them, or for all of one frame, is worked out once.
+/// carriedOver() for many targets: what is the same for all of them, or for all of one base frame, is worked out once.
 class Carrier {
 public:
     Carrier(const Settings& from, const CarryOver& carry);
@@ -23,6 +23,8 @@ public:
     Settings over(const Settings& to);
 
 private:
+    /// over(), where geometry is measured in a base frame of \a frame.
+    Settings over(const Settings& to, const QSize& frame);
     const Settings& arrivingIn(const QSize& frame);
 
     Settings m_from;

@@ -91,17 +91,19 @@ QVector<Wanted> wantedOf(const Settings& from, const CarryOver& carry)
     return result;
 }
 
-/// What is \a wanted of \a from as it arrives in a frame of \a frame: complete, rescaled, and where its anchors say.
+/// What is \a wanted of \a from as it arrives in a base frame of \a frame: complete, rescaled, and where its anchors
+/// say.
 Settings arriving(const Settings& from, const QVector<Wanted>& wanted, const QSize& frame)
 {
+    const QSize base = from.media.frame.isEmpty() ? frame : baseFrame(from);
     Settings source = from;
     source.effects.clear();
     for (const TypeSettings& type : from.effects) {
         if (std::any_of(wanted.cbegin(), wanted.cend(), [&](const Wanted& one) { return one.type == type.type; }))
-            source.effects.append(completedType(type, from.media.frame.isEmpty() ? frame : from.media.frame));
+            source.effects.append(completedType(type, base));
     }
-    source = scaled(withoutMeasures(source), frame);
-    placeAnchored(source);
+    source = rescaledBetween(withoutMeasures(source), base, frame);
+    placeAnchored(source, frame);
     return source;
 }
 
@@ -202,7 +204,15 @@ Settings Carrier::over(const Settings& to)
 {
     if (m_wanted.isEmpty())
         return to;
-    const Settings& source = arrivingIn(to.media.frame);
+    const QSize before = baseFrame(to);
+    const Settings result = over(to, before);
+    const QSize after = baseFrame(result); // Another one when a quarter turn has come, or has gone.
+    return after == before ? result : over(to, after);
+}
+
+Settings Carrier::over(const Settings& to, const QSize& frame)
+{
+    const Settings& source = arrivingIn(frame);
     Settings result = to;
     const auto anyWatermark = [this](const auto& isSuch) {
         return std::any_of(m_wanted.cbegin(), m_wanted.cend(),
@@ -211,7 +221,7 @@ Settings Carrier::over(const Settings& to)
     const bool areReplaced =
         !m_add && anyWatermark([](const Wanted& wanted) { return wanted.key.isEmpty() && !wanted.isItem(); });
     if (!areReplaced)
-        placeAnchored(result);         // Else an item that is the same before would not be the same afterwards.
+        placeAnchored(result, frame);  // Else an item that is the same before would not be the same afterwards.
     QMap<QString, QVector<int>> items; // Of a type all at once: one that comes does not push out another.
     for (const Wanted& wanted : m_wanted) {
         if (wanted.key.isEmpty() && wanted.isItem() && !items[wanted.type].contains(wanted.pos))
@@ -226,7 +236,7 @@ Settings Carrier::over(const Settings& to)
         }
         const TypeSettings& type = *source.find(wanted.type);
         if (!result.find(wanted.type))
-            result.effects.append(catalogueType(wanted.type, to.media.frame));
+            result.effects.append(catalogueType(wanted.type, frame));
         TypeSettings& target = *result.find(wanted.type);
         const bool isThere =
             wanted.isItem() && wanted.pos < target.items.size() && hasCome(target.items.at(wanted.pos), type, m_wanted);
@@ -242,7 +252,7 @@ Settings Carrier::over(const Settings& to)
             carrying::type(type, m_add, target);
     }
     if (anyWatermark([](const Wanted& wanted) { return !wanted.key.isEmpty(); }))
-        placeAnchored(result); // What came as a whole came to its place.
+        placeAnchored(result, frame); // What came as a whole came to its place.
     return result;
 }
 

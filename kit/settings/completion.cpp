@@ -56,13 +56,13 @@ TypeSettings completedType(const TypeSettings& type, const QSize& frame)
     return result;
 }
 
-void placeAnchored(Settings& settings)
+void placeAnchored(Settings& settings, const QSize& frame)
 {
     TypeSettings* watermarks = settings.find(types::watermark);
     if (!watermarks)
         return;
     for (Item& item : watermarks->items) {
-        const Values placed = anchoredValues(item, settings.media.frame);
+        const Values placed = anchoredValues(item, frame);
         for (auto it = placed.cbegin(); it != placed.cend(); ++it)
             item.values.insert(it.key(), it.value());
     }
@@ -85,12 +85,12 @@ Settings completed(const Settings& settings)
 {
     Settings result = settings;
     result.effects.clear();
-    const QSize frame = settings.media.frame;
+    const QSize frame = baseFrame(settings);
     for (const QString& name : effectTypes()) {
         const TypeSettings* there = settings.find(name);
         result.effects.append(completedType(there ? *there : catalogueType(name, frame), frame));
     }
-    placeAnchored(result);
+    placeAnchored(result, frame);
     return result;
 }
 

@@ -15,6 +15,7 @@
 #include <zokit/settingsfile.h>
 
 #include "jsontext_p.h"
+#include "turn_p.h"
 
 namespace zokit {
 
@@ -199,7 +200,6 @@ Message Presets::exportTo(const QString& name, const QString& file, bool replace
 Settings presetFrom(const Settings& settings, const QStringList& what)
 {
     Settings preset;
-    preset.media.frame = settings.media.frame;
     // Only the types that are meant stand in it, empty at first.
     for (const TypeSettings& type : settings.effects) {
         const auto names = [&](const QString& text) { return text.section(QLatin1Char(':'), 0, 0) == type.type; };
@@ -225,6 +225,7 @@ Settings presetFrom(const Settings& settings, const QStringList& what)
         }
         preset.effects.append(part);
     }
+    preset.media.frame = turnOf(preset).of(baseFrame(settings)); // Without the turn it is for a frame that lies so.
     const auto includes = [&](const char* name) { return what.isEmpty() || what.contains(QLatin1String(name)); };
     if (includes("Output"))
         preset.output = settings.output;

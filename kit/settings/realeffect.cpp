@@ -61,7 +61,7 @@ bool hasOwnStyle(const TypeSettings& subtitles, const QSize& frame)
 bool changes(const Settings& settings, const TypeSettings& type)
 {
     if (type.type == QLatin1String("Crop"))
-        return !isWholeFrame(type.values, settings.media.frame) || isTurned(settings, type.values);
+        return !isWholeFrame(type.values, baseFrame(settings)) || isTurned(settings, type.values);
     if (type.type == QLatin1String("Color"))
         return type.values.value(QStringLiteral("bcs_brightness")).toInt() != 0
                || type.values.value(QStringLiteral("bcs_contrast")).toInt() != 0
@@ -72,7 +72,7 @@ bool changes(const Settings& settings, const TypeSettings& type)
         return anySelected(type, isShown);
     if (type.type == QLatin1String("Subtitle"))
         return anySelected(type, [](const Values& track) { return flag(track, "sub_fromfile"); })
-               || hasOwnStyle(type, settings.media.frame);
+               || hasOwnStyle(type, baseFrame(settings));
     if (type.type == QLatin1String("Audio"))
         return anySelected(type, [](const Values& track) { return flag(track, "audio_isfile"); });
     return soundChanges(type);

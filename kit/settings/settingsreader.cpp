@@ -322,7 +322,7 @@ ReadSettings Reader::read(const QJsonObject& root)
     // Without a frame there are no places by default: the target's frame gives them.
     for (TypeSettings& type : m_settings.effects) {
         if (!m_settings.media.frame.isEmpty())
-            type = completedType(type, m_settings.media.frame);
+            type = completedType(type, baseFrame(m_settings));
     }
     return {m_settings, Message(), {}};
 }

@@ -283,8 +283,8 @@ Settings withTracks(const Settings& settings, const QVector<TrackChoice>& choice
                 known.erase(there);
             } else {
                 item.values = fresh == NewTracks::SavedDefaults
-                                  ? newItem(type, kindOf(type, which), settings.media.frame).values
-                                  : catalogueItem(type, settings.media.frame);
+                                  ? newItem(type, kindOf(type, which), baseFrame(settings)).values
+                                  : catalogueItem(type, baseFrame(settings));
                 for (auto it = which.cbegin(); it != which.cend(); ++it)
                     item.values.insert(it.key(), it.value());
             }

@@ -42,16 +42,13 @@ struct ZOKIT_EXPORT PictureGraph {
 
 /// The graph that \a settings and their output options ask for, for conversion and preview alike: upright,
 /// deinterlaced, square pixels, then turned, coloured, frame effects in their order, subtitle, watermark, crop, size.
-/// The clip's picture is brought to Settings::media.frame, in which all geometry is measured.
+/// The clip's picture is brought to Settings::media.frame before it is turned; geometry is measured in baseFrame().
 ZOKIT_EXPORT PictureGraph pictureGraph(const Settings& settings, const MediaInfo& media, const GraphParts& parts);
 /// The first part of pictureGraph(), which no effect changes: its output, in the clip's own pixel format, is the frame
 /// that a preview keeps and hands over as GraphParts::rawInput.
 ZOKIT_EXPORT PictureGraph sourceGraph(const Settings& settings, const MediaInfo& media,
                                       const GraphParts& parts = GraphParts());
 
-/// The frame in which crop, watermarks and subtitles are measured: that of the media, its sides exchanged where the
-/// picture is turned by 90 or 270 degrees.
-ZOKIT_EXPORT QSize baseFrame(const Settings& settings);
 /// The rectangle that is kept, cut to \a frame; with \a even its sides are rounded down to even numbers. Invalid: there
 /// is no crop, or, told in \a error, less than the smallest size is left of it.
 ZOKIT_EXPORT QRect croppedTo(const Settings& settings, const QSize& frame, bool even, Message* error = nullptr);

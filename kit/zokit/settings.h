@@ -20,8 +20,8 @@ using Values = QMap<QString, QVariant>;
 /// The clip that settings are for.
 struct ZOKIT_EXPORT Media {
     QString file; ///< Absolute path, or as it stands in a settings file; empty in a preset.
-    QSize frame{
-        0, 0}; ///< Displayed size in pixels, upright, of square pixels; the frame in which all geometry is measured.
+    QSize frame{0,
+                0};   ///< Displayed size in pixels, upright, of square pixels. Geometry is measured in it: baseFrame().
     double seconds{}; ///< Length; 0 when unknown.
 };
 
@@ -55,6 +55,10 @@ struct ZOKIT_EXPORT Settings {
     TypeSettings* find(const QString& type);             ///< Null when the type is not there.
     const TypeSettings* find(const QString& type) const; ///< As above.
 };
+
+/// The frame in which crop, watermarks and subtitles are measured: that of the media, its sides exchanged where the
+/// picture is turned by 90 or 270 degrees.
+ZOKIT_EXPORT QSize baseFrame(const Settings& settings);
 
 ZOKIT_EXPORT bool operator==(const Media& left, const Media& right);
 ZOKIT_EXPORT bool operator==(const Item& left, const Item& right);
