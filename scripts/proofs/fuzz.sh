@@ -74,7 +74,7 @@ build() {
     fi
     cmake -G Ninja -S . -B "$folder/build" -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_COMPILER=clang++ \
         -DCMAKE_CXX_FLAGS_DEBUG='-O1 -g1' "-DCMAKE_CXX_FLAGS=$flags" -DZOEFFECT_QT_MAJOR=5 \
-        -DZOEFFECT_BUILD_TESTS=ON -DZOEFFECT_BUILD_HOST=OFF -DZOEFFECT_TEST_PACKAGE=OFF \
+        -DZOEFFECT_BUILD_TESTS=ON -DZOEFFECT_TEST_PACKAGE=OFF \
         -DZOEFFECT_TEST_SOURCES=OFF -DZOEFFECT_WARNINGS_AS_ERRORS=ON -DZOEFFECT_FUZZ=ON &&
         cmake --build "$folder/build" --parallel "$(nproc)" --target "${targets[@]/#/fuzz_}"
 }

@@ -129,7 +129,7 @@ def configure():
     command = ["cmake", "-G", "Ninja", "-S", TREE, "-B", BUILD, "-DCMAKE_CXX_COMPILER=clang++"]
     command += ["-DCMAKE_BUILD_TYPE=Debug", "-DCMAKE_CXX_FLAGS_DEBUG="]  # With the checks of Qt and of the trees.
     command += [f"-DCMAKE_CXX_FLAGS={flags}", "-DCMAKE_EXPORT_COMPILE_COMMANDS=ON", "-DZOEFFECT_QT_MAJOR=5"]
-    command += ["-DZOEFFECT_BUILD_TESTS=ON", "-DZOEFFECT_BUILD_HOST=OFF", "-DZOEFFECT_WARNINGS_AS_ERRORS=OFF"]
+    command += ["-DZOEFFECT_BUILD_TESTS=ON", "-DZOEFFECT_WARNINGS_AS_ERRORS=OFF"]
     command += ["-DZOEFFECT_TEST_PACKAGE=OFF", "-DZOEFFECT_TEST_SOURCES=OFF", "-DZOEFFECT_TEST_PROOFS=OFF"]
     command += [f"-DZOEFFECT_BUILD_KIT={'ON' if KIT else 'OFF'}", "-DZOEFFECT_BUILD_PROGRAMS=OFF"]
     command += ["-DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON"]  # They would have to come before mutant.h.
