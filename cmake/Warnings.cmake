@@ -9,10 +9,10 @@ function(zoeffect_warnings target)
   endif()
 endfunction()
 
-# Qt's headers take longer than most units of the libraries: compiled once for each. Left out where only the libraries
-# are built, which shows that every unit includes what it needs.
+# Qt's headers take longer than most units: compiled once for each library. Left out where nothing asks for it, which
+# shows that every unit includes what it needs.
 function(zoeffect_precompile target)
-  if(ZOEFFECT_BUILD_TESTS)
+  if(ZOEFFECT_BUILD_TESTS OR ZOEFFECT_PRECOMPILE)
     target_precompile_headers(${target} PRIVATE ${ARGN})
   endif()
 endfunction()
