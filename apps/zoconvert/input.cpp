@@ -5,6 +5,7 @@
 
 #include <QFileInfo>
 
+#include <zokit/opening.h>
 #include <zokit/presets.h>
 #include <zokit/settingsfile.h>
 #include <zokit/tracks.h>
@@ -93,13 +94,10 @@ Input loadInput(const QString& name, const Invocation& invocation)
 
 Input inputOf(const QString& name, const zokit::MediaInfo& media)
 {
-    const zokit::MediaStream* picture = media.picture();
     Input input;
     input.name = name;
     input.media = media;
-    input.settings = std::make_unique<zokit::FileSettings>(
-        zokit::Media{QFileInfo(media.file).absoluteFilePath(), picture ? picture->shown : QSize(0, 0), media.seconds});
-    chooseTracks(*input.settings, media);
+    input.settings = std::make_unique<zokit::FileSettings>(zokit::settingsOf(media));
     return input;
 }
 

@@ -14,6 +14,7 @@
 #include <QSet>
 
 #include <zokit/filesettings.h>
+#include <zokit/opening.h>
 #include <zokit/settingsfile.h>
 
 #include "console.h"
@@ -28,28 +29,13 @@ namespace {
 
 const QString settingsEnding = QStringLiteral(".zoeffect.json");
 
-/// What is taken of a folder: the endings of media files.
-bool isMediaName(const QString& name)
-{
-    static const QSet<QString> endings = [] {
-        const QString words = QStringLiteral(
-            "3g2 3gp aac ac3 aif aiff asf avi flac flv m2ts m2v m4a m4v mkv mov mp3 mp4 mpeg mpg mts oga ogg ogv opus "
-            "rm rmvb ts vob w64 wav webm wmv");
-        const QStringList list = words.split(QLatin1Char(' '));
-        return QSet<QString>(list.cbegin(), list.cend());
-    }();
-    return endings.contains(QFileInfo(name).suffix().toLower());
-}
-
 /// Media files of \a folder in the order of their names, those of the folders in it after its own.
 void addFolder(const QString& folder, const QString& below, bool isRecursive, FileJobs* files)
 {
     const QDir dir(folder);
-    for (const QString& name : dir.entryList(QDir::Files, QDir::Name)) {
-        if (!isMediaName(name))
-            continue;
+    for (const QString& path : zokit::mediaFilesIn(folder, false)) {
         FileJob file;
-        file.input = dir.filePath(name);
+        file.input = path;
         file.below = below;
         file.clip = file.input;
         files->push_back(file);

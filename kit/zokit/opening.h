@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <zokit/probe.h>
+#include <zokit/settings.h>
+#include <zokit/zokit_export.h>
+
+namespace zokit {
+
+/// Media files of \a folder, known by the endings of their names, in the order of the names; with \a recursive those of
+/// the folders in it after its own, links to folders aside. Empty when there is none.
+ZOKIT_EXPORT QStringList mediaFilesIn(const QString& folder, bool recursive);
+
+/// The settings with which a clip begins: the saved defaults act, and each track of it has an item, selected where the
+/// rules for tracks choose it.
+ZOKIT_EXPORT Settings settingsOf(const MediaInfo& media);
+
+/// \a settings, as a settings file had them, for their clip as it was found: rescaled where its frame has another size.
+ZOKIT_EXPORT Settings settingsFor(const Settings& settings, const MediaInfo& media);
+
+} // namespace zokit
