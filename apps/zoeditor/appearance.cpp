@@ -1,0 +1,141 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include "appearance.h"
+
+#include <QApplication>
+#include <QLocale>
+#include <QMainWindow>
+#include <QPalette>
+#include <QPointer>
+#include <QSettings>
+#include <QSplitter>
+#include <QStyle>
+#include <QStyleFactory>
+#include <QTranslator>
+
+#include <zokit/message.h>
+
+static void initResource()
+{
+    Q_INIT_RESOURCE(zoeditor); // A static library's resources are not found by themselves.
+}
+
+namespace zoeditor::appearance {
+
+namespace {
+
+const QString themeKey = QStringLiteral("theme");
+const QString languageKey = QStringLiteral("language");
+const QString windowKey = QStringLiteral("window");
+
+QSettings settings()
+{
+    return QSettings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("zoeffect"),
+                     QStringLiteral("zoeditor"));
+}
+
+struct Shades {
+    QRgb window, base, alternate, button, text, dimmed, highlight, highlightedText, link;
+};
+
+constexpr Shades light{0xffefefef, 0xffffffff, 0xfff5f5f5, 0xffe6e6e6, 0xff1a1a1a,
+                       0xff767676, 0xff1f5fa8, 0xffffffff, 0xff0b57a4};
+constexpr Shades dark{0xff2a2b2d, 0xff1e1f21, 0xff252628, 0xff37383b, 0xffececec,
+                      0xff8f8f8f, 0xff3f7fc8, 0xffffffff, 0xff86b7f0};
+
+QPalette paletteOf(const Shades& shades)
+{
+    QPalette palette(QColor::fromRgb(shades.button), QColor::fromRgb(shades.window));
+    const QPair<QPalette::ColorRole, QRgb> roles[] = {{QPalette::Window, shades.window},
+                                                      {QPalette::WindowText, shades.text},
+                                                      {QPalette::Base, shades.base},
+                                                      {QPalette::AlternateBase, shades.alternate},
+                                                      {QPalette::ToolTipBase, shades.alternate},
+                                                      {QPalette::ToolTipText, shades.text},
+                                                      {QPalette::Text, shades.text},
+                                                      {QPalette::Button, shades.button},
+                                                      {QPalette::ButtonText, shades.text},
+                                                      {QPalette::Highlight, shades.highlight},
+                                                      {QPalette::Link, shades.link},
+                                                      {QPalette::HighlightedText, shades.highlightedText},
+                                                      {QPalette::PlaceholderText, shades.dimmed}};
+    for (const auto& [role, shade] : roles)
+        palette.setColor(role, QColor::fromRgb(shade));
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, QColor::fromRgb(shades.dimmed));
+    return palette;
+}
+
+void applyTheme(Theme theme)
+{
+    static const QPalette system = QApplication::palette();
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setPalette(theme == Theme::System ? system : paletteOf(theme == Theme::Light ? light : dark));
+}
+
+void applyLanguage(const QString& language)
+{
+    static QPointer<QTranslator> translator; // The application's child, and gone with it.
+    delete translator.data();
+    const QLocale locale(language);
+    QLocale::setDefault(locale);
+    zokit::useLanguage(locale);
+    translator = new QTranslator(qApp);
+    if (translator->load(QStringLiteral(":/zoeditor/zoeditor_%1.qm").arg(language)))
+        QCoreApplication::installTranslator(translator);
+}
+
+} // namespace
+
+Theme theme()
+{
+    const QString word = settings().value(themeKey).toString();
+    if (word == QLatin1String("light"))
+        return Theme::Light;
+    return word == QLatin1String("dark") ? Theme::Dark : Theme::System;
+}
+
+void setTheme(Theme theme)
+{
+    const char* const words[] = {"system", "light", "dark"};
+    settings().setValue(themeKey, QString::fromLatin1(words[static_cast<int>(theme)]));
+    applyTheme(theme);
+}
+
+QString language()
+{
+    const QString word = settings().value(languageKey, QLocale::system().name().left(2)).toString();
+    return word == QLatin1String("de") ? word : QStringLiteral("en");
+}
+
+void setLanguage(const QString& language)
+{
+    settings().setValue(languageKey, language);
+    applyLanguage(language);
+}
+
+void restore()
+{
+    initResource();
+    applyTheme(theme());
+    applyLanguage(language());
+}
+
+void saveSizes(const QMainWindow& window)
+{
+    QSettings kept = settings();
+    kept.setValue(windowKey, window.saveGeometry());
+    for (const QSplitter* splitter : window.findChildren<QSplitter*>())
+        kept.setValue(splitter->objectName(), splitter->saveState());
+}
+
+void restoreSizes(QMainWindow* window)
+{
+    const QSettings kept = settings();
+    window->restoreGeometry(kept.value(windowKey).toByteArray());
+    for (QSplitter* splitter : window->findChildren<QSplitter*>())
+        splitter->restoreState(kept.value(splitter->objectName()).toByteArray());
+}
+
+} // namespace zoeditor::appearance

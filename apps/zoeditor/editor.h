@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <memory>
+
+#include <QObject>
+#include <QStringList>
+
+namespace zoeditor {
+
+class Instance;
+class Session;
+class Window;
+
+/// The editor as a program: one session and its window, which is made anew in another language.
+class Editor : public QObject {
+    Q_OBJECT
+
+public:
+    /// Nothing is shown yet. The journal lies in \a journalFolder, or where the kit keeps them.
+    explicit Editor(const QString& journalFolder = {});
+    ~Editor() override;
+
+    /// Shows the window, offers what a session that died has left, and opens \a files.
+    void start(const QStringList& files);
+
+    Session& session() const { return *m_session; }
+    Window& window() const { return *m_window; }
+
+private:
+    void makeWindow();
+    void offerLeft();
+
+    std::unique_ptr<Session> m_session;
+    std::unique_ptr<Window> m_window;
+};
+
+/// The whole program: hands \a arguments over to an editor that runs, or is one until its window is closed. Its exit
+/// code. Takes a QApplication.
+int run(const QStringList& arguments);
+
+} // namespace zoeditor

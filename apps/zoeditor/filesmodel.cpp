@@ -1,0 +1,149 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include "filesmodel.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include <QFileInfo>
+
+namespace zoeditor {
+
+namespace {
+
+constexpr int thumbnailWidth = 96;
+constexpr int thumbnailHeight = 54;
+
+/// What stands where the picture is still to come, of the same size.
+QPixmap emptyThumbnail()
+{
+    QPixmap empty(thumbnailWidth, thumbnailHeight);
+    empty.fill(QColor(128, 128, 128, 60));
+    return empty;
+}
+
+QSize frameOf(const FileRow& row)
+{
+    const zokit::MediaStream* picture = row.media ? row.media->picture() : nullptr;
+    return picture ? picture->shown : QSize();
+}
+
+QString lengthText(double seconds)
+{
+    const int whole = static_cast<int>(std::min(std::round(seconds), 1e9));
+    const QString minutes = QString::number(whole / 60 % 60);
+    const QString rest = QString::number(whole % 60).rightJustified(2, QLatin1Char('0'));
+    if (whole < 3600)
+        return minutes + QLatin1Char(':') + rest;
+    return QStringLiteral("%1:%2:%3").arg(whole / 3600).arg(minutes.rightJustified(2, QLatin1Char('0')), rest);
+}
+
+} // namespace
+
+FilesModel::FilesModel(QObject* parent) : QAbstractListModel(parent) {}
+
+int FilesModel::rowOf(const QString& path) const
+{
+    const auto found =
+        std::find_if(m_rows.cbegin(), m_rows.cend(), [&](const FileRow& row) { return row.path == path; });
+    return found == m_rows.cend() ? -1 : static_cast<int>(found - m_rows.cbegin());
+}
+
+int FilesModel::rowOf(zokit::Identity file) const
+{
+    const auto found =
+        std::find_if(m_rows.cbegin(), m_rows.cend(), [&](const FileRow& row) { return file != 0 && row.file == file; });
+    return found == m_rows.cend() ? -1 : static_cast<int>(found - m_rows.cbegin());
+}
+
+void FilesModel::append(const FileRow& row)
+{
+    beginInsertRows({}, rowCount(), rowCount());
+    m_rows.append(row);
+    endInsertRows();
+}
+
+void FilesModel::replace(int index, const FileRow& row)
+{
+    m_rows[index] = row;
+    emit dataChanged(this->index(index), this->index(index));
+}
+
+void FilesModel::remove(int index)
+{
+    beginRemoveRows({}, index, index);
+    m_rows.remove(index);
+    endRemoveRows();
+}
+
+int FilesModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
+}
+
+QVariant FilesModel::data(const QModelIndex& index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+        return {};
+    const FileRow& row = m_rows.at(index.row());
+    const QSize frame = frameOf(row);
+    const double seconds = row.media ? row.media->seconds : 0;
+    QString state;
+    if (!row.problem.isEmpty())
+        state = row.problem.text();
+    else if (row.isAsked)
+        state = tr("is being read");
+    else
+        state = row.isEdited ? tr("edited") : tr("untouched");
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::AccessibleTextRole: {
+        QStringList about;
+        if (!frame.isEmpty())
+            about.append(tr("%1 x %2").arg(frame.width()).arg(frame.height()));
+        if (seconds > 0)
+            about.append(lengthText(seconds));
+        if (row.file != 0 || about.isEmpty())
+            about.append(state);
+        QString text = QFileInfo(row.path).fileName() + QLatin1Char('\n') + about.join(QStringLiteral(" \u00b7 "));
+        if (row.file != 0 && !row.settingsFile.isEmpty())
+            text += QLatin1Char('\n') + QFileInfo(row.settingsFile).fileName();
+        return text;
+    }
+    case Qt::ToolTipRole:
+        return QStringLiteral("%1\n%2").arg(row.path, state);
+    case Qt::DecorationRole:
+        return row.thumbnail.isNull() ? emptyThumbnail() : row.thumbnail;
+    case PathRole:
+        return row.path;
+    case FileRole:
+        return row.file;
+    case SizeRole:
+        return frame.isEmpty() ? 0 : frame.width() * frame.height();
+    case LengthRole:
+        return seconds;
+    case StateRole:
+        return state;
+    default:
+        return {};
+    }
+}
+
+Qt::ItemFlags FilesModel::flags(const QModelIndex& index) const
+{
+    if (!index.isValid())
+        return Qt::NoItemFlags;
+    return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
+}
+
+QVector<QPair<QString, int>> FilesModel::orders()
+{
+    return {{tr("as added"), -1},
+            {tr("by name"), Qt::DisplayRole},
+            {tr("by size"), SizeRole},
+            {tr("by length"), LengthRole},
+            {tr("by state"), StateRole}};
+}
+
+} // namespace zoeditor

@@ -1,0 +1,146 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include "filespane.h"
+
+#include <QComboBox>
+#include <QEvent>
+#include <QItemSelectionModel>
+#include <QLineEdit>
+#include <QListView>
+#include <QScrollBar>
+#include <QSortFilterProxyModel>
+#include <QVBoxLayout>
+
+#include "session.h"
+#include "thumbnails.h"
+
+namespace zoeditor {
+
+FilesPane::FilesPane(Session* session, QWidget* parent)
+    : QWidget(parent)
+    , m_session(session)
+    , m_order(new QSortFilterProxyModel(this))
+    , m_view(new QListView(this))
+    , m_thumbnails(new Thumbnails(session, this))
+{
+    setObjectName(QStringLiteral("files"));
+    m_order->setSourceModel(&session->files());
+    m_order->setFilterRole(Qt::DisplayRole); // Names, and states.
+    m_order->setFilterCaseSensitivity(Qt::CaseInsensitive);
+    m_order->setSortCaseSensitivity(Qt::CaseInsensitive);
+
+    auto* filter = new QLineEdit(this);
+    filter->setObjectName(QStringLiteral("filter"));
+    filter->setPlaceholderText(tr("Filter"));
+    filter->setAccessibleName(tr("Filter by name or state"));
+    filter->setClearButtonEnabled(true);
+    auto* order = new QComboBox(this);
+    order->setObjectName(QStringLiteral("order"));
+    order->setAccessibleName(tr("Order of the files"));
+    for (const auto& [name, role] : FilesModel::orders())
+        order->addItem(name, role);
+
+    m_view->setObjectName(QStringLiteral("fileList"));
+    m_view->setAccessibleName(tr("Files"));
+    m_view->setModel(m_order);
+    m_view->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    m_view->setUniformItemSizes(true);
+    m_view->setIconSize(QSize(96, 54));
+    m_view->setTextElideMode(Qt::ElideMiddle);
+    m_view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_view->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(filter);
+    layout->addWidget(order);
+    layout->addWidget(m_view, 1);
+
+    m_soon.setSingleShot(true); // Pictures are asked for once things have come to rest.
+    m_soon.setInterval(0);
+    const auto start = QOverload<>::of(&QTimer::start);
+    connect(&m_soon, &QTimer::timeout, this, &FilesPane::askForSeen);
+    connect(m_view->verticalScrollBar(), &QScrollBar::valueChanged, &m_soon, start);
+    connect(m_order, &QAbstractItemModel::rowsInserted, &m_soon, start);
+    connect(m_order, &QAbstractItemModel::rowsRemoved, &m_soon, start);
+    connect(m_order, &QAbstractItemModel::layoutChanged, &m_soon, start);
+    connect(session, &Session::fileStateChanged, &m_soon, start);
+    m_view->viewport()->installEventFilter(this);
+
+    connect(filter, &QLineEdit::textChanged, m_order, &QSortFilterProxyModel::setFilterFixedString);
+    connect(order, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this, order] {
+        const int role = order->currentData().toInt();
+        m_order->setSortRole(role);
+        m_order->sort(role < 0 ? -1 : 0);
+    });
+    connect(m_view->selectionModel(), &QItemSelectionModel::selectionChanged, this, &FilesPane::takeSelection);
+    connect(m_view->selectionModel(), &QItemSelectionModel::currentChanged, this, &FilesPane::takeSelection);
+    connect(session, &Session::selectionChanged, this, &FilesPane::showSelection);
+    connect(session, &Session::currentChanged, this, &FilesPane::showSelection);
+    showSelection();
+    m_soon.start();
+}
+
+bool FilesPane::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Resize || event->type() == QEvent::Show)
+        m_soon.start();
+    return QWidget::eventFilter(watched, event);
+}
+
+QVector<int> FilesPane::chosenRows() const
+{
+    QVector<int> rows;
+    for (const QModelIndex& index : m_view->selectionModel()->selectedRows())
+        rows.append(m_order->mapToSource(index).row());
+    return rows;
+}
+
+void FilesPane::takeSelection()
+{
+    if (m_isShowing)
+        return;
+    QVector<zokit::FileSettings*> files;
+    for (const int row : chosenRows()) {
+        if (zokit::FileSettings* file = m_session->project().file(m_session->files().rows().at(row).file))
+            files.append(file);
+    }
+    const QModelIndex current = m_view->selectionModel()->currentIndex();
+    zokit::FileSettings* file = m_session->project().file(current.data(FilesModel::FileRole).toULongLong());
+    if (file && files.contains(file))
+        m_session->setCurrent(file);
+    if (!files.isEmpty())
+        m_session->select(files);
+}
+
+void FilesPane::showSelection()
+{
+    m_isShowing = true;
+    QItemSelection selection;
+    for (const zokit::FileSettings* file : m_session->selected()) {
+        const QModelIndex index = m_session->files().index(m_session->files().rowOf(file->file()));
+        selection.select(m_order->mapFromSource(index), m_order->mapFromSource(index));
+    }
+    m_view->selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+    if (m_session->current()) {
+        const QModelIndex index =
+            m_order->mapFromSource(m_session->files().index(m_session->files().rowOf(m_session->current()->file())));
+        m_view->selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+    }
+    m_isShowing = false;
+}
+
+void FilesPane::askForSeen()
+{
+    const QRect seen = m_view->viewport()->rect();
+    QVector<zokit::Identity> files;
+    for (int row = 0; row < m_order->rowCount(); ++row) {
+        const QModelIndex index = m_order->index(row, 0);
+        if (m_view->visualRect(index).intersects(seen))
+            files.append(index.data(FilesModel::FileRole).toULongLong());
+    }
+    m_thumbnails->ask(files);
+}
+
+} // namespace zoeditor

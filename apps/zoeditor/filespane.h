@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QTimer>
+#include <QVector>
+#include <QWidget>
+
+class QListView;
+class QSortFilterProxyModel;
+
+namespace zoeditor {
+
+class Session;
+class Thumbnails;
+
+/// The list of files: filter, order, several chosen at once. Files are dropped on the whole window.
+class FilesPane : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit FilesPane(Session* session, QWidget* parent = nullptr);
+
+    /// Rows of Session::files() that are chosen, also those that cannot be read.
+    QVector<int> chosenRows() const;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void showSelection();
+    void takeSelection();
+    void askForSeen();
+
+    Session* m_session;
+    QSortFilterProxyModel* m_order;
+    QListView* m_view;
+    Thumbnails* m_thumbnails;
+    QTimer m_soon;
+    bool m_isShowing = false; ///< The selection of the view follows the session just now.
+};
+
+} // namespace zoeditor

@@ -1,0 +1,252 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include "session.h"
+
+#include <algorithm>
+
+#include <QFileInfo>
+#include <QSet>
+
+#include <zokit/settingsfile.h>
+
+namespace zoeditor {
+
+using zokit::FileSettings;
+using zokit::Identity;
+using zokit::Message;
+
+Session::Session(const QString& journalFolder, QObject* parent)
+    : QObject(parent), m_tools(zokit::findTools()), m_journalFolder(journalFolder)
+{
+    m_queue = std::make_unique<zokit::Queue>(m_tools);
+    connect(&m_project, &zokit::Project::fileAdded, this, &Session::noteAdded);
+    connect(&m_project, &zokit::Project::fileAboutToBeRemoved, this, &Session::noteRemoved);
+    connect(&m_project, &zokit::Project::changed, this, &Session::noteChanges);
+}
+
+Session::~Session()
+{
+    m_project.disconnect(this);
+}
+
+void Session::setCurrent(FileSettings* file)
+{
+    if (file == m_current)
+        return;
+    std::optional<zokit::Address> at;
+    if (m_current)
+        at = m_current->address(m_thing, QStringLiteral("selected"));
+    m_current = file;
+    m_thing = 0;
+    if (file) {
+        m_thing = at ? file->thing(*at) : 0;
+        if (m_thing == 0)
+            m_thing = file->type(at ? at->type : QStringLiteral("Crop"));
+        if (!m_selected.contains(file->file()))
+            m_selected = {file->file()};
+    } else {
+        m_selected.clear();
+    }
+    rememberSelection();
+    emit currentChanged(file);
+    emit selectionChanged();
+    emit thingChanged(m_thing);
+}
+
+QVector<FileSettings*> Session::selected() const
+{
+    QVector<FileSettings*> files;
+    for (FileSettings* file : m_project.files()) {
+        if (m_selected.contains(file->file()))
+            files.append(file);
+    }
+    return files;
+}
+
+void Session::select(const QVector<FileSettings*>& files)
+{
+    QVector<Identity> wanted;
+    for (const FileSettings* file : files)
+        wanted.append(file->file());
+    if (m_current && !wanted.contains(m_current->file()))
+        wanted.append(m_current->file());
+    if (wanted == m_selected)
+        return;
+    m_selected = wanted;
+    emit selectionChanged();
+}
+
+void Session::setThing(Identity thing)
+{
+    if (thing == m_thing || !m_current || !m_current->owns(thing))
+        return;
+    m_thing = thing;
+    rememberSelection();
+    emit thingChanged(thing);
+}
+
+void Session::rememberSelection()
+{
+    if (m_current)
+        history().setSelection({m_current->file(), m_thing});
+}
+
+/// What was chosen at this place of the history is chosen again, as far as it is there.
+void Session::adoptSelection()
+{
+    const QVector<Identity> things = history().selection();
+    FileSettings* file = m_project.file(things.value(0));
+    if (!file)
+        return;
+    setCurrent(file);
+    setThing(things.value(1));
+}
+
+bool Session::take(const Message& refusal)
+{
+    if (!refusal.isEmpty())
+        emit message(refusal.text());
+    return refusal.isEmpty();
+}
+
+void Session::beginGesture(QObject* owner, const Message& text)
+{
+    if (m_gestureOwner)
+        history().endGesture();
+    m_gestureOwner = owner;
+    history().beginGesture(text);
+}
+
+void Session::endGesture(QObject* owner)
+{
+    if (m_gestureOwner != owner)
+        return;
+    m_gestureOwner.clear();
+    history().endGesture();
+}
+
+void Session::undo()
+{
+    endGesture(m_gestureOwner); // It may be the step that is meant.
+    goTo(history().position() - 1);
+}
+
+void Session::redo()
+{
+    goTo(history().position() + 1);
+}
+
+void Session::goTo(int count)
+{
+    endGesture(m_gestureOwner);
+    history().goTo(count);
+    adoptSelection();
+}
+
+Message Session::save(FileSettings* file)
+{
+    return saveAs(file, settingsFileOf(file));
+}
+
+Message Session::saveAs(FileSettings* file, const QString& path)
+{
+    const zokit::Settings settings = file->settings();
+    const Message refused = zokit::saveSettings(settings, path);
+    const int index = m_files.rowOf(file->file());
+    if (!refused.isEmpty() || index < 0)
+        return refused;
+    FileRow row = m_files.rows().at(index);
+    row.settingsFile = path;
+    row.onDisk = settings;
+    row.isEdited = false;
+    m_files.replace(index, row);
+    if (unsaved().isEmpty())
+        history().setClean();
+    emit fileStateChanged(file->file());
+    return {};
+}
+
+QString Session::settingsFileOf(const FileSettings* file) const
+{
+    const int index = m_files.rowOf(file->file());
+    if (index < 0)
+        return {};
+    const FileRow& row = m_files.rows().at(index);
+    const QFileInfo clip(row.path);
+    return row.settingsFile.isEmpty() ? clip.dir().filePath(clip.completeBaseName() + QStringLiteral(".zoeffect.json"))
+                                      : row.settingsFile;
+}
+
+bool Session::wouldReplace(const FileSettings* file) const
+{
+    const int index = m_files.rowOf(file->file());
+    return index >= 0 && m_files.rows().at(index).settingsFile.isEmpty() && QFileInfo::exists(settingsFileOf(file));
+}
+
+QVector<FileSettings*> Session::unsaved() const
+{
+    QVector<FileSettings*> files;
+    for (const FileRow& row : m_files.rows()) {
+        if (row.isEdited)
+            files.append(m_project.file(row.file));
+    }
+    return files;
+}
+
+QVector<zokit::Journal::Left> Session::left() const
+{
+    return zokit::Journal::left(m_journalFolder);
+}
+
+Message Session::recover(const QString& journal)
+{
+    const Message trouble = zokit::Journal::recover(journal, m_project);
+    if (m_project.files().isEmpty())
+        return trouble;
+    zokit::Journal::discard(journal);
+    adoptSelection();
+    return trouble;
+}
+
+void Session::keepJournal()
+{
+    m_journal = std::make_unique<zokit::Journal>(m_project, m_journalFolder);
+    connect(m_journal.get(), &zokit::Journal::trouble, this, &Session::take);
+    connect(m_journal.get(), &zokit::Journal::valueNotKept, this, &Session::take);
+}
+
+void Session::close()
+{
+    if (m_journal)
+        m_journal->close();
+}
+
+void Session::noteChanges(const zokit::Changes& changes)
+{
+    QSet<FileSettings*> files;
+    for (const zokit::Change& change : changes)
+        files.insert(m_project.fileOf(change.thing));
+    for (const FileSettings* file : files) {
+        const int row = file ? m_files.rowOf(file->file()) : -1;
+        if (row >= 0)
+            noteEdited(row, *file);
+    }
+    if (!m_current || m_current->owns(m_thing))
+        return;
+    m_thing = m_current->type(QStringLiteral("Crop")); // What was chosen has gone.
+    emit thingChanged(m_thing);
+}
+
+void Session::noteEdited(int index, const FileSettings& file)
+{
+    FileRow row = m_files.rows().at(index);
+    const bool isEdited = !row.onDisk || !(*row.onDisk == file.settings());
+    if (isEdited == row.isEdited)
+        return;
+    row.isEdited = isEdited;
+    m_files.replace(index, row);
+    emit fileStateChanged(file.file());
+}
+
+} // namespace zoeditor

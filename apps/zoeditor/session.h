@@ -1,0 +1,150 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <memory>
+
+#include <QObject>
+#include <QPointer>
+#include <QStringList>
+#include <QVector>
+
+#include <zokit/history.h>
+#include <zokit/journal.h>
+#include <zokit/probe.h>
+#include <zokit/project.h>
+#include <zokit/queue.h>
+#include <zokit/tools.h>
+
+#include "filesmodel.h"
+
+namespace zoeditor {
+
+/// What is open, and what is chosen in it: all that the panes of a window show and edit. Knows no widgets.
+class Session : public QObject {
+    Q_OBJECT
+
+public:
+    /// Without files. The journal begins with keepJournal(), in \a journalFolder or else where the kit keeps them.
+    explicit Session(const QString& journalFolder = {}, QObject* parent = nullptr);
+    ~Session() override;
+
+    zokit::Project& project() { return m_project; }
+    zokit::History& history() { return m_project.history(); }
+    zokit::Queue& queue() { return *m_queue; }
+    const zokit::Tools& tools() const { return m_tools; }
+    /// Looks for the programs again; files that were not read for want of them are read.
+    void findTools();
+
+    /// \name Files
+    /// @{
+
+    /// The list: it is there at once, what is in a file follows.
+    FilesModel& files() { return m_files; }
+    /// Adds clips, the clips of folders and of those in them, and settings files with their clips. What is open already
+    /// is not added again, but becomes the current one.
+    void open(const QStringList& paths);
+    /// Removes files from the list, as one step; nothing on the disk changes.
+    void remove(const QVector<int>& rows);
+    /// What the file consists of; null until it was read. Valid until the list changes.
+    const zokit::MediaInfo* mediaOf(const zokit::FileSettings* file) const;
+    /// Why a file cannot be converted; empty when it can.
+    zokit::Message problemOf(zokit::Identity file) const;
+    /// Shows a small picture of a file in the list.
+    void setThumbnail(zokit::Identity file, const QPixmap& picture);
+    /// @}
+
+    /// \name What is chosen
+    /// @{
+
+    zokit::FileSettings* current() const { return m_current; } ///< The file that is edited; null for none.
+    void setCurrent(zokit::FileSettings* file);
+    /// The files that are meant by what is done to many; the current one among them.
+    QVector<zokit::FileSettings*> selected() const;
+    void select(const QVector<zokit::FileSettings*>& files);
+    /// The effect type or item of the current file whose values are shown; 0 for none.
+    zokit::Identity thing() const { return m_thing; }
+    /// Chooses one; of another file, or gone: nothing happens.
+    void setThing(zokit::Identity thing);
+    /// @}
+
+    /// \name Editing
+    /// @{
+
+    /// Tells why an edit was refused. Whether it was not.
+    bool take(const zokit::Message& refusal);
+    /// Until endGesture() of the same \a owner, or the next gesture, undo or redo, all edits are one step.
+    void beginGesture(QObject* owner, const zokit::Message& text);
+    void endGesture(QObject* owner);
+    bool isInGesture() const { return !m_gestureOwner.isNull(); }
+    void undo();
+    void redo();
+    void goTo(int count); ///< As History::goTo().
+    /// @}
+
+    /// \name Saving
+    /// @{
+
+    /// Saves to settingsFileOf() it.
+    zokit::Message save(zokit::FileSettings* file);
+    /// Saves to \a path, which is the settings file from now on.
+    zokit::Message saveAs(zokit::FileSettings* file, const QString& path);
+    /// Its settings file, or NAME.zoeffect.json beside the clip when it has none yet.
+    QString settingsFileOf(const zokit::FileSettings* file) const;
+    /// Whether save() would replace a file that is not known to be its own.
+    bool wouldReplace(const zokit::FileSettings* file) const;
+    /// Files whose settings are others than they were opened or saved.
+    QVector<zokit::FileSettings*> unsaved() const;
+    /// @}
+
+    /// \name The journal
+    /// @{
+
+    /// What sessions that died have left, the newest first.
+    QVector<zokit::Journal::Left> left() const;
+    /// Brings back what a session left, and removes its journal. Before files are opened and the journal is begun.
+    zokit::Message recover(const QString& journal);
+    /// Notes all that is done from now on.
+    void keepJournal();
+    /// The session ends well: nothing is left to recover.
+    void close();
+    /// @}
+
+signals:
+    void currentChanged(zokit::FileSettings* file); ///< Null for none.
+    void selectionChanged();                        ///< selected() answers anew.
+    void thingChanged(quint64 thing);               ///< thing() answers anew.
+    void fileStateChanged(quint64 file);            ///< Its row says something else.
+    void message(const QString& sentence);          ///< For the status line.
+
+private:
+    void openOne(const QString& path);
+    void openSettings(const QString& path);
+    void probeNext();
+    void takeMedia(const zokit::ReadMedia& read);
+    void addToProject(int row);
+    void noteAdded(zokit::FileSettings* file);
+    void noteRemoved(zokit::FileSettings* file);
+    void noteChanges(const zokit::Changes& changes);
+    void noteEdited(int row, const zokit::FileSettings& file);
+    void adoptSelection();
+    void rememberSelection();
+
+    zokit::Tools m_tools;
+    QString m_journalFolder;
+    zokit::Project m_project;
+    FilesModel m_files;
+    std::unique_ptr<zokit::Prober> m_prober;
+    QString m_probed; ///< The clip that is being looked into; empty for none.
+    std::unique_ptr<zokit::Queue> m_queue;
+    std::unique_ptr<zokit::Journal> m_journal;
+    QVector<FileRow> m_removed; ///< Rows of files that the history may bring back.
+    QPointer<zokit::FileSettings> m_current;
+    QVector<zokit::Identity> m_selected;
+    zokit::Identity m_thing = 0;
+    QPointer<QObject> m_gestureOwner;
+    int m_openingRow = -1; ///< The row whose file is being added.
+};
+
+} // namespace zoeditor

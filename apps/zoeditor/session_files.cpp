@@ -1,0 +1,218 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+// How files come into a session, and go: one after the other is looked into, off the event loop.
+
+#include "session.h"
+
+#include <algorithm>
+#include <functional>
+#include <utility>
+
+#include <QFileInfo>
+
+#include <zokit/opening.h>
+#include <zokit/settingsfile.h>
+
+namespace zoeditor {
+
+using zokit::FileSettings;
+using zokit::Message;
+
+void Session::findTools()
+{
+    m_tools = zokit::findTools();
+    m_prober.reset();
+    m_probed.clear();
+    if (m_queue->rows().isEmpty())
+        m_queue = std::make_unique<zokit::Queue>(m_tools);
+    for (int i = 0; i < m_files.rows().size(); ++i) {
+        FileRow row = m_files.rows().at(i);
+        if (row.problem.code() != Message::Code::ToolMissing)
+            continue;
+        row.problem = Message();
+        row.isAsked = true;
+        m_files.replace(i, row);
+    }
+    probeNext();
+}
+
+void Session::open(const QStringList& paths)
+{
+    for (const QString& word : paths) {
+        const QFileInfo info(word);
+        if (info.isDir()) {
+            for (const QString& path : zokit::mediaFilesIn(info.absoluteFilePath(), true))
+                openOne(path);
+        } else if (word.endsWith(QLatin1String(".json"))) {
+            openSettings(info.absoluteFilePath());
+        } else {
+            openOne(info.absoluteFilePath());
+        }
+    }
+    probeNext();
+}
+
+void Session::openOne(const QString& path)
+{
+    const int there = m_files.rowOf(path);
+    if (there < 0) {
+        FileRow row;
+        row.path = path;
+        row.isAsked = true;
+        m_files.append(row);
+    } else if (FileSettings* file = m_project.file(m_files.rows().at(there).file)) {
+        setCurrent(file);
+    }
+}
+
+void Session::openSettings(const QString& path)
+{
+    const zokit::ReadSettings read = zokit::loadSettings(path);
+    FileRow row;
+    row.path = read.settings ? read.settings->media.file : path;
+    row.settingsFile = path;
+    row.problem = read.error;
+    row.loaded = read.settings;
+    row.isAsked = read.settings.has_value();
+    if (m_files.rowOf(row.path) >= 0)
+        emit message(tr("%1 is open already. Remove it first to open these settings.").arg(row.path));
+    else
+        m_files.append(row);
+}
+
+void Session::probeNext()
+{
+    if (!m_probed.isEmpty())
+        return;
+    const auto next =
+        std::find_if(m_files.rows().cbegin(), m_files.rows().cend(), [](const FileRow& row) { return row.isAsked; });
+    if (next == m_files.rows().cend())
+        return;
+    m_probed = next->path;
+    if (!m_prober) {
+        m_prober = std::make_unique<zokit::Prober>(m_tools);
+        connect(m_prober.get(), &zokit::Prober::finished, this, &Session::takeMedia);
+    }
+    m_prober->probe(m_probed);
+}
+
+void Session::takeMedia(const zokit::ReadMedia& read)
+{
+    const int index = m_files.rowOf(m_probed);
+    m_probed.clear();
+    if (index >= 0 && m_files.rows().at(index).isAsked) { // It may have been removed in the meantime.
+        FileRow row = m_files.rows().at(index);
+        row.isAsked = false;
+        row.media = read.media;
+        row.problem = read.error;
+        m_files.replace(index, row);
+        addToProject(index);
+        emit fileStateChanged(m_files.rows().at(index).file);
+    }
+    probeNext();
+}
+
+/// What has been read of the row becomes settings. A settings file opens also without its clip.
+void Session::addToProject(int index)
+{
+    const FileRow& row = m_files.rows().at(index);
+    if (row.file != 0 || (!row.media && !row.loaded))
+        return;
+    zokit::Settings settings;
+    if (row.loaded)
+        settings = row.media ? zokit::settingsFor(*row.loaded, *row.media) : *row.loaded;
+    else
+        settings = zokit::settingsOf(*row.media);
+    if (row.loaded && settings.media.frame != row.loaded->media.frame)
+        take(
+            Message(Message::Code::Rescaled,
+                    {QStringLiteral("%1x%2").arg(row.loaded->media.frame.width()).arg(row.loaded->media.frame.height()),
+                     QStringLiteral("%1x%2").arg(settings.media.frame.width()).arg(settings.media.frame.height())}));
+    endGesture(m_gestureOwner);
+    m_openingRow = index;
+    m_project.add(settings, this);
+    m_openingRow = -1;
+}
+
+void Session::noteAdded(FileSettings* file)
+{
+    const auto removed =
+        std::find_if(m_removed.begin(), m_removed.end(), [&](const FileRow& row) { return row.file == file->file(); });
+    if (m_openingRow >= 0) {
+        FileRow row = m_files.rows().at(m_openingRow);
+        row.file = file->file();
+        row.onDisk = file->settings();
+        row.loaded.reset();
+        m_files.replace(m_openingRow, row);
+    } else if (removed != m_removed.end()) {
+        m_files.append(*removed);
+        m_removed.erase(removed);
+    } else { // Recovered.
+        FileRow row;
+        row.path = file->media().file;
+        row.file = file->file();
+        row.isAsked = true;
+        row.isEdited = true;
+        m_files.append(row);
+        probeNext();
+    }
+    if (!m_current)
+        setCurrent(file);
+}
+
+void Session::noteRemoved(FileSettings* file)
+{
+    const int index = m_files.rowOf(file->file());
+    if (index >= 0) {
+        m_removed.append(m_files.rows().at(index));
+        m_files.remove(index);
+    }
+    m_selected.removeAll(file->file());
+    if (file != m_current)
+        return;
+    FileSettings* near = nullptr; // The one behind it, else the last one before it.
+    for (int i = 0; i < m_files.rows().size() && !(near && i > index); ++i) {
+        if (FileSettings* other = m_project.file(m_files.rows().at(i).file))
+            near = other;
+    }
+    setCurrent(near);
+}
+
+void Session::remove(const QVector<int>& rows)
+{
+    QVector<int> descending = rows;
+    std::sort(descending.begin(), descending.end(), std::greater<int>());
+    beginGesture(this, Message(Message::Code::StepRemoveFile));
+    for (const int index : std::as_const(descending)) {
+        if (FileSettings* file = m_project.file(m_files.rows().at(index).file))
+            m_project.remove(file, this);
+        else
+            m_files.remove(index);
+    }
+    endGesture(this);
+}
+
+const zokit::MediaInfo* Session::mediaOf(const FileSettings* file) const
+{
+    const int index = file ? m_files.rowOf(file->file()) : -1;
+    return index >= 0 && m_files.rows().at(index).media ? &*m_files.rows().at(index).media : nullptr;
+}
+
+Message Session::problemOf(zokit::Identity file) const
+{
+    const int index = m_files.rowOf(file);
+    return index < 0 ? Message() : m_files.rows().at(index).problem;
+}
+
+void Session::setThumbnail(zokit::Identity file, const QPixmap& picture)
+{
+    const int index = m_files.rowOf(file);
+    if (index < 0)
+        return;
+    FileRow row = m_files.rows().at(index);
+    row.thumbnail = picture;
+    m_files.replace(index, row);
+}
+
+} // namespace zoeditor

@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include "shortcutsdialog.h"
+
+#include <QAction>
+#include <QDialogButtonBox>
+#include <QHeaderView>
+#include <QPushButton>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+#include "actions.h"
+
+namespace zoeditor {
+
+ShortcutsDialog::ShortcutsDialog(const Actions& actions, QWidget* parent) : QDialog(parent)
+{
+    setObjectName(QStringLiteral("shortcutsDialog"));
+    setWindowTitle(tr("Shortcuts"));
+    auto* list = new QTreeWidget(this);
+    list->setObjectName(QStringLiteral("shortcutList"));
+    list->setAccessibleName(windowTitle());
+    list->setRootIsDecorated(false);
+    list->setHeaderLabels({tr("What"), tr("Keys")});
+    const auto add = [list](const QString& what, const QString& keys) { new QTreeWidgetItem(list, {what, keys}); };
+    for (const QAction* action : actions.all()) {
+        if (!action->shortcut().isEmpty())
+            add(QString(action->text()).remove(QLatin1Char('&')),
+                action->shortcut().toString(QKeySequence::NativeText));
+    }
+    add(tr("From pane to pane, from field to field"), tr("Tab, Shift+Tab"));
+    add(tr("Several files at once"), tr("Ctrl+click, Shift+click"));
+    list->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
+    auto* buttons = new QDialogButtonBox(this);
+    QPushButton* close = buttons->addButton(tr("Close"), QDialogButtonBox::RejectRole);
+    close->setObjectName(QStringLiteral("close"));
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(list);
+    layout->addWidget(buttons);
+    resize(520, 460);
+}
+
+} // namespace zoeditor

@@ -1,0 +1,239 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include "window.h"
+
+#include <algorithm>
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QDropEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QPushButton>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QTabWidget>
+#include <QUrl>
+#include <QVBoxLayout>
+
+#include <zokit/history.h>
+
+#include "actions.h"
+#include "appearance.h"
+#include "filespane.h"
+#include "historypane.h"
+#include "missingtools.h"
+#include "session.h"
+#include "shortcutsdialog.h"
+
+namespace zoeditor {
+
+namespace {
+
+constexpr int messageTime = 15000; // Milliseconds: long enough to be read.
+
+/// Names of local files that are dragged along.
+QStringList filesOf(const QMimeData* data)
+{
+    QStringList files;
+    for (const QUrl& url : data->urls()) {
+        if (url.isLocalFile())
+            files.append(url.toLocalFile());
+    }
+    return files;
+}
+
+} // namespace
+
+Window::Window(Session* session, QWidget* parent)
+    : QMainWindow(parent), m_session(session), m_actions(new Actions(this))
+{
+    setObjectName(QStringLiteral("window"));
+    setAcceptDrops(true);
+    makePanes();
+    connectFiles();
+    connectHistory();
+    connectAppearance();
+    connect(session, &Session::message, this,
+            [this](const QString& sentence) { statusBar()->showMessage(sentence, messageTime); });
+    resize(1280, 800);
+    appearance::restoreSizes(this);
+}
+
+Window::~Window()
+{
+    appearance::saveSizes(*this);
+}
+
+void Window::makePanes()
+{
+    m_files = new FilesPane(m_session, this);
+    auto* sides = new QTabWidget(this);
+    sides->setObjectName(QStringLiteral("sides"));
+    sides->setAccessibleName(tr("Effects and history"));
+    sides->addTab(new HistoryPane(m_session, sides), tr("History"));
+
+    auto* columns = new QSplitter(Qt::Horizontal, this);
+    columns->setObjectName(QStringLiteral("columns"));
+    columns->setChildrenCollapsible(false);
+    columns->addWidget(m_files);
+    columns->addWidget(sides);
+    auto* page = new QWidget(this);
+    auto* layout = new QVBoxLayout(page);
+    layout->addWidget(new MissingTools(m_session, page));
+    layout->addWidget(columns, 1);
+    setCentralWidget(page);
+    statusBar()->setObjectName(QStringLiteral("status"));
+}
+
+void Window::connectFiles()
+{
+    const auto on = [this](const char* name, auto slot) {
+        connect(m_actions->action(name), &QAction::triggered, this, slot);
+    };
+    on("addFiles", [this] { m_session->open(QFileDialog::getOpenFileNames(this, tr("Add files"))); });
+    on("addFolder", [this] {
+        const QString folder = QFileDialog::getExistingDirectory(this, tr("Add a folder"));
+        if (!folder.isEmpty())
+            m_session->open({folder});
+    });
+    on("removeFiles", [this] { m_session->remove(m_files->chosenRows()); });
+    on("save", [this] { save(m_session->selected()); });
+    on("saveAs", [this] {
+        if (m_session->current())
+            saveAs(m_session->current());
+    });
+    on("saveAll", [this] { save(m_session->unsaved()); });
+    on("quit", [this] { close(); });
+
+    const auto update = [this] {
+        const bool isOpen = m_session->current() != nullptr;
+        for (const char* name : {"save", "saveAs"})
+            m_actions->action(name)->setEnabled(isOpen);
+        updateTitle();
+    };
+    connect(m_session, &Session::currentChanged, this, update);
+    connect(m_session, &Session::fileStateChanged, this, update);
+    update();
+}
+
+void Window::connectHistory()
+{
+    QAction* undo = m_actions->action("undo");
+    QAction* redo = m_actions->action("redo");
+    connect(undo, &QAction::triggered, m_session, &Session::undo);
+    connect(redo, &QAction::triggered, m_session, &Session::redo);
+    const auto update = [this, undo, redo] {
+        const zokit::History& history = m_session->history();
+        undo->setEnabled(history.position() > 0 || m_session->isInGesture());
+        redo->setEnabled(history.canRedo());
+        const QString undone = history.undoText().text();
+        const QString redone = history.redoText().text();
+        undo->setText(undone.isEmpty() ? tr("&Undo") : tr("&Undo: %1").arg(undone));
+        redo->setText(redone.isEmpty() ? tr("&Redo") : tr("&Redo: %1").arg(redone));
+        undo->setIconText(tr("Undo"));
+        redo->setIconText(tr("Redo"));
+    };
+    connect(&m_session->history(), &zokit::History::changed, this, update);
+    connect(&m_session->history(), &zokit::History::gestureChanged, this, update);
+    update();
+}
+
+void Window::connectAppearance()
+{
+    const auto choose = [this](const char* name, bool isChosen, auto slot) {
+        QAction* action = m_actions->action(name);
+        action->setChecked(isChosen);
+        connect(action, &QAction::triggered, this, slot);
+    };
+    using appearance::Theme;
+    const auto colours = [&](const char* name, Theme theme) {
+        choose(name, appearance::theme() == theme, [theme] { appearance::setTheme(theme); });
+    };
+    colours("themeSystem", Theme::System);
+    colours("themeLight", Theme::Light);
+    colours("themeDark", Theme::Dark);
+    const auto language = [&](const char* name, const QString& word) {
+        choose(name, appearance::language() == word, [this, word] {
+            appearance::setLanguage(word);
+            emit languageChosen();
+        });
+    };
+    language("english", QStringLiteral("en"));
+    language("german", QStringLiteral("de"));
+    connect(m_actions->action("shortcuts"), &QAction::triggered, this, [this] {
+        auto* dialog = new ShortcutsDialog(*m_actions, this);
+        dialog->setAttribute(Qt::WA_DeleteOnClose);
+        dialog->open();
+    });
+}
+
+void Window::updateTitle()
+{
+    const zokit::FileSettings* file = m_session->current();
+    setWindowTitle(file ? tr("%1[*] - zoeditor").arg(QFileInfo(file->media().file).fileName())
+                        : QStringLiteral("zoeditor"));
+    setWindowModified(!m_session->unsaved().isEmpty());
+}
+
+bool Window::save(const QVector<zokit::FileSettings*>& files)
+{
+    return std::all_of(files.cbegin(), files.cend(), [this](zokit::FileSettings* file) {
+        return m_session->wouldReplace(file) ? saveAs(file) : m_session->take(m_session->save(file));
+    });
+}
+
+bool Window::saveAs(zokit::FileSettings* file)
+{
+    const QString path = QFileDialog::getSaveFileName(this, tr("Save settings"), m_session->settingsFileOf(file),
+                                                      tr("Settings (*.zoeffect.json)"));
+    return !path.isEmpty() && m_session->take(m_session->saveAs(file, path));
+}
+
+void Window::closeEvent(QCloseEvent* event)
+{
+    const QVector<zokit::FileSettings*> unsaved = m_session->unsaved();
+    if (!unsaved.isEmpty()) {
+        QMessageBox question(QMessageBox::Question, tr("Close"),
+                             tr("The settings of %n file(s) are not saved.", nullptr, static_cast<int>(unsaved.size())),
+                             QMessageBox::NoButton, this);
+        question.setObjectName(QStringLiteral("closeQuestion"));
+        QPushButton* saving = question.addButton(tr("Save all"), QMessageBox::AcceptRole);
+        saving->setObjectName(QStringLiteral("saveAll"));
+        QPushButton* leaving = question.addButton(tr("Close without saving"), QMessageBox::DestructiveRole);
+        leaving->setObjectName(QStringLiteral("discard"));
+        QPushButton* staying = question.addButton(tr("Stay"), QMessageBox::RejectRole);
+        staying->setObjectName(QStringLiteral("stay"));
+        question.setDefaultButton(saving);
+        question.exec();
+        const bool isDone =
+            question.clickedButton() == leaving || (question.clickedButton() == saving && save(unsaved));
+        if (!isDone) {
+            event->ignore();
+            return;
+        }
+    }
+    m_session->close();
+    event->accept();
+    emit closed();
+}
+
+void Window::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (filesOf(event->mimeData()).isEmpty())
+        return;
+    event->setDropAction(Qt::CopyAction); // Whoever drags must not take the originals for moved.
+    event->accept();
+}
+
+void Window::dropEvent(QDropEvent* event)
+{
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    m_session->open(filesOf(event->mimeData()));
+}
+
+} // namespace zoeditor

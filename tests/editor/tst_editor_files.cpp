@@ -1,0 +1,329 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include <QtTest>
+#include <QtWidgets>
+
+#include <zokit/history.h>
+#include <zokit/settingsfile.h>
+
+#include <filesmodel.h>
+#include <instance.h>
+
+#include "editorsupport.h"
+
+using namespace editorsupport;
+using kitsupport::key;
+using zoeditor::FilesModel;
+
+class TestEditorFiles : public QObject {
+    Q_OBJECT
+
+private slots:
+    void whatIsDroppedIsOpenedAsACopy();
+    void listIsThereBeforeTheFilesAreRead();
+    void unreadableFileCostsOnlyItsRow();
+    void folderGivesItsClips();
+    void fileIsOpenedOnce();
+    void tracksOfTheClipAreItems();
+    void removedFilesComeBackByUndo();
+    void seenFilesGetAPicture();
+    void listIsFilteredAndSorted();
+    void severalAreChosenAtOnce();
+    void settingsAreSavedAndOpenedAgain();
+    void settingsOpenWithoutTheirClip();
+    void settingsFollowTheSizeOfTheClip();
+    void closingAsksForWhatIsUnsaved_data();
+    void closingAsksForWhatIsUnsaved();
+    void sessionThatDiedIsRecovered();
+    void secondStartHandsItsFilesOver();
+};
+
+namespace {
+
+QStringList names(const QAbstractItemModel& model)
+{
+    QStringList result;
+    for (int row = 0; row < model.rowCount(); ++row)
+        result.append(QFileInfo(model.index(row, 0).data(FilesModel::PathRole).toString()).fileName());
+    return result;
+}
+
+QString state(const Stage& stage, int row)
+{
+    return stage.session().files().index(row).data(FilesModel::StateRole).toString();
+}
+
+void edit(zokit::FileSettings* file)
+{
+    file->setValue(file->type(key("Color")), key("bcs_contrast"), 10);
+}
+
+QString written(const QTemporaryDir& folder, const char* name, const QByteArray& content)
+{
+    QFile file(folder.filePath(key(name)));
+    file.open(QIODevice::WriteOnly);
+    file.write(content);
+    return file.fileName();
+}
+
+} // namespace
+
+void TestEditorFiles::whatIsDroppedIsOpenedAsACopy()
+{
+    const Stage stage;
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(clips::clip(key("plain.mp4")))});
+    const auto both = Qt::CopyAction | Qt::MoveAction;
+    QDragEnterEvent enter(QPoint(50, 50), both, &data, Qt::LeftButton, Qt::NoModifier);
+    enter.setDropAction(Qt::MoveAction);
+    QCoreApplication::sendEvent(&stage.window(), &enter);
+    QVERIFY(enter.isAccepted());
+    QCOMPARE(enter.dropAction(), Qt::CopyAction);
+    QDropEvent drop(QPointF(50, 50), both, &data, Qt::LeftButton, Qt::NoModifier);
+    drop.setDropAction(Qt::MoveAction);
+    QCoreApplication::sendEvent(&stage.window(), &drop);
+    QCOMPARE(drop.dropAction(), Qt::CopyAction);
+    stage.waitForFiles();
+    QCOMPARE(names(stage.session().files()), QStringList{key("plain.mp4")});
+    QVERIFY(QFile::exists(clips::clip(key("plain.mp4"))));
+}
+
+void TestEditorFiles::listIsThereBeforeTheFilesAreRead()
+{
+    const Stage stage;
+    stage.session().open({clips::clip(key("plain.mp4")), clips::clip(key("sound.wav"))});
+    QCOMPARE(names(stage.session().files()), QStringList({key("plain.mp4"), key("sound.wav")}));
+    QCOMPARE(state(stage, 0), key("is being read"));
+    QVERIFY(!stage.session().current());
+    stage.waitForFiles();
+    QCOMPARE(state(stage, 0), key("untouched"));
+    QCOMPARE(stage.session().current(), stage.file(0));
+    QCOMPARE(stage.session().files().index(0).data().toString(),
+             QString::fromUtf8("plain.mp4\n160 x 120 \302\267 0:00 \302\267 untouched"));
+    QVERIFY(stage.session().mediaOf(stage.file(1)));
+}
+
+void TestEditorFiles::unreadableFileCostsOnlyItsRow()
+{
+    const Stage stage;
+    const QString empty = written(stage.folder, "empty.mp4", {});
+    stage.session().open({empty, stage.folder.filePath(key("none.mp4")), clips::clip(key("plain.mp4"))});
+    stage.waitForFiles();
+    QVERIFY(!stage.file(0));
+    QVERIFY(!stage.file(1));
+    QVERIFY(stage.file(2));
+    QVERIFY2(state(stage, 0).contains(key("empty")), qPrintable(state(stage, 0)));
+    QVERIFY2(state(stage, 1).contains(key("none.mp4")), qPrintable(state(stage, 1)));
+    QCOMPARE(state(stage, 2), key("untouched"));
+}
+
+void TestEditorFiles::folderGivesItsClips()
+{
+    const Stage stage;
+    QDir(stage.folder.path()).mkpath(key("films/more"));
+    copyOf("plain.mp4", stage.folder, "films/b.mp4");
+    copyOf("plain.mp4", stage.folder, "films/a.mp4");
+    copyOf("sound.wav", stage.folder, "films/more/c.wav");
+    written(stage.folder, "films/notes.txt", "no clip");
+    stage.session().open({stage.folder.filePath(key("films"))});
+    stage.waitForFiles();
+    QCOMPARE(names(stage.session().files()), QStringList({key("a.mp4"), key("b.mp4"), key("c.wav")}));
+}
+
+void TestEditorFiles::fileIsOpenedOnce()
+{
+    const QString clip = clips::clip(key("plain.mp4"));
+    const Stage stage({clips::clip(key("sound.wav")), clip});
+    QCOMPARE(stage.session().current(), stage.file(0));
+    stage.session().open({clip});
+    QCOMPARE(stage.session().files().rowCount(), 2);
+    QCOMPARE(stage.session().current(), stage.file(1));
+}
+
+void TestEditorFiles::tracksOfTheClipAreItems()
+{
+    const Stage stage({clips::clip(key("languages.mkv"))});
+    QCOMPARE(stage.file(0)->items(key("Audio")).size(), 2);
+    QCOMPARE(stage.file(0)->items(key("Subtitle")).size(), 2);
+}
+
+void TestEditorFiles::removedFilesComeBackByUndo()
+{
+    const Stage stage({clips::clip(key("plain.mp4")), clips::clip(key("sound.wav")), clips::clip(key("plain.mkv"))});
+    edit(stage.file(0));
+    QCOMPARE(state(stage, 0), key("edited"));
+    auto* list = stage.find<QListView>("fileList");
+    list->selectAll();
+    QVERIFY(stage.trigger("removeFiles"));
+    QCOMPARE(stage.session().files().rowCount(), 0);
+    QVERIFY(!stage.session().current());
+    QVERIFY(stage.trigger("undo"));
+    QCOMPARE(names(stage.session().files()).size(), 3);
+    const int row = stage.session().files().rowOf(clips::clip(key("plain.mp4")));
+    QCOMPARE(state(stage, row), key("edited"));
+    QVERIFY(stage.session().mediaOf(stage.file(row)));
+    QVERIFY(stage.session().current());
+}
+
+void TestEditorFiles::seenFilesGetAPicture()
+{
+    const Stage stage({clips::clip(key("red709.mkv")), clips::clip(key("sound.wav"))});
+    const auto& rows = stage.session().files().rows();
+    QTRY_VERIFY_WITH_TIMEOUT(!rows.at(0).thumbnail.isNull(), 60000);
+    QCOMPARE(rows.at(0).thumbnail.size(), QSize(96, 54));
+    const QColor middle = rows.at(0).thumbnail.toImage().pixelColor(48, 27);
+    QVERIFY(middle.red() > 245 && middle.green() < 10 && middle.blue() < 10);
+    QVERIFY(rows.at(1).thumbnail.isNull());
+}
+
+void TestEditorFiles::listIsFilteredAndSorted()
+{
+    const Stage stage({clips::clip(key("sound.wav")), clips::clip(key("plain.mp4")), clips::clip(key("wide.mkv"))});
+    const QAbstractItemModel& shown = *stage.find<QListView>("fileList")->model();
+    const auto order = [&](const char* name) {
+        auto* box = stage.find<QComboBox>("order");
+        box->setCurrentIndex(box->findText(key(name)));
+        return names(shown);
+    };
+    const QString sound = key("sound.wav"), plain = key("plain.mp4"), wide = key("wide.mkv");
+    QCOMPARE(order("by name"), QStringList({plain, sound, wide}));
+    QCOMPARE(order("by size"), QStringList({sound, plain, wide}));
+    QCOMPARE(order("as added"), QStringList({sound, plain, wide}));
+    QTest::keyClicks(stage.find<QLineEdit>("filter"), key("WAV"));
+    QCOMPARE(names(shown), QStringList{sound});
+    stage.find<QLineEdit>("filter")->clear();
+    edit(stage.file(1));
+    QTest::keyClicks(stage.find<QLineEdit>("filter"), key("edited"));
+    QCOMPARE(names(shown), QStringList{plain});
+}
+
+void TestEditorFiles::severalAreChosenAtOnce()
+{
+    const Stage stage({clips::clip(key("sound.wav")), clips::clip(key("plain.mp4")), clips::clip(key("wide.mkv"))});
+    auto* list = stage.find<QListView>("fileList");
+    const auto click = [&](int row, Qt::KeyboardModifiers keys) {
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, keys,
+                          list->visualRect(list->model()->index(row, 0)).center());
+    };
+    click(2, Qt::NoModifier);
+    QCOMPARE(stage.session().current(), stage.file(2));
+    QCOMPARE(stage.session().selected(), QVector<zokit::FileSettings*>{stage.file(2)});
+    click(0, Qt::ControlModifier);
+    QCOMPARE(stage.session().current(), stage.file(0));
+    QCOMPARE(stage.session().selected(), QVector<zokit::FileSettings*>({stage.file(0), stage.file(2)}));
+}
+
+void TestEditorFiles::settingsAreSavedAndOpenedAgain()
+{
+    const Stage stage;
+    const QString clip = copyOf("plain.mp4", stage.folder, "film.mp4");
+    stage.session().open({clip});
+    stage.waitForFiles();
+    edit(stage.file(0));
+    QVERIFY(stage.window().isWindowModified());
+    QVERIFY(stage.trigger("save"));
+    QVERIFY(!stage.window().isWindowModified());
+    QCOMPARE(state(stage, 0), key("untouched"));
+    const QString saved = stage.folder.filePath(key("film.zoeffect.json"));
+    const Stage again({saved});
+    QCOMPARE(again.session().files().rows().at(0).path, clip);
+    QCOMPARE(again.file(0)->value(again.file(0)->type(key("Color")), key("bcs_contrast")), QVariant(10));
+    QCOMPARE(again.session().settingsFileOf(again.file(0)), saved);
+}
+
+void TestEditorFiles::settingsOpenWithoutTheirClip()
+{
+    const Stage stage;
+    const QString path = written(stage.folder, "gone.zoeffect.json",
+                                 R"({"zoeffect": 1, "media": {"file": "gone.mp4", "width": 160, "height": 120},
+                                     "effects": [{"type": "Color", "values": {"bcs_contrast": 7}}]})");
+    const QString broken = written(stage.folder, "broken.json", "{");
+    stage.session().open({path, broken});
+    stage.waitForFiles();
+    QVERIFY(stage.file(0));
+    QCOMPARE(stage.file(0)->value(stage.file(0)->type(key("Color")), key("bcs_contrast")), QVariant(7));
+    QVERIFY2(state(stage, 0).contains(key("gone.mp4")), qPrintable(state(stage, 0)));
+    QVERIFY(!stage.session().problemOf(stage.file(0)->file()).isEmpty());
+    QVERIFY(!stage.file(1));
+    QVERIFY2(state(stage, 1).contains(key("broken.json")), qPrintable(state(stage, 1)));
+}
+
+void TestEditorFiles::settingsFollowTheSizeOfTheClip()
+{
+    const Stage stage;
+    copyOf("plain.mp4", stage.folder, "film.mp4");
+    const QString path = written(stage.folder, "film.zoeffect.json",
+                                 R"({"zoeffect": 1, "media": {"file": "film.mp4", "width": 320, "height": 240},
+            "effects": [{"type": "Crop", "values": {"crop_left": 40, "crop_top": 20, "crop_width": 200, "crop_height": 100}}]})");
+    stage.session().open({path});
+    stage.waitForFiles();
+    const zokit::FileSettings& file = *stage.file(0);
+    QCOMPARE(file.media().frame, QSize(160, 120));
+    QCOMPARE(file.value(file.type(key("Crop")), key("crop_left")), QVariant(20));
+    QCOMPARE(file.value(file.type(key("Crop")), key("crop_width")), QVariant(100));
+    QVERIFY2(stage.status().contains(key("320x240")), qPrintable(stage.status()));
+}
+
+void TestEditorFiles::closingAsksForWhatIsUnsaved_data()
+{
+    QTest::addColumn<QByteArray>("button");
+    QTest::addColumn<bool>("closes");
+    QTest::addColumn<bool>("saves");
+    QTest::newRow("save") << QByteArray("saveAll") << true << true;
+    QTest::newRow("discard") << QByteArray("discard") << true << false;
+    QTest::newRow("stay") << QByteArray("stay") << false << false;
+}
+
+void TestEditorFiles::closingAsksForWhatIsUnsaved()
+{
+    QFETCH(const QByteArray, button);
+    QFETCH(const bool, closes);
+    QFETCH(const bool, saves);
+    const Stage stage;
+    stage.session().open({copyOf("plain.mp4", stage.folder, "film.mp4")});
+    stage.waitForFiles();
+    edit(stage.file(0));
+    answer("closeQuestion", button.constData());
+    QCOMPARE(stage.window().close(), closes);
+    QCOMPARE(QFile::exists(stage.folder.filePath(key("film.zoeffect.json"))), saves);
+    QCOMPARE(QDir(stage.folder.filePath(key("journal"))).entryList(QDir::Files).isEmpty(), closes);
+}
+
+void TestEditorFiles::sessionThatDiedIsRecovered()
+{
+    const Stage stage;
+    const QString journals = stage.folder.filePath(key("left"));
+    {
+        zokit::Project project;
+        zokit::Journal journal(project, journals);
+        zokit::FileSettings* file = project.add(zokit::Media{clips::clip(key("plain.mp4")), QSize(160, 120), 0.4});
+        edit(file);
+        QVERIFY(journal.flush());
+    } // Without a good end.
+    answer("recoverQuestion", "recover");
+    zoeditor::Editor editor(journals);
+    editor.start({});
+    QCOMPARE(editor.session().files().rowCount(), 1);
+    zokit::FileSettings* file = editor.session().current();
+    QVERIFY(file);
+    QCOMPARE(file->value(file->type(key("Color")), key("bcs_contrast")), QVariant(10));
+    QTRY_VERIFY_WITH_TIMEOUT(editor.session().mediaOf(file), 60000);
+    QVERIFY(editor.session().history().canUndo());
+    QCOMPARE(editor.session().left().size(), 0);
+}
+
+void TestEditorFiles::secondStartHandsItsFilesOver()
+{
+    const QString name = QStringLiteral("zoeditor-test-%1").arg(QCoreApplication::applicationPid());
+    zoeditor::Instance first(name);
+    QVERIFY(!first.handOver({}));
+    QStringList heard;
+    connect(&first, &zoeditor::Instance::filesHandedOver, this, [&](const QStringList& files) { heard += files; });
+    zoeditor::Instance second(name);
+    QVERIFY(second.handOver({QStringLiteral("/films/a b.mp4"), QStringLiteral("c.mp4")}));
+    QTRY_COMPARE(heard, QStringList({QStringLiteral("/films/a b.mp4"), QDir().absoluteFilePath(key("c.mp4"))}));
+}
+
+EDITOR_TEST_MAIN(TestEditorFiles)
+#include "tst_editor_files.moc"
