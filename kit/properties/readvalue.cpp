@@ -75,22 +75,11 @@ std::optional<bool> flagFrom(const QVariant& given)
     return given.userType() == QMetaType::Int && given.toInt() == Qt::Checked ? std::make_optional(true) : std::nullopt;
 }
 
-/// A bound as a number in \a frame; nothing for none, also for a side that is not known.
-std::optional<double> boundOf(const QVariant& bound, const QSize& frame)
-{
-    if (!bound.isValid())
-        return std::nullopt;
-    if (bound.userType() != QMetaType::QString)
-        return bound.toDouble();
-    const int side = bound.toString() == QLatin1String("frame width") ? frame.width() : frame.height();
-    return side > 0 ? std::make_optional<double>(side) : std::nullopt;
-}
-
 Message outOfBounds(const Property& property, double number, const QVariant& given, const QSize& frame,
                     const QString& where)
 {
-    const std::optional<double> lowest = boundOf(property.lowest, frame);
-    const std::optional<double> highest = boundOf(property.highest, frame);
+    const std::optional<double> lowest = boundIn(property.lowest, frame);
+    const std::optional<double> highest = boundIn(property.highest, frame);
     if ((!lowest || number >= *lowest) && (!highest || number <= *highest))
         return Message();
     if (!highest)
@@ -218,6 +207,16 @@ ReadValue byKind(const Property& property, const QVariant& given, const QSize& f
 }
 
 } // namespace
+
+std::optional<double> boundIn(const QVariant& bound, const QSize& frame)
+{
+    if (!bound.isValid())
+        return std::nullopt;
+    if (bound.userType() != QMetaType::QString)
+        return bound.toDouble();
+    const int side = bound.toString() == QLatin1String("frame width") ? frame.width() : frame.height();
+    return side > 0 ? std::make_optional<double>(side) : std::nullopt;
+}
 
 ReadValue readValue(const Property& property, const QVariant& given, const QSize& frame, const QString& where)
 {

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <optional>
+
 #include <QFlags>
 #include <QString>
 #include <QStringList>
@@ -139,6 +141,10 @@ ZOKIT_EXPORT const QVector<FrameEffect>& frameEffects();
 /// The table of the 13 effect types and the 20 frame effects, to be registered with ZoEffectModel::InitEffectModel().
 /// FileSettings does that by itself when nothing has been registered yet.
 ZOKIT_EXPORT const EffectControlItem* effectTable();
+
+/// A bound of a property as a number in a frame of \a frame; nothing for none, and for a side of a frame that is not
+/// known.
+ZOKIT_EXPORT std::optional<double> boundIn(const QVariant& bound, const QSize& frame);
 
 /// A value read, or why it is refused.
 struct ZOKIT_EXPORT ReadValue {
