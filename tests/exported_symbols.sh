@@ -9,17 +9,19 @@ here=$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")
 # shellcheck source-path=SCRIPTDIR source=support/rows.sh
 source "$here/support/rows.sh"
 
-# exported LIBRARY: the names with their kind; a constructor or destructor stands once for each of its variants. Qt 6
-# calls QStringList and QVector a QList; no public declaration has a QList of its own.
+# Qt 6 calls QStringList and QVector a QList; a QList of Qt 5 is one of the tree's indexes.
+alike='s/QList<QString>/QStringList/g; s/QList</QVector</g'
+
+# exported LIBRARY: the names with their kind; a constructor or destructor stands once for each of its variants.
 exported() {
-    nm -DC --defined-only "$1" | sed -E 's/^[0-9a-f]+ //; s/QList<QString>/QStringList/g; s/QList</QVector</g' | LC_ALL=C sort -u
+    nm -DC --defined-only "$1" | sed -E "s/^[0-9a-f]+ //; $alike" | LC_ALL=C sort -u
 }
 
 # compared WHAT LIBRARY LIST
 compared() {
     local names expected
     names=$(exported "$2" | sed -E 's/^. //' | LC_ALL=C sort -u)
-    expected=$(sed -nE 's/^ \(c\+\+\)"(.*)@Base" [0-9.]+$/\1/p' "$here/../debian/$3.symbols" | LC_ALL=C sort)
+    expected=$(sed -nE 's/^ \(c\+\+\)"(.*)@Base" [0-9.]+$/\1/p' "$here/../debian/$3.symbols" | sed "$alike" | LC_ALL=C sort)
     same "exported symbols: $1: no name is listed twice" '' "$(uniq -d <<< "$expected")" || true
     same "exported symbols: $1: those of the public headers and no others" "$expected" "$names" || true
 }
