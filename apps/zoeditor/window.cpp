@@ -26,6 +26,7 @@
 #include "filespane.h"
 #include "historypane.h"
 #include "missingtools.h"
+#include "picturepane.h"
 #include "session.h"
 #include "shortcutsdialog.h"
 
@@ -80,7 +81,9 @@ void Window::makePanes()
     columns->setObjectName(QStringLiteral("columns"));
     columns->setChildrenCollapsible(false);
     columns->addWidget(m_files);
+    columns->addWidget(new PicturePane(*m_session, *m_actions, columns));
     columns->addWidget(sides);
+    columns->setStretchFactor(1, 1);
     auto* page = new QWidget(this);
     auto* layout = new QVBoxLayout(page);
     layout->addWidget(new MissingTools(m_session, page));

@@ -1,0 +1,60 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+
+#include <zokit/previewgeometry.h>
+
+namespace zokit {
+class FileSettings;
+}
+
+namespace zoeditor {
+
+class Session;
+
+/// What dragging on the picture does to the current file: from begin() to end() one step of the history, by mouse or by
+/// a key that is held.
+class PictureDrag : public QObject {
+    Q_OBJECT
+
+public:
+    /// Edits what is current in \a session, which outlives it.
+    explicit PictureDrag(Session& session, QObject* parent = nullptr);
+
+    /// Takes \a handle of \a thing, in \a scene as it is now.
+    void begin(const zokit::PreviewScene& scene, zokit::Identity thing, zokit::Handle handle);
+    /// Draws a new crop from \a from on, a point of the frame.
+    void beginDrawing(const zokit::PreviewScene& scene, const QPoint& from);
+    /// Whether it has begun and not ended.
+    bool isActive() const { return m_handle != zokit::Handle::None; }
+    zokit::Identity thing() const { return m_thing; }
+    /// Which handle is dragged; of a crop that is drawn the lower right one.
+    zokit::Handle handle() const { return m_handle; }
+    /// To \a by from where it began. The lines that it snapped to.
+    QVector<zokit::SnapLine> drag(const QPoint& by, double reach);
+    /// A step by a key, from where \a scene stands now; nothing snaps.
+    void step(const zokit::PreviewScene& scene, const QPoint& by);
+    void end();
+    /// Takes back what was dragged.
+    void cancel();
+
+private:
+    void open(const zokit::PreviewScene& scene, zokit::Identity thing, zokit::Handle handle);
+    void apply(const QRect& place);
+
+    Session& m_session;
+    QPointer<zokit::FileSettings> m_file;
+    zokit::PreviewScene m_scene; ///< Where it began.
+    zokit::Values m_values;      ///< Of the watermark then.
+    zokit::CropRule m_rule;
+    zokit::Identity m_thing = 0;
+    zokit::Handle m_handle = zokit::Handle::None;
+    QPoint m_from;
+    bool m_isDrawing = false;
+};
+
+} // namespace zoeditor
