@@ -35,10 +35,7 @@ struct MenuRow {
 #define T(text) QT_TRANSLATE_NOOP("zoeditor::Actions", text)
 
 constexpr MenuRow menus[] = {
-    {"file", T("&File")},
-    {"edit", T("&Edit")},
-    {"view", T("&View")},
-    {"help", T("&Help")},
+    {"file", T("&File")}, {"edit", T("&Edit")}, {"view", T("&View")}, {"time", T("&Time")}, {"help", T("&Help")},
 };
 
 // clang-format off
@@ -65,6 +62,12 @@ constexpr Row rows[] = {
     {"themeDark",   "view", T("&Dark colours"),           "",               "theme", false},
     {"english",     "view", T("&English"),                "",               "language", false},
     {"german",      "view", T("&German (Deutsch)"),       "",               "language", false},
+    {"stepBack",    "time", T("One frame &back"),         "Ctrl+Left",      "", false},
+    {"play",        "time", T("&Play"),                   "Ctrl+Space",     "-", false},
+    {"stepForward", "time", T("One frame &on"),           "Ctrl+Right",     "", false},
+    {"setIn",       "time", T("Convert &from here"),      "Ctrl+[",         "", false},
+    {"setOut",      "time", T("Convert &to here"),        "Ctrl+]",         "", false},
+    {"wholeClip",   "time", T("Convert the &whole clip"), "",               "", false},
     {"shortcuts",   "help", T("List of &shortcuts"),      "F1",             "", false},
 };
 // clang-format on

@@ -29,6 +29,7 @@
 #include "picturepane.h"
 #include "session.h"
 #include "shortcutsdialog.h"
+#include "timeline.h"
 
 namespace zoeditor {
 
@@ -81,7 +82,7 @@ void Window::makePanes()
     columns->setObjectName(QStringLiteral("columns"));
     columns->setChildrenCollapsible(false);
     columns->addWidget(m_files);
-    columns->addWidget(new PicturePane(*m_session, *m_actions, columns));
+    columns->addWidget(pictureColumn(columns));
     columns->addWidget(sides);
     columns->setStretchFactor(1, 1);
     auto* page = new QWidget(this);
@@ -90,6 +91,17 @@ void Window::makePanes()
     layout->addWidget(columns, 1);
     setCentralWidget(page);
     statusBar()->setObjectName(QStringLiteral("status"));
+}
+
+QWidget* Window::pictureColumn(QWidget* parent)
+{
+    auto* column = new QWidget(parent);
+    auto* layout = new QVBoxLayout(column);
+    layout->setContentsMargins(0, 0, 0, 0);
+    auto* picture = new PicturePane(*m_session, *m_actions, column);
+    layout->addWidget(picture, 1);
+    layout->addWidget(new TimeLine(*m_session, picture->frames(), *m_actions, column));
+    return column;
 }
 
 void Window::connectFiles()

@@ -43,6 +43,7 @@ protected:
 
 private:
     void makePanes();
+    QWidget* pictureColumn(QWidget* parent);
     void connectFiles();
     void connectHistory();
     void connectAppearance();

@@ -1,0 +1,253 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include "timeline.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include <QAction>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QStyle>
+#include <QStyleOptionSlider>
+#include <QToolButton>
+
+#include <zokit/filesettings.h>
+
+#include "actions.h"
+#include "session.h"
+#include "shownframes.h"
+
+namespace zoeditor {
+
+namespace {
+
+constexpr double thousand = 1000; // Milliseconds a second.
+constexpr int tick = 40;          // Milliseconds between two looks at the clock while it plays.
+constexpr double usualFrame = 0.04;
+const QString trimKey = QStringLiteral("trim");
+
+int milliseconds(double seconds)
+{
+    return qRound(seconds * thousand);
+}
+
+/// "1:02:03.45", "2:03.45".
+QString timeText(double seconds)
+{
+    constexpr int hundred = 100;
+    constexpr int sixty = 60;
+    const qint64 hundredths = std::llround(seconds * hundred);
+    const qint64 whole = hundredths / hundred;
+    const qint64 minutes = whole / sixty;
+    const auto twoDigits = [](qint64 number) { return QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0')); };
+    const QString end = twoDigits(whole % sixty) + QLatin1Char('.') + twoDigits(hundredths % hundred);
+    const qint64 hours = minutes / sixty;
+    return hours > 0 ? QStringLiteral("%1:%2:%3").arg(hours).arg(twoDigits(minutes % sixty), end)
+                     : QStringLiteral("%1:%2").arg(minutes).arg(end);
+}
+
+/// How long a frame of the clip is shown.
+double frameTime(const zokit::MediaInfo* media)
+{
+    const zokit::MediaStream* picture = media ? media->picture() : nullptr;
+    const double rate = picture ? picture->frameRate.value() : 0;
+    return rate > 0 ? 1 / rate : usualFrame;
+}
+
+} // namespace
+
+TimeBar::TimeBar(QWidget* parent) : QSlider(Qt::Horizontal, parent)
+{
+    setObjectName(QStringLiteral("time"));
+    setAccessibleName(tr("Time"));
+    setSingleStep(100);
+    setPageStep(1000);
+}
+
+void TimeBar::setPart(int from, int to)
+{
+    m_from = from;
+    m_to = to;
+    update();
+}
+
+QRect TimeBar::groove() const
+{
+    QStyleOptionSlider option;
+    initStyleOption(&option);
+    const QRect area = style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderGroove, this);
+    const QRect knob = style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, this);
+    return area.adjusted(knob.width() / 2, 0, -knob.width() / 2, 0);
+}
+
+void TimeBar::paintEvent(QPaintEvent* event)
+{
+    QSlider::paintEvent(event);
+    if (m_from == m_to)
+        return;
+    const QRect area = groove();
+    const auto at = [&](int value) {
+        const int offset = QStyle::sliderPositionFromValue(minimum(), maximum(), value, area.width());
+        return layoutDirection() == Qt::RightToLeft ? area.right() - offset : area.left() + offset;
+    };
+    QPainter painter(this);
+    constexpr int thick = 4;
+    const int begin = at(m_from);
+    const int end = at(m_to);
+    const QColor colour = palette().color(QPalette::Highlight);
+    painter.fillRect(QRect(std::min(begin, end), height() - thick, std::abs(end - begin) + 1, thick), colour);
+    for (const int edge : {begin, end})
+        painter.fillRect(QRect(edge - 1, height() - 3 * thick, 2, 3 * thick), colour);
+}
+
+void TimeBar::goTo(const QMouseEvent& event)
+{
+    const QRect area = groove();
+    setValue(QStyle::sliderValueFromPosition(minimum(), maximum(), event.pos().x() - area.left(), area.width(),
+                                             layoutDirection() == Qt::RightToLeft));
+}
+
+void TimeBar::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton)
+        goTo(*event);
+}
+
+void TimeBar::mouseMoveEvent(QMouseEvent* event)
+{
+    if (event->buttons().testFlag(Qt::LeftButton))
+        goTo(*event);
+}
+
+TimeLine::TimeLine(Session& session, ShownFrames& frames, const Actions& actions, QWidget* parent)
+    : QWidget(parent), m_session(session), m_frames(frames), m_bar(new TimeBar(this)), m_time(new QLabel(this))
+{
+    setObjectName(QStringLiteral("timeline"));
+    setAccessibleName(tr("Time line"));
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    const auto add = [&](const char* name, const QString& shortText, auto slot) {
+        QAction* action = actions.action(name);
+        action->setIconText(shortText);
+        connect(action, &QAction::triggered, this, slot);
+        auto* button = new QToolButton(this);
+        button->setAccessibleName(action->text().remove(QLatin1Char('&')));
+        button->setDefaultAction(action);
+        button->setFocusPolicy(Qt::TabFocus);
+        button->setAutoRaise(true);
+        row->addWidget(button);
+        m_actions.append(action);
+    };
+    add("stepBack", QStringLiteral("<"), [this] { step(-1); });
+    add("play", tr("Play"), [this](bool isChecked) { setPlaying(isChecked); });
+    add("stepForward", QStringLiteral(">"), [this] { step(1); });
+    row->addWidget(m_bar, 1);
+    m_time->setObjectName(QStringLiteral("timeText"));
+    m_time->setAccessibleName(tr("Time and length"));
+    row->addWidget(m_time);
+    add("setIn", tr("In"), [this] { setPart(true); });
+    add("setOut", tr("Out"), [this] { setPart(false); });
+    add("wholeClip", tr("All"), [this] {
+        if (zokit::FileSettings* file = m_session.current())
+            m_session.take(file->reset(file->output(), trimKey, this));
+    });
+    m_playAction = actions.action("play");
+    m_play.setInterval(tick);
+    connect(&m_play, &QTimer::timeout, this, &TimeLine::playOn);
+    connect(m_bar, &QSlider::valueChanged, this, [this](int value) {
+        setPlaying(false);
+        m_frames.setSeconds(value / thousand);
+    });
+    connect(&frames, &ShownFrames::secondsChanged, this, &TimeLine::showMoment);
+    connect(&session, &Session::currentChanged, this, &TimeLine::showFile);
+    connect(&session, &Session::fileStateChanged, this, &TimeLine::showFile);
+    connect(&session.project(), &zokit::Project::changed, this, &TimeLine::showPart);
+    showFile();
+}
+
+double TimeLine::length() const
+{
+    const zokit::FileSettings* file = m_session.current();
+    const zokit::MediaInfo* media = file ? m_session.mediaOf(file) : nullptr;
+    return media && media->picture() ? media->seconds : 0;
+}
+
+void TimeLine::showFile()
+{
+    const zokit::FileSettings* file = m_session.current();
+    const zokit::Identity shown = file ? file->file() : 0;
+    if (shown != m_shown)
+        setPlaying(false);
+    m_shown = shown;
+    const bool isSeen = length() > 0;
+    m_bar->setEnabled(isSeen);
+    for (QAction* action : std::as_const(m_actions))
+        action->setEnabled(isSeen);
+    showMoment();
+    showPart();
+}
+
+void TimeLine::showMoment()
+{
+    const QSignalBlocker quiet(m_bar); // What is rounded for the slider is no other moment.
+    m_bar->setRange(0, milliseconds(length()));
+    m_bar->setValue(milliseconds(m_frames.seconds()));
+    m_time->setText(timeText(m_frames.seconds()) + QStringLiteral(" / ") + timeText(length()));
+}
+
+void TimeLine::showPart()
+{
+    const zokit::FileSettings* file = m_session.current();
+    const QVariantList part = file ? file->value(file->output(), trimKey).toList() : QVariantList();
+    m_bar->setPart(milliseconds(part.value(0).toDouble()), milliseconds(part.value(1).toDouble()));
+}
+
+void TimeLine::step(int frames)
+{
+    setPlaying(false);
+    const zokit::FileSettings* file = m_session.current();
+    if (file)
+        m_frames.setSeconds(m_frames.seconds() + frames * frameTime(m_session.mediaOf(file)));
+}
+
+void TimeLine::setPlaying(bool isPlaying)
+{
+    if (isPlaying && m_frames.seconds() >= length())
+        m_frames.setSeconds(0); // Once more from the beginning.
+    m_playFrom = m_frames.seconds();
+    m_playTime.start();
+    if (isPlaying && length() > 0)
+        m_play.start();
+    else
+        m_play.stop();
+    m_playAction->setChecked(m_play.isActive());
+}
+
+/// By the clock: frames that take too long are passed over.
+void TimeLine::playOn()
+{
+    const double moment = m_playFrom + double(m_playTime.elapsed()) / thousand;
+    m_frames.setSeconds(std::min(moment, length()));
+    if (moment >= length())
+        setPlaying(false);
+}
+
+void TimeLine::setPart(bool isBegin)
+{
+    zokit::FileSettings* file = m_session.current();
+    if (!file)
+        return;
+    const QVariantList part = file->value(file->output(), trimKey).toList();
+    const double now = m_frames.seconds();
+    double from = isBegin ? now : part.value(0).toDouble();
+    double to = isBegin ? part.value(1, length()).toDouble() : now;
+    if (to <= from)
+        (isBegin ? to : from) = isBegin ? length() : 0;
+    m_session.take(file->setValue(file->output(), trimKey, QVariantList{from, to}, this));
+}
+
+} // namespace zoeditor

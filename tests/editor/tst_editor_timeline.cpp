@@ -1,0 +1,157 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include <QtTest>
+#include <QtWidgets>
+
+#include <zokit/filesettings.h>
+#include <zokit/history.h>
+
+#include <picturepane.h>
+#include <shownframes.h>
+#include <timeline.h>
+
+#include "editorsupport.h"
+
+using namespace editorsupport;
+using kitsupport::key;
+using zoeditor::TimeBar;
+using zoeditor::TimeLine;
+
+class TestEditorTimeLine : public QObject {
+    Q_OBJECT
+
+private slots:
+    void sliderShowsTheFrameOfItsTime();
+    void clickOnTheLineGoesThere();
+    void framesAreSteppedThrough();
+    void playingEndsAtTheEnd();
+    void beginAndEndAreMarked();
+    void beginBehindTheEndTakesTheRest();
+    void withoutAPictureThereIsNoTime();
+};
+
+namespace {
+
+/// The editor with a moving clip of 160x120, 25 frames a second.
+struct Clip : Stage {
+    Clip() : Stage({clips::clip(key("plain.mp4"))})
+    {
+        bar = find<TimeBar>("time");
+        line = find<TimeLine>("timeline");
+        frames = &find<zoeditor::PicturePane>("picture")->frames();
+        waitForOutput();
+    }
+
+    void waitForOutput() const
+    {
+        QVERIFY(QTest::qWaitFor([this] { return !frames->output().isNull(); }, 30000));
+    }
+
+    QVariantList part() const { return file(0)->value(file(0)->output(), key("trim")).toList(); }
+
+    TimeBar* bar = nullptr;
+    TimeLine* line = nullptr;
+    zoeditor::ShownFrames* frames = nullptr;
+};
+
+} // namespace
+
+void TestEditorTimeLine::sliderShowsTheFrameOfItsTime()
+{
+    const Clip clip;
+    clip.bar->setValue(0);
+    clip.waitForOutput();
+    const QImage first = clip.frames->output();
+    QCOMPARE(clip.find<QLabel>("timeText")->text().left(7), key("0:00.00"));
+    clip.bar->setValue(400);
+    QCOMPARE(clip.frames->seconds(), 0.4);
+    QVERIFY(clip.frames->output().isNull());
+    clip.waitForOutput();
+    QVERIFY(clip.frames->output() != first);
+    QCOMPARE(clip.find<QLabel>("timeText")->text().left(7), key("0:00.40"));
+    clip.bar->setValue(0);
+    clip.waitForOutput();
+    QCOMPARE(clip.frames->output(), first);
+}
+
+void TestEditorTimeLine::clickOnTheLineGoesThere()
+{
+    const Clip clip;
+    QTest::mouseClick(clip.bar, Qt::LeftButton, Qt::NoModifier, QPoint(1, clip.bar->height() / 2));
+    QCOMPARE(clip.frames->seconds(), 0.0);
+    QTest::mouseClick(clip.bar, Qt::LeftButton, Qt::NoModifier, QPoint(clip.bar->width() - 1, clip.bar->height() / 2));
+    QCOMPARE(clip.frames->seconds(), clip.bar->maximum() / 1000.0);
+    QTest::keyClick(clip.bar, Qt::Key_Left);
+    QCOMPARE(clip.bar->value(), clip.bar->maximum() - 100);
+}
+
+void TestEditorTimeLine::framesAreSteppedThrough()
+{
+    const Clip clip;
+    clip.bar->setValue(0);
+    QVERIFY(clip.trigger("stepForward"));
+    QCOMPARE(clip.frames->seconds(), 0.04);
+    QVERIFY(clip.trigger("stepForward"));
+    QCOMPARE(clip.frames->seconds(), 0.08);
+    QVERIFY(clip.trigger("stepBack"));
+    QVERIFY(clip.trigger("stepBack"));
+    QVERIFY(clip.trigger("stepBack"));
+    QCOMPARE(clip.frames->seconds(), 0.0);
+}
+
+void TestEditorTimeLine::playingEndsAtTheEnd()
+{
+    const Clip clip;
+    clip.bar->setValue(0);
+    QVERIFY(clip.trigger("play"));
+    QVERIFY(clip.line->isPlaying());
+    QVERIFY(QTest::qWaitFor([&] { return !clip.line->isPlaying(); }, 30000));
+    QCOMPARE(clip.bar->value(), clip.bar->maximum());
+    clip.waitForOutput();
+    QVERIFY(clip.trigger("play")); // Once more from the beginning, until a place is chosen.
+    QVERIFY(clip.line->isPlaying());
+    clip.bar->setValue(200);
+    QVERIFY(!clip.line->isPlaying());
+    QCOMPARE(clip.frames->seconds(), 0.2);
+}
+
+void TestEditorTimeLine::beginAndEndAreMarked()
+{
+    const Clip clip;
+    clip.bar->setValue(120);
+    QVERIFY(clip.trigger("setIn"));
+    clip.bar->setValue(360);
+    QVERIFY(clip.trigger("setOut"));
+    QCOMPARE(clip.part(), (QVariantList{0.12, 0.36}));
+    QCOMPARE(clip.bar->partBegin(), 120);
+    QCOMPARE(clip.bar->partEnd(), 360);
+    QVERIFY(clip.trigger("undo"));
+    QCOMPARE(clip.bar->partBegin(), 120);
+    QCOMPARE(clip.bar->partEnd(), clip.bar->maximum());
+    QVERIFY(clip.trigger("wholeClip"));
+    QVERIFY(clip.part().isEmpty());
+    QCOMPARE(clip.bar->partEnd(), 0);
+}
+
+void TestEditorTimeLine::beginBehindTheEndTakesTheRest()
+{
+    const Clip clip;
+    clip.bar->setValue(200);
+    QVERIFY(clip.trigger("setOut"));
+    QCOMPARE(clip.part(), (QVariantList{0.0, 0.2}));
+    clip.bar->setValue(300);
+    QVERIFY(clip.trigger("setIn"));
+    QCOMPARE(clip.part().value(0), QVariant(0.3));
+    QCOMPARE(clip.bar->partEnd(), clip.bar->maximum());
+}
+
+void TestEditorTimeLine::withoutAPictureThereIsNoTime()
+{
+    const Stage stage({clips::clip(key("sound.wav"))});
+    QVERIFY(!stage.find<TimeBar>("time")->isEnabled());
+    QVERIFY(!stage.trigger("play"));
+}
+
+EDITOR_TEST_MAIN(TestEditorTimeLine)
+#include "tst_editor_timeline.moc"
