@@ -10,6 +10,8 @@
 #include <QMimeData>
 #include <QSet>
 
+#include <zokit/graph.h>
+
 #include "names_p.h"
 #include "things_p.h"
 
@@ -188,8 +190,11 @@ void SettingsModel::Private::follow(const Changes& changes)
     for (const Identity thing : touched.keys())
         bringValues(thing);
 
-    // The frame decides on bounds and defaults of all.
-    if (file && touched.contains(file->file())) {
+    // The frame decides on bounds and defaults of all, also when it stands otherwise.
+    const QSize before = frame;
+    if (file)
+        frame = baseFrame(file->settings());
+    if (frame != before) {
         q->refreshDefaults();
         return;
     }
@@ -257,6 +262,7 @@ void SettingsModel::setFile(FileSettings* file)
     if (d->file)
         d->file->disconnect(this);
     d->file = file;
+    d->frame = file ? baseFrame(file->settings()) : QSize();
     d->fill();
     if (file) {
         connect(file, &FileSettings::changed, this, [this](const Changes& changes) { d->follow(changes); });

@@ -108,8 +108,7 @@ int SettingsModel::Private::state(const SettingsNode& node) const
 
 QVariant SettingsModel::Private::bound(const SettingsNode& node, const QVariant& bound) const
 {
-    const auto side = [this](const char* key) { return file->value(file->file(), QLatin1String(key)).toInt(); };
-    const std::optional<double> number = boundIn(bound, {side("width"), side("height")});
+    const std::optional<double> number = boundIn(bound, frame);
     if (!number)
         return QVariant();
     return node.property->kind == ValueKind::Integer ? QVariant(static_cast<int>(*number)) : QVariant(*number);

@@ -51,6 +51,7 @@ public:
 
     SettingsModel* q;
     QPointer<FileSettings> file;
+    QSize frame;       // baseFrame() of the file, in which its bounds are.
     SettingsNode root; // Its types are there from the beginning and stay.
 };
 

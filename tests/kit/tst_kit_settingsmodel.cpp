@@ -46,6 +46,7 @@ private slots:
     void namesOfItems();
     void stateOfATypeIsTheFurthestInIt();
     void boundsFollowTheFrame();
+    void boundsStandWithTheTurnedFrame();
     void savedDefaultIsSeenAfterRefresh();
     void checkBoxSelects();
     void valueIsSetThroughTheFile();
@@ -288,6 +289,19 @@ void TestKitSettingsModel::boundsFollowTheFrame()
     QCOMPARE(indexAt(model, "Crop:crop_width").data(SettingsModel::HighestRole), QVariant(640));
     QCOMPARE(indexAt(model, "Crop:crop_height").data(SettingsModel::HighestRole), QVariant(480));
     QVERIFY(changed.count() > 15); // Every type.
+}
+
+void TestKitSettingsModel::boundsStandWithTheTurnedFrame()
+{
+    FileSettings file(clip());
+    file.setValue(file.type(key("Crop")), key("player_map_flag"), true);
+    SettingsModel model;
+    model.setFile(&file);
+    const QSignalSpy changed(&model, &SettingsModel::dataChanged);
+    file.setValue(file.type(key("Effect")), key("crop_rotation_angle"), 90);
+    QCOMPARE(indexAt(model, "Crop:crop_width").data(SettingsModel::HighestRole), QVariant(720));
+    QCOMPARE(indexAt(model, "Crop:crop_height").data(SettingsModel::HighestRole), QVariant(1280));
+    QVERIFY(changed.count() > 15);
 }
 
 void TestKitSettingsModel::savedDefaultIsSeenAfterRefresh()
