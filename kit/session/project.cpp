@@ -232,8 +232,11 @@ void Project::Private::remove(FileSettings* file)
 
 void Project::Private::sort(const QVariantList& wanted)
 {
+    QHash<Identity, int> places;
+    for (const QVariant& file : wanted)
+        places.insert(file.toULongLong(), static_cast<int>(places.size()));
     std::stable_sort(files.begin(), files.end(), [&](const FileSettings* a, const FileSettings* b) {
-        return wanted.indexOf(QVariant::fromValue(a->file())) < wanted.indexOf(QVariant::fromValue(b->file()));
+        return places.value(a->file(), -1) < places.value(b->file(), -1);
     });
 }
 
@@ -280,10 +283,11 @@ FileSettings* Project::addFile(std::unique_ptr<FileSettings> file, QObject* aske
 {
     if (d->refusals > 0)
         return nullptr;
-    QVariantList order = d->order();
+    const QVariantList before = d->order();
+    QVariantList order = before;
     order.append(QVariant::fromValue(file->file()));
     Changes changes = fromNothing(file->everything());
-    changes.append({projectThing, own::items, d->order(), order});
+    changes.append({projectThing, own::items, before, order});
     FileSettings* added = nullptr;
     d->tell(changes, asker, [&] {
         added = d->take(std::move(file));
@@ -296,10 +300,11 @@ void Project::remove(FileSettings* file, QObject* asker)
 {
     if (d->refusals > 0 || !file || this->file(file->file()) != file)
         return;
-    QVariantList order = d->order();
+    const QVariantList before = d->order();
+    QVariantList order = before;
     order.removeAll(QVariant::fromValue(file->file()));
     Changes changes = reversed(fromNothing(file->everything()));
-    changes.append({projectThing, own::items, d->order(), order});
+    changes.append({projectThing, own::items, before, order});
     d->tell(changes, asker, [&] { d->remove(file); });
 }
 
