@@ -1,0 +1,193 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include <algorithm>
+#include <cmath>
+
+#include <QtEndian>
+#include <QtTest>
+
+#include <zokit/filesettings.h>
+#include <zokit/soundsamples.h>
+
+#include "clips.h"
+#include "kitsupport.h"
+#include "testapplication.h"
+
+using kitsupport::key;
+using zokit::FileSettings;
+using zokit::SoundAnswer;
+using zokit::SoundQuestion;
+
+class TestKitSoundSamples : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() { kitsupport::clearSavedDefaults(); }
+
+    void pieceIsAWaveFile();
+    void effectsAreHeardOrNot();
+    void speedCountsInTheClip();
+    void levelIsThatOfTheWholeSound();
+    void whatCannotBeHeardIsTold_data();
+    void whatCannotBeHeardIsTold();
+    void openQuestionIsDropped();
+};
+
+namespace {
+
+constexpr int rate = 48000;
+
+SoundAnswer answerTo(const SoundQuestion& question)
+{
+    zokit::SoundSamples samples(zokit::findTools());
+    SoundAnswer answer;
+    QObject::connect(&samples, &zokit::SoundSamples::answered, &samples,
+                     [&](const SoundAnswer& given) { answer = given; });
+    const int number = samples.ask(question);
+    if (!QTest::qWaitFor([&] { return answer.number == number; }, 60000))
+        qWarning("There was no answer");
+    return answer;
+}
+
+/// The sound of a clip that was not compressed: a tone, mono.
+SoundQuestion question(const FileSettings& file)
+{
+    SoundQuestion asked;
+    asked.media = zokit::probe(zokit::findTools(), clips::clip(key("lossless.mkv"))).media.value_or(zokit::MediaInfo());
+    asked.settings = file.settings();
+    asked.settings.media.file = asked.media.file;
+    asked.settings.media.seconds = asked.media.seconds;
+    return asked;
+}
+
+/// The samples of one channel.
+QVector<qint16> samplesOf(const QByteArray& wave)
+{
+    constexpr int head = 44;
+    QVector<qint16> samples;
+    for (int at = head; at + 2 <= wave.size(); at += 2)
+        samples.append(qFromLittleEndian<qint16>(wave.constData() + at));
+    return samples;
+}
+
+qint64 numberAt(const QByteArray& wave, int at)
+{
+    return qFromLittleEndian<quint32>(wave.constData() + at);
+}
+
+int loudest(const QVector<qint16>& samples)
+{
+    int most = 0;
+    for (const qint16 sample : samples)
+        most = std::max(most, std::abs(int(sample)));
+    return most;
+}
+
+void use(FileSettings& file, const char* type, const zokit::Values& values)
+{
+    zokit::Values all = values;
+    all.insert(key("audio_effect_flag"), true);
+    file.setValues(file.type(key(type)), all);
+}
+
+} // namespace
+
+void TestKitSoundSamples::pieceIsAWaveFile()
+{
+    const FileSettings file(kitsupport::clip());
+    SoundQuestion asked = question(file);
+    asked.from = 0.1;
+    asked.seconds = 0.25;
+    const SoundAnswer answer = answerTo(asked);
+    QCOMPARE(answer.error.text(), QString());
+    QCOMPARE(answer.wave.left(4), QByteArray("RIFF"));
+    QCOMPARE(answer.wave.mid(8, 8), QByteArray("WAVEfmt "));
+    QCOMPARE(answer.wave.mid(20, 8), QByteArray("\x01\x00\x01\x00\x80\xbb\x00\x00", 8)); // One channel, 48,000.
+    QCOMPARE(numberAt(answer.wave, 4), answer.wave.size() - 8);
+    QCOMPARE(numberAt(answer.wave, 40), answer.wave.size() - 44);
+    QVERIFY2(std::abs(samplesOf(answer.wave).size() - 12000) < 50, qPrintable(QString::number(answer.wave.size())));
+    QVERIFY(loudest(samplesOf(answer.wave)) > 1000);
+}
+
+void TestKitSoundSamples::effectsAreHeardOrNot()
+{
+    FileSettings file(kitsupport::clip());
+    // It grows as long as the sound is: 0.4 seconds.
+    use(file, "Audio_Fade_Inout",
+        {{key("audio_fade_in_enable"), true}, {key("audio_fade_out_enable"), false}, {key("audio_fade_in"), 1}});
+    SoundQuestion asked = question(file);
+    asked.seconds = 0.1;
+    const int first = loudest(samplesOf(answerTo(asked).wave));
+    asked.from = 0.15;
+    const int later = loudest(samplesOf(answerTo(asked).wave));
+    asked.withEffects = false;
+    const int plain = loudest(samplesOf(answerTo(asked).wave));
+    QVERIFY2(first * 100 / plain > 20 && first * 100 / plain <= 26, qPrintable(key("%1 of %2").arg(first).arg(plain)));
+    QVERIFY2(later * 100 / plain > 57 && later * 100 / plain <= 63, qPrintable(key("%1 of %2").arg(later).arg(plain)));
+}
+
+void TestKitSoundSamples::speedCountsInTheClip()
+{
+    FileSettings file(kitsupport::clip());
+    use(file, "Audio_Speed", {{key("audio_speed_factor"), 200}});
+    SoundQuestion asked = question(file);
+    const double length = asked.media.seconds;
+    asked.from = 0.1;
+    const double heard = samplesOf(answerTo(asked).wave).size() / double(rate);
+    QVERIFY2(std::abs(heard - (length - 0.1) / 2) < 0.05, qPrintable(key("%1 of %2").arg(heard).arg(length)));
+}
+
+void TestKitSoundSamples::levelIsThatOfTheWholeSound()
+{
+    FileSettings file(kitsupport::clip());
+    use(file, "Audio_Normalize", {{key("audio_normalize_maxLevel"), 50}});
+    SoundQuestion asked = question(file);
+    const int peak = loudest(samplesOf(answerTo(asked).wave));
+    QVERIFY2(std::abs(peak - 16384) < 400, qPrintable(QString::number(peak)));
+}
+
+void TestKitSoundSamples::whatCannotBeHeardIsTold_data()
+{
+    QTest::addColumn<QString>("clip");
+    QTest::addColumn<int>("stream");
+    QTest::addColumn<QString>("word");
+    QTest::newRow("no sound") << key("silent.mkv") << -1 << key("silent.mkv");
+    QTest::newRow("no such stream") << key("lossless.mkv") << 7 << key("lossless.mkv");
+    QTest::newRow("gone") << QString() << -1 << key("nowhere.mkv");
+}
+
+void TestKitSoundSamples::whatCannotBeHeardIsTold()
+{
+    QFETCH(QString, clip);
+    QFETCH(int, stream);
+    QFETCH(QString, word);
+    const FileSettings file(kitsupport::clip());
+    SoundQuestion asked = question(file);
+    if (clip.isEmpty())
+        asked.media.file = key("/nowhere.mkv");
+    else
+        asked.media = zokit::probe(zokit::findTools(), clips::clip(clip)).media.value_or(zokit::MediaInfo());
+    asked.stream = stream;
+    const SoundAnswer answer = answerTo(asked);
+    QVERIFY(answer.wave.isEmpty());
+    QVERIFY2(answer.error.text().contains(word), qPrintable(answer.error.text()));
+}
+
+void TestKitSoundSamples::openQuestionIsDropped()
+{
+    const FileSettings file(kitsupport::clip());
+    zokit::SoundSamples samples(zokit::findTools());
+    QVector<int> answered;
+    connect(&samples, &zokit::SoundSamples::answered, this,
+            [&](const SoundAnswer& answer) { answered.append(answer.number); });
+    samples.ask(question(file));
+    QVERIFY(samples.isRunning());
+    samples.ask(question(file));
+    QVERIFY(QTest::qWaitFor([&] { return !answered.isEmpty(); }, 60000));
+    QCOMPARE(answered, QVector<int>{2});
+    QVERIFY(!samples.isRunning());
+}
+
+ZOEFFECT_TEST_MAIN(TestKitSoundSamples)
+#include "tst_kit_soundsamples.moc"
