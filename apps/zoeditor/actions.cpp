@@ -65,6 +65,8 @@ constexpr Row rows[] = {
     {"stepBack",    "time", T("One frame &back"),         "Ctrl+Left",      "", false},
     {"play",        "time", T("&Play"),                   "Ctrl+Space",     "-", false},
     {"stepForward", "time", T("One frame &on"),           "Ctrl+Right",     "", false},
+    {"listen",      "time", T("&Listen"),                 "Ctrl+L",         "-", false},
+    {"listenPlain", "time", T("Listen without &effects"), "Ctrl+Shift+L",   "-", false},
     {"setIn",       "time", T("Convert &from here"),      "Ctrl+[",         "", false},
     {"setOut",      "time", T("Convert &to here"),        "Ctrl+]",         "", false},
     {"wholeClip",   "time", T("Convert the &whole clip"), "",               "", false},

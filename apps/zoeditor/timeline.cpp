@@ -14,10 +14,12 @@
 #include <QStyle>
 #include <QStyleOptionSlider>
 #include <QToolButton>
+#include <QVBoxLayout>
 
 #include <zokit/filesettings.h>
 
 #include "actions.h"
+#include "listening.h"
 #include "session.h"
 #include "shownframes.h"
 
@@ -124,38 +126,36 @@ void TimeBar::mouseMoveEvent(QMouseEvent* event)
 }
 
 TimeLine::TimeLine(Session& session, ShownFrames& frames, const Actions& actions, QWidget* parent)
-    : QWidget(parent), m_session(session), m_frames(frames), m_bar(new TimeBar(this)), m_time(new QLabel(this))
+    : QWidget(parent)
+    , m_session(session)
+    , m_frames(frames)
+    , m_bar(new TimeBar(this))
+    , m_time(new QLabel(this))
+    , m_listening(new Listening(session.tools(), this))
 {
     setObjectName(QStringLiteral("timeline"));
     setAccessibleName(tr("Time line"));
-    auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(0, 0, 0, 0);
-    const auto add = [&](const char* name, const QString& shortText, auto slot) {
-        QAction* action = actions.action(name);
-        action->setIconText(shortText);
-        connect(action, &QAction::triggered, this, slot);
-        auto* button = new QToolButton(this);
-        button->setAccessibleName(action->text().remove(QLatin1Char('&')));
-        button->setDefaultAction(action);
-        button->setFocusPolicy(Qt::TabFocus);
-        button->setAutoRaise(true);
-        row->addWidget(button);
-        m_actions.append(action);
-    };
-    add("stepBack", QStringLiteral("<"), [this] { step(-1); });
-    add("play", tr("Play"), [this](bool isChecked) { setPlaying(isChecked); });
-    add("stepForward", QStringLiteral(">"), [this] { step(1); });
-    row->addWidget(m_bar, 1);
+    auto* rows = new QVBoxLayout(this);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->addWidget(m_bar);
+    auto* row = new QHBoxLayout;
+    rows->addLayout(row);
+    addButton(row, connectAction(actions, "stepBack", [this] { step(-1); }), QStringLiteral("<"));
+    m_playAction = connectAction(actions, "play", [this](bool isChecked) { setPlaying(isChecked); });
+    addButton(row, m_playAction, tr("Play"));
+    addButton(row, connectAction(actions, "stepForward", [this] { step(1); }), QStringLiteral(">"));
     m_time->setObjectName(QStringLiteral("timeText"));
     m_time->setAccessibleName(tr("Time and length"));
     row->addWidget(m_time);
-    add("setIn", tr("In"), [this] { setPart(true); });
-    add("setOut", tr("Out"), [this] { setPart(false); });
-    add("wholeClip", tr("All"), [this] {
+    row->addStretch(1);
+    makeListening(actions, row);
+    addButton(row, connectAction(actions, "setIn", [this] { setPart(true); }), tr("In"));
+    addButton(row, connectAction(actions, "setOut", [this] { setPart(false); }), tr("Out"));
+    QAction* all = connectAction(actions, "wholeClip", [this] {
         if (zokit::FileSettings* file = m_session.current())
             m_session.take(file->reset(file->output(), trimKey, this));
     });
-    m_playAction = actions.action("play");
+    addButton(row, all, tr("All"));
     m_play.setInterval(tick);
     connect(&m_play, &QTimer::timeout, this, &TimeLine::playOn);
     connect(m_bar, &QSlider::valueChanged, this, [this](int value) {
@@ -169,19 +169,81 @@ TimeLine::TimeLine(Session& session, ShownFrames& frames, const Actions& actions
     showFile();
 }
 
+template <typename Slot>
+QAction* TimeLine::connectAction(const Actions& actions, const char* name, Slot slot)
+{
+    QAction* action = actions.action(name);
+    connect(action, &QAction::triggered, this, slot);
+    m_actions.append(action);
+    return action;
+}
+
+void TimeLine::addButton(QHBoxLayout* row, QAction* action, const QString& shortText)
+{
+    action->setIconText(shortText);
+    auto* button = new QToolButton(this);
+    button->setAccessibleName(action->text().remove(QLatin1Char('&')));
+    button->setDefaultAction(action);
+    button->setFocusPolicy(Qt::TabFocus);
+    button->setAutoRaise(true);
+    row->addWidget(button);
+}
+
+void TimeLine::makeListening(const Actions& actions, QHBoxLayout* row)
+{
+    QAction* effects =
+        connectAction(actions, "listen", [this](bool isOn) { isOn ? listen(true) : m_listening->stop(); });
+    QAction* plain =
+        connectAction(actions, "listenPlain", [this](bool isOn) { isOn ? listen(false) : m_listening->stop(); });
+    addButton(row, effects, tr("Listen"));
+    connect(m_listening, &Listening::failed, &m_session, &Session::message);
+    connect(m_listening, &Listening::activeChanged, this, [effects, plain](bool isActive) {
+        if (isActive)
+            return;
+        effects->setChecked(false);
+        plain->setChecked(false);
+    });
+    // One of them at a time.
+    connect(effects, &QAction::toggled, plain, [plain](bool isOn) { plain->setChecked(plain->isChecked() && !isOn); });
+    connect(plain, &QAction::toggled, effects,
+            [effects](bool isOn) { effects->setChecked(effects->isChecked() && !isOn); });
+}
+
+/// From the play head on; of the clip's tracks the first one that is chosen.
+void TimeLine::listen(bool withEffects)
+{
+    const zokit::FileSettings* file = m_session.current();
+    const zokit::MediaInfo* media = file ? m_session.mediaOf(file) : nullptr;
+    if (!media)
+        return;
+    zokit::SoundQuestion question;
+    question.settings = file->settings();
+    question.media = *media;
+    question.from = m_frames.seconds();
+    question.withEffects = withEffects;
+    for (const zokit::Identity track : file->items(QStringLiteral("Audio"))) {
+        const bool isOfClip = !file->value(track, QStringLiteral("audio_isfile")).toBool();
+        if (question.stream < 0 && isOfClip && file->value(track, QStringLiteral("selected")).toBool())
+            question.stream = file->value(track, QStringLiteral("trackid")).toInt();
+    }
+    m_listening->start(question);
+}
+
 double TimeLine::length() const
 {
     const zokit::FileSettings* file = m_session.current();
     const zokit::MediaInfo* media = file ? m_session.mediaOf(file) : nullptr;
-    return media && media->picture() ? media->seconds : 0;
+    return media ? media->seconds : 0;
 }
 
 void TimeLine::showFile()
 {
     const zokit::FileSettings* file = m_session.current();
     const zokit::Identity shown = file ? file->file() : 0;
-    if (shown != m_shown)
+    if (shown != m_shown) {
         setPlaying(false);
+        m_listening->stop();
+    }
     m_shown = shown;
     const bool isSeen = length() > 0;
     m_bar->setEnabled(isSeen);

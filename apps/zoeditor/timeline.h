@@ -9,11 +9,13 @@
 #include <QWidget>
 
 class QAction;
+class QHBoxLayout;
 class QLabel;
 
 namespace zoeditor {
 
 class Actions;
+class Listening;
 class Session;
 class ShownFrames;
 
@@ -42,7 +44,8 @@ private:
     int m_to = 0;
 };
 
-/// Where in the clip the picture is taken from: to look for a place, step, play, and mark the part that is converted.
+/// Where in the clip the picture is taken from: to look for a place, step, play,
+/// listen, and mark the part that is converted.
 class TimeLine : public QWidget {
     Q_OBJECT
 
@@ -54,6 +57,11 @@ public:
     bool isPlaying() const { return m_play.isActive(); }
 
 private:
+    template <typename Slot>
+    QAction* connectAction(const Actions& actions, const char* name, Slot slot);
+    void addButton(QHBoxLayout* row, QAction* action, const QString& shortText);
+    void makeListening(const Actions& actions, QHBoxLayout* row);
+    void listen(bool withEffects);
     void showFile();
     void showMoment();
     void showPart();
@@ -69,6 +77,7 @@ private:
     QLabel* m_time;
     QVector<QAction*> m_actions;
     QAction* m_playAction = nullptr;
+    Listening* m_listening;
     QTimer m_play;
     QElapsedTimer m_playTime;
     double m_playFrom = 0;

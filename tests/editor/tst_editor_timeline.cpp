@@ -1,12 +1,15 @@
 // SPDX-FileCopyrightText: 2026 The libzoeffect developers
 // SPDX-License-Identifier: MIT
 
+#include <cmath>
+
 #include <QtTest>
 #include <QtWidgets>
 
 #include <zokit/filesettings.h>
 #include <zokit/history.h>
 
+#include <actions.h>
 #include <picturepane.h>
 #include <shownframes.h>
 #include <timeline.h>
@@ -28,7 +31,9 @@ private slots:
     void playingEndsAtTheEnd();
     void beginAndEndAreMarked();
     void beginBehindTheEndTakesTheRest();
-    void withoutAPictureThereIsNoTime();
+    void withoutAFileThereIsNoTime();
+    void soundIsListenedTo();
+    void withoutAPlayerThatIsSaid();
 };
 
 namespace {
@@ -146,11 +151,58 @@ void TestEditorTimeLine::beginBehindTheEndTakesTheRest()
     QCOMPARE(clip.bar->partEnd(), clip.bar->maximum());
 }
 
-void TestEditorTimeLine::withoutAPictureThereIsNoTime()
+void TestEditorTimeLine::withoutAFileThereIsNoTime()
 {
-    const Stage stage({clips::clip(key("sound.wav"))});
+    const Stage stage;
     QVERIFY(!stage.find<TimeBar>("time")->isEnabled());
     QVERIFY(!stage.trigger("play"));
+}
+
+/// The player of this test keeps what it is given.
+void TestEditorTimeLine::soundIsListenedTo()
+{
+    const QTemporaryDir players;
+    const QString heard = players.filePath(key("heard"));
+    QFile script(players.filePath(key("pw-play")));
+    QVERIFY(script.open(QIODevice::WriteOnly));
+    script.write("#!/bin/sh\ncat \"$1\" >> '" + QFile::encodeName(heard) + "'\n");
+    script.setPermissions(script.permissions() | QFile::ExeOwner);
+    script.close();
+    const QByteArray path = qgetenv("PATH");
+    qputenv("PATH", QFile::encodeName(players.path()) + ':' + path);
+    const Stage stage({clips::clip(key("sound.wav"))});
+    const auto pieceOf = [&](const char* action) {
+        QFile::remove(heard);
+        stage.trigger(action);
+        if (!QTest::qWaitFor([&] { return !stage.window().actions().action(action)->isChecked(); }, 60000))
+            qWarning("The player did not end");
+        QFile file(heard);
+        file.open(QIODevice::ReadOnly);
+        return file.readAll();
+    };
+    stage.find<TimeBar>("time")->setValue(100);
+    zokit::FileSettings* file = stage.file(0);
+    file->setValue(file->type(key("Audio_Normalize")), key("audio_effect_flag"), true);
+    const QByteArray withEffects = pieceOf("listen");
+    const QByteArray plain = pieceOf("listenPlain");
+    qputenv("PATH", path);
+    QCOMPARE(withEffects.left(4), QByteArray("RIFF"));
+    QCOMPARE(withEffects.size(), plain.size());
+    QVERIFY(withEffects != plain);
+    QVERIFY2(std::abs(plain.size() - 2 * 14400) < 200, qPrintable(QString::number(plain.size()))); // 0.3 seconds.
+}
+
+void TestEditorTimeLine::withoutAPlayerThatIsSaid()
+{
+    const Stage stage({clips::clip(key("sound.wav"))});
+    const QByteArray path = qgetenv("PATH");
+    qputenv("PATH", "/nowhere");
+    stage.trigger("listen");
+    const bool isSaid =
+        QTest::qWaitFor([&] { return stage.status().contains(key("There is no player for sound")); }, 60000);
+    qputenv("PATH", path);
+    QVERIFY(isSaid);
+    QVERIFY(!stage.window().actions().action("listen")->isChecked());
 }
 
 EDITOR_TEST_MAIN(TestEditorTimeLine)

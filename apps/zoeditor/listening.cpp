@@ -1,0 +1,98 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include "listening.h"
+
+#include <QFile>
+#include <QStandardPaths>
+
+namespace zoeditor {
+
+namespace {
+
+struct Player {
+    const char* program;
+    QStringList arguments; ///< Before the file.
+};
+
+/// The first one that is there.
+zokit::Command playerFor(const QString& file)
+{
+    const QVector<Player> players{
+        {"pw-play", {}},
+        {"paplay", {}},
+        {"aplay", {QStringLiteral("-q")}},
+        {"ffplay",
+         {QStringLiteral("-nodisp"), QStringLiteral("-autoexit"), QStringLiteral("-v"), QStringLiteral("quiet")}},
+    };
+    zokit::Command command;
+    for (const Player& player : players) {
+        command.program = QStandardPaths::findExecutable(QString::fromLatin1(player.program));
+        command.arguments = player.arguments + QStringList{file};
+        if (!command.program.isEmpty())
+            break;
+    }
+    return command;
+}
+
+} // namespace
+
+Listening::Listening(const zokit::Tools& tools, QObject* parent) : QObject(parent), m_samples(tools)
+{
+    connect(&m_samples, &zokit::SoundSamples::answered, this, &Listening::play);
+    connect(&m_player, &zokit::Child::finished, this, [this](const zokit::ChildResult& result) {
+        if (m_samples.isRunning())
+            return; // Another piece is being made.
+        if (!result.isGood() && result.end != zokit::ChildEnd::Cancelled)
+            return fail(tr("The player gave up: %1").arg(result.lastWords()));
+        emit activeChanged(false);
+    });
+}
+
+void Listening::start(const zokit::SoundQuestion& question)
+{
+    const bool wasActive = isActive();
+    m_player.cancel();
+    m_samples.ask(question);
+    if (!wasActive)
+        emit activeChanged(true);
+}
+
+void Listening::stop()
+{
+    const bool isMaking = m_samples.isRunning();
+    m_samples.cancel();
+    if (m_player.isRunning())
+        m_player.cancel(); // Its end is told.
+    else if (isMaking)
+        emit activeChanged(false);
+}
+
+bool Listening::isActive() const
+{
+    return m_samples.isRunning() || m_player.isRunning();
+}
+
+void Listening::play(const zokit::SoundAnswer& answer)
+{
+    if (!answer.error.isEmpty())
+        return fail(answer.error.text());
+    QFile file(m_folder.filePath(QStringLiteral("listen.wav")));
+    if (!file.open(QIODevice::WriteOnly) || file.write(answer.wave) != answer.wave.size() || !file.flush())
+        return fail(tr("The sound cannot be kept in %1: %2").arg(m_folder.path(), file.errorString()));
+    const zokit::Command command = playerFor(file.fileName());
+    if (command.program.isEmpty())
+        return fail(
+            tr("There is no player for sound. Install one, for example with: apt-get install pulseaudio-utils"));
+    if (m_player.isRunning()) // The one before has been told to end, and has not yet.
+        return fail(tr("The player does not end. Try again."));
+    m_player.start(command);
+}
+
+void Listening::fail(const QString& sentence)
+{
+    emit failed(sentence);
+    emit activeChanged(false);
+}
+
+} // namespace zoeditor

@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QObject>
+#include <QTemporaryDir>
+
+#include <zokit/child.h>
+#include <zokit/soundsamples.h>
+
+namespace zoeditor {
+
+/// Plays a piece of sound as it will come out, by a player of the system.
+class Listening : public QObject {
+    Q_OBJECT
+
+public:
+    /// Silent.
+    explicit Listening(const zokit::Tools& tools, QObject* parent = nullptr);
+
+    /// Makes the piece and plays it; what played before ends.
+    void start(const zokit::SoundQuestion& question);
+    /// Silent again.
+    void stop();
+    /// From start() until the piece has ended.
+    bool isActive() const;
+
+signals:
+    /// isActive() answers \a isActive from now on.
+    void activeChanged(bool isActive);
+    /// Why nothing is heard.
+    void failed(const QString& sentence);
+
+private:
+    void play(const zokit::SoundAnswer& answer);
+    void fail(const QString& sentence);
+
+    zokit::SoundSamples m_samples;
+    zokit::Child m_player;
+    QTemporaryDir m_folder;
+};
+
+} // namespace zoeditor
