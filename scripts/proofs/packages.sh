@@ -13,11 +13,12 @@ usage: packages
 
 Makes the Debian packages twice, of this checkout and of a clone in another folder, with another mask, language and
 time zone, and compares them bit by bit. Then it makes a bare Debian by debootstrap (build/packages-root), installs
-the packages there beside nothing but compiler, CMake and both Qts, and builds and runs
+the packages there beside nothing but compiler, CMake, ffmpeg and both Qts, and builds and runs
 
   the hosts of the guide's first two chapters, on the kit and on the library alone, by the commands that stand there,
   the consumer project of the tests with either Qt, by CMake and by pkg-config,
-  all programs of the guide, from where libzoeffect-doc puts them.
+  all programs of the guide, from where libzoeffect-doc puts them,
+  and zoconvert, which converts a clip.
 
 At last it removes the packages and looks for what is left behind. Takes root, a checkout without changes, and some
 five minutes.
@@ -87,7 +88,8 @@ libzoeffect1_${version}_$architecture.deb
 libzoeffectkit-dev_${version}_$architecture.deb
 libzoeffectkit-qt6-1_${version}_$architecture.deb
 libzoeffectkit-qt6-dev_${version}_$architecture.deb
-libzoeffectkit1_${version}_$architecture.deb" "$(cd build/packages && printf '%s\n' *)" || true
+libzoeffectkit1_${version}_$architecture.deb
+zoeffect-tools_${version}_$architecture.deb" "$(cd build/packages && printf '%s\n' *)" || true
 for package in build/packages/*.deb; do
     check "packages: ${package##*/} is the same, bit by bit" \
         cmp "$package" "$other/build/packages/${package##*/}" || true
@@ -101,8 +103,8 @@ mount_in proc /proc
 echo 'APT::Install-Recommends "false";' > "$root/etc/apt/apt.conf.d/only-what-is-needed"
 mkdir "$root"/root/{first-host,from-nothing}
 # What the chapter asks for besides comes first: what has come after that, and stays, is the packages' own.
-check 'packages: compiler and CMake are installed' enter sh -c \
-    'apt-get update && apt-get install --yes cmake g++ libgl-dev make pkgconf qt6-base-dev qtbase5-dev' || finish
+check 'packages: compiler, CMake and ffmpeg are installed' enter sh -c \
+    'apt-get update && apt-get install --yes cmake ffmpeg fonts-dejavu-core g++ libgl-dev make pkgconf qt6-base-dev qtbase5-dev' || finish
 files_inside > "$folder/before"
 
 cp build/packages/*.deb "$root/root/first-host"
@@ -122,7 +124,7 @@ check 'packages: the first chapter installs the kit' enter sh -euc 'cd /root/fir
 check 'packages: all others are installed beside them' \
     enter sh -c 'apt-get install --yes /root/first-host/*.deb' || true
 readonly packages=(libzoeffect1 libzoeffect-dev libzoeffect-qt6-1 libzoeffect-qt6-dev libzoeffectkit1 libzoeffectkit-dev
-    libzoeffectkit-qt6-1 libzoeffectkit-qt6-dev libzoeffect-common-dev libzoeffect-doc)
+    libzoeffectkit-qt6-1 libzoeffectkit-qt6-dev libzoeffect-common-dev libzoeffect-doc zoeffect-tools)
 files_inside > "$folder/installed"
 enter dpkg -L "${packages[@]}" | LC_ALL=C sort -u > "$folder/owned"
 same 'packages: nothing has come but what is theirs' '' \
@@ -162,6 +164,17 @@ check 'packages: the programs of the guide are built' enter sh -euc \
 for program in examples/*.cpp; do
     name=example-$(basename "$program" .cpp)
     check "packages: $name runs" enter sh -euc "cd /root/examples && QT_QPA_PLATFORM=offscreen ./$name" || true
+done
+
+same 'packages: zoconvert finds ffmpeg' "zoconvert $(scripts/version)
+ffmpeg" "$(enter zoconvert --version | sed 's/^ffmpeg .*/ffmpeg/')" || true
+check 'packages: zoconvert converts a clip' enter sh -euc 'cd /root &&
+    ffmpeg -v error -nostdin -f lavfi -i testsrc2=size=320x240:duration=1 clip.mkv &&
+    zoconvert convert clip.mkv --crop 0,0,160,120 --text Hello -o cropped.mkv' || true
+same 'packages: as it was told' 160x120 "$(enter ffprobe -v error -show_entries stream=width,height -of csv=p=0:s=x \
+    /root/cropped.mkv)" || true
+for file in bash-completion/completions/zoconvert zsh/vendor-completions/_zoconvert man/man1/zoconvert.1.gz; do
+    check "packages: zoconvert has its ${file%%/*}" test -s "$root/usr/share/$file" || true
 done
 
 # --- Removed -------------------------------------------------------------------------------------------------------
