@@ -10,6 +10,7 @@
 #include <QTemporaryDir>
 
 #include "console.h"
+#include "existing.h"
 #include "run.h"
 #include "runner.h"
 #include "signals.h"
@@ -54,7 +55,7 @@ int command(const Invocation& invocation)
         return refused(say(Say::OneFileOnly, {invocation.words.first()}), Usage);
     FileJob& file = files.front();
     refusedOutputs(invocation, &files);
-    if (file.error == say(Say::Exists, {file.output}))
+    if (file.error == thereAlready(file.output))
         file.error.clear(); // Nothing is written.
     const RunOptions options = runOptions(invocation);
     if (const QString wrong = makeSettings(invocation, options, &source, &files); !wrong.isEmpty())
@@ -79,6 +80,8 @@ int command(const Invocation& invocation)
     source.onEnd = [&] { conversion.cancel(); };
     conversion.prepare(file.job, folder);
     loop.exec();
+    for (const QString& warning : file.warnings)
+        console::warning(warning, file.input);
     for (const zokit::Message& warning : result.warnings)
         console::warning(warning.text(), file.input);
     if (result.outcome != zokit::Outcome::Done)

@@ -5,8 +5,9 @@
 
 #include <QFileInfo>
 
+#include <zokit/message.h>
+
 #include "console.h"
-#include "words.h"
 
 namespace zoconvert {
 
@@ -24,13 +25,18 @@ bool isThere(const QString& path)
     return info.exists() || info.isSymLink();
 }
 
+QString thereAlready(const QString& path)
+{
+    return zokit::Message(zokit::Message::Code::OutputExists, {path}).text();
+}
+
 bool anyExists(const QStringList& files)
 {
     bool any = false;
     for (const QString& file : files) {
         if (!isThere(file))
             continue;
-        console::error(say(Say::Exists, {file}));
+        console::error(thereAlready(file));
         any = true;
     }
     return any;

@@ -17,6 +17,8 @@ Existing existingOf(const Invocation& invocation);
 
 /// Whether there is anything under the name \a path, a link that leads nowhere, too.
 bool isThere(const QString& path);
+/// What is said of a result that is there: with what to do.
+QString thereAlready(const QString& path);
 /// Names each of \a files that is there already, with what to do. False: none is.
 bool anyExists(const QStringList& files);
 

@@ -6,6 +6,7 @@
 #include <QFileInfo>
 
 #include <zokit/opening.h>
+#include <zokit/placement.h>
 #include <zokit/presets.h>
 #include <zokit/settingsfile.h>
 #include <zokit/tracks.h>
@@ -36,6 +37,11 @@ ProbedInput probeInput(const QString& name, const Invocation& invocation)
 }
 
 namespace {
+
+QString sizeText(const QSize& size)
+{
+    return QStringLiteral("%1x%2").arg(size.width()).arg(size.height());
+}
 
 /// \a file with the tracks of its clip: those of the rules selected, each an item. The sentence says why not.
 QString chooseTracks(zokit::FileSettings& file, const zokit::MediaInfo& media)
@@ -106,7 +112,17 @@ Input inputOf(const QString& name, const zokit::Settings& settings, const zokit:
     Input input;
     input.name = name;
     input.media = media;
-    input.settings = std::make_unique<zokit::FileSettings>(settings);
+    zokit::Settings fitted = settings;
+    if (const zokit::MediaStream* picture = media.picture()) {
+        const QSize told = settings.media.frame;
+        if (!told.isEmpty() && told != picture->shown) {
+            fitted = zokit::rescaled(settings, picture->shown);
+            input.warnings.append(
+                zokit::Message(zokit::Message::Code::Rescaled, {sizeText(told), sizeText(picture->shown)}).text());
+        }
+        fitted.media.frame = picture->shown;
+    }
+    input.settings = std::make_unique<zokit::FileSettings>(fitted);
     return input;
 }
 

@@ -20,6 +20,7 @@ struct Input {
     QString name;                                  ///< As it was typed.
     std::unique_ptr<zokit::FileSettings> settings; ///< Null: refused.
     std::optional<zokit::MediaInfo> media;         ///< What a media file consists of; nothing for a settings file.
+    QStringList warnings;                          ///< What became of the settings unasked.
     QString error;                                 ///< Names the file.
     int code = Done;                               ///< Failed: missing or no media; Usage: settings that are refused.
 };
@@ -37,7 +38,8 @@ ProbedInput probeInput(const QString& name, const Invocation& invocation);
 /// The media file or, where it ends in ".json", the settings file \a name. Settings of a clip begin with the saved
 /// defaults and have an item for each track of it.
 Input loadInput(const QString& name, const Invocation& invocation);
-/// The same for a clip, and for a settings file, whose clip was looked into already.
+/// The same for a clip, and for a settings file, whose clip was looked into already: settings for another frame are
+/// rescaled, with a warning.
 Input inputOf(const QString& name, const zokit::MediaInfo& media);
 Input inputOf(const QString& name, const zokit::Settings& settings, const zokit::MediaInfo& media);
 /// Applies the edits of \a invocation, and chooses the tracks of a clip as they ask for. What is refused becomes the

@@ -124,6 +124,7 @@ QString settingsOf(FileJob* file, const Invocation& invocation)
             return refused.text();
     }
     file->job.settings = input.settings->settings();
+    file->warnings = input.warnings;
     if (const QString missing = missingIn(file->job.settings); !missing.isEmpty())
         return named(file->input, missing);
     for (const QString& other : zokit::namedTrackFiles(file->job.settings)) {

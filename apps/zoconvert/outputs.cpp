@@ -288,7 +288,7 @@ QStringList refusedOutputs(const Invocation& invocation, FileJobs* files)
             file.isThere = word == QLatin1String("skip");
             if (file.isThere)
                 continue;
-            file.error = say(Say::Exists, {file.output});
+            file.error = thereAlready(file.output);
             refused.append(file.error);
         }
     }

@@ -22,6 +22,7 @@ struct FileJob {
     QString output;                                        ///< As it is shown.
     std::optional<zokit::Settings> loaded;                 ///< What a settings file among the inputs holds.
     zokit::Job job;                                        ///< Input and output as absolute paths.
+    QStringList warnings;                                  ///< Of its settings.
     QString error;                                         ///< Why it fails before it begins; names the file.
     zokit::FailureKind kind = zokit::FailureKind::Lasting; ///< Of the error.
     bool isThere = false;                                  ///< The result is there, and the file is left out.

@@ -34,7 +34,7 @@ int plan(const Invocation& invocation)
     refusedOutputs(invocation, &files);
     for (FileJob& file : files) {
         file.isThere = false; // What is there by then is skipped by work.
-        if (file.error == say(Say::Exists, {file.output}))
+        if (file.error == thereAlready(file.output))
             file.error.clear();
     }
     const RunOptions options = runOptions(invocation);
@@ -50,6 +50,8 @@ int plan(const Invocation& invocation)
     QByteArray lines;
     int number = 0;
     for (const FileJob& file : files) {
+        for (const QString& warning : file.warnings)
+            console::warning(warning, file.input);
         result.outcomes.append(refused(file.error) ? zokit::Outcome::Failed : zokit::Outcome::Done);
         if (file.error.isEmpty() && result.signal == 0)
             lines += planLine(++number, file, told);

@@ -12,7 +12,6 @@
 #include <zokit/frames.h>
 #include <zokit/graph.h>
 #include <zokit/outputoptions.h>
-#include <zokit/placement.h>
 #include <zokit/trackplan.h>
 
 #include "console.h"
@@ -40,11 +39,6 @@ Scene refused(const QString& error, int code)
     return scene;
 }
 
-QString sizeText(const QSize& size)
-{
-    return QStringLiteral("%1x%2").arg(size.width()).arg(size.height());
-}
-
 /// Sets what the command line says of the output; the sentence says what is refused.
 QString setOutput(zokit::FileSettings& file, const Invocation& invocation)
 {
@@ -62,8 +56,17 @@ QString setOutput(zokit::FileSettings& file, const Invocation& invocation)
 Scene sceneOf(const QString& word, const Invocation& invocation)
 {
     Input input = loadInput(word, invocation);
+    if (input.settings && !input.media) {
+        const zokit::Settings settings = input.settings->settings();
+        const ProbedInput probed = probeInput(settings.media.file, invocation);
+        if (!probed.media)
+            return refused(named(word, probed.error), Failed);
+        input = inputOf(word, settings, *probed.media);
+    }
     if (input.settings)
         edit(input, invocation);
+    for (const QString& warning : input.warnings)
+        console::warning(warning, word);
     if (!input.error.isEmpty())
         return refused(input.error, input.code);
     if (const QString error = setOutput(*input.settings, invocation); !error.isEmpty())
@@ -71,25 +74,8 @@ Scene sceneOf(const QString& word, const Invocation& invocation)
 
     Scene scene;
     scene.settings = input.settings->settings();
-    if (!input.media) {
-        const ProbedInput probed = probeInput(scene.settings.media.file, invocation);
-        if (!probed.media)
-            return refused(named(word, probed.error), Failed);
-        input.media = probed.media;
-    }
-    const zokit::MediaStream* picture = input.media->picture();
-    if (!picture)
+    if (!input.media->picture())
         return refused(zokit::Message(zokit::Message::Code::NoPicture, {word}).text(), Failed);
-    const QSize told = scene.settings.media.frame;
-    if (told != picture->shown) {
-        if (!told.isEmpty()) {
-            scene.settings = zokit::rescaled(scene.settings, picture->shown);
-            console::warning(
-                zokit::Message(zokit::Message::Code::Rescaled, {sizeText(told), sizeText(picture->shown)}).text(),
-                word);
-        }
-        scene.settings.media.frame = picture->shown;
-    }
 
     QMap<QString, zokit::MediaInfo> files;
     for (const QString& file : zokit::namedTrackFiles(scene.settings)) {

@@ -89,6 +89,8 @@ private:
         } else if (file.isHeldBack || (m_hasFailed && m_options.stopsAtFailure)) {
             end(place, zokit::Outcome::Skipped, say(Say::NotBegun));
         } else {
+            for (const QString& warning : file.warnings)
+                m_progress->warned(file, warning);
             zokit::Job job = file.job;
             if (!job.threads)
                 job.threads = m_options.threads;

@@ -35,7 +35,6 @@ constexpr Text texts[] = {
     {Say::NeedsOption,    QT_TRANSLATE_NOOP("zoconvert", "%1 needs %2.")},
     {Say::NotUtf8,        QT_TRANSLATE_NOOP("zoconvert", "This name is not in UTF-8. Rename the file.")},
     {Say::OptionNotUtf8,  QT_TRANSLATE_NOOP("zoconvert", "%1 is not in UTF-8.")},
-    {Say::Exists,         QT_TRANSLATE_NOOP("zoconvert", "%1 exists. Add --existing skip or --existing replace.")},
     {Say::PresetThere,    QT_TRANSLATE_NOOP("zoconvert", "There is a preset %1 already. Choose another name, or add --overwrite.")},
     {Say::FileThere,      QT_TRANSLATE_NOOP("zoconvert", "%1 exists. Choose another name, or add --overwrite.")},
     {Say::SeveralInputs,  QT_TRANSLATE_NOOP("zoconvert", "%1 is no folder, and several inputs need one.")},

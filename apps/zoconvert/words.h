@@ -23,7 +23,6 @@ enum class Say {
     NeedsOption,    ///< 1: the command, 2: the option.
     NotUtf8,
     OptionNotUtf8, ///< 1: the argument.
-    Exists,        ///< 1: the file.
     PresetThere,   ///< 1: the preset.
     FileThere,     ///< 1: the file.
     SeveralInputs, ///< 1: the file.

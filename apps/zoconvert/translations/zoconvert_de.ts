@@ -56,10 +56,6 @@
         <translation>%1 ist nicht in UTF-8.</translation>
     </message>
     <message>
-        <source>%1 exists. Add --existing skip or --existing replace.</source>
-        <translation>%1 gibt es schon. Fügen Sie --existing skip oder --existing replace hinzu.</translation>
-    </message>
-    <message>
         <source>There is a preset %1 already. Choose another name, or add --overwrite.</source>
         <translation>Es gibt schon eine Vorlage %1. Wählen Sie einen anderen Namen oder fügen Sie --overwrite hinzu.</translation>
     </message>
