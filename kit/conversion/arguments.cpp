@@ -232,13 +232,14 @@ private:
         const bool first = m_counts[letter] == 0;
         const QString which = next(letter);
         m_outputs << QStringLiteral("-map")
-                  << (isEncodedPicture ? QStringLiteral("[picture]")
-                                       : QStringLiteral("%1:%2").arg(input).arg(track.track.index));
+                  << (isEncodedPicture
+                          ? QStringLiteral("[picture]")
+                          : QStringLiteral("%1:%2").arg(input).arg(track.isScripted ? 0 : track.track.index));
         if (isEncodedPicture)
             encodePicture(*stream);
         else if (letter == 'a' && track.fate == TrackFate::Encoded)
             encodeSound(track, *stream, place);
-        else if (track.fate == TrackFate::Converted)
+        else if (track.fate == TrackFate::Converted && !track.isRestyled)
             m_outputs << QStringLiteral("-c") + which << encoderOf(track.codec);
         else
             m_outputs << QStringLiteral("-c") + which << QStringLiteral("copy");
@@ -260,19 +261,20 @@ private:
 
     int inputOf(const TrackPlan& track, char letter)
     {
-        if (!track.file.isEmpty()) {
+        const QString file = track.isScripted ? m_helpers.softScript : track.file;
+        if (!file.isEmpty()) {
             QStringList options;
             if (track.loops) {
                 options << QStringLiteral("-stream_loop") << QStringLiteral("-1");
                 m_loops = true;
-            } else if (m_part.isTrimmed) {
+            } else if (m_part.isTrimmed && !track.isScripted) {
                 options = partOptions(m_part);
             }
             if (letter == 'a')
                 m_hasSoundFile = true;
             else
                 options << scaleOptions();
-            return addInput(options, track.file);
+            return addInput(options, file);
         }
         if (letter != 's' || m_speed == 1)
             return 0;

@@ -4,6 +4,7 @@
 #include <zokit/conversion.h>
 
 #include <algorithm>
+#include <cmath>
 
 #include <QBuffer>
 #include <QFile>
@@ -15,7 +16,9 @@
 #include <zokit/placement.h>
 #include <zokit/progress.h>
 
+#include "assscript_p.h"
 #include "codecs_p.h"
+#include "keyframe_p.h"
 #include "partfile_p.h"
 #include "trackplan_p.h"
 
@@ -27,7 +30,7 @@ using Code = Message::Code;
 
 /// One child of the preparation: what it is for, and what it makes.
 struct Step {
-    enum What { Extract, Cover, Measure } what;
+    enum What { KeyFrame, Extract, Cover, Measure } what;
     int number = 0; ///< Stream of a cover, place of a track to be measured.
     Command command;
 };
@@ -274,7 +277,9 @@ bool Conversion::Private::makeHelpers()
     const QImage watermark = m_plan.videoCodec.isEmpty() ? QImage() : watermarkPicture(m_job.settings);
     const bool ownChapters = !m_media.chapters.isEmpty()
                              && (clipPart(m_job.settings, m_media).isTrimmed || speedFactor(m_job.settings) != 1);
-    const bool extracts = m_plan.subtitle.use == SubtitleUse::BurnText;
+    const bool extracts = m_plan.subtitle.use == SubtitleUse::BurnText
+                          || std::any_of(m_plan.tracks.cbegin(), m_plan.tracks.cend(),
+                                         [](const TrackPlan& track) { return track.isScripted; });
     const bool hasCovers = std::any_of(m_plan.tracks.cbegin(), m_plan.tracks.cend(),
                                        [](const TrackPlan& track) { return track.fate == TrackFate::Attached; });
     if (m_folder.isEmpty() && (!watermark.isNull() || ownChapters || extracts || hasCovers)) {
@@ -294,6 +299,9 @@ bool Conversion::Private::makeHelpers()
     if (ownChapters
         && !writeHelper(QStringLiteral("chapters.txt"), chaptersText(m_job.settings, m_media), &m_helpers.chapters))
         return false;
+    const ClipPart part = clipPart(m_job.settings, m_media);
+    if (part.isTrimmed && part.from > 0 && m_media.picture() && m_plan.videoCodec.isEmpty())
+        m_steps.append({Step::KeyFrame, 0, keyFrameCommand(m_tools, m_media, part.from)});
     if (extracts)
         m_steps.append({Step::Extract, 0, extractCommand(m_tools, m_media, m_plan.subtitle)});
     for (int i = 0; i < m_plan.tracks.size(); ++i) {
@@ -316,14 +324,16 @@ void Conversion::Private::nextStep()
     if (m_steps.isEmpty())
         return convert();
     m_command = m_steps.first().command;
-    m_commands.append(m_command);
-    m_child.collect(m_steps.first().what == Step::Extract);
+    const Step::What what = m_steps.first().what;
+    if (what != Step::KeyFrame) // It tells, and makes nothing.
+        m_commands.append(m_command);
+    m_child.collect(what == Step::Extract || what == Step::KeyFrame);
     m_child.start(m_command);
 }
 
 void Conversion::Private::took(const Step& step, const ChildResult& result)
 {
-    if (!result.isGood())
+    if (!result.isGood() && step.what != Step::KeyFrame)
         return fail(reasonOf(result, step.command), kindOf(result));
     if (step.what == Step::Extract) {
         const QVector<Item>& tracks = m_job.settings.find(QStringLiteral("Subtitle"))->items;
@@ -331,12 +341,31 @@ void Conversion::Private::took(const Step& step, const ChildResult& result)
         ScriptParts parts;
         parts.frame = baseFrame(m_job.settings);
         parts.hasOwnStyles = m_plan.subtitle.hasOwnStyles;
-        const OwnSubtitles own = ownSubtitles(result.output, track.values, parts);
+        parts.soft = m_plan.subtitle.use == SubtitleUse::Soft;
+        OwnSubtitles own = ownSubtitles(result.output, track.values, parts);
+        if (parts.soft) {
+            const bool isRestyled = std::any_of(m_plan.tracks.cbegin(), m_plan.tracks.cend(),
+                                                [](const TrackPlan& plan) { return plan.isRestyled; });
+            if (!isRestyled)
+                own.script = result.output;
+            if (const ClipPart part = clipPart(m_job.settings, m_media); part.isTrimmed)
+                own.script = cutToPart(own.script, part.from, part.seconds);
+        }
         if (own.events == 0)
             warn(Message(Code::NoSubtitleLines));
-        if (!writeHelper(QStringLiteral("subtitles.ass"), own.script, &m_helpers.subtitleScript))
+        QString* place = parts.soft ? &m_helpers.softScript : &m_helpers.subtitleScript;
+        if (!writeHelper(QStringLiteral("subtitles.ass"), own.script, place))
             return;
         m_helpers.subtitleInColour = own.inColour;
+    } else if (step.what == Step::KeyFrame) {
+        const double from = clipPart(m_job.settings, m_media).from;
+        const QString told = QString::number(from, 'f', 3);
+        const std::optional<double> begin = readKeyFrame(result.output, m_media);
+        if (!begin && result.isGood())
+            return fail(Message(Code::NoKeyFrame, {told}));
+        constexpr double seen = 0.001;
+        if (begin && std::abs(*begin - from) > seen)
+            warn(Message(Code::CutAtKeyFrame, {QString::number(std::max(*begin, 0.0), 'f', 3), told}));
     } else if (step.what == Step::Measure) {
         const std::optional<double> peak = measuredPeak(result.words);
         if (!peak)

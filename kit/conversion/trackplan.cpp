@@ -13,6 +13,7 @@
 
 #include "codecs_p.h"
 #include "picture_p.h"
+#include "realeffect_p.h"
 #include "trackplan_p.h"
 
 namespace zokit {
@@ -327,6 +328,7 @@ private:
             const auto found = m_files.constFind(chosen.file);
             if (found != m_files.cend() && !found->streams.isEmpty())
                 plan.track = found->streams.first().track;
+            plan.codec = plan.track.codec;
             if (isBurned())
                 burnIn(plan);
             else
@@ -366,12 +368,33 @@ private:
                 leaveOut(plan, Message(Code::CannotChangeSpeed));
             else if (!isHeld(plan))
                 leaveOut(plan, containerLacks(codec));
+        } else if (takesStyle(plan) && m_plan.container == QLatin1String("mkv")) {
+            plan.fate = TrackFate::Converted;
+            plan.codec = QStringLiteral("ass");
+            plan.isRestyled = plan.isScripted = true;
+            if (codec != plan.codec)
+                plan.why = Message(Code::StyleInAss);
         } else if (!isHeld(plan)) {
             plan.fate = TrackFate::Converted;
             plan.codec = textCodec(m_plan.container, codec);
             plan.why = containerLacks(codec);
         }
+        if (!plan.file.isEmpty() && m_part.isTrimmed && !isBitmapSubtitle(codec)) {
+            plan.fate = TrackFate::Converted;
+            plan.isScripted = true;
+        }
+        if (takesStyle(plan) && !plan.isRestyled)
+            m_plan.warnings.append(Message(Code::StyleLost, {m_plan.container}));
         m_plan.tracks.append(plan);
+    }
+
+    /// Whether the soft track is the chosen one and has a style that it does not bring itself.
+    bool takesStyle(const TrackPlan& plan) const
+    {
+        if (!plan.isSelected || isBitmapSubtitle(plan.track.codec))
+            return false;
+        const QVector<Item>& items = m_settings.find(QStringLiteral("Subtitle"))->items;
+        return isStyled(items.at(m_plan.subtitle.position).values, baseFrame(m_settings));
     }
 
     /// Covers, attachments and data follow as they are where the container holds them.

@@ -3,6 +3,9 @@
 
 #include "assscript_p.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include <QRegularExpression>
 
 namespace zokit {
@@ -24,6 +27,28 @@ int fieldOf(const QStringList& names, const QStringList& any)
             return index;
     }
     return -1;
+}
+
+constexpr int hundredths = 100; // Of a second: the unit of a script's times.
+constexpr int sixty = 60;
+
+/// Of "H:MM:SS.CC"; -1 where it is none.
+qint64 hundredthsOf(const QString& time)
+{
+    static const QRegularExpression form(QStringLiteral(R"(\A\s*(\d+):(\d\d):(\d\d)\.(\d\d)\s*\z)"));
+    const QRegularExpressionMatch match = form.match(time);
+    if (!match.hasMatch())
+        return -1;
+    const qint64 minutes = match.captured(1).toLongLong() * sixty + match.captured(2).toInt();
+    return (minutes * sixty + match.captured(3).toInt()) * hundredths + match.captured(4).toInt();
+}
+
+QString timeOf(qint64 time)
+{
+    const qint64 seconds = time / hundredths;
+    return QString::asprintf("%lld:%02lld:%02lld.%02lld", static_cast<long long>(seconds / sixty / sixty),
+                             static_cast<long long>(seconds / sixty % sixty), static_cast<long long>(seconds % sixty),
+                             static_cast<long long>(time % hundredths));
 }
 
 } // namespace
@@ -116,6 +141,27 @@ QString withoutCommands(const QString& text, bool place, bool colour, bool font)
         end = static_cast<int>(match.capturedEnd());
     }
     return result + text.mid(end);
+}
+
+QByteArray cutToPart(const QByteArray& ass, double from, double seconds)
+{
+    static const QRegularExpression dialogue(QStringLiteral(R"(\ADialogue:([^,]*),([^,]*),([^,]*),(.*)\z)"));
+    const qint64 begin = std::llround(from * hundredths);
+    const qint64 length = std::llround(seconds * hundredths);
+    QStringList lines;
+    for (const QString& line : QString::fromUtf8(ass).split(QLatin1Char('\n'))) {
+        const QRegularExpressionMatch match = dialogue.match(line);
+        const qint64 start = match.hasMatch() ? hundredthsOf(match.captured(2)) : -1;
+        const qint64 end = match.hasMatch() ? hundredthsOf(match.captured(3)) : -1;
+        if (start < 0 || end < 0) {
+            lines.append(line);
+        } else if (end > begin && start < begin + length) {
+            const QStringList fields{match.captured(1), timeOf(std::max(start - begin, qint64(0))),
+                                     timeOf(std::min(end - begin, length)), match.captured(4)};
+            lines.append(QStringLiteral("Dialogue:") + fields.join(QLatin1Char(',')));
+        }
+    }
+    return lines.join(QLatin1Char('\n')).toUtf8();
 }
 
 } // namespace zokit

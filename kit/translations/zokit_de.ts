@@ -1672,6 +1672,22 @@
         <translation>Der Teil beginnt bei %1 s, und der Clip endet bei %2 s. Geben Sie einen früheren an.</translation>
     </message>
     <message>
+        <source>The picture begins at %1 s instead of %2 s: a copy is cut at key frames. Leave out video-codec copy to cut it exactly.</source>
+        <translation>Das Bild beginnt bei %1 s statt bei %2 s: Eine Kopie wird an Schlüsselbildern geschnitten. Lassen Sie video-codec copy weg, um genau zu schneiden.</translation>
+    </message>
+    <message>
+        <source>From %1 s on there is no key frame with which a copy could begin. Leave out video-codec copy.</source>
+        <translation>Ab %1 s gibt es kein Schlüsselbild, mit dem eine Kopie beginnen könnte. Lassen Sie video-codec copy weg.</translation>
+    </message>
+    <message>
+        <source>its style is kept in that form alone</source>
+        <translation>nur diese Form behält seinen Stil</translation>
+    </message>
+    <message>
+        <source>%1 keeps no style of subtitles. Take mkv to keep it, or burn them in.</source>
+        <translation>%1 behält keinen Stil von Untertiteln. Nehmen Sie mkv, um ihn zu behalten, oder brennen Sie sie ein.</translation>
+    </message>
+    <message>
         <source>The subtitles hold no line.</source>
         <translation>Die Untertitel enthalten keine Zeile.</translation>
     </message>

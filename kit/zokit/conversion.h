@@ -43,9 +43,10 @@ struct ZOKIT_EXPORT HelperFiles {
     QString watermark;             ///< watermarkPicture() as PNG; empty: none.
     QString subtitleScript;        ///< Own script of the subtitle that is burned in; empty: none.
     bool subtitleInColour = false; ///< OwnSubtitles::inColour of it.
-    QString chapters;              ///< Where the clip's own do not fit: as ffmpeg's metadata; empty: the clip's own.
-    QMap<int, QString> covers;     ///< By stream number.
-    QMap<int, double> gains;       ///< Decibels by place in TracksPlan::tracks.
+    QString softScript;        ///< Own script of the subtitle that becomes a track; empty: none, or it is as it was.
+    QString chapters;          ///< Where the clip's own do not fit: as ffmpeg's metadata; empty: the clip's own.
+    QMap<int, QString> covers; ///< By stream number.
+    QMap<int, double> gains;   ///< Decibels by place in TracksPlan::tracks.
 };
 
 /// \name What is started, as data

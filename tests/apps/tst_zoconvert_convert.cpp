@@ -7,6 +7,8 @@
 #include <QDirIterator>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QProcess>
+#include <QRegularExpression>
 #include <QtTest>
 
 #include <zokit/probe.h>
@@ -66,6 +68,11 @@ private Q_SLOTS:
     void whatIsReplacedIsReplaced();
     void everyEventIsTold();
     void settingsOfAFileAreUsed();
+    void softSubtitlesKeepTimesAndStyle_data();
+    void softSubtitlesKeepTimesAndStyle();
+    void settingsForAnotherFrameAreRescaled_data();
+    void settingsForAnotherFrameAreRescaled();
+    void aCopyTellsWhereItIsCut();
     void theBarFitsItsLine_data();
     void theBarFitsItsLine();
 };
@@ -228,6 +235,126 @@ void TestZoconvertConvert::settingsOfAFileAreUsed()
     QVERIFY(made.media && made.media->picture());
     QCOMPARE(made.media->picture()->shown, QSize(80, 60));
     QVERIFY(made.media->seconds < 0.3);
+}
+
+void TestZoconvertConvert::softSubtitlesKeepTimesAndStyle_data()
+{
+    QTest::addColumn<Arguments>("arguments");
+    QTest::addColumn<QString>("streams");
+    QTest::addColumn<QStringList>("lines"); // As a script has them.
+    const QString usual = QStringLiteral("Default,,0,0,0,,");
+    const QString hello = QStringLiteral("Dialogue: 0,0:00:00.10,0:00:00.20,") + usual + QStringLiteral("Hello");
+    const QString across = QStringLiteral("Dialogue: 0,0:00:00.20,0:00:00.40,") + usual + QStringLiteral("Across");
+    const auto add = [](const char* name, const Arguments& arguments, const char* streams, const QStringList& lines) {
+        QTest::newRow(name) << arguments << QString::fromUtf8(streams) << lines;
+    };
+    add("as they are", {"-o", "new.mkv"}, "h264 subrip", {hello, across});
+    add("as the container has them", {"-o", "new.mp4"}, "h264 mov_text", {hello, across});
+    // Of 0.15 to 0.35 s: both are cut, and times count from there.
+    const QStringList part{QStringLiteral("Dialogue: 0,0:00:00.00,0:00:00.05,") + usual + QStringLiteral("Hello"),
+                           QStringLiteral("Dialogue: 0,0:00:00.05,0:00:00.20,") + usual + QStringLiteral("Across")};
+    add("of a part", {"-o", "new.mkv", "--trim", "0.15,0.35"}, "h264 subrip", part);
+    add("of a part, as the container has them", {"-o", "new.mp4", "--trim", "0.15,0.35"}, "h264 mov_text", part);
+    add("of a part without the first", {"-o", "new.mkv", "--trim", "0.2,0.35"}, "h264 subrip",
+        {QStringLiteral("Dialogue: 0,0:00:00.00,0:00:00.15,") + usual + QStringLiteral("Across")});
+    // The usual place is 96 of 120, which leaves no room for letters of 34.1: 85 it is.
+    const QString red = QStringLiteral("Style: Default,DejaVu Sans,34.1,&H000000FF,&H000000FF,&H00000000,&H00000000,"
+                                       "0,0,0,0,100,100,0,0,1,2.1,0,8,10,10,96,1");
+    const QString placed = QStringLiteral("Default,,0,0,85,,");
+    add("with a colour", {"-o", "new.mkv", "--set", "Subtitle:0:sub_fontcolor=#ff0000"}, "h264 ass",
+        {red, QStringLiteral("Dialogue: 0,0:00:00.10,0:00:00.20,") + placed + QStringLiteral("Hello"),
+         QStringLiteral("Dialogue: 0,0:00:00.20,0:00:00.40,") + placed + QStringLiteral("Across")});
+    add("with a colour, of a part", {"-o", "new.mkv", "--set", "Subtitle:0:sub_fontcolor=#ff0000", "--trim", "0.2,0.4"},
+        "h264 ass", {red, QStringLiteral("Dialogue: 0,0:00:00.00,0:00:00.20,") + placed + QStringLiteral("Across")});
+}
+
+void TestZoconvertConvert::softSubtitlesKeepTimesAndStyle()
+{
+    QFETCH(Arguments, arguments);
+    QFETCH(QString, streams);
+    QFETCH(QStringList, lines);
+    ProgramRun run;
+    QFile::copy(clips::clip(QStringLiteral("silent.mkv")), run.path("clip.mkv"));
+    run.write("clip.srt", "1\n00:00:00,100 --> 00:00:00,200\nHello\n\n2\n00:00:00,200 --> 00:00:00,400\nAcross\n");
+    run.run(
+        Arguments{"convert", "clip.mkv", "--subtitle", "clip.srt", "--soft-subtitles", "--video-codec", "h264", "-q"}
+        + arguments);
+    QCOMPARE(run.err, QString());
+    const QString made = run.path(arguments.at(1).constData());
+    const zokit::ReadMedia read = zokit::probe(zokit::findTools(), made);
+    QVERIFY(read.media);
+    QStringList codecs;
+    for (const zokit::MediaStream& stream : read.media->streams)
+        codecs.append(stream.track.codec);
+    QCOMPARE(codecs.join(QLatin1Char(' ')), streams);
+    QProcess ffmpeg;
+    ffmpeg.start(zokit::findTools().ffmpeg, {"-v", "error", "-i", made, "-map", "0:s", "-f", "ass", "-"});
+    QVERIFY(ffmpeg.waitForFinished());
+    QStringList found;
+    for (const QString& line : QString::fromUtf8(ffmpeg.readAllStandardOutput()).split(QRegularExpression("\r?\n")))
+        if (line.startsWith(QLatin1String("Dialogue:"))
+            || (line.startsWith(QLatin1String("Style:")) && streams.endsWith(QLatin1String("ass"))))
+            found.append(line);
+    QCOMPARE(found, lines);
+}
+
+void TestZoconvertConvert::settingsForAnotherFrameAreRescaled_data()
+{
+    QTest::addColumn<Arguments>("arguments");
+    QTest::addColumn<QString>("shape");
+    QTest::newRow("as the file says") << Arguments{} << QStringLiteral("40x30");
+    QTest::newRow("an edit is measured in the clip") << Arguments{"--crop", "0,0,160,60"} << QStringLiteral("160x60");
+}
+
+void TestZoconvertConvert::settingsForAnotherFrameAreRescaled()
+{
+    QFETCH(Arguments, arguments);
+    QFETCH(QString, shape);
+    const QString told =
+        QStringLiteral("zoconvert: twice.zoeffect.json: warning: The settings are for 320x240, the clip "
+                       "has 160x120: what is measured in the frame was rescaled.\n");
+    ProgramRun run;
+    fill(run);
+    run.write("twice.zoeffect.json", R"({"zoeffect": 1, "media": {"file": "clip.mp4", "width": 320, "height": 240},
+        "effects": [{"type": "Crop", "values": {"crop_left": 0, "crop_top": 0, "crop_width": 80, "crop_height": 60}}]})");
+    for (const Arguments& command :
+         {Arguments{"convert", "-o", "new.mp4"}, Arguments{"preview"}, Arguments{"plan", "--plan", "p"}}) {
+        run.run(command + arguments + Arguments{"twice.zoeffect.json"});
+        QCOMPARE(run.code, 0);
+        QVERIFY2(run.err.startsWith(told), qPrintable(run.err));
+        QCOMPARE(run.err.count(QStringLiteral("rescaled")), 1);
+    }
+    const zokit::ReadMedia made = zokit::probe(zokit::findTools(), run.path("new.mp4"));
+    QVERIFY(made.media && made.media->picture());
+    const QSize size = made.media->picture()->shown;
+    QCOMPARE(QStringLiteral("%1x%2").arg(size.width()).arg(size.height()), shape);
+    const QImage after(run.path("after.png"));
+    QCOMPARE(QStringLiteral("%1x%2").arg(after.width()).arg(after.height()), shape);
+}
+
+void TestZoconvertConvert::aCopyTellsWhereItIsCut()
+{
+    ProgramRun run;
+    QFile::copy(clips::clip(QStringLiteral("long.ts")), run.path("long.ts")); // A key frame each four seconds.
+    run.run({"convert", "long.ts", "-o", "long.mp4"});
+    QCOMPARE(run.code, 0);
+    const Arguments copied{"convert", "long.mp4", "--video-codec", "copy", "-o", "new.mkv", "--overwrite", "--trim"};
+    run.run(copied + Arguments{"5,7"});
+    QCOMPARE(run.code, 0);
+    QCOMPARE(run.err,
+             QStringLiteral("zoconvert: long.mp4: track 0 (video, h264): copied\n"
+                            "zoconvert: long.mp4: warning: The picture begins at 4.000 s instead of 5.000 s: a "
+                            "copy is cut at key frames. Leave out video-codec copy to cut it exactly.\n"
+                            "zoconvert: long.mp4: done: new.mkv\n"));
+    run.run(copied + Arguments{"4,7"});
+    QCOMPARE(run.err, QStringLiteral("zoconvert: long.mp4: track 0 (video, h264): copied\n"
+                                     "zoconvert: long.mp4: done: new.mkv\n"));
+    // A transport stream goes on to the next key frame, and this one has none.
+    run.run({"convert", "long.ts", "--video-codec", "copy", "-o", "none.mkv", "--trim", "5,7"});
+    QCOMPARE(run.code, 1);
+    QVERIFY2(run.err.endsWith(QStringLiteral("From 5.000 s on there is no key frame with which a copy could begin. "
+                                             "Leave out video-codec copy.\n")),
+             qPrintable(run.err));
 }
 
 void TestZoconvertConvert::theBarFitsItsLine_data()

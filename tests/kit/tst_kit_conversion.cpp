@@ -191,6 +191,17 @@ void TestKitConversion::tracksFollow_data()
          {QStringLiteral("Subtitle"), QVariantMap{{QStringLiteral("sub_fromfile"), true},
                                                   {QStringLiteral("file"), clips::clip(QStringLiteral("text.srt"))}}}},
         "h264 aac mov_text");
+    row("a soft subtitle file to mkv", "plain.mp4", "mkv",
+        {{QStringLiteral("Output:soft-subtitles"), true},
+         {QStringLiteral("Subtitle"), QVariantMap{{QStringLiteral("sub_fromfile"), true},
+                                                  {QStringLiteral("file"), clips::clip(QStringLiteral("text.srt"))}}}},
+        "h264 aac subrip");
+    row("a soft subtitle file with a style to mkv", "plain.mp4", "mkv",
+        {{QStringLiteral("Output:soft-subtitles"), true},
+         {QStringLiteral("Subtitle"), QVariantMap{{QStringLiteral("sub_fromfile"), true},
+                                                  {QStringLiteral("sub_fontsize"), 40},
+                                                  {QStringLiteral("file"), clips::clip(QStringLiteral("text.srt"))}}}},
+        "h264 aac ass");
     row("a sound file", "silent.mkv", "mp4",
         {{QStringLiteral("Audio"), QVariantMap{{QStringLiteral("audio_isfile"), true},
                                                {QStringLiteral("play_loop"), true},
