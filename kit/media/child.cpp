@@ -105,7 +105,8 @@ QString ChildResult::lastWords() const
 {
     QByteArray line;
     for (const QByteArray& candidate : QByteArray(words).replace('\r', '\n').split('\n')) {
-        if (!candidate.trimmed().isEmpty())
+        // ffmpeg says why first, and then at which track it gives up.
+        if (!candidate.trimmed().isEmpty() && !candidate.startsWith("Error initializing output stream"))
             line = candidate.trimmed();
     }
     static const QRegularExpression speaker(QStringLiteral("^(\\[[^\\]]* @ 0x[0-9a-f]+\\] *)+"));
