@@ -44,6 +44,12 @@ QString ProgramRun::files() const
         .join(QLatin1Char(' '));
 }
 
+QByteArray ProgramRun::printed() const
+{
+    QFile file(outFile());
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
 /// By fork and exec, since QProcess takes arguments as text and these may be any bytes.
 qint64 ProgramRun::start(const QList<QByteArray>& arguments, const char* language)
 {

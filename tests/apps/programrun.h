@@ -18,6 +18,8 @@ public:
     /// The same in two steps: start() answers the number of the process, for which wait() waits.
     qint64 start(const QList<QByteArray>& arguments, const char* language = "C.UTF-8");
     void wait();
+    /// What a started run has printed up to now.
+    QByteArray printed() const;
     /// What ZOEFFECT_FFMPEG names from now on.
     void setTools(const QByteArray& folder) { m_tools = folder; }
 
