@@ -41,8 +41,9 @@ TypeSettings resetOf(const TypeSettings& type, const QSize& frame)
 
 } // namespace
 
-/// What a new item of the same kind would get at the place of \a item.
-Item FileSettings::Private::defaultItem(Identity item) const
+/// What a new item of the same kind would get at the place of \a item. Where a watermark would go takes the time to
+/// measure all texts before it: only \a withPlace.
+Item FileSettings::Private::defaultItem(Identity item, bool withPlace) const
 {
     const QString type = things.typeOf(item);
     const Values values = things.values(item);
@@ -57,7 +58,7 @@ Item FileSettings::Private::defaultItem(Identity item) const
     Item fresh = newItem(type, kindOf(type, values), things.baseFrame());
     if (suitOf(type, true, values) == Suit::EmbeddedTrack)
         fresh.selected = false; // Tracks of the clip are there, and chosen by rule or by hand.
-    if (type == types::watermark) {
+    if (type == types::watermark && withPlace) {
         Item shown = fresh; // Its own content and font decide how much room it takes where it begins.
         for (const QString& key : {keys::textContent, keys::imageUrl, keys::imageWidth, keys::imageHeight}) {
             if (values.contains(key))
@@ -78,7 +79,7 @@ QVariant FileSettings::Private::defaultOf(Identity thing, const QString& key) co
         return known ? known->defaultValue() : QVariant();
     }
     if (things.isItem(thing)) {
-        const Item fresh = defaultItem(thing);
+        const Item fresh = defaultItem(thing, isPlace(key));
         return key == own::selected ? QVariant(fresh.selected) : fresh.values.value(key);
     }
     const TypeSettings fresh = newType(type, things.baseFrame());
@@ -92,7 +93,7 @@ QVariant FileSettings::Private::catalogueDefaultOf(Identity thing, const QString
         return key == own::selected ? QVariant(false) : things.value(thing, key);
     if (!things.isItem(thing))
         return key == own::selected ? QVariant(true) : catalogueType(type, things.baseFrame()).values.value(key);
-    return key == own::selected ? QVariant(defaultItem(thing).selected)
+    return key == own::selected ? QVariant(defaultItem(thing, false).selected)
                                 : catalogueItem(type, things.baseFrame()).value(key);
 }
 
@@ -144,7 +145,7 @@ Message FileSettings::resetItem(Identity item, QObject* asker)
 {
     if (!d->things.isItem(item))
         return Message(Code::NoSuchThing);
-    const Item fresh = d->defaultItem(item);
+    const Item fresh = d->defaultItem(item, true);
     Changes changes;
     for (auto it = fresh.values.cbegin(); it != fresh.values.cend(); ++it)
         changes.append({item, it.key(), d->things.value(item, it.key()), it.value()});

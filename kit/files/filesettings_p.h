@@ -49,7 +49,7 @@ public:
     ReadValue read(const QString& type, Suit suit, const QString& key, const QVariant& given,
                    const QString& where) const;
     ReadValue read(Identity thing, const QString& key, const QVariant& given) const;
-    Item defaultItem(Identity item) const;
+    Item defaultItem(Identity item, bool withPlace) const;
     QVariant defaultOf(Identity thing, const QString& key) const;
     QVariant catalogueDefaultOf(Identity thing, const QString& key) const;
     Changes consequences(const Changes& changes) const;
