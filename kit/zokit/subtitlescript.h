@@ -6,6 +6,7 @@
 #include <QByteArray>
 #include <QSize>
 #include <QString>
+#include <QVector>
 
 #include <zokit/message.h>
 #include <zokit/settings.h>
@@ -62,5 +63,14 @@ struct ZOKIT_EXPORT ScriptParts {
 /// a place that was set; else an embedded one takes the colours, one from a file the whole style. Takes a
 /// QGuiApplication. Never fails: what is no dialogue is left out.
 ZOKIT_EXPORT OwnSubtitles ownSubtitles(const QByteArray& ass, const Values& style, const ScriptParts& parts);
+
+/// When something is shown.
+struct ZOKIT_EXPORT SubtitleCue {
+    double from = 0; ///< Seconds from the clip's beginning.
+    double to = 0;   ///< As above.
+    QString text;    ///< In one line, without commands.
+};
+/// The lines of dialogue of \a ass, as ffmpeg extracts them, in their order; those without a length are left out.
+ZOKIT_EXPORT QVector<SubtitleCue> subtitleCues(const QByteArray& ass);
 
 } // namespace zokit

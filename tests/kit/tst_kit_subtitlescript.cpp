@@ -90,6 +90,7 @@ class TestKitSubtitleScript : public QObject {
     Q_OBJECT
 
 private slots:
+    void cuesTellWhenAndWhat();
     void wholeScriptIsWritten();
     void styleIsWritten_data();
     void styleIsWritten();
@@ -380,6 +381,26 @@ void TestKitSubtitleScript::whatCannotBeDoneIsTold()
 
     settings.find(QStringLiteral("Subtitle"))->items.first().values = {{key("trackid"), 3}};
     QVERIFY(zokit::subtitlePlan(settings, clipWithTracks()).hasOwnStyles);
+}
+
+void TestKitSubtitleScript::cuesTellWhenAndWhat()
+{
+    const QByteArray ass = "[Script Info]\nDialogue: 0,0:00:00.00,0:00:09.00,Default,not here\n"
+                           "[Events]\nFormat: Layer, Start, End, Style, Text\r\n"
+                           "Dialogue: 0,0:00:01.50,0:00:02.00,Default,{\\an8}One,\\Ntwo\r\n"
+                           "Comment: 0,0:00:02.00,0:00:03.00,Default,no\n"
+                           "Dialogue: 0,1:02:03.25,1:02:04.00,Default,\n"
+                           "Dialogue: 0,0:00:05.00,0:00:05.00,Default,no time\n"
+                           "Dialogue: 0,soon,later,Default,when?\n"
+                           "Dialogue: 0\n";
+    const QVector<zokit::SubtitleCue> cues = zokit::subtitleCues(ass);
+    QCOMPARE(cues.size(), 2);
+    QCOMPARE(cues.at(0).from, 1.5);
+    QCOMPARE(cues.at(0).to, 2.0);
+    QCOMPARE(cues.at(0).text, QStringLiteral("One, two"));
+    QCOMPARE(cues.at(1).from, 3723.25);
+    QCOMPARE(cues.at(1).text, QString());
+    QVERIFY(zokit::subtitleCues(QByteArray()).isEmpty());
 }
 
 ZOEFFECT_TEST_MAIN(TestKitSubtitleScript)
