@@ -37,11 +37,10 @@ zokit::Command playerFor(const QString& file)
 
 } // namespace
 
-Listening::Listening(const zokit::Tools& tools, QObject* parent) : QObject(parent), m_samples(tools)
+Listening::Listening(const zokit::Tools& tools, QObject* parent) : QObject(parent), m_tools(tools)
 {
-    connect(&m_samples, &zokit::SoundSamples::answered, this, &Listening::play);
     connect(&m_player, &zokit::Child::finished, this, [this](const zokit::ChildResult& result) {
-        if (m_samples.isRunning())
+        if (isMaking())
             return; // Another piece is being made.
         if (!result.isGood() && result.end != zokit::ChildEnd::Cancelled)
             return fail(tr("The player gave up: %1").arg(result.lastWords()));
@@ -53,24 +52,29 @@ void Listening::start(const zokit::SoundQuestion& question)
 {
     const bool wasActive = isActive();
     m_player.cancel();
-    m_samples.ask(question);
+    if (!m_samples) {
+        m_samples = std::make_unique<zokit::SoundSamples>(m_tools);
+        connect(m_samples.get(), &zokit::SoundSamples::answered, this, &Listening::play);
+    }
+    m_samples->ask(question);
     if (!wasActive)
         emit activeChanged(true);
 }
 
 void Listening::stop()
 {
-    const bool isMaking = m_samples.isRunning();
-    m_samples.cancel();
+    const bool wasMaking = isMaking();
+    if (m_samples)
+        m_samples->cancel();
     if (m_player.isRunning())
         m_player.cancel(); // Its end is told.
-    else if (isMaking)
+    else if (wasMaking)
         emit activeChanged(false);
 }
 
 bool Listening::isActive() const
 {
-    return m_samples.isRunning() || m_player.isRunning();
+    return isMaking() || m_player.isRunning();
 }
 
 void Listening::play(const zokit::SoundAnswer& answer)

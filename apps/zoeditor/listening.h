@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <memory>
+
 #include <QObject>
 #include <QTemporaryDir>
 
@@ -16,7 +18,7 @@ class Listening : public QObject {
     Q_OBJECT
 
 public:
-    /// Silent.
+    /// Silent. \a tools outlives it; looked at when something is first heard.
     explicit Listening(const zokit::Tools& tools, QObject* parent = nullptr);
 
     /// Makes the piece and plays it; what played before ends.
@@ -35,8 +37,10 @@ signals:
 private:
     void play(const zokit::SoundAnswer& answer);
     void fail(const QString& sentence);
+    bool isMaking() const { return m_samples && m_samples->isRunning(); }
 
-    zokit::SoundSamples m_samples;
+    const zokit::Tools& m_tools;
+    std::unique_ptr<zokit::SoundSamples> m_samples; ///< Null until then.
     zokit::Child m_player;
     QTemporaryDir m_folder;
 };

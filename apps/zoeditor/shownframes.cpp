@@ -37,12 +37,11 @@ zokit::Settings ofBefore(const zokit::Settings& settings)
 
 } // namespace
 
-ShownFrames::ShownFrames(const zokit::Tools& tools, QObject* parent) : QObject(parent), m_frames(tools)
+ShownFrames::ShownFrames(const zokit::Tools& tools, QObject* parent) : QObject(parent), m_tools(tools)
 {
     m_rest.setSingleShot(true);
     m_rest.setInterval(restTime);
     connect(&m_rest, &QTimer::timeout, this, &ShownFrames::askNext);
-    connect(&m_frames, &zokit::Frames::answered, this, &ShownFrames::take);
 }
 
 void ShownFrames::setFile(const zokit::FileSettings* file, const zokit::MediaInfo* media)
@@ -56,7 +55,8 @@ void ShownFrames::setFile(const zokit::FileSettings* file, const zokit::MediaInf
         connect(file, &zokit::FileSettings::changed, this, &ShownFrames::noteChange);
     if (isSame)
         return;
-    m_frames.cancel();
+    if (m_frames)
+        m_frames->cancel();
     for (Shot* shot : {&m_whole, &m_before, &m_output})
         shot->forget();
     m_error = zokit::Message();
@@ -75,7 +75,7 @@ void ShownFrames::setSeconds(double seconds)
     if (moment == m_seconds)
         return;
     m_seconds = moment;
-    if (!m_frames.isRunning())
+    if (!isAsking())
         askNext(); // Who looks for a place sees what there is on the way.
     emit secondsChanged(moment);
     emit changed();
@@ -84,7 +84,7 @@ void ShownFrames::setSeconds(double seconds)
 void ShownFrames::setBeforeWanted(bool isWanted)
 {
     m_beforeWanted = isWanted;
-    if (!m_frames.isRunning())
+    if (!isAsking())
         askNext();
 }
 
@@ -126,7 +126,11 @@ void ShownFrames::ask(zokit::FrameKind kind, const zokit::Settings& settings)
     m_askedSettings = kind == zokit::FrameKind::After   ? settings
                       : kind == zokit::FrameKind::Whole ? ofWhole(settings)
                                                         : ofBefore(settings);
-    m_frames.ask(question);
+    if (!m_frames) {
+        m_frames = std::make_unique<zokit::Frames>(m_tools);
+        connect(m_frames.get(), &zokit::Frames::answered, this, &ShownFrames::take);
+    }
+    m_frames->ask(question);
 }
 
 ShownFrames::Shot& ShownFrames::shot(zokit::FrameKind kind)

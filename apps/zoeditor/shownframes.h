@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <memory>
 #include <optional>
 
 #include <QImage>
@@ -26,7 +27,7 @@ class ShownFrames : public QObject {
     Q_OBJECT
 
 public:
-    /// Without a clip.
+    /// Without a clip. \a tools outlives it; looked at when the first frame is asked for.
     explicit ShownFrames(const zokit::Tools& tools, QObject* parent = nullptr);
 
     /// Shows \a file, of which \a media tells the clip; null: none. Both stay their owner's.
@@ -65,6 +66,7 @@ private:
         void forget() { *this = Shot(); }
     };
 
+    bool isAsking() const { return m_frames && m_frames->isRunning(); }
     void noteChange();
     void askNext();
     void ask(zokit::FrameKind kind, const zokit::Settings& settings);
@@ -73,7 +75,8 @@ private:
 
     QPointer<const zokit::FileSettings> m_file;
     std::optional<zokit::MediaInfo> m_media;
-    zokit::Frames m_frames;
+    const zokit::Tools& m_tools;
+    std::unique_ptr<zokit::Frames> m_frames; ///< Null until then.
     QTimer m_rest;
     double m_seconds = 0;
     bool m_beforeWanted = false;

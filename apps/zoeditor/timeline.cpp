@@ -22,6 +22,7 @@
 #include "listening.h"
 #include "session.h"
 #include "shownframes.h"
+#include "subtitletimes.h"
 
 namespace zoeditor {
 
@@ -77,6 +78,12 @@ void TimeBar::setPart(int from, int to)
     update();
 }
 
+void TimeBar::setCues(const QVector<zokit::SubtitleCue>& cues)
+{
+    m_cues = cues;
+    update();
+}
+
 QRect TimeBar::groove() const
 {
     QStyleOptionSlider option;
@@ -89,8 +96,6 @@ QRect TimeBar::groove() const
 void TimeBar::paintEvent(QPaintEvent* event)
 {
     QSlider::paintEvent(event);
-    if (m_from == m_to)
-        return;
     const QRect area = groove();
     const auto at = [&](int value) {
         const int offset = QStyle::sliderPositionFromValue(minimum(), maximum(), value, area.width());
@@ -98,6 +103,12 @@ void TimeBar::paintEvent(QPaintEvent* event)
     };
     QPainter painter(this);
     constexpr int thick = 4;
+    for (const zokit::SubtitleCue& cue : m_cues) {
+        const auto [left, right] = std::minmax({at(milliseconds(cue.from)), at(milliseconds(cue.to))});
+        painter.fillRect(QRect(left, 0, std::max(right - left, 2), thick), palette().color(QPalette::Text));
+    }
+    if (m_from == m_to)
+        return;
     const int begin = at(m_from);
     const int end = at(m_to);
     const QColor colour = palette().color(QPalette::Highlight);
@@ -132,6 +143,7 @@ TimeLine::TimeLine(Session& session, ShownFrames& frames, const Actions& actions
     , m_bar(new TimeBar(this))
     , m_time(new QLabel(this))
     , m_listening(new Listening(session.tools(), this))
+    , m_subtitles(new SubtitleTimes(session, this))
 {
     setObjectName(QStringLiteral("timeline"));
     setAccessibleName(tr("Time line"));
@@ -166,6 +178,7 @@ TimeLine::TimeLine(Session& session, ShownFrames& frames, const Actions& actions
     connect(&session, &Session::currentChanged, this, &TimeLine::showFile);
     connect(&session, &Session::fileStateChanged, this, &TimeLine::showFile);
     connect(&session.project(), &zokit::Project::changed, this, &TimeLine::showPart);
+    connect(m_subtitles, &SubtitleTimes::changed, this, [this] { m_bar->setCues(m_subtitles->cues()); });
     showFile();
 }
 

@@ -8,6 +8,8 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <zokit/subtitlescript.h>
+
 class QAction;
 class QHBoxLayout;
 class QLabel;
@@ -18,18 +20,23 @@ class Actions;
 class Listening;
 class Session;
 class ShownFrames;
+class SubtitleTimes;
 
-/// A slider of milliseconds that shows which part of the clip is converted. A click goes to its place.
+/// A slider of milliseconds that shows which part of the clip is converted, and where subtitles are. A click goes to
+/// its place.
 class TimeBar : public QSlider {
     Q_OBJECT
 
 public:
     explicit TimeBar(QWidget* parent = nullptr);
 
-    /// In milliseconds; nothing is marked when they are equal.
+    /// The part that is converted, in milliseconds; nothing is marked when they are equal.
     void setPart(int from, int to);
     int partBegin() const { return m_from; }
     int partEnd() const { return m_to; }
+    /// When subtitles are shown.
+    void setCues(const QVector<zokit::SubtitleCue>& cues);
+    QVector<zokit::SubtitleCue> cues() const { return m_cues; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -42,6 +49,7 @@ private:
 
     int m_from = 0;
     int m_to = 0;
+    QVector<zokit::SubtitleCue> m_cues;
 };
 
 /// Where in the clip the picture is taken from: to look for a place, step, play,
@@ -78,6 +86,7 @@ private:
     QVector<QAction*> m_actions;
     QAction* m_playAction = nullptr;
     Listening* m_listening;
+    SubtitleTimes* m_subtitles;
     QTimer m_play;
     QElapsedTimer m_playTime;
     double m_playFrom = 0;

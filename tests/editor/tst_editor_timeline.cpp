@@ -32,6 +32,7 @@ private slots:
     void beginAndEndAreMarked();
     void beginBehindTheEndTakesTheRest();
     void withoutAFileThereIsNoTime();
+    void subtitlesAreMarked();
     void soundIsListenedTo();
     void withoutAPlayerThatIsSaid();
 };
@@ -156,6 +157,26 @@ void TestEditorTimeLine::withoutAFileThereIsNoTime()
     const Stage stage;
     QVERIFY(!stage.find<TimeBar>("time")->isEnabled());
     QVERIFY(!stage.trigger("play"));
+}
+
+void TestEditorTimeLine::subtitlesAreMarked()
+{
+    const Clip clip;
+    QVERIFY(clip.bar->cues().isEmpty());
+    QFile file(clip.folder.filePath(key("lines.srt")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("1\n00:00:00,100 --> 00:00:00,200\nOne\n\n2\n00:00:00,250 --> 00:00:00,300\nTwo\n");
+    file.close();
+    zokit::FileSettings* settings = clip.file(0);
+    const zokit::Identity subtitle =
+        settings->insert(key("Subtitle"), {{key("sub_fromfile"), true}, {key("file"), file.fileName()}}).item;
+    QVERIFY(QTest::qWaitFor([&] { return clip.bar->cues().size() == 2; }, 30000));
+    QCOMPARE(clip.bar->cues().at(1).from, 0.25);
+    QCOMPARE(clip.bar->cues().at(1).text, key("Two"));
+    settings->setValue(subtitle, key("selected"), false);
+    QVERIFY(clip.bar->cues().isEmpty());
+    settings->setValue(subtitle, key("selected"), true);
+    QVERIFY(QTest::qWaitFor([&] { return clip.bar->cues().size() == 2; }, 30000));
 }
 
 /// The player of this test keeps what it is given.
