@@ -28,6 +28,11 @@ void PictureDrag::open(const zokit::PreviewScene& scene, zokit::Identity thing, 
     m_session.beginGesture(this, zokit::Message(zokit::Message::Code::StepChange, {zokit::displayName(name)}));
 }
 
+bool PictureDrag::isActive() const
+{
+    return m_handle != zokit::Handle::None && m_session.isInGesture();
+}
+
 void PictureDrag::begin(const zokit::PreviewScene& scene, zokit::Identity thing, zokit::Handle handle)
 {
     m_isDrawing = false;
@@ -72,8 +77,6 @@ void PictureDrag::apply(const QRect& place)
 
 void PictureDrag::end()
 {
-    if (!isActive())
-        return;
     m_handle = zokit::Handle::None;
     m_session.endGesture(this);
 }

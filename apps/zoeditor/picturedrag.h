@@ -29,8 +29,8 @@ public:
     void begin(const zokit::PreviewScene& scene, zokit::Identity thing, zokit::Handle handle);
     /// Draws a new crop from \a from on, a point of the frame.
     void beginDrawing(const zokit::PreviewScene& scene, const QPoint& from);
-    /// Whether it has begun and not ended.
-    bool isActive() const { return m_handle != zokit::Handle::None; }
+    /// Whether it has begun and not ended. Undo ends it, too.
+    bool isActive() const;
     zokit::Identity thing() const { return m_thing; }
     /// Which handle is dragged; of a crop that is drawn the lower right one.
     zokit::Handle handle() const { return m_handle; }

@@ -7,10 +7,7 @@
 #include <cmath>
 #include <utility>
 
-#include <QApplication>
-#include <QCursor>
-#include <QEvent>
-#include <QPainter>
+#include <QAccessible>
 
 #include <zokit/filesettings.h>
 #include <zokit/graph.h>
@@ -184,6 +181,13 @@ void PictureView::setCurrentHandle(const zokit::PreviewHandle& handle)
     if (handle.thing != 0)
         m_session.setThing(handle.thing);
     update();
+    QAccessibleEvent focused(this, QAccessible::Focus);
+    for (int row = 0; row < handles().size(); ++row) {
+        if (handles().at(row).thing == handle.thing && handles().at(row).handle == handle.handle)
+            focused.setChild(row);
+    }
+    if (hasFocus())
+        QAccessible::updateAccessibility(&focused);
     emit handlesChanged();
 }
 
@@ -228,7 +232,7 @@ QString PictureView::handleName(const zokit::PreviewHandle& handle) const
 
 bool PictureView::isStandIn() const
 {
-    return m_file && m_show != Show::Before && m_shown.output.isNull();
+    return m_file && !m_scene.frame.isEmpty() && m_show != Show::Before && m_shown.output.isNull();
 }
 
 void PictureView::setSnapLines(const QVector<zokit::SnapLine>& lines)

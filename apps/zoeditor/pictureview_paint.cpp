@@ -54,7 +54,7 @@ QString PictureView::sizeText() const
 /// Below the rectangle, or where there is no room inside of it.
 QRect PictureView::noteArea() const
 {
-    if (!m_file || m_show == Show::Before)
+    if (!m_file || m_scene.frame.isEmpty() || m_show == Show::Before)
         return QRect();
     const QRect kept = m_view.toView(QRectF(m_scene.crop)).toAlignedRect();
     QRect area(QPoint(), sizeOfNote(fontMetrics(), sizeText()));
@@ -152,10 +152,11 @@ void PictureView::paintEvent(QPaintEvent* event)
 {
     QPainter painter(this);
     painter.setClipRegion(event->region());
-    if (!m_file) {
+    if (!m_file || m_scene.frame.isEmpty()) {
         painter.fillRect(rect(), palette().window());
         painter.setPen(palette().color(QPalette::WindowText));
-        painter.drawText(rect(), Qt::AlignCenter | Qt::TextWordWrap, tr("Drop films here, or add files."));
+        painter.drawText(rect(), Qt::AlignCenter | Qt::TextWordWrap,
+                         m_file ? tr("This file has no picture.") : tr("Drop films here, or add files."));
         return;
     }
     if (m_show == Show::Before)

@@ -29,6 +29,8 @@ private slots:
     void newCropIsDrawnAnywhere_data();
     void newCropIsDrawnAnywhere();
     void escapeTakesADragBack();
+    void undoEndsADrag();
+    void soundHasNoPicture();
     void watermarkDraggedIntoACornerIsHeldThere();
     void altSuspendsSnapping();
     void chosenWatermarkIsSizedByItsCorner();
@@ -222,6 +224,31 @@ void TestEditorPicture::escapeTakesADragBack()
     scene.release(scene.point(50, 60));
     QCOMPARE(scene.picture->scene().crop, QRect(0, 0, 160, 120));
     QCOMPARE(scene.session().history().count(), steps);
+}
+
+void TestEditorPicture::undoEndsADrag()
+{
+    const Scene scene;
+    const int steps = scene.session().history().position();
+    scene.press(scene.point(0, 60));
+    scene.move(scene.point(30, 60));
+    QVERIFY(scene.trigger("undo"));
+    scene.move(scene.point(50, 60));
+    scene.release(scene.point(50, 60));
+    QCOMPARE(scene.picture->scene().crop, QRect(0, 0, 160, 120));
+    QCOMPARE(scene.session().history().position(), steps);
+}
+
+void TestEditorPicture::soundHasNoPicture()
+{
+    const Stage stage({clips::clip(key("sound.wav"))});
+    auto* picture = stage.find<PictureView>("pictureView");
+    QVERIFY(!picture->isStandIn());
+    QVERIFY(picture->handles().isEmpty());
+    QTest::mousePress(picture, Qt::LeftButton, Qt::NoModifier, QPoint(20, 20));
+    QTest::mouseMove(picture, QPoint(90, 90));
+    QTest::mouseRelease(picture, Qt::LeftButton, Qt::NoModifier, QPoint(90, 90));
+    QCOMPARE(stage.session().history().position(), 1); // The file was added.
 }
 
 void TestEditorPicture::watermarkDraggedIntoACornerIsHeldThere()
