@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The libzoeffect developers
 // SPDX-License-Identifier: MIT
 
+#include <algorithm>
 #include <memory>
 
 #include <QAbstractItemModelTester>
@@ -59,6 +60,7 @@ private slots:
     void droppedElsewhereIsRefused();
     void rowsCanBeMovedByTheModel();
     void deletedFileLeavesNothing();
+    void randomEditsAreToldHonestly_data();
     void randomEditsAreToldHonestly();
 };
 
@@ -506,11 +508,23 @@ void TestKitSettingsModel::deletedFileLeavesNothing()
     QVERIFY(!model.file());
 }
 
+/// Parts, each with a watchdog of its own.
+void TestKitSettingsModel::randomEditsAreToldHonestly_data()
+{
+    constexpr int part = 10000;
+    QTest::addColumn<int>("total");
+    QTest::addColumn<int>("seed");
+    const int total = stepsOr("ZOKIT_STEPS", ZOKIT_STEPS);
+    for (int begin = 0; begin < total; begin += part)
+        QTest::addRow("from %d", begin) << std::min(part, total - begin) << stepsOr("ZOKIT_SEED", 20261123) + begin;
+}
+
 /// The tester walks over the model at each signal; rows are compared with the file once more here.
 void TestKitSettingsModel::randomEditsAreToldHonestly()
 {
-    const int total = stepsOr("ZOKIT_STEPS", ZOKIT_STEPS);
-    QRandomGenerator random(quint32(stepsOr("ZOKIT_SEED", 20261123)));
+    QFETCH(int, total);
+    QFETCH(int, seed);
+    QRandomGenerator random{quint32(seed)};
     for (int done = 0; done < total;) {
         clearSavedDefaults();
         Project project;
