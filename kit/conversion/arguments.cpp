@@ -56,6 +56,14 @@ QStringList partOptions(const ClipPart& part)
     return {QStringLiteral("-ss"), number(part.from), QStringLiteral("-t"), number(part.seconds)};
 }
 
+/// These do not tell each packet when it is shown, and without that none can be copied into another container.
+QStringList timeOptions(const MediaInfo& media)
+{
+    if (media.container != QLatin1String("mpeg") && media.container != QLatin1String("avi"))
+        return {};
+    return {QStringLiteral("-fflags"), QStringLiteral("+genpts")};
+}
+
 Command commandOf(const Tools& tools, const QStringList& arguments)
 {
     Command command;
@@ -145,7 +153,7 @@ public:
         , m_part(clipPart(job.settings, media))
         , m_speed(speedFactor(job.settings))
     {
-        m_inputs << partOptions(m_part) << guardedInput(media.file);
+        m_inputs << partOptions(m_part) << timeOptions(media) << guardedInput(media.file);
     }
 
     QStringList made(const QString& target)

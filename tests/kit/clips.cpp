@@ -45,6 +45,7 @@ constexpr Recipe recipes[] = {
     {"vp9.webm",         PICTURE SOUND "-c:v libvpx-vp9 -deadline realtime -cpu-used 8 -c:a libopus"},
     {"plain.avi",        PICTURE SOUND "-c:v mpeg4 -c:a libmp3lame"},
     {"plain.mpg",        PICTURE SOUND "-c:v mpeg2video -c:a mp2"},
+    {"small.mpg",        "-f lavfi -i testsrc2=s=176x144:r=25:d=1 -c:v mpeg2video"}, // Several pictures with one time.
     {"plain.ogv",        PICTURE SOUND "-c:v libtheora -c:a libvorbis"},
     {"sound.wav",        SOUND},
     {"sound.mp3",        SOUND "-c:a libmp3lame"},

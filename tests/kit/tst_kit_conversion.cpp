@@ -168,6 +168,7 @@ void TestKitConversion::tracksFollow_data()
     row("an attachment", "attachment.mkv", "mkv", nothing, "h264 aac ttf");
     row("two videos", "two-videos.mkv", "mkv", grey, "h264 ffv1");
     row("sound alone", "sound.wav", "mkv", normalized, "aac");
+    row("a picture without times", "small.mpg", "mkv", nothing, "mpeg2video");
     row("a turned picture to mkv", "rotate90.mp4", "mkv", nothing, "h264 aac");
     row("HDR", "pq.mkv", "mkv", grey, "h264");
     row("av1", "silent.mkv", "mkv", {{QStringLiteral("Output:video-codec"), QStringLiteral("av1")}}, "av1");
