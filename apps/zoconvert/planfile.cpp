@@ -99,21 +99,20 @@ QByteArray planLine(int number, const FileJob& file, const QVariantMap& options)
     return QJsonDocument(line).toJson(QJsonDocument::Compact) + '\n';
 }
 
-std::optional<PlannedJob> readPlanLine(const QByteArray& line, QString* why)
+std::optional<PlannedJob> readPlanLine(const QJsonObject& line, QString* why)
 {
-    const QJsonObject object = QJsonDocument::fromJson(line).object();
     PlannedJob planned;
-    planned.number = object.value(text("job")).toInt();
-    planned.needs = object.value(text("needs")).toArray();
+    planned.number = line.value(text("job")).toInt();
+    planned.needs = line.value(text("needs")).toArray();
     FileJob& file = planned.file;
-    file.input = file.clip = file.job.input = object.value(text("input")).toString();
-    file.output = file.job.output = object.value(text("output")).toString();
+    file.input = file.clip = file.job.input = line.value(text("input")).toString();
+    file.output = file.job.output = line.value(text("output")).toString();
     if (planned.number < 1 || !QFileInfo(file.job.input).isAbsolute() || !QFileInfo(file.job.output).isAbsolute())
         return std::nullopt;
-    const QJsonObject options = object.value(text("options")).toObject();
+    const QJsonObject options = line.value(text("options")).toObject();
     planned.threads = options.value(text("threads")).toInt();
     planned.stall = options.value(text("stall")).toInt();
-    const QJsonObject settings = object.value(text("settings")).toObject();
+    const QJsonObject settings = line.value(text("settings")).toObject();
     const zokit::ReadSettings read = zokit::readSettings(QJsonDocument(settings).toJson(), QString());
     *why = read.error.text();
     if (!read.settings || planned.threads < 0 || planned.stall < 0)

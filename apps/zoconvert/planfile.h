@@ -7,6 +7,7 @@
 
 #include <QByteArray>
 #include <QJsonArray>
+#include <QJsonObject>
 #include <QString>
 
 #include <zokit/settings.h>
@@ -27,7 +28,7 @@ struct PlannedJob {
     QJsonArray needs;
 };
 /// Nothing where \a line is no job; \a why then says what is wrong, where that is known.
-std::optional<PlannedJob> readPlanLine(const QByteArray& line, QString* why);
+std::optional<PlannedJob> readPlanLine(const QJsonObject& line, QString* why);
 
 /// What of \a needs is missing or differs from what was planned; empty: all is there.
 QString lackingOf(const QJsonArray& needs);

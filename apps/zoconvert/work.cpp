@@ -28,52 +28,47 @@ namespace {
 constexpr int mayBeTriedAgain = 75;
 constexpr int setupIsWrong = 76;
 
-/// The jobs of \a path; what is wrong with it becomes \a error.
-std::vector<PlannedJob> readPlan(const QString& path, QString* error)
+struct Plan {
+    std::vector<PlannedJob> jobs; ///< Those that were asked for.
+    QString error;                ///< What is wrong with the plan, or with a number.
+};
+
+/// The jobs of the plan at \a path that \a words number, all where there are none. Of the others only the numbers are
+/// read: a farm calls once a job.
+Plan readPlan(const QString& path, const QStringList& words)
 {
-    std::vector<PlannedJob> jobs;
     QFile file(path);
-    if (!QFileInfo(path).exists()) {
-        *error = zokit::missingFile(path).text();
-        return jobs;
-    }
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) {
-        *error = zokit::Message(zokit::Message::Code::FileUnreadable, {path, file.errorString()}).text();
-        return jobs;
-    }
+    if (!QFileInfo(path).exists())
+        return {{}, zokit::missingFile(path).text()};
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
+        return {{}, zokit::Message(zokit::Message::Code::FileUnreadable, {path, file.errorString()}).text()};
+    QSet<int> wanted;
+    for (const QString& word : words)
+        wanted.insert(word.toInt());
+    Plan plan;
+    QSet<int> there;
     constexpr qint64 longest = 64 * 1024 * 1024;
     for (int number = 1; !file.atEnd(); ++number) {
         const QByteArray line = file.readLine(longest).trimmed();
         if (line.isEmpty())
             continue;
+        const QJsonObject object = QJsonDocument::fromJson(line).object();
+        const int job = object.value(QLatin1String("job")).toInt();
+        if (job > 0)
+            there.insert(job);
+        if (job > 0 && !wanted.isEmpty() && !wanted.contains(job))
+            continue;
         QString why;
-        std::optional<PlannedJob> job = readPlanLine(line, &why);
-        if (!job) {
-            *error = say(Say::PlanLine, {path, QString::number(number), why});
-            return {};
-        }
-        jobs.push_back(std::move(*job));
+        std::optional<PlannedJob> read = readPlanLine(object, &why);
+        if (!read)
+            return {{}, say(Say::PlanLine, {path, QString::number(number), why})};
+        plan.jobs.push_back(std::move(*read));
     }
-    return jobs;
-}
-
-/// Those of \a jobs that the command line names; all where it names none.
-std::vector<PlannedJob> chosenOf(const std::vector<PlannedJob>& jobs, const QStringList& words, QString* error)
-{
-    QSet<int> wanted;
     for (const QString& word : words) {
-        const int number = word.toInt();
-        const bool isThere =
-            std::any_of(jobs.cbegin(), jobs.cend(), [&](const PlannedJob& job) { return job.number == number; });
-        if (!isThere && error->isEmpty())
-            *error = say(Say::NoJob, {word, QString::number(jobs.size())});
-        wanted.insert(number);
+        if (!there.contains(word.toInt()))
+            return {{}, say(Say::NoJob, {word, QString::number(there.size())})};
     }
-    std::vector<PlannedJob> chosen;
-    for (const PlannedJob& job : jobs)
-        if (words.isEmpty() || wanted.contains(job.number))
-            chosen.push_back(job);
-    return chosen;
+    return plan;
 }
 
 int report(const QString& plan, const std::vector<PlannedJob>& jobs)
@@ -116,15 +111,12 @@ void checkSetup(PlannedJob* job)
 int work(const Invocation& invocation)
 {
     const QString plan = invocation.words.first();
-    QString error;
-    const std::vector<PlannedJob> all = readPlan(plan, &error);
-    std::vector<PlannedJob> jobs;
-    if (error.isEmpty())
-        jobs = chosenOf(all, invocation.words.mid(1), &error);
-    if (!error.isEmpty()) {
-        console::error(error);
+    Plan read = readPlan(plan, invocation.words.mid(1));
+    if (!read.error.isEmpty()) {
+        console::error(read.error);
         return Usage;
     }
+    std::vector<PlannedJob>& jobs = read.jobs;
     if (invocation.has("report"))
         return report(plan, jobs);
 

@@ -58,6 +58,7 @@ private Q_SLOTS:
     void whatIsNeededIsChecked();
     void brokenPlansAreRefused_data();
     void brokenPlansAreRefused();
+    void jobsThatNobodyAskedForAreNotRead();
 };
 
 void TestZoconvertWork::commandsMakeTheSame()
@@ -201,6 +202,19 @@ void TestZoconvertWork::brokenPlansAreRefused()
     run.write("p", plan);
     run.run({"work", "p", number});
     QVERIFY2(run.err.startsWith(QStringLiteral("zoconvert: ") + err), qPrintable(run.err));
+    QCOMPARE(run.code, 2);
+}
+
+void TestZoconvertWork::jobsThatNobodyAskedForAreNotRead()
+{
+    ProgramRun run;
+    run.write("p", R"({"job":1,"input":"/a.mp4","output":"/b.mp4","settings":{"zoeffect":1}})"
+                   "\n"
+                   R"({"job":2,"input":"/a.mp4","output":"/b.mp4","settings":{"zoeffect":99}})");
+    run.run({"work", "p", "1"});
+    QCOMPARE(run.err, QStringLiteral("zoconvert: /a.mp4: no such file.\n"));
+    QCOMPARE(run.code, 76);
+    run.run({"work", "p", "2"});
     QCOMPARE(run.code, 2);
 }
 
