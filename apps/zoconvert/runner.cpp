@@ -159,6 +159,7 @@ private:
             break;
         case zokit::RowState::Waiting:
         case zokit::RowState::Paused:
+        case zokit::RowState::Interrupted:
             break;
         }
     }

@@ -147,8 +147,21 @@ int Queue::add(const Job& job)
     row.number = ++d->lastNumber;
     row.job = job;
     d->rows.push_back(row);
+    Q_EMIT rowsChanged();
     if (d->isStarted)
         d->startNext();
+    return row.number;
+}
+
+int Queue::restore(const Job& job, RowState state, const ConversionResult& result)
+{
+    Row row;
+    row.number = ++d->lastNumber;
+    row.job = job;
+    row.state = state == RowState::Running || state == RowState::Paused ? RowState::Interrupted : state;
+    row.result = result;
+    d->rows.push_back(row);
+    Q_EMIT rowsChanged();
     return row.number;
 }
 
@@ -159,6 +172,7 @@ bool Queue::remove(int number)
     if (found == d->rows.end() || found->conversion)
         return false;
     d->rows.erase(found);
+    Q_EMIT rowsChanged();
     return true;
 }
 
@@ -173,6 +187,7 @@ bool Queue::move(int number, int to)
         std::rotate(found, found + 1, target + 1);
     else
         std::rotate(target, found, found + 1);
+    Q_EMIT rowsChanged();
     return true;
 }
 
@@ -206,6 +221,11 @@ Conversion* Queue::conversion(int number) const
 {
     const Row* row = d->find(number);
     return row ? row->conversion : nullptr;
+}
+
+void Queue::setTools(const Tools& tools)
+{
+    d->tools = tools;
 }
 
 void Queue::setJobs(int count)

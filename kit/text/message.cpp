@@ -85,6 +85,8 @@ constexpr Text texts[] = {
     {Code::JournalInUse,     QT_TRANSLATE_NOOP("zokit", "%1 belongs to a session that is still running.")},
     {Code::JournalUnreadable, QT_TRANSLATE_NOOP("zokit", "%1 is no journal of a session, or damaged from its beginning.")},
     {Code::JournalCut,       QT_TRANSLATE_NOOP("zokit", "The last moments of the session were not written to the end. All before them is back.")},
+    {Code::QueueInUse,       QT_TRANSLATE_NOOP("zokit", "%1 belongs to an editor that is still running. This queue is not kept: it is gone when the program ends.")},
+    {Code::QueueCut,         QT_TRANSLATE_NOOP("zokit", "%1: %2 row(s) of the queue could not be read and are left out. Add their files again.")},
     {Code::JournalLacks,     QT_TRANSLATE_NOOP("zokit", "%1: the journal cannot keep this value, which would be lost if the program ended now. Set another one.")},
     {Code::SavedIsNewer,     QT_TRANSLATE_NOOP("zokit", "%1 was saved %2, later than the unfinished session of %3. Both are kept.")},
     {Code::NotKept, QT_TRANSLATE_NOOP("zokit", "%1 is not kept with the settings. Give it with each run.")},

@@ -1372,6 +1372,14 @@
         <translation>Die letzten Augenblicke der Sitzung wurden nicht zu Ende geschrieben. Alles davor ist wieder da.</translation>
     </message>
     <message>
+        <source>%1 belongs to an editor that is still running. This queue is not kept: it is gone when the program ends.</source>
+        <translation>%1 gehört einem Editor, der noch läuft. Diese Warteschlange wird nicht festgehalten: Sie ist weg, wenn das Programm endet.</translation>
+    </message>
+    <message>
+        <source>%1: %2 row(s) of the queue could not be read and are left out. Add their files again.</source>
+        <translation>%1: %2 Zeile(n) der Warteschlange waren nicht zu lesen und fehlen. Fügen Sie ihre Dateien neu hinzu.</translation>
+    </message>
+    <message>
         <source>%1: the journal cannot keep this value, which would be lost if the program ended now. Set another one.</source>
         <translation>%1: Das Journal kann diesen Wert nicht festhalten; er ginge verloren, wenn das Programm jetzt endete. Setzen Sie einen anderen.</translation>
     </message>

@@ -86,6 +86,8 @@ public:
         JournalInUse,      ///< 1: the path.
         JournalUnreadable, ///< 1: the path.
         JournalCut,
+        QueueInUse,    ///< 1: the path.
+        QueueCut,      ///< 1: the path, 2: how many rows could not be read.
         JournalLacks,  ///< 1: the address, whose value the journal cannot keep.
         SavedIsNewer,  ///< 1: the settings file, 2: when it was saved, 3: when the journal was written last.
         NotKept,       ///< 1: the option, which is said for each run anew.

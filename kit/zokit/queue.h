@@ -14,7 +14,16 @@
 namespace zokit {
 
 /// What a row of the queue is doing.
-enum class RowState { Waiting, Running, Paused, Done, Failed, Cancelled, Skipped };
+enum class RowState {
+    Waiting,
+    Running,
+    Paused,
+    Done,
+    Failed,
+    Cancelled,
+    Skipped,
+    Interrupted ///< It ran when its session died: only restore() makes such a row.
+};
 
 /// Any number of jobs, some of them at once, in their order. A row is a job and what became of it; it stays until it is
 /// removed. To be used on the main thread.
@@ -29,6 +38,9 @@ public:
 
     /// Adds a row at the end, waiting, and answers its number. Numbers are never given twice.
     int add(const Job& job);
+    /// Adds a row of a session before at the end: \a state is neither Running nor Paused, and \a result what became of
+    /// it. Nothing begins by this; its number.
+    int restore(const Job& job, RowState state, const ConversionResult& result);
     /// Removes a row that does not run. False when it does, or is not there.
     bool remove(int row);
     /// Moves a row to place \a to of rows(). False when it is not there.
@@ -45,6 +57,8 @@ public:
     /// The conversion of a row that runs; null for others. Owned by the queue.
     Conversion* conversion(int row) const;
 
+    /// What rows that begin from now on are converted with.
+    void setTools(const Tools& tools);
     /// How many run at once, 1 or more; from now on.
     void setJobs(int count);
     /// A row that fails keeps those that wait from being begun: they become Skipped.
@@ -63,6 +77,8 @@ public:
     bool isRunning() const;
 
 Q_SIGNALS:
+    /// Sent when rows() answers anew.
+    void rowsChanged();
     /// Sent when state() answers anew.
     void stateChanged(int row, zokit::RowState state);
     /// As Conversion::progressed().

@@ -1,0 +1,270 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+// A queue that outlives its session.
+
+#include <QtTest>
+
+#include <zokit/queuefile.h>
+#include <zokit/settingsfile.h>
+
+#include "kitsupport.h"
+#include "testapplication.h"
+
+using kitsupport::key;
+using zokit::Job;
+using zokit::Message;
+using zokit::Queue;
+using zokit::QueueFile;
+using zokit::RowState;
+
+namespace {
+
+Job job(const char* name, int contrast = 0)
+{
+    Job made;
+    made.input = QStringLiteral("/films/%1.mkv").arg(key(name));
+    made.output = QStringLiteral("/films/%1-converted.mkv").arg(key(name));
+    made.settings.media = kitsupport::clip();
+    made.settings = zokit::completed(made.settings);
+    made.settings.find(key("Color"))->values.insert(key("bcs_contrast"), contrast);
+    return made;
+}
+
+int contrastOf(const Job& of)
+{
+    return of.settings.find(key("Color"))->values.value(key("bcs_contrast")).toInt();
+}
+
+QStringList namesOf(const Queue& queue)
+{
+    QStringList names;
+    for (const int row : queue.rows())
+        names.append(QFileInfo(queue.job(row).input).baseName());
+    return names;
+}
+
+QVector<RowState> statesOf(const Queue& queue)
+{
+    QVector<RowState> states;
+    for (const int row : queue.rows())
+        states.append(queue.state(row));
+    return states;
+}
+
+/// Lines of a queue that a session left: its rows a, b, c in the states of the words.
+QByteArray left(const char* a, const char* b, const char* c)
+{
+    QByteArray text = "{\"zoeffect-queue\":1}\n";
+    int number = 0;
+    for (const auto& [name, state] : {std::pair("a", a), std::pair("b", b), std::pair("c", c)}) {
+        text += "{\"row\":" + QByteArray::number(++number) + ",\"input\":\"/films/" + name
+                + ".mkv\",\"output\":\"/films/" + name + "-converted.mkv\",\"settings\":"
+                + zokit::writeSettings(job(name).settings, QString()).simplified() + ",\"state\":\"" + state + "\"}\n";
+    }
+    return text;
+}
+
+} // namespace
+
+class TestKitQueueFile : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void rowsComeBackInTheirOrder();
+    void settingsAreThoseOfTheMomentOfAdding();
+    void whatRanIsInterrupted();
+    void interruptedRowIsTriedAgain();
+    void failureKeepsItsReason();
+    void eachChangeIsInTheFileAtOnce();
+    void lineThatWasCutCostsOneRow();
+    void otherFilesAreLeftAlone_data();
+    void otherFilesAreLeftAlone();
+    void queueOfARunningEditorIsNotTaken();
+    void folderThatCannotBeMadeIsTold();
+
+private:
+    QByteArray content() const
+    {
+        QFile file(m_path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+    void write(const QByteArray& text) const
+    {
+        QFile file(m_path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(text);
+    }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    QString m_path;
+    zokit::Tools m_tools;
+};
+
+void TestKitQueueFile::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+    m_path = m_folder->filePath(key("in/queue.jsonl"));
+    m_tools.error = Message(Message::Code::ToolMissing, {key("ffmpeg"), key("ffmpeg")});
+}
+
+void TestKitQueueFile::rowsComeBackInTheirOrder()
+{
+    {
+        Queue queue(m_tools);
+        QueueFile file(queue, m_path);
+        QCOMPARE(file.open(), Message());
+        for (const char* name : {"a", "b", "c", "d"})
+            queue.add(job(name));
+        queue.move(4, 0);
+        queue.remove(2);
+    }
+    Queue queue(m_tools);
+    QueueFile file(queue, m_path);
+    QCOMPARE(file.open(), Message());
+    QCOMPARE(namesOf(queue), QStringList({key("d"), key("a"), key("c")}));
+    QCOMPARE(statesOf(queue), QVector<RowState>(3, RowState::Waiting));
+    QVERIFY(!queue.isRunning());
+}
+
+void TestKitQueueFile::settingsAreThoseOfTheMomentOfAdding()
+{
+    Job added = job("a", 7);
+    added.replaces = true;
+    added.threads = 3;
+    {
+        Queue queue(m_tools);
+        QueueFile file(queue, m_path);
+        file.open();
+        queue.add(added);
+    }
+    Queue queue(m_tools);
+    QueueFile file(queue, m_path);
+    file.open();
+    const Job back = queue.job(queue.rows().value(0));
+    QCOMPARE(contrastOf(back), 7);
+    QVERIFY(back.settings == added.settings);
+    QCOMPARE(back.output, key("/films/a-converted.mkv"));
+    QVERIFY(back.replaces);
+    QVERIFY(!back.skips);
+    QCOMPARE(back.threads, 3);
+    QCOMPARE(back.stallSeconds, 30);
+}
+
+void TestKitQueueFile::whatRanIsInterrupted()
+{
+    QVERIFY(QDir(m_folder->path()).mkpath(key("in")));
+    write(left("done", "running", "paused"));
+    Queue queue(m_tools);
+    QueueFile file(queue, m_path);
+    QCOMPARE(file.open(), Message());
+    QCOMPARE(statesOf(queue), QVector<RowState>({RowState::Done, RowState::Interrupted, RowState::Interrupted}));
+    QCOMPARE(queue.result(1).outcome, zokit::Outcome::Done);
+    queue.start();
+    QCoreApplication::processEvents();
+    QCOMPARE(queue.state(2), RowState::Interrupted); // Nobody is surprised by what begins by itself.
+}
+
+void TestKitQueueFile::interruptedRowIsTriedAgain()
+{
+    QVERIFY(QDir(m_folder->path()).mkpath(key("in")));
+    write(left("done", "running", "waiting"));
+    Queue queue(m_tools);
+    QueueFile file(queue, m_path);
+    file.open();
+    QVERIFY(queue.retry(2));
+    QCOMPARE(queue.state(2), RowState::Waiting);
+}
+
+void TestKitQueueFile::failureKeepsItsReason()
+{
+    Message reason;
+    {
+        Queue queue(m_tools);
+        QueueFile file(queue, m_path);
+        file.open();
+        queue.add(job("a"));
+        queue.start();
+        QTRY_COMPARE(queue.state(1), RowState::Failed);
+        reason = queue.result(1).reason;
+    }
+    QCOMPARE(reason, m_tools.error);
+    Queue queue(m_tools);
+    QueueFile file(queue, m_path);
+    file.open();
+    QCOMPARE(queue.state(1), RowState::Failed);
+    QCOMPARE(queue.result(1).reason, reason);
+}
+
+void TestKitQueueFile::eachChangeIsInTheFileAtOnce()
+{
+    Queue queue(m_tools);
+    QueueFile file(queue, m_path);
+    file.open();
+    QCOMPARE(content(), QByteArray("{\"zoeffect-queue\":1}\n"));
+    queue.add(job("a"));
+    QCOMPARE(content().count('\n'), 2);
+    queue.cancel(1);
+    QVERIFY(content().endsWith(
+        "{\"reason\":{\"arguments\":[],\"code\":\"Cancelled\"},\"row\":1,\"state\":\"cancelled\"}\n"));
+    queue.remove(1);
+    QVERIFY(content().endsWith("{\"row\":1,\"state\":\"removed\"}\n"));
+}
+
+void TestKitQueueFile::lineThatWasCutCostsOneRow()
+{
+    QVERIFY(QDir(m_folder->path()).mkpath(key("in")));
+    QByteArray text = left("waiting", "waiting", "waiting");
+    text.chop(20);
+    write(text);
+    Queue queue(m_tools);
+    QueueFile file(queue, m_path);
+    const Message told = file.open();
+    QCOMPARE(told.code(), Message::Code::QueueCut);
+    QCOMPARE(told.arguments(), QStringList({m_path, key("1")}));
+    QCOMPARE(namesOf(queue), QStringList({key("a"), key("b")}));
+    queue.add(job("d"));
+    QVERIFY(content().contains("/films/d.mkv"));
+}
+
+void TestKitQueueFile::otherFilesAreLeftAlone_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::newRow("notes of somebody") << QByteArray("to do: call home\n");
+    QTest::newRow("a later version") << QByteArray("{\"zoeffect-queue\":2}\n{\"row\":1}\n");
+}
+
+void TestKitQueueFile::otherFilesAreLeftAlone()
+{
+    QFETCH(QByteArray, text);
+    QVERIFY(QDir(m_folder->path()).mkpath(key("in")));
+    write(text);
+    Queue queue(m_tools);
+    QueueFile file(queue, m_path);
+    QCOMPARE(file.open().code(), Message::Code::InFile);
+    queue.add(job("a"));
+    QCOMPARE(content(), text);
+}
+
+void TestKitQueueFile::queueOfARunningEditorIsNotTaken()
+{
+    Queue queue(m_tools);
+    QueueFile file(queue, m_path);
+    file.open();
+    queue.add(job("a"));
+    Queue second(m_tools);
+    QueueFile again(second, m_path);
+    QCOMPARE(again.open().code(), Message::Code::QueueInUse);
+    QVERIFY(second.rows().isEmpty());
+}
+
+void TestKitQueueFile::folderThatCannotBeMadeIsTold()
+{
+    Queue queue(m_tools);
+    QueueFile file(queue, key("/dev/null/queue.jsonl"));
+    QCOMPARE(file.open().code(), Message::Code::FileUnwritable);
+}
+
+ZOEFFECT_TEST_MAIN(TestKitQueueFile)
+#include "tst_kit_queuefile.moc"
