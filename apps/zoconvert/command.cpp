@@ -6,8 +6,9 @@
 #include <QDir>
 #include <QEventLoop>
 #include <QFileInfo>
-#include <QRegularExpression>
 #include <QTemporaryDir>
+
+#include <zokit/shell.h>
 
 #include "console.h"
 #include "existing.h"
@@ -24,22 +25,6 @@ int refused(const QString& sentence, int code)
 {
     console::error(sentence);
     return code;
-}
-
-/// The steps as lines. Run by hand, the last one overwrites nothing unasked.
-void printLines(QVector<zokit::Command> commands, const QString& folder, bool replaces)
-{
-    if (!replaces && !commands.isEmpty()) {
-        QStringList& arguments = commands.last().arguments;
-        arguments.replaceInStrings(QRegularExpression(QStringLiteral("^-y$")), QStringLiteral("-n"));
-    }
-    for (const zokit::Command& command : commands) {
-        QString line = shellLine(command);
-        // What a subtitle is made from; its own script is there already.
-        if (command.arguments.last() == QLatin1String("pipe:1"))
-            line += QStringLiteral(" > ") + shellWord(folder + QStringLiteral("/extracted.ass"));
-        console::print(line.toUtf8() + '\n');
-    }
 }
 
 } // namespace
@@ -87,7 +72,8 @@ int command(const Invocation& invocation)
     if (result.outcome != zokit::Outcome::Done)
         return refused(file.input + QStringLiteral(": ") + result.reason.text(),
                        source.received() == 0 ? Failed : RunResult{{}, {}, {}, source.received()}.code());
-    printLines(conversion.commands(), folder, file.job.replaces);
+    for (const QString& line : zokit::shellLines(conversion.commands(), folder, file.job.replaces))
+        console::print(line.toUtf8() + '\n');
     if (!keeps && !QDir(folder).isEmpty())
         console::warning(say(Say::FilesGone), file.input);
     return Done;

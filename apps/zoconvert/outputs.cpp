@@ -10,11 +10,11 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QHash>
-#include <QRegularExpression>
 #include <QSet>
 
 #include <zokit/filesettings.h>
 #include <zokit/opening.h>
+#include <zokit/resultname.h>
 #include <zokit/settingsfile.h>
 
 #include "console.h"
@@ -100,35 +100,10 @@ QString baseName(const QString& input)
 /// What is wrong with \a pattern; empty: nothing.
 QString checkPattern(const QString& pattern)
 {
-    if (pattern.contains(QLatin1Char('/')))
+    const QString wrong = zokit::wrongInPattern(pattern);
+    if (wrong == QLatin1String("/"))
         return say(Say::PatternSlash, {pattern});
-    static const QRegularExpression word(QStringLiteral("\\{[^}]*\\}"));
-    QRegularExpressionMatchIterator words = word.globalMatch(pattern);
-    while (words.hasNext()) {
-        const QString found = words.next().captured();
-        if (found != QLatin1String("{name}") && found != QLatin1String("{ending}")
-            && found != QLatin1String("{number}"))
-            return say(Say::PatternWord, {found});
-    }
-    return {};
-}
-
-/// \a pattern with its words replaced in one pass: a name may hold "{ending}" itself.
-QString filled(const QString& pattern, const QString& name, const QString& ending, const QString& number)
-{
-    QString result;
-    for (int i = 0; i < pattern.size();) {
-        const auto takes = [&](const char* word, const QString& value) {
-            if (pattern.mid(i, static_cast<int>(qstrlen(word))) != QLatin1String(word))
-                return false;
-            result += value;
-            i += static_cast<int>(qstrlen(word));
-            return true;
-        };
-        if (!takes("{name}", name) && !takes("{ending}", ending) && !takes("{number}", number))
-            result += pattern.at(i++);
-    }
-    return result;
+    return wrong.isEmpty() ? QString() : say(Say::PatternWord, {wrong});
 }
 
 /// A path in \a folder; of one in the current folder only the name.
@@ -215,7 +190,6 @@ QString nameOutputs(const Invocation& invocation, FileJobs* files)
         return say(Say::UnknownEnding, {output});
 
     std::optional<zokit::Settings> ofClips; // The same for all inputs that are no settings files.
-    const int width = static_cast<int>(QString::number(files->size()).size());
     int number = 0;
     for (FileJob& file : *files) {
         ++number;
@@ -229,13 +203,11 @@ QString nameOutputs(const Invocation& invocation, FileJobs* files)
             options = *ofClips;
         }
         const QString ending = zokit::containerFor(options, file.clip);
-        QString pattern = options.output.value(QStringLiteral("name")).toString();
+        const QString pattern = options.output.value(QStringLiteral("name")).toString();
         if (const QString wrong = checkPattern(pattern); !wrong.isEmpty())
             return wrong;
-        if (pattern.isEmpty())
-            pattern = QStringLiteral("{name}-converted.{ending}");
-        const QString name = filled(pattern, baseName(file.input), ending,
-                                    QStringLiteral("%1").arg(number, width, 10, QLatin1Char('0')));
+        const QString name =
+            zokit::resultName(pattern, baseName(file.input), ending, number, static_cast<int>(files->size()));
         file.output = output.isEmpty()
                           ? inFolder(folder.isEmpty() ? folderOf(file.input) : inFolder(folder, file.below), name)
                           : output;

@@ -10,11 +10,11 @@
 #include <QEventLoop>
 #include <QFileInfo>
 #include <QHash>
-#include <QRegularExpression>
 #include <QSet>
 #include <QThread>
 
 #include <zokit/queue.h>
+#include <zokit/shell.h>
 
 #include "console.h"
 #include "signals.h"
@@ -169,7 +169,7 @@ private:
         zokit::Conversion* conversion = m_queue.conversion(row);
         connect(conversion, &zokit::Conversion::finished, this, [this, row, conversion] {
             for (const zokit::Command& command : conversion->commands())
-                m_progress->note(fileOf(row), shellLine(command));
+                m_progress->note(fileOf(row), zokit::shellLine(command));
         });
     }
 
@@ -215,22 +215,6 @@ int RunResult::code() const
 RunResult runFiles(const FileJobs& files, const RunOptions& options, Progress* progress, Signals* signals_)
 {
     return Run(files, options, progress, signals_).run();
-}
-
-QString shellWord(const QString& word)
-{
-    static const QRegularExpression plain(QStringLiteral("\\A[A-Za-z0-9_./:=,@%+-]+\\z"));
-    if (plain.match(word).hasMatch())
-        return word;
-    return QLatin1Char('\'') + QString(word).replace(QLatin1Char('\''), QLatin1String("'\\''")) + QLatin1Char('\'');
-}
-
-QString shellLine(const zokit::Command& command)
-{
-    QStringList words{shellWord(command.program)};
-    for (const QString& argument : command.arguments)
-        words.append(shellWord(argument));
-    return words.join(QLatin1Char(' '));
 }
 
 } // namespace zoconvert

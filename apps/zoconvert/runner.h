@@ -43,9 +43,4 @@ RunResult runFiles(const FileJobs& files, const RunOptions& options, Progress* p
 /// \a invocation. A sentence that answers is wrong usage. What fails is told in the file.
 QString makeSettings(const Invocation& invocation, const RunOptions& options, Signals* signals_, FileJobs* files);
 
-/// \a word, quoted for a POSIX shell where that is needed.
-QString shellWord(const QString& word);
-/// \a command as a line for a POSIX shell.
-QString shellLine(const zokit::Command& command);
-
 } // namespace zoconvert
