@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include <QCoreApplication>
 #include <QJsonArray>
 
 #include <zokit/properties.h>
@@ -40,6 +41,34 @@ QString valueAsText(const Address& address, const QVariant& value)
     for (const QJsonValue& one : json.toArray())
         words.append(plain(one));
     return words.join(QLatin1Char(','));
+}
+
+QString addressLabel(const Address& address)
+{
+    QString thing = displayName(address.type);
+    if (address.pos != Address::ofType)
+        thing += QStringLiteral(" %1").arg(address.pos + 1);
+    const Property* property = findProperty(address.type, address.key);
+    QString label = property ? property->label() : address.key;
+    if (address.key == QLatin1String("selected"))
+        label = QCoreApplication::translate("zokit", "In use");
+    else if (!property && address.key == QLatin1String("name"))
+        label = QCoreApplication::translate("zokit", "Name");
+    return thing + QStringLiteral(": ") + label;
+}
+
+QString valueLabel(const Address& address, const QVariant& value)
+{
+    const Property* property = findProperty(address.type, address.key);
+    if (!value.isValid())
+        return QString();
+    if (address.key == QLatin1String("selected") || (property && property->kind == ValueKind::Bool))
+        return QCoreApplication::translate("zokit", value.toBool() ? "Yes" : "No");
+    if (property && !property->choices.isEmpty())
+        return property->choiceName(value);
+    const QString text = valueAsText(address, value);
+    const QString unit = property ? property->unitName() : QString();
+    return unit.isEmpty() || text.isEmpty() ? text : text + QLatin1Char(' ') + unit;
 }
 
 } // namespace zokit

@@ -3,6 +3,8 @@
 
 #include "languages_p.h"
 
+#include <zokit/languages.h>
+
 #include <algorithm>
 #include <iterator>
 
@@ -10,30 +12,74 @@ namespace zokit {
 
 namespace {
 
-/// One language, as files and people abbreviate it: ISO 639-1, and both forms of ISO 639-2.
+/// One language, as files and people abbreviate it: ISO 639-1, and both forms of ISO 639-2; and as it calls itself.
 struct Language {
     const char* two;
     const char* bibliographic;
     const char* three;
+    const char* name;
 };
 
 // clang-format off
 constexpr Language languages[] = {
-    {"sq", "alb", "sqi"}, {"hy", "arm", "hye"}, {"eu", "baq", "eus"}, {"my", "bur", "mya"},
-    {"zh", "chi", "zho"}, {"cs", "cze", "ces"}, {"nl", "dut", "nld"}, {"fr", "fre", "fra"},
-    {"ka", "geo", "kat"}, {"de", "ger", "deu"}, {"el", "gre", "ell"}, {"is", "ice", "isl"},
-    {"mk", "mac", "mkd"}, {"ms", "may", "msa"}, {"mi", "mao", "mri"}, {"fa", "per", "fas"},
-    {"ro", "rum", "ron"}, {"sk", "slo", "slk"}, {"bo", "tib", "bod"}, {"cy", "wel", "cym"},
-    {"ar", "ara", "ara"}, {"bg", "bul", "bul"}, {"bn", "ben", "ben"}, {"bs", "bos", "bos"},
-    {"ca", "cat", "cat"}, {"da", "dan", "dan"}, {"en", "eng", "eng"}, {"es", "spa", "spa"},
-    {"et", "est", "est"}, {"fi", "fin", "fin"}, {"ga", "gle", "gle"}, {"gl", "glg", "glg"},
-    {"he", "heb", "heb"}, {"hi", "hin", "hin"}, {"hr", "hrv", "hrv"}, {"hu", "hun", "hun"},
-    {"id", "ind", "ind"}, {"it", "ita", "ita"}, {"ja", "jpn", "jpn"}, {"ko", "kor", "kor"},
-    {"lt", "lit", "lit"}, {"lv", "lav", "lav"}, {"nb", "nob", "nob"}, {"nn", "nno", "nno"},
-    {"no", "nor", "nor"}, {"pl", "pol", "pol"}, {"pt", "por", "por"}, {"ru", "rus", "rus"},
-    {"sl", "slv", "slv"}, {"sr", "srp", "srp"}, {"sv", "swe", "swe"}, {"ta", "tam", "tam"},
-    {"te", "tel", "tel"}, {"th", "tha", "tha"}, {"tr", "tur", "tur"}, {"uk", "ukr", "ukr"},
-    {"ur", "urd", "urd"}, {"vi", "vie", "vie"},
+    {"sq", "alb", "sqi", "shqip"},
+    {"hy", "arm", "hye", "հայերեն"},
+    {"eu", "baq", "eus", "euskara"},
+    {"my", "bur", "mya", "မြန်မာ"},
+    {"zh", "chi", "zho", "中文"},
+    {"cs", "cze", "ces", "čeština"},
+    {"nl", "dut", "nld", "Nederlands"},
+    {"fr", "fre", "fra", "français"},
+    {"ka", "geo", "kat", "ქართული"},
+    {"de", "ger", "deu", "Deutsch"},
+    {"el", "gre", "ell", "Ελληνικά"},
+    {"is", "ice", "isl", "íslenska"},
+    {"mk", "mac", "mkd", "македонски"},
+    {"ms", "may", "msa", "Melayu"},
+    {"mi", "mao", "mri", "Māori"},
+    {"fa", "per", "fas", "فارسی"},
+    {"ro", "rum", "ron", "română"},
+    {"sk", "slo", "slk", "slovenčina"},
+    {"bo", "tib", "bod", "བོད་སྐད་"},
+    {"cy", "wel", "cym", "Cymraeg"},
+    {"ar", "ara", "ara", "العربية"},
+    {"bg", "bul", "bul", "български"},
+    {"bn", "ben", "ben", "বাংলা"},
+    {"bs", "bos", "bos", "bosanski"},
+    {"ca", "cat", "cat", "català"},
+    {"da", "dan", "dan", "dansk"},
+    {"en", "eng", "eng", "English"},
+    {"es", "spa", "spa", "español"},
+    {"et", "est", "est", "eesti"},
+    {"fi", "fin", "fin", "suomi"},
+    {"ga", "gle", "gle", "Gaeilge"},
+    {"gl", "glg", "glg", "galego"},
+    {"he", "heb", "heb", "עברית"},
+    {"hi", "hin", "hin", "हिन्दी"},
+    {"hr", "hrv", "hrv", "hrvatski"},
+    {"hu", "hun", "hun", "magyar"},
+    {"id", "ind", "ind", "Indonesia"},
+    {"it", "ita", "ita", "italiano"},
+    {"ja", "jpn", "jpn", "日本語"},
+    {"ko", "kor", "kor", "한국어"},
+    {"lt", "lit", "lit", "lietuvių"},
+    {"lv", "lav", "lav", "latviešu"},
+    {"nb", "nob", "nob", "norsk bokmål"},
+    {"nn", "nno", "nno", "norsk nynorsk"},
+    {"no", "nor", "nor", "norsk"},
+    {"pl", "pol", "pol", "polski"},
+    {"pt", "por", "por", "português"},
+    {"ru", "rus", "rus", "русский"},
+    {"sl", "slv", "slv", "slovenščina"},
+    {"sr", "srp", "srp", "српски"},
+    {"sv", "swe", "swe", "svenska"},
+    {"ta", "tam", "tam", "தமிழ்"},
+    {"te", "tel", "tel", "తెలుగు"},
+    {"th", "tha", "tha", "ไทย"},
+    {"tr", "tur", "tur", "Türkçe"},
+    {"uk", "ukr", "ukr", "українська"},
+    {"ur", "urd", "urd", "اردو"},
+    {"vi", "vie", "vie", "Tiếng Việt"},
 };
 // clang-format on
 
@@ -51,6 +97,24 @@ QString inOneForm(const QString& code)
 bool sameLanguage(const QString& a, const QString& b)
 {
     return inOneForm(a) == inOneForm(b);
+}
+
+QStringList languageCodes()
+{
+    QStringList codes;
+    for (const Language& language : languages)
+        codes.append(QString::fromLatin1(language.three));
+    return codes;
+}
+
+QString languageName(const QString& code)
+{
+    const QString form = inOneForm(code);
+    for (const Language& language : languages) {
+        if (form == QLatin1String(language.three))
+            return QString::fromUtf8(language.name);
+    }
+    return code;
 }
 
 } // namespace zokit

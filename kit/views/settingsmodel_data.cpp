@@ -60,17 +60,8 @@ QString SettingsModel::Private::label(const SettingsNode& node) const
 
 QString SettingsModel::Private::valueText(const SettingsNode& node) const
 {
-    const Property& property = *node.property;
-    const QVariant value = file->value(node.thing, property.key);
-    if (!value.isValid())
-        return QString();
-    if (property.kind == ValueKind::Bool)
-        return value.toBool() ? translated("Yes") : translated("No");
-    if (!property.choices.isEmpty())
-        return property.choiceName(value);
-    const QString text = valueAsText({node.type, Address::ofType, property.key}, value);
-    const QString unit = property.unitName();
-    return unit.isEmpty() || text.isEmpty() ? text : text + QLatin1Char(' ') + unit;
+    const QString key = node.property->key;
+    return valueLabel({node.type, Address::ofType, key}, file->value(node.thing, key));
 }
 
 QString SettingsModel::Private::text(const SettingsNode& node, int column) const

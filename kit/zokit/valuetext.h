@@ -20,4 +20,10 @@ ZOKIT_EXPORT QJsonValue valueAsJson(const Address& address, const QVariant& valu
 /// can be set by "--set ADDRESS=VALUE" reads as it would be written there.
 ZOKIT_EXPORT QString valueAsText(const Address& address, const QVariant& value);
 
+/// What stands at \a address, as people call it: "Colours: Contrast", "Watermarks 2: Font size". Positions count from 1
+/// here. Translated.
+ZOKIT_EXPORT QString addressLabel(const Address& address);
+/// \a value as a panel shows it: "Yes", the name of a choice, "12 px". Empty for an invalid value. Translated.
+ZOKIT_EXPORT QString valueLabel(const Address& address, const QVariant& value);
+
 } // namespace zokit

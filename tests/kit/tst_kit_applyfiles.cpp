@@ -84,6 +84,8 @@ private Q_SLOTS:
     void oneThatCannotBeWrittenChangesNothing();
     void aKilledOneLeavesWholeFilesAndTellsWhichAreNew();
     void valuesReadAsAFileHasThem();
+    void valuesReadAsPeopleCallThem_data();
+    void valuesReadAsPeopleCallThem();
 };
 
 void TestKitApplyFiles::allTargetsGetWhatThePlanSays()
@@ -218,6 +220,40 @@ void TestKitApplyFiles::aKilledOneLeavesWholeFilesAndTellsWhichAreNew()
         QVERIFY(zokit::takeLeftTargets(files.notes()).isEmpty());
     }
     qInfo("%d of %d were killed at work", told, runs);
+}
+
+void TestKitApplyFiles::valuesReadAsPeopleCallThem_data()
+{
+    QTest::addColumn<QString>("address");
+    QTest::addColumn<QVariant>("value");
+    QTest::addColumn<QString>("label");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("number") << "Color:bcs_contrast" << QVariant(20) << "Colour: Contrast"
+                            << "20";
+    QTest::newRow("unit") << "Crop:crop_left" << QVariant(96) << "Crop: Left"
+                          << "96 px";
+    QTest::newRow("of an item") << "Watermark:1:wm_fontsize" << QVariant(12) << "Watermarks 2: Size"
+                                << "12 pt";
+    QTest::newRow("choice") << "Effect:crop_rotation_angle" << QVariant(0) << "Frame effects: Turn"
+                            << "not turned";
+    QTest::newRow("selected") << "Watermark:0:selected" << QVariant(true) << "Watermarks 1: In use"
+                              << "Yes";
+    QTest::newRow("flag") << "Audio_Echo:audio_effect_flag" << QVariant(false) << "Echo: In use"
+                          << "No";
+    QTest::newRow("option") << "Output:audio-bitrate" << QVariant(192) << "Output: Audio bitrate"
+                            << "192 kbit/s";
+    QTest::newRow("none") << "Output:quality" << QVariant() << "Output: Quality"
+                          << "";
+}
+
+void TestKitApplyFiles::valuesReadAsPeopleCallThem()
+{
+    QFETCH(QString, address);
+    QFETCH(QVariant, value);
+    const std::optional<zokit::Address> read = zokit::readAddress(address).address;
+    QVERIFY(read);
+    QTEST(zokit::addressLabel(*read), "label");
+    QTEST(zokit::valueLabel(*read, value), "text");
 }
 
 void TestKitApplyFiles::valuesReadAsAFileHasThem()

@@ -6,6 +6,7 @@
 #include <QtTest>
 
 #include <zokit/filesettings.h>
+#include <zokit/languages.h>
 #include <zokit/project.h>
 #include <zokit/tracks.h>
 
@@ -25,6 +26,7 @@ class TestKitTracks : public QObject {
     Q_OBJECT
 
 private slots:
+    void languagesHaveNames();
     void init() { clearSavedDefaults(); }
 
     void choice_data();
@@ -192,6 +194,20 @@ QVector<Row> rows()
 }
 
 } // namespace
+
+void TestKitTracks::languagesHaveNames()
+{
+    for (const char* code : {"fra", "fre", "fr", "FRA"})
+        QCOMPARE(zokit::languageName(QString::fromLatin1(code)), QString::fromUtf8("fran\303\247ais"));
+    QCOMPARE(zokit::languageName(QStringLiteral("eng")), QStringLiteral("English"));
+    QCOMPARE(zokit::languageName(QStringLiteral("qaa")), QStringLiteral("qaa"));
+    QCOMPARE(zokit::languageName(QString()), QString());
+    const QStringList codes = zokit::languageCodes();
+    QCOMPARE(codes.size(), 58);
+    QVERIFY(codes.contains(QStringLiteral("deu")));
+    for (const QString& code : codes)
+        QVERIFY2(zokit::languageName(code) != code, qPrintable(code));
+}
 
 void TestKitTracks::choice_data()
 {
