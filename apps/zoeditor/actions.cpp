@@ -7,7 +7,6 @@
 
 #include <QAction>
 #include <QActionGroup>
-#include <QCoreApplication>
 #include <QMainWindow>
 #include <QMap>
 #include <QMenu>
@@ -21,7 +20,7 @@ namespace {
 struct Row {
     const char* name;
     const char* menu;
-    const char* text;
+    QString text;
     const char* shortcut;
     const char* group; ///< Of these one is checked; empty for an action that is not checkable, "-" for one by itself.
     bool inToolBar;
@@ -29,65 +28,71 @@ struct Row {
 
 struct MenuRow {
     const char* name;
-    const char* text;
+    QString text;
 };
 
-#define T(text) QT_TRANSLATE_NOOP("zoeditor::Actions", text)
-
-constexpr MenuRow menus[] = {
-    {"file", T("&File")}, {"edit", T("&Edit")}, {"view", T("&View")}, {"time", T("&Time")}, {"help", T("&Help")},
-};
+QVector<MenuRow> menuRows()
+{
+    return {
+        {"file", Actions::tr("&File")}, {"edit", Actions::tr("&Edit")}, {"view", Actions::tr("&View")},
+        {"time", Actions::tr("&Time")}, {"help", Actions::tr("&Help")},
+    };
+}
 
 // clang-format off
-constexpr Row rows[] = {
-    // name, menu, text, shortcut, group, inToolBar
-    {"addFiles",    "file", T("Add &files..."),           "Ctrl+O",         "", true},
-    {"addFolder",   "file", T("Add f&older..."),          "Ctrl+Shift+O",   "", true},
-    {"removeFiles", "file", T("&Remove from the list"),   "Ctrl+Backspace", "", false},
-    {"save",        "file", T("&Save settings"),          "Ctrl+S",         "", false},
-    {"saveAs",      "file", T("Save settings &as..."),    "Ctrl+Shift+S",   "", false},
-    {"saveAll",     "file", T("Sa&ve settings of all"),   "Ctrl+Alt+S",     "", false},
-    {"quit",        "file", T("&Quit"),                   "Ctrl+Q",         "", false},
-    {"undo",        "edit", T("&Undo"),                   "Ctrl+Z",         "", true},
-    {"redo",        "edit", T("&Redo"),                   "Ctrl+Shift+Z",   "", true},
-    {"showAfter",   "view", T("&After"),                  "Ctrl+1",         "show", false},
-    {"showBefore",  "view", T("&Before"),                 "Ctrl+2",         "show", false},
-    {"showSplit",   "view", T("Before &and after"),       "Ctrl+3",         "show", false},
-    {"zoomIn",      "view", T("&Larger"),                 "Ctrl++",         "", false},
-    {"zoomOut",     "view", T("&Smaller"),                "Ctrl+-",         "", false},
-    {"zoomFit",     "view", T("As large as it &fits"),    "Ctrl+0",         "", false},
-    {"zoomFull",    "view", T("&100 %"),                  "Ctrl+Alt+0",     "", false},
-    {"themeSystem", "view", T("Colours of the &system"),  "",               "theme", false},
-    {"themeLight",  "view", T("&Light colours"),          "",               "theme", false},
-    {"themeDark",   "view", T("&Dark colours"),           "",               "theme", false},
-    {"english",     "view", T("&English"),                "",               "language", false},
-    {"german",      "view", T("&German (Deutsch)"),       "",               "language", false},
-    {"stepBack",    "time", T("One frame &back"),         "Ctrl+Left",      "", false},
-    {"play",        "time", T("&Play"),                   "Ctrl+Space",     "-", false},
-    {"stepForward", "time", T("One frame &on"),           "Ctrl+Right",     "", false},
-    {"listen",      "time", T("&Listen"),                 "Ctrl+L",         "-", false},
-    {"listenPlain", "time", T("Listen without &effects"), "Ctrl+Shift+L",   "-", false},
-    {"setIn",       "time", T("Convert &from here"),      "Ctrl+[",         "", false},
-    {"setOut",      "time", T("Convert &to here"),        "Ctrl+]",         "", false},
-    {"wholeClip",   "time", T("Convert the &whole clip"), "",               "", false},
-    {"shortcuts",   "help", T("List of &shortcuts"),      "F1",             "", false},
-};
-// clang-format on
-
-#undef T
-
-QString translated(const char* text)
+QVector<Row> actionRows()
 {
-    return QCoreApplication::translate("zoeditor::Actions", text);
+    return {
+    // name, menu, text, shortcut, group, inToolBar
+    {"addFiles",    "file", Actions::tr("Add &files..."),           "Ctrl+O",         "", true},
+    {"addFolder",   "file", Actions::tr("Add f&older..."),          "Ctrl+Shift+O",   "", true},
+    {"removeFiles", "file", Actions::tr("&Remove from the list"),   "Ctrl+Backspace", "", false},
+    {"save",        "file", Actions::tr("&Save settings"),          "Ctrl+S",         "", false},
+    {"saveAs",      "file", Actions::tr("Save settings &as..."),    "Ctrl+Shift+S",   "", false},
+    {"saveAll",     "file", Actions::tr("Sa&ve settings of all"),   "Ctrl+Alt+S",     "", false},
+    {"quit",        "file", Actions::tr("&Quit"),                   "Ctrl+Q",         "", false},
+    {"undo",        "edit", Actions::tr("&Undo"),                   "Ctrl+Z",         "", true},
+    {"redo",        "edit", Actions::tr("&Redo"),                   "Ctrl+Shift+Z",   "", true},
+    {"addText",     "edit", Actions::tr("Add &text"),               "Ctrl+T",         "", false},
+    {"addImage",    "edit", Actions::tr("Add &image..."),           "Ctrl+I",         "", false},
+    {"addSubtitle", "edit", Actions::tr("Add su&btitle file..."),   "",               "", false},
+    {"addSound",    "edit", Actions::tr("Add s&ound file..."),      "",               "", false},
+    {"removeItem",  "edit", Actions::tr("Re&move"),                 "Ctrl+Delete",    "", false},
+    {"itemUp",      "edit", Actions::tr("Move u&p"),                "Ctrl+Alt+Up",    "", false},
+    {"itemDown",    "edit", Actions::tr("Move do&wn"),              "Ctrl+Alt+Down",  "", false},
+    {"findValue",   "edit", Actions::tr("&Find a value"),           "Ctrl+F",         "", false},
+    {"showAfter",   "view", Actions::tr("&After"),                  "Ctrl+1",         "show", false},
+    {"showBefore",  "view", Actions::tr("&Before"),                 "Ctrl+2",         "show", false},
+    {"showSplit",   "view", Actions::tr("Before &and after"),       "Ctrl+3",         "show", false},
+    {"zoomIn",      "view", Actions::tr("&Larger"),                 "Ctrl++",         "", false},
+    {"zoomOut",     "view", Actions::tr("&Smaller"),                "Ctrl+-",         "", false},
+    {"zoomFit",     "view", Actions::tr("As large as it &fits"),    "Ctrl+0",         "", false},
+    {"zoomFull",    "view", Actions::tr("&100 %"),                  "Ctrl+Alt+0",     "", false},
+    {"themeSystem", "view", Actions::tr("Colours of the &system"),  "",               "theme", false},
+    {"themeLight",  "view", Actions::tr("&Light colours"),          "",               "theme", false},
+    {"themeDark",   "view", Actions::tr("&Dark colours"),           "",               "theme", false},
+    {"english",     "view", Actions::tr("&English"),                "",               "language", false},
+    {"german",      "view", Actions::tr("&German (Deutsch)"),       "",               "language", false},
+    {"stepBack",    "time", Actions::tr("One frame &back"),         "Ctrl+Left",      "", false},
+    {"play",        "time", Actions::tr("&Play"),                   "Ctrl+Space",     "-", false},
+    {"stepForward", "time", Actions::tr("One frame &on"),           "Ctrl+Right",     "", false},
+    {"listen",      "time", Actions::tr("&Listen"),                 "Ctrl+L",         "-", false},
+    {"listenPlain", "time", Actions::tr("Listen without &effects"), "Ctrl+Shift+L",   "-", false},
+    {"setIn",       "time", Actions::tr("Convert &from here"),      "Ctrl+[",         "", false},
+    {"setOut",      "time", Actions::tr("Convert &to here"),        "Ctrl+]",         "", false},
+    {"wholeClip",   "time", Actions::tr("Convert the &whole clip"), "",               "", false},
+    {"shortcuts",   "help", Actions::tr("List of &shortcuts"),      "F1",             "", false},
+    };
 }
+// clang-format on
 
 } // namespace
 
 Actions::Actions(QMainWindow* window) : QObject(window)
 {
     QMap<QString, QMenu*> menuOf;
-    for (const MenuRow& row : menus) {
-        QMenu* menu = window->menuBar()->addMenu(translated(row.text));
+    for (const MenuRow& row : menuRows()) {
+        QMenu* menu = window->menuBar()->addMenu(row.text);
         menu->setObjectName(QString::fromLatin1(row.name));
         menuOf.insert(menu->objectName(), menu);
     }
@@ -97,8 +102,8 @@ Actions::Actions(QMainWindow* window) : QObject(window)
     bar->setContextMenuPolicy(Qt::PreventContextMenu);
     QMap<QString, QActionGroup*> groups;
     QString lastGroup;
-    for (const Row& row : rows) {
-        auto* action = new QAction(translated(row.text), window);
+    for (const Row& row : actionRows()) {
+        auto* action = new QAction(row.text, window);
         action->setObjectName(QString::fromLatin1(row.name));
         action->setShortcut(QKeySequence(QString::fromLatin1(row.shortcut)));
         const QString group = QString::fromLatin1(row.group);

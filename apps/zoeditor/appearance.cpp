@@ -41,8 +41,9 @@ struct Shades {
 
 constexpr Shades light{0xffefefef, 0xffffffff, 0xfff5f5f5, 0xffe6e6e6, 0xff1a1a1a,
                        0xff767676, 0xff1f5fa8, 0xffffffff, 0xff0b57a4};
-constexpr Shades dark{0xff2a2b2d, 0xff1e1f21, 0xff252628, 0xff37383b, 0xffececec,
-                      0xff8f8f8f, 0xff3f7fc8, 0xffffffff, 0xff86b7f0};
+// Fields are lighter than the window: the outlines, which the style makes darker, stay visible around them.
+constexpr Shades dark{0xff2b2c2f, 0xff3d3e43, 0xff36373b, 0xff46474c, 0xffececec,
+                      0xffa0a0a4, 0xff3f7fc8, 0xffffffff, 0xff86b7f0};
 
 QPalette paletteOf(const Shades& shades)
 {

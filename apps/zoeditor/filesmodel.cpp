@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include <QFileInfo>
+#include <QIcon>
 
 namespace zoeditor {
 
@@ -37,6 +38,17 @@ QString lengthText(double seconds)
     if (whole < 3600)
         return minutes + QLatin1Char(':') + rest;
     return QStringLiteral("%1:%2:%3").arg(whole / 3600).arg(minutes.rightJustified(2, QLatin1Char('0')), rest);
+}
+
+QString stateText(const FileRow& row)
+{
+    const QString problem = row.problem.text();
+    const QString where = row.path + QLatin1String(": "); // The name stands in the line above.
+    if (!problem.isEmpty())
+        return problem.startsWith(where) ? problem.mid(where.size()) : problem;
+    if (row.isAsked)
+        return FilesModel::tr("is being read");
+    return row.isEdited ? FilesModel::tr("edited") : FilesModel::tr("untouched");
 }
 
 } // namespace
@@ -89,13 +101,7 @@ QVariant FilesModel::data(const QModelIndex& index, int role) const
     const FileRow& row = m_rows.at(index.row());
     const QSize frame = frameOf(row);
     const double seconds = row.media ? row.media->seconds : 0;
-    QString state;
-    if (!row.problem.isEmpty())
-        state = row.problem.text();
-    else if (row.isAsked)
-        state = tr("is being read");
-    else
-        state = row.isEdited ? tr("edited") : tr("untouched");
+    const QString state = stateText(row);
     switch (role) {
     case Qt::DisplayRole:
     case Qt::AccessibleTextRole: {
@@ -114,7 +120,7 @@ QVariant FilesModel::data(const QModelIndex& index, int role) const
     case Qt::ToolTipRole:
         return QStringLiteral("%1\n%2").arg(row.path, state);
     case Qt::DecorationRole:
-        return row.thumbnail.isNull() ? emptyThumbnail() : row.thumbnail;
+        return QIcon(row.thumbnail.isNull() ? emptyThumbnail() : row.thumbnail); // The view says how large.
     case PathRole:
         return row.path;
     case FileRole:

@@ -38,6 +38,9 @@ FilesPane::FilesPane(Session* session, QWidget* parent)
     auto* order = new QComboBox(this);
     order->setObjectName(QStringLiteral("order"));
     order->setAccessibleName(tr("Order of the files"));
+    order->view()->setAccessibleName(order->accessibleName());
+    order->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    order->setMinimumContentsLength(6);
     for (const auto& [name, role] : FilesModel::orders())
         order->addItem(name, role);
 
@@ -46,7 +49,7 @@ FilesPane::FilesPane(Session* session, QWidget* parent)
     m_view->setModel(m_order);
     m_view->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_view->setUniformItemSizes(true);
-    m_view->setIconSize(QSize(96, 54));
+    m_view->setIconSize(QSize(64, 36));
     m_view->setTextElideMode(Qt::ElideMiddle);
     m_view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_view->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);

@@ -4,6 +4,7 @@
 #include "session.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 #include <QFileInfo>
 #include <QSet>
@@ -23,6 +24,7 @@ Session::Session(const QString& journalFolder, QObject* parent)
     connect(&m_project, &zokit::Project::fileAdded, this, &Session::noteAdded);
     connect(&m_project, &zokit::Project::fileAboutToBeRemoved, this, &Session::noteRemoved);
     connect(&m_project, &zokit::Project::changed, this, &Session::noteChanges);
+    connect(&m_model, &zokit::SettingsModel::refused, this, &Session::take);
 }
 
 Session::~Session()
@@ -48,6 +50,7 @@ void Session::setCurrent(FileSettings* file)
     } else {
         m_selected.clear();
     }
+    m_model.setFile(file);
     rememberSelection();
     emit currentChanged(file);
     emit selectionChanged();
@@ -120,7 +123,7 @@ void Session::beginGesture(QObject* owner, const Message& text)
 
 void Session::endGesture(QObject* owner)
 {
-    if (m_gestureOwner != owner)
+    if (!owner || m_gestureOwner != owner)
         return;
     m_gestureOwner.clear();
     history().endGesture();
@@ -140,8 +143,29 @@ void Session::redo()
 void Session::goTo(int count)
 {
     endGesture(m_gestureOwner);
+    const int before = history().position();
     history().goTo(count);
     adoptSelection();
+    if (std::abs(history().position() - before) == 1)
+        showChanged(history().step(std::min(history().position(), before)).changes);
+}
+
+/// Shows something that \a changes are about, unless it is shown.
+void Session::showChanged(const zokit::Changes& changes)
+{
+    const auto isShown = [this](const zokit::Change& change) { return change.thing == m_thing; };
+    if (std::any_of(changes.cbegin(), changes.cend(), isShown))
+        return;
+    for (const zokit::Change& change : changes) {
+        FileSettings* file = m_project.fileOf(change.thing);
+        if (!file)
+            continue;
+        setCurrent(file);
+        if (!m_model.indexOf(change.thing).isValid())
+            continue;
+        setThing(change.thing);
+        return;
+    }
 }
 
 Message Session::save(FileSettings* file)
@@ -227,6 +251,8 @@ void Session::noteChanges(const zokit::Changes& changes)
     QSet<FileSettings*> files;
     for (const zokit::Change& change : changes)
         files.insert(m_project.fileOf(change.thing));
+    if (files.contains(nullptr))
+        m_model.refreshDefaults();
     for (const FileSettings* file : files) {
         const int row = file ? m_files.rowOf(file->file()) : -1;
         if (row >= 0)

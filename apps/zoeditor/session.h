@@ -15,6 +15,7 @@
 #include <zokit/probe.h>
 #include <zokit/project.h>
 #include <zokit/queue.h>
+#include <zokit/settingsmodel.h>
 #include <zokit/tools.h>
 
 #include "filesmodel.h"
@@ -33,8 +34,10 @@ public:
     zokit::Project& project() { return m_project; }
     zokit::History& history() { return m_project.history(); }
     zokit::Queue& queue() { return *m_queue; }
+    /// The settings of the current file.
+    zokit::SettingsModel& model() { return m_model; }
     const zokit::Tools& tools() const { return m_tools; }
-    /// Looks for the programs again; files that were not read for want of them are read.
+    /// Looks for the programs again; files that could not be read are read again.
     void findTools();
 
     /// \name Files
@@ -77,6 +80,7 @@ public:
     /// Until endGesture() of the same \a owner, or the next gesture, undo or redo, all edits are one step.
     void beginGesture(QObject* owner, const zokit::Message& text);
     void endGesture(QObject* owner);
+    QObject* gestureOwner() const { return m_gestureOwner; } ///< Null outside gestures.
     bool isInGesture() const { return !m_gestureOwner.isNull(); }
     void undo();
     void redo();
@@ -129,11 +133,13 @@ private:
     void noteChanges(const zokit::Changes& changes);
     void noteEdited(int row, const zokit::FileSettings& file);
     void adoptSelection();
+    void showChanged(const zokit::Changes& changes);
     void rememberSelection();
 
     zokit::Tools m_tools;
     QString m_journalFolder;
     zokit::Project m_project;
+    zokit::SettingsModel m_model;
     FilesModel m_files;
     std::unique_ptr<zokit::Prober> m_prober;
     QString m_probed; ///< The clip that is being looked into; empty for none.

@@ -28,7 +28,7 @@ void Session::findTools()
         m_queue = std::make_unique<zokit::Queue>(m_tools);
     for (int i = 0; i < m_files.rows().size(); ++i) {
         FileRow row = m_files.rows().at(i);
-        if (row.problem.code() != Message::Code::ToolMissing)
+        if (row.problem.isEmpty() || row.media)
             continue;
         row.problem = Message();
         row.isAsked = true;
@@ -105,7 +105,7 @@ void Session::takeMedia(const zokit::ReadMedia& read)
         FileRow row = m_files.rows().at(index);
         row.isAsked = false;
         row.media = read.media;
-        row.problem = read.error;
+        row.problem = m_tools.error.isEmpty() ? read.error : m_tools.error;
         m_files.replace(index, row);
         addToProject(index);
         emit fileStateChanged(m_files.rows().at(index).file);

@@ -23,9 +23,11 @@
 
 #include "actions.h"
 #include "appearance.h"
+#include "effectspane.h"
 #include "filespane.h"
 #include "historypane.h"
 #include "missingtools.h"
+#include "panel.h"
 #include "picturepane.h"
 #include "session.h"
 #include "shortcutsdialog.h"
@@ -35,6 +37,7 @@ namespace zoeditor {
 
 namespace {
 
+constexpr int margin = 3;          // Pixels around the panes: in the smallest window each one counts.
 constexpr int messageTime = 15000; // Milliseconds: long enough to be read.
 
 /// Names of local files that are dragged along.
@@ -67,16 +70,28 @@ Window::Window(Session* session, QWidget* parent)
 
 Window::~Window()
 {
+    m_session->endGesture(m_session->gestureOwner());
     appearance::saveSizes(*this);
 }
 
 void Window::makePanes()
 {
     m_files = new FilesPane(m_session, this);
-    auto* sides = new QTabWidget(this);
+    auto* effects = new EffectsPane(m_session, *m_actions, this);
+    auto* panel = new Panel(m_session, this);
+    connect(effects, &EffectsPane::valueChosen, panel, &Panel::focusOn);
+    auto* pages = new QTabWidget(this);
+    pages->setObjectName(QStringLiteral("pages"));
+    pages->setAccessibleName(tr("Values and history"));
+    pages->setDocumentMode(true);
+    pages->addTab(panel, tr("Values"));
+    pages->addTab(new HistoryPane(m_session, pages), tr("History"));
+    auto* sides = new QSplitter(Qt::Vertical, this);
     sides->setObjectName(QStringLiteral("sides"));
-    sides->setAccessibleName(tr("Effects and history"));
-    sides->addTab(new HistoryPane(m_session, sides), tr("History"));
+    sides->setChildrenCollapsible(false);
+    sides->addWidget(effects);
+    sides->addWidget(pages);
+    sides->setSizes({350, 400});
 
     auto* columns = new QSplitter(Qt::Horizontal, this);
     columns->setObjectName(QStringLiteral("columns"));
@@ -85,8 +100,10 @@ void Window::makePanes()
     columns->addWidget(pictureColumn(columns));
     columns->addWidget(sides);
     columns->setStretchFactor(1, 1);
+    columns->setSizes({240, 640, 400});
     auto* page = new QWidget(this);
     auto* layout = new QVBoxLayout(page);
+    layout->setContentsMargins(margin, margin, margin, margin);
     layout->addWidget(new MissingTools(m_session, page));
     layout->addWidget(columns, 1);
     setCentralWidget(page);
@@ -143,7 +160,7 @@ void Window::connectHistory()
     connect(redo, &QAction::triggered, m_session, &Session::redo);
     const auto update = [this, undo, redo] {
         const zokit::History& history = m_session->history();
-        undo->setEnabled(history.position() > 0 || m_session->isInGesture());
+        undo->setEnabled(history.position() > 0 || m_session->gestureOwner());
         redo->setEnabled(history.canRedo());
         const QString undone = history.undoText().text();
         const QString redone = history.redoText().text();

@@ -7,15 +7,19 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QMouseEvent>
 #include <QStatusBar>
 #include <QTimer>
+
+#include <zokit/properties.h>
 
 #include <actions.h>
 
 namespace editorsupport {
 
-Stage::Stage(const QStringList& files)
-    : editor(std::make_unique<zoeditor::Editor>(folder.filePath(kitsupport::key("journal"))))
+using kitsupport::key;
+
+Stage::Stage(const QStringList& files) : editor(std::make_unique<zoeditor::Editor>(folder.filePath(key("journal"))))
 {
     editor->start(files);
     waitForFiles();
@@ -42,8 +46,9 @@ void Stage::waitForFiles() const
 bool Stage::trigger(const char* action) const
 {
     QAction* found = window().actions().action(action);
+    const bool isEnabled = found->isEnabled();
     found->trigger();
-    return found->isEnabled();
+    return isEnabled;
 }
 
 QString Stage::status() const
@@ -56,6 +61,51 @@ QString copyOf(const char* clip, const QTemporaryDir& folder, const char* name)
     const QString path = folder.filePath(QString::fromLatin1(name));
     QFile::copy(clips::clip(QString::fromLatin1(clip)), path);
     return path;
+}
+
+void settle()
+{
+    for (int i = 0; i < 3; ++i) // A timer makes widgets, these ask for a layout, and that moves them.
+        QCoreApplication::processEvents();
+}
+
+Full::Full() : Stage({clips::clip(key("languages.mkv")), clips::clip(key("text.srt")) + key(".gone")})
+{
+    file(0)->insert(key("Watermark"), {{key("wm_istextwatermark"), true}, {key("wm_textcontent"), key("Hello")}});
+    file(0)->insert(key("Watermark"),
+                    {{key("wm_istextwatermark"), false}, {key("wm_imageurl"), kitsupport::logoPath(20, 10)}});
+}
+
+void Full::visitAll(const std::function<void(const QString& what)>& look) const
+{
+    QVector<QPair<QString, zokit::Identity>> things;
+    for (const QString& type : zokit::effectTypes()) {
+        things.append({type, file(0)->type(type)});
+        const QVector<zokit::Identity> items = file(0)->items(type);
+        for (int i = 0; i < std::min(items.size(), decltype(items.size())(2)); ++i)
+            things.append({QStringLiteral("%1-%2").arg(type).arg(i), items.at(i)});
+    }
+    things.append({key("Tracks"), file(0)->tracks()});
+    things.append({key("Output"), file(0)->output()});
+    for (const auto& [what, thing] : things) {
+        session().setThing(thing);
+        settle();
+        look(what);
+    }
+}
+
+void drag(QWidget* widget, const QPoint& from, const QPoint& to)
+{
+    constexpr int moves = 10;
+    const auto send = [widget](QEvent::Type type, const QPoint& at, Qt::MouseButton button, Qt::MouseButtons buttons) {
+        QMouseEvent event(type, at, widget->mapToGlobal(at), button, buttons, Qt::NoModifier);
+        QCoreApplication::sendEvent(widget, &event);
+        QCoreApplication::processEvents();
+    };
+    send(QEvent::MouseButtonPress, from, Qt::LeftButton, Qt::LeftButton);
+    for (int i = 1; i <= moves; ++i)
+        send(QEvent::MouseMove, from + (to - from) * i / moves, Qt::NoButton, Qt::LeftButton);
+    send(QEvent::MouseButtonRelease, to, Qt::LeftButton, Qt::NoButton);
 }
 
 void answer(const char* dialog, const char* button)

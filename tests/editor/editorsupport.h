@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <functional>
+
 #include <QApplication>
 #include <QTemporaryDir>
 
@@ -58,8 +60,23 @@ public:
     std::unique_ptr<zoeditor::Editor> editor;
 };
 
+/// A window full of things: two files, one of which cannot be read, two watermarks, tracks.
+class Full : public Stage {
+public:
+    Full();
+
+    /// Each thing of the first file in turn is shown in the panel, laid out, and \a look is called with its name.
+    void visitAll(const std::function<void(const QString& what)>& look) const;
+};
+
+/// Lets everything be done that waits in the event loop, and what waits for that.
+void settle();
+
 /// A copy of a sample clip in \a folder, under \a name.
 QString copyOf(const char* clip, const QTemporaryDir& folder, const char* name);
+
+/// Drags with the left button, in ten moves.
+void drag(QWidget* widget, const QPoint& from, const QPoint& to);
 
 /// Clicks \a button in the dialog of that object name, as soon as it is there.
 void answer(const char* dialog, const char* button);

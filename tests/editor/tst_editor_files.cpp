@@ -114,7 +114,7 @@ void TestEditorFiles::unreadableFileCostsOnlyItsRow()
     QVERIFY(!stage.file(1));
     QVERIFY(stage.file(2));
     QVERIFY2(state(stage, 0).contains(key("empty")), qPrintable(state(stage, 0)));
-    QVERIFY2(state(stage, 1).contains(key("none.mp4")), qPrintable(state(stage, 1)));
+    QVERIFY2(state(stage, 1).startsWith(key("no such file")), qPrintable(state(stage, 1)));
     QCOMPARE(state(stage, 2), key("untouched"));
 }
 
@@ -243,10 +243,10 @@ void TestEditorFiles::settingsOpenWithoutTheirClip()
     stage.waitForFiles();
     QVERIFY(stage.file(0));
     QCOMPARE(stage.file(0)->value(stage.file(0)->type(key("Color")), key("bcs_contrast")), QVariant(7));
-    QVERIFY2(state(stage, 0).contains(key("gone.mp4")), qPrintable(state(stage, 0)));
+    QVERIFY2(state(stage, 0).startsWith(key("no such file")), qPrintable(state(stage, 0)));
     QVERIFY(!stage.session().problemOf(stage.file(0)->file()).isEmpty());
     QVERIFY(!stage.file(1));
-    QVERIFY2(state(stage, 1).contains(key("broken.json")), qPrintable(state(stage, 1)));
+    QVERIFY2(state(stage, 1).contains(key("1")), qPrintable(state(stage, 1))); // Line and column.
 }
 
 void TestEditorFiles::settingsFollowTheSizeOfTheClip()

@@ -1,4 +1,700 @@
 <?xml version="1.0" encoding="utf-8"?>
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name>zoeditor::Actions</name>
+    <message>
+        <source>Tool bar</source>
+        <translation>Werkzeugleiste</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>Add &amp;files...</source>
+        <translation>Da&amp;teien hinzufügen...</translation>
+    </message>
+    <message>
+        <source>Add f&amp;older...</source>
+        <translation>&amp;Ordner hinzufügen...</translation>
+    </message>
+    <message>
+        <source>&amp;Remove from the list</source>
+        <translation>Aus der Liste &amp;entfernen</translation>
+    </message>
+    <message>
+        <source>&amp;Save settings</source>
+        <translation>Einstellungen &amp;sichern</translation>
+    </message>
+    <message>
+        <source>Save settings &amp;as...</source>
+        <translation>Einstellungen sichern &amp;als...</translation>
+    </message>
+    <message>
+        <source>Sa&amp;ve settings of all</source>
+        <translation>Einstellungen a&amp;ller sichern</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>&amp;Wiederholen</translation>
+    </message>
+    <message>
+        <source>Add &amp;text</source>
+        <translation>&amp;Text hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add &amp;image...</source>
+        <translation>B&amp;ild hinzufügen...</translation>
+    </message>
+    <message>
+        <source>Add su&amp;btitle file...</source>
+        <translation>&amp;Untertiteldatei hinzufügen...</translation>
+    </message>
+    <message>
+        <source>Add s&amp;ound file...</source>
+        <translation>T&amp;ondatei hinzufügen...</translation>
+    </message>
+    <message>
+        <source>Re&amp;move</source>
+        <translation>&amp;Entfernen</translation>
+    </message>
+    <message>
+        <source>Move u&amp;p</source>
+        <translation>Nach &amp;oben</translation>
+    </message>
+    <message>
+        <source>Move do&amp;wn</source>
+        <translation>Nach u&amp;nten</translation>
+    </message>
+    <message>
+        <source>&amp;Find a value</source>
+        <translation>Wert &amp;finden</translation>
+    </message>
+    <message>
+        <source>Colours of the &amp;system</source>
+        <translation>Farben des &amp;Systems</translation>
+    </message>
+    <message>
+        <source>&amp;Light colours</source>
+        <translation>&amp;Helle Farben</translation>
+    </message>
+    <message>
+        <source>&amp;Dark colours</source>
+        <translation>&amp;Dunkle Farben</translation>
+    </message>
+    <message>
+        <source>&amp;English</source>
+        <translation>&amp;Englisch (English)</translation>
+    </message>
+    <message>
+        <source>&amp;German (Deutsch)</source>
+        <translation>&amp;Deutsch</translation>
+    </message>
+    <message>
+        <source>List of &amp;shortcuts</source>
+        <translation>Liste der &amp;Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>&amp;After</source>
+        <translation>&amp;Nachher</translation>
+    </message>
+    <message>
+        <source>&amp;Before</source>
+        <translation>&amp;Vorher</translation>
+    </message>
+    <message>
+        <source>Before &amp;and after</source>
+        <translation>V&amp;orher und nachher</translation>
+    </message>
+    <message>
+        <source>&amp;Larger</source>
+        <translation>&amp;Größer</translation>
+    </message>
+    <message>
+        <source>&amp;Smaller</source>
+        <translation>&amp;Kleiner</translation>
+    </message>
+    <message>
+        <source>As large as it &amp;fits</source>
+        <translation>&amp;Einpassen</translation>
+    </message>
+    <message>
+        <source>&amp;100 %</source>
+        <translation>&amp;100 %</translation>
+    </message>
+    <message>
+        <source>&amp;Time</source>
+        <translation>&amp;Zeit</translation>
+    </message>
+    <message>
+        <source>One frame &amp;back</source>
+        <translation>Ein Bild &amp;zurück</translation>
+    </message>
+    <message>
+        <source>&amp;Play</source>
+        <translation>&amp;Abspielen</translation>
+    </message>
+    <message>
+        <source>One frame &amp;on</source>
+        <translation>Ein Bild &amp;weiter</translation>
+    </message>
+    <message>
+        <source>&amp;Listen</source>
+        <translation>Anh&amp;ören</translation>
+    </message>
+    <message>
+        <source>Listen without &amp;effects</source>
+        <translation>Ohne &amp;Effekte anhören</translation>
+    </message>
+    <message>
+        <source>Convert &amp;from here</source>
+        <translation>&amp;Von hier an umwandeln</translation>
+    </message>
+    <message>
+        <source>Convert &amp;to here</source>
+        <translation>&amp;Bis hierher umwandeln</translation>
+    </message>
+    <message>
+        <source>Convert the &amp;whole clip</source>
+        <translation>Den &amp;ganzen Film umwandeln</translation>
+    </message>
+</context>
+<context>
+    <name>zoeditor::Editor</name>
+    <message>
+        <source>Recover</source>
+        <translation>Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>An editor ended before its time, %1. Its settings are there:</source>
+        <translation>Ein Editor endete vorzeitig, %1. Seine Einstellungen sind noch da:</translation>
+    </message>
+    <message>
+        <source>An editor that opened them has ended twice. It may happen again.</source>
+        <translation>Ein Editor, der sie öffnete, ist zweimal abgebrochen. Das kann wieder geschehen.</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>Verwerfen</translation>
+    </message>
+    <message>
+        <source>Ask again later</source>
+        <translation>Später wieder fragen</translation>
+    </message>
+</context>
+<context>
+    <name>zoeditor::EffectsPane</name>
+    <message numerus="yes">
+        <source>%n item(s)</source>
+        <translation>
+            <numerusform>%n Eintrag</numerusform>
+            <numerusform>%n Einträge</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>changed</source>
+        <translation>geändert</translation>
+    </message>
+    <message>
+        <source>, changed</source>
+        <translation>, geändert</translation>
+    </message>
+    <message>
+        <source>Search all values</source>
+        <translation>Alle Werte durchsuchen</translation>
+    </message>
+    <message>
+        <source>Effects</source>
+        <translation>Effekte</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>Hinzufügen</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>Add an image</source>
+        <translation>Bild hinzufügen</translation>
+    </message>
+    <message>
+        <source>Images (*.png *.jpg *.jpeg *.gif *.bmp)</source>
+        <translation>Bilder (*.png *.jpg *.jpeg *.gif *.bmp)</translation>
+    </message>
+    <message>
+        <source>Add a subtitle file</source>
+        <translation>Untertiteldatei hinzufügen</translation>
+    </message>
+    <message>
+        <source>Subtitles (*.srt *.ass *.ssa *.vtt)</source>
+        <translation>Untertitel (*.srt *.ass *.ssa *.vtt)</translation>
+    </message>
+    <message>
+        <source>Add a sound file</source>
+        <translation>Tondatei hinzufügen</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>Alle Dateien (*)</translation>
+    </message>
+</context>
+<context>
+    <name>zoeditor::FilesModel</name>
+    <message>
+        <source>is being read</source>
+        <translation>wird gelesen</translation>
+    </message>
+    <message>
+        <source>edited</source>
+        <translation>bearbeitet</translation>
+    </message>
+    <message>
+        <source>untouched</source>
+        <translation>unberührt</translation>
+    </message>
+    <message>
+        <source>%1 x %2</source>
+        <translation>%1 x %2</translation>
+    </message>
+    <message>
+        <source>as added</source>
+        <translation>wie hinzugefügt</translation>
+    </message>
+    <message>
+        <source>by name</source>
+        <translation>nach Name</translation>
+    </message>
+    <message>
+        <source>by size</source>
+        <translation>nach Größe</translation>
+    </message>
+    <message>
+        <source>by length</source>
+        <translation>nach Länge</translation>
+    </message>
+    <message>
+        <source>by state</source>
+        <translation>nach Zustand</translation>
+    </message>
+</context>
+<context>
+    <name>zoeditor::FilesPane</name>
+    <message>
+        <source>Filter</source>
+        <translation>Filter</translation>
+    </message>
+    <message>
+        <source>Filter by name or state</source>
+        <translation>Nach Name oder Zustand filtern</translation>
+    </message>
+    <message>
+        <source>Order of the files</source>
+        <translation>Reihenfolge der Dateien</translation>
+    </message>
+    <message>
+        <source>Files</source>
+        <translation>Dateien</translation>
+    </message>
+</context>
+<context>
+    <name>zoeditor::HistoryPane</name>
+    <message>
+        <source>History</source>
+        <translation>Verlauf</translation>
+    </message>
+    <message>
+        <source>Beginning</source>
+        <translation>Anfang</translation>
+    </message>
+    <message>
+        <source>%1 (undone)</source>
+        <translation>%1 (rückgängig)</translation>
+    </message>
+</context>
+<context>
+    <name>zoeditor::Listening</name>
+    <message>
+        <source>The player gave up: %1</source>
+        <translation>Der Spieler hat aufgegeben: %1</translation>
+    </message>
+    <message>
+        <source>The sound cannot be kept in %1: %2</source>
+        <translation>Der Ton kann nicht in %1 abgelegt werden: %2</translation>
+    </message>
+    <message>
+        <source>There is no player for sound. Install one, for example with: apt-get install pulseaudio-utils</source>
+        <translation>Es gibt keinen Spieler für Ton. Installieren Sie einen, zum Beispiel so: apt-get install pulseaudio-utils</translation>
+    </message>
+    <message>
+        <source>The player does not end. Try again.</source>
+        <translation>Der Spieler endet nicht. Versuchen Sie es noch einmal.</translation>
+    </message>
+</context>
+<context>
+    <name>zoeditor::MissingTools</name>
+    <message>
+        <source>This line, in a terminal, installs it</source>
+        <translation>Diese Zeile, in einem Terminal, installiert es</translation>
+    </message>
+    <message>
+        <source>Copy the line</source>
+        <translation>Zeile kopieren</translation>
+    </message>
+    <message>
+        <source>Look again</source>
+        <translation>Noch einmal suchen</translation>
+    </message>
+</context>
+<context>
+    <name>zoeditor::Panel</name>
+    <message>
+        <source>changed</source>
+        <translation>geändert</translation>
+    </message>
+    <message>
+        <source>saved</source>
+        <translation>gesichert</translation>
+    </message>
+    <message>
+        <source>default</source>
+        <translation>Vorgabe</translation>
+    </message>
+    <message>
+        <source>Values</source>
+        <translation>Werte</translation>
+    </message>
+    <message>
+        <source>Add a file to begin.</source>
+        <translation>Fügen Sie zuerst eine Datei hinzu.</translation>
+    </message>
+    <message>
+        <source>Back to the default</source>
+        <translation>Zurück zur Vorgabe</translation>
+    </message>
+    <message>
+        <source>Revert: %1</source>
+        <translation>Zurücksetzen: %1</translation>
+    </message>
+</context>
+<context>
+    <name>zoeditor::PictureAccess</name>
+    <message>
+        <source>One pixel left</source>
+        <translation>Ein Pixel nach links</translation>
+    </message>
+    <message>
+        <source>One pixel right</source>
+        <translation>Ein Pixel nach rechts</translation>
+    </message>
+    <message>
+        <source>One pixel up</source>
+        <translation>Ein Pixel nach oben</translation>
+    </message>
+    <message>
+        <source>One pixel down</source>
+        <translation>Ein Pixel nach unten</translation>
+    </message>
+</context>
+<context>
+    <name>zoeditor::PicturePane</name>
+    <message>
+        <source>Picture</source>
+        <translation>Bild</translation>
+    </message>
+    <message>
+        <source>Notes on the picture</source>
+        <translation>Hinweise zum Bild</translation>
+    </message>
+    <message>
+        <source>After</source>
+        <translation>Nachher</translation>
+    </message>
+    <message>
+        <source>Before</source>
+        <translation>Vorher</translation>
+    </message>
+    <message>
+        <source>Both</source>
+        <translation>Beide</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>Vergrößerung</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <translation>Ganz</translation>
+    </message>
+    <message>
+        <source>100 %</source>
+        <translation>1:1</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+</context>
+<context>
+    <name>zoeditor::PictureView</name>
+    <message>
+        <source>Picture</source>
+        <translation>Bild</translation>
+    </message>
+    <message>
+        <source>Crop</source>
+        <translation>Zuschnitt</translation>
+    </message>
+    <message>
+        <source>Watermark %1</source>
+        <translation>Wasserzeichen %1</translation>
+    </message>
+    <message>
+        <source>%1: upper left corner</source>
+        <translation>%1: Ecke links oben</translation>
+    </message>
+    <message>
+        <source>%1: upper edge</source>
+        <translation>%1: oberer Rand</translation>
+    </message>
+    <message>
+        <source>%1: upper right corner</source>
+        <translation>%1: Ecke rechts oben</translation>
+    </message>
+    <message>
+        <source>%1: right edge</source>
+        <translation>%1: rechter Rand</translation>
+    </message>
+    <message>
+        <source>%1: lower right corner</source>
+        <translation>%1: Ecke rechts unten</translation>
+    </message>
+    <message>
+        <source>%1: lower edge</source>
+        <translation>%1: unterer Rand</translation>
+    </message>
+    <message>
+        <source>%1: lower left corner</source>
+        <translation>%1: Ecke links unten</translation>
+    </message>
+    <message>
+        <source>%1: left edge</source>
+        <translation>%1: linker Rand</translation>
+    </message>
+    <message>
+        <source>%1: place</source>
+        <translation>%1: Ort</translation>
+    </message>
+    <message>
+        <source>%1, becomes %2</source>
+        <translation>%1, wird %2</translation>
+    </message>
+    <message>
+        <source>Stand-in</source>
+        <translation>Ersatzbild</translation>
+    </message>
+    <message>
+        <source>Drop films here, or add files.</source>
+        <translation>Legen Sie Filme hier ab, oder fügen Sie Dateien hinzu.</translation>
+    </message>
+    <message>
+        <source>This file has no picture.</source>
+        <translation>Diese Datei hat kein Bild.</translation>
+    </message>
+</context>
+<context>
+    <name>zoeditor::Session</name>
+    <message>
+        <source>%1 is open already. Remove it first to open these settings.</source>
+        <translation>%1 ist schon offen. Entfernen Sie die Datei zuerst, um diese Einstellungen zu öffnen.</translation>
+    </message>
+</context>
+<context>
+    <name>zoeditor::ShortcutsDialog</name>
+    <message>
+        <source>Shortcuts</source>
+        <translation>Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>What</source>
+        <translation>Was</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>Tasten</translation>
+    </message>
+    <message>
+        <source>From pane to pane, from field to field</source>
+        <translation>Von Bereich zu Bereich, von Feld zu Feld</translation>
+    </message>
+    <message>
+        <source>Tab, Shift+Tab</source>
+        <translation>Tab, Umschalt+Tab</translation>
+    </message>
+    <message>
+        <source>Several files at once</source>
+        <translation>Mehrere Dateien zugleich</translation>
+    </message>
+    <message>
+        <source>Ctrl+click, Shift+click</source>
+        <translation>Strg+Klick, Umschalt+Klick</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>zoeditor::TimeBar</name>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+</context>
+<context>
+    <name>zoeditor::TimeLine</name>
+    <message>
+        <source>Time line</source>
+        <translation>Zeitleiste</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Start</translation>
+    </message>
+    <message>
+        <source>Time and length</source>
+        <translation>Zeit und Länge</translation>
+    </message>
+    <message>
+        <source>In</source>
+        <translation>Von</translation>
+    </message>
+    <message>
+        <source>Out</source>
+        <translation>Bis</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>Ganz</translation>
+    </message>
+    <message>
+        <source>Listen</source>
+        <translation>Ton</translation>
+    </message>
+</context>
+<context>
+    <name>zoeditor::ValueControl</name>
+    <message>
+        <source>Choose: %1</source>
+        <translation>Wählen: %1</translation>
+    </message>
+    <message>
+        <source>not set</source>
+        <translation>nicht gesetzt</translation>
+    </message>
+</context>
+<context>
+    <name>zoeditor::Window</name>
+    <message>
+        <source>Values and history</source>
+        <translation>Werte und Verlauf</translation>
+    </message>
+    <message>
+        <source>Values</source>
+        <translation>Werte</translation>
+    </message>
+    <message>
+        <source>History</source>
+        <translation>Verlauf</translation>
+    </message>
+    <message>
+        <source>Add files</source>
+        <translation>Dateien hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add a folder</source>
+        <translation>Ordner hinzufügen</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>&amp;Undo: %1</source>
+        <translation>&amp;Rückgängig: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>&amp;Wiederholen</translation>
+    </message>
+    <message>
+        <source>&amp;Redo: %1</source>
+        <translation>&amp;Wiederholen: %1</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Wiederholen</translation>
+    </message>
+    <message>
+        <source>%1[*] - zoeditor</source>
+        <translation>%1[*] - zoeditor</translation>
+    </message>
+    <message>
+        <source>Save settings</source>
+        <translation>Einstellungen sichern</translation>
+    </message>
+    <message>
+        <source>Settings (*.zoeffect.json)</source>
+        <translation>Einstellungen (*.zoeffect.json)</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message numerus="yes">
+        <source>The settings of %n file(s) are not saved.</source>
+        <translation>
+            <numerusform>Die Einstellungen von %n Datei sind nicht gesichert.</numerusform>
+            <numerusform>Die Einstellungen von %n Dateien sind nicht gesichert.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Save all</source>
+        <translation>Alle sichern</translation>
+    </message>
+    <message>
+        <source>Close without saving</source>
+        <translation>Schließen, ohne zu sichern</translation>
+    </message>
+    <message>
+        <source>Stay</source>
+        <translation>Offen lassen</translation>
+    </message>
+</context>
 </TS>

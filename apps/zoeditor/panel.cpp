@@ -1,0 +1,203 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include "panel.h"
+
+#include <algorithm>
+#include <utility>
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QScrollBar>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include <zokit/filesettings.h>
+#include <zokit/settingsmodel.h>
+
+#include "controls.h"
+#include "session.h"
+
+namespace zoeditor {
+
+using Model = zokit::SettingsModel;
+using zokit::Message;
+
+namespace {
+
+enum Column { LabelColumn, FieldColumn, RevertColumn, Columns };
+constexpr double smallFont = 0.8; // Of the mark below a label.
+
+QString markText(zokit::State state)
+{
+    switch (state) {
+    case zokit::State::Changed:
+        return Panel::tr("changed");
+    case zokit::State::SavedDefault:
+        return Panel::tr("saved");
+    case zokit::State::Default:
+        break;
+    }
+    return Panel::tr("default");
+}
+
+} // namespace
+
+Panel::Panel(Session* session, QWidget* parent) : QScrollArea(parent), m_session(session)
+{
+    setObjectName(QStringLiteral("panel"));
+    setAccessibleName(tr("Values"));
+    setWidgetResizable(true);
+    setFrameShape(QFrame::NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_rebuilding.setSingleShot(true); // A field may be the one that asks for it.
+    m_rebuilding.setInterval(0);
+    const auto soon = QOverload<>::of(&QTimer::start);
+    connect(&m_rebuilding, &QTimer::timeout, this, &Panel::rebuild);
+    connect(session, &Session::thingChanged, &m_rebuilding, soon);
+    const Model& model = session->model();
+    connect(&model, &Model::modelReset, &m_rebuilding, soon);
+    connect(&model, &Model::rowsInserted, &m_rebuilding, soon);
+    connect(&model, &Model::rowsRemoved, &m_rebuilding, soon);
+    connect(&model, &Model::rowsMoved, &m_rebuilding, soon);
+    connect(&model, &Model::dataChanged, this, &Panel::update);
+    rebuild();
+}
+
+void Panel::focusOn(const QString& key)
+{
+    m_wanted = key;
+    if (!m_rebuilding.isActive())
+        rebuild();
+}
+
+void Panel::rebuild()
+{
+    const QWidget* focused = focusWidget();
+    const QString name = focused && m_thing == m_session->thing() ? focused->objectName() : QString();
+    for (const Row& row : std::as_const(m_rows))
+        m_session->endGesture(row.control);
+    m_rows.clear();
+    m_thing = m_session->thing();
+    const Model& model = m_session->model();
+    const QModelIndex chosen = model.indexOf(m_thing);
+    auto* page = new QWidget(this);
+    auto* grid = new QGridLayout(page);
+    grid->setColumnStretch(FieldColumn, 1);
+    if (!chosen.isValid()) {
+        grid->addWidget(new QLabel(tr("Add a file to begin."), page), 0, 0, 1, Columns);
+    } else {
+        auto* title = new QLabel(chosen.data(Model::LabelRole).toString(), page);
+        title->setObjectName(QStringLiteral("panelTitle"));
+        QFont large = title->font();
+        large.setPointSizeF(large.pointSizeF() * 1.2);
+        large.setBold(true);
+        title->setFont(large);
+        grid->addWidget(title, 0, 0, 1, Columns);
+        if (const QString help = chosen.data(Model::HelpRole).toString(); !help.isEmpty()) {
+            auto* text = new QLabel(help, page);
+            text->setWordWrap(true);
+            grid->addWidget(text, 1, 0, 1, Columns);
+        }
+    }
+    QString group;
+    for (int i = 0; i < model.rowCount(chosen) && chosen.isValid(); ++i) {
+        const QModelIndex value = model.index(i, Model::ValueColumn, chosen);
+        if (value.data(Model::KindRole).toInt() != Model::PropertyRow)
+            continue;
+        if (const QString own = value.data(Model::GroupRole).toString(); own != group)
+            addGroup(grid, group = own);
+        addRow(grid, value);
+    }
+    grid->setRowStretch(grid->rowCount(), 1);
+    setWidget(page); // Deletes the one before.
+    update();
+    const int needed = page->minimumSizeHint().width() + verticalScrollBar()->sizeHint().width();
+    setMinimumWidth(std::max(minimumWidth(), needed)); // It never becomes narrower: the window would jump.
+    if (QWidget* same = name.isEmpty() ? nullptr : page->findChild<QWidget*>(name))
+        same->setFocus();
+    if (m_rows.contains(m_wanted)) {
+        m_rows.value(m_wanted).control->setFocus(Qt::ShortcutFocusReason);
+        ensureWidgetVisible(m_rows.value(m_wanted).control);
+    }
+    m_wanted.clear();
+}
+
+void Panel::addGroup(QGridLayout* grid, const QString& name) const
+{
+    auto* title = new QLabel(name, grid->parentWidget());
+    QFont bold = title->font();
+    bold.setBold(true);
+    title->setFont(bold);
+    title->setContentsMargins(0, 6, 0, 0);
+    grid->addWidget(title, grid->rowCount(), 0, 1, Columns);
+}
+
+void Panel::addRow(QGridLayout* grid, const QModelIndex& value)
+{
+    QWidget* page = grid->parentWidget();
+    const QString key = value.data(Model::KeyRole).toString();
+    const QString label = value.data(Model::LabelRole).toString();
+    const QString name = QStringLiteral("%1:%2").arg(value.data(Model::TypeRole).toString(), key);
+    const int line = grid->rowCount();
+
+    ValueControl* control = makeControl(value, page);
+    auto* title = new QLabel(label, page);
+    title->setBuddy(control->field());
+    title->setToolTip(value.data(Qt::ToolTipRole).toString());
+    title->setWordWrap(true);
+    auto* mark = new QLabel(page);
+    mark->setObjectName(name + QLatin1String(":mark"));
+    mark->setForegroundRole(QPalette::PlaceholderText);
+    QFont small = mark->font();
+    small.setPointSizeF(small.pointSizeF() * smallFont);
+    mark->setFont(small);
+    auto* revert = new QToolButton(page);
+    revert->setObjectName(name + QLatin1String(":revert"));
+    revert->setText(QStringLiteral("\u21ba"));
+    revert->setAutoRaise(true);
+    revert->setToolTip(tr("Back to the default"));
+    revert->setAccessibleName(tr("Revert: %1").arg(label));
+    auto* naming = new QVBoxLayout;
+    naming->setSpacing(0);
+    naming->addWidget(title);
+    naming->addWidget(mark);
+    grid->addLayout(naming, line, LabelColumn);
+    grid->addWidget(control, line, FieldColumn);
+    grid->addWidget(revert, line, RevertColumn);
+    m_rows.insert(key, {control, mark, revert});
+
+    connect(control, &ValueControl::edited, this, [this, key](const QVariant& given) { set(key, given); });
+    connect(control, &ValueControl::gestureBegun, this, [this, control, label] {
+        if (m_session->gestureOwner() != control)
+            m_session->beginGesture(control, Message(Message::Code::StepChange, {label}));
+    });
+    connect(control, &ValueControl::gestureEnded, this, [this, control] { m_session->endGesture(control); });
+    connect(revert, &QToolButton::clicked, this, [this, key] {
+        if (m_session->current())
+            m_session->take(m_session->current()->reset(m_thing, key, this));
+    });
+}
+
+void Panel::set(const QString& key, const QVariant& value)
+{
+    zokit::FileSettings* file = m_session->current();
+    if (file && !m_session->take(file->setValue(m_thing, key, value, this)))
+        m_rows.value(key).control->setValue(file->value(m_thing, key));
+}
+
+void Panel::update()
+{
+    const zokit::FileSettings* file = m_session->current();
+    if (!file || m_rebuilding.isActive())
+        return;
+    for (auto row = m_rows.cbegin(); row != m_rows.cend(); ++row) {
+        const zokit::State state = file->state(m_thing, row.key());
+        row->control->setValue(file->value(m_thing, row.key()));
+        row->control->field()->setAccessibleDescription(markText(state));
+        row->mark->setText(markText(state));
+        row->revert->setEnabled(state == zokit::State::Changed);
+    }
+}
+
+} // namespace zoeditor

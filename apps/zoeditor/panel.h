@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QHash>
+#include <QScrollArea>
+#include <QTimer>
+
+#include <zokit/changes.h>
+
+class QGridLayout;
+class QLabel;
+class QToolButton;
+
+namespace zoeditor {
+
+class Session;
+class ValueControl;
+
+/// The values of the effect type or item that is chosen: a row a value with its mark and what takes it back, in groups,
+/// all made from the kit's table.
+class Panel : public QScrollArea {
+    Q_OBJECT
+
+public:
+    explicit Panel(Session* session, QWidget* parent = nullptr);
+
+    /// Moves the focus to the field of \a key of the chosen thing; nothing when it has none.
+    void focusOn(const QString& key);
+
+private:
+    struct Row {
+        ValueControl* control;
+        QLabel* mark;
+        QToolButton* revert;
+    };
+
+    void rebuild();
+    void update();
+    void addGroup(QGridLayout* grid, const QString& name) const;
+    void addRow(QGridLayout* grid, const QModelIndex& value);
+    void set(const QString& key, const QVariant& value);
+
+    Session* m_session;
+    zokit::Identity m_thing = 0;
+    QHash<QString, Row> m_rows; ///< By key.
+    QTimer m_rebuilding;
+    QString m_wanted; ///< The key whose field gets the focus once it is there.
+};
+
+} // namespace zoeditor

@@ -1,0 +1,65 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+// editorpictures FOLDER: makes a picture of every page of the editor there, in light and dark, English and German,
+// large and small, to be looked at.
+
+#include <QAction>
+#include <QDialog>
+#include <QDir>
+#include <QTabWidget>
+
+#include <actions.h>
+#include <appearance.h>
+
+#include "editorsupport.h"
+
+using namespace editorsupport;
+using kitsupport::key;
+namespace appearance = zoeditor::appearance;
+
+namespace {
+
+void take(QWidget* widget, const QDir& folder, const QString& name)
+{
+    settle();
+    widget->grab().save(folder.filePath(name + key(".png")));
+}
+
+void takeAll(const QDir& folder, const QString& prefix, const QSize& size,
+             Qt::LayoutDirection direction = Qt::LeftToRight)
+{
+    const Full stage;
+    stage.window().setLayoutDirection(direction);
+    stage.window().resize(size);
+    QTest::qWait(1500); // Small pictures come from a child.
+    stage.file(0)->setValue(stage.file(0)->type(key("Color")), key("bcs_contrast"), 12);
+    stage.visitAll([&](const QString& what) { take(&stage.window(), folder, prefix + what); });
+    stage.window().findChild<QTabWidget*>(key("pages"))->setCurrentIndex(1);
+    take(&stage.window(), folder, prefix + key("history"));
+    stage.trigger("shortcuts");
+    auto* dialog = stage.window().findChild<QDialog*>(key("shortcutsDialog"));
+    take(dialog, folder, prefix + key("shortcuts"));
+    dialog->close();
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const TestFolders folders;
+    const EditorApplication application(argc, argv);
+    const QDir folder(argc > 1 ? QString::fromLocal8Bit(argv[1]) : QDir::tempPath());
+    if (!folder.mkpath(folder.path()))
+        qFatal("The folder cannot be made");
+    const QSize usual(1280, 800);
+    appearance::setLanguage(key("en"));
+    appearance::setTheme(appearance::Theme::Light);
+    takeAll(folder, key("light-"), usual);
+    appearance::setTheme(appearance::Theme::Dark);
+    takeAll(folder, key("dark-"), usual);
+    appearance::setLanguage(key("de"));
+    appearance::setTheme(appearance::Theme::Light);
+    takeAll(folder, key("german-small-"), QSize(1024, 640));
+    takeAll(folder, key("right-to-left-"), usual, Qt::RightToLeft);
+}

@@ -1,0 +1,437 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include <QtTest>
+#include <QtWidgets>
+
+#include <zokit/history.h>
+#include <zokit/properties.h>
+#include <zokit/settingsmodel.h>
+
+#include <actions.h>
+
+#include "editorsupport.h"
+
+using namespace editorsupport;
+using kitsupport::key;
+using Model = zokit::SettingsModel;
+
+using Act = std::function<void(QWidget*)>;
+Q_DECLARE_METATYPE(Act)
+
+class TestEditorPanel : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() { kitsupport::clearSavedDefaults(); }
+
+    void everyValueHasItsField();
+    void fieldsSetTheirValue_data();
+    void fieldsSetTheirValue();
+    void boundsAndUnitsAreTheTables();
+    void sliderMoveIsOneStep();
+    void heldKeyIsOneStep();
+    void typedTextIsOneStepAndUndoIsTheWindows();
+    void wheelChangesOnlyTheFieldWithTheFocus();
+    void refusedValueIsToldAndPutBack();
+    void marksTellHowAValueStandsToItsDefault();
+    void revertTakesOneValueBack();
+    void colourIsChosen();
+    void typesAndItemsTellWhatIsChanged();
+    void checkBoxSwitchesAnEffect();
+    void itemsComeGoAndMove();
+    void searchFindsEveryValue();
+    void foundValueGetsTheFocus();
+    void chosenPlaceIsKeptFromFileToFile();
+};
+
+namespace {
+
+/// An editor with one clip and a text watermark.
+class Edited : public Stage {
+public:
+    Edited() : Stage({clips::clip(key("plain.mp4"))})
+    {
+        watermark =
+            file(0)
+                ->insert(key("Watermark"), {{key("wm_istextwatermark"), true}, {key("wm_textcontent"), key("Hello")}})
+                .item;
+    }
+
+    /// Shows the values of a type, or of its item; the field of that value.
+    template <typename T = QWidget>
+    T* field(const char* type, const char* valueKey, int item = -1) const
+    {
+        session().setThing(item < 0 ? file(0)->type(key(type)) : file(0)->item(key(type), item));
+        QCoreApplication::processEvents();
+        return find<T>((QByteArray(type) + ':' + valueKey).constData());
+    }
+    QVariant value(const char* type, const char* valueKey, int item = -1) const
+    {
+        return file(0)->value(item < 0 ? file(0)->type(key(type)) : file(0)->item(key(type), item), key(valueKey));
+    }
+    int steps() const { return session().history().position(); }
+
+    zokit::Identity watermark = 0;
+};
+
+/// The row of the tree that is called \a name, within \a parent or anywhere at the top.
+QModelIndex rowOf(const QTreeView* tree, const char* name, const QModelIndex& parent = {})
+{
+    for (int row = 0; row < tree->model()->rowCount(parent); ++row) {
+        const QModelIndex index = tree->model()->index(row, 0, parent);
+        if (index.data().toString() == QString::fromUtf8(name))
+            return index;
+    }
+    return {};
+}
+
+QString mark(const QModelIndex& row)
+{
+    return row.siblingAtColumn(1).data().toString();
+}
+
+} // namespace
+
+void TestEditorPanel::everyValueHasItsField()
+{
+    const Edited stage;
+    int fields = 0;
+    for (const zokit::Property& property : zokit::properties()) {
+        if (!property.suits.testFlag(zokit::Suit::Type) || property.control == zokit::Control::None
+            || !zokit::effectTypes().contains(property.type))
+            continue;
+        const QWidget* field = stage.field(property.type.toLatin1().constData(), property.key.toLatin1().constData());
+        QVERIFY2(field, qPrintable(property.key));
+        QCOMPARE(field->accessibleName(), property.label());
+        QVERIFY2(field->toolTip().contains(property.help()), qPrintable(property.key));
+        QVERIFY2(field->toolTip().contains(property.key), qPrintable(property.key));
+        QCOMPARE(field->focusPolicy(), Qt::StrongFocus);
+        ++fields;
+    }
+    QVERIFY(fields > 40);
+}
+
+void TestEditorPanel::fieldsSetTheirValue_data()
+{
+    QTest::addColumn<QByteArray>("type");
+    QTest::addColumn<int>("item");
+    QTest::addColumn<QByteArray>("valueKey");
+    QTest::addColumn<Act>("act");
+    QTest::addColumn<QVariant>("value");
+    const auto typed = [](const char* text) {
+        return Act([text](QWidget* field) {
+            QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
+            QTest::keyClicks(field, key(text));
+            QTest::keyClick(field, Qt::Key_Return);
+        });
+    };
+    const auto pressed = [](Qt::Key which) { return Act([which](QWidget* field) { QTest::keyClick(field, which); }); };
+    QTest::newRow("number") << QByteArray("Crop") << -1 << QByteArray("crop_left") << typed("12") << QVariant(12);
+    QTest::newRow("number by key") << QByteArray("Color") << -1 << QByteArray("bcs_contrast") << pressed(Qt::Key_Up)
+                                   << QVariant(1);
+    QTest::newRow("fraction") << QByteArray("Watermark") << -1 << QByteArray("wm_vposfactor") << typed("0.25")
+                              << QVariant(0.25);
+    QTest::newRow("slider") << QByteArray("Color") << -1 << QByteArray("bcs_saturation:slider")
+                            << pressed(Qt::Key_Right) << QVariant(1);
+    QTest::newRow("check box") << QByteArray("Audio_Echo") << -1 << QByteArray("audio_effect_flag")
+                               << pressed(Qt::Key_Space) << QVariant(true);
+    QTest::newRow("choice") << QByteArray("Audio_BandPass") << -1 << QByteArray("audio_bandpass_type")
+                            << pressed(Qt::Key_End) << QVariant(3);
+    QTest::newRow("text") << QByteArray("Watermark") << 0 << QByteArray("wm_textcontent") << Act([](QWidget* field) {
+        QTest::keyClick(field, Qt::Key_End);
+        QTest::keyClicks(field, key(" you"));
+    }) << QVariant(key("Hello you"));
+    QTest::newRow("font size") << QByteArray("Watermark") << 0 << QByteArray("wm_fontsize") << typed("30")
+                               << QVariant(30);
+    QTest::newRow("a word of the output")
+        << QByteArray("Output") << -1 << QByteArray("pixel-format") << typed("yuv420p") << QVariant(key("yuv420p"));
+    QTest::newRow("a size of the output")
+        << QByteArray("Output") << -1 << QByteArray("size") << typed("80x60") << QVariant(key("80x60"));
+    QTest::newRow("a list") << QByteArray("Tracks") << -1 << QByteArray("audio-language") << typed("fra,eng")
+                            << QVariant(QStringList({key("fra"), key("eng")}));
+}
+
+void TestEditorPanel::fieldsSetTheirValue()
+{
+    QFETCH(const QByteArray, type);
+    QFETCH(const int, item);
+    QFETCH(const QByteArray, valueKey);
+    QFETCH(const Act, act);
+    QFETCH(const QVariant, value);
+    const Edited stage;
+    if (type == "Tracks" || type == "Output")
+        stage.session().setThing(type == "Tracks" ? stage.file(0)->tracks() : stage.file(0)->output());
+    else
+        stage.field(type.constData(), valueKey.constData(), item);
+    QCoreApplication::processEvents();
+    auto* field = stage.find<QWidget>((type + ':' + valueKey).constData());
+    QVERIFY(field);
+    const zokit::Identity thing = stage.session().thing();
+    const int steps = stage.steps();
+    field->setFocus();
+    act(field);
+    stage.find<QWidget>("search")->setFocus(); // What is typed ends there.
+    QCoreApplication::processEvents();
+    const QString plainKey = QString::fromLatin1(valueKey).section(QLatin1Char(':'), 0, 0);
+    QCOMPARE(stage.file(0)->value(thing, plainKey), value);
+    QCOMPARE(stage.steps(), steps + 1);
+}
+
+void TestEditorPanel::boundsAndUnitsAreTheTables()
+{
+    const Edited stage;
+    const auto* left = stage.field<QSpinBox>("Crop", "crop_left");
+    QCOMPARE(left->minimum(), 0);
+    QCOMPARE(left->maximum(), 160);
+    QCOMPARE(left->suffix(), key(" px"));
+    const auto* width = stage.field<QSpinBox>("Crop", "crop_width"); // 0, which is the whole frame.
+    QCOMPARE(width->text(), QString());
+    QCOMPARE(width->findChild<QLineEdit*>()->placeholderText(), key("not set"));
+    const auto* delay = stage.field<QSlider>("Audio_Flanger", "audio_flanger_delay:slider");
+    QCOMPARE(delay->maximum(), 30);
+    const auto* contrast = stage.field<QSlider>("Color", "bcs_contrast:slider");
+    QCOMPARE(contrast->minimum(), -50);
+    QCOMPARE(contrast->maximum(), 50);
+    const auto* kind = stage.field<QComboBox>("Audio_BandPass", "audio_bandpass_type");
+    QCOMPARE(kind->count(), 4);
+    QCOMPARE(kind->itemText(1), key("High pass"));
+}
+
+void TestEditorPanel::sliderMoveIsOneStep()
+{
+    const Edited stage;
+    auto* slider = stage.field<QSlider>("Color", "bcs_contrast:slider");
+    const int steps = stage.steps();
+    QStyleOptionSlider option;
+    option.initFrom(slider);
+    option.minimum = slider->minimum();
+    option.maximum = slider->maximum();
+    option.sliderPosition = slider->sliderPosition();
+    option.orientation = Qt::Horizontal;
+    const QPoint handle =
+        slider->style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, slider).center();
+    drag(slider, handle, handle + QPoint(10, 0));
+    QVERIFY(stage.value("Color", "bcs_contrast").toInt() > 0);
+    QCOMPARE(stage.steps(), steps + 1);
+    QCOMPARE(stage.find<QSpinBox>("Color:bcs_contrast")->value(), stage.value("Color", "bcs_contrast").toInt());
+    QVERIFY(stage.trigger("undo"));
+    QCOMPARE(stage.value("Color", "bcs_contrast"), QVariant(0));
+    QCOMPARE(slider->value(), 0);
+}
+
+void TestEditorPanel::heldKeyIsOneStep()
+{
+    const Edited stage;
+    auto* field = stage.field<QSpinBox>("Color", "bcs_contrast");
+    const int steps = stage.steps();
+    field->setFocus();
+    const auto send = [field](QEvent::Type type, bool isRepeat) {
+        QKeyEvent event(type, Qt::Key_Up, Qt::NoModifier, QString(), isRepeat);
+        QCoreApplication::sendEvent(field, &event);
+    };
+    send(QEvent::KeyPress, false);
+    for (int i = 0; i < 4; ++i) {
+        send(QEvent::KeyRelease, true);
+        send(QEvent::KeyPress, true);
+        QCoreApplication::processEvents();
+    }
+    send(QEvent::KeyRelease, false);
+    QCoreApplication::processEvents();
+    QVERIFY(stage.value("Color", "bcs_contrast").toInt() >= 5); // The field repeats by itself, too.
+    QCOMPARE(stage.steps(), steps + 1);
+}
+
+void TestEditorPanel::typedTextIsOneStepAndUndoIsTheWindows()
+{
+    const Edited stage;
+    stage.window().activateWindow();
+    auto* field = stage.field<QPlainTextEdit>("Watermark", "wm_textcontent", 0);
+    QVERIFY(!field->isUndoRedoEnabled());
+    field->setFocus();
+    QTest::keyClick(field, Qt::Key_End, Qt::ControlModifier);
+    QTest::keyClicks(field, key(" you"));
+    QCOMPARE(stage.value("Watermark", "wm_textcontent", 0).toString(), key("Hello you"));
+    QVERIFY(stage.window().actions().action("undo")->isEnabled());
+    QTest::keyClick(field, Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(stage.value("Watermark", "wm_textcontent", 0).toString(), key("Hello"));
+    QCOMPARE(field->toPlainText(), key("Hello"));
+    QVERIFY(stage.file(0)->owns(stage.watermark));
+}
+
+void TestEditorPanel::wheelChangesOnlyTheFieldWithTheFocus()
+{
+    const Edited stage;
+    auto* field = stage.field<QSpinBox>("Color", "bcs_contrast");
+    auto* slider = stage.find<QSlider>("Color:bcs_contrast:slider");
+    stage.find<QWidget>("search")->setFocus();
+    const auto roll = [](QWidget* widget) {
+        QWheelEvent event(QPointF(5, 5), widget->mapToGlobal(QPointF(5, 5).toPoint()), QPoint(), QPoint(0, 120),
+                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(widget, &event);
+    };
+    roll(field);
+    roll(slider);
+    roll(field->findChild<QLineEdit*>());
+    QCOMPARE(stage.value("Color", "bcs_contrast"), QVariant(0));
+    field->setFocus();
+    roll(field);
+    QCOMPARE(stage.value("Color", "bcs_contrast"), QVariant(1));
+}
+
+void TestEditorPanel::refusedValueIsToldAndPutBack()
+{
+    const Edited stage;
+    stage.session().setThing(stage.file(0)->output());
+    QCoreApplication::processEvents();
+    auto* field = stage.find<QLineEdit>("Output:size");
+    field->setFocus();
+    QTest::keyClicks(field, key("large"));
+    QTest::keyClick(field, Qt::Key_Return);
+    QVERIFY2(stage.status().contains(key("large")), qPrintable(stage.status()));
+    QCOMPARE(field->text(), QString());
+    QVERIFY(!stage.file(0)->value(stage.file(0)->output(), key("size")).isValid());
+}
+
+void TestEditorPanel::marksTellHowAValueStandsToItsDefault()
+{
+    const Edited stage;
+    stage.field("Color", "bcs_contrast");
+    const zokit::Identity colour = stage.file(0)->type(key("Color"));
+    const auto* mark = stage.find<QLabel>("Color:bcs_contrast:mark");
+    const auto* revert = stage.find<QToolButton>("Color:bcs_contrast:revert");
+    QCOMPARE(mark->text(), key("default"));
+    QVERIFY(!revert->isEnabled());
+    stage.file(0)->setValue(colour, key("bcs_contrast"), 20);
+    QCOMPARE(mark->text(), key("changed"));
+    QVERIFY(revert->isEnabled());
+    QCOMPARE(stage.find<QSpinBox>("Color:bcs_contrast")->accessibleDescription(), key("changed"));
+    QVERIFY(stage.session().project().saveDefault(colour).isEmpty());
+    QCOMPARE(mark->text(), key("saved"));
+    QVERIFY(!revert->isEnabled());
+}
+
+void TestEditorPanel::revertTakesOneValueBack()
+{
+    const Edited stage;
+    auto* field = stage.field<QSpinBox>("Color", "bcs_contrast");
+    stage.file(0)->setValue(stage.file(0)->type(key("Color")), key("bcs_contrast"), 20);
+    stage.file(0)->setValue(stage.file(0)->type(key("Color")), key("bcs_saturation"), 30);
+    QTest::mouseClick(stage.find<QToolButton>("Color:bcs_contrast:revert"), Qt::LeftButton);
+    QCOMPARE(stage.value("Color", "bcs_contrast"), QVariant(0));
+    QCOMPARE(stage.value("Color", "bcs_saturation"), QVariant(30));
+    QCOMPARE(field->value(), 0);
+}
+
+void TestEditorPanel::colourIsChosen()
+{
+    const Edited stage;
+    auto* button = stage.field<QPushButton>("Watermark", "wm_fontcolor", 0);
+    QTest::mouseClick(button, Qt::LeftButton);
+    auto* dialog = button->findChild<QColorDialog*>();
+    QVERIFY(dialog);
+    dialog->setCurrentColor(QColor(10, 200, 30));
+    dialog->accept();
+    QCOMPARE(stage.value("Watermark", "wm_fontcolor", 0).value<QColor>().name(), key("#0ac81e"));
+    QCOMPARE(button->text(), key("#0ac81e"));
+}
+
+void TestEditorPanel::typesAndItemsTellWhatIsChanged()
+{
+    const Edited stage;
+    const auto* tree = stage.find<QTreeView>("effectTree");
+    QCOMPARE(mark(rowOf(tree, "Colour")), QString());
+    stage.file(0)->setValue(stage.file(0)->type(key("Color")), key("bcs_contrast"), 20);
+    QCOMPARE(mark(rowOf(tree, "Colour")), key("changed"));
+    stage.file(0)->insert(key("Watermark"), {{key("wm_istextwatermark"), true}, {key("wm_textcontent"), key("Bye")}});
+    QVERIFY2(mark(rowOf(tree, "Watermarks")).startsWith(key("2 items, changed")),
+             qPrintable(mark(rowOf(tree, "Watermarks"))));
+    QCOMPARE(tree->model()->rowCount(rowOf(tree, "Watermarks")), 2);
+    QCOMPARE(tree->model()->rowCount(rowOf(tree, "Colour")), 0);
+}
+
+void TestEditorPanel::checkBoxSwitchesAnEffect()
+{
+    const Edited stage;
+    auto* tree = stage.find<QTreeView>("effectTree");
+    const bool was = stage.value("Color", "selected").toBool();
+    tree->setCurrentIndex(rowOf(tree, "Colour"));
+    QCOMPARE(stage.session().thing(), stage.file(0)->type(key("Color")));
+    QTest::keyClick(tree, Qt::Key_Space);
+    QCOMPARE(stage.value("Color", "selected"), QVariant(!was));
+}
+
+void TestEditorPanel::itemsComeGoAndMove()
+{
+    const Edited stage;
+    QVERIFY(stage.trigger("addText"));
+    const zokit::Identity added = stage.session().thing();
+    QCOMPARE(stage.file(0)->items(key("Watermark")), QVector<zokit::Identity>({stage.watermark, added}));
+    QVERIFY(!stage.window().actions().action("itemDown")->isEnabled());
+    QVERIFY(stage.trigger("itemUp"));
+    QCOMPARE(stage.file(0)->items(key("Watermark")), QVector<zokit::Identity>({added, stage.watermark}));
+    QVERIFY(stage.window().actions().action("itemDown")->isEnabled());
+    QVERIFY(stage.window().actions().action("removeItem")->isEnabled());
+    stage.window().actions().action("removeItem")->trigger();
+    QCOMPARE(stage.file(0)->items(key("Watermark")), QVector<zokit::Identity>{stage.watermark});
+    QVERIFY(!stage.window().actions().action("removeItem")->isEnabled());
+    stage.session().setThing(stage.file(0)->item(key("Effect"), 0));
+    QVERIFY(!stage.window().actions().action("removeItem")->isEnabled());
+    QVERIFY(stage.window().actions().action("itemDown")->isEnabled());
+}
+
+void TestEditorPanel::searchFindsEveryValue()
+{
+    const Edited stage;
+    auto* search = stage.find<QLineEdit>("search");
+    const QAbstractItemModel& shown = *stage.find<QTreeView>("effectTree")->model();
+    QStringList missing;
+    for (const zokit::Property& property : zokit::properties()) {
+        if (!property.suits.testFlag(zokit::Suit::Type) || property.control == zokit::Control::None
+            || !zokit::effectTypes().contains(property.type))
+            continue;
+        for (const QString& word : {property.key, property.label()}) {
+            search->setText(word);
+            const QModelIndexList found =
+                shown.match(shown.index(0, 0), Model::KeyRole, property.key, 1, Qt::MatchExactly | Qt::MatchRecursive);
+            if (found.isEmpty())
+                missing.append(property.type + QLatin1Char(':') + property.key + QLatin1Char(' ') + word);
+        }
+    }
+    QCOMPARE(missing, QStringList());
+    search->setText(key("no such value"));
+    QCOMPARE(shown.rowCount(), 0);
+    search->clear();
+    QCOMPARE(shown.rowCount(), 15); // 13 types, tracks and output.
+}
+
+void TestEditorPanel::foundValueGetsTheFocus()
+{
+    const Edited stage;
+    stage.window().activateWindow();
+    QVERIFY(stage.trigger("findValue"));
+    QWidget* search = QApplication::focusWidget();
+    QVERIFY(search);
+    QCOMPARE(search->objectName(), key("search"));
+    QTest::keyClicks(search, key("steepness"));
+    QTest::keyClick(search, Qt::Key_Return);
+    auto* tree = stage.find<QTreeView>("effectTree");
+    QCOMPARE(QApplication::focusWidget(), tree);
+    tree->setCurrentIndex(rowOf(tree, "Steepness", rowOf(tree, "Band pass")));
+    QTest::keyClick(tree, Qt::Key_Return);
+    QTRY_COMPARE(QApplication::focusWidget()->objectName(), key("Audio_BandPass:audio_bandpass_steepness"));
+}
+
+void TestEditorPanel::chosenPlaceIsKeptFromFileToFile()
+{
+    const Stage stage({clips::clip(key("plain.mp4")), clips::clip(key("wide.mkv"))});
+    stage.session().setThing(stage.file(0)->type(key("Audio_Echo")));
+    stage.session().setCurrent(stage.file(1));
+    QCOMPARE(stage.session().thing(), stage.file(1)->type(key("Audio_Echo")));
+    QCoreApplication::processEvents();
+    stage.find<QSpinBox>("Audio_Echo:audio_echo_delay")->setValue(500);
+    QCOMPARE(stage.file(1)->value(stage.session().thing(), key("audio_echo_delay")), QVariant(500));
+}
+
+EDITOR_TEST_MAIN(TestEditorPanel)
+#include "tst_editor_panel.moc"

@@ -1,0 +1,161 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include <QtTest>
+#include <QtWidgets>
+
+#include <zokit/history.h>
+
+#include <actions.h>
+
+#include "editorsupport.h"
+
+using namespace editorsupport;
+using kitsupport::key;
+
+class TestEditorUndo : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() { kitsupport::clearSavedDefaults(); }
+
+    void menuSaysWhatIsUndone();
+    void undoGoesAcrossFilesAndShowsWhatItUndoes();
+    void undoAllGivesTheFirstState();
+    void historyIsAListToJumpIn();
+    void newStepReplacesWhatWasUndone();
+    void gestureThatIsOpenIsUndoneAsAStep();
+};
+
+namespace {
+
+void set(const Stage& stage, int row, const char* valueKey, int value)
+{
+    zokit::FileSettings* file = stage.file(row);
+    stage.session().setCurrent(file);
+    stage.session().setThing(file->type(key("Color")));
+    file->setValue(stage.session().thing(), key(valueKey), value);
+}
+
+QVariant value(const Stage& stage, int row, const char* valueKey)
+{
+    return stage.file(row)->value(stage.file(row)->type(key("Color")), key(valueKey));
+}
+
+QString text(const Stage& stage, const char* action)
+{
+    return stage.window().actions().action(action)->text().remove(QLatin1Char('&'));
+}
+
+QListWidget* history(const Stage& stage)
+{
+    QCoreApplication::processEvents();
+    return stage.window().findChild<QListWidget*>(key("history"));
+}
+
+} // namespace
+
+void TestEditorUndo::menuSaysWhatIsUndone()
+{
+    const Stage stage({clips::clip(key("plain.mp4"))});
+    QCOMPARE(text(stage, "undo"), key("Undo: add a file"));
+    QCOMPARE(text(stage, "redo"), key("Redo"));
+    set(stage, 0, "bcs_contrast", 5);
+    QCOMPARE(text(stage, "undo"), key("Undo: change Contrast"));
+    QVERIFY(stage.trigger("undo"));
+    QCOMPARE(text(stage, "redo"), key("Redo: change Contrast"));
+    QVERIFY(stage.trigger("redo"));
+    QCOMPARE(value(stage, 0, "bcs_contrast"), QVariant(5));
+    QVERIFY(!stage.window().actions().action("redo")->isEnabled());
+}
+
+void TestEditorUndo::undoGoesAcrossFilesAndShowsWhatItUndoes()
+{
+    const Stage stage({clips::clip(key("plain.mp4")), clips::clip(key("wide.mkv"))});
+    set(stage, 0, "bcs_contrast", 5);
+    set(stage, 1, "bcs_contrast", 6);
+    set(stage, 0, "bcs_contrast", 7);
+    stage.trigger("undo");
+    QCOMPARE(value(stage, 0, "bcs_contrast"), QVariant(5));
+    stage.trigger("undo");
+    QCOMPARE(value(stage, 1, "bcs_contrast"), QVariant(0));
+    stage.trigger("undo");
+    QCOMPARE(value(stage, 0, "bcs_contrast"), QVariant(0));
+    QCOMPARE(stage.session().current(), stage.file(0));
+    QCOMPARE(stage.session().thing(), stage.file(0)->type(key("Color")));
+    stage.trigger("redo");
+    stage.trigger("redo");
+    QCOMPARE(stage.session().current(), stage.file(1));
+    QCOMPARE(value(stage, 1, "bcs_contrast"), QVariant(6));
+}
+
+void TestEditorUndo::undoAllGivesTheFirstState()
+{
+    const Stage stage({clips::clip(key("plain.mp4"))});
+    const zokit::Settings first = stage.file(0)->settings();
+    set(stage, 0, "bcs_contrast", 5);
+    stage.trigger("addText");
+    stage.trigger("addText");
+    stage.trigger("itemUp");
+    stage.trigger("removeItem");
+    stage.file(0)->resetAll();
+    while (stage.session().history().position() > 1)
+        QVERIFY(stage.trigger("undo"));
+    QVERIFY(stage.file(0)->settings() == first);
+    QVERIFY(!stage.window().isWindowModified());
+    stage.trigger("undo");
+    QCOMPARE(stage.session().files().rowCount(), 0);
+    QVERIFY(!stage.window().actions().action("undo")->isEnabled());
+}
+
+void TestEditorUndo::historyIsAListToJumpIn()
+{
+    const Stage stage({clips::clip(key("plain.mp4"))});
+    set(stage, 0, "bcs_contrast", 5);
+    set(stage, 0, "bcs_saturation", 6);
+    QListWidget* list = history(stage);
+    const auto texts = [list] {
+        QStringList all;
+        for (int i = 0; i < list->count(); ++i)
+            all.append(list->item(i)->text());
+        return all;
+    };
+    QCOMPARE(texts(),
+             QStringList({key("Beginning"), key("add a file"), key("change Contrast"), key("change Saturation")}));
+    QCOMPARE(list->currentRow(), 3);
+    list->setCurrentRow(1);
+    history(stage);
+    QCOMPARE(value(stage, 0, "bcs_contrast"), QVariant(0));
+    QCOMPARE(texts(), QStringList({key("Beginning"), key("add a file"), key("change Contrast (undone)"),
+                                   key("change Saturation (undone)")}));
+    list->setCurrentRow(3);
+    history(stage);
+    QCOMPARE(value(stage, 0, "bcs_saturation"), QVariant(6));
+    QCOMPARE(list->currentRow(), 3);
+}
+
+void TestEditorUndo::newStepReplacesWhatWasUndone()
+{
+    const Stage stage({clips::clip(key("plain.mp4"))});
+    set(stage, 0, "bcs_contrast", 5);
+    stage.trigger("undo");
+    set(stage, 0, "bcs_saturation", 6);
+    QCOMPARE(history(stage)->count(), 3);
+    QVERIFY(!stage.window().actions().action("redo")->isEnabled());
+}
+
+void TestEditorUndo::gestureThatIsOpenIsUndoneAsAStep()
+{
+    const Stage stage({clips::clip(key("plain.mp4"))});
+    QObject owner;
+    stage.session().beginGesture(&owner, zokit::Message(zokit::Message::Code::StepChange, {key("Contrast")}));
+    set(stage, 0, "bcs_contrast", 5);
+    set(stage, 0, "bcs_contrast", 6);
+    QVERIFY(stage.trigger("undo"));
+    QCOMPARE(value(stage, 0, "bcs_contrast"), QVariant(0));
+    QVERIFY(!stage.session().gestureOwner());
+    QCOMPARE(stage.session().history().count(), 2);
+}
+
+EDITOR_TEST_MAIN(TestEditorUndo)
+#include "tst_editor_undo.moc"

@@ -1,0 +1,293 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include <QAccessible>
+#include <QtTest>
+#include <QtWidgets>
+
+#include <actions.h>
+#include <appearance.h>
+
+#include "editorsupport.h"
+
+using namespace editorsupport;
+using kitsupport::key;
+namespace appearance = zoeditor::appearance;
+
+class TestEditorWindow : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup() { init(); }
+
+    void everyActionStandsInAMenu();
+    void shortcutsAreListedAndDiffer();
+    void everyControlHasNameAndRole_data();
+    void everyControlHasNameAndRole();
+    void valuesAreReadAndSetByAssistiveTools();
+    void everythingIsReachedByTab();
+    void languageIsChosenInTheMenu();
+    void themeIsChosenAndRemembered();
+    void sizesAreRemembered();
+    void missingToolsAreTold();
+    void nothingIsCutOff_data();
+    void nothingIsCutOff();
+};
+
+namespace {
+
+/// What is wrong with the controls below \a object for who cannot see them.
+void collectFaults(QAccessibleInterface* object, const QString& path, QStringList* faults)
+{
+    if (!object || object->state().invisible)
+        return;
+    const QString name = object->text(QAccessible::Name);
+    const auto* widget = qobject_cast<QWidget*>(object->object());
+    const bool isControl = widget && widget->focusPolicy() != Qt::NoFocus && widget->isEnabled();
+    const QString own = path + QLatin1Char('/')
+                        + (object->object() ? QString::fromLatin1(object->object()->metaObject()->className())
+                                                  + QLatin1Char('#') + object->object()->objectName()
+                                            : QString());
+    if (isControl && (name.isEmpty() || object->role() == QAccessible::NoRole))
+        faults->append(own);
+    for (int i = 0; i < object->childCount(); ++i)
+        collectFaults(object->child(i), own, faults);
+}
+
+/// Labels, buttons and boxes below \a window that have less room than their text takes, and siblings that overlap.
+QStringList cutOff(const QWidget& window)
+{
+    QStringList faults;
+    for (const QWidget* widget : window.findChildren<QWidget*>()) {
+        if (!widget->isVisibleTo(&window) || widget->width() == 0)
+            continue;
+        const auto* label = qobject_cast<const QLabel*>(widget);
+        const auto* button = qobject_cast<const QAbstractButton*>(widget);
+        const QString text = label ? label->text() : button ? button->text() : QString();
+        if (text.isEmpty() || widget->objectName() == key("qt_toolbar_ext_button"))
+            continue;
+        const int needed = label && label->wordWrap() ? label->heightForWidth(label->width()) : 0;
+        const bool isNarrow = !(label && label->wordWrap()) && widget->width() < widget->minimumSizeHint().width();
+        if (isNarrow || widget->height() < needed)
+            faults.append(QStringLiteral("%1 (%2): %3x%4")
+                              .arg(widget->objectName(), text)
+                              .arg(widget->width())
+                              .arg(widget->height()));
+    }
+    return faults;
+}
+
+} // namespace
+
+void TestEditorWindow::init()
+{
+    kitsupport::clearSavedDefaults();
+    appearance::setLanguage(key("en"));
+    appearance::setTheme(appearance::Theme::System);
+}
+
+void TestEditorWindow::everyActionStandsInAMenu()
+{
+    const Stage stage;
+    QSet<QAction*> inMenus;
+    for (QAction* top : stage.window().menuBar()->actions()) {
+        QVERIFY(top->menu());
+        for (QAction* action : top->menu()->actions()) {
+            if (!action->isSeparator())
+                inMenus.insert(action);
+        }
+    }
+    QStringList faults;
+    for (QAction* action : stage.window().findChildren<QAction*>()) {
+        if (action->parent() != &stage.window() || action->isSeparator())
+            continue;
+        if (!inMenus.contains(action) || action->objectName().isEmpty() || action->text().isEmpty())
+            faults.append(action->objectName() + action->text());
+    }
+    QVERIFY2(faults.isEmpty(), qPrintable(faults.join(QLatin1Char('\n'))));
+    QVERIFY(inMenus.size() >= 20);
+}
+
+void TestEditorWindow::shortcutsAreListedAndDiffer()
+{
+    const Stage stage;
+    stage.trigger("shortcuts");
+    auto* dialog = stage.window().findChild<QDialog*>(key("shortcutsDialog"));
+    QVERIFY(dialog && dialog->isVisible());
+    const auto* list = dialog->findChild<QTreeWidget*>(key("shortcutList"));
+    QMap<QString, QString> keys;
+    for (int i = 0; i < list->topLevelItemCount(); ++i) {
+        QVERIFY2(!keys.contains(list->topLevelItem(i)->text(1)), qPrintable(list->topLevelItem(i)->text(1)));
+        keys.insert(list->topLevelItem(i)->text(1), list->topLevelItem(i)->text(0));
+    }
+    QCOMPARE(keys.value(key("Ctrl+Z")), key("Undo"));
+    QCOMPARE(keys.value(key("Ctrl+O")), key("Add files..."));
+    dialog->close();
+}
+
+void TestEditorWindow::everyControlHasNameAndRole_data()
+{
+    QTest::addColumn<QString>("language");
+    QTest::newRow("English") << key("en");
+    QTest::newRow("German") << key("de");
+}
+
+void TestEditorWindow::everyControlHasNameAndRole()
+{
+    QFETCH(const QString, language);
+    appearance::setLanguage(language);
+    const Full stage;
+    QStringList faults;
+    int pages = 0;
+    stage.visitAll([&](const QString& what) {
+        ++pages;
+        collectFaults(QAccessible::queryAccessibleInterface(&stage.window()), what, &faults);
+    });
+    QCOMPARE(pages, 23); // 13 types, 8 items, tracks and output.
+    stage.window().findChild<QTabWidget*>(key("pages"))->setCurrentIndex(1);
+    collectFaults(QAccessible::queryAccessibleInterface(&stage.window()), key("history"), &faults);
+    stage.trigger("shortcuts");
+    auto* dialog = stage.window().findChild<QDialog*>(key("shortcutsDialog"));
+    collectFaults(QAccessible::queryAccessibleInterface(dialog), key("shortcuts"), &faults);
+    dialog->close();
+    faults.removeDuplicates();
+    QVERIFY2(faults.isEmpty(), qPrintable(faults.join(QLatin1Char('\n'))));
+}
+
+void TestEditorWindow::valuesAreReadAndSetByAssistiveTools()
+{
+    const Full stage;
+    stage.session().setThing(stage.file(0)->type(key("Color")));
+    QCoreApplication::processEvents();
+    QAccessibleInterface* field = QAccessible::queryAccessibleInterface(stage.find<QSpinBox>("Color:bcs_contrast"));
+    QCOMPARE(field->role(), QAccessible::SpinBox);
+    QCOMPARE(field->text(QAccessible::Name), key("Contrast"));
+    QAccessibleValueInterface* value = field->valueInterface();
+    QVERIFY(value);
+    QCOMPARE(value->minimumValue().toInt(), -50);
+    QCOMPARE(value->maximumValue().toInt(), 50);
+    value->setCurrentValue(25);
+    QCOMPARE(stage.file(0)->value(stage.session().thing(), key("bcs_contrast")), QVariant(25));
+    QCOMPARE(value->currentValue().toInt(), 25);
+}
+
+void TestEditorWindow::everythingIsReachedByTab()
+{
+    const Full stage;
+    stage.window().activateWindow();
+    stage.session().setThing(stage.file(0)->item(key("Watermark"), 0));
+    QCoreApplication::processEvents();
+    stage.find<QWidget>("filter")->setFocus();
+    QSet<QString> reached;
+    for (int i = 0; i < 200; ++i) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        reached.insert(QApplication::focusWidget()->objectName());
+    }
+    for (const char* name : {"filter", "order", "fileList", "search", "effectTree", "Watermark:wm_textcontent",
+                             "Watermark:wm_fontcolor", "Watermark:wm_transparency:slider", "addItem"})
+        QVERIFY2(reached.contains(key(name)), name);
+}
+
+void TestEditorWindow::languageIsChosenInTheMenu()
+{
+    const Full stage;
+    const QPointer<QWidget> before = &stage.window();
+    QVERIFY(stage.trigger("german"));
+    QTRY_VERIFY(!before);
+    QCOMPARE(stage.window().actions().action("undo")->iconText(), QString::fromUtf8("R\303\274ckg\303\244ngig"));
+    QVERIFY(stage.window().isVisible());
+    stage.session().setThing(stage.file(0)->type(key("Color")));
+    QCoreApplication::processEvents();
+    QCOMPARE(stage.find<QSpinBox>("Color:bcs_contrast")->accessibleName(), key("Kontrast"));
+    QCOMPARE(stage.session().files().rowCount(), 2);
+    QVERIFY(stage.window().actions().action("german")->isChecked());
+    QCOMPARE(appearance::language(), key("de"));
+    QVERIFY(stage.trigger("english"));
+    QTRY_COMPARE(stage.window().actions().action("undo")->iconText(), key("Undo"));
+}
+
+void TestEditorWindow::themeIsChosenAndRemembered()
+{
+    const Stage stage;
+    QVERIFY(stage.trigger("themeDark"));
+    QVERIFY(QApplication::palette().color(QPalette::Window).lightness() < 80);
+    QVERIFY(QApplication::palette().color(QPalette::Text).lightness() > 180);
+    QCOMPARE(appearance::theme(), appearance::Theme::Dark);
+    QVERIFY(stage.trigger("themeLight"));
+    QVERIFY(QApplication::palette().color(QPalette::Window).lightness() > 180);
+    const Stage next;
+    QVERIFY(next.window().actions().action("themeLight")->isChecked());
+}
+
+void TestEditorWindow::sizesAreRemembered()
+{
+    QList<int> sizes;
+    {
+        const Stage stage;
+        stage.window().resize(1100, 700);
+        auto* columns = stage.find<QSplitter>("columns");
+        columns->setSizes({400, columns->width() - 400});
+        sizes = columns->sizes();
+    }
+    const Stage stage;
+    QCOMPARE(stage.window().size(), QSize(1100, 700));
+    QCOMPARE(stage.find<QSplitter>("columns")->sizes(), sizes);
+    stage.window().resize(1280, 800);
+}
+
+void TestEditorWindow::missingToolsAreTold()
+{
+    const Stage found;
+    QVERIFY(!found.find("missingTools"));
+    const QTemporaryDir empty;
+    qputenv("ZOEFFECT_FFMPEG", QFile::encodeName(empty.path()));
+    const Stage stage({clips::clip(key("plain.mp4"))});
+    QVERIFY(stage.find("missingTools"));
+    QVERIFY(stage.find<QLabel>("reason")->text().contains(key("ffmpeg")));
+    QCOMPARE(stage.find<QLineEdit>("installLine")->text(), key("sudo apt-get install ffmpeg"));
+    QVERIFY(!stage.file(0));
+    qunsetenv("ZOEFFECT_FFMPEG");
+    QTest::mouseClick(stage.find<QPushButton>("lookAgain"), Qt::LeftButton);
+    QVERIFY(!stage.find("missingTools"));
+    stage.waitForFiles();
+    QVERIFY(stage.file(0));
+}
+
+void TestEditorWindow::nothingIsCutOff_data()
+{
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<QSize>("size");
+    for (const char* language : {"en", "de"}) {
+        QTest::addRow("%s, smallest", language) << key(language) << QSize(1024, 640);
+        QTest::addRow("%s, usual", language) << key(language) << QSize(1280, 800);
+    }
+}
+
+void TestEditorWindow::nothingIsCutOff()
+{
+    QFETCH(const QString, language);
+    QFETCH(const QSize, size);
+    appearance::setLanguage(language);
+    const Full stage;
+    stage.window().resize(size);
+    QStringList faults;
+    for (const char* name : {"window", "files", "picture", "timeline", "effects", "panel", "pages"}) {
+        const QWidget* widget = key(name) == key("window") ? &stage.window() : stage.find(name);
+        const QSize least = widget->minimumSizeHint().expandedTo(widget->minimumSize());
+        faults.append(QStringLiteral("%1 %2x%3").arg(key(name)).arg(least.width()).arg(least.height()));
+    }
+    QVERIFY2(stage.window().size() == size, qPrintable(faults.join(QLatin1Char(' '))));
+    faults.clear();
+    const auto* panel = stage.find<QScrollArea>("panel");
+    stage.visitAll([&](const QString& what) {
+        faults += cutOff(stage.window());
+        if (panel->widget()->width() > panel->viewport()->width())
+            faults += what;
+    });
+    faults.removeDuplicates();
+    QVERIFY2(faults.isEmpty(), qPrintable(faults.join(QLatin1Char('\n'))));
+}
+
+EDITOR_TEST_MAIN(TestEditorWindow)
+#include "tst_editor_window.moc"
