@@ -18,9 +18,8 @@ using zokit::Identity;
 using zokit::Message;
 
 Session::Session(const QString& journalFolder, QObject* parent)
-    : QObject(parent), m_tools(zokit::findTools()), m_journalFolder(journalFolder)
+    : QObject(parent), m_tools(zokit::findTools()), m_journalFolder(journalFolder), m_queue(m_tools)
 {
-    m_queue = std::make_unique<zokit::Queue>(m_tools);
     connect(&m_project, &zokit::Project::fileAdded, this, &Session::noteAdded);
     connect(&m_project, &zokit::Project::fileAboutToBeRemoved, this, &Session::noteRemoved);
     connect(&m_project, &zokit::Project::changed, this, &Session::noteChanges);
@@ -238,6 +237,10 @@ void Session::keepJournal()
     m_journal = std::make_unique<zokit::Journal>(m_project, m_journalFolder);
     connect(m_journal.get(), &zokit::Journal::trouble, this, &Session::take);
     connect(m_journal.get(), &zokit::Journal::valueNotKept, this, &Session::take);
+    m_queueFile = std::make_unique<zokit::QueueFile>(
+        m_queue, m_journalFolder.isEmpty() ? QString() : m_journalFolder + QStringLiteral("/queue/queue.jsonl"));
+    connect(m_queueFile.get(), &zokit::QueueFile::trouble, this, &Session::take);
+    take(m_queueFile->open());
 }
 
 void Session::close()

@@ -15,6 +15,7 @@
 #include <zokit/probe.h>
 #include <zokit/project.h>
 #include <zokit/queue.h>
+#include <zokit/queuefile.h>
 #include <zokit/settingsmodel.h>
 #include <zokit/tools.h>
 
@@ -33,7 +34,7 @@ public:
 
     zokit::Project& project() { return m_project; }
     zokit::History& history() { return m_project.history(); }
-    zokit::Queue& queue() { return *m_queue; }
+    zokit::Queue& queue() { return m_queue; }
     /// The settings of the current file.
     zokit::SettingsModel& model() { return m_model; }
     const zokit::Tools& tools() const { return m_tools; }
@@ -109,7 +110,7 @@ public:
     QVector<zokit::Journal::Left> left() const;
     /// Brings back what a session left, and removes its journal. Before files are opened and the journal is begun.
     zokit::Message recover(const QString& journal);
-    /// Notes all that is done from now on.
+    /// Notes all that is done from now on, and keeps the queue, with the rows that a session before has left.
     void keepJournal();
     /// The session ends well: nothing is left to recover.
     void close();
@@ -143,7 +144,8 @@ private:
     FilesModel m_files;
     std::unique_ptr<zokit::Prober> m_prober;
     QString m_probed; ///< The clip that is being looked into; empty for none.
-    std::unique_ptr<zokit::Queue> m_queue;
+    zokit::Queue m_queue;
+    std::unique_ptr<zokit::QueueFile> m_queueFile;
     std::unique_ptr<zokit::Journal> m_journal;
     QVector<FileRow> m_removed; ///< Rows of files that the history may bring back.
     QPointer<zokit::FileSettings> m_current;

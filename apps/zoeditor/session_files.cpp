@@ -24,8 +24,7 @@ void Session::findTools()
     m_tools = zokit::findTools();
     m_prober.reset();
     m_probed.clear();
-    if (m_queue->rows().isEmpty())
-        m_queue = std::make_unique<zokit::Queue>(m_tools);
+    m_queue.setTools(m_tools);
     for (int i = 0; i < m_files.rows().size(); ++i) {
         FileRow row = m_files.rows().at(i);
         if (row.problem.isEmpty() || row.media)

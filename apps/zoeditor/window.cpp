@@ -25,6 +25,7 @@
 #include "appearance.h"
 #include "effectspane.h"
 #include "filespane.h"
+#include "flows.h"
 #include "historypane.h"
 #include "missingtools.h"
 #include "panel.h"
@@ -62,6 +63,7 @@ Window::Window(Session* session, QWidget* parent)
     connectFiles();
     connectHistory();
     connectAppearance();
+    m_flows = new Flows(session, this);
     connect(session, &Session::message, this,
             [this](const QString& sentence) { statusBar()->showMessage(sentence, messageTime); });
     resize(1280, 800);
@@ -227,6 +229,10 @@ bool Window::saveAs(zokit::FileSettings* file)
 
 void Window::closeEvent(QCloseEvent* event)
 {
+    if (!m_flows->mayClose()) {
+        event->ignore();
+        return;
+    }
     const QVector<zokit::FileSettings*> unsaved = m_session->unsaved();
     if (!unsaved.isEmpty()) {
         QMessageBox question(QMessageBox::Question, tr("Close"),

@@ -14,6 +14,7 @@ namespace zoeditor {
 
 class Actions;
 class FilesPane;
+class Flows;
 class Session;
 
 /// The window: makes panes and connects them.
@@ -53,6 +54,7 @@ private:
     Session* m_session;
     Actions* m_actions;
     FilesPane* m_files = nullptr;
+    Flows* m_flows = nullptr;
 };
 
 } // namespace zoeditor

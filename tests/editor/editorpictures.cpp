@@ -4,8 +4,6 @@
 // editorpictures FOLDER: makes a picture of every page of the editor there, in light and dark, English and German,
 // large and small, to be looked at.
 
-#include <QAction>
-#include <QDialog>
 #include <QDir>
 #include <QTabWidget>
 
@@ -37,10 +35,10 @@ void takeAll(const QDir& folder, const QString& prefix, const QSize& size,
     stage.visitAll([&](const QString& what) { take(&stage.window(), folder, prefix + what); });
     stage.window().findChild<QTabWidget*>(key("pages"))->setCurrentIndex(1);
     take(&stage.window(), folder, prefix + key("history"));
-    stage.trigger("shortcuts");
-    auto* dialog = stage.window().findChild<QDialog*>(key("shortcutsDialog"));
-    take(dialog, folder, prefix + key("shortcuts"));
-    dialog->close();
+    stage.visitDialogs([&](QWidget& dialog) {
+        QTest::qWait(500); // Plans and pictures come from children.
+        take(&dialog, folder, prefix + dialog.objectName());
+    });
 }
 
 } // namespace

@@ -63,6 +63,22 @@ QString copyOf(const char* clip, const QTemporaryDir& folder, const char* name)
     return path;
 }
 
+void Full::visitDialogs(const std::function<void(QWidget&)>& look) const
+{
+    const std::pair<const char*, const char*> dialogs[] = {{"shortcuts", "shortcutsDialog"},
+                                                           {"convert", "convertDialog"}};
+    for (const auto& [action, name] : dialogs) {
+        trigger(action);
+        QWidget* dialog = find(name);
+        if (!dialog)
+            qFatal("There is no %s", name);
+        settle();
+        look(*dialog);
+        dialog->close();
+        settle();
+    }
+}
+
 void settle()
 {
     for (int i = 0; i < 3; ++i) // A timer makes widgets, these ask for a layout, and that moves them.

@@ -147,10 +147,11 @@ void TestEditorWindow::everyControlHasNameAndRole()
     QCOMPARE(pages, 23); // 13 types, 8 items, tracks and output.
     stage.window().findChild<QTabWidget*>(key("pages"))->setCurrentIndex(1);
     collectFaults(QAccessible::queryAccessibleInterface(&stage.window()), key("history"), &faults);
-    stage.trigger("shortcuts");
-    auto* dialog = stage.window().findChild<QDialog*>(key("shortcutsDialog"));
-    collectFaults(QAccessible::queryAccessibleInterface(dialog), key("shortcuts"), &faults);
-    dialog->close();
+    stage.trigger("queue");
+    collectFaults(QAccessible::queryAccessibleInterface(&stage.window()), key("queue"), &faults);
+    stage.visitDialogs([&](QWidget& dialog) {
+        collectFaults(QAccessible::queryAccessibleInterface(&dialog), dialog.objectName(), &faults);
+    });
     faults.removeDuplicates();
     QVERIFY2(faults.isEmpty(), qPrintable(faults.join(QLatin1Char('\n'))));
 }
@@ -284,6 +285,11 @@ void TestEditorWindow::nothingIsCutOff()
         faults += cutOff(stage.window());
         if (panel->widget()->width() > panel->viewport()->width())
             faults += what;
+    });
+    stage.visitDialogs([&](QWidget& dialog) {
+        faults += cutOff(dialog);
+        if (dialog.width() > size.width() || dialog.height() > size.height())
+            faults += dialog.objectName();
     });
     faults.removeDuplicates();
     QVERIFY2(faults.isEmpty(), qPrintable(faults.join(QLatin1Char('\n'))));

@@ -179,6 +179,26 @@
         <source>Convert the &amp;whole clip</source>
         <translation>Den &amp;ganzen Film umwandeln</translation>
     </message>
+    <message>
+        <source>&amp;Convert...</source>
+        <translation>&amp;Umwandeln...</translation>
+    </message>
+    <message>
+        <source>App&amp;ly to other files...</source>
+        <translation>Auf andere Dateien &amp;anwenden...</translation>
+    </message>
+    <message>
+        <source>Trac&amp;ks...</source>
+        <translation>&amp;Spuren...</translation>
+    </message>
+    <message>
+        <source>Pr&amp;esets and defaults...</source>
+        <translation>&amp;Vorlagen und Vorgaben...</translation>
+    </message>
+    <message>
+        <source>&amp;Queue</source>
+        <translation>&amp;Warteschlange</translation>
+    </message>
 </context>
 <context>
     <name>zoeditor::Editor</name>
@@ -695,6 +715,637 @@
     <message>
         <source>Stay</source>
         <translation>Offen lassen</translation>
+    </message>
+</context>
+<context>
+    <name>zoeditor::ApplyDialog</name>
+    <message>
+        <source>&amp;Append to the lists that are there</source>
+        <translation>An vorhandene Listen an&amp;hängen</translation>
+    </message>
+    <message>
+        <source>Apply to other files</source>
+        <translation>Auf andere Dateien anwenden</translation>
+    </message>
+    <message>
+        <source>Where</source>
+        <translation>Wohin</translation>
+    </message>
+    <message>
+        <source>To the selected files</source>
+        <translation>Auf die ausgewählten Dateien</translation>
+    </message>
+    <message>
+        <source>To all files</source>
+        <translation>Auf alle Dateien</translation>
+    </message>
+    <message>
+        <source>To all files of this size</source>
+        <translation>Auf alle Dateien dieser Größe</translation>
+    </message>
+    <message>
+        <source>From %1:</source>
+        <translation>Aus %1:</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>Anwenden</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>There is no other file here. Add or select some first.</source>
+        <translation>Hier ist keine andere Datei. Fügen Sie erst welche hinzu, oder wählen Sie welche aus.</translation>
+    </message>
+    <message>
+        <source>Check what is to be applied.</source>
+        <translation>Kreuzen Sie an, was angewendet werden soll.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Apply to %n file(s)</source>
+        <translation>
+            <numerusform>Auf %n Datei anwenden</numerusform>
+            <numerusform>Auf %n Dateien anwenden</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1, %2 x %3</source>
+        <translation>%1, %2 x %3</translation>
+    </message>
+</context>
+<context>
+    <name>zoeditor::ConvertDialog</name>
+    <message>
+        <source>Convert</source>
+        <translation>Umwandeln</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Starten</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Options of</source>
+        <translation>Optionen von</translation>
+    </message>
+    <message numerus="yes">
+        <source>Options of all %n file(s)</source>
+        <translation>
+            <numerusform>Optionen der %n Datei</numerusform>
+            <numerusform>Optionen aller %n Dateien</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Options of %1</source>
+        <translation>Optionen von %1</translation>
+    </message>
+    <message>
+        <source>&amp;Folder of the results:</source>
+        <translation>&amp;Ordner der Ergebnisse:</translation>
+    </message>
+    <message>
+        <source>Folder of the results</source>
+        <translation>Ordner der Ergebnisse</translation>
+    </message>
+    <message>
+        <source>beside each clip</source>
+        <translation>neben jedem Film</translation>
+    </message>
+    <message>
+        <source>C&amp;hoose...</source>
+        <translation>&amp;Wählen...</translation>
+    </message>
+    <message>
+        <source>are left, and the job fails</source>
+        <translation>bleiben, und der Auftrag schlägt fehl</translation>
+    </message>
+    <message>
+        <source>are left, and the job is skipped</source>
+        <translation>bleiben, und der Auftrag entfällt</translation>
+    </message>
+    <message>
+        <source>are replaced</source>
+        <translation>werden ersetzt</translation>
+    </message>
+    <message>
+        <source>What becomes of each track</source>
+        <translation>Was aus jeder Spur wird</translation>
+    </message>
+    <message>
+        <source>What comes out</source>
+        <translation>Was herauskommt</translation>
+    </message>
+    <message>
+        <source>Show the &amp;command</source>
+        <translation>&amp;Befehl zeigen</translation>
+    </message>
+    <message>
+        <source>Co&amp;py it</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>Convert 10 seconds from &amp;here</source>
+        <translation>Ab &amp;hier 10 Sekunden umwandeln</translation>
+    </message>
+    <message>
+        <source>&amp;Watch them</source>
+        <translation>&amp;Ansehen</translation>
+    </message>
+    <message>
+        <source>The command</source>
+        <translation>Der Befehl</translation>
+    </message>
+    <message>
+        <source>One moment: the sound is measured, and subtitles are read.</source>
+        <translation>Einen Augenblick: Der Ton wird gemessen, und Untertitel werden gelesen.</translation>
+    </message>
+    <message>
+        <source>Ten seconds are being converted: %1 %</source>
+        <translation>Zehn Sekunden werden umgewandelt: %1 %</translation>
+    </message>
+    <message>
+        <source>Ten seconds are being converted.</source>
+        <translation>Zehn Sekunden werden umgewandelt.</translation>
+    </message>
+    <message>
+        <source>%1 has %2; all of the clip would have about %3. It is removed when this window is closed.</source>
+        <translation>%1 hat %2; der ganze Film hätte etwa %3. Die Datei wird entfernt, wenn dieses Fenster geschlossen wird.</translation>
+    </message>
+    <message>
+        <source>an unknown size</source>
+        <translation>eine unbekannte Größe</translation>
+    </message>
+    <message>
+        <source>%1 cannot be made. Choose another folder.</source>
+        <translation>%1 lässt sich nicht anlegen. Wählen Sie einen anderen Ordner.</translation>
+    </message>
+    <message>
+        <source>In the queue already: %1.</source>
+        <translation>Schon in der Warteschlange: %1.</translation>
+    </message>
+</context>
+<context>
+    <name>zoeditor::DefaultsPage</name>
+    <message>
+        <source>&amp;Forget it</source>
+        <translation>&amp;Vergessen</translation>
+    </message>
+    <message>
+        <source>Effect type</source>
+        <translation>Art des Effekts</translation>
+    </message>
+    <message>
+        <source>Defaults</source>
+        <translation>Vorgaben</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>Default</source>
+        <translation>Vorgabe</translation>
+    </message>
+    <message>
+        <source>Comes from</source>
+        <translation>Kommt von</translation>
+    </message>
+    <message>
+        <source>No default is saved: new files get what the catalogue says.</source>
+        <translation>Keine Vorgabe ist gesichert: Neue Dateien bekommen, was der Katalog sagt.</translation>
+    </message>
+    <message>
+        <source>A saved default acts where a file is added or a value taken back.</source>
+        <translation>Eine gesicherte Vorgabe wirkt, wenn eine Datei hinzukommt oder ein Wert zurückgesetzt wird.</translation>
+    </message>
+    <message>
+        <source>&amp;Save number %1 of the current file as default</source>
+        <translation>Nummer %1 der aktuellen Datei als Vorgabe &amp;sichern</translation>
+    </message>
+    <message>
+        <source>&amp;Save those of the current file as default</source>
+        <translation>Werte der aktuellen Datei als Vorgabe &amp;sichern</translation>
+    </message>
+    <message>
+        <source>saved default</source>
+        <translation>gesicherte Vorgabe</translation>
+    </message>
+    <message>
+        <source>catalogue</source>
+        <translation>Katalog</translation>
+    </message>
+</context>
+<context>
+    <name>zoeditor::DifferenceList</name>
+    <message>
+        <source>What changes</source>
+        <translation>Was sich ändert</translation>
+    </message>
+    <message>
+        <source>What</source>
+        <translation>Was</translation>
+    </message>
+    <message>
+        <source>Old</source>
+        <translation>Alt</translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation>Neu</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>keiner</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n more</source>
+        <translation>
+            <numerusform>%n weiterer</numerusform>
+            <numerusform>%n weitere</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Nothing changes.</source>
+        <translation>Nichts ändert sich.</translation>
+    </message>
+</context>
+<context>
+    <name>zoeditor::Flows</name>
+    <message>
+        <source>Queue</source>
+        <translation>Warteschlange</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Files are being converted. What is not done is kept as interrupted, and can be tried again after the next start.</source>
+        <translation>Dateien werden umgewandelt. Was nicht fertig ist, bleibt als unterbrochen erhalten und kann nach dem nächsten Start noch einmal versucht werden.</translation>
+    </message>
+    <message>
+        <source>Stop and close</source>
+        <translation>Anhalten und schließen</translation>
+    </message>
+    <message>
+        <source>Go on converting</source>
+        <translation>Weiter umwandeln</translation>
+    </message>
+</context>
+<context>
+    <name>zoeditor::Jobs</name>
+    <message>
+        <source>%1: the name of a result cannot have %2. Use {name}, {number} and {ending}, and choose a folder below.</source>
+        <translation>%1: Der Name eines Ergebnisses kann kein %2 haben. Nehmen Sie {name}, {number} und {ending}, und wählen Sie den Ordner unten.</translation>
+    </message>
+    <message>
+        <source>%1 is one of the clips. Choose another name.</source>
+        <translation>%1 ist einer der Filme. Wählen Sie einen anderen Namen.</translation>
+    </message>
+    <message>
+        <source>%1 and %2 would both become %3. Put {name} or {number} into the name.</source>
+        <translation>%1 und %2 würden beide zu %3. Nehmen Sie {name} oder {number} in den Namen auf.</translation>
+    </message>
+    <message>
+        <source>There is nothing to convert. Add files first.</source>
+        <translation>Es gibt nichts umzuwandeln. Fügen Sie erst Dateien hinzu.</translation>
+    </message>
+</context>
+<context>
+    <name>zoeditor::LanguageList</name>
+    <message>
+        <source>Language to add: %1</source>
+        <translation>Sprache, die hinzukommt: %1</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>Dazu</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Weg</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>Höher</translation>
+    </message>
+</context>
+<context>
+    <name>zoeditor::OptionsForm</name>
+    <message>
+        <source>Output options</source>
+        <translation>Ausgabeoptionen</translation>
+    </message>
+    <message>
+        <source>Not set</source>
+        <translation>Nicht gesetzt</translation>
+    </message>
+    <message>
+        <source>Revert: %1</source>
+        <translation>Zurücksetzen: %1</translation>
+    </message>
+    <message>
+        <source>different</source>
+        <translation>verschieden</translation>
+    </message>
+    <message>
+        <source>set</source>
+        <translation>gesetzt</translation>
+    </message>
+</context>
+<context>
+    <name>zoeditor::PresetsDialog</name>
+    <message>
+        <source>&amp;Replace the one that is there</source>
+        <translation>Die vorhandene &amp;ersetzen</translation>
+    </message>
+    <message>
+        <source>Presets and defaults</source>
+        <translation>Vorlagen und Vorgaben</translation>
+    </message>
+    <message>
+        <source>Presets</source>
+        <translation>Vorlagen</translation>
+    </message>
+    <message>
+        <source>Saved defaults</source>
+        <translation>Gesicherte Vorgaben</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Re&amp;move</source>
+        <translation>E&amp;ntfernen</translation>
+    </message>
+    <message>
+        <source>&amp;Import...</source>
+        <translation>&amp;Einlesen...</translation>
+    </message>
+    <message>
+        <source>&amp;Export...</source>
+        <translation>&amp;Ausgeben...</translation>
+    </message>
+    <message>
+        <source>What it changes in the current file:</source>
+        <translation>Was sie in der aktuellen Datei ändert:</translation>
+    </message>
+    <message>
+        <source>&amp;Lay over the selected files</source>
+        <translation>Über die ausgewählten Dateien &amp;legen</translation>
+    </message>
+    <message>
+        <source>Presets (*.zoeffect.json)</source>
+        <translation>Vorlagen (*.zoeffect.json)</translation>
+    </message>
+    <message>
+        <source>Import presets</source>
+        <translation>Vorlagen einlesen</translation>
+    </message>
+    <message>
+        <source>Export the preset</source>
+        <translation>Vorlage ausgeben</translation>
+    </message>
+    <message>
+        <source>Of the current file</source>
+        <translation>Aus der aktuellen Datei</translation>
+    </message>
+    <message>
+        <source>&amp;Name of the preset:</source>
+        <translation>&amp;Name der Vorlage:</translation>
+    </message>
+    <message>
+        <source>Name of the preset</source>
+        <translation>Name der Vorlage</translation>
+    </message>
+    <message>
+        <source>&amp;Save what is checked</source>
+        <translation>Angekreuztes &amp;sichern</translation>
+    </message>
+    <message>
+        <source>Re&amp;name the chosen one</source>
+        <translation>Die gewählte &amp;umbenennen</translation>
+    </message>
+</context>
+<context>
+    <name>zoeditor::QueuePane</name>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>%1 min</source>
+        <translation>%1 min</translation>
+    </message>
+    <message>
+        <source>waiting</source>
+        <translation>wartet</translation>
+    </message>
+    <message>
+        <source>running</source>
+        <translation>läuft</translation>
+    </message>
+    <message>
+        <source>paused</source>
+        <translation>angehalten</translation>
+    </message>
+    <message>
+        <source>done</source>
+        <translation>fertig</translation>
+    </message>
+    <message>
+        <source>failed</source>
+        <translation>fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>cancelled</source>
+        <translation>abgebrochen</translation>
+    </message>
+    <message>
+        <source>skipped</source>
+        <translation>ausgelassen</translation>
+    </message>
+    <message>
+        <source>interrupted</source>
+        <translation>unterbrochen</translation>
+    </message>
+    <message>
+        <source>Queue</source>
+        <translation>Warteschlange</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Stand</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Fortschritt</translation>
+    </message>
+    <message>
+        <source>Time left</source>
+        <translation>Restzeit</translation>
+    </message>
+    <message>
+        <source>Log of the chosen file</source>
+        <translation>Protokoll der gewählten Datei</translation>
+    </message>
+    <message>
+        <source>&amp;Start</source>
+        <translation>&amp;Starten</translation>
+    </message>
+    <message>
+        <source>&amp;Pause</source>
+        <translation>&amp;Anhalten</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>A&amp;bbrechen</translation>
+    </message>
+    <message>
+        <source>&amp;Try again</source>
+        <translation>&amp;Noch einmal</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>&amp;Entfernen</translation>
+    </message>
+    <message>
+        <source>&amp;Open folder</source>
+        <translation>&amp;Ordner öffnen</translation>
+    </message>
+    <message>
+        <source>&amp;Go on</source>
+        <translation>&amp;Weiter</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>%1 of %2 done</source>
+        <translation>%1 von %2 fertig</translation>
+    </message>
+</context>
+<context>
+    <name>zoeditor::SleepGuard</name>
+    <message>
+        <source>Films are being converted</source>
+        <translation>Filme werden umgewandelt</translation>
+    </message>
+</context>
+<context>
+    <name>zoeditor::TracksDialog</name>
+    <message>
+        <source>Subtitles %1</source>
+        <translation>Untertitel %1</translation>
+    </message>
+    <message>
+        <source>Sound %1: %2</source>
+        <translation>Ton %1: %2</translation>
+    </message>
+    <message>
+        <source>Subtitles %1: %2</source>
+        <translation>Untertitel %1: %2</translation>
+    </message>
+    <message>
+        <source>Sound in the first of these languages:</source>
+        <translation>Ton in der ersten dieser Sprachen:</translation>
+    </message>
+    <message>
+        <source>Subtitles in the first of these languages:</source>
+        <translation>Untertitel in der ersten dieser Sprachen:</translation>
+    </message>
+    <message>
+        <source>&amp;Forced subtitles in the language of the sound</source>
+        <translation>&amp;Erzwungene Untertitel in der Sprache des Tons</translation>
+    </message>
+    <message>
+        <source>Subtitle files &amp;beside the clip</source>
+        <translation>Untertiteldateien &amp;neben dem Film</translation>
+    </message>
+    <message>
+        <source>Tracks</source>
+        <translation>Spuren</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>Anwenden</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Tracks of %1:</source>
+        <translation>Spuren von %1:</translation>
+    </message>
+    <message>
+        <source>Track</source>
+        <translation>Spur</translation>
+    </message>
+    <message>
+        <source>Chosen</source>
+        <translation>Gewählt</translation>
+    </message>
+    <message>
+        <source>What becomes of it</source>
+        <translation>Was daraus wird</translation>
+    </message>
+    <message>
+        <source>By the &amp;rules again</source>
+        <translation>Wieder nach den &amp;Regeln</translation>
+    </message>
+    <message>
+        <source>Where</source>
+        <translation>Wohin</translation>
+    </message>
+    <message>
+        <source>Apply to this file</source>
+        <translation>Auf diese Datei anwenden</translation>
+    </message>
+    <message>
+        <source>Apply to the selected files</source>
+        <translation>Auf die ausgewählten Dateien anwenden</translation>
+    </message>
+    <message>
+        <source>Apply to all files</source>
+        <translation>Auf alle Dateien anwenden</translation>
+    </message>
+    <message>
+        <source>no</source>
+        <translation>nein</translation>
+    </message>
+    <message>
+        <source>not used</source>
+        <translation>nicht verwendet</translation>
+    </message>
+    <message numerus="yes">
+        <source>Subtitle files &amp;beside the clip (%n)</source>
+        <translation>
+            <numerusform>Untertiteldatei &amp;neben dem Film (%n)</numerusform>
+            <numerusform>Untertiteldateien &amp;neben dem Film (%n)</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>zoeditor::WhatTree</name>
+    <message>
+        <source>What</source>
+        <translation>Was</translation>
     </message>
 </context>
 </TS>

@@ -21,4 +21,44 @@
         </translation>
     </message>
 </context>
+<context>
+    <name>zoeditor::ApplyDialog</name>
+    <message numerus="yes">
+        <source>Apply to %n file(s)</source>
+        <translation>
+            <numerusform>Apply to %n file</numerusform>
+            <numerusform>Apply to %n files</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>zoeditor::ConvertDialog</name>
+    <message numerus="yes">
+        <source>Options of all %n file(s)</source>
+        <translation>
+            <numerusform>Options of %n file</numerusform>
+            <numerusform>Options of all %n files</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>zoeditor::DifferenceList</name>
+    <message numerus="yes">
+        <source>%n more</source>
+        <translation>
+            <numerusform>%n more</numerusform>
+            <numerusform>%n more</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>zoeditor::TracksDialog</name>
+    <message numerus="yes">
+        <source>Subtitle files &amp;beside the clip (%n)</source>
+        <translation>
+            <numerusform>Subtitle file &amp;beside the clip (%n)</numerusform>
+            <numerusform>Subtitle files &amp;beside the clip (%n)</numerusform>
+        </translation>
+    </message>
+</context>
 </TS>

@@ -1,0 +1,112 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include "jobs.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QHash>
+#include <QSet>
+#include <QThread>
+
+#include <zokit/resultname.h>
+#include <zokit/trackplan.h>
+
+#include "session.h"
+
+namespace zoeditor {
+
+namespace {
+
+QString say(const char* text)
+{
+    return QCoreApplication::translate("zoeditor::Jobs", text);
+}
+
+/// The path by which two names are one file, as far as it is there.
+QString placeOf(const QString& path)
+{
+    const QString place = QFileInfo(path).canonicalFilePath();
+    return place.isEmpty() ? QDir::cleanPath(path) : place;
+}
+
+} // namespace
+
+MadeJobs jobsFor(Session& session, const QVector<zokit::FileSettings*>& files, const ResultsWanted& wanted)
+{
+    MadeJobs made;
+    QHash<QString, QString> results; // Names of clips by the place of the result.
+    QSet<QString> clips;
+    for (const zokit::FileSettings* file : session.project().files())
+        clips.insert(placeOf(file->media().file));
+    const int count = static_cast<int>(files.size());
+    for (int i = 0; i < count; ++i) {
+        zokit::Job job;
+        job.settings = files.at(i)->settings();
+        const QFileInfo clip(job.settings.media.file);
+        const QString pattern = job.settings.output.value(QStringLiteral("name")).toString();
+        if (const QString wrong = zokit::wrongInPattern(pattern); !wrong.isEmpty()) {
+            made.problem =
+                say(QT_TRANSLATE_NOOP("zoeditor::Jobs", "%1: the name of a result cannot have %2. Use {name}, "
+                                                        "{number} and {ending}, and choose a folder below."))
+                    .arg(clip.fileName(), wrong);
+            return made;
+        }
+        job.input = clip.absoluteFilePath();
+        const QString name = zokit::resultName(pattern, clip.completeBaseName(),
+                                               zokit::containerFor(job.settings, job.input), i + 1, count);
+        job.output = QDir(wanted.folder.isEmpty() ? clip.absolutePath() : wanted.folder).absoluteFilePath(name);
+        job.replaces = wanted.existing == QLatin1String("replace");
+        job.skips = wanted.existing == QLatin1String("skip");
+        job.threads = QThread::idealThreadCount();
+        if (const zokit::MediaInfo* media = session.mediaOf(files.at(i))) {
+            job.media = *media;
+            job.media->file = job.input; // Helpers run in another folder.
+        }
+        const QString place = placeOf(job.output);
+        if (clips.contains(place)) {
+            made.problem = say(QT_TRANSLATE_NOOP("zoeditor::Jobs", "%1 is one of the clips. Choose another name."))
+                               .arg(job.output);
+            return made;
+        }
+        if (results.contains(place)) {
+            made.problem =
+                say(QT_TRANSLATE_NOOP("zoeditor::Jobs", "%1 and %2 would both become %3. Put {name} or {number} into "
+                                                        "the name."))
+                    .arg(results.value(place), clip.fileName(), name);
+            return made;
+        }
+        results.insert(place, clip.fileName());
+        made.jobs.append(job);
+    }
+    if (made.jobs.isEmpty())
+        made.problem = say(QT_TRANSLATE_NOOP("zoeditor::Jobs", "There is nothing to convert. Add files first."));
+    return made;
+}
+
+AddedJobs addTo(zokit::Queue* queue, const QVector<zokit::Job>& jobs)
+{
+    AddedJobs added;
+    for (const zokit::Job& job : jobs) {
+        bool isThere = false;
+        for (const int row : queue->rows()) {
+            const zokit::RowState state = queue->state(row);
+            if (queue->job(row).input != job.input || queue->job(row).output != job.output)
+                continue;
+            if (state == zokit::RowState::Interrupted)
+                queue->remove(row);
+            isThere = isThere || state == zokit::RowState::Waiting || state == zokit::RowState::Running
+                      || state == zokit::RowState::Paused;
+        }
+        if (isThere) {
+            added.known.append(QFileInfo(job.input).fileName());
+        } else {
+            queue->add(job);
+            ++added.count;
+        }
+    }
+    return added;
+}
+
+} // namespace zoeditor

@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QString>
+#include <QVector>
+
+#include <zokit/conversion.h>
+#include <zokit/filesettings.h>
+#include <zokit/queue.h>
+
+namespace zoeditor {
+
+class Session;
+
+/// What a person says of all results at once.
+struct ResultsWanted {
+    QString folder;   ///< Where they go; empty: each beside its clip.
+    QString existing; ///< "refuse", "skip" or "replace", as output option "existing" has it.
+};
+
+/// A job for each of some files, or why there can be none.
+struct MadeJobs {
+    QVector<zokit::Job> jobs; ///< In the order of the files, with a copy of their settings.
+    QString problem;          ///< A sentence; empty: nothing is wrong.
+};
+
+/// Makes jobs for \a files of \a session.
+MadeJobs jobsFor(Session& session, const QVector<zokit::FileSettings*>& files, const ResultsWanted& wanted);
+
+/// What adding to a queue gave.
+struct AddedJobs {
+    int count = 0;     ///< How many rows came.
+    QStringList known; ///< Names of clips that have such a row already, and got none.
+};
+/// Adds \a jobs to \a queue. A clip whose row for the same result waits or runs gets no second one; a row that was
+/// interrupted gives way.
+AddedJobs addTo(zokit::Queue* queue, const QVector<zokit::Job>& jobs);
+
+} // namespace zoeditor

@@ -1,0 +1,121 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include "optionsform.h"
+
+#include <algorithm>
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QToolButton>
+
+#include <zokit/properties.h>
+
+#include "controls.h"
+#include "session.h"
+
+namespace zoeditor {
+
+using Model = zokit::SettingsModel;
+using zokit::FileSettings;
+using zokit::Message;
+
+OptionsForm::OptionsForm(Session* session, QWidget* parent) : QScrollArea(parent), m_session(session)
+{
+    setObjectName(QStringLiteral("options"));
+    setAccessibleName(tr("Output options"));
+    setWidgetResizable(true);
+    setFrameShape(QFrame::NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+}
+
+void OptionsForm::setFiles(const QVector<FileSettings*>& files)
+{
+    m_files = files;
+    m_model.setFile(files.value(0));
+    if (m_rows.isEmpty() && !files.isEmpty())
+        makeRows();
+    update();
+}
+
+void OptionsForm::makeRows()
+{
+    auto* page = new QWidget(this);
+    auto* grid = new QGridLayout(page);
+    grid->setColumnStretch(1, 1);
+    const QModelIndex type = m_model.indexOf(m_files.first()->output());
+    QString group;
+    for (int i = 0; i < m_model.rowCount(type); ++i) {
+        const QModelIndex value = m_model.index(i, Model::ValueColumn, type);
+        const QString key = value.data(Model::KeyRole).toString();
+        const QString label = value.data(Model::LabelRole).toString();
+        const int line = grid->rowCount();
+        const QString own = value.data(Model::GroupRole).toString();
+        auto* title = new QLabel(label, page);
+        title->setWordWrap(true);
+        title->setToolTip(value.data(Qt::ToolTipRole).toString());
+        if (own != group)
+            title->setContentsMargins(0, 6, 0, 0);
+        group = own;
+        ValueControl* control = makeControl(value, page);
+        title->setBuddy(control->field());
+        auto* mark = new QLabel(page);
+        mark->setObjectName(QStringLiteral("Output:%1:mark").arg(key));
+        mark->setForegroundRole(QPalette::PlaceholderText);
+        auto* revert = new QToolButton(page);
+        revert->setObjectName(QStringLiteral("Output:%1:revert").arg(key));
+        revert->setText(QStringLiteral("\u21ba"));
+        revert->setAutoRaise(true);
+        revert->setToolTip(tr("Not set"));
+        revert->setAccessibleName(tr("Revert: %1").arg(label));
+        grid->addWidget(title, line, 0);
+        grid->addWidget(control, line, 1);
+        grid->addWidget(mark, line, 2);
+        grid->addWidget(revert, line, 3);
+        m_rows.insert(key, {control, mark, revert});
+        connect(control, &ValueControl::edited, this, [this, key](const QVariant& given) { set(key, given); });
+        connect(revert, &QToolButton::clicked, this, [this, key] { set(key, QVariant()); });
+    }
+    grid->setRowStretch(grid->rowCount(), 1);
+    setWidget(page);
+}
+
+/// In all files or in none; an invalid value takes the option back.
+void OptionsForm::set(const QString& key, const QVariant& value)
+{
+    zokit::History& history = m_session->history();
+    history.beginGesture(
+        Message(Message::Code::StepChange, {zokit::findProperty(QStringLiteral("Output"), key)->label()}));
+    Message refused;
+    for (FileSettings* file : m_files) {
+        if (refused.isEmpty())
+            refused = value.isValid() ? file->setValue(file->output(), key, value, this)
+                                      : file->reset(file->output(), key, this);
+    }
+    if (refused.isEmpty())
+        history.endGesture();
+    else
+        history.cancelGesture();
+    m_session->take(refused);
+    update();
+    emit edited();
+}
+
+void OptionsForm::update()
+{
+    const FileSettings* lead = m_files.value(0);
+    for (auto row = m_rows.cbegin(); row != m_rows.cend() && lead; ++row) {
+        const QVariant value = lead->value(lead->output(), row.key());
+        const bool differs = std::any_of(m_files.cbegin(), m_files.cend(), [&](const FileSettings* file) {
+            return file->value(file->output(), row.key()) != value;
+        });
+        const bool isSet = differs || value.isValid();
+        const QString mark = differs ? tr("different") : isSet ? tr("set") : QString();
+        row->control->setValue(value);
+        row->control->field()->setAccessibleDescription(mark);
+        row->mark->setText(mark);
+        row->revert->setEnabled(isSet);
+    }
+}
+
+} // namespace zoeditor

@@ -1,0 +1,338 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+// Converting: options, what becomes of each track, the command, a short part, and the queue that is kept.
+
+#include <QtTest>
+#include <QtWidgets>
+
+#include <queuepane.h>
+
+#include "editorsupport.h"
+
+using namespace editorsupport;
+using kitsupport::key;
+using zokit::RowState;
+
+class TestEditorConvert : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup() { m_folder.reset(); }
+
+    void lineTellsWhatBecomesOfEachTrack();
+    void optionIsSetInAllFilesAsOneStep();
+    void optionIsSetInOneFile();
+    void filesAreConvertedAndTheRowsSaySo();
+    void jobIsACopyOfTheSettings();
+    void resultsGoWhereTheyAreWanted();
+    void twoResultsOfOneNameAreRefused();
+    void commandIsShownAndCopied();
+    void tenSecondsTellTheSizeOfTheWhole();
+    void clipIsNotConvertedTwice();
+    void failedRowTellsWhyAndIsTriedAgain();
+    void rowsArePausedCancelledAndRemoved();
+    void whatRanComesBackAsInterrupted();
+    void closingWhileConvertingAsks();
+
+private:
+    QString clip(const char* sample, const char* name) const { return copyOf(sample, *m_folder, name); }
+    QString path(const char* name) const { return m_folder->filePath(key(name)); }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+};
+
+namespace {
+
+constexpr int patience = 60000;
+
+QTreeWidget* plans(const Stage& stage)
+{
+    return stage.find<QTreeWidget>("plans");
+}
+
+void click(const Stage& stage, const char* button)
+{
+    stage.find<QAbstractButton>(button)->click();
+}
+
+QTreeWidgetItem* row(const Stage& stage, int place)
+{
+    return stage.find<QTreeWidget>("queueList")->topLevelItem(place);
+}
+
+QString stateOf(const Stage& stage, int place)
+{
+    return row(stage, place)->text(1);
+}
+
+QString problem(const Stage& stage)
+{
+    const auto* label = stage.find<QLabel>("problem");
+    return label ? label->text() : QString();
+}
+
+bool hasEnded(const Stage& stage)
+{
+    return QTest::qWaitFor([&] { return !stage.session().queue().isRunning(); }, patience);
+}
+
+/// Chooses the next one of a list of choices, by its key.
+void chooseNext(const Stage& stage, const char* option)
+{
+    auto* box = stage.find<QComboBox>(option);
+    QTest::keyClick(box, Qt::Key_Down);
+    settle();
+}
+
+/// Ends the event loop in the moment in which a row runs.
+void waitUntilOneRuns(const Stage& stage)
+{
+    QEventLoop loop;
+    QObject::connect(&stage.session().queue(), &zokit::Queue::stateChanged, &loop, [&](int, RowState state) {
+        if (state == RowState::Running)
+            loop.quit();
+    });
+    QTimer::singleShot(patience, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+} // namespace
+
+void TestEditorConvert::init()
+{
+    kitsupport::clearSavedDefaults();
+    m_folder = std::make_unique<QTemporaryDir>();
+}
+
+void TestEditorConvert::lineTellsWhatBecomesOfEachTrack()
+{
+    const Stage stage({clip("plain.mp4", "film.mp4")});
+    QVERIFY(stage.trigger("convert"));
+    QTRY_COMPARE_WITH_TIMEOUT(plans(stage)->topLevelItem(0)->childCount(), 2, patience);
+    QCOMPARE(plans(stage)->topLevelItem(0)->text(0), QString::fromUtf8("film.mp4 \342\206\222 film-converted.mp4"));
+    QVERIFY(plans(stage)->topLevelItem(0)->child(0)->text(0).endsWith(key("copied")));
+    chooseNext(stage, "Output:video-codec");
+    QTRY_COMPARE_WITH_TIMEOUT(plans(stage)->topLevelItem(0)->childCount(), 2, patience);
+    const QString line = plans(stage)->topLevelItem(0)->child(0)->text(0);
+    QVERIFY2(line.contains(key("h264")) && !line.endsWith(key("copied")), qPrintable(line));
+}
+
+void TestEditorConvert::optionIsSetInAllFilesAsOneStep()
+{
+    const Stage stage({clip("plain.mp4", "a.mp4"), clip("plain.mp4", "b.mp4")});
+    const int steps = stage.session().history().position();
+    stage.trigger("convert");
+    chooseNext(stage, "Output:container");
+    for (int i = 0; i < 2; ++i)
+        QCOMPARE(stage.file(i)->value(stage.file(i)->output(), key("container")), QVariant(key("mp4")));
+    QCOMPARE(stage.session().history().position(), steps + 1);
+    QCOMPARE(stage.find<QLabel>("Output:container:mark")->text(), key("set"));
+    click(stage, "Output:container:revert");
+    for (int i = 0; i < 2; ++i)
+        QVERIFY(!stage.file(i)->value(stage.file(i)->output(), key("container")).isValid());
+}
+
+void TestEditorConvert::optionIsSetInOneFile()
+{
+    const Stage stage({clip("plain.mp4", "a.mp4"), clip("plain.mp4", "b.mp4")});
+    stage.trigger("convert");
+    stage.find<QComboBox>("optionsOf")->setCurrentIndex(2);
+    chooseNext(stage, "Output:container");
+    QVERIFY(!stage.file(0)->value(stage.file(0)->output(), key("container")).isValid());
+    QCOMPARE(stage.file(1)->value(stage.file(1)->output(), key("container")), QVariant(key("mp4")));
+    stage.find<QComboBox>("optionsOf")->setCurrentIndex(0);
+    QCOMPARE(stage.find<QLabel>("Output:container:mark")->text(), key("different"));
+}
+
+void TestEditorConvert::filesAreConvertedAndTheRowsSaySo()
+{
+    const Stage stage({clip("plain.mp4", "a.mp4"), clip("plain.mkv", "b.mkv")});
+    stage.trigger("convert");
+    click(stage, "start");
+    QVERIFY(!stage.find("convertDialog"));
+    QVERIFY(stage.find("queue"));
+    QVERIFY(hasEnded(stage));
+    QCOMPARE(stateOf(stage, 0), key("done"));
+    QCOMPARE(stateOf(stage, 1), key("done"));
+    QCOMPARE(row(stage, 0)->text(0), key("a.mp4"));
+    QCOMPARE(row(stage, 0)->text(2), key("100 %"));
+    QVERIFY(QFile::exists(path("a-converted.mp4")));
+    QVERIFY(QFile::exists(path("b-converted.mkv")));
+    QCOMPARE(stage.find<QLabel>("queueSummary")->text(), key("2 of 2 done"));
+    const QString log = stage.find<QPlainTextEdit>("queueLog")->toPlainText();
+    QVERIFY2(log.contains(key("copied")) && log.contains(key("ffmpeg")) && log.contains(key("\ndone\n")),
+             qPrintable(log));
+}
+
+void TestEditorConvert::jobIsACopyOfTheSettings()
+{
+    const Stage stage({clip("plain.mp4", "a.mp4")});
+    stage.session().queue().pause();
+    stage.trigger("convert");
+    click(stage, "start");
+    stage.file(0)->setValue(stage.file(0)->type(key("Color")), key("bcs_contrast"), 10);
+    const int number = stage.session().queue().rows().value(0);
+    QCOMPARE(stage.session().queue().job(number).settings.find(key("Color"))->values.value(key("bcs_contrast")),
+             QVariant(0));
+}
+
+void TestEditorConvert::resultsGoWhereTheyAreWanted()
+{
+    const Stage stage({clip("plain.mp4", "a.mp4")});
+    stage.trigger("convert");
+    auto* name = stage.find<QLineEdit>("Output:name");
+    QTest::keyClicks(name, key("{number} {name}.{ending}"));
+    QTest::keyClick(name, Qt::Key_Return);
+    stage.find<QLineEdit>("folder")->setText(path("new/folder"));
+    click(stage, "start");
+    QVERIFY(hasEnded(stage));
+    QVERIFY(QFile::exists(path("new/folder/1 a.mp4")));
+}
+
+void TestEditorConvert::twoResultsOfOneNameAreRefused()
+{
+    const Stage stage({clip("plain.mp4", "a.mp4"), clip("plain.mp4", "b.mp4")});
+    stage.trigger("convert");
+    auto* name = stage.find<QLineEdit>("Output:name");
+    QTest::keyClicks(name, key("out.{ending}"));
+    QTest::keyClick(name, Qt::Key_Return);
+    settle();
+    QVERIFY2(problem(stage).contains(key("a.mp4")) && problem(stage).contains(key("{number}")),
+             qPrintable(problem(stage)));
+    QVERIFY(!stage.find<QPushButton>("start")->isEnabled());
+    name->clear();
+    QTest::keyClicks(name, key("{date}"));
+    QTest::keyClick(name, Qt::Key_Return);
+    settle();
+    QVERIFY2(problem(stage).contains(key("{date}")), qPrintable(problem(stage)));
+}
+
+void TestEditorConvert::commandIsShownAndCopied()
+{
+    const Stage stage({clip("plain.mp4", "it's a.mp4")});
+    stage.trigger("convert");
+    click(stage, "showCommand");
+    QTRY_VERIFY_WITH_TIMEOUT(stage.find<QPushButton>("copyCommand")->isEnabled(), patience);
+    const QString text = stage.find<QPlainTextEdit>("commandText")->toPlainText();
+    QVERIFY2(text.startsWith(stage.session().tools().ffmpeg + QLatin1Char(' ')), qPrintable(text));
+    QVERIFY2(text.contains(key("it'\\''s a-converted.mp4'")), qPrintable(text));
+    click(stage, "copyCommand");
+    QCOMPARE(QApplication::clipboard()->text(), text);
+    QVERIFY(!QFile::exists(path("it's a-converted.mp4")));
+}
+
+void TestEditorConvert::tenSecondsTellTheSizeOfTheWhole()
+{
+    const Stage stage({clip("long.ts", "a.ts")});
+    stage.trigger("convert");
+    settle();
+    click(stage, "sample");
+    auto* said = stage.find<QLabel>("sampleState");
+    QTRY_VERIFY_WITH_TIMEOUT(said->text().contains(key("would have")), patience);
+    QVERIFY2(said->text().startsWith(key("a-sample.mkv has ")), qPrintable(said->text()));
+    QVERIFY(QFile::exists(path("a-sample.mkv")));
+    click(stage, "close");
+    QTRY_VERIFY(!QFile::exists(path("a-sample.mkv")));
+    QVERIFY(stage.session().queue().rows().isEmpty());
+}
+
+void TestEditorConvert::clipIsNotConvertedTwice()
+{
+    const Stage stage({clip("plain.mp4", "a.mp4")});
+    stage.session().queue().pause();
+    for (int i = 0; i < 2; ++i) {
+        stage.trigger("convert");
+        click(stage, "start");
+        settle();
+    }
+    QCOMPARE(stage.session().queue().rows().size(), 1);
+    QCOMPARE(stage.status(), key("In the queue already: a.mp4."));
+}
+
+void TestEditorConvert::failedRowTellsWhyAndIsTriedAgain()
+{
+    QVERIFY(QFile::copy(clip("plain.mp4", "a.mp4"), path("a-converted.mp4")));
+    const Stage stage({path("a.mp4")});
+    stage.trigger("convert");
+    click(stage, "start");
+    QVERIFY(hasEnded(stage));
+    QVERIFY2(stateOf(stage, 0).startsWith(key("failed: ")) && stateOf(stage, 0).contains(key("a-converted.mp4")),
+             qPrintable(stateOf(stage, 0)));
+    QFile::remove(path("a-converted.mp4"));
+    click(stage, "retryRow");
+    QVERIFY(hasEnded(stage));
+    QCOMPARE(stateOf(stage, 0), key("done"));
+}
+
+void TestEditorConvert::rowsArePausedCancelledAndRemoved()
+{
+    const Stage stage({clip("plain.mp4", "a.mp4"), clip("plain.mp4", "b.mp4")});
+    stage.trigger("convert");
+    click(stage, "start");
+    waitUntilOneRuns(stage);
+    click(stage, "pauseQueue");
+    QCOMPARE(stateOf(stage, 0), key("paused"));
+    QCOMPARE(stateOf(stage, 1), key("waiting"));
+    auto* list = stage.find<QTreeWidget>("queueList");
+    QVERIFY(!stage.find<QPushButton>("removeRow")->isEnabled());
+    list->setCurrentItem(list->topLevelItem(1));
+    click(stage, "cancelRow");
+    QCOMPARE(stateOf(stage, 1), key("cancelled"));
+    click(stage, "removeRow");
+    QCOMPARE(list->topLevelItemCount(), 1);
+    click(stage, "pauseQueue");
+    QVERIFY(hasEnded(stage));
+    QCOMPARE(stateOf(stage, 0), key("done"));
+}
+
+void TestEditorConvert::whatRanComesBackAsInterrupted()
+{
+    const QString journals = path("journals");
+    QDir().mkpath(journals);
+    {
+        zoeditor::Editor editor(journals);
+        editor.start({clip("plain.mp4", "a.mp4")});
+        QVERIFY(
+            QTest::qWaitFor([&] { return editor.session().mediaOf(editor.session().current()) != nullptr; }, patience));
+        zokit::Job job;
+        job.input = path("a.mp4");
+        job.output = path("a-converted.mp4");
+        job.settings = editor.session().current()->settings();
+        editor.session().queue().add(job);
+        editor.session().queue().start();
+        QEventLoop loop;
+        connect(&editor.session().queue(), &zokit::Queue::stateChanged, &loop, &QEventLoop::quit);
+        loop.exec();
+    } // Without a good end.
+    answer("recoverQuestion", "discard");
+    zoeditor::Editor editor(journals);
+    editor.start({});
+    const auto* list = editor.window().findChild<QTreeWidget*>(key("queueList"));
+    QCOMPARE(list->topLevelItemCount(), 1);
+    QCOMPARE(list->topLevelItem(0)->text(1), key("interrupted"));
+    QVERIFY(!editor.window().findChild<QWidget*>(key("queueDock"))->isHidden());
+    QVERIFY(!QFile::exists(path("a-converted.mp4")));
+    editor.window().findChild<QPushButton*>(key("retryRow"))->click();
+    QTRY_COMPARE_WITH_TIMEOUT(list->topLevelItem(0)->text(1), key("done"), patience);
+    QVERIFY(QFile::exists(path("a-converted.mp4")));
+}
+
+void TestEditorConvert::closingWhileConvertingAsks()
+{
+    const Stage stage({clip("plain.mp4", "a.mp4")});
+    stage.trigger("convert");
+    click(stage, "start");
+    waitUntilOneRuns(stage);
+    stage.session().queue().pause();
+    answer("convertingQuestion", "goOn");
+    QVERIFY(!stage.window().close());
+    QVERIFY(stage.window().isVisible());
+    QCOMPARE(stateOf(stage, 0), key("paused"));
+    answer("convertingQuestion", "stopAndClose");
+    QVERIFY(stage.window().close());
+}
+
+EDITOR_TEST_MAIN(TestEditorConvert)
+#include "tst_editor_convert.moc"
