@@ -62,6 +62,7 @@ QVector<Row> actionRows()
     {"itemUp",      "edit", Actions::tr("Move u&p"),                "Ctrl+Alt+Up",    "", false},
     {"itemDown",    "edit", Actions::tr("Move do&wn"),              "Ctrl+Alt+Down",  "", false},
     {"findValue",   "edit", Actions::tr("&Find a value"),           "Ctrl+F",         "", false},
+    {"applyTo",     "edit", Actions::tr("App&ly to other files..."), "Ctrl+Shift+A",  "", true},
     {"queue",       "view", Actions::tr("&Queue"),                  "Ctrl+Shift+C",   "-", true},
     {"showAfter",   "view", Actions::tr("&After"),                  "Ctrl+1",         "show", false},
     {"showBefore",  "view", Actions::tr("&Before"),                 "Ctrl+2",         "show", false},

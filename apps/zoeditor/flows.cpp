@@ -9,6 +9,7 @@
 #include <QPushButton>
 
 #include "actions.h"
+#include "applydialog.h"
 #include "convertdialog.h"
 #include "picturepane.h"
 #include "queuepane.h"
@@ -31,6 +32,7 @@ Flows::Flows(Session* session, Window* window)
             dialog->open();
         });
     };
+    shows("applyTo", [this] { return new ApplyDialog(m_session, m_window); });
     shows("convert", [this]() -> QDialog* {
         auto* dialog = new ConvertDialog(m_session, seconds(), m_window);
         connect(dialog, &QDialog::accepted, m_queue, &QWidget::show);
@@ -73,7 +75,7 @@ void Flows::makeQueue()
 
 void Flows::update()
 {
-    for (const char* name : {"convert"})
+    for (const char* name : {"applyTo", "convert"})
         m_window->actions().action(name)->setEnabled(m_session->current() != nullptr);
 }
 

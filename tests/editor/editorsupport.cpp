@@ -66,6 +66,7 @@ QString copyOf(const char* clip, const QTemporaryDir& folder, const char* name)
 void Full::visitDialogs(const std::function<void(QWidget&)>& look) const
 {
     const std::pair<const char*, const char*> dialogs[] = {{"shortcuts", "shortcutsDialog"},
+                                                           {"applyTo", "applyDialog"},
                                                            {"convert", "convertDialog"}};
     for (const auto& [action, name] : dialogs) {
         trigger(action);
