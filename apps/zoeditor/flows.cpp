@@ -12,6 +12,7 @@
 #include "applydialog.h"
 #include "convertdialog.h"
 #include "picturepane.h"
+#include "presetsdialog.h"
 #include "queuepane.h"
 #include "session.h"
 #include "shownframes.h"
@@ -33,6 +34,7 @@ Flows::Flows(Session* session, Window* window)
         });
     };
     shows("applyTo", [this] { return new ApplyDialog(m_session, m_window); });
+    shows("presets", [this] { return new PresetsDialog(m_session, m_window); });
     shows("convert", [this]() -> QDialog* {
         auto* dialog = new ConvertDialog(m_session, seconds(), m_window);
         connect(dialog, &QDialog::accepted, m_queue, &QWidget::show);
@@ -75,7 +77,7 @@ void Flows::makeQueue()
 
 void Flows::update()
 {
-    for (const char* name : {"applyTo", "convert"})
+    for (const char* name : {"applyTo", "presets", "convert"})
         m_window->actions().action(name)->setEnabled(m_session->current() != nullptr);
 }
 

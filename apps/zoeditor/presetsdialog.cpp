@@ -1,0 +1,212 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include "presetsdialog.h"
+
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+#include <zokit/differences.h>
+
+#include "defaultspage.h"
+#include "differencelist.h"
+#include "session.h"
+#include "whattree.h"
+
+namespace zoeditor {
+
+using zokit::Message;
+
+namespace {
+
+QPushButton* makeButton(QLayout* layout, const char* name, const QString& text, QWidget* parent)
+{
+    auto* button = new QPushButton(text, parent);
+    button->setObjectName(QString::fromLatin1(name));
+    button->setAutoDefault(false);
+    layout->addWidget(button);
+    return button;
+}
+
+} // namespace
+
+PresetsDialog::PresetsDialog(Session* session, QWidget* parent)
+    : QDialog(parent)
+    , m_session(session)
+    , m_list(new QListWidget(this))
+    , m_differences(new DifferenceList(this))
+    , m_problem(new QLabel(this))
+    , m_name(new QLineEdit(this))
+    , m_replace(new QCheckBox(tr("&Replace the one that is there"), this))
+    , m_what(new WhatTree(this))
+{
+    setObjectName(QStringLiteral("presetsDialog"));
+    setWindowTitle(tr("Presets and defaults"));
+    m_problem->setObjectName(QStringLiteral("problem"));
+    m_problem->setWordWrap(true);
+    auto* pages = new QTabWidget(this);
+    pages->setObjectName(QStringLiteral("presetPages"));
+    pages->setAccessibleName(windowTitle());
+    auto* presets = new QWidget(pages);
+    auto* columns = new QHBoxLayout(presets);
+    columns->addWidget(makeList(), 3);
+    columns->addWidget(makeSaving(), 2);
+    pages->addTab(presets, tr("Presets"));
+    pages->addTab(new DefaultsPage(session, pages), tr("Saved defaults"));
+    auto* buttons = new QDialogButtonBox(this);
+    buttons->addButton(tr("Close"), QDialogButtonBox::RejectRole)->setObjectName(QStringLiteral("close"));
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(pages, 1);
+    layout->addWidget(m_problem);
+    layout->addWidget(buttons);
+    resize(900, 600);
+    m_problem->hide();
+    fill(QString());
+}
+
+QWidget* PresetsDialog::makeList()
+{
+    auto* page = new QWidget(this);
+    auto* layout = new QVBoxLayout(page);
+    layout->setContentsMargins(0, 0, 0, 0);
+    m_list->setObjectName(QStringLiteral("presetList"));
+    m_list->setAccessibleName(tr("Presets"));
+    layout->addWidget(m_list, 1);
+    auto* row = new QHBoxLayout;
+    m_remove = makeButton(row, "removePreset", tr("Re&move"), page);
+    QPushButton* import = makeButton(row, "importPreset", tr("&Import..."), page);
+    m_export = makeButton(row, "exportPreset", tr("&Export..."), page);
+    layout->addLayout(row);
+    auto* title = new QLabel(tr("What it changes in the current file:"), page);
+    title->setBuddy(m_differences);
+    layout->addWidget(title);
+    layout->addWidget(m_differences, 1);
+    m_layOver = makeButton(layout, "layOver", tr("&Lay over the selected files"), page);
+
+    connect(m_list, &QListWidget::currentRowChanged, this, &PresetsDialog::update);
+    connect(m_layOver, &QPushButton::clicked, this, &PresetsDialog::layOver);
+    connect(m_remove, &QPushButton::clicked, this, [this] { take(m_presets.remove(chosen()), QString()); });
+    const QString filter = tr("Presets (*.zoeffect.json)");
+    connect(import, &QPushButton::clicked, this, [this, filter] {
+        importFiles(QFileDialog::getOpenFileNames(this, tr("Import presets"), QString(), filter));
+    });
+    connect(m_export, &QPushButton::clicked, this, [this, filter] {
+        const QString proposed = chosen() + QStringLiteral(".zoeffect.json");
+        const QString path = QFileDialog::getSaveFileName(this, tr("Export the preset"), proposed, filter);
+        if (!path.isEmpty())
+            exportTo(path);
+    });
+    return page;
+}
+
+QWidget* PresetsDialog::makeSaving()
+{
+    auto* box = new QGroupBox(tr("Of the current file"), this);
+    auto* layout = new QVBoxLayout(box);
+    m_what->setFile(m_session->current());
+    layout->addWidget(m_what, 1);
+    auto* title = new QLabel(tr("&Name of the preset:"), box);
+    m_name->setObjectName(QStringLiteral("presetName"));
+    m_name->setAccessibleName(tr("Name of the preset"));
+    title->setBuddy(m_name);
+    m_replace->setObjectName(QStringLiteral("replace"));
+    layout->addWidget(title);
+    layout->addWidget(m_name);
+    layout->addWidget(m_replace);
+    m_save = makeButton(layout, "savePreset", tr("&Save what is checked"), box);
+    m_rename = makeButton(layout, "renamePreset", tr("Re&name the chosen one"), box);
+
+    connect(m_what, &WhatTree::whatChanged, this, &PresetsDialog::update);
+    connect(m_name, &QLineEdit::textChanged, this, &PresetsDialog::update);
+    connect(m_save, &QPushButton::clicked, this, [this] {
+        const QString name = m_name->text();
+        const zokit::Settings preset = zokit::presetFrom(m_session->current()->settings(), m_what->what());
+        take(m_presets.save(name, preset, m_replace->isChecked()), name);
+    });
+    connect(m_rename, &QPushButton::clicked, this,
+            [this] { take(m_presets.rename(chosen(), m_name->text()), m_name->text()); });
+    return box;
+}
+
+QString PresetsDialog::chosen() const
+{
+    return m_list->currentItem() ? m_list->currentItem()->text() : QString();
+}
+
+void PresetsDialog::fill(const QString& chosen)
+{
+    m_list->clear();
+    for (const QString& name : m_presets.names()) {
+        auto* row = new QListWidgetItem(name, m_list);
+        row->setToolTip(m_presets.path(name));
+        if (name == chosen)
+            m_list->setCurrentItem(row);
+    }
+    update();
+}
+
+void PresetsDialog::update()
+{
+    const zokit::FileSettings* file = m_session->current();
+    const bool isChosen = !chosen().isEmpty();
+    const bool hasName = !m_name->text().isEmpty();
+    m_differences->clear();
+    bool isReadable = false;
+    if (isChosen && file) {
+        const zokit::Presets::Loaded loaded = m_presets.load(chosen());
+        isReadable = loaded.error.isEmpty();
+        const zokit::Settings before = file->settings();
+        if (isReadable) {
+            m_differences->add(zokit::differences(before, zokit::carriedOver(loaded.preset, before, {})));
+        } else {
+            m_problem->setText(loaded.error.text());
+            m_problem->show();
+        }
+    }
+    m_layOver->setEnabled(isReadable);
+    for (QPushButton* button : {m_remove, m_export})
+        button->setEnabled(isChosen);
+    m_rename->setEnabled(isChosen && hasName);
+    m_save->setEnabled(file && hasName && !m_what->what().isEmpty());
+}
+
+void PresetsDialog::layOver()
+{
+    const zokit::Presets::Loaded loaded = m_presets.load(chosen());
+    const Message refused = loaded.error.isEmpty()
+                                ? m_session->project().apply(loaded.preset, m_session->selected(), {}, this)
+                                : loaded.error;
+    take(refused, chosen());
+}
+
+void PresetsDialog::importFiles(const QStringList& files)
+{
+    if (!files.isEmpty())
+        take(m_presets.import(files, m_replace->isChecked()), QString());
+}
+
+void PresetsDialog::exportTo(const QString& file)
+{
+    take(m_presets.exportTo(chosen(), file, true), chosen()); // Whoever named the file was asked whether to replace it.
+}
+
+void PresetsDialog::take(const Message& refused, const QString& name)
+{
+    m_problem->setText(refused.text());
+    m_problem->setVisible(!refused.isEmpty());
+    if (refused.isEmpty())
+        fill(name);
+}
+
+} // namespace zoeditor

@@ -1,0 +1,212 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+// Presets and saved defaults: what will be in them, what they change, where each value comes from.
+
+#include <QtTest>
+#include <QtWidgets>
+
+#include <zokit/history.h>
+#include <zokit/presets.h>
+
+#include <presetsdialog.h>
+
+#include "editorsupport.h"
+
+using namespace editorsupport;
+using kitsupport::key;
+
+class TestEditorPresets : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+
+    void presetIsSavedAndLaidOver();
+    void presetHoldsWhatIsChecked();
+    void takenNameIsRefusedUntilReplaced();
+    void presetIsRenamedAndRemoved();
+    void presetGoesOutAndComesIn();
+    void brokenPresetIsASentence();
+    void defaultIsSavedAndForgotten();
+};
+
+namespace {
+
+QVariant contrast(const zokit::FileSettings* file)
+{
+    return file->value(file->type(key("Color")), key("bcs_contrast"));
+}
+
+/// A stage with two clips, the contrast of the first being 10, and the dialog open.
+class Opened : public Stage {
+public:
+    Opened() : Stage({clips::clip(key("plain.mp4")), clips::clip(key("wide.mkv"))})
+    {
+        file(0)->setValue(file(0)->type(key("Color")), key("bcs_contrast"), 10);
+        trigger("presets");
+    }
+    zoeditor::PresetsDialog* dialog() const { return find<zoeditor::PresetsDialog>("presetsDialog"); }
+    QListWidget* list() const { return find<QListWidget>("presetList"); }
+    QStringList names() const
+    {
+        QStringList names;
+        for (int row = 0; row < list()->count(); ++row)
+            names.append(list()->item(row)->text());
+        return names;
+    }
+    QString problem() const
+    {
+        const auto* label = find<QLabel>("problem");
+        return label ? label->text() : QString();
+    }
+    void click(const char* button) const { find<QPushButton>(button)->click(); }
+    void name(const QString& text) const { find<QLineEdit>("presetName")->setText(text); }
+    void save(const char* text) const
+    {
+        name(key(text));
+        click("savePreset");
+    }
+    QString origin(const char* label) const
+    {
+        const auto rows = find<QTreeWidget>("defaultValues")->findItems(key(label), Qt::MatchExactly);
+        return rows.isEmpty() ? QString() : rows.first()->text(1) + QLatin1Char(' ') + rows.first()->text(2);
+    }
+};
+
+} // namespace
+
+void TestEditorPresets::init()
+{
+    kitsupport::clearSavedDefaults();
+    const zokit::Presets presets;
+    for (const QString& name : presets.names())
+        presets.remove(name);
+}
+
+void TestEditorPresets::presetIsSavedAndLaidOver()
+{
+    const Opened stage;
+    stage.save("holiday / 2026");
+    QCOMPARE(stage.names(), QStringList{key("holiday / 2026")});
+    QCOMPARE(stage.list()->currentRow(), 0);
+    stage.click("close");
+    QTRY_VERIFY(!stage.dialog());
+    stage.session().undo();
+    QCOMPARE(contrast(stage.file(0)), QVariant(0));
+
+    stage.session().select({stage.file(0), stage.file(1)});
+    const int steps = stage.session().history().position();
+    stage.trigger("presets");
+    QVERIFY(!stage.find<QPushButton>("layOver")->isEnabled());
+    stage.list()->setCurrentRow(0);
+    auto* list = stage.find<QTreeWidget>("differences");
+    QStringList addresses;
+    for (int i = 0; i < list->topLevelItemCount(); ++i)
+        addresses.append(list->topLevelItem(i)->toolTip(0) + list->topLevelItem(i)->text(2));
+    QVERIFY2(addresses.contains(key("Color:bcs_contrast10")), qPrintable(addresses.join(QLatin1Char(' '))));
+    stage.click("layOver");
+    QCOMPARE(contrast(stage.file(0)), QVariant(10));
+    QCOMPARE(contrast(stage.file(1)), QVariant(10));
+    QCOMPARE(stage.session().history().position(), steps + 1);
+    QCOMPARE(list->topLevelItem(0)->text(0), key("Nothing changes."));
+}
+
+void TestEditorPresets::presetHoldsWhatIsChecked()
+{
+    const Opened stage;
+    auto* what = stage.find<QTreeWidget>("what");
+    for (int i = 0; i < what->topLevelItemCount(); ++i)
+        what->topLevelItem(i)->setCheckState(0, Qt::Unchecked);
+    settle();
+    stage.name(key("crop"));
+    QVERIFY(!stage.find<QPushButton>("savePreset")->isEnabled());
+    what->findItems(key("Crop"), Qt::MatchStartsWith).first()->setCheckState(0, Qt::Checked);
+    settle();
+    stage.save("crop");
+    const zokit::Settings preset = zokit::Presets().load(key("crop")).preset;
+    QCOMPARE(preset.effects.size(), 1);
+    QCOMPARE(preset.effects.first().type, key("Crop"));
+}
+
+void TestEditorPresets::takenNameIsRefusedUntilReplaced()
+{
+    const Opened stage;
+    stage.save("a");
+    QCOMPARE(stage.problem(), QString());
+    stage.save("a");
+    QVERIFY2(stage.problem().contains(key("a")), qPrintable(stage.problem()));
+    stage.find<QCheckBox>("replace")->setChecked(true);
+    stage.save("a");
+    QCOMPARE(stage.problem(), QString());
+    QCOMPARE(stage.names(), QStringList{key("a")});
+}
+
+void TestEditorPresets::presetIsRenamedAndRemoved()
+{
+    const Opened stage;
+    stage.save("a");
+    stage.save("b");
+    stage.list()->setCurrentRow(0);
+    stage.name(key("c"));
+    stage.click("renamePreset");
+    QCOMPARE(stage.names(), QStringList({key("b"), key("c")}));
+    QCOMPARE(stage.list()->currentItem()->text(), key("c"));
+    stage.name(key("b"));
+    stage.click("renamePreset");
+    QVERIFY(!stage.problem().isEmpty());
+    stage.click("removePreset");
+    QCOMPARE(stage.names(), QStringList{key("b")});
+    QCOMPARE(stage.problem(), QString());
+}
+
+void TestEditorPresets::presetGoesOutAndComesIn()
+{
+    const Opened stage;
+    stage.save("a");
+    const QString file = stage.folder.filePath(key("from a friend.zoeffect.json"));
+    stage.dialog()->exportTo(file);
+    QVERIFY(QFile::exists(file));
+    stage.dialog()->importFiles({file});
+    QCOMPARE(stage.names(), QStringList({key("a"), key("from a friend")}));
+    stage.dialog()->importFiles({file});
+    QVERIFY2(stage.problem().contains(key("from a friend")), qPrintable(stage.problem()));
+    stage.dialog()->importFiles({});
+}
+
+void TestEditorPresets::brokenPresetIsASentence()
+{
+    const Opened stage;
+    stage.save("a");
+    QFile file(zokit::Presets().path(key("a")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("{");
+    file.close();
+    stage.list()->setCurrentRow(-1);
+    stage.list()->setCurrentRow(0);
+    QVERIFY(!stage.find<QPushButton>("layOver")->isEnabled());
+    QVERIFY(!stage.problem().isEmpty());
+}
+
+void TestEditorPresets::defaultIsSavedAndForgotten()
+{
+    const Opened stage;
+    stage.find<QTabWidget>("presetPages")->setCurrentIndex(1);
+    auto* type = stage.find<QComboBox>("defaultType");
+    type->setCurrentIndex(type->findData(key("Color")));
+    QCOMPARE(stage.origin("Contrast"), key("0 catalogue"));
+    QVERIFY(!stage.find<QPushButton>("forgetDefault")->isEnabled());
+    stage.click("saveDefault");
+    QCOMPARE(stage.origin("Contrast"), key("10 saved default"));
+    stage.session().undo();
+    QCOMPARE(stage.origin("Contrast"), key("0 catalogue"));
+    stage.session().redo();
+    stage.click("forgetDefault");
+    QCOMPARE(stage.origin("Contrast"), key("0 catalogue"));
+    QVERIFY(stage.session().project().savedValues(key("Color")).isEmpty());
+    type->setCurrentIndex(type->findData(key("Watermark"))); // The file has none.
+    QVERIFY(!stage.find<QPushButton>("saveDefault")->isEnabled());
+}
+
+EDITOR_TEST_MAIN(TestEditorPresets)
+#include "tst_editor_presets.moc"
