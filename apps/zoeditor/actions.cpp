@@ -63,6 +63,7 @@ QVector<Row> actionRows()
     {"itemDown",    "edit", Actions::tr("Move do&wn"),              "Ctrl+Alt+Down",  "", false},
     {"findValue",   "edit", Actions::tr("&Find a value"),           "Ctrl+F",         "", false},
     {"applyTo",     "edit", Actions::tr("App&ly to other files..."), "Ctrl+Shift+A",  "", true},
+    {"tracks",      "edit", Actions::tr("Trac&ks..."),              "Ctrl+K",         "", false},
     {"presets",     "edit", Actions::tr("Pr&esets and defaults..."), "Ctrl+P",        "", true},
     {"queue",       "view", Actions::tr("&Queue"),                  "Ctrl+Shift+C",   "-", true},
     {"showAfter",   "view", Actions::tr("&After"),                  "Ctrl+1",         "show", false},

@@ -17,6 +17,7 @@
 #include "session.h"
 #include "shownframes.h"
 #include "sleepguard.h"
+#include "tracksdialog.h"
 #include "window.h"
 
 namespace zoeditor {
@@ -35,6 +36,7 @@ Flows::Flows(Session* session, Window* window)
     };
     shows("applyTo", [this] { return new ApplyDialog(m_session, m_window); });
     shows("presets", [this] { return new PresetsDialog(m_session, m_window); });
+    shows("tracks", [this] { return new TracksDialog(m_session, m_window); });
     shows("convert", [this]() -> QDialog* {
         auto* dialog = new ConvertDialog(m_session, seconds(), m_window);
         connect(dialog, &QDialog::accepted, m_queue, &QWidget::show);
@@ -77,7 +79,7 @@ void Flows::makeQueue()
 
 void Flows::update()
 {
-    for (const char* name : {"applyTo", "presets", "convert"})
+    for (const char* name : {"applyTo", "presets", "tracks", "convert"})
         m_window->actions().action(name)->setEnabled(m_session->current() != nullptr);
 }
 

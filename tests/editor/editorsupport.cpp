@@ -68,6 +68,7 @@ void Full::visitDialogs(const std::function<void(QWidget&)>& look) const
     const std::pair<const char*, const char*> dialogs[] = {{"shortcuts", "shortcutsDialog"},
                                                            {"applyTo", "applyDialog"},
                                                            {"presets", "presetsDialog"},
+                                                           {"tracks", "tracksDialog"},
                                                            {"convert", "convertDialog"}};
     for (const auto& [action, name] : dialogs) {
         trigger(action);
