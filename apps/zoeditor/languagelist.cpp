@@ -44,6 +44,7 @@ LanguageList::LanguageList(const QString& name, const QString& label, QWidget* p
     QPushButton* raising = makeButton(name + QStringLiteral(":up"), tr("Up"), this);
     auto* title = new QLabel(label, this);
     title->setBuddy(m_list);
+    title->setWordWrap(true);
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins(0, 0, 0, 0);
     grid->addWidget(title, 0, 0, 1, 3);

@@ -57,7 +57,7 @@ TracksDialog::TracksDialog(Session* session, QWidget* parent)
     , m_audio(new LanguageList(QStringLiteral("audioLanguages"), tr("Sound in the first of these languages:"), this))
     , m_subtitles(
           new LanguageList(QStringLiteral("subtitleLanguages"), tr("Subtitles in the first of these languages:"), this))
-    , m_forced(new QCheckBox(tr("&Forced subtitles in the language of the sound"), this))
+    , m_forced(new QCheckBox(tr("&Forced subtitles"), this))
     , m_sidecars(new QCheckBox(this))
     , m_tracks(new QTreeWidget(this))
     , m_where(new QComboBox(this))
@@ -80,7 +80,7 @@ TracksDialog::TracksDialog(Session* session, QWidget* parent)
     columns->setChildrenCollapsible(false);
     columns->addWidget(makeRules());
     columns->addWidget(makeTracks());
-    columns->setSizes({340, 660});
+    columns->setSizes({290, 710});
     m_problem->setObjectName(QStringLiteral("problem"));
     m_problem->setWordWrap(true);
     auto* buttons = new QDialogButtonBox(this);
@@ -109,6 +109,7 @@ QWidget* TracksDialog::makeRules()
     auto* layout = new QVBoxLayout(page);
     layout->setContentsMargins(0, 0, 0, 0);
     m_forced->setObjectName(QStringLiteral("forcedSubtitles"));
+    m_forced->setToolTip(tr("A forced subtitle in the language of the sound is shown."));
     m_sidecars->setObjectName(QStringLiteral("sidecars"));
     QStringList beside;
     for (const QString& path : zokit::sidecarsOf(m_session->current()->media().file))
@@ -137,6 +138,7 @@ QWidget* TracksDialog::makeTracks()
     m_tracks->setHeaderLabels({tr("Track"), tr("Chosen"), tr("What becomes of it")});
     for (const int column : {TrackColumn, WhyColumn, FateColumn})
         m_tracks->header()->setSectionResizeMode(column, QHeaderView::ResizeToContents);
+    m_tracks->header()->setStretchLastSection(false);
     m_byRule = new QPushButton(tr("By the &rules again"), page);
     m_byRule->setObjectName(QStringLiteral("byRule"));
     m_byRule->setAutoDefault(false);

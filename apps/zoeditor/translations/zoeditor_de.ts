@@ -184,16 +184,16 @@
         <translation>&amp;Umwandeln...</translation>
     </message>
     <message>
-        <source>App&amp;ly to other files...</source>
-        <translation>Auf andere Dateien &amp;anwenden...</translation>
+        <source>App&amp;ly to...</source>
+        <translation>An&amp;wenden auf...</translation>
     </message>
     <message>
         <source>Trac&amp;ks...</source>
         <translation>&amp;Spuren...</translation>
     </message>
     <message>
-        <source>Pr&amp;esets and defaults...</source>
-        <translation>&amp;Vorlagen und Vorgaben...</translation>
+        <source>Pr&amp;esets...</source>
+        <translation>&amp;Vorlagen...</translation>
     </message>
     <message>
         <source>&amp;Queue</source>
@@ -1270,8 +1270,12 @@
         <translation>Untertitel in der ersten dieser Sprachen:</translation>
     </message>
     <message>
-        <source>&amp;Forced subtitles in the language of the sound</source>
-        <translation>&amp;Erzwungene Untertitel in der Sprache des Tons</translation>
+        <source>&amp;Forced subtitles</source>
+        <translation>&amp;Erzwungene Untertitel</translation>
+    </message>
+    <message>
+        <source>A forced subtitle in the language of the sound is shown.</source>
+        <translation>Ein erzwungener Untertitel in der Sprache des Tons wird gezeigt.</translation>
     </message>
     <message>
         <source>Subtitle files &amp;beside the clip</source>
