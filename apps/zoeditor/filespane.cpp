@@ -44,6 +44,9 @@ FilesPane::FilesPane(Session* session, QWidget* parent)
     for (const auto& [name, role] : FilesModel::orders())
         order->addItem(name, role);
 
+    order->setFocusPolicy(Qt::StrongFocus); // The wheel gives none.
+    order->installEventFilter(this);
+
     m_view->setObjectName(QStringLiteral("fileList"));
     m_view->setAccessibleName(tr("Files"));
     m_view->setModel(m_order);
@@ -87,6 +90,10 @@ FilesPane::FilesPane(Session* session, QWidget* parent)
 
 bool FilesPane::eventFilter(QObject* watched, QEvent* event)
 {
+    if (event->type() == QEvent::Wheel && watched != m_view->viewport()) {
+        event->ignore(); // Whoever turns the wheel over the list, and a little above, wants no other order.
+        return !static_cast<QWidget*>(watched)->hasFocus();
+    }
     if (event->type() == QEvent::Resize || event->type() == QEvent::Show)
         m_soon.start();
     return QWidget::eventFilter(watched, event);

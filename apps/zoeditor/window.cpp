@@ -41,6 +41,12 @@ namespace {
 constexpr int margin = 3;          // Pixels around the panes: in the smallest window each one counts.
 constexpr int messageTime = 15000; // Milliseconds: long enough to be read.
 
+/// Whoever drags must not take the originals for moved, and remove them.
+bool isCopied(const QDropEvent& event)
+{
+    return event.possibleActions().testFlag(Qt::CopyAction);
+}
+
 /// Names of local files that are dragged along.
 QStringList filesOf(const QMimeData* data)
 {
@@ -261,14 +267,16 @@ void Window::closeEvent(QCloseEvent* event)
 
 void Window::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (filesOf(event->mimeData()).isEmpty())
+    if (filesOf(event->mimeData()).isEmpty() || !isCopied(*event))
         return;
-    event->setDropAction(Qt::CopyAction); // Whoever drags must not take the originals for moved.
+    event->setDropAction(Qt::CopyAction);
     event->accept();
 }
 
 void Window::dropEvent(QDropEvent* event)
 {
+    if (!isCopied(*event))
+        return event->ignore();
     event->setDropAction(Qt::CopyAction);
     event->accept();
     m_session->open(filesOf(event->mimeData()));
