@@ -53,6 +53,12 @@ alpha() {
         od -An -tu1 | tr -d ' '
 }
 
+# --- The editor ----------------------------------------------------------------------------------------------------
+
+DISPLAY='' WAYLAND_DISPLAY='' QT_QPA_PLATFORM='' run --editor film.mkv
+same 'run: the editor takes a display' \
+    '1 run: there is no display. Start it in a desktop session, or take zoconvert: ./run --help.' "$code $err" || true
+
 # --- The sample clip ------------------------------------------------------------------------------------------------
 
 run

@@ -18,7 +18,7 @@ the packages there beside nothing but compiler, CMake, ffmpeg and both Qts, and 
   the hosts of the guide's first two chapters, on the kit and on the library alone, by the commands that stand there,
   the consumer project of the tests with either Qt, by CMake and by pkg-config,
   all programs of the guide, from where libzoeffect-doc puts them,
-  and zoconvert, which converts a clip.
+  zoconvert, which converts a clip, and zoeditor, which opens its window.
 
 At last it removes the packages and looks for what is left behind. Takes root, a checkout without changes, and some
 five minutes.
@@ -89,6 +89,7 @@ libzoeffectkit-dev_${version}_$architecture.deb
 libzoeffectkit-qt6-1_${version}_$architecture.deb
 libzoeffectkit-qt6-dev_${version}_$architecture.deb
 libzoeffectkit1_${version}_$architecture.deb
+zoeffect-editor_${version}_$architecture.deb
 zoeffect-tools_${version}_$architecture.deb" "$(cd build/packages && printf '%s\n' *)" || true
 for package in build/packages/*.deb; do
     check "packages: ${package##*/} is the same, bit by bit" \
@@ -124,7 +125,8 @@ check 'packages: the first chapter installs the kit' enter sh -euc 'cd /root/fir
 check 'packages: all others are installed beside them' \
     enter sh -c 'apt-get install --yes /root/first-host/*.deb' || true
 readonly packages=(libzoeffect1 libzoeffect-dev libzoeffect-qt6-1 libzoeffect-qt6-dev libzoeffectkit1 libzoeffectkit-dev
-    libzoeffectkit-qt6-1 libzoeffectkit-qt6-dev libzoeffect-common-dev libzoeffect-doc zoeffect-tools)
+    libzoeffectkit-qt6-1 libzoeffectkit-qt6-dev libzoeffect-common-dev libzoeffect-doc zoeffect-editor
+    zoeffect-tools)
 files_inside > "$folder/installed"
 enter dpkg -L "${packages[@]}" | LC_ALL=C sort -u > "$folder/owned"
 same 'packages: nothing has come but what is theirs' '' \
@@ -175,6 +177,14 @@ same 'packages: as it was told' 160x120 "$(enter ffprobe -v error -show_entries 
     /root/cropped.mkv)" || true
 for file in bash-completion/completions/zoconvert zsh/vendor-completions/_zoconvert man/man1/zoconvert.1.gz; do
     check "packages: zoconvert has its ${file%%/*}" test -s "$root/usr/share/$file" || true
+done
+
+# It waits for a person: what it says by then is that it could open its window.
+check 'packages: zoeditor opens its window' enter sh -euc 'cd /root &&
+    if QT_QPA_PLATFORM=offscreen timeout 20 zoeditor clip.mkv; then false; else test $? = 124; fi' || true
+for file in applications/zoeditor.desktop icons/hicolor/scalable/apps/zoeditor.svg mime/packages/zoeffect-settings.xml \
+    man/man1/zoeditor.1.gz; do
+    check "packages: zoeditor has its ${file%%/*}" test -s "$root/usr/share/$file" || true
 done
 
 # --- Removed -------------------------------------------------------------------------------------------------------
