@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The libzoeffect developers
 // SPDX-License-Identifier: MIT
 
-// editorpictures FOLDER: makes a picture of every page of the editor there, in light and dark, English and German,
-// large and small, to be looked at.
+// editorpictures FOLDER [FILE...]: makes a picture of every page of the editor there, in light and dark, English and
+// German, large and small, to be looked at. With FILEs instead that of the guide: the window with these, editor.png.
 
 #include <QDir>
 #include <QTabWidget>
@@ -41,6 +41,17 @@ void takeAll(const QDir& folder, const QString& prefix, const QSize& size,
     });
 }
 
+/// The window with \a files, as the guide shows it: a watermark of the first one is chosen.
+void takeGuide(const QDir& folder, const QStringList& files)
+{
+    const Stage stage(files);
+    stage.window().resize(1280, 800);
+    stage.session().setCurrent(stage.file(0));
+    stage.session().setThing(stage.file(0)->item(key("Watermark"), 1));
+    QTest::qWait(4000); // Pictures come from children.
+    take(&stage.window(), folder, key("editor"));
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -53,6 +64,11 @@ int main(int argc, char** argv)
     const QSize usual(1280, 800);
     appearance::setLanguage(key("en"));
     appearance::setTheme(appearance::Theme::Light);
+    const QStringList files = QCoreApplication::arguments().mid(2);
+    if (!files.isEmpty()) {
+        takeGuide(folder, files);
+        return 0;
+    }
     takeAll(folder, key("light-"), usual);
     appearance::setTheme(appearance::Theme::Dark);
     takeAll(folder, key("dark-"), usual);
