@@ -215,7 +215,8 @@ private:
         add(box);
         QObject::connect(box, QOverload<int>::of(&QComboBox::activated), m_control,
                          [this_ = *this, choices](int index) { this_.send(choices.value(index)); });
-        onShow([box, choices](const QVariant& value) { box->setCurrentIndex(static_cast<int>(choices.indexOf(value))); });
+        onShow(
+            [box, choices](const QVariant& value) { box->setCurrentIndex(static_cast<int>(choices.indexOf(value))); });
     }
 
     void makeColorButton()
