@@ -66,9 +66,8 @@ public:
 
     void press(const QKeySequence& keys) const
     {
-        const int all = static_cast<int>(keys[0]);
-        press(static_cast<Qt::Key>(all & ~int(Qt::KeyboardModifierMask)),
-              Qt::KeyboardModifiers(QFlag(all & int(Qt::KeyboardModifierMask))));
+        QTest::keySequence(listener(), keys);
+        settle();
     }
 
     void type(const char* text) const

@@ -134,7 +134,7 @@ void TestKitSoundSamples::speedCountsInTheClip()
     SoundQuestion asked = question(file);
     const double length = asked.media.seconds;
     asked.from = 0.1;
-    const double heard = samplesOf(answerTo(asked).wave).size() / double(rate);
+    const double heard = double(samplesOf(answerTo(asked).wave).size()) / double(rate);
     QVERIFY2(std::abs(heard - (length - 0.1) / 2) < 0.05, qPrintable(key("%1 of %2").arg(heard).arg(length)));
 }
 
