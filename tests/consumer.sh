@@ -33,6 +33,7 @@ mv "$work/first place" "$prefix"
 
 same 'consumer: these files are installed and no others' \
     "bin/zoconvert
+bin/zoeditor
 $(cd "$here/../kit" && printf 'include/zoeffect-kit/%s\n' zokit/*.h zokit/zokit_export.h | LC_ALL=C sort)
 include/zoeffect/writelog.h
 include/zoeffect/zoeffect_export.h
@@ -56,8 +57,12 @@ lib/lib$kit.so.1
 lib/lib$kit.so.$version
 lib/pkgconfig/$name.pc
 lib/pkgconfig/$kit.pc
+share/applications/zoeditor.desktop
 share/bash-completion/completions/zoconvert
+share/icons/hicolor/scalable/apps/zoeditor.svg
 share/man/man1/zoconvert.1
+share/man/man1/zoeditor.1
+share/mime/packages/zoeffect-settings.xml
 share/zsh/site-functions/_zoconvert" \
     "$(cd "$prefix" && find . ! -type d | sed 's|^\./||' | LC_ALL=C sort)" || true
 
