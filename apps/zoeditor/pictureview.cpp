@@ -31,12 +31,12 @@ constexpr double zoomStep = 1.25;
 PictureView::PictureView(Session& session, ShownFrames& frames, QWidget* parent)
     : QWidget(parent), m_session(session), m_frames(frames), m_drag(session)
 {
+    PictureAccess::install(); // Before its name: that makes a screen reader ask for what it is.
     setObjectName(QStringLiteral("pictureView"));
     setAccessibleName(tr("Picture"));
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
-    PictureAccess::install();
     connect(&session, &Session::currentChanged, this, &PictureView::follow);
     connect(&session, &Session::thingChanged, this, &PictureView::updateScene);
     connect(&frames, &ShownFrames::changed, this, &PictureView::updateFrames);

@@ -23,6 +23,7 @@ class TestEditorPicture : public QObject {
 private slots:
     void init() { kitsupport::clearSavedDefaults(); }
 
+    void handlesAreThereForWhoListensFromTheBeginning(); // The first of all: later ones are known by their kind.
     void outputFollowsSoonAfterAStandIn();
     void edgeOfTheCropIsDragged();
     void clickCutsNothingOff();
@@ -136,6 +137,17 @@ void sendKey(QWidget* widget, QEvent::Type type, int pressed, bool isRepeated,
 }
 
 } // namespace
+
+void TestEditorPicture::handlesAreThereForWhoListensFromTheBeginning()
+{
+    QAccessible::setActive(true); // A screen reader looks at whatever is told of.
+    const auto before =
+        QAccessible::installUpdateHandler([](QAccessibleEvent* event) { event->accessibleInterface(); });
+    const Scene scene;
+    QAccessible::installUpdateHandler(before);
+    QAccessible::setActive(false);
+    QCOMPARE(QAccessible::queryAccessibleInterface(scene.picture)->childCount(), 8);
+}
 
 void TestEditorPicture::outputFollowsSoonAfterAStandIn()
 {
