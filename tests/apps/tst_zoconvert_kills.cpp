@@ -190,6 +190,8 @@ void TestZoconvertKills::aFolderThatVanishesIsAFailure()
 
 void TestZoconvertKills::anyMomentLeavesAllOrNothing()
 {
+    // Two seconds, where nothing else runs; a busy machine takes its time to let a killed process go.
+    const int childrenLive = qEnvironmentVariableIsSet("ZOCONVERT_KILLS") ? 2000 : patience;
     const int rounds =
         qEnvironmentVariableIsSet("ZOCONVERT_KILLS") ? qEnvironmentVariableIntValue("ZOCONVERT_KILLS") : 30;
     QRandomGenerator random(20240229);
@@ -220,7 +222,7 @@ void TestZoconvertKills::anyMomentLeavesAllOrNothing()
         QVERIFY2(run.code != 0 || isThere, what);
         ended += isThere ? 0 : 1;
         for (const qint64 child : children)
-            QVERIFY2(QTest::qWaitFor([&] { return !childwatch::isAlive(child); }, 2000), what);
+            QVERIFY2(QTest::qWaitFor([&] { return !childwatch::isAlive(child); }, childrenLive), what);
         if (how != 0) { // What was killed before may still lie there: this one may have ended before it looked.
             for (const QString& part : parts(run))
                 QVERIFY2(leftBefore.contains(part), what);
