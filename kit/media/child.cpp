@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <csignal>
 
+#include <pthread.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
 #include <unistd.h>
@@ -76,6 +77,21 @@ struct Preparation {
             limit(RLIMIT_CPU, static_cast<rlim_t>(processorSeconds));
     }
 };
+
+/// The process that is starting a child, as long as it does; else 0.
+pid_t starting = 0;
+
+/// Runs in the child as soon as it is there. Qt 5 has it wait for its parent before Preparation: without this, one
+/// whose parent is killed in that moment would wait for ever.
+void dieWithParent()
+{
+    constexpr int exitCode = 127;
+    if (starting == 0)
+        return;
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
+    if (getppid() != starting)
+        _exit(exitCode);
+}
 
 /// This process's environment, without what makes ffmpeg write further files or colour its words.
 QProcessEnvironment environment()
@@ -173,7 +189,11 @@ bool Child::start(const Command& command)
                 ended(byItself ? ChildEnd::Finished : ChildEnd::Killed, byItself ? code : -1, byItself ? 0 : code);
             });
     m_clock.start();
+    static const int isRegistered = pthread_atfork(nullptr, nullptr, dieWithParent);
+    Q_UNUSED(isRegistered)
+    starting = getpid();
     m_process->start(command.program, command.arguments);
+    starting = 0;
     m_group = m_process->processId();
     if (!command.input.isEmpty() && !m_hasEnded) {
         m_process->write(command.input);
