@@ -5,10 +5,13 @@
 
 #include <utility>
 
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QLockFile>
 #include <QSaveFile>
 #include <QStandardPaths>
 
@@ -26,11 +29,16 @@ public:
         , file(path.isEmpty() ? QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)
                                     + QStringLiteral("/zoeffect/queue.jsonl")
                               : path)
-        , lock(file.fileName() + QStringLiteral(".lock"))
     {
-        lock.setStaleLockTime(0); // However long the editor runs, it is not left over.
     }
+    ~Private()
+    {
+        if (lock >= 0)
+            ::close(lock);
+    }
+    Q_DISABLE_COPY(Private)
 
+    Message lockIt();
     Message readAll();
     Message writeAll();
     void noteRows();
@@ -39,9 +47,21 @@ public:
     Queue& queue;
     QueueFile* owner;
     QFile file;
-    QLockFile lock;
+    int lock = -1;     ///< Of the file beside it; the kernel frees it when this process ends, however it does.
     QVector<int> rows; ///< As the file has them.
 };
+
+/// Nobody else keeps a queue there as long as this one does.
+Message QueueFile::Private::lockIt()
+{
+    const QString path = file.fileName() + QStringLiteral(".lock");
+    constexpr mode_t ownerOnly = 0600;
+    lock =
+        ::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, ownerOnly);
+    if (lock < 0)
+        return Message(Code::FileUnwritable, {file.fileName(), QFileInfo(path).absolutePath()});
+    return ::flock(lock, LOCK_EX | LOCK_NB) == 0 ? Message() : Message(Code::QueueInUse, {file.fileName()});
+}
 
 /// What the file holds becomes rows of the queue.
 Message QueueFile::Private::readAll()
@@ -127,10 +147,8 @@ QString QueueFile::path() const
 Message QueueFile::open()
 {
     QDir().mkpath(QFileInfo(path()).absolutePath());
-    if (!d->lock.tryLock(0))
-        return d->lock.error() == QLockFile::LockFailedError
-                   ? Message(Code::QueueInUse, {path()})
-                   : Message(Code::FileUnwritable, {path(), QFileInfo(path()).absolutePath()});
+    if (const Message refused = d->lockIt(); !refused.isEmpty())
+        return refused;
     const Message unread = d->readAll();
     if (!unread.isEmpty() && unread.code() != Code::QueueCut)
         return unread; // It is not ours to replace.
