@@ -29,6 +29,7 @@
 #include <zokit/sample.h>
 #include <zokit/shell.h>
 
+#include "buttons.h"
 #include "optionsform.h"
 #include "session.h"
 
@@ -39,15 +40,6 @@ using zokit::FileSettings;
 namespace {
 
 constexpr double sampleSeconds = 10;
-
-QPushButton* makeButton(QLayout* layout, const char* name, const QString& text, QWidget* parent)
-{
-    auto* button = new QPushButton(text, parent);
-    button->setObjectName(QString::fromLatin1(name));
-    button->setAutoDefault(false);
-    layout->addWidget(button);
-    return button;
-}
 
 } // namespace
 

@@ -18,6 +18,7 @@
 
 #include <zokit/differences.h>
 
+#include "buttons.h"
 #include "defaultspage.h"
 #include "differencelist.h"
 #include "session.h"
@@ -26,19 +27,6 @@
 namespace zoeditor {
 
 using zokit::Message;
-
-namespace {
-
-QPushButton* makeButton(QLayout* layout, const char* name, const QString& text, QWidget* parent)
-{
-    auto* button = new QPushButton(text, parent);
-    button->setObjectName(QString::fromLatin1(name));
-    button->setAutoDefault(false);
-    layout->addWidget(button);
-    return button;
-}
-
-} // namespace
 
 PresetsDialog::PresetsDialog(Session* session, QWidget* parent)
     : QDialog(parent)
