@@ -1,0 +1,169 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+// Editors that are killed at any moment, and what the next start brings back.
+
+#include <cstring>
+#include <memory>
+#include <vector>
+
+#include <QProcess>
+#include <QtTest>
+
+#include <zokit/history.h>
+#include <zokit/journal.h>
+
+#include "editorrobot.h"
+#include "editorsupport.h"
+#include "journalrobot.h"
+#include "randomedits.h"
+
+using editorrobot::Robot;
+using journalrobot::Report;
+using kitsupport::settingsOf;
+
+class TestEditorKills : public QObject {
+    Q_OBJECT
+
+private slots:
+    void nextStartBringsEverythingBack();
+};
+
+namespace {
+
+constexpr qint64 promised = 200; // Milliseconds that a kill may cost.
+constexpr int atOnce = 3;
+constexpr int mostEdits = 25;
+constexpr int longestWait = 30; // Milliseconds: longer than an edit.
+
+QString clip()
+{
+    return clips::clip(QStringLiteral("plain.mp4"));
+}
+
+/// An editor that runs, with a folder for its journal.
+class Host {
+public:
+    explicit Host(quint32 seed) : m_seed(seed)
+    {
+        m_process.start(QStringLiteral(ZOEDITOR_ROBOT), {m_folder.path(), QString::number(seed), clip()});
+    }
+
+    quint32 seed() const { return m_seed; }
+    QString folder() const { return m_folder.path(); }
+
+    /// Kills it at some moment after its edit number \a edits, \a wait milliseconds after that was told.
+    bool killAfter(int edits, int wait)
+    {
+        const auto enough = int(sizeof(Report)) * edits;
+        while (m_process.bytesAvailable() < enough && m_process.waitForReadyRead()) {
+        }
+        const bool ran = m_process.state() == QProcess::Running && m_process.bytesAvailable() >= enough;
+        QTest::qWait(wait);
+        m_process.kill();
+        return m_process.waitForFinished() && ran && m_process.exitStatus() == QProcess::CrashExit;
+    }
+
+    QVector<Report> reports()
+    {
+        const QByteArray bytes = m_process.readAllStandardOutput();
+        QVector<Report> reports(bytes.size() / int(sizeof(Report)));
+        std::memcpy(reports.data(), bytes.constData(), sizeof(Report) * std::size_t(reports.size()));
+        return reports;
+    }
+
+private:
+    quint32 m_seed;
+    QTemporaryDir m_folder;
+    QProcess m_process;
+};
+
+/// How many edits have to be back: the promise counts from the moment of the last report.
+int editsPromised(const QVector<Report>& reports)
+{
+    int edits = 0;
+    while (edits < reports.size() && reports.at(edits).after <= reports.last().before - promised)
+        ++edits;
+    return edits;
+}
+
+/// What the next start shows when its question is answered by "Recover".
+struct Recovered {
+    QByteArray settings;
+    QByteArray beginning; ///< After undoing all but that the clip was opened.
+};
+
+Recovered recovered(const QString& folder)
+{
+    editorsupport::answer("recoverQuestion", "recover");
+    zoeditor::Editor editor(folder);
+    editorrobot::open(editor, QString());
+    Recovered back;
+    back.settings = settingsOf(editor.session().project());
+    while (editor.session().history().position() > 1)
+        editor.session().undo();
+    back.beginning = settingsOf(editor.session().project());
+    return back;
+}
+
+/// The number of edits of a robot with \a seed, from \a least to \a most, after which all is as \a left tells; -1 when
+/// there is none.
+int editsThatGive(const Recovered& left, quint32 seed, int least, int most)
+{
+    const QTemporaryDir folder;
+    zoeditor::Editor editor(folder.path());
+    editorrobot::open(editor, clip());
+    Robot robot(editor, seed);
+    const zokit::Project& project = editor.session().project();
+    if (settingsOf(project) != left.beginning)
+        return -1;
+    for (int edits = 0; edits <= most; ++edits) {
+        if (edits >= least && settingsOf(project) == left.settings)
+            return edits;
+        robot.edit();
+    }
+    return -1;
+}
+
+} // namespace
+
+void TestEditorKills::nextStartBringsEverythingBack()
+{
+    const int total = kitsupport::stepsOr("ZOEDITOR_KILLS", 30);
+    QRandomGenerator random(QRandomGenerator::securelySeeded());
+    int longestLoss = 0;
+    int promisedInAll = 0;
+    for (int killed = 0; killed < total;) {
+        std::vector<std::unique_ptr<Host>> hosts;
+        for (int i = 0; i < std::min(atOnce, total - killed); ++i)
+            hosts.push_back(std::make_unique<Host>(random.generate()));
+        for (const std::unique_ptr<Host>& host : hosts)
+            QVERIFY2(host->killAfter(random.bounded(1, mostEdits), random.bounded(longestWait)),
+                     "an editor ended by itself");
+        for (const std::unique_ptr<Host>& host : hosts) {
+            ++killed;
+            const QVector<Report> reports = host->reports();
+            const int promisedEdits = editsPromised(reports);
+            const auto done = static_cast<int>(reports.size());
+            const QVector<zokit::Journal::Left> left = zokit::Journal::left(host->folder());
+            if (left.isEmpty() || left.first().files.isEmpty()) { // Killed before the clip itself had to be back.
+                QVERIFY2(reports.last().before < promised, "the clip has to be back");
+                continue;
+            }
+            // One more may be in the journal than was told.
+            const int found = editsThatGive(recovered(host->folder()), host->seed(), promisedEdits, done + 1);
+            QVERIFY2(found >= 0, qPrintable(QStringLiteral("seed %1: of %2 edits %3 have to be back")
+                                                .arg(host->seed())
+                                                .arg(done)
+                                                .arg(promisedEdits)));
+            promisedInAll += promisedEdits;
+            longestLoss = std::max(longestLoss, done - found);
+        }
+    }
+    QVERIFY(promisedInAll > 0);
+    qInfo("%d editors were killed; %d edits had to be back; at most the last %d edits of one were lost", total,
+          promisedInAll, longestLoss);
+}
+
+EDITOR_TEST_MAIN(TestEditorKills)
+#include "tst_editor_kills.moc"
