@@ -4,8 +4,10 @@
 // editorrobot FOLDER SEED CLIP: an editor in which somebody edits at random, with its journal in FOLDER, until it is
 // killed. It says on standard output what was done, a Report an edit.
 
+#include <csignal>
 #include <cstdlib>
 
+#include <sys/prctl.h>
 #include <unistd.h>
 
 #include <QElapsedTimer>
@@ -15,6 +17,7 @@
 
 int main(int argc, char** argv)
 {
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL); // A test that ends badly leaves no editor behind.
     if (argc != 4)
         return 2;
     editorsupport::EditorApplication application(argc, argv);
