@@ -118,10 +118,16 @@ private:
 /// Starts \a editor with \a clip, and waits until it is open.
 inline void open(zoeditor::Editor& editor, const QString& clip)
 {
-    constexpr int patience = 60000; // Milliseconds.
+    constexpr int patience = 200000; // Milliseconds: only what fails takes so long.
     editor.start(clip.isEmpty() ? QStringList() : QStringList{clip});
-    if (!QTest::qWaitFor([&] { return editor.session().mediaOf(editor.session().current()) != nullptr; }, patience))
-        qFatal("The clip was not opened in time");
+    const zoeditor::Session& session = editor.session();
+    if (QTest::qWaitFor([&] { return session.mediaOf(session.current()) != nullptr; }, patience))
+        return;
+    QStringList states;
+    for (const zoeditor::FileRow& row : editor.session().files().rows())
+        states.append(row.isAsked ? QStringLiteral("%1 is being read").arg(row.path) : row.problem.text());
+    qFatal("The clip was not opened in time: %s. %s", qPrintable(states.join(QLatin1String(", "))),
+           qPrintable(editor.window().statusBar()->currentMessage()));
 }
 
 } // namespace editorrobot

@@ -34,7 +34,8 @@ namespace {
 constexpr qint64 promised = 200; // Milliseconds that a kill may cost.
 constexpr int atOnce = 3;
 constexpr int mostEdits = 25;
-constexpr int longestWait = 30; // Milliseconds: longer than an edit.
+constexpr int longestWait = 30;  // Milliseconds: longer than an edit.
+constexpr int patience = 240000; // Milliseconds: longer than a robot waits for its clip.
 
 QString clip()
 {
@@ -56,7 +57,7 @@ public:
     bool killAfter(int edits, int wait)
     {
         const auto enough = int(sizeof(Report)) * edits;
-        while (m_process.bytesAvailable() < enough && m_process.waitForReadyRead()) {
+        while (m_process.bytesAvailable() < enough && m_process.waitForReadyRead(patience)) {
         }
         const bool ran = m_process.state() == QProcess::Running && m_process.bytesAvailable() >= enough;
         QTest::qWait(wait);
