@@ -44,7 +44,8 @@ mkdir -m 700 "$folder"/{home,runtime,tmp}
 quietly ffmpeg -v error -f lavfi -i testsrc2=s=160x120:r=25:d=1 -c:v mpeg4 "$folder/film.mkv"
 
 mkfifo "$folder/display"
-Xvfb -displayfd 7 -screen 0 1600x1000x24 -nolisten tcp 7> "$folder/display" 2> "$folder/xvfb.log" &
+# It must outlive its clients: the first is gone before the editor comes.
+Xvfb -displayfd 7 -noreset -screen 0 1600x1000x24 -nolisten tcp 7> "$folder/display" 2> "$folder/xvfb.log" &
 display_pid=$!
 read -r number < "$folder/display"
 
