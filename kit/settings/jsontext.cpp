@@ -3,6 +3,8 @@
 
 #include "jsontext_p.h"
 
+#include <algorithm>
+
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
@@ -40,9 +42,22 @@ int depthOf(const QByteArray& json)
     return most;
 }
 
+/// The byte that was not expected; most errors Qt tells when it has gone past it.
+int offsetOf(const QJsonParseError& error)
+{
+    switch (error.error) {
+    case QJsonParseError::GarbageAtEnd:
+    case QJsonParseError::IllegalNumber:
+    case QJsonParseError::IllegalUTF8String:
+        return error.offset;
+    default:
+        return std::max(error.offset - 1, 0);
+    }
+}
+
 Message syntaxError(const QByteArray& json, const QJsonParseError& error)
 {
-    const QByteArray before = json.left(error.offset);
+    const QByteArray before = json.left(offsetOf(error));
     const auto line = before.count('\n') + 1;
     const auto column = before.size() - before.lastIndexOf('\n');
     return Message(Code::JsonSyntax, {QString::number(line), QString::number(column), error.errorString()});

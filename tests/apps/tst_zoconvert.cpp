@@ -63,7 +63,7 @@ void TestZoconvert::aLineEndsAsItShould_data()
     row("show a missing one", {"show", "c.zoeffect.json"}, 1, "",
         "zoconvert: c.zoeffect.json: no such file. There is a.zoeffect.json.\n");
     row("show a broken one", {"show", "broken.json"}, 2, "",
-        "zoconvert: broken.json: Line 2, column 11: missing name separator.\n");
+        "zoconvert: broken.json: Line 2, column 10: missing name separator.\n");
     row("show what looks like an option", {"show", "--", "-x"}, 1, "", "zoconvert: -x: no such file.\n");
     row("show what looks like a list", {"show", "[x,y]"}, 1, "", "zoconvert: [x,y]: no such file.\n");
     row("show a name with a newline", {"show", "x\ny\x1b[31m"}, 1, "", "zoconvert: x\\ny\\x1b[31m: no such file.\n");
@@ -243,7 +243,7 @@ void TestZoconvert::appliedToAllOrToNone()
     ProgramRun program;
     const QByteArray before = program.content("a.zoeffect.json");
     program.run({"apply", "b.zoeffect.json", "a.zoeffect.json", "broken.json", "--items", "Color"});
-    QCOMPARE(program.err, QStringLiteral("zoconvert: broken.json: Line 2, column 11: missing name separator.\n"));
+    QCOMPARE(program.err, QStringLiteral("zoconvert: broken.json: Line 2, column 10: missing name separator.\n"));
     QCOMPARE(program.code, 2);
     QCOMPARE(program.content("a.zoeffect.json"), before);
 

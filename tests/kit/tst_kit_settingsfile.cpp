@@ -245,7 +245,10 @@ void TestKitSettingsFile::refusedFileNamesThePlace_data()
     const auto row = [](const char* name, const QByteArray& file, const char* sentence) {
         QTest::newRow(name) << file << QString::fromUtf8(sentence);
     };
-    row("no JSON", "{\n  \"zoeffect\" 1}", "Line 2, column 15: missing name separator.");
+    row("no JSON", "{\n  \"zoeffect\" 1}", "Line 2, column 14: missing name separator.");
+    row("a value without quotes", "{\n  \"media\": x}", "Line 2, column 12: illegal number.");
+    row("more behind the end", "{} x", "Line 1, column 4: garbage at the end of the document.");
+    row("no end", "{\n", "Line 1, column 2: unterminated object.");
     row("nothing", "", "Line 1, column 1: illegal value.");
     row("a list", "[]", R"(This is no settings file: a JSON object with "zoeffect": 1 is expected.)");
     row("another form", R"({"version": 1})",
