@@ -3,7 +3,6 @@
 
 #include <zokit/applyfiles.h>
 
-#include <algorithm>
 #include <cstdio>
 
 #include <fcntl.h>
@@ -17,6 +16,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QSet>
 #include <QStandardPaths>
 #include <QUuid>
 
@@ -204,14 +204,14 @@ ApplyPlan planApply(const Settings& from, const QStringList& names, const CarryO
 {
     ApplyPlan plan;
     plan.error = checkCarryOver(from, carry);
+    QSet<QString> planned;
     for (const QString& name : names) {
         if (!plan.error.isEmpty())
             break;
         ApplyTarget target;
         target.name = name;
         target.path = QFileInfo(name).canonicalFilePath();
-        const auto isIt = [&](const ApplyTarget& other) { return other.path == target.path; };
-        if (!target.path.isEmpty() && std::any_of(plan.targets.cbegin(), plan.targets.cend(), isIt))
+        if (planned.contains(target.path))
             continue;
         const std::optional<QByteArray> text = jsontext::load(name, &plan.error);
         if (!text)
@@ -232,6 +232,7 @@ ApplyPlan planApply(const Settings& from, const QStringList& names, const CarryO
             break;
         }
         plan.targets.append(target);
+        planned.insert(target.path);
     }
     if (!plan.error.isEmpty())
         plan.targets.clear();
