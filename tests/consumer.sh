@@ -60,11 +60,14 @@ lib/pkgconfig/$kit.pc
 share/applications/zoeditor.desktop
 share/bash-completion/completions/zoconvert
 share/icons/hicolor/scalable/apps/zoeditor.svg
+share/man/de/man1/zoconvert.1
 share/man/man1/zoconvert.1
 share/man/man1/zoeditor.1
 share/mime/packages/zoeffect-settings.xml
 share/zsh/site-functions/_zoconvert" \
     "$(cd "$prefix" && find . ! -type d | sed 's|^\./||' | LC_ALL=C sort)" || true
+same 'consumer: the manual page is in German, too' '.SH BEFEHLE' \
+    "$(grep -x '.SH BEFEHLE' "$prefix/share/man/de/man1/zoconvert.1")"
 
 # dynamic TAG [FILE]: the values of one tag of the dynamic section of the library or another file.
 dynamic() {
