@@ -61,7 +61,9 @@ Settings settingsOf(const MediaInfo& media)
 Settings settingsFor(const Settings& settings, const MediaInfo& media)
 {
     const Media found = mediaOf(media);
-    Settings result = found.frame == settings.media.frame ? settings : rescaled(settings, found.frame);
+    const bool isOther =
+        !settings.media.frame.isEmpty() && !found.frame.isEmpty() && found.frame != settings.media.frame;
+    Settings result = isOther ? rescaled(settings, found.frame) : settings;
     result.media = found;
     return result;
 }
