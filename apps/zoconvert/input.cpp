@@ -6,7 +6,6 @@
 #include <QFileInfo>
 
 #include <zokit/opening.h>
-#include <zokit/placement.h>
 #include <zokit/presets.h>
 #include <zokit/settingsfile.h>
 #include <zokit/tracks.h>
@@ -43,19 +42,22 @@ QString sizeText(const QSize& size)
     return QStringLiteral("%1x%2").arg(size.width()).arg(size.height());
 }
 
-/// \a file with the tracks of its clip: those of the rules selected, each an item. The sentence says why not.
-QString chooseTracks(zokit::FileSettings& file, const zokit::MediaInfo& media)
+/// \a input with the tracks of its clip: those of the rules selected, each an item. The sentence says why not.
+QString chooseTracks(Input& input, const zokit::MediaInfo& media)
 {
-    const zokit::Settings settings = file.settings();
+    const zokit::Settings settings = input.settings->settings();
     zokit::Message error;
     const std::optional<zokit::TrackRules> rules = zokit::trackRulesFrom(settings.tracks, &error);
     if (!rules)
         return error.text();
     const QVector<zokit::TrackChoice> choices = zokit::chosenTracks(*rules, media.tracks(), settings.media.file,
                                                                     zokit::sidecarsOf(settings.media.file), &error);
-    if (error.isEmpty())
-        file.setSettings(zokit::withTracks(settings, choices, *rules));
-    return error.text();
+    if (!error.isEmpty())
+        return error.text();
+    input.settings->setSettings(zokit::withTracks(settings, choices, *rules));
+    for (const zokit::Message& missing : zokit::missingLanguages(*rules, choices))
+        input.warnings.append(missing.text());
+    return QString();
 }
 
 void loadMedia(Input& input, const Invocation& invocation)
@@ -112,17 +114,11 @@ Input inputOf(const QString& name, const zokit::Settings& settings, const zokit:
     Input input;
     input.name = name;
     input.media = media;
-    zokit::Settings fitted = settings;
-    if (const zokit::MediaStream* picture = media.picture()) {
-        const QSize told = settings.media.frame;
-        if (!told.isEmpty() && told != picture->shown) {
-            fitted = zokit::rescaled(settings, picture->shown);
-            input.warnings.append(
-                zokit::Message(zokit::Message::Code::Rescaled, {sizeText(told), sizeText(picture->shown)}).text());
-        }
-        fitted.media.frame = picture->shown;
-    }
-    input.settings = std::make_unique<zokit::FileSettings>(fitted);
+    input.settings = std::make_unique<zokit::FileSettings>(zokit::settingsFor(settings, media));
+    const QSize told = settings.media.frame;
+    const QSize found = input.settings->media().frame;
+    if (!told.isEmpty() && !found.isEmpty() && told != found)
+        input.warnings.append(zokit::Message(zokit::Message::Code::Rescaled, {sizeText(told), sizeText(found)}).text());
     return input;
 }
 
@@ -131,7 +127,7 @@ void edit(Input& input, const Invocation& invocation)
     const zokit::Values rules = input.settings->settings().tracks;
     QString error = applyEdits(invocation.edits, *input.settings);
     if (error.isEmpty() && input.media && input.settings->settings().tracks != rules)
-        error = chooseTracks(*input.settings, *input.media);
+        error = chooseTracks(input, *input.media);
     input.error = named(input.name, error);
     input.code = error.isEmpty() ? Done : Usage;
 }

@@ -86,6 +86,8 @@ int settings(const Invocation& invocation)
         Input input = loadInput(word, invocation);
         if (input.settings)
             edit(input, invocation);
+        for (const QString& warning : input.warnings)
+            console::warning(warning, word);
         if (input.error.isEmpty()) {
             inputs.push_back(std::move(input));
             continue;

@@ -259,6 +259,28 @@ QVector<TrackChoice> chosenTracks(const TrackRules& rules, const QVector<Track>&
     return choices;
 }
 
+QVector<Message> missingLanguages(const TrackRules& rules, const QVector<TrackChoice>& choices)
+{
+    QVector<Message> missing;
+    const auto look = [&](TrackKind kind, const QStringList& wanted, bool byHand, Code code) {
+        QStringList there;
+        bool isChosen = false;
+        for (const TrackChoice& choice : choices) {
+            if (choice.track.kind != kind)
+                continue;
+            isChosen = isChosen || choice.selected;
+            if (!choice.track.language.isEmpty() && !there.contains(choice.track.language))
+                there.append(choice.track.language);
+        }
+        const QString separator = QStringLiteral(", ");
+        if (!wanted.isEmpty() && !byHand && !isChosen)
+            missing.append(Message(code, {wanted.join(separator), there.join(separator)}));
+    };
+    look(TrackKind::Audio, rules.audioLanguages, rules.audioTracks.has_value(), Code::NoSoundInLanguage);
+    look(TrackKind::Subtitle, rules.subtitleLanguages, rules.subtitleTrack.has_value(), Code::NoSubtitleInLanguage);
+    return missing;
+}
+
 Settings withTracks(const Settings& settings, const QVector<TrackChoice>& choices, const TrackRules& rules,
                     NewTracks fresh)
 {

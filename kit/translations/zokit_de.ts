@@ -1312,10 +1312,6 @@
         <translation>Eine Voreinstellung hat kein "%1": sie ist für jeden Clip.</translation>
     </message>
     <message>
-        <source>%1: no such file.| There is %2.</source>
-        <translation>%1: keine solche Datei.| Es gibt %2.</translation>
-    </message>
-    <message>
         <source>%1 cannot be read: %2.</source>
         <translation>%1 ist nicht lesbar: %2.</translation>
     </message>
@@ -1798,6 +1794,14 @@
     <message>
         <source>Value</source>
         <translation>Wert</translation>
+    </message>
+    <message>
+        <source>No audio track is in %1.| Ask for a language that the clip has: %2.</source>
+        <translation>Keine Tonspur ist in %1.| Fragen Sie nach einer Sprache, die der Clip hat: %2.</translation>
+    </message>
+    <message>
+        <source>No subtitle is in %1.| Ask for a language that the clip has: %2.</source>
+        <translation>Kein Untertitel ist in %1.| Fragen Sie nach einer Sprache, die der Clip hat: %2.</translation>
     </message>
 </context>
 </TS>

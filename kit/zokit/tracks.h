@@ -60,6 +60,10 @@ ZOKIT_EXPORT QVector<TrackChoice> chosenTracks(const TrackRules& rules, const QV
                                                const QString& clip, const QStringList& sidecars,
                                                Message* error = nullptr);
 
+/// Languages that \a rules ask for and none of \a choices has, as sentences; nothing where tracks were chosen by hand,
+/// and for subtitles where another rule chose one.
+ZOKIT_EXPORT QVector<Message> missingLanguages(const TrackRules& rules, const QVector<TrackChoice>& choices);
+
 /// What a track that has no item yet gets: the saved defaults when a media file is added, else the catalogue's.
 enum class NewTracks { CatalogueDefaults, SavedDefaults };
 

@@ -61,6 +61,7 @@ private Q_SLOTS:
     void nothingIsOverwrittenUnasked();
     void noTrackIsLostWithoutAWord_data();
     void noTrackIsLostWithoutAWord();
+    void languageThatNoTrackHasIsTold();
     void foldersAreConvertedAsTrees();
     void datesCanBeKept();
     void whatIsThereCanBeSkipped();
@@ -223,6 +224,16 @@ void TestZoconvertComplaints::noTrackIsLostWithoutAWord()
     for (const zokit::MediaStream& stream : read.media->streams)
         found.append(stream.track.codec);
     QCOMPARE(found.join(QLatin1Char(' ')), codecs);
+}
+
+void TestZoconvertComplaints::languageThatNoTrackHasIsTold()
+{
+    ProgramRun run;
+    put(run, "languages.mkv", "languages.mkv");
+    run.run({"settings", "languages.mkv", "--audio-language", "deu", "--subtitle-language", "ita,deu"});
+    QCOMPARE(run.code, 0);
+    QCOMPARE(run.err, QStringLiteral("zoconvert: languages.mkv: warning: No audio track is in deu. Ask for a language "
+                                     "that the clip has: fra, eng.\n"));
 }
 
 // HandBrake/HandBrake#2055, HandBrake/HandBrake#1654

@@ -31,6 +31,8 @@ private slots:
 
     void choice_data();
     void choice();
+    void missingLanguageIsTold_data();
+    void missingLanguageIsTold();
     void everyTrackOfSoundAndSubtitlesIsListed();
     void sidecarTellsByItsName_data();
     void sidecarTellsByItsName();
@@ -227,6 +229,41 @@ void TestKitTracks::choice()
     const QVector<TrackChoice> choices = zokit::chosenTracks(rules, tracks(), film, sidecars(), &error);
     QCOMPARE(selected(choices), expected.chosen);
     QCOMPARE(error.text(), QString::fromLatin1(expected.error));
+}
+
+void TestKitTracks::missingLanguageIsTold_data()
+{
+    QTest::addColumn<QString>("sound");
+    QTest::addColumn<QString>("subtitles");
+    QTest::addColumn<bool>("byHand");
+    QTest::addColumn<QStringList>("sentences");
+    const QString sound = key("No audio track is in deu, ita. Ask for a language that the clip has: eng, fre, fra.");
+    const QString subtitle = key("No subtitle is in deu. Ask for a language that the clip has: eng, FRE, fre.");
+    QTest::newRow("neither") << key("deu,ita") << key("deu") << false << QStringList{sound, subtitle};
+    QTest::newRow("the second one") << key("deu,eng") << key("ita,fre") << false << QStringList();
+    QTest::newRow("none asked for") << QString() << QString() << false << QStringList();
+    QTest::newRow("chosen by hand") << key("deu") << key("deu") << true << QStringList();
+}
+
+void TestKitTracks::missingLanguageIsTold()
+{
+    QFETCH(QString, sound);
+    QFETCH(QString, subtitles);
+    QFETCH(bool, byHand);
+    const auto split = [](const QString& list) {
+        return list.isEmpty() ? QStringList() : list.split(QLatin1Char(','));
+    };
+    TrackRules rules;
+    rules.audioLanguages = split(sound);
+    rules.subtitleLanguages = split(subtitles);
+    if (byHand) {
+        rules.audioTracks = QVector<int>{};
+        rules.subtitleTrack = -1;
+    }
+    QStringList said;
+    for (const zokit::Message& message : missingLanguages(rules, zokit::chosenTracks(rules, tracks(), film, {})))
+        said.append(message.text());
+    QTEST(said, "sentences");
 }
 
 void TestKitTracks::everyTrackOfSoundAndSubtitlesIsListed()
