@@ -242,6 +242,23 @@ Command keptCommand(const Tools& tools, const FrameQuestion& question, const Kep
     return command;
 }
 
+Command runningCommand(const Tools& tools, const FrameQuestion& question, double from, const QSize& size, int rate)
+{
+    GraphParts parts;
+    parts.from = from;
+    QString graph = questionGraph(question, parts).text;
+    graph.chop(output.size());
+    graph += QStringLiteral(",fps=%1:start_time=0:round=up,scale=%2:%3:flags=fast_bilinear,%4%5")
+                 .arg(rate)
+                 .arg(size.width())
+                 .arg(size.height())
+                 .arg(screenFilter(question), output);
+    Command command = commandOf(tools, soughtInput({from, from, 0}, question.media), graph,
+                                {word("-f"), word("rawvideo"), word("pipe:1")});
+    command.seconds = 0; // As long as somebody looks.
+    return command;
+}
+
 Rational ticksOf(const MediaStream& picture)
 {
     Rational ticks = picture.timeBase;

@@ -56,6 +56,10 @@ Command locateCommand(const Tools& tools, const FrameQuestion& question, const F
 /// What a graph makes of a frame that was kept.
 Command keptCommand(const Tools& tools, const FrameQuestion& question, const KeptFrame& kept, const FrameFiles& files);
 
+/// A decoder from \a from on that does not end before the clip does: what the question asks for, but for its time, made
+/// into \a size, four bytes a pixel, \a rate pictures a second; the first one is of \a from.
+Command runningCommand(const Tools& tools, const FrameQuestion& question, double from, const QSize& size, int rate);
+
 /// The graph of the question behind sourceGraph(): for its size, its warnings and its error.
 PictureGraph questionGraph(const FrameQuestion& question, GraphParts parts);
 
