@@ -58,7 +58,7 @@ Message FileSettings::Private::become(const Settings& target, const Settings& pr
 
 Message FileSettings::Private::carryOut(const Changes& changes, QObject* asker)
 {
-    if (announcing || refusing)
+    if (announcing || (refusals && *refusals > 0))
         return Message(Code::Busy);
     if (changes.isEmpty())
         return Message();

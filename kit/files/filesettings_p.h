@@ -65,7 +65,7 @@ public:
     Things things;
     std::unique_ptr<Projection> models; // Null as long as nobody has asked for them.
     bool announcing = false;
-    bool refusing = false; ///< The project carries out what its history would not see edited.
+    const int* refusals = nullptr; ///< Of the project; above 0 it carries out what its history would not see edited.
 };
 
 } // namespace zokit

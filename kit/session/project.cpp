@@ -71,26 +71,17 @@ public:
         identities->skip(lastFixedThing);
     }
 
-    QVariantList order() const
-    {
-        QVariantList list;
-        for (const FileSettings* file : files)
-            list.append(QVariant::fromValue(file->file()));
-        return list;
-    }
-
     FileSettings* take(std::unique_ptr<FileSettings> file);
     void tell(const Changes& changes, QObject* asker, const std::function<void()>& carryOut);
     void applyToDefaults(const Changes& changes);
     void applyToFiles(const Changes& changes, QObject* asker);
     void remove(FileSettings* file);
-    void sort(const QVariantList& wanted);
 
     class Refusal;
 
     Project* q;
     std::shared_ptr<Identities> identities;
-    std::vector<FileSettings*> files;      // Children of the project.
+    std::vector<FileSettings*> files;      // Children of the project, by their identities: those grow.
     QHash<Identity, FileSettings*> owners; // The file of each thing.
     std::unique_ptr<History> history;
     bool applying = false;
@@ -100,18 +91,11 @@ public:
 /// While one lives, the files refuse edits: what a listener sets in between would be in no step.
 class Project::Private::Refusal {
 public:
-    explicit Refusal(Private& ofProject) : m_project(ofProject) { add(1); }
-    ~Refusal() { add(-1); }
+    explicit Refusal(Private& ofProject) : m_project(ofProject) { ++m_project.refusals; }
+    ~Refusal() { --m_project.refusals; }
     Q_DISABLE_COPY(Refusal)
 
 private:
-    void add(int count)
-    {
-        m_project.refusals += count;
-        for (FileSettings* file : m_project.files)
-            file->d->refusing = m_project.refusals > 0;
-    }
-
     Private& m_project;
 };
 
@@ -119,8 +103,10 @@ FileSettings* Project::Private::take(std::unique_ptr<FileSettings> file)
 {
     FileSettings* taken = file.release();
     taken->setParent(q);
-    taken->d->refusing = refusals > 0;
-    files.push_back(taken);
+    taken->d->refusals = &refusals;
+    files.insert(std::upper_bound(files.begin(), files.end(), taken,
+                                  [](const FileSettings* a, const FileSettings* b) { return a->file() < b->file(); }),
+                 taken);
     const auto pass = [this](void (Project::*signal)(const Changes&, QObject*)) {
         return [this, signal](const Changes& changes, QObject* asker) {
             if (!applying)
@@ -224,20 +210,12 @@ void Project::Private::remove(FileSettings* file)
 {
     emit q->fileAboutToBeRemoved(file);
     files.erase(std::find(files.begin(), files.end(), file));
-    for (auto it = owners.begin(); it != owners.end();)
-        it = it.value() == file ? owners.erase(it) : std::next(it);
+    const QList<Identity> things = file->everything().keys();
+    for (const Identity thing : things)
+        owners.remove(thing);
     file->disconnect(q);
+    file->d->refusals = nullptr;
     file->deleteLater(); // Who asks may be called by one of its signals.
-}
-
-void Project::Private::sort(const QVariantList& wanted)
-{
-    QHash<Identity, int> places;
-    for (const QVariant& file : wanted)
-        places.insert(file.toULongLong(), static_cast<int>(places.size()));
-    std::stable_sort(files.begin(), files.end(), [&](const FileSettings* a, const FileSettings* b) {
-        return places.value(a->file(), -1) < places.value(b->file(), -1);
-    });
 }
 
 Project::Project(QObject* parent) : QObject(parent), d(std::make_unique<Private>(this))
@@ -245,7 +223,11 @@ Project::Project(QObject* parent) : QObject(parent), d(std::make_unique<Private>
     d->history = std::make_unique<History>(*this);
 }
 
-Project::~Project() = default;
+Project::~Project()
+{
+    for (FileSettings* file : d->files)
+        file->d->refusals = nullptr; // They are still there when this is not.
+}
 
 History& Project::history() const
 {
@@ -259,9 +241,8 @@ QVector<FileSettings*> Project::files() const
 
 FileSettings* Project::file(Identity file) const
 {
-    const auto found =
-        std::find_if(d->files.cbegin(), d->files.cend(), [file](const FileSettings* f) { return f->file() == file; });
-    return found == d->files.cend() ? nullptr : *found;
+    FileSettings* found = fileOf(file);
+    return found && found->file() == file ? found : nullptr;
 }
 
 FileSettings* Project::fileOf(Identity thing) const
@@ -283,11 +264,7 @@ FileSettings* Project::addFile(std::unique_ptr<FileSettings> file, QObject* aske
 {
     if (d->refusals > 0)
         return nullptr;
-    const QVariantList before = d->order();
-    QVariantList order = before;
-    order.append(QVariant::fromValue(file->file()));
-    Changes changes = fromNothing(file->everything());
-    changes.append({projectThing, own::items, before, order});
+    const Changes changes = fromNothing(file->everything());
     FileSettings* added = nullptr;
     d->tell(changes, asker, [&] {
         added = d->take(std::move(file));
@@ -300,11 +277,7 @@ void Project::remove(FileSettings* file, QObject* asker)
 {
     if (d->refusals > 0 || !file || this->file(file->file()) != file)
         return;
-    const QVariantList before = d->order();
-    QVariantList order = before;
-    order.removeAll(QVariant::fromValue(file->file()));
-    Changes changes = reversed(fromNothing(file->everything()));
-    changes.append({projectThing, own::items, before, order});
+    const Changes changes = reversed(fromNothing(file->everything()));
     d->tell(changes, asker, [&] { d->remove(file); });
 }
 
@@ -333,7 +306,7 @@ Message Project::apply(const Settings& from, const QVector<FileSettings*>& targe
 Identity Project::savedDefault(const QString& type) const
 {
     const auto row = effectTypes().indexOf(type);
-    return row < 0 ? 0 : projectThing + 1 + static_cast<Identity>(row);
+    return row < 0 ? 0 : firstSavedDefault + static_cast<Identity>(row);
 }
 
 Values Project::savedValues(const QString& type) const
@@ -379,10 +352,6 @@ void Project::apply(const Changes& changes, QObject* asker)
     d->tell(changes, asker, [&] {
         d->applyToDefaults(changes);
         d->applyToFiles(changes, asker);
-        for (const Change& change : changes) {
-            if (change.thing == projectThing && change.key == own::items)
-                d->sort(change.after.toList());
-        }
     });
 }
 
@@ -396,7 +365,6 @@ Changes Project::everything() const
     Changes changes;
     for (const FileSettings* file : d->files)
         changes += fromNothing(file->everything());
-    changes.append({projectThing, own::items, QVariantList(), d->order()});
     return merged(changes);
 }
 

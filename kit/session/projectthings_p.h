@@ -7,14 +7,13 @@
 
 namespace zokit {
 
-/// Identities that every project has: itself, whose ":items" are its files, and behind it the saved default of each
-/// type.
-constexpr Identity projectThing = 1;
+/// Identities that every project has: the saved default of each type. Those of files and their things come behind them.
+constexpr Identity firstSavedDefault = 2;
 constexpr Identity lastFixedThing = 32;
 
 constexpr bool isSavedDefault(Identity thing)
 {
-    return thing > projectThing && thing <= lastFixedThing;
+    return thing >= firstSavedDefault && thing <= lastFixedThing;
 }
 
 } // namespace zokit

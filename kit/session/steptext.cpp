@@ -27,6 +27,22 @@ Code codeOfList(const Change& change)
     return before < after ? Code::StepAdd : Code::StepRemove;
 }
 
+/// The change by which a whole file came or went: what has a width and belongs to nothing.
+const Change* fileIn(const Project& project, const Changes& changes)
+{
+    const auto belongs = [&](Identity thing) {
+        return std::any_of(changes.cbegin(), changes.cend(),
+                           [&](const Change& change) { return change.thing == thing && change.key == own::of; });
+    };
+    const auto found = std::find_if(changes.cbegin(), changes.cend(), [&](const Change& change) {
+        if (change.key != QLatin1String("width") || change.before.isValid() == change.after.isValid())
+            return false;
+        return change.after.isValid() ? project.file(change.thing) != nullptr
+                                      : !project.fileOf(change.thing) && !belongs(change.thing);
+    });
+    return found == changes.cend() ? nullptr : &*found;
+}
+
 /// What kind of thing a change of values of \a thing concerns, as a person calls it.
 QString nameOfKey(const Project& project, const Change& change)
 {
@@ -43,10 +59,8 @@ QString nameOfKey(const Project& project, const Change& change)
 Message describe(const Project& project, const Changes& changes)
 {
     const auto isList = [](const Change& change) { return change.key == own::items; };
-    const auto files = std::find_if(changes.cbegin(), changes.cend(),
-                                    [](const Change& change) { return change.thing == projectThing; });
-    if (files != changes.cend())
-        return Message(codeOfList(*files) == Code::StepAdd ? Code::StepAddFile : Code::StepRemoveFile);
+    if (const Change* file = fileIn(project, changes))
+        return Message(file->after.isValid() ? Code::StepAddFile : Code::StepRemoveFile);
     const auto list = std::find_if(changes.cbegin(), changes.cend(), isList);
     if (list != changes.cend()) {
         const FileSettings* file = project.fileOf(list->thing);
