@@ -66,12 +66,14 @@ QStringList sidecarsOf(const QString& clip)
     const QFileInfoList there = info.dir().entryInfoList(QDir::Files, QDir::Name);
     QStringList found;
     for (const QFileInfo& file : there) {
+        if (!isSidecarOf(file.filePath(), clip)) // Most files of a large folder.
+            continue;
         // "film.extended.srt" belongs to "film.extended.mkv" where that is there, and not to "film.mkv".
         const bool isOfAnother = std::any_of(there.cbegin(), there.cend(), [&](const QFileInfo& other) {
             return !isSubtitle(other) && nameOf(other).size() > nameOf(info).size()
                    && isSidecarOf(file.filePath(), other.filePath());
         });
-        if (isSidecarOf(file.filePath(), clip) && !isOfAnother)
+        if (!isOfAnother)
             found.append(file.absoluteFilePath());
     }
     return found;
