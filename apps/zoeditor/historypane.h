@@ -3,23 +3,21 @@
 
 #pragma once
 
-#include <QListWidget>
+#include <QListView>
 
 namespace zoeditor {
 
 class Session;
 
-/// The steps of the history, the oldest first; choosing one goes there. What was undone is dimmed.
-class HistoryPane : public QListWidget {
+/// All steps that can be undone and redone, as a list to jump in: choosing one undoes or redoes up to it.
+class HistoryPane : public QListView {
     Q_OBJECT
 
 public:
     explicit HistoryPane(Session* session, QWidget* parent = nullptr);
 
 private:
-    void update();
-
-    Session* m_session;
+    bool m_isShowing = false; ///< The list follows the history just now.
 };
 
 } // namespace zoeditor

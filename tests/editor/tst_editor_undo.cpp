@@ -47,10 +47,20 @@ QString text(const Stage& stage, const char* action)
     return stage.window().actions().action(action)->text().remove(QLatin1Char('&'));
 }
 
-QListWidget* history(const Stage& stage)
+QListView* history(const Stage& stage)
 {
     QCoreApplication::processEvents();
-    return stage.window().findChild<QListWidget*>(key("history"));
+    return stage.window().findChild<QListView*>(key("history"));
+}
+
+int rows(const QListView* list)
+{
+    return list->model()->rowCount();
+}
+
+void jumpTo(QListView* list, int row)
+{
+    list->setCurrentIndex(list->model()->index(row, 0));
 }
 
 } // namespace
@@ -113,25 +123,25 @@ void TestEditorUndo::historyIsAListToJumpIn()
     const Stage stage({clips::clip(key("plain.mp4"))});
     set(stage, 0, "bcs_contrast", 5);
     set(stage, 0, "bcs_saturation", 6);
-    QListWidget* list = history(stage);
+    QListView* list = history(stage);
     const auto texts = [list] {
         QStringList all;
-        for (int i = 0; i < list->count(); ++i)
-            all.append(list->item(i)->text());
+        for (int i = 0; i < rows(list); ++i)
+            all.append(list->model()->index(i, 0).data().toString());
         return all;
     };
     QCOMPARE(texts(),
              QStringList({key("Beginning"), key("add a file"), key("change Contrast"), key("change Saturation")}));
-    QCOMPARE(list->currentRow(), 3);
-    list->setCurrentRow(1);
+    QCOMPARE(list->currentIndex().row(), 3);
+    jumpTo(list, 1);
     history(stage);
     QCOMPARE(value(stage, 0, "bcs_contrast"), QVariant(0));
     QCOMPARE(texts(), QStringList({key("Beginning"), key("add a file"), key("change Contrast (undone)"),
                                    key("change Saturation (undone)")}));
-    list->setCurrentRow(3);
+    jumpTo(list, 3);
     history(stage);
     QCOMPARE(value(stage, 0, "bcs_saturation"), QVariant(6));
-    QCOMPARE(list->currentRow(), 3);
+    QCOMPARE(list->currentIndex().row(), 3);
 }
 
 void TestEditorUndo::newStepReplacesWhatWasUndone()
@@ -140,7 +150,7 @@ void TestEditorUndo::newStepReplacesWhatWasUndone()
     set(stage, 0, "bcs_contrast", 5);
     stage.trigger("undo");
     set(stage, 0, "bcs_saturation", 6);
-    QCOMPARE(history(stage)->count(), 3);
+    QCOMPARE(rows(history(stage)), 3);
     QVERIFY(!stage.window().actions().action("redo")->isEnabled());
 }
 
