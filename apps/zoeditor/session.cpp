@@ -5,10 +5,12 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 #include <QFileInfo>
 #include <QSet>
 
+#include <zokit/properties.h>
 #include <zokit/settingsfile.h>
 
 namespace zoeditor {
@@ -184,7 +186,7 @@ Message Session::saveAs(FileSettings* file, const QString& path)
     row.onDisk = settings;
     row.isEdited = false;
     m_files.replace(index, row);
-    if (unsaved().isEmpty())
+    if (!isModified())
         history().setClean();
     emit fileStateChanged(file->file());
     return {};
@@ -205,6 +207,12 @@ bool Session::wouldReplace(const FileSettings* file) const
 {
     const int index = m_files.rowOf(file->file());
     return index >= 0 && m_files.rows().at(index).settingsFile.isEmpty() && QFileInfo::exists(settingsFileOf(file));
+}
+
+bool Session::isModified() const
+{
+    const auto isEdited = [](const FileRow& edited) { return edited.isEdited; };
+    return std::any_of(m_files.rows().cbegin(), m_files.rows().cend(), isEdited);
 }
 
 QVector<FileSettings*> Session::unsaved() const
@@ -251,12 +259,16 @@ void Session::close()
 
 void Session::noteChanges(const zokit::Changes& changes)
 {
+    QSet<Identity> savedDefaults;
+    for (const QString& type : zokit::effectTypes())
+        savedDefaults.insert(m_project.savedDefault(type));
+    const auto isDefault = [&](const zokit::Change& change) { return savedDefaults.contains(change.thing); };
+    if (std::any_of(changes.cbegin(), changes.cend(), isDefault))
+        m_model.refreshDefaults();
     QSet<FileSettings*> files;
     for (const zokit::Change& change : changes)
         files.insert(m_project.fileOf(change.thing));
-    if (files.contains(nullptr))
-        m_model.refreshDefaults();
-    for (const FileSettings* file : files) {
+    for (const FileSettings* file : std::as_const(files)) {
         const int row = file ? m_files.rowOf(file->file()) : -1;
         if (row >= 0)
             noteEdited(row, *file);

@@ -99,7 +99,9 @@ public:
     QString settingsFileOf(const zokit::FileSettings* file) const;
     /// Whether save() would replace a file that is not known to be its own.
     bool wouldReplace(const zokit::FileSettings* file) const;
-    /// Files whose settings are others than they were opened or saved.
+    /// Whether any file's settings are others than they were opened or saved.
+    bool isModified() const;
+    /// Those files.
     QVector<zokit::FileSettings*> unsaved() const;
     /// @}
 

@@ -216,7 +216,7 @@ void Window::updateTitle()
     const zokit::FileSettings* file = m_session->current();
     setWindowTitle(file ? tr("%1[*] - zoeditor").arg(QFileInfo(file->media().file).fileName())
                         : QStringLiteral("zoeditor"));
-    setWindowModified(!m_session->unsaved().isEmpty());
+    setWindowModified(m_session->isModified());
 }
 
 bool Window::save(const QVector<zokit::FileSettings*>& files)

@@ -25,6 +25,7 @@ private slots:
     void unreadableFileCostsOnlyItsRow();
     void folderGivesItsClips();
     void fileIsOpenedOnce();
+    void fileThatComesConcernsNoOther();
     void tracksOfTheClipAreItems();
     void removedFilesComeBackByUndo();
     void seenFilesGetAPicture();
@@ -139,6 +140,29 @@ void TestEditorFiles::fileIsOpenedOnce()
     stage.session().open({clip});
     QCOMPARE(stage.session().files().rowCount(), 2);
     QCOMPARE(stage.session().current(), stage.file(1));
+}
+
+void TestEditorFiles::fileThatComesConcernsNoOther()
+{
+    constexpr int many = 12;
+    const Stage stage;
+    const auto add = [&stage](int number) {
+        zokit::Settings settings;
+        settings.media.file = stage.folder.filePath(QStringLiteral("film%1.mp4").arg(number));
+        settings.media.frame = QSize(640, 360);
+        stage.session().project().add(settings);
+        stage.waitForFiles();
+        settle();
+    };
+    for (int i = 0; i < many; ++i)
+        add(i);
+    const QSignalSpy values(&stage.session().model(), &zokit::SettingsModel::dataChanged);
+    QSignalSpy rows(&stage.session().files(), &zoeditor::FilesModel::dataChanged);
+    add(many);
+    QCOMPARE(values.count(), 0);
+    QVERIFY(!rows.isEmpty());
+    while (!rows.isEmpty())
+        QCOMPARE(rows.takeFirst().at(0).toModelIndex().row(), many);
 }
 
 void TestEditorFiles::tracksOfTheClipAreItems()
