@@ -17,7 +17,8 @@ namespace zokit {
 
 /// Small pictures of a clip for a person who drags through it: a decoder that runs on, 25 pictures a second of the
 /// clip, and waits when it is far enough ahead. They are stand-ins, of the right colours and effects, without crop,
-/// watermarks and subtitles, and up to a 25th of a second off; Frames has the true ones. One child. For the main thread.
+/// watermarks and subtitles, and up to a 25th of a second off; Frames has the true ones. One child. For the main
+/// thread.
 class ZOKIT_EXPORT Scrubber : public QObject {
     Q_OBJECT
 
