@@ -4,8 +4,9 @@
 #include "things_p.h"
 
 #include <algorithm>
+#include <numeric>
+#include <vector>
 
-#include <QHash>
 #include <QJsonDocument>
 
 #include <zokit/filesettings.h>
@@ -108,14 +109,21 @@ Values propertiesOf(const Values& values)
 /// The changes from \a before to \a after of one thing.
 void appendChanges(Changes& changes, Identity thing, const Values& before, const Values& after)
 {
-    for (auto it = before.cbegin(); it != before.cend(); ++it) {
-        const QVariant then = after.value(it.key());
-        if (!exactly(it.value(), then))
-            changes.append({thing, it.key(), it.value(), then});
+    // Both are in the order of their keys.
+    auto now = after.cbegin();
+    for (auto old = before.cbegin(); old != before.cend(); ++old) {
+        while (now != after.cend() && now.key() < old.key())
+            ++now;
+        const QVariant then = now != after.cend() && now.key() == old.key() ? now.value() : QVariant();
+        if (!exactly(old.value(), then))
+            changes.append({thing, old.key(), old.value(), then});
     }
-    for (auto it = after.cbegin(); it != after.cend(); ++it) {
-        if (it.value().isValid() && !before.contains(it.key()))
-            changes.append({thing, it.key(), QVariant(), it.value()});
+    auto old = before.cbegin();
+    for (now = after.cbegin(); now != after.cend(); ++now) {
+        while (old != before.cend() && old.key() < now.key())
+            ++old;
+        if (now.value().isValid() && (old == before.cend() || old.key() != now.key()))
+            changes.append({thing, now.key(), QVariant(), now.value()});
     }
 }
 
@@ -339,21 +347,30 @@ Changes Things::changesTo(const Settings& target, const Settings& present, Ident
 
 Changes merged(const Changes& changes)
 {
-    Changes result;
-    QHash<Identity, QHash<QString, int>> places;
-    for (const Change& change : changes) {
-        QHash<QString, int>& ofThing = places[change.thing];
-        const auto known = ofThing.constFind(change.key);
-        if (known != ofThing.constEnd()) {
-            result[known.value()].after = change.after;
-        } else {
-            ofThing.insert(change.key, static_cast<int>(result.size()));
-            result.append(change);
-        }
+    // Those of one value stand side by side in here, the first one first.
+    std::vector<int> order(static_cast<std::size_t>(changes.size()));
+    std::iota(order.begin(), order.end(), 0);
+    std::stable_sort(order.begin(), order.end(), [&](int left, int right) {
+        const Change& a = changes.at(left);
+        const Change& b = changes.at(right);
+        return a.thing != b.thing ? a.thing < b.thing : a.key < b.key;
+    });
+    std::vector<int> lastOf(order.size(), -1); // Of the first one of each value.
+    for (std::size_t i = 0; i < order.size();) {
+        const Change& first = changes.at(order[i]);
+        std::size_t next = i + 1;
+        while (next < order.size() && changes.at(order[next]).thing == first.thing
+               && changes.at(order[next]).key == first.key)
+            ++next;
+        lastOf[static_cast<std::size_t>(order[i])] = order[next - 1];
+        i = next;
     }
-    result.erase(std::remove_if(result.begin(), result.end(),
-                                [](const Change& change) { return exactly(change.before, change.after); }),
-                 result.end());
+    Changes result;
+    for (int i = 0; i < changes.size(); ++i) {
+        const int last = lastOf[static_cast<std::size_t>(i)];
+        if (last >= 0 && !exactly(changes.at(i).before, changes.at(last).after))
+            result.append({changes.at(i).thing, changes.at(i).key, changes.at(i).before, changes.at(last).after});
+    }
     return result;
 }
 

@@ -26,3 +26,5 @@ struct Change {
 using Changes = QVector<Change>;
 
 } // namespace zokit
+
+Q_DECLARE_TYPEINFO(zokit::Change, Q_MOVABLE_TYPE); // As its members are: long lists grow without copying each.
