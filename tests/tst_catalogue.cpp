@@ -113,6 +113,7 @@ const EffectControlItem* nestedTable()
                                                          nullptr),
                                               effectType("", nullptr),
                                               effectType("Inner", nullptr),
+                                              effectType("\x80", nullptr),
                                               effectType(nullptr, nullptr, nullptr, hidden),
                                               effectType("Beyond", nullptr),
                                               end};
@@ -276,6 +277,8 @@ private slots:
              QString::fromUtf8("Gr\xC3\xB6\xC3\x9F"
                                "e"),
              "3"},
+            {"name that is no UTF-8", QString(QChar(QChar::ReplacementCharacter)), "6"},
+            {"letter of the number of its byte", QString(QChar(0x80)), ""},
             {"empty name", "", "4"},
             {"null text is an empty name", QString(), "4"},
             {"unknown name", "Watermark", ""},

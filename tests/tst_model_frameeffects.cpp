@@ -512,6 +512,7 @@ private slots:
     {
         addRows<QVariant, QString, QString>({
             {"states only", "A|true|B|false|C|true", "A 0, B 2, C 0", "A 2, B 0, C 2"},
+            {"the first one only", "A|true|B|false", "A 0, B 0", "A 2, B 0"},
             {"order only", "B|true|C|false|A|false", "A 0, B 2, C 0", "B 2, C 0, A 0"},
             {"order and states", "C|false|B|true|A|true", "A 0, B 0, C 2", "C 0, B 2, A 2"},
             {"one item", "A|true", "A 0", "A 2"},

@@ -244,6 +244,7 @@ void TstImageFile::jpegIsLoadedUpTo32Scans_data()
     row("33 scans behind another start", "\xff\xd8" + tooMany, true);
     row("32 scans, and one cut before its length", jpegScan.repeated(32) + "\xff\xda", false);
     row("32 scans, and one cut in its length", jpegScan.repeated(32) + QByteArray("\xff\xda\0", 3), false);
+    row("31 scans, and one of a length that goes on behind the end", jpegScan.repeated(31) + "\xff\xda\xff\xda", true);
     row("32 scans, and a marker cut", jpegScan.repeated(32) + "\xff", true);
     row("32 scans, and a comment cut", jpegScan.repeated(32) + "\xff\xfe", true);
 }

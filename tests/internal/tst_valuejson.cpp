@@ -6,6 +6,7 @@
 #include <cmath>
 #include <limits>
 
+#include <QBitArray>
 #include <QColor>
 #include <QDataStream>
 #include <QDateTime>
@@ -300,6 +301,7 @@ void TstValueJson::valueCannotBeKept_data()
     QTest::addColumn<bool>("isKept");
     const QString largest(2 * 1024 * 1024 - 1, QLatin1Char('x'));
     QTest::newRow("pointer") << QVariant::fromValue<QObject*>(this) << false;
+    QTest::newRow("bits") << QVariant(QBitArray(3, true)) << true;
     QTest::newRow("hash") << QVariant(QVariantHash{{text("a"), 1}}) << false;
     QTest::newRow("32 deep") << nested(32) << true;
     QTest::newRow("33 deep") << nested(33) << false;
