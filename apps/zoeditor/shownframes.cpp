@@ -13,6 +13,7 @@ namespace zoeditor {
 namespace {
 
 constexpr int restTime = 100; // Milliseconds without a change: then nothing moves any more.
+constexpr QSize largestOnTheWay(960, 540);
 
 /// The settings that a frame without crop and watermarks depends on.
 zokit::Settings ofWhole(zokit::Settings settings)
@@ -57,6 +58,10 @@ void ShownFrames::setFile(const zokit::FileSettings* file, const zokit::MediaInf
         return;
     if (m_frames)
         m_frames->cancel();
+    if (m_scrubber)
+        m_scrubber->close();
+    m_scrubbed.reset();
+    m_onTheWay = QImage();
     for (Shot* shot : {&m_whole, &m_before, &m_output})
         shot->forget();
     m_error = zokit::Message();
@@ -75,10 +80,38 @@ void ShownFrames::setSeconds(double seconds)
     if (moment == m_seconds)
         return;
     m_seconds = moment;
-    if (!isAsking())
-        askNext(); // Who looks for a place sees what there is on the way.
+    const bool isDragged = m_rest.isActive();
+    if (isDragged)
+        drag();
+    else if (!isAsking())
+        askNext();
+    m_rest.start();
     emit secondsChanged(moment);
     emit changed();
+}
+
+/// The true frames wait until the moment has come to rest.
+void ShownFrames::drag()
+{
+    if (!m_file || !m_media || !m_media->picture())
+        return;
+    if (m_frames)
+        m_frames->cancel();
+    if (!m_scrubber) {
+        m_scrubber = std::make_unique<zokit::Scrubber>(m_tools);
+        connect(m_scrubber.get(), &zokit::Scrubber::shown, this, [this](const QImage& picture) {
+            if (output().isNull()) {
+                m_onTheWay = picture;
+                emit changed();
+            }
+        });
+    }
+    const zokit::Settings settings = ofWhole(m_file->settings());
+    if (!m_scrubbed || !(*m_scrubbed == settings)) {
+        m_scrubber->open(question(zokit::FrameKind::Whole, m_file->settings()), largestOnTheWay);
+        m_scrubbed = settings;
+    }
+    m_scrubber->want(m_seconds);
 }
 
 void ShownFrames::setBeforeWanted(bool isWanted)
@@ -113,7 +146,7 @@ void ShownFrames::askNext()
         ask(zokit::FrameKind::Before, settings);
 }
 
-void ShownFrames::ask(zokit::FrameKind kind, const zokit::Settings& settings)
+zokit::FrameQuestion ShownFrames::question(zokit::FrameKind kind, const zokit::Settings& settings) const
 {
     const zokit::TracksPlan plan =
         zokit::planTracks(settings, *m_media, {}, zokit::containerFor(settings, m_media->file));
@@ -121,6 +154,11 @@ void ShownFrames::ask(zokit::FrameKind kind, const zokit::Settings& settings)
     question.seconds = m_seconds;
     question.kind = kind;
     question.isKept = true;
+    return question;
+}
+
+void ShownFrames::ask(zokit::FrameKind kind, const zokit::Settings& settings)
+{
     m_askedKind = kind;
     m_askedSeconds = m_seconds;
     m_askedSettings = kind == zokit::FrameKind::After   ? settings
@@ -130,7 +168,7 @@ void ShownFrames::ask(zokit::FrameKind kind, const zokit::Settings& settings)
         m_frames = std::make_unique<zokit::Frames>(m_tools);
         connect(m_frames.get(), &zokit::Frames::answered, this, &ShownFrames::take);
     }
-    m_frames->ask(question);
+    m_frames->ask(question(kind, settings));
 }
 
 ShownFrames::Shot& ShownFrames::shot(zokit::FrameKind kind)
@@ -151,6 +189,8 @@ void ShownFrames::take(const zokit::FrameAnswer& answer)
     m_error = answer.error;
     if (m_askedKind == zokit::FrameKind::After)
         m_warnings = answer.warnings;
+    if (m_askedKind != zokit::FrameKind::Before && m_askedSeconds == m_seconds)
+        m_onTheWay = QImage();
     // Also after an error: the same question would end the same way.
     shot(m_askedKind) = {answer.frame.image().convertToFormat(QImage::Format_RGB32), m_askedSettings, m_askedSeconds};
     askNext();

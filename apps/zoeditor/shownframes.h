@@ -13,6 +13,7 @@
 
 #include <zokit/frames.h>
 #include <zokit/probe.h>
+#include <zokit/scrubber.h>
 #include <zokit/settings.h>
 
 namespace zokit {
@@ -22,7 +23,8 @@ class FileSettings;
 namespace zoeditor {
 
 /// The frames of a clip at one moment that a picture pane shows. It asks for them one after the other, soon after
-/// settings and moment have come to rest; meanwhile output() is null, and a stand-in can be painted on whole().
+/// settings and moment have come to rest; meanwhile output() is null, and a stand-in can be painted on whole(). While
+/// somebody drags through the clip, a decoder that runs on brings small pictures for whole().
 class ShownFrames : public QObject {
     Q_OBJECT
 
@@ -38,7 +40,8 @@ public:
     /// Whether before() is asked for, too.
     void setBeforeWanted(bool isWanted);
 
-    QImage whole() const { return m_whole.image; }   ///< FrameKind::Whole; the last one until the next is there.
+    /// FrameKind::Whole, or a small stand-in for it on the way; the last one until the next is there.
+    QImage whole() const { return m_onTheWay.isNull() ? m_whole.image : m_onTheWay; }
     QImage before() const { return m_before.image; } ///< FrameKind::Before; as above.
     QImage output() const; ///< FrameKind::After of settings and moment as they are; else null.
     /// Why there is no frame; empty when nothing is wrong.
@@ -68,7 +71,9 @@ private:
 
     bool isAsking() const { return m_frames && m_frames->isRunning(); }
     void noteChange();
+    void drag();
     void askNext();
+    zokit::FrameQuestion question(zokit::FrameKind kind, const zokit::Settings& settings) const;
     void ask(zokit::FrameKind kind, const zokit::Settings& settings);
     void take(const zokit::FrameAnswer& answer);
     Shot& shot(zokit::FrameKind kind);
@@ -76,7 +81,10 @@ private:
     QPointer<const zokit::FileSettings> m_file;
     std::optional<zokit::MediaInfo> m_media;
     const zokit::Tools& m_tools;
-    std::unique_ptr<zokit::Frames> m_frames; ///< Null until then.
+    std::unique_ptr<zokit::Frames> m_frames;     ///< Null until then.
+    std::unique_ptr<zokit::Scrubber> m_scrubber; ///< Null until somebody drags.
+    std::optional<zokit::Settings> m_scrubbed;   ///< With which it is open.
+    QImage m_onTheWay;
     QTimer m_rest;
     double m_seconds = 0;
     bool m_beforeWanted = false;

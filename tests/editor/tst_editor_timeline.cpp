@@ -3,6 +3,8 @@
 
 #include <cmath>
 
+#include <cstdlib>
+
 #include <QtTest>
 #include <QtWidgets>
 
@@ -26,6 +28,7 @@ class TestEditorTimeLine : public QObject {
 
 private slots:
     void sliderShowsTheFrameOfItsTime();
+    void whoDragsSeesPicturesOnTheWay();
     void clickOnTheLineGoesThere();
     void framesAreSteppedThrough();
     void playingEndsAtTheEnd();
@@ -39,9 +42,9 @@ private slots:
 
 namespace {
 
-/// The editor with a moving clip of 160x120, 25 frames a second.
+/// The editor with a moving clip of 25 frames a second; unless told otherwise of 160x120.
 struct Clip : Stage {
-    Clip() : Stage({clips::clip(key("plain.mp4"))})
+    explicit Clip(const QString& name = key("plain.mp4")) : Stage({clips::clip(name)})
     {
         bar = find<TimeBar>("time");
         line = find<TimeLine>("timeline");
@@ -79,6 +82,27 @@ void TestEditorTimeLine::sliderShowsTheFrameOfItsTime()
     clip.bar->setValue(0);
     clip.waitForOutput();
     QCOMPARE(clip.frames->output(), first);
+}
+
+void TestEditorTimeLine::whoDragsSeesPicturesOnTheWay()
+{
+    // Frame N of the clip is of luma 16 + 2 N, and so of level 255 / 219 * 2 N: 116 and 119 for frames 50 and 51.
+    const Clip clip(key("counting.mkv"));
+    const auto level = [&] { return qGray(clip.frames->whole().pixel(32, 24)); };
+    bool isFirst = false;
+    // As long as it moves, no true frame is asked for.
+    QVERIFY(QTest::qWaitFor(
+        [&] {
+            isFirst = !isFirst;
+            clip.bar->setValue(isFirst ? 2000 : 2040);
+            return level() >= 115 && level() <= 120;
+        },
+        30000));
+    QVERIFY(clip.frames->output().isNull());
+    clip.bar->setValue(3000);
+    clip.waitForOutput();
+    QVERIFY2(std::abs(qGray(clip.frames->output().pixel(32, 24)) - 175) <= 1, "frame 75");
+    QVERIFY(QTest::qWaitFor([&] { return std::abs(level() - 175) <= 1; }, 30000));
 }
 
 void TestEditorTimeLine::clickOnTheLineGoesThere()
