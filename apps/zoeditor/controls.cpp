@@ -14,7 +14,6 @@
 #include <QFileDialog>
 #include <QFontComboBox>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
 #include <QPlainTextEdit>
@@ -28,6 +27,8 @@
 #include <zokit/settingsmodel.h>
 #include <zokit/valuetext.h>
 
+#include "valuecontrol.h"
+
 namespace zoeditor {
 
 using Model = zokit::SettingsModel;
@@ -36,18 +37,6 @@ namespace {
 
 constexpr int swatchSide = 16;
 constexpr int textLines = 3;
-
-/// Keys that change a number or choose the next value: held, they are one step.
-bool isSteppingKey(int key)
-{
-    return (key >= Qt::Key_Left && key <= Qt::Key_Down) || key == Qt::Key_PageUp || key == Qt::Key_PageDown
-           || key == Qt::Key_Home || key == Qt::Key_End;
-}
-
-bool isText(const QObject* field)
-{
-    return qobject_cast<const QLineEdit*>(field) || qobject_cast<const QPlainTextEdit*>(field);
-}
 
 QIcon swatch(const QColor& color)
 {
@@ -125,7 +114,7 @@ private:
     }
 
     void send(const QVariant& value) const { emit m_control->edited(value); }
-    void onShow(std::function<void(const QVariant&)> show) { m_control->m_show = std::move(show); }
+    void onShow(std::function<void(const QVariant&)> show) { m_control->showBy(std::move(show)); }
 
     void makeCheckBox()
     {
@@ -222,21 +211,33 @@ private:
     void makeColorButton()
     {
         auto* button = add(new QPushButton(m_control));
-        QObject::connect(button, &QPushButton::clicked, m_control, [this_ = *this, button] {
-            auto* dialog = new QColorDialog(QColor(button->text()), button);
-            dialog->setObjectName(QStringLiteral("colorDialog"));
-            dialog->setAttribute(Qt::WA_DeleteOnClose);
-            dialog->setWindowTitle(this_.label());
-            QObject::connect(dialog, &QColorDialog::colorSelected, this_.m_control,
-                             [this_](const QColor& color) { this_.send(color); });
-            dialog->open();
-        });
+        QObject::connect(button, &QPushButton::clicked, m_control,
+                         [this_ = *this, button] { this_.chooseColor(button); });
         onShow([button](const QVariant& value) {
             const auto color = value.value<QColor>();
             button->setText(color.isValid() ? color.name() : QString());
             button->setIcon(swatch(color));
             button->setAccessibleDescription(button->text());
         });
+    }
+
+    /// The value follows the dialog; cancelled, it is what it was.
+    void chooseColor(QPushButton* button) const
+    {
+        const QVariant before = m_control->shownValue();
+        auto* dialog = new QColorDialog(before.value<QColor>(), button);
+        dialog->setObjectName(QStringLiteral("colorDialog"));
+        dialog->setAttribute(Qt::WA_DeleteOnClose);
+        dialog->setWindowTitle(label());
+        QObject::connect(dialog, &QColorDialog::currentColorChanged, m_control,
+                         [this_ = *this](const QColor& color) { this_.send(color); });
+        QObject::connect(dialog, &QColorDialog::finished, m_control, [this_ = *this, before](int result) {
+            if (result == QDialog::Rejected)
+                this_.send(before);
+            this_.m_control->endChoice();
+        });
+        m_control->beginChoice();
+        dialog->open();
     }
 
     void makeFontChooser()
@@ -305,51 +306,6 @@ private:
     QHBoxLayout* m_layout;
     zokit::Control m_kind;
 };
-
-ValueControl::ValueControl(QWidget* parent) : QWidget(parent) {}
-
-bool ValueControl::eventFilter(QObject* watched, QEvent* event)
-{
-    auto* field = static_cast<QWidget*>(watched);
-    switch (event->type()) {
-    case QEvent::Wheel: // Whoever scrolls the panel must not change what comes under the pointer.
-        if (field->hasFocus() || (focusProxy() && focusProxy()->hasFocus()))
-            return false;
-        event->ignore();
-        return true;
-    case QEvent::ShortcutOverride: { // Undo is the window's.
-        const auto* key = static_cast<QKeyEvent*>(event);
-        if (!key->matches(QKeySequence::Undo) && !key->matches(QKeySequence::Redo))
-            return false;
-        event->ignore();
-        return true;
-    }
-    case QEvent::KeyPress: {
-        const auto* key = static_cast<QKeyEvent*>(event);
-        if (!key->isAutoRepeat() && isSteppingKey(key->key()) && !isText(watched))
-            emit gestureBegun();
-        return key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo);
-    }
-    case QEvent::MouseButtonPress:
-        if (!isText(watched))
-            emit gestureBegun();
-        return false;
-    case QEvent::KeyRelease:
-        // The field first: a held key ends after its last step.
-        if (!static_cast<QKeyEvent*>(event)->isAutoRepeat() && isSteppingKey(static_cast<QKeyEvent*>(event)->key())
-            && !isText(watched))
-            QMetaObject::invokeMethod(this, &ValueControl::gestureEnded, Qt::QueuedConnection);
-        return false;
-    case QEvent::MouseButtonRelease:
-    case QEvent::FocusOut:
-        QMetaObject::invokeMethod(this, &ValueControl::gestureEnded, Qt::QueuedConnection);
-        return false;
-    case QEvent::ContextMenu: // Of a text field it offers an undo of its own.
-        return qobject_cast<QLineEdit*>(watched) != nullptr;
-    default:
-        return false;
-    }
-}
 
 ValueControl* makeControl(const QModelIndex& value, QWidget* parent)
 {

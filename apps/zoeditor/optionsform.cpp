@@ -13,6 +13,7 @@
 
 #include "controls.h"
 #include "session.h"
+#include "valuecontrol.h"
 
 namespace zoeditor {
 

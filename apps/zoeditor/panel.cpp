@@ -6,8 +6,11 @@
 #include <algorithm>
 #include <utility>
 
+#include <QAbstractSpinBox>
+#include <QApplication>
 #include <QGridLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QScrollBar>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -15,8 +18,10 @@
 #include <zokit/filesettings.h>
 #include <zokit/settingsmodel.h>
 
+#include "anchorcontrol.h"
 #include "controls.h"
 #include "session.h"
+#include "valuecontrol.h"
 
 namespace zoeditor {
 
@@ -26,6 +31,7 @@ using zokit::Message;
 namespace {
 
 enum Column { LabelColumn, FieldColumn, RevertColumn, Columns };
+const QString anchorKey = QStringLiteral("anchor");
 constexpr double smallFont = 0.8; // Of the mark below a label.
 
 QString markText(zokit::State state)
@@ -107,7 +113,11 @@ void Panel::rebuild()
             continue;
         if (const QString own = value.data(Model::GroupRole).toString(); own != group)
             addGroup(grid, group = own);
-        addRow(grid, value);
+        const QString type = value.data(Model::TypeRole).toString();
+        const QString key = value.data(Model::KeyRole).toString();
+        if (key == QLatin1String("wm_hposition")) // What the anchor says comes before what follows from it.
+            addRow(grid, anchorKey, tr("Anchor"), makeAnchorControl(tr("Anchor"), page));
+        addRow(grid, key, value.data(Model::LabelRole).toString(), makeControl(value, page));
     }
     grid->setRowStretch(grid->rowCount(), 1);
     setWidget(page); // Deletes the one before.
@@ -133,18 +143,15 @@ void Panel::addGroup(QGridLayout* grid, const QString& name) const
     grid->addWidget(title, grid->rowCount(), 0, 1, Columns);
 }
 
-void Panel::addRow(QGridLayout* grid, const QModelIndex& value)
+void Panel::addRow(QGridLayout* grid, const QString& key, const QString& label, ValueControl* control)
 {
     QWidget* page = grid->parentWidget();
-    const QString key = value.data(Model::KeyRole).toString();
-    const QString label = value.data(Model::LabelRole).toString();
-    const QString name = QStringLiteral("%1:%2").arg(value.data(Model::TypeRole).toString(), key);
+    const QString name = control->field()->objectName();
     const int line = grid->rowCount();
 
-    ValueControl* control = makeControl(value, page);
     auto* title = new QLabel(label, page);
     title->setBuddy(control->field());
-    title->setToolTip(value.data(Qt::ToolTipRole).toString());
+    title->setToolTip(control->field()->toolTip());
     title->setWordWrap(true);
     auto* mark = new QLabel(page);
     mark->setObjectName(name + QLatin1String(":mark"));
@@ -182,8 +189,25 @@ void Panel::addRow(QGridLayout* grid, const QModelIndex& value)
 void Panel::set(const QString& key, const QVariant& value)
 {
     zokit::FileSettings* file = m_session->current();
-    if (file && !m_session->take(file->setValue(m_thing, key, value, this)))
+    if (!file)
+        return;
+    const bool isFreed = key == anchorKey && !value.isValid();
+    m_isTaken = m_session->take(isFreed ? file->reset(m_thing, key, this) : file->setValue(m_thing, key, value, this));
+    if (!m_isTaken)
         m_rows.value(key).control->setValue(file->value(m_thing, key));
+}
+
+bool Panel::finishTyping()
+{
+    m_isTaken = true;
+    QWidget* focused = QApplication::focusWidget();
+    if (!focused || !isAncestorOf(focused))
+        return true;
+    if (auto* box = qobject_cast<QAbstractSpinBox*>(focused))
+        box->interpretText();
+    else if (auto* line = qobject_cast<QLineEdit*>(focused))
+        emit line->editingFinished();
+    return m_isTaken;
 }
 
 void Panel::update()

@@ -28,6 +28,8 @@ public:
 
     /// Moves the focus to the field of \a key of the chosen thing; nothing when it has none.
     void focusOn(const QString& key);
+    /// Sets what is typed in a field and was not set yet. False when it was refused.
+    bool finishTyping();
 
 private:
     struct Row {
@@ -39,14 +41,15 @@ private:
     void rebuild();
     void update();
     void addGroup(QGridLayout* grid, const QString& name) const;
-    void addRow(QGridLayout* grid, const QModelIndex& value);
+    void addRow(QGridLayout* grid, const QString& key, const QString& label, ValueControl* control);
     void set(const QString& key, const QVariant& value);
 
     Session* m_session;
     zokit::Identity m_thing = 0;
     QHash<QString, Row> m_rows; ///< By key.
     QTimer m_rebuilding;
-    QString m_wanted; ///< The key whose field gets the focus once it is there.
+    bool m_isTaken = true; ///< What was set last was not refused.
+    QString m_wanted;      ///< The key whose field gets the focus once it is there.
 };
 
 } // namespace zoeditor

@@ -164,7 +164,10 @@ void Window::connectHistory()
 {
     QAction* undo = m_actions->action("undo");
     QAction* redo = m_actions->action("redo");
-    connect(undo, &QAction::triggered, m_session, &Session::undo);
+    connect(undo, &QAction::triggered, this, [this] {
+        if (findChild<Panel*>()->finishTyping()) // What was typed is the step that is meant.
+            m_session->undo();
+    });
     connect(redo, &QAction::triggered, m_session, &Session::redo);
     const auto update = [this, undo, redo] {
         const zokit::History& history = m_session->history();

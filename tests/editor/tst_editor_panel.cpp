@@ -36,7 +36,12 @@ private slots:
     void refusedValueIsToldAndPutBack();
     void marksTellHowAValueStandsToItsDefault();
     void revertTakesOneValueBack();
-    void colourIsChosen();
+    void undoTakesBackWhatIsBeingTyped();
+    void menusOfFieldsHaveNoUndo_data();
+    void menusOfFieldsHaveNoUndo();
+    void colourFollowsItsDialogAsOneStep();
+    void colourIsAsBeforeWhenItsDialogIsCancelled();
+    void anchorIsChosen();
     void typesAndItemsTellWhatIsChanged();
     void checkBoxSwitchesAnEffect();
     void itemsComeGoAndMove();
@@ -323,17 +328,130 @@ void TestEditorPanel::revertTakesOneValueBack()
     QCOMPARE(field->value(), 0);
 }
 
-void TestEditorPanel::colourIsChosen()
+void TestEditorPanel::undoTakesBackWhatIsBeingTyped()
+{
+    const Edited stage;
+    stage.window().activateWindow();
+    auto* field = stage.field<QSpinBox>("Color", "bcs_contrast");
+    stage.file(0)->setValue(stage.file(0)->type(key("Color")), key("bcs_contrast"), 5);
+    field->setFocus();
+    field->selectAll();
+    QTest::keyClicks(field, key("12"));
+    QCOMPARE(stage.value("Color", "bcs_contrast"), QVariant(5)); // Not written to its end.
+    QVERIFY(stage.trigger("undo"));
+    QCOMPARE(stage.value("Color", "bcs_contrast"), QVariant(5));
+    QCOMPARE(field->value(), 5);
+    QVERIFY(stage.trigger("redo"));
+    QCOMPARE(stage.value("Color", "bcs_contrast"), QVariant(12));
+}
+
+void TestEditorPanel::menusOfFieldsHaveNoUndo_data()
+{
+    QTest::addColumn<QByteArray>("type");
+    QTest::addColumn<QByteArray>("field");
+    QTest::addColumn<int>("item");
+    QTest::newRow("text") << QByteArray("Watermark") << QByteArray("wm_textcontent") << 0;
+    QTest::newRow("number") << QByteArray("Color") << QByteArray("bcs_contrast") << -1;
+    QTest::newRow("font") << QByteArray("Watermark") << QByteArray("wm_fontname") << 0;
+}
+
+void TestEditorPanel::menusOfFieldsHaveNoUndo()
+{
+    QFETCH(const QByteArray, type);
+    QFETCH(const QByteArray, field);
+    QFETCH(const int, item);
+    const Edited stage;
+    auto* shown = stage.field(type.constData(), field.constData(), item);
+    QVERIFY(shown);
+    QList<QWidget*> parts = shown->findChildren<QLineEdit*>().isEmpty()
+                                ? QList<QWidget*>{shown, static_cast<QPlainTextEdit*>(shown)->viewport()}
+                                : QList<QWidget*>{shown, shown->findChild<QLineEdit*>()};
+    for (QWidget* part : parts) {
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(3, 3), part->mapToGlobal(QPoint(3, 3)));
+        QCoreApplication::sendEvent(part, &event);
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        QVERIFY(menu);
+        QStringList texts;
+        for (const QAction* action : menu->actions())
+            texts.append(action->text().section(QLatin1Char('\t'), 0, 0).remove(QLatin1Char('&')));
+        menu->close();
+        settle();
+        QCOMPARE(texts.mid(0, 3), QStringList({key("Cut"), key("Copy"), key("Paste")}));
+        QVERIFY(!texts.contains(key("Undo")) && !texts.contains(key("Redo")));
+    }
+}
+
+void TestEditorPanel::colourFollowsItsDialogAsOneStep()
 {
     const Edited stage;
     auto* button = stage.field<QPushButton>("Watermark", "wm_fontcolor", 0);
+    const int before = stage.steps();
+    QTest::mouseClick(button, Qt::LeftButton);
+    auto* dialog = button->findChild<QColorDialog*>();
+    QVERIFY(dialog);
+    settle(); // The focus goes to the dialog.
+    dialog->setCurrentColor(QColor(10, 200, 30));
+    QCOMPARE(stage.value("Watermark", "wm_fontcolor", 0).value<QColor>().name(), key("#0ac81e"));
+    QCOMPARE(button->text(), key("#0ac81e"));
+    dialog->setCurrentColor(QColor(10, 200, 31));
+    dialog->accept();
+    QCOMPARE(stage.value("Watermark", "wm_fontcolor", 0).value<QColor>().name(), key("#0ac81f"));
+    QCOMPARE(stage.steps(), before + 1);
+    QVERIFY(!stage.session().isInGesture());
+}
+
+void TestEditorPanel::colourIsAsBeforeWhenItsDialogIsCancelled()
+{
+    const Edited stage;
+    auto* button = stage.field<QPushButton>("Watermark", "wm_fontcolor", 0);
+    stage.file(0)->setValue(stage.watermark, key("wm_fontcolor"), QColor(1, 2, 3));
+    const zokit::Settings before = stage.file(0)->settings();
+    const int steps = stage.steps();
     QTest::mouseClick(button, Qt::LeftButton);
     auto* dialog = button->findChild<QColorDialog*>();
     QVERIFY(dialog);
     dialog->setCurrentColor(QColor(10, 200, 30));
-    dialog->accept();
-    QCOMPARE(stage.value("Watermark", "wm_fontcolor", 0).value<QColor>().name(), key("#0ac81e"));
-    QCOMPARE(button->text(), key("#0ac81e"));
+    QVERIFY(!(stage.file(0)->settings() == before));
+    dialog->reject();
+    QVERIFY(stage.file(0)->settings() == before);
+    QCOMPARE(stage.steps(), steps);
+}
+
+void TestEditorPanel::anchorIsChosen()
+{
+    const Edited stage;
+    auto* box = stage.field<QComboBox>("Watermark", "anchor", 0);
+    const auto* mark = stage.find<QLabel>("Watermark:anchor:mark");
+    QVERIFY(box);
+    QCOMPARE(box->count(), 10);
+    QCOMPARE(box->currentText(), key("free"));
+    QCOMPARE(mark->text(), key("default"));
+    const auto choose = [box](const char* name) {
+        const int index = box->findText(key(name));
+        box->setCurrentIndex(index);
+        emit box->activated(index);
+    };
+    const int steps = stage.steps();
+    choose("top left");
+    QCOMPARE(stage.value("Watermark", "wm_hposition", 0), QVariant(3)); // 2 % of 160 by 120.
+    QCOMPARE(stage.value("Watermark", "wm_vposition", 0), QVariant(2));
+    QCOMPARE(stage.value("Watermark", "anchor", 0).toMap().value(key("corner")), QVariant(key("top-left")));
+    QCOMPARE(mark->text(), key("changed"));
+    QCOMPARE(stage.steps(), steps + 1);
+    // The margin is kept.
+    stage.file(0)->setValue(stage.watermark, key("anchor"),
+                            QVariantMap{{key("corner"), key("top-left")}, {key("margin"), 10}});
+    choose("top");
+    QCOMPARE(stage.value("Watermark", "wm_vposition", 0), QVariant(10));
+    // By hand it is placed anywhere, and free.
+    stage.file(0)->setValue(stage.watermark, key("wm_hposition"), 50);
+    QCOMPARE(box->currentText(), key("free"));
+    QVERIFY(stage.trigger("undo"));
+    QCOMPARE(box->currentText(), key("top"));
+    choose("free");
+    QVERIFY(!stage.value("Watermark", "anchor", 0).isValid());
+    QCOMPARE(stage.value("Watermark", "wm_vposition", 0), QVariant(10)); // It stays where it is.
+    QCOMPARE(mark->text(), key("default"));
 }
 
 void TestEditorPanel::typesAndItemsTellWhatIsChanged()
