@@ -15,6 +15,7 @@ namespace {
 
 constexpr int thumbnailWidth = 96;
 constexpr int thumbnailHeight = 54;
+const QString separator = QStringLiteral(" \u00b7 ");
 
 /// What stands where the picture is still to come, of the same size.
 QPixmap emptyThumbnail()
@@ -40,15 +41,21 @@ QString lengthText(double seconds)
     return QStringLiteral("%1:%2:%3").arg(whole / 3600).arg(minutes.rightJustified(2, QLatin1Char('0')), rest);
 }
 
-QString stateText(const FileRow& row)
+/// In words; what is most important is the first.
+QStringList statesOf(const FileRow& row)
 {
     const QString problem = row.problem.text();
     const QString where = row.path + QLatin1String(": "); // The name stands in the line above.
     if (!problem.isEmpty())
-        return problem.startsWith(where) ? problem.mid(where.size()) : problem;
+        return {problem.startsWith(where) ? problem.mid(where.size()) : problem};
     if (row.isAsked)
-        return FilesModel::tr("is being read");
-    return row.isEdited ? FilesModel::tr("edited") : FilesModel::tr("untouched");
+        return {FilesModel::tr("is being read")};
+    QStringList states;
+    if (!row.work.isEmpty())
+        states.append(row.work);
+    if (row.isEdited)
+        states.append(FilesModel::tr("edited"));
+    return states.isEmpty() ? QStringList{FilesModel::tr("untouched")} : states;
 }
 
 } // namespace
@@ -101,24 +108,25 @@ QVariant FilesModel::data(const QModelIndex& index, int role) const
     const FileRow& row = m_rows.at(index.row());
     const QSize frame = frameOf(row);
     const double seconds = row.media ? row.media->seconds : 0;
-    const QString state = stateText(row);
+    const QStringList states = statesOf(row);
     switch (role) {
     case Qt::DisplayRole:
     case Qt::AccessibleTextRole: {
-        QStringList about;
+        QStringList about = states.mid(1);
         if (!frame.isEmpty())
             about.append(tr("%1 x %2").arg(frame.width()).arg(frame.height()));
         if (seconds > 0)
             about.append(lengthText(seconds));
-        if (row.file != 0 || about.isEmpty())
-            about.append(state);
-        QString text = QFileInfo(row.path).fileName() + QLatin1Char('\n') + about.join(QStringLiteral(" \u00b7 "));
-        if (row.file != 0 && !row.settingsFile.isEmpty())
-            text += QLatin1Char('\n') + QFileInfo(row.settingsFile).fileName();
-        return text;
+        // Each row has as many lines: the list measures one.
+        return QStringList{QFileInfo(row.path).fileName(), states.first(), about.join(separator)}.join(
+            QLatin1Char('\n'));
     }
-    case Qt::ToolTipRole:
-        return QStringLiteral("%1\n%2").arg(row.path, state);
+    case Qt::ToolTipRole: {
+        QStringList lines{row.path, states.join(separator)};
+        if (!row.settingsFile.isEmpty())
+            lines.append(row.settingsFile);
+        return lines.join(QLatin1Char('\n'));
+    }
     case Qt::DecorationRole:
         return QIcon(row.thumbnail.isNull() ? emptyThumbnail() : row.thumbnail); // The view says how large.
     case PathRole:
@@ -130,7 +138,7 @@ QVariant FilesModel::data(const QModelIndex& index, int role) const
     case LengthRole:
         return seconds;
     case StateRole:
-        return state;
+        return states.join(separator);
     default:
         return {};
     }

@@ -29,11 +29,12 @@ struct FileRow {
     QString settingsFile;                  ///< Where its settings are kept; empty: nowhere yet.
     std::optional<zokit::Settings> onDisk; ///< The settings as they were opened or saved last.
     bool isEdited = false;                 ///< They are others now.
+    QString work;                          ///< What the queue does with it, in words; empty: nothing.
     QPixmap thumbnail;                     ///< Null until it is there.
 };
 
-/// The files that are open, one a row, in the order in which they came. The texts are for people: the name; size,
-/// length and state on the lines below it.
+/// The files that are open, one a row, in the order in which they came. The texts are for people: name,
+/// state, and size and length, a line each; a list that is narrow cuts off none of the words for a state.
 class FilesModel : public QAbstractListModel {
     Q_OBJECT
 
@@ -43,7 +44,7 @@ public:
         FileRole,                ///< Identity of its settings; 0 when it has none.
         SizeRole,                ///< Pixels of the picture, as a number.
         LengthRole,              ///< Seconds.
-        StateRole,               ///< In words: "untouched", "edited", why it cannot be read.
+        StateRole,               ///< In words: "untouched", "edited", "running", why it cannot be read.
     };
 
     explicit FilesModel(QObject* parent = nullptr);

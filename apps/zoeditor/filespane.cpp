@@ -10,12 +10,37 @@
 #include <QListView>
 #include <QScrollBar>
 #include <QSortFilterProxyModel>
+#include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
 #include "session.h"
 #include "thumbnails.h"
 
 namespace zoeditor {
+
+namespace {
+
+constexpr QSize pictureSize(64, 36);
+constexpr int leastWidth = 123;      // Pixels: the longest word for a state.
+constexpr int roomForPictures = 200; // A list that is narrower shows words alone, and these whole.
+
+/// Draws rows without their pictures where these have no size.
+class Words : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        if (!option->decorationSize.isEmpty())
+            return;
+        option->features &= ~QStyleOptionViewItem::ViewItemFeatures(QStyleOptionViewItem::HasDecoration);
+        option->icon = QIcon();
+    }
+};
+
+} // namespace
 
 FilesPane::FilesPane(Session* session, QWidget* parent)
     : QWidget(parent)
@@ -52,7 +77,9 @@ FilesPane::FilesPane(Session* session, QWidget* parent)
     m_view->setModel(m_order);
     m_view->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_view->setUniformItemSizes(true);
-    m_view->setIconSize(QSize(64, 36));
+    m_view->setItemDelegate(new Words(m_view));
+    m_view->setIconSize(pictureSize);
+    m_view->setMinimumWidth(leastWidth);
     m_view->setTextElideMode(Qt::ElideMiddle);
     m_view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_view->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
@@ -94,6 +121,8 @@ bool FilesPane::eventFilter(QObject* watched, QEvent* event)
         event->ignore(); // Whoever turns the wheel over the list, and a little above, wants no other order.
         return !static_cast<QWidget*>(watched)->hasFocus();
     }
+    if (event->type() == QEvent::Resize)
+        m_view->setIconSize(m_view->width() < roomForPictures ? QSize(0, 0) : pictureSize);
     if (event->type() == QEvent::Resize || event->type() == QEvent::Show)
         m_soon.start();
     return QWidget::eventFilter(watched, event);

@@ -24,6 +24,30 @@ QString say(const char* text)
     return QCoreApplication::translate("zoeditor::Jobs", text);
 }
 
+QString nameOf(zokit::RowState state)
+{
+    using zokit::RowState;
+    switch (state) {
+    case RowState::Waiting:
+        return say(QT_TRANSLATE_NOOP("zoeditor::Jobs", "waiting"));
+    case RowState::Running:
+        return say(QT_TRANSLATE_NOOP("zoeditor::Jobs", "running"));
+    case RowState::Paused:
+        return say(QT_TRANSLATE_NOOP("zoeditor::Jobs", "paused"));
+    case RowState::Done:
+        return say(QT_TRANSLATE_NOOP("zoeditor::Jobs", "done"));
+    case RowState::Failed:
+        return say(QT_TRANSLATE_NOOP("zoeditor::Jobs", "failed"));
+    case RowState::Cancelled:
+        return say(QT_TRANSLATE_NOOP("zoeditor::Jobs", "cancelled"));
+    case RowState::Skipped:
+        return say(QT_TRANSLATE_NOOP("zoeditor::Jobs", "skipped"));
+    case RowState::Interrupted:
+        return say(QT_TRANSLATE_NOOP("zoeditor::Jobs", "interrupted"));
+    }
+    return {};
+}
+
 /// The path by which two names are one file, as far as it is there.
 QString placeOf(const QString& path)
 {
@@ -107,6 +131,22 @@ AddedJobs addTo(zokit::Queue* queue, const QVector<zokit::Job>& jobs)
         }
     }
     return added;
+}
+
+QString workText(const zokit::Queue& queue, int row)
+{
+    const zokit::RowState state = queue.state(row);
+    const QString reason = queue.result(row).reason.text();
+    const bool isTold = (state == zokit::RowState::Failed || state == zokit::RowState::Skipped) && !reason.isEmpty();
+    return isTold ? QStringLiteral("%1: %2").arg(nameOf(state), reason) : nameOf(state);
+}
+
+QHash<QString, QString> workOfClips(const zokit::Queue& queue)
+{
+    QHash<QString, QString> works;
+    for (const int row : queue.rows())
+        works.insert(queue.job(row).input, workText(queue, row));
+    return works;
 }
 
 } // namespace zoeditor

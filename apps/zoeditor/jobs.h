@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QHash>
 #include <QString>
 #include <QVector>
 
@@ -37,5 +38,10 @@ struct AddedJobs {
 /// Adds \a jobs to \a queue. A clip whose row for the same result waits or runs gets no second one; a row that was
 /// interrupted gives way.
 AddedJobs addTo(zokit::Queue* queue, const QVector<zokit::Job>& jobs);
+
+/// What a row of \a queue is doing, in words: "waiting", "failed: " and why.
+QString workText(const zokit::Queue& queue, int row);
+/// What \a queue does with each clip, in those words, by its path; of several rows of a clip the last one tells.
+QHash<QString, QString> workOfClips(const zokit::Queue& queue);
 
 } // namespace zoeditor

@@ -115,7 +115,7 @@ void Panel::rebuild()
             addGroup(grid, group = own);
         const QString type = value.data(Model::TypeRole).toString();
         const QString key = value.data(Model::KeyRole).toString();
-        if (key == QLatin1String("wm_hposition")) // What the anchor says comes before what follows from it.
+        if (key == QLatin1String("wm_vposition")) // What the anchor says comes before what follows from it.
             addRow(grid, anchorKey, tr("Anchor"), makeAnchorControl(tr("Anchor"), page));
         addRow(grid, key, value.data(Model::LabelRole).toString(), makeControl(value, page));
     }

@@ -16,6 +16,8 @@
 
 #include <zokit/shell.h>
 
+#include "jobs.h"
+
 namespace zoeditor {
 
 using zokit::RowState;
@@ -34,29 +36,6 @@ QString timeText(double seconds)
 }
 
 } // namespace
-
-QString QueuePane::stateText(RowState state)
-{
-    switch (state) {
-    case RowState::Waiting:
-        return tr("waiting");
-    case RowState::Running:
-        return tr("running");
-    case RowState::Paused:
-        return tr("paused");
-    case RowState::Done:
-        return tr("done");
-    case RowState::Failed:
-        return tr("failed");
-    case RowState::Cancelled:
-        return tr("cancelled");
-    case RowState::Skipped:
-        return tr("skipped");
-    case RowState::Interrupted:
-        return tr("interrupted");
-    }
-    return {};
-}
 
 QueuePane::QueuePane(zokit::Queue* queue, QWidget* parent)
     : QWidget(parent)
@@ -188,9 +167,7 @@ void QueuePane::showState(int row)
     if (!line)
         return;
     const RowState state = m_queue->state(row);
-    const QString reason = m_queue->result(row).reason.text();
-    const bool isTold = (state == RowState::Failed || state == RowState::Skipped) && !reason.isEmpty();
-    line->setText(StateColumn, isTold ? tr("%1: %2").arg(stateText(state), reason) : stateText(state));
+    line->setText(StateColumn, workText(*m_queue, row));
     line->setToolTip(StateColumn, line->text(StateColumn));
     if (state == RowState::Done)
         line->setText(ProgressColumn, tr("%1 %").arg(100));

@@ -25,9 +25,6 @@ public:
     /// Shows \a queue, which outlives it.
     explicit QueuePane(zokit::Queue* queue, QWidget* parent = nullptr);
 
-    /// What a state is called: "waiting", "failed".
-    static QString stateText(zokit::RowState state);
-
 private:
     QTreeWidgetItem* item(int row) const;
     int chosen() const;

@@ -26,6 +26,13 @@ Session::Session(const QString& journalFolder, QObject* parent)
     connect(&m_project, &zokit::Project::fileAboutToBeRemoved, this, &Session::noteRemoved);
     connect(&m_project, &zokit::Project::changed, this, &Session::noteChanges);
     connect(&m_model, &zokit::SettingsModel::refused, this, &Session::take);
+    m_workSoon.setSingleShot(true);
+    m_workSoon.setInterval(0);
+    const auto soon = QOverload<>::of(&QTimer::start);
+    connect(&m_workSoon, &QTimer::timeout, this, &Session::noteWork);
+    connect(&m_queue, &zokit::Queue::rowsChanged, &m_workSoon, soon);
+    connect(&m_queue, &zokit::Queue::stateChanged, &m_workSoon, soon);
+    connect(&m_files, &FilesModel::rowsInserted, &m_workSoon, soon);
 }
 
 Session::~Session()

@@ -8,6 +8,7 @@
 #include <QObject>
 #include <QPointer>
 #include <QStringList>
+#include <QTimer>
 #include <QVector>
 
 #include <zokit/history.h>
@@ -131,6 +132,7 @@ private:
     void probeNext();
     void takeMedia(const zokit::ReadMedia& read);
     void addToProject(int row);
+    void noteWork();
     void noteAdded(zokit::FileSettings* file);
     void noteRemoved(zokit::FileSettings* file);
     void noteChanges(const zokit::Changes& changes);
@@ -147,6 +149,7 @@ private:
     std::unique_ptr<zokit::Prober> m_prober;
     QString m_probed; ///< The clip that is being looked into; empty for none.
     zokit::Queue m_queue;
+    QTimer m_workSoon; ///< Rows of the queue change many at a time.
     std::unique_ptr<zokit::QueueFile> m_queueFile;
     std::unique_ptr<zokit::Journal> m_journal;
     QVector<FileRow> m_removed; ///< Rows of files that the history may bring back.

@@ -14,6 +14,8 @@
 #include <zokit/opening.h>
 #include <zokit/settingsfile.h>
 
+#include "jobs.h"
+
 namespace zoeditor {
 
 using zokit::FileSettings;
@@ -212,6 +214,20 @@ void Session::setThumbnail(zokit::Identity file, const QPixmap& picture)
     FileRow row = m_files.rows().at(index);
     row.thumbnail = picture;
     m_files.replace(index, row);
+}
+
+/// Each row says what the queue does with its clip.
+void Session::noteWork()
+{
+    const QHash<QString, QString> works = workOfClips(m_queue);
+    for (int i = 0; i < m_files.rows().size(); ++i) {
+        FileRow row = m_files.rows().at(i);
+        const QString work = works.value(row.path);
+        if (work == row.work)
+            continue;
+        row.work = work;
+        m_files.replace(i, row);
+    }
 }
 
 } // namespace zoeditor

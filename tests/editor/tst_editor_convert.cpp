@@ -32,6 +32,7 @@ private slots:
     void tenSecondsTellTheSizeOfTheWhole();
     void clipIsNotConvertedTwice();
     void failedRowTellsWhyAndIsTriedAgain();
+    void filesTellWhatTheQueueDoesWithThem();
     void rowsArePausedCancelledAndRemoved();
     void whatRanComesBackAsInterrupted();
     void closingWhileConvertingAsks();
@@ -260,10 +261,38 @@ void TestEditorConvert::failedRowTellsWhyAndIsTriedAgain()
     QVERIFY(hasEnded(stage));
     QVERIFY2(stateOf(stage, 0).startsWith(key("failed: ")) && stateOf(stage, 0).contains(key("a-converted.mp4")),
              qPrintable(stateOf(stage, 0)));
+    settle();
+    QCOMPARE(stage.session().files().index(0).data(zoeditor::FilesModel::StateRole).toString(), stateOf(stage, 0));
     QFile::remove(path("a-converted.mp4"));
     click(stage, "retryRow");
     QVERIFY(hasEnded(stage));
     QCOMPARE(stateOf(stage, 0), key("done"));
+}
+
+void TestEditorConvert::filesTellWhatTheQueueDoesWithThem()
+{
+    const Stage stage({clip("plain.mp4", "a.mp4"), clip("plain.mp4", "b.mp4"), clip("plain.mp4", "c.mp4")});
+    const auto states = [&stage] {
+        settle();
+        QStringList words;
+        for (int i = 0; i < stage.session().files().rowCount(); ++i)
+            words.append(stage.session().files().index(i).data(zoeditor::FilesModel::StateRole).toString());
+        return words;
+    };
+    stage.session().select({stage.file(0), stage.file(1)});
+    stage.trigger("convert");
+    click(stage, "start");
+    waitUntilOneRuns(stage);
+    QCOMPARE(states().mid(0, 2), QStringList({key("running"), key("waiting")}));
+    click(stage, "pauseQueue");
+    stage.file(1)->setValue(stage.file(1)->type(key("Color")), key("bcs_contrast"), 5);
+    QCOMPARE(states().mid(0, 2), QStringList({key("paused"), QString::fromUtf8("waiting \302\267 edited")}));
+    click(stage, "pauseQueue");
+    QVERIFY(hasEnded(stage));
+    QCOMPARE(states().mid(0, 2), QStringList({key("done"), QString::fromUtf8("done \302\267 edited")}));
+    for (const int done : stage.session().queue().rows())
+        stage.session().queue().remove(done);
+    QCOMPARE(states(), QStringList({key("untouched"), key("edited"), key("untouched")}));
 }
 
 void TestEditorConvert::rowsArePausedCancelledAndRemoved()
@@ -312,6 +341,10 @@ void TestEditorConvert::whatRanComesBackAsInterrupted()
     const auto* list = editor.window().findChild<QTreeWidget*>(key("queueList"));
     QCOMPARE(list->topLevelItemCount(), 1);
     QCOMPARE(list->topLevelItem(0)->text(1), key("interrupted"));
+    editor.session().open({path("a.mp4")});
+    const zoeditor::FilesModel& files = editor.session().files();
+    QTRY_COMPARE_WITH_TIMEOUT(files.index(0).data(zoeditor::FilesModel::StateRole).toString(), key("interrupted"),
+                              patience);
     QVERIFY(!editor.window().findChild<QWidget*>(key("queueDock"))->isHidden());
     QVERIFY(!QFile::exists(path("a-converted.mp4")));
     editor.window().findChild<QPushButton*>(key("retryRow"))->click();

@@ -30,6 +30,7 @@ private slots:
     void removedFilesComeBackByUndo();
     void seenFilesGetAPicture();
     void listIsFilteredAndSorted();
+    void narrowListShowsStatesWhole();
     void severalAreChosenAtOnce();
     void settingsAreSavedAndOpenedAgain();
     void settingsOpenWithoutTheirClip();
@@ -101,7 +102,7 @@ void TestEditorFiles::listIsThereBeforeTheFilesAreRead()
     QCOMPARE(state(stage, 0), key("untouched"));
     QCOMPARE(stage.session().current(), stage.file(0));
     QCOMPARE(stage.session().files().index(0).data().toString(),
-             QString::fromUtf8("plain.mp4\n160 x 120 \302\267 0:00 \302\267 untouched"));
+             QString::fromUtf8("plain.mp4\nuntouched\n160 x 120 \302\267 0:00"));
     QVERIFY(stage.session().mediaOf(stage.file(1)));
 }
 
@@ -220,6 +221,28 @@ void TestEditorFiles::listIsFilteredAndSorted()
     edit(stage.file(1));
     QTest::keyClicks(stage.find<QLineEdit>("filter"), key("edited"));
     QCOMPARE(names(shown), QStringList{plain});
+}
+
+void TestEditorFiles::narrowListShowsStatesWhole()
+{
+    const Stage stage;
+    stage.session().open({copyOf("plain.mp4", stage.folder, "a film with a name that is longer than the list.mp4")});
+    stage.waitForFiles();
+    edit(stage.file(0));
+    auto* list = stage.find<QListView>("fileList");
+    QCOMPARE(list->iconSize(), QSize(64, 36));
+    stage.window().resize(1024, 640);
+    stage.find<QSplitter>("columns")->setSizes({0, 800, 200});
+    settle();
+    constexpr int margins = 6; // Around the text.
+    const int room = list->viewport()->width() - list->iconSize().width() - margins;
+    for (const char* state :
+         {"untouched", "is being read", "interrupted", "unber\303\274hrt", "wird gelesen", "unterbrochen"}) {
+        const int width = list->fontMetrics().horizontalAdvance(QString::fromUtf8(state));
+        QVERIFY2(width <= room,
+                 qPrintable(QStringLiteral("%1: %2 > %3").arg(QString::fromUtf8(state)).arg(width).arg(room)));
+    }
+    QCOMPARE(list->model()->index(0, 0).data().toString().section(QLatin1Char('\n'), 1, 1), key("edited"));
 }
 
 void TestEditorFiles::severalAreChosenAtOnce()

@@ -418,6 +418,10 @@
         <source>Revert: %1</source>
         <translation>Zurücksetzen: %1</translation>
     </message>
+    <message>
+        <source>Anchor</source>
+        <translation>Anker</translation>
+    </message>
 </context>
 <context>
     <name>zoeditor::PictureAccess</name>
@@ -1015,6 +1019,38 @@
         <source>There is nothing to convert. Add files first.</source>
         <translation>Es gibt nichts umzuwandeln. Fügen Sie erst Dateien hinzu.</translation>
     </message>
+    <message>
+        <source>waiting</source>
+        <translation>wartet</translation>
+    </message>
+    <message>
+        <source>running</source>
+        <translation>läuft</translation>
+    </message>
+    <message>
+        <source>paused</source>
+        <translation>angehalten</translation>
+    </message>
+    <message>
+        <source>done</source>
+        <translation>fertig</translation>
+    </message>
+    <message>
+        <source>failed</source>
+        <translation>fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>cancelled</source>
+        <translation>abgebrochen</translation>
+    </message>
+    <message>
+        <source>skipped</source>
+        <translation>ausgelassen</translation>
+    </message>
+    <message>
+        <source>interrupted</source>
+        <translation>unterbrochen</translation>
+    </message>
 </context>
 <context>
     <name>zoeditor::LanguageList</name>
@@ -1144,38 +1180,6 @@
         <translation>%1 min</translation>
     </message>
     <message>
-        <source>waiting</source>
-        <translation>wartet</translation>
-    </message>
-    <message>
-        <source>running</source>
-        <translation>läuft</translation>
-    </message>
-    <message>
-        <source>paused</source>
-        <translation>angehalten</translation>
-    </message>
-    <message>
-        <source>done</source>
-        <translation>fertig</translation>
-    </message>
-    <message>
-        <source>failed</source>
-        <translation>fehlgeschlagen</translation>
-    </message>
-    <message>
-        <source>cancelled</source>
-        <translation>abgebrochen</translation>
-    </message>
-    <message>
-        <source>skipped</source>
-        <translation>ausgelassen</translation>
-    </message>
-    <message>
-        <source>interrupted</source>
-        <translation>unterbrochen</translation>
-    </message>
-    <message>
         <source>Queue</source>
         <translation>Warteschlange</translation>
     </message>
@@ -1226,10 +1230,6 @@
     <message>
         <source>&amp;Go on</source>
         <translation>&amp;Weiter</translation>
-    </message>
-    <message>
-        <source>%1: %2</source>
-        <translation>%1: %2</translation>
     </message>
     <message>
         <source>%1 %</source>
@@ -1350,6 +1350,53 @@
     <message>
         <source>What</source>
         <translation>Was</translation>
+    </message>
+</context>
+<context>
+    <name>zoeditor::AnchorControl</name>
+    <message>
+        <source>top left</source>
+        <translation>oben links</translation>
+    </message>
+    <message>
+        <source>top</source>
+        <translation>oben</translation>
+    </message>
+    <message>
+        <source>top right</source>
+        <translation>oben rechts</translation>
+    </message>
+    <message>
+        <source>left</source>
+        <translation>links</translation>
+    </message>
+    <message>
+        <source>middle</source>
+        <translation>Mitte</translation>
+    </message>
+    <message>
+        <source>right</source>
+        <translation>rechts</translation>
+    </message>
+    <message>
+        <source>bottom left</source>
+        <translation>unten links</translation>
+    </message>
+    <message>
+        <source>bottom</source>
+        <translation>unten</translation>
+    </message>
+    <message>
+        <source>bottom right</source>
+        <translation>unten rechts</translation>
+    </message>
+    <message>
+        <source>free</source>
+        <translation>frei</translation>
+    </message>
+    <message>
+        <source>The place in the frame that the watermark keeps at every size. Free: it stays where it was put. (anchor)</source>
+        <translation>Der Platz im Bild, den das Wasserzeichen in jeder Größe behält. Frei: Es bleibt, wo es hingesetzt wurde. (anchor)</translation>
     </message>
 </context>
 </TS>
