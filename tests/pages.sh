@@ -23,7 +23,7 @@ done
 same 'pages: each chapter has one' '' "$missing" || true
 missing=
 for name in ZoEffectModel ZoEffectItemData ZoEffectItemDefaultValMgr ZoPref ZoPrefProvider \
-    zokit_1_1{FileSettings,History,Journal,Message,Presets,Project,SettingsModel,WatermarkPictures}; do
+    zokit_1_1{FileSettings,History,Journal,Message,Presets,Project,SettingsModel,ShownFrames,WatermarkPictures}; do
     [[ -e $html/class$name.html ]] || missing+="$name "
 done
 for name in CropData EffectDefaultVal SubEffectItem EffectControlItem zokit_1_1{Address,Anchor,Property,Settings}; do

@@ -8,6 +8,8 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+#include <zokit/shownframes.h>
+
 #include "actions.h"
 #include "applydialog.h"
 #include "convertdialog.h"
@@ -15,7 +17,6 @@
 #include "presetsdialog.h"
 #include "queuepane.h"
 #include "session.h"
-#include "shownframes.h"
 #include "sleepguard.h"
 #include "tracksdialog.h"
 #include "window.h"

@@ -11,18 +11,18 @@
 
 #include <zokit/filesettings.h>
 #include <zokit/graph.h>
+#include <zokit/shownframes.h>
 
 #include "actions.h"
 #include "pictureview.h"
 #include "session.h"
-#include "shownframes.h"
 
 namespace zoeditor {
 
 PicturePane::PicturePane(Session& session, const Actions& actions, QWidget* parent)
     : QWidget(parent)
     , m_session(session)
-    , m_frames(new ShownFrames(session.tools(), this))
+    , m_frames(new zokit::ShownFrames(session.tools(), this))
     , m_view(new PictureView(session, *m_frames, this))
     , m_zoom(new QLabel(this))
     , m_notes(new QLabel(this))
@@ -41,7 +41,7 @@ PicturePane::PicturePane(Session& session, const Actions& actions, QWidget* pare
 
     connect(&session, &Session::currentChanged, this, &PicturePane::showFile);
     connect(&session, &Session::fileStateChanged, this, &PicturePane::showFile);
-    connect(m_frames, &ShownFrames::changed, this, &PicturePane::showNotes);
+    connect(m_frames, &zokit::ShownFrames::changed, this, &PicturePane::showNotes);
     showFile();
 }
 

@@ -7,12 +7,15 @@
 
 class QLabel;
 
+namespace zokit {
+class ShownFrames;
+}
+
 namespace zoeditor {
 
 class Actions;
 class PictureView;
 class Session;
-class ShownFrames;
 
 /// The picture of the current file with its row of tools, and what is to be said of it.
 class PicturePane : public QWidget {
@@ -23,7 +26,7 @@ public:
     PicturePane(Session& session, const Actions& actions, QWidget* parent = nullptr);
 
     PictureView& view() const { return *m_view; }
-    ShownFrames& frames() const { return *m_frames; }
+    zokit::ShownFrames& frames() const { return *m_frames; }
 
 private:
     void makeTools(const Actions& actions);
@@ -31,7 +34,7 @@ private:
     void showNotes();
 
     Session& m_session;
-    ShownFrames* m_frames;
+    zokit::ShownFrames* m_frames;
     PictureView* m_view;
     QLabel* m_zoom;
     QLabel* m_notes;

@@ -11,10 +11,10 @@
 
 #include <zokit/filesettings.h>
 #include <zokit/graph.h>
+#include <zokit/shownframes.h>
 
 #include "pictureaccess.h"
 #include "session.h"
-#include "shownframes.h"
 
 // What is shown, and how it follows the file. What mouse and keys do is in pictureview_input.cpp, what is painted in
 // pictureview_paint.cpp.
@@ -28,7 +28,7 @@ constexpr double zoomStep = 1.25;
 
 } // namespace
 
-PictureView::PictureView(Session& session, ShownFrames& frames, QWidget* parent)
+PictureView::PictureView(Session& session, zokit::ShownFrames& frames, QWidget* parent)
     : QWidget(parent), m_session(session), m_frames(frames), m_drag(session)
 {
     PictureAccess::install(); // Before its name: that makes a screen reader ask for what it is.
@@ -39,7 +39,7 @@ PictureView::PictureView(Session& session, ShownFrames& frames, QWidget* parent)
     setAttribute(Qt::WA_OpaquePaintEvent);
     connect(&session, &Session::currentChanged, this, &PictureView::follow);
     connect(&session, &Session::thingChanged, this, &PictureView::updateScene);
-    connect(&frames, &ShownFrames::changed, this, &PictureView::updateFrames);
+    connect(&frames, &zokit::ShownFrames::changed, this, &PictureView::updateFrames);
     follow(session.current());
 }
 

@@ -9,10 +9,13 @@
 
 #include "picturedrag.h"
 
+namespace zokit {
+class ShownFrames;
+}
+
 namespace zoeditor {
 
 class Session;
-class ShownFrames;
 
 /// The picture of the current file: crop and watermarks can be dragged on it, by mouse and by keys.
 ///
@@ -28,7 +31,7 @@ public:
     enum class Show { After, Before, Split };
 
     /// Shows what is current in \a session by \a frames; both outlive it.
-    PictureView(Session& session, ShownFrames& frames, QWidget* parent = nullptr);
+    PictureView(Session& session, zokit::ShownFrames& frames, QWidget* parent = nullptr);
 
     void setShow(Show show);
     Show show() const { return m_show; }
@@ -92,7 +95,7 @@ private:
     QRect loupeArea() const;
 
     Session& m_session;
-    ShownFrames& m_frames;
+    zokit::ShownFrames& m_frames;
     PictureDrag m_drag;
     QPointer<zokit::FileSettings> m_file;
     zokit::WatermarkPictures m_pictures;

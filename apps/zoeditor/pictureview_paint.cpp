@@ -8,8 +8,7 @@
 
 #include <zokit/filesettings.h>
 #include <zokit/graph.h>
-
-#include "shownframes.h"
+#include <zokit/shownframes.h>
 
 namespace zoeditor {
 

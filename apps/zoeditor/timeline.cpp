@@ -17,11 +17,11 @@
 #include <QVBoxLayout>
 
 #include <zokit/filesettings.h>
+#include <zokit/shownframes.h>
 
 #include "actions.h"
 #include "listening.h"
 #include "session.h"
-#include "shownframes.h"
 #include "subtitletimes.h"
 
 namespace zoeditor {
@@ -136,7 +136,7 @@ void TimeBar::mouseMoveEvent(QMouseEvent* event)
         goTo(*event);
 }
 
-TimeLine::TimeLine(Session& session, ShownFrames& frames, const Actions& actions, QWidget* parent)
+TimeLine::TimeLine(Session& session, zokit::ShownFrames& frames, const Actions& actions, QWidget* parent)
     : QWidget(parent)
     , m_session(session)
     , m_frames(frames)
@@ -174,7 +174,7 @@ TimeLine::TimeLine(Session& session, ShownFrames& frames, const Actions& actions
         setPlaying(false);
         m_frames.setSeconds(value / thousand);
     });
-    connect(&frames, &ShownFrames::secondsChanged, this, &TimeLine::showMoment);
+    connect(&frames, &zokit::ShownFrames::secondsChanged, this, &TimeLine::showMoment);
     connect(&session, &Session::currentChanged, this, &TimeLine::showFile);
     connect(&session, &Session::fileStateChanged, this, &TimeLine::showFile);
     connect(&session.project(), &zokit::Project::changed, this, &TimeLine::showPart);

@@ -14,12 +14,15 @@ class QAction;
 class QHBoxLayout;
 class QLabel;
 
+namespace zokit {
+class ShownFrames;
+}
+
 namespace zoeditor {
 
 class Actions;
 class Listening;
 class Session;
-class ShownFrames;
 class SubtitleTimes;
 
 /// A slider of milliseconds that shows which part of the clip is converted, and where subtitles are. A click goes to
@@ -59,7 +62,7 @@ class TimeLine : public QWidget {
 
 public:
     /// Moves \a frames, and connects the actions of the menu "time". All outlive it.
-    TimeLine(Session& session, ShownFrames& frames, const Actions& actions, QWidget* parent = nullptr);
+    TimeLine(Session& session, zokit::ShownFrames& frames, const Actions& actions, QWidget* parent = nullptr);
 
     /// Whether the moment goes on by itself.
     bool isPlaying() const { return m_play.isActive(); }
@@ -80,7 +83,7 @@ private:
     double length() const;
 
     Session& m_session;
-    ShownFrames& m_frames;
+    zokit::ShownFrames& m_frames;
     TimeBar* m_bar;
     QLabel* m_time;
     QVector<QAction*> m_actions;

@@ -10,10 +10,10 @@
 
 #include <zokit/filesettings.h>
 #include <zokit/history.h>
+#include <zokit/shownframes.h>
 
 #include <actions.h>
 #include <picturepane.h>
-#include <shownframes.h>
 #include <timeline.h>
 
 #include "editorsupport.h"
@@ -61,7 +61,7 @@ struct Clip : Stage {
 
     TimeBar* bar = nullptr;
     TimeLine* line = nullptr;
-    zoeditor::ShownFrames* frames = nullptr;
+    zokit::ShownFrames* frames = nullptr;
 };
 
 } // namespace
