@@ -33,7 +33,15 @@ include(CMakeFindDependencyMacro)
 find_dependency(Qt${ZoEffect_HOST_QT} ${ZoEffect_QT_VERSION_${ZoEffect_HOST_QT}} COMPONENTS Core Gui)
 include("${CMAKE_CURRENT_LIST_DIR}/ZoEffectQt${ZoEffect_HOST_QT}Targets.cmake")
 
-foreach(ZoEffect_component IN LISTS ZoEffect_FIND_COMPONENTS)
+# The kit for Qt Quick brings the kit.
+set(ZoEffect_components ${ZoEffect_FIND_COMPONENTS})
+if("KitQuick" IN_LIST ZoEffect_components
+    AND EXISTS "${CMAKE_CURRENT_LIST_DIR}/ZoEffectQt${ZoEffect_HOST_QT}KitQuickTargets.cmake")
+  find_dependency(Qt${ZoEffect_HOST_QT} ${ZoEffect_QT_VERSION_${ZoEffect_HOST_QT}} COMPONENTS Quick)
+  list(PREPEND ZoEffect_components Kit)
+  list(REMOVE_DUPLICATES ZoEffect_components)
+endif()
+foreach(ZoEffect_component IN LISTS ZoEffect_components)
   include("${CMAKE_CURRENT_LIST_DIR}/ZoEffectQt${ZoEffect_HOST_QT}${ZoEffect_component}Targets.cmake"
     OPTIONAL RESULT_VARIABLE ZoEffect_${ZoEffect_component}_FOUND)
   if(NOT ZoEffect_${ZoEffect_component}_FOUND AND ZoEffect_FIND_REQUIRED_${ZoEffect_component})

@@ -2,8 +2,8 @@
 # SPDX-FileCopyrightText: 2026 The libzoeffect developers
 # SPDX-License-Identifier: MIT
 
-# exported_symbols.sh LIBRARY [KIT]: compares what the shared library, and the kit, export with debian/libzoeffect1.symbols
-# and debian/libzoeffectkit1.symbols.
+# exported_symbols.sh LIBRARY [KIT [KITQUICK]]: compares what the shared library, the kit, and the kit for Qt Quick export
+# with debian/libzoeffect1.symbols, debian/libzoeffectkit1.symbols and debian/libzoeffectkitquick1.symbols.
 set -euo pipefail
 here=$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")
 # shellcheck source-path=SCRIPTDIR source=support/rows.sh
@@ -35,5 +35,8 @@ if (($# > 1)); then
     compared kit "$2" libzoeffectkit1
     same 'exported symbols: kit: data are the meta-objects' '' \
         "$(exported "$2" | sed -nE 's/^[BDR] //p' | grep -v '^zokit::[A-Za-z]*::staticMetaObject$' || true)" || true
+fi
+if (($# > 2)); then
+    compared 'kit for Qt Quick' "$3" libzoeffectkitquick1
 fi
 finish

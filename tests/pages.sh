@@ -26,6 +26,9 @@ for name in ZoEffectModel ZoEffectItemData ZoEffectItemDefaultValMgr ZoPref ZoPr
     zokit_1_1{FileSettings,History,Journal,Message,Presets,Project,SettingsModel,ShownFrames,WatermarkPictures}; do
     [[ -e $html/class$name.html ]] || missing+="$name "
 done
+for name in zokitquick_1_1{FileSettings,PreviewPicture,SettingsModel}; do
+    [[ -e $html/class$name.html ]] || missing+="$name "
+done
 for name in CropData EffectDefaultVal SubEffectItem EffectControlItem zokit_1_1{Address,Anchor,Property,Settings}; do
     [[ -e $html/struct$name.html ]] || missing+="$name "
 done
