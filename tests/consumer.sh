@@ -5,7 +5,7 @@
 # consumer.sh BUILD: installs library and kit from the build tree BUILD into a prefix with a space in its name,
 # moves that elsewhere, and builds and runs the host in consumer/ against it: with CMake and with pkg-config
 # and a plain compiler call, with g++ and clang++. The kit's headers, and the host of the guide's first chapter, are
-# compiled by g++. Where BUILD is for Qt 6 and the build tree dev beside it has
+# compiled by g++, and the QML module is loaded. Where BUILD is for Qt 6 and the build tree dev beside it has
 # both for Qt 5, they are installed into the same prefix, too, and each host finds its own. Works in
 # BUILD/tests/consumer.
 set -euo pipefail
@@ -22,6 +22,7 @@ names=([5]=zoeffect [6]=zoeffect-qt6)
 kit_names=([5]=zoeffectkit [6]=zoeffectkit-qt6)
 name=${names[qt]}
 kit=${kit_names[qt]}
+quick=${kit/kit/kitquick}
 
 rm -rf "$work"
 mkdir -p "$work/tmp"
@@ -35,6 +36,7 @@ same 'consumer: these files are installed and no others' \
     "bin/zoconvert
 bin/zoeditor
 $(cd "$here/../kit" && printf 'include/zoeffect-kit/%s\n' zokit/*.h zokit/zokit_export.h | LC_ALL=C sort)
+$(cd "$here/../kitquick" && printf 'include/zoeffect-kitquick/%s\n' zokitquick/*.h zokitquick/zokitquick_export.h | LC_ALL=C sort)
 include/zoeffect/writelog.h
 include/zoeffect/zoeffect_export.h
 include/zoeffect/zoeffectcatalogue.h
@@ -45,6 +47,8 @@ include/zoeffect/zopref.h
 lib/cmake/ZoEffect/ZoEffectConfig.cmake
 lib/cmake/ZoEffect/ZoEffectConfigVersion.cmake
 lib/cmake/ZoEffect/ZoEffectHostQt.cmake
+lib/cmake/ZoEffect/ZoEffectQt${qt}KitQuickTargets-debug.cmake
+lib/cmake/ZoEffect/ZoEffectQt${qt}KitQuickTargets.cmake
 lib/cmake/ZoEffect/ZoEffectQt${qt}KitTargets-debug.cmake
 lib/cmake/ZoEffect/ZoEffectQt${qt}KitTargets.cmake
 lib/cmake/ZoEffect/ZoEffectQt${qt}Targets-debug.cmake
@@ -55,8 +59,15 @@ lib/lib$name.so.$version
 lib/lib$kit.so
 lib/lib$kit.so.1
 lib/lib$kit.so.$version
+lib/lib$quick.so
+lib/lib$quick.so.1
+lib/lib$quick.so.$version
 lib/pkgconfig/$name.pc
 lib/pkgconfig/$kit.pc
+lib/pkgconfig/$quick.pc
+lib/qt$qt/qml/ZoEffect/Kit/libzoeffectkitplugin.so
+lib/qt$qt/qml/ZoEffect/Kit/plugins.qmltypes
+lib/qt$qt/qml/ZoEffect/Kit/qmldir
 share/applications/zoeditor.desktop
 share/bash-completion/completions/zoconvert
 share/icons/hicolor/scalable/apps/zoeditor.svg
@@ -77,7 +88,9 @@ same 'consumer: soname' "lib$name.so.1" "$(dynamic SONAME)" || true
 same 'consumer: links' "lib$name.so -> lib$name.so.1
 lib$name.so.1 -> lib$name.so.$version
 lib$kit.so -> lib$kit.so.1
-lib$kit.so.1 -> lib$kit.so.$version" \
+lib$kit.so.1 -> lib$kit.so.$version
+lib$quick.so -> lib$quick.so.1
+lib$quick.so.1 -> lib$quick.so.$version" \
     "$(cd "$prefix/lib" && find . -type l -printf '%P -> %l\n' | LC_ALL=C sort)" || true
 same 'consumer: needs Qt Core and Gui alone' "libQt${qt}Core.so
 libQt${qt}Gui.so" "$(dynamic NEEDED | sed -n 's/^\(libQt.*\.so\)\..*/\1/p')" || true
@@ -122,7 +135,7 @@ refused() {
 for compiler in g++ clang++; do
     tree="$work/with $compiler"
     component='' folders=(zoeffect)
-    [[ $compiler != g++ ]] || component=Kit folders=(zoeffect zoeffect-kit)
+    [[ $compiler != g++ ]] || component=KitQuick folders=(zoeffect zoeffect-kit zoeffect-kitquick)
     if check "consumer: $compiler: finds the package" configure "$tree" "$compiler" -DCONSUMER_COMPONENTS=$component &&
         check "consumer: $compiler: each header alone, without a warning" \
             quietly cmake --build "$tree" --target headers &&
@@ -177,6 +190,14 @@ if check 'consumer: kit: pkg-config: the host, without a warning' quietly eval g
     -Werror "'$example/main.cpp'" -o "'$work/from-nothing'" "$(pkg-config --cflags --libs "$kit")"; then
     LD_LIBRARY_PATH="$prefix/lib" from_nothing pkg-config "$work/from-nothing"
 fi
+
+# --- The kit for Qt Quick ------------------------------------------------------------------------------------------
+
+same 'consumer: kit for Qt Quick: the installed QML module has its types' 'FileSettings PreviewPicture SettingsModel ' \
+    "$("/usr/lib/qt$qt/bin/qmlplugindump" -nonrelocatable ZoEffect.Kit 1.1 "$prefix/lib/qt$qt/qml" 2> /dev/null |
+        sed -nE 's/^ *exports: \["ZoEffect\.Kit\/(.*) 1\.1"\]$/\1/p' | tr '\n' ' ')" || true
+same 'consumer: kit for Qt Quick: pkg-config brings the kit and Qt Quick' "-l$quick -l$kit -l$name" \
+    "$(pkg-config --libs-only-l "$quick" | grep -oE -e '-lzo[^ ]+' | paste -sd ' ')" || true
 
 # --- Both Qts in one prefix ----------------------------------------------------------------------------------------
 

@@ -89,6 +89,12 @@ libzoeffectkit-dev_${version}_$architecture.deb
 libzoeffectkit-qt6-1_${version}_$architecture.deb
 libzoeffectkit-qt6-dev_${version}_$architecture.deb
 libzoeffectkit1_${version}_$architecture.deb
+libzoeffectkitquick-dev_${version}_$architecture.deb
+libzoeffectkitquick-qt6-1_${version}_$architecture.deb
+libzoeffectkitquick-qt6-dev_${version}_$architecture.deb
+libzoeffectkitquick1_${version}_$architecture.deb
+qml-module-zoeffect-kit_${version}_$architecture.deb
+qml6-module-zoeffect-kit_${version}_$architecture.deb
 zoeffect-editor_${version}_$architecture.deb
 zoeffect-tools_${version}_$architecture.deb" "$(cd build/packages && printf '%s\n' *)" || true
 for package in build/packages/*.deb; do
@@ -105,7 +111,8 @@ echo 'APT::Install-Recommends "false";' > "$root/etc/apt/apt.conf.d/only-what-is
 mkdir "$root"/root/{first-host,from-nothing}
 # What the chapter asks for besides comes first: what has come after that, and stays, is the packages' own.
 check 'packages: compiler, CMake and ffmpeg are installed' enter sh -c \
-    'apt-get update && apt-get install --yes cmake ffmpeg fonts-dejavu-core g++ libgl-dev make pkgconf qt6-base-dev qtbase5-dev' || finish
+    'apt-get update && apt-get install --yes cmake ffmpeg fonts-dejavu-core g++ libgl-dev make pkgconf qml-module-qtquick2 qml6-module-qtquick \
+    qt6-base-dev qt6-declarative-dev qtbase5-dev qtdeclarative5-dev' || finish
 files_inside > "$folder/before"
 
 cp build/packages/*.deb "$root/root/first-host"
@@ -125,7 +132,8 @@ check 'packages: the first chapter installs the kit' enter sh -euc 'cd /root/fir
 check 'packages: all others are installed beside them' \
     enter sh -c 'apt-get install --yes /root/first-host/*.deb' || true
 readonly packages=(libzoeffect1 libzoeffect-dev libzoeffect-qt6-1 libzoeffect-qt6-dev libzoeffectkit1 libzoeffectkit-dev
-    libzoeffectkit-qt6-1 libzoeffectkit-qt6-dev libzoeffect-common-dev libzoeffect-doc zoeffect-editor
+    libzoeffectkit-qt6-1 libzoeffectkit-qt6-dev libzoeffectkitquick1 libzoeffectkitquick-dev libzoeffectkitquick-qt6-1
+    libzoeffectkitquick-qt6-dev qml-module-zoeffect-kit qml6-module-zoeffect-kit libzoeffect-common-dev libzoeffect-doc zoeffect-editor
     zoeffect-tools)
 files_inside > "$folder/installed"
 enter dpkg -L "${packages[@]}" | LC_ALL=C sort -u > "$folder/owned"
