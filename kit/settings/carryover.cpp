@@ -200,8 +200,9 @@ const Settings& Carrier::arrivingIn(const QSize& frame)
     return *known;
 }
 
-Settings Carrier::over(const Settings& to)
+Settings Carrier::over(const Settings& given)
 {
+    const Settings to = withoutMeasures(given); // As the settings are of every file that takes this on.
     if (m_wanted.isEmpty())
         return to;
     const QSize before = baseFrame(to);

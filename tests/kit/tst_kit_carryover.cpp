@@ -33,6 +33,7 @@ private slots:
     void refusedWithAReason();
     void missingImageIsNamedAtItsItem();
     void presetOfNoFrameTakesThePlacesOfTheTarget();
+    void measureOfATextIsNoSetting();
     void unplacedItemComesOnce();
     void busyTargetLeavesAllAsTheyWere();
 };
@@ -578,6 +579,22 @@ void TestKitCarryOver::presetOfNoFrameTakesThePlacesOfTheTarget()
 }
 
 /// An item that is there already, and that its anchor has still to place in both, as a file written by hand may say.
+void TestKitCarryOver::measureOfATextIsNoSetting()
+{
+    // An image that was made into a text still has its height.
+    FileSettings from(clip());
+    from.setValue(from.type(key("Color")), key("bcs_contrast"), 5);
+    Project project;
+    FileSettings* target = project.add(clip());
+    target->insert(key("Watermark"), {{key("wm_istextwatermark"), false}, {key("wm_imageheight"), 40}});
+    target->setValue(target->item(key("Watermark"), 0), key("wm_istextwatermark"), true);
+    const CarryOver carry{{key("Color")}, false};
+    const Settings dry = zokit::carriedOver(from.settings(), target->settings(), carry);
+    QVERIFY(!dry.find(key("Watermark"))->items.first().values.contains(key("wm_imageheight")));
+    QVERIFY(project.apply(from.settings(), {target}, carry).isEmpty());
+    QVERIFY(target->settings() == dry);
+}
+
 void TestKitCarryOver::unplacedItemComesOnce()
 {
     FileSettings file(clip());
