@@ -291,6 +291,11 @@ private:
 
     void planSound(TrackPlan& plan, const MediaStream& stream, bool hasEffects)
     {
+        if (stream.sampleRate <= 0) { // Announced, and not there as far as ffmpeg looks: no container takes it.
+            leaveOut(plan, Message(Code::SoundUnknown));
+            m_plan.tracks.append(plan);
+            return;
+        }
         const QString wanted = option(m_settings, "audio-codec");
         const bool copies = wanted == QLatin1String("copy");
         plan.hasEffects = hasEffects;

@@ -159,6 +159,7 @@ constexpr Text texts[] = {
     {Code::NothingToConvert, QT_TRANSLATE_NOOP("zokit", "There is neither picture nor sound to convert. Choose another file.")},
     {Code::NoSoundInLanguage, QT_TRANSLATE_NOOP("zokit", "No audio track is in %1.| Ask for a language that the clip has: %2.")},
     {Code::NoSubtitleInLanguage, QT_TRANSLATE_NOOP("zokit", "No subtitle is in %1.| Ask for a language that the clip has: %2.")},
+    {Code::SoundUnknown, QT_TRANSLATE_NOOP("zokit", "its sample rate is not known")},
     {Code::StepChange,       QT_TRANSLATE_NOOP("zokit", "change %1")},
     {Code::StepSelect,       QT_TRANSLATE_NOOP("zokit", "switch %1")},
     {Code::StepAdd,          QT_TRANSLATE_NOOP("zokit", "add %1")},

@@ -1803,5 +1803,9 @@
         <source>No subtitle is in %1.| Ask for a language that the clip has: %2.</source>
         <translation>Kein Untertitel ist in %1.| Fragen Sie nach einer Sprache, die der Clip hat: %2.</translation>
     </message>
+    <message>
+        <source>its sample rate is not known</source>
+        <translation>ihre Abtastrate ist nicht bekannt</translation>
+    </message>
 </context>
 </TS>

@@ -163,6 +163,7 @@ public:
         NothingToConvert,
         NoSoundInLanguage,    ///< 1: the languages that were asked for, 2: those that the clip has, or empty.
         NoSubtitleInLanguage, ///< The same.
+        SoundUnknown,
         // Steps of the history, as a menu says them behind "Undo" and "Redo"
         StepChange, ///< 1: the property.
         StepSelect, ///< 1: what.

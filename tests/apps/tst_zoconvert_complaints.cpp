@@ -202,6 +202,11 @@ void TestZoconvertComplaints::noTrackIsLostWithoutAWord_data()
                                                << "track 0 (video, h264): copied|track 1 (audio, aac): copied|track 2 "
                                                   "(attachment, ttf): left out, because mp4 "
                                                   "holds no attachment";
+    QTest::newRow("a sound that is only announced")
+        << "no-rate.ts"
+        << "new.mkv"
+        << "h264"
+        << "track 0 (video, h264): copied|track 1 (audio, aac): left out, because its sample rate is not known";
 }
 
 void TestZoconvertComplaints::noTrackIsLostWithoutAWord()

@@ -40,6 +40,7 @@ constexpr Recipe recipes[] = {
     {"plain.mkv",        "-i {plain.mp4} -c copy"},
     {"plain.mov",        "-i {plain.mp4} -c copy"},
     {"plain.ts",         "-i {plain.mp4} -c copy"},
+    {"no-rate.ts",       "-i {plain.mp4} -c copy -bsf:a noise=drop=1"}, // Sound that is announced, and not there.
     {"plain.flv",        "-i {plain.mp4} -c copy"},
     {"plain.webm",       PICTURE SOUND "-c:v libvpx -deadline realtime -cpu-used 8 -c:a libvorbis"},
     {"vp9.webm",         PICTURE SOUND "-c:v libvpx-vp9 -deadline realtime -cpu-used 8 -c:a libopus"},
