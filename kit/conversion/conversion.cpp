@@ -18,6 +18,7 @@
 
 #include "assscript_p.h"
 #include "codecs_p.h"
+#include "damage_p.h"
 #include "keyframe_p.h"
 #include "partfile_p.h"
 #include "trackplan_p.h"
@@ -424,7 +425,7 @@ void Conversion::Private::converted(const ChildResult& result)
 {
     if (!result.isGood())
         return fail(reasonOf(result, m_command), kindOf(result));
-    if (!result.words.trimmed().isEmpty()) {
+    if (!damageIn(result.words, m_media, clipPart(m_job.settings, m_media).from > 0).isEmpty()) {
         m_hasDamage = true;
         warn(Message(Code::DamageTold, {result.lastWords()}));
     }

@@ -56,6 +56,7 @@ class TestZoconvertComplaints : public QObject {
 private Q_SLOTS:
     void aFullDiskIsNoSuccess();
     void aCutFileIsNotSimplyDone();
+    void aTrimmedFileIsNotCalledDamaged();
     void theExitCodeTellsTheAim();
     void nothingIsOverwrittenUnasked_data();
     void nothingIsOverwrittenUnasked();
@@ -112,6 +113,24 @@ void TestZoconvertComplaints::aCutFileIsNotSimplyDone()
              QStringLiteral("zoconvert: cut.mkv: The input is damaged, and --strict does not allow that. Leave "
                             "it out to convert what can be read.\n"));
     QVERIFY(!QFile::exists(run.path("strict.mkv")));
+}
+
+void TestZoconvertComplaints::aTrimmedFileIsNotCalledDamaged()
+{
+    ProgramRun run;
+    put(run, "long.mpg", "long.mpg");
+    run.run({"convert", "long.mpg", "--trim", "0.5,2.5", "-o", "new.mp4", "--strict"});
+    QCOMPARE(run.err, QStringLiteral("zoconvert: long.mpg: track 0 (video, mpeg2video): converted to h264\n"
+                                     "zoconvert: long.mpg: track 1 (audio, mp2): converted to aac\n"
+                                     "zoconvert: long.mpg: done: new.mp4\n"));
+    QFile whole(clips::clip(QStringLiteral("long.mpg")));
+    QVERIFY(whole.open(QIODevice::ReadOnly));
+    QByteArray bytes = whole.readAll();
+    for (int at = static_cast<int>(bytes.size()) / 3; at + 64 < bytes.size() * 2 / 3; at += 1000)
+        bytes.replace(at, 64, QByteArray(64, '\0'));
+    run.write("damaged.mpg", bytes);
+    run.run({"convert", "damaged.mpg", "--trim", "0.5,2.5", "-o", "other.mp4"});
+    QVERIFY2(run.err.contains(QStringLiteral("warning: The input is damaged")), qPrintable(run.err));
 }
 
 // HandBrake/HandBrake#4270

@@ -98,6 +98,7 @@ constexpr Recipe recipes[] = {
     // Times
     {"late.ts",          "-i {plain.mp4} -c copy -output_ts_offset 10"},
     {"counting.mkv",     "-f lavfi -i nullsrc=s=64x48:r=25:d=4,format=yuv420p,geq=16+2*N:128:128 -c:v ffv1 -colorspace bt709 -color_range tv"},
+    {"long.mpg",         "-f lavfi -i testsrc2=s=176x144:r=25:d=3 -f lavfi -i sine=d=3 -c:v mpeg2video -c:a mp2"},
     {"long.ts",          "-f lavfi -i testsrc2=s=160x120:r=25:d=8 " X264 "-g 100 -bf 2"},
     {"gap.mkv",          "-f lavfi -i testsrc2=s=160x120:r=25:d=8 -vf select=lt(n\\,10)+gt(n\\,180) -fps_mode vfr -c:v ffv1 -pix_fmt yuv420p"},
     {"late-picture.mkv", "-itsoffset 0.5 -i {silent.mkv} -i {sound.wav} -map 0 -map 1 -c:v copy"},
