@@ -45,19 +45,12 @@ QString sizeText(const QSize& size)
 /// \a input with the tracks of its clip: those of the rules selected, each an item. The sentence says why not.
 QString chooseTracks(Input& input, const zokit::MediaInfo& media)
 {
-    const zokit::Settings settings = input.settings->settings();
-    zokit::Message error;
-    const std::optional<zokit::TrackRules> rules = zokit::trackRulesFrom(settings.tracks, &error);
-    if (!rules)
-        return error.text();
-    const QVector<zokit::TrackChoice> choices = zokit::chosenTracks(*rules, media.tracks(), settings.media.file,
-                                                                    zokit::sidecarsOf(settings.media.file), &error);
-    if (!error.isEmpty())
-        return error.text();
-    input.settings->setSettings(zokit::withTracks(settings, choices, *rules));
-    for (const zokit::Message& missing : zokit::missingLanguages(*rules, choices))
+    const zokit::RuledTracks ruled = zokit::tracksByRule(input.settings->settings(), media);
+    if (ruled.error.isEmpty())
+        input.settings->setSettings(ruled.settings);
+    for (const zokit::Message& missing : ruled.warnings)
         input.warnings.append(missing.text());
-    return QString();
+    return ruled.error.text();
 }
 
 void loadMedia(Input& input, const Invocation& invocation)

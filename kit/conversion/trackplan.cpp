@@ -5,7 +5,6 @@
 
 #include <algorithm>
 
-#include <QCoreApplication>
 #include <QFileInfo>
 
 #include <zokit/graph.h>
@@ -15,6 +14,7 @@
 #include "picture_p.h"
 #include "realeffect_p.h"
 #include "trackplan_p.h"
+#include "trackwords_p.h"
 
 namespace zokit {
 
@@ -31,25 +31,6 @@ bool names(const Settings& settings, std::initializer_list<const char*> options)
 {
     return std::any_of(options.begin(), options.end(),
                        [&](const char* name) { return settings.output.contains(QLatin1String(name)); });
-}
-
-QString kindName(const TrackPlan& plan)
-{
-    if (plan.isCover)
-        return QCoreApplication::translate("zokit", "cover");
-    switch (plan.track.kind) {
-    case TrackKind::Video:
-        return QCoreApplication::translate("zokit", "video");
-    case TrackKind::Audio:
-        return QCoreApplication::translate("zokit", "audio");
-    case TrackKind::Subtitle:
-        return QCoreApplication::translate("zokit", "subtitle");
-    case TrackKind::Attachment:
-        return QCoreApplication::translate("zokit", "attachment");
-    case TrackKind::Data:
-        break;
-    }
-    return QCoreApplication::translate("zokit", "data");
 }
 
 QVector<Values> selectedItems(const Settings& settings, const char* name)
@@ -419,7 +400,8 @@ private:
             else if (isCover && isMatroska)
                 plan.fate = TrackFate::Attached;
             else if (isCover ? m_plan.container != QLatin1String("mp4") : !isMatroska)
-                leaveOut(plan, Message(Code::ContainerLacks, {m_plan.container, kindName(plan)}));
+                leaveOut(plan,
+                         Message(Code::ContainerLacks, {m_plan.container, kindName(plan.track.kind, plan.isCover)}));
             m_plan.tracks.append(plan);
         }
         const bool losesTitles =
@@ -454,13 +436,7 @@ Settings soundSettings(const Settings& settings, bool hasEffects)
 
 Message TrackPlan::line() const
 {
-    QStringList words{kindName(*this)};
-    if (!track.language.isEmpty())
-        words.append(track.language);
-    if (!track.codec.isEmpty())
-        words.append(track.codec);
-    const QString number = file.isEmpty() ? QString::number(track.index) : QFileInfo(file).fileName();
-    const QStringList which{number, words.join(QStringLiteral(", "))};
+    const QStringList which = trackWords(track, file, isCover);
     switch (fate) {
     case TrackFate::Copied:
         return Message(Code::TrackCopied, which);

@@ -48,14 +48,20 @@ QStringList mediaFilesIn(const QString& folder, bool recursive)
 
 Settings settingsOf(const MediaInfo& media)
 {
-    const Settings fresh = FileSettings(mediaOf(media)).settings();
-    const std::optional<TrackRules> rules = trackRulesFrom(fresh.tracks);
-    if (!rules)
-        return fresh;
+    return tracksByRule(FileSettings(mediaOf(media)).settings(), media).settings;
+}
+
+RuledTracks tracksByRule(const Settings& settings, const MediaInfo& media)
+{
     Message error;
-    const QVector<TrackChoice> choices =
-        chosenTracks(*rules, media.tracks(), fresh.media.file, sidecarsOf(fresh.media.file), &error);
-    return error.isEmpty() ? withTracks(fresh, choices, *rules) : fresh;
+    const std::optional<TrackRules> rules = trackRulesFrom(settings.tracks, &error);
+    if (!rules)
+        return {{}, settings, {}, error};
+    const QString clip = settings.media.file;
+    const QVector<TrackChoice> choices = chosenTracks(*rules, media.tracks(), clip, sidecarsOf(clip), &error);
+    if (!error.isEmpty())
+        return {{}, settings, {}, error};
+    return {choices, withTracks(settings, choices, *rules), missingLanguages(*rules, choices), {}};
 }
 
 Settings settingsFor(const Settings& settings, const MediaInfo& media)

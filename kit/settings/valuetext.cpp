@@ -8,6 +8,7 @@
 #include <QCoreApplication>
 #include <QJsonArray>
 
+#include <zokit/differences.h>
 #include <zokit/properties.h>
 
 #include "jsontext_p.h"
@@ -69,6 +70,15 @@ QString valueLabel(const Address& address, const QVariant& value)
     const QString text = valueAsText(address, value);
     const QString unit = property ? property->unitName() : QString();
     return unit.isEmpty() || text.isEmpty() ? text : text + QLatin1Char(' ') + unit;
+}
+
+QString differenceLabel(const Difference& difference)
+{
+    const auto label = [&](const QVariant& value) {
+        return value.isValid() ? valueLabel(difference.address, value) : QCoreApplication::translate("zokit", "none");
+    };
+    return QStringLiteral("%1: %2 -> %3")
+        .arg(addressLabel(difference.address), label(difference.a), label(difference.b));
 }
 
 } // namespace zokit

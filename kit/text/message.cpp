@@ -130,6 +130,8 @@ constexpr Text texts[] = {
     {Code::NoSoundIn, QT_TRANSLATE_NOOP("zokit", "%1 has no sound. Choose another file.")},
     {Code::NoPictureToBurn, QT_TRANSLATE_NOOP("zokit", "The clip has no picture to burn subtitles into. Use --soft-subtitles, or leave them out.")},
     {Code::TitlesLost, QT_TRANSLATE_NOOP("zokit", "%1 keeps no titles of tracks. Take mkv to keep them.")},
+    {Code::TrackChosen, QT_TRANSLATE_NOOP("zokit", "track %1 (%2): %3")},
+    {Code::TrackNotChosen, QT_TRANSLATE_NOOP("zokit", "track %1 (%2): not chosen")},
     {Code::TrackCopied, QT_TRANSLATE_NOOP("zokit", "track %1 (%2): copied")},
     {Code::TrackAttached, QT_TRANSLATE_NOOP("zokit", "track %1 (%2): copied as an attachment")},
     {Code::TrackBurnedIn, QT_TRANSLATE_NOOP("zokit", "track %1 (%2): burned in")},

@@ -1644,6 +1644,14 @@
         <translation>%1 behält keine Titel von Spuren. In mkv bleiben sie erhalten.</translation>
     </message>
     <message>
+        <source>track %1 (%2): %3</source>
+        <translation>Spur %1 (%2): %3</translation>
+    </message>
+    <message>
+        <source>track %1 (%2): not chosen</source>
+        <translation>Spur %1 (%2): nicht gewählt</translation>
+    </message>
+    <message>
         <source>track %1 (%2): copied</source>
         <translation>Spur %1 (%2): kopiert</translation>
     </message>
@@ -1778,6 +1786,10 @@
     <message>
         <source>Track %1</source>
         <translation>Spur %1</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>nichts</translation>
     </message>
     <message>
         <source>Yes</source>

@@ -24,4 +24,7 @@ struct ZOKIT_EXPORT Difference {
 /// are not compared.
 ZOKIT_EXPORT QVector<Difference> differences(const Settings& a, const Settings& b);
 
+/// A line for people: "Colour: Contrast: 0 -> 20"; a value that is not there is "none". Translated.
+ZOKIT_EXPORT QString differenceLabel(const Difference& difference);
+
 } // namespace zokit

@@ -134,6 +134,8 @@ public:
         NoSoundIn, ///< 1: the file.
         NoPictureToBurn,
         TitlesLost,          ///< 1: the container.
+        TrackChosen,         ///< 1: its number, 2: what it is, 3: why.
+        TrackNotChosen,      ///< 1: its number, 2: what it is.
         TrackCopied,         ///< 1: its number, 2: what it is.
         TrackAttached,       ///< 1: its number, 2: what it is.
         TrackBurnedIn,       ///< 1: its number, 2: what it is.

@@ -8,6 +8,7 @@
 
 #include <zokit/probe.h>
 #include <zokit/settings.h>
+#include <zokit/tracks.h>
 #include <zokit/zokit_export.h>
 
 namespace zokit {
@@ -19,6 +20,17 @@ ZOKIT_EXPORT QStringList mediaFilesIn(const QString& folder, bool recursive);
 /// The settings with which a clip begins: the saved defaults act, and each track of it has an item, selected where the
 /// rules for tracks choose it.
 ZOKIT_EXPORT Settings settingsOf(const MediaInfo& media);
+
+/// What the rules for tracks mean for a clip.
+struct ZOKIT_EXPORT RuledTracks {
+    QVector<TrackChoice> choices; ///< One a track of sound or subtitles, and a file beside the clip, with its reason.
+    Settings settings;            ///< With the items that follow.
+    Messages warnings;            ///< The missingLanguages() of the rules.
+    Message error;                ///< What is no rule, or which track is not there: no choices, nothing follows.
+};
+/// The tracks of \a media by the rules that \a settings hold, to be shown before they are taken. Looks for subtitle
+/// files beside the clip.
+ZOKIT_EXPORT RuledTracks tracksByRule(const Settings& settings, const MediaInfo& media);
 
 /// \a settings, as a settings file had them, for their clip as it was found: rescaled where its frame has another size.
 ZOKIT_EXPORT Settings settingsFor(const Settings& settings, const MediaInfo& media);

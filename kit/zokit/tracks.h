@@ -48,6 +48,9 @@ struct ZOKIT_EXPORT TrackChoice {
     QString sidecar;       ///< Path of a subtitle file beside the clip, or empty.
     bool selected = false; ///< Whether it takes part.
     Message why;           ///< By which rule; empty when it is not selected.
+
+    /// A line for people: "track 1 (audio, eng, aac): chosen for its language, eng".
+    Message line() const;
 };
 
 /// Subtitle files that belong to \a clip: beside it, "NAME.srt", "NAME.eng.srt", "NAME.eng.forced.ass"; in the order of

@@ -11,6 +11,7 @@
 #include <QtTest>
 
 #include <zokit/applyfiles.h>
+#include <zokit/differences.h>
 #include <zokit/settingsfile.h>
 #include <zokit/valuetext.h>
 
@@ -83,6 +84,8 @@ private Q_SLOTS:
     void oneThatChangedMeanwhilePutsTheOthersBack();
     void oneThatCannotBeWrittenChangesNothing();
     void aKilledOneLeavesWholeFilesAndTellsWhichAreNew();
+    void differencesReadAsPeopleCallThem_data();
+    void differencesReadAsPeopleCallThem();
     void valuesReadAsAFileHasThem();
     void valuesReadAsPeopleCallThem_data();
     void valuesReadAsPeopleCallThem();
@@ -254,6 +257,26 @@ void TestKitApplyFiles::valuesReadAsPeopleCallThem()
     QVERIFY(read);
     QTEST(zokit::addressLabel(*read), "label");
     QTEST(zokit::valueLabel(*read, value), "text");
+}
+
+void TestKitApplyFiles::differencesReadAsPeopleCallThem_data()
+{
+    QTest::addColumn<QString>("address");
+    QTest::addColumn<QVariant>("before");
+    QTest::addColumn<QVariant>("after");
+    QTest::addColumn<QString>("line");
+    QTest::newRow("changed") << "Crop:crop_left" << QVariant(0) << QVariant(96) << "Crop: Left: 0 px -> 96 px";
+    QTest::newRow("new") << "Output:quality" << QVariant() << QVariant(20) << "Output: Quality: none -> 20";
+    QTest::newRow("gone") << "Watermark:0:wm_textcontent" << QVariant(QStringLiteral("Hello %2")) << QVariant()
+                          << "Watermarks 1: Text: Hello %2 -> none";
+}
+
+void TestKitApplyFiles::differencesReadAsPeopleCallThem()
+{
+    QFETCH(QString, address);
+    QFETCH(QVariant, before);
+    QFETCH(QVariant, after);
+    QTEST(zokit::differenceLabel({*zokit::readAddress(address).address, before, after}), "line");
 }
 
 void TestKitApplyFiles::valuesReadAsAFileHasThem()

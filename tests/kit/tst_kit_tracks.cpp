@@ -34,6 +34,7 @@ private slots:
     void missingLanguageIsTold_data();
     void missingLanguageIsTold();
     void everyTrackOfSoundAndSubtitlesIsListed();
+    void eachChoiceHasALine();
     void sidecarTellsByItsName_data();
     void sidecarTellsByItsName();
     void sidecarsOfAClip();
@@ -278,6 +279,22 @@ void TestKitTracks::everyTrackOfSoundAndSubtitlesIsListed()
     QCOMPARE(indexes(rules), QVector<int>({1, 2, 3, 4, 5, 6, 7}));
     rules.sidecars = true;
     QCOMPARE(indexes(rules), QVector<int>({1, 2, 3, 4, 5, 6, 7, -1, -1, -1}));
+}
+
+void TestKitTracks::eachChoiceHasALine()
+{
+    TrackRules rules;
+    rules.audioLanguages = QStringList{key("fra")};
+    rules.subtitleLanguages = QStringList{key("deu")};
+    rules.sidecars = true;
+    QStringList lines;
+    for (const TrackChoice& choice : zokit::chosenTracks(rules, tracks().mid(1, 4), film, sidecars().mid(0, 1)))
+        lines.append(choice.line().text());
+    QCOMPARE(lines, QStringList({key("track 1 (audio, eng, aac): not chosen"),
+                                 key("track 2 (audio, fre, aac): chosen for its language, fra"),
+                                 key("track 3 (audio, fra, aac): chosen for its language, fra"),
+                                 key("track 4 (subtitle, eng, subrip): not chosen"),
+                                 key("track film.de.srt (subtitle, de, srt): chosen for its language, deu")}));
 }
 
 void TestKitTracks::sidecarTellsByItsName_data()
