@@ -102,6 +102,7 @@ constexpr Text texts[] = {
     {Code::InputFolder,       QT_TRANSLATE_NOOP("zokit", "%1 is a folder. Name a file in it.")},
     {Code::InputNotAFile,     QT_TRANSLATE_NOOP("zokit", "%1 is no ordinary file. Copy what it gives into one first.")},
     {Code::InputEmpty,        QT_TRANSLATE_NOOP("zokit", "%1 is empty. Get it once more from where it came from.")},
+    {Code::ClipIsOpen,        QT_TRANSLATE_NOOP("zokit", "%1 is open already. Remove it first to open these settings.")},
     {Code::NoMedia,           QT_TRANSLATE_NOOP("zokit", "%1 is no media file that can be read. Check that it is whole.| ffprobe says: %2.")},
     {Code::NoTracks,          QT_TRANSLATE_NOOP("zokit", "%1 holds no picture, no sound and no subtitles. Check that it is whole.")},
     {Code::PictureRefused,    QT_TRANSLATE_NOOP("zokit", "%1: the size of the picture, track %2, is unknown or above 64 million pixels. Check that it is whole, or make it smaller.")},

@@ -1520,6 +1520,10 @@
         <translation>%1 ist keine gewöhnliche Datei. Kopieren Sie erst in eine, was daraus kommt.</translation>
     </message>
     <message>
+        <source>%1 is open already. Remove it first to open these settings.</source>
+        <translation>%1 ist schon geöffnet. Entfernen Sie die Datei zuerst, um diese Einstellungen zu öffnen.</translation>
+    </message>
+    <message>
         <source>%1 is empty. Get it once more from where it came from.</source>
         <translation>%1 ist leer. Holen Sie die Datei noch einmal von dort, wo sie herkam.</translation>
     </message>

@@ -104,6 +104,7 @@ public:
         InputFolder,     ///< 1: the path.
         InputNotAFile,   ///< 1: the path.
         InputEmpty,      ///< 1: the path.
+        ClipIsOpen,      ///< 1: the path.
         NoMedia,         ///< 1: the path, 2: what ffprobe says.
         NoTracks,        ///< 1: the path.
         PictureRefused,  ///< 1: the path, 2: the stream number.
