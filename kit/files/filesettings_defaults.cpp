@@ -129,8 +129,20 @@ QVariant FileSettings::savedDefault(Identity thing, const QString& key) const
 Message FileSettings::reset(Identity thing, const QString& key, QObject* asker)
 {
     const QVariant present = d->things.value(thing, key);
-    if (d->things.typeOf(thing).isEmpty() || isInternal(key))
+    const QString type = d->things.typeOf(thing);
+    if (type.isEmpty() || isInternal(key))
         return Message(Code::NoSuchThing);
+    if (key.isEmpty()) {
+        if (d->things.isItem(thing))
+            return resetItem(thing, asker);
+        if (effectTypes().contains(type))
+            return resetType(type, asker);
+        Changes changes;
+        const Values now = values(thing);
+        for (auto it = now.cbegin(); it != now.cend(); ++it)
+            changes.append({thing, it.key(), it.value(), QVariant()});
+        return d->commit(changes, asker);
+    }
     const QVariant fresh = d->defaultOf(thing, key);
     const bool isOption = !effectTypes().contains(d->things.typeOf(thing));
     if (!fresh.isValid() && key != own::anchor && !isOption)

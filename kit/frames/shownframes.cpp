@@ -232,6 +232,12 @@ void ShownFrames::setSeconds(double seconds)
     emit changed();
 }
 
+void ShownFrames::setPart(double part)
+{
+    if (d->media && d->media->seconds > 0)
+        setSeconds(d->media->seconds * part);
+}
+
 double ShownFrames::seconds() const
 {
     return d->seconds;

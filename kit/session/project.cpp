@@ -7,11 +7,13 @@
 #include <functional>
 #include <vector>
 
+#include <QFileInfo>
 #include <QHash>
 
 #include <zoeffectitemdefaultvalmgr.h>
 #include <zoeffectmodel.h>
 
+#include <zokit/differences.h>
 #include <zokit/history.h>
 #include <zokit/properties.h>
 
@@ -301,6 +303,20 @@ Message Project::apply(const Settings& from, const QVector<FileSettings*>& targe
     else
         d->history->cancelGesture();
     return refused;
+}
+
+QStringList Project::changesOf(const Settings& from, const QVector<FileSettings*>& targets,
+                               const CarryOver& carry) const
+{
+    Carrier carrier(from, carry);
+    QStringList lines;
+    for (const FileSettings* target : targets) {
+        const Settings present = target->settings();
+        const QString name = QFileInfo(present.media.file).fileName();
+        for (const Difference& difference : differences(present, carrier.over(present)))
+            lines.append(name + QStringLiteral(": ") + differenceLabel(difference));
+    }
+    return lines;
 }
 
 Identity Project::savedDefault(const QString& type) const

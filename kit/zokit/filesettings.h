@@ -127,7 +127,8 @@ public:
     /// \name Back to the defaults
     /// @{
 
-    /// One value, to the saved default or else the catalogue's.
+    /// One value, to the saved default or else the catalogue's; with an empty \a key all of the item or type that
+    /// \a thing is, as below, or of the rules for tracks or the output options.
     Message reset(Identity thing, const QString& key, QObject* asker = nullptr);
     /// All values of an item.
     Message resetItem(Identity item, QObject* asker = nullptr);

@@ -57,6 +57,8 @@ public:
     /// Carries settings of \a from over to \a targets as one step of the history: to all, or to none with the reason.
     Message apply(const Settings& from, const QVector<FileSettings*>& targets, const CarryOver& carry,
                   QObject* asker = nullptr);
+    /// What that would change: a line a value for people, "film.mkv: Colour: Contrast: 0 -> 20"; translated.
+    QStringList changesOf(const Settings& from, const QVector<FileSettings*>& targets, const CarryOver& carry) const;
     /// @}
 
     /// \name Saved defaults

@@ -35,6 +35,8 @@ public:
     void setFile(const FileSettings* file, const MediaInfo* media);
     /// The moment, from the clip's beginning; taken to the nearest one within the clip's length, where that is known.
     void setSeconds(double seconds);
+    /// The same, as a part of the clip: 0 is its beginning, 1 its end. Nothing happens where its length is not known.
+    void setPart(double part);
     double seconds() const; ///< The moment.
     /// Whether before() is asked for, too; not so at first.
     void setBeforeWanted(bool isWanted);

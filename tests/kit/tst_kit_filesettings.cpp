@@ -45,6 +45,7 @@ private slots:
     void stateTellsDefaultSavedAndChanged();
     void savingADefaultChangesNoOpenFile();
     void resetGoesBackToTheDefaultsOfTheMoment();
+    void resetWithoutAKeyIsOfAllOfAThing();
     void frameSizeKeepsThePartOfThePicture();
     void comesOutUnchanged_data();
     void comesOutUnchanged();
@@ -315,6 +316,30 @@ void TestKitFileSettings::resetGoesBackToTheDefaultsOfTheMoment()
     QCOMPARE(file.settings().find(key("Effect"))->items.first().name, QStringLiteral("Blur"));
     QVERIFY(!file.value(file.output(), key("quality")).isValid());
     QVERIFY(file.comesOutUnchanged());
+}
+
+void TestKitFileSettings::resetWithoutAKeyIsOfAllOfAThing()
+{
+    FileSettings file(clip());
+    const Identity text = file.insert(key("Watermark"), {{key("wm_textcontent"), QStringLiteral("Hello")}}).item;
+    const Identity color = file.type(key("Color"));
+    file.setValue(text, key("wm_fontsize"), 40);
+    file.setValues(color, {{key("bcs_contrast"), 20}, {key("bcs_brightness"), 5}});
+    file.setValue(file.output(), key("quality"), 20);
+    file.setValue(file.tracks(), key("audio-language"), QStringList{key("eng")});
+    QCOMPARE(file.reset(text, QString()).text(), QString());
+    QCOMPARE(file.value(text, key("wm_fontsize")), QVariant(22));
+    QCOMPARE(file.value(text, key("wm_textcontent")), QVariant(QStringLiteral("Hello")));
+    QCOMPARE(file.reset(color, QString()).text(), QString());
+    QCOMPARE(file.value(color, key("bcs_contrast")), QVariant(0));
+    QCOMPARE(file.value(color, key("bcs_brightness")), QVariant(0));
+    QCOMPARE(file.value(file.output(), key("quality")), QVariant(20));
+    QCOMPARE(file.reset(file.output(), QString()).text(), QString());
+    QCOMPARE(file.values(file.output()), zokit::Values());
+    QCOMPARE(file.values(file.tracks()).size(), 1);
+    QCOMPARE(file.reset(file.tracks(), QString()).text(), QString());
+    QCOMPARE(file.values(file.tracks()), zokit::Values());
+    QCOMPARE(file.reset(file.file(), QString()).code(), Code::NoSuchThing);
 }
 
 void TestKitFileSettings::frameSizeKeepsThePartOfThePicture()

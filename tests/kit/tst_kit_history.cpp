@@ -39,6 +39,7 @@ private slots:
     void oldestStepsAreForgotten();
     void goToAnyStep();
     void applyingToManyFilesIsOneStep();
+    void whatApplyingWouldChangeIsALineAValue();
     void filesComeAndGo();
     void savedDefaultsComeAndGo();
     void directChangeOfAModelIsAStep();
@@ -274,6 +275,30 @@ void TestKitHistory::applyingToManyFilesIsOneStep()
     for (const FileSettings* target : targets)
         QCOMPARE(target->value(target->type(key("Color")), key("bcs_contrast")), QVariant(0));
     QCOMPARE(project.apply(source->settings(), targets, {{key("Colour")}, false}).code(), Code::UnknownType);
+}
+
+void TestKitHistory::whatApplyingWouldChangeIsALineAValue()
+{
+    Project project;
+    FileSettings* source = project.add(clip());
+    source->setValue(source->type(key("Color")), key("bcs_contrast"), 25);
+    source->setValues(
+        source->type(key("Crop")),
+        {{key("crop_left"), 160}, {key("crop_top"), 0}, {key("crop_width"), 640}, {key("crop_height"), 720}});
+    FileSettings* small = project.add(zokit::Media{key("/films/small.mkv"), QSize(640, 360), 1.0});
+    FileSettings* other = project.add(zokit::Media{key("/films/other.mkv"), QSize(1280, 720), 1.0});
+    const int before = project.history().count();
+    const zokit::CarryOver carry{{key("Color"), key("Crop")}, false};
+    QCOMPARE(project.changesOf(source->settings(), {small}, carry),
+             QStringList({key("small.mkv: Crop: Height: source_val px -> 360 px"),
+                          key("small.mkv: Crop: Left: 0 px -> 80 px"),
+                          key("small.mkv: Crop: Width: source_val px -> 320 px"),
+                          key("small.mkv: Colour: Contrast: 0 -> 25")}));
+    QCOMPARE(project.changesOf(source->settings(), {small, other}, {{key("Color")}, false}),
+             QStringList({key("small.mkv: Colour: Contrast: 0 -> 25"), key("other.mkv: Colour: Contrast: 0 -> 25")}));
+    QCOMPARE(project.history().count(), before);
+    project.apply(source->settings(), {small, other}, carry);
+    QCOMPARE(project.changesOf(source->settings(), {small, other}, carry), QStringList());
 }
 
 void TestKitHistory::filesComeAndGo()

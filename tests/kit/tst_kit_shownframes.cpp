@@ -67,6 +67,7 @@ private slots:
     void frameBeforeIsAskedForWhenItIsWanted();
     void momentStaysWithinTheClip_data();
     void momentStaysWithinTheClip();
+    void momentIsAPartOfTheClip();
     void anotherMomentTakesWhatComesOutAway();
     void anotherFileBeginsAnew();
     void fileThatIsDeletedHasNoOutput();
@@ -143,6 +144,18 @@ void TestKitShownFrames::momentStaysWithinTheClip()
     QTEST(stage.frames.seconds(), "shown");
     QCOMPARE(moments.count(), 1);
     QTEST(moments.at(0).at(0).toDouble(), "shown");
+}
+
+void TestKitShownFrames::momentIsAPartOfTheClip()
+{
+    Stage stage(10);
+    stage.frames.setPart(0.75);
+    QCOMPARE(stage.frames.seconds(), 7.5);
+    stage.frames.setPart(2);
+    QCOMPARE(stage.frames.seconds(), 10.0);
+    stage.frames.setFile(nullptr, nullptr);
+    stage.frames.setPart(0.5);
+    QCOMPARE(stage.frames.seconds(), 0.0);
 }
 
 void TestKitShownFrames::anotherMomentTakesWhatComesOutAway()
