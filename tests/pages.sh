@@ -23,7 +23,7 @@ done
 same 'pages: each chapter has one' '' "$missing" || true
 missing=
 for name in ZoEffectModel ZoEffectItemData ZoEffectItemDefaultValMgr ZoPref ZoPrefProvider \
-    zokit_1_1{FileSettings,History,Journal,LivePreview,Message,Presets,Project,ProjectFiles,SettingsModel,ShownFrames,WatermarkPictures}; do
+    zokit_1_1{FileSettings,History,Journal,LivePreview,Message,Presets,Project,ProjectFiles,SettingsModel,ShownFrames,WatermarkPictures,Workbench}; do
     [[ -e $html/class$name.html ]] || missing+="$name "
 done
 for name in zokitquick_1_1{FileSettings,PreviewPicture,SettingsModel}; do
