@@ -51,6 +51,16 @@ Settings settingsOf(const MediaInfo& media)
     return tracksByRule(FileSettings(mediaOf(media)).settings(), media).settings;
 }
 
+QStringList RuledTracks::lines() const
+{
+    QStringList texts;
+    for (const TrackChoice& choice : choices)
+        texts.append(choice.line().text());
+    for (const Message& warning : warnings)
+        texts.append(warning.text());
+    return texts;
+}
+
 RuledTracks tracksByRule(const Settings& settings, const MediaInfo& media)
 {
     Message error;

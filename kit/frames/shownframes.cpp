@@ -238,6 +238,11 @@ void ShownFrames::setPart(double part)
         setSeconds(d->media->seconds * part);
 }
 
+double ShownFrames::part() const
+{
+    return d->media && d->media->seconds > 0 ? d->seconds / d->media->seconds : 0;
+}
+
 double ShownFrames::seconds() const
 {
     return d->seconds;

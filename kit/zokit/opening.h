@@ -27,6 +27,9 @@ struct ZOKIT_EXPORT RuledTracks {
     Settings settings;            ///< With the items that follow.
     Messages warnings;            ///< The missingLanguages() of the rules.
     Message error;                ///< What is no rule, or which track is not there: no choices, nothing follows.
+
+    /// All that is to be shown before they are taken: a line a choice, then the warnings; translated.
+    QStringList lines() const;
 };
 /// The tracks of \a media by the rules that \a settings hold, to be shown before they are taken. Looks for subtitle
 /// files beside the clip.

@@ -37,6 +37,7 @@ public:
     void setSeconds(double seconds);
     /// The same, as a part of the clip: 0 is its beginning, 1 its end. Nothing happens where its length is not known.
     void setPart(double part);
+    double part() const;    ///< The moment as a part; 0 where the length is not known.
     double seconds() const; ///< The moment.
     /// Whether before() is asked for, too; not so at first.
     void setBeforeWanted(bool isWanted);

@@ -149,13 +149,16 @@ void TestKitShownFrames::momentStaysWithinTheClip()
 void TestKitShownFrames::momentIsAPartOfTheClip()
 {
     Stage stage(10);
+    QCOMPARE(stage.frames.part(), 0.3);
     stage.frames.setPart(0.75);
     QCOMPARE(stage.frames.seconds(), 7.5);
+    QCOMPARE(stage.frames.part(), 0.75);
     stage.frames.setPart(2);
     QCOMPARE(stage.frames.seconds(), 10.0);
     stage.frames.setFile(nullptr, nullptr);
     stage.frames.setPart(0.5);
     QCOMPARE(stage.frames.seconds(), 0.0);
+    QCOMPARE(stage.frames.part(), 0.0);
 }
 
 void TestKitShownFrames::anotherMomentTakesWhatComesOutAway()
