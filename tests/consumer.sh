@@ -5,9 +5,9 @@
 # consumer.sh BUILD: installs library and kit from the build tree BUILD into a prefix with a space in its name,
 # moves that elsewhere, and builds and runs the host in consumer/ against it: with CMake and with pkg-config
 # and a plain compiler call, with g++ and clang++. The kit's headers, and the host of the guide's first chapter, are
-# compiled by g++, and the QML module is loaded. Where BUILD is for Qt 6 and the build tree dev beside it has
-# both for Qt 5, they are installed into the same prefix, too, and each host finds its own. Works in
-# BUILD/tests/consumer.
+# compiled by g++, the QML module is loaded, and the host with a window is built and clicked through. Where BUILD is for
+# Qt 6 and the build tree dev beside it has both for Qt 5, they are installed into the same prefix, too, and each host
+# finds its own. Works in BUILD/tests/consumer.
 set -euo pipefail
 here=$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")
 # shellcheck source-path=SCRIPTDIR source=support/rows.sh
@@ -198,6 +198,18 @@ same 'consumer: kit for Qt Quick: the installed QML module has its types' 'FileS
         sed -nE 's/^ *exports: \["ZoEffect\.Kit\/(.*) 1\.1"\]$/\1/p' | tr '\n' ' ')" || true
 same 'consumer: kit for Qt Quick: pkg-config brings the kit and Qt Quick' "-l$quick -l$kit -l$name" \
     "$(pkg-config --libs-only-l "$quick" | grep -oE -e '-lzo[^ ]+' | paste -sd ' ')" || true
+
+# --- A host with a window on the kit, clicked through ---------------------------------------------------------------
+
+tree="$work/newcomer"
+if check 'consumer: newcomer: finds the package' cmake -G Ninja -S "$here/newcomer" -B "$tree" \
+    -DCMAKE_PREFIX_PATH="$prefix" -DCMAKE_CXX_COMPILER=g++ -DZOEFFECT_QT_MAJOR="$qt" \
+    -DCMAKE_CXX_FLAGS='-Wall -Wextra -Wpedantic -Werror' &&
+    check 'consumer: newcomer: the host and its test, without a warning' quietly cmake --build "$tree"; then
+    same 'consumer: newcomer: linked with' "lib$kit.so.1" \
+        "$(dynamic NEEDED "$tree/newcomer/newcomer" | grep '^libzoeffectkit')" || true
+    check 'consumer: newcomer: all that it can, by mouse and keys' "$tree/tst_newcomer" || true
+fi
 
 # --- Both Qts in one prefix ----------------------------------------------------------------------------------------
 

@@ -43,22 +43,28 @@ stands() {
     return 1
 }
 
-# chapter NAME FILE SOURCE: the rows of one chapter.
-chapter() {
-    local name=$1 file=$2 source=$3 line block='' count=0
-    if ! check "guide: $name: has a program" test -f "$source"; then
-        return
-    fi
+# shown_blocks NAME FILE SOURCE: each block of C++ of the page stands in the source.
+shown_blocks() {
+    local line block='' count=0
     while IFS= read -r line; do
         if [[ $line == '<<<<' ]]; then
             count=$((count + 1))
-            check "guide: $name: block $count stands in the program" stands "${block%$'\n'}" "$source" || true
+            check "guide: $1: block $count stands in the program" stands "${block%$'\n'}" "$3" || true
             block=
         else
             block+=$line$'\n'
         fi
-    done <<< "$(blocks "$file" cpp)"
-    check "guide: $name: shows C++" test "$count" -gt 0 || true
+    done <<< "$(blocks "$2" cpp)"
+    check "guide: $1: shows C++" test "$count" -gt 0 || true
+}
+
+# chapter NAME FILE SOURCE: the rows of one chapter.
+chapter() {
+    local name=$1 file=$2 source=$3
+    if ! check "guide: $name: has a program" test -f "$source"; then
+        return
+    fi
+    shown_blocks "$name" "$file" "$source"
 
     # Every program starts with an empty home and temporary folder of its own. Where the page shows a settings file,
     # that is there, and the last commands of the page start the program.
@@ -98,6 +104,18 @@ for name in from-nothing first-host; do
     same "guide: $name: all of CMakeLists.txt is shown" "$(sed 1,3d "$project/CMakeLists.txt")" \
         "$(blocks "$page" cmake | sed '$d')" || true
 done
+
+# The page on the windowed host shows all of its CMakeLists.txt and parts of its sources, and tells how long they are.
+page=$tree/docs/guide/newcomer.md
+project=$tree/examples/newcomer
+mkdir -p "$work/newcomer"
+cat "$project"/*.{h,cpp} > "$work/newcomer/all.cpp"
+shown_blocks newcomer "$page" "$work/newcomer/all.cpp"
+same 'guide: newcomer: all of CMakeLists.txt is shown' "$(sed 1,3d "$project/CMakeLists.txt")" \
+    "$(blocks "$page" cmake | sed '$d')" || true
+lines=$(wc -l < "$work/newcomer/all.cpp")
+check 'guide: newcomer: has at most 450 lines' test "$lines" -le 450 || true
+check 'guide: newcomer: the page tells how many' grep -q "It has $lines lines" "$page" || true
 
 # Every number that can stand in the log is explained once, in order.
 same 'guide: log: every number is explained' \
