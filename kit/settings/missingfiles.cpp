@@ -24,14 +24,20 @@ Message missingAt(const QString& where, const QString& path)
 
 } // namespace
 
+QString fileKey(const TypeSettings& type, int pos)
+{
+    const Suit suit = suitOf(type.type, true, type.items.at(pos).values);
+    if (suit == Suit::ImageWatermark)
+        return keys::imageUrl;
+    return suit == Suit::FileTrack ? keys::trackFile : QString();
+}
+
 Message missingFile(const TypeSettings& type, int pos)
 {
-    const Values& values = type.items.at(pos).values;
-    const Suit suit = suitOf(type.type, true, values);
-    if (suit != Suit::ImageWatermark && suit != Suit::FileTrack)
-        return Message();
-    const QString key = suit == Suit::ImageWatermark ? keys::imageUrl : keys::trackFile;
-    return missingAt(Address{type.type, pos, key}.toString(), values.value(key).toString());
+    const QString key = fileKey(type, pos);
+    return key.isEmpty()
+               ? Message()
+               : missingAt(Address{type.type, pos, key}.toString(), type.items.at(pos).values.value(key).toString());
 }
 
 Messages missingFiles(const Settings& settings)

@@ -9,12 +9,14 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QHash>
 #include <QSet>
 #include <QStandardPaths>
 
 #include <zokit/settingsfile.h>
 
 #include "jsontext_p.h"
+#include "missingfiles_p.h"
 #include "turn_p.h"
 
 namespace zokit {
@@ -51,6 +53,36 @@ QString encoded(const QString& name)
 QString decoded(const QString& fileName)
 {
     return QString::fromUtf8(QByteArray::fromPercentEncoding(fileName.toUtf8()));
+}
+
+/// Copies the files that \a preset names to \a folder, which is made for them, and has it name the copies.
+Message copyFiles(Settings& preset, const QString& folder, bool replace)
+{
+    QHash<QString, QString> copies; // By the file that was copied.
+    for (TypeSettings& type : preset.effects) {
+        for (int pos = 0; pos < type.items.size(); ++pos) {
+            const QString key = fileKey(type, pos);
+            const QString path = key.isEmpty() ? QString() : type.items.at(pos).values.value(key).toString();
+            if (path.isEmpty())
+                continue;
+            if (!copies.contains(path)) {
+                QString copy = QDir(folder).absoluteFilePath(QFileInfo(path).fileName());
+                for (int number = 2; copies.values().contains(copy); ++number) // Two files of one name.
+                    copy = QDir(folder).absoluteFilePath(
+                        QStringLiteral("%1-%2").arg(number).arg(QFileInfo(path).fileName()));
+                QDir().mkpath(folder);
+                if (replace && copy != QFileInfo(path).absoluteFilePath())
+                    QFile::remove(copy);
+                QFile file(path);
+                if (copy != QFileInfo(path).absoluteFilePath() && !file.copy(copy))
+                    return QFile::exists(copy) ? Message(Code::FileExists, {copy})
+                                               : Message(Code::FileUnwritable, {copy, file.errorString()});
+                copies.insert(path, copy);
+            }
+            type.items[pos].values.insert(key, copies.value(path));
+        }
+    }
+    return Message();
 }
 
 bool canBeName(const QString& name)
@@ -155,7 +187,7 @@ Message Presets::rename(const QString& from, const QString& to) const
     return file.rename(path(to)) ? Message() : Message(Code::FileUnwritable, {path(to), file.errorString()});
 }
 
-Message Presets::import(const QStringList& files, bool replace) const
+Message Presets::import(const QStringList& files, bool replace, Messages* missing) const
 {
     QVector<QPair<QString, Settings>> checked;
     QSet<QString> taken;
@@ -181,8 +213,29 @@ Message Presets::import(const QStringList& files, bool replace) const
         const Message error = save(name, preset, replace);
         if (!error.isEmpty())
             return error;
+        if (missing)
+            *missing += missingFiles(preset);
     }
     return Message();
+}
+
+Message Presets::exportWithFiles(const QString& name, const QString& file, bool replace) const
+{
+    const Loaded loaded = load(name);
+    if (!loaded.error.isEmpty())
+        return loaded.error;
+    if (!loaded.warnings.isEmpty())
+        return loaded.warnings.first();
+    if (!replace && QFile::exists(file))
+        return Message(Code::FileExists, {file});
+    Settings preset = loaded.preset;
+    const QString stem = file.endsWith(ending) ? file.chopped(ending.size()) : file;
+    const Message refused = copyFiles(preset, stem + QStringLiteral(".files"), replace);
+    if (!refused.isEmpty())
+        return refused;
+    Message error;
+    const QByteArray text = writePreset(preset, QFileInfo(file).absolutePath(), &error);
+    return error.isEmpty() ? jsontext::save(file, text) : Message(Code::InFile, {file, error.text()});
 }
 
 Message Presets::exportTo(const QString& name, const QString& file, bool replace) const

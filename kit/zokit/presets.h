@@ -47,10 +47,14 @@ public:
     /// Refused when there is a preset \a to already.
     Message rename(const QString& from, const QString& to) const;
     /// Takes in preset files under the names of the files. All are checked before the first is written; a name that is
-    /// taken refuses all, unless \a replace.
-    Message import(const QStringList& files, bool replace = false) const;
+    /// taken refuses all, unless \a replace. \a missing, if given, gets the missingFiles() of all.
+    Message import(const QStringList& files, bool replace = false, Messages* missing = nullptr) const;
     /// Writes the preset \a name to \a file. Refused when that is there already, unless \a replace.
     Message exportTo(const QString& name, const QString& file, bool replace = false) const;
+    /// As exportTo(), with copies of the images and other files that the preset names: in a folder beside \a file,
+    /// "NAME.files", to which the written preset refers, so that both can be taken elsewhere. Refused when one of them
+    /// is missing. What a refusal leaves behind is no preset.
+    Message exportWithFiles(const QString& name, const QString& file, bool replace = false) const;
 
 private:
     QString m_folder;

@@ -45,6 +45,8 @@ private slots:
     void presetNameMayHoldAnything_data();
     void presetNameMayHoldAnything();
     void importIsAllOrNothing();
+    void exportTakesFilesAlong();
+    void importTellsWhatIsMissing();
     void presetHoldsWhatItIsMeantFor();
 };
 
@@ -473,6 +475,95 @@ void TestKitSettingsFile::importIsAllOrNothing()
     const QString target = folder.filePath(QStringLiteral("out.json"));
     QVERIFY(presets.exportTo(QStringLiteral("good"), target).isEmpty());
     QVERIFY(!presets.exportTo(QStringLiteral("good"), target).isEmpty());
+}
+
+namespace {
+
+/// A preset of image watermarks.
+Settings withImages(const QStringList& files)
+{
+    Settings preset;
+    zokit::TypeSettings watermarks;
+    watermarks.type = key("Watermark");
+    for (const QString& file : files) {
+        zokit::Item item;
+        item.values = {{key("wm_istextwatermark"), false}, {key("wm_imageurl"), file}};
+        watermarks.items.append(item);
+    }
+    preset.effects.append(watermarks);
+    return preset;
+}
+
+QStringList imagesOf(const Settings& preset)
+{
+    QStringList files;
+    for (const zokit::Item& item : preset.find(key("Watermark"))->items)
+        files.append(item.values.value(key("wm_imageurl")).toString());
+    return files;
+}
+
+QByteArray contentOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("none");
+}
+
+void write(const QString& path, const QByteArray& content)
+{
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+        qFatal("A file cannot be written");
+}
+
+} // namespace
+
+void TestKitSettingsFile::exportTakesFilesAlong()
+{
+    const QTemporaryDir folder;
+    const auto path = [&](const char* name) { return folder.filePath(key(name)); };
+    const zokit::Presets presets(path("presets"));
+    write(path("a/logo.png"), "first");
+    write(path("b/logo.png"), "second");
+    QVERIFY(
+        presets.save(key("logos"), withImages({path("a/logo.png"), path("b/logo.png"), path("a/logo.png")})).isEmpty());
+    QDir().mkpath(path("out"));
+    QCOMPARE(presets.exportWithFiles(key("logos"), path("out/away.zoeffect.json")).text(), QString());
+    QCOMPARE(presets.exportWithFiles(key("logos"), path("out/away.zoeffect.json")).text(),
+             path("out/away.zoeffect.json") + key(" exists. Choose another name, or replace it."));
+    QCOMPARE(presets.exportWithFiles(key("logos"), path("out/away.zoeffect.json"), true).text(), QString());
+    QDir(path("a")).removeRecursively();
+    QDir(path("b")).removeRecursively();
+    QVERIFY(QDir().rename(path("out"), path("elsewhere")));
+    const zokit::Presets others(path("others"));
+    QVERIFY(others.import({path("elsewhere/away.zoeffect.json")}).isEmpty());
+    const QStringList images = imagesOf(others.load(key("away")).preset);
+    QCOMPARE(images, QStringList({path("elsewhere/away.files/logo.png"), path("elsewhere/away.files/2-logo.png"),
+                                  path("elsewhere/away.files/logo.png")}));
+    QCOMPARE(contentOf(images.at(0)), QByteArray("first"));
+    QCOMPARE(contentOf(images.at(1)), QByteArray("second"));
+    // What is missing cannot be taken along.
+    QCOMPARE(presets.exportWithFiles(key("logos"), path("elsewhere/new.zoeffect.json")).text(),
+             key("Watermark:0:wm_imageurl: ") + path("a/logo.png")
+                 + key(": no such file. Bring it back, or choose another."));
+    QVERIFY(!QFile::exists(path("elsewhere/new.zoeffect.json")));
+    QVERIFY(!QFile::exists(path("elsewhere/new.files")));
+}
+
+void TestKitSettingsFile::importTellsWhatIsMissing()
+{
+    const QTemporaryDir folder;
+    const QString gone = folder.filePath(key("gone.png"));
+    const QString there = folder.filePath(key("there.png"));
+    write(there, "picture");
+    write(folder.filePath(key("one.zoeffect.json")), zokit::writePreset(withImages({there, gone}), folder.path()));
+    const zokit::Presets presets(folder.filePath(key("presets")));
+    zokit::Messages missing;
+    QVERIFY(presets.import({folder.filePath(key("one.zoeffect.json"))}, false, &missing).isEmpty());
+    QCOMPARE(missing.size(), 1);
+    QCOMPARE(missing.first().text(),
+             key("Watermark:1:wm_imageurl: ") + gone + key(": no such file. Bring it back, or choose another."));
+    QCOMPARE(presets.names(), QStringList({key("one")}));
 }
 
 void TestKitSettingsFile::presetHoldsWhatItIsMeantFor()
