@@ -3,6 +3,8 @@
 
 #include "presetsdialog.h"
 
+#include <utility>
+
 #include <QCheckBox>
 #include <QDialogButtonBox>
 #include <QFileDialog>
@@ -180,13 +182,23 @@ void PresetsDialog::layOver()
 
 void PresetsDialog::importFiles(const QStringList& files)
 {
-    if (!files.isEmpty())
-        take(m_presets.import(files, m_replace->isChecked()), QString());
+    if (files.isEmpty())
+        return;
+    zokit::Messages missing;
+    take(m_presets.import(files, m_replace->isChecked(), &missing), QString());
+    if (missing.isEmpty())
+        return;
+    QStringList sentences{tr("What was imported names files that are not there:")};
+    for (const Message& file : std::as_const(missing))
+        sentences.append(file.text());
+    m_problem->setText(sentences.join(QLatin1Char('\n')));
+    m_problem->show();
 }
 
 void PresetsDialog::exportTo(const QString& file)
 {
-    take(m_presets.exportTo(chosen(), file, true), chosen()); // Whoever named the file was asked whether to replace it.
+    // Whoever named the file was asked whether to replace it.
+    take(m_presets.exportWithFiles(chosen(), file, true), chosen());
 }
 
 void PresetsDialog::take(const Message& refused, const QString& name)

@@ -27,9 +27,10 @@ class PresetsDialog : public QDialog {
 public:
     explicit PresetsDialog(Session* session, QWidget* parent = nullptr);
 
-    /// Takes in preset files under the names of the files; what is wrong with one is shown.
+    /// Takes in preset files under the names of the files; what is wrong with one is shown, and which of the files that
+    /// they name are missing.
     void importFiles(const QStringList& files);
-    /// Writes the chosen preset to \a file.
+    /// Writes the chosen preset to \a file, and what it names to a folder beside it.
     void exportTo(const QString& file);
 
 private:

@@ -27,6 +27,7 @@ private slots:
     void takenNameIsRefusedUntilReplaced();
     void presetIsRenamedAndRemoved();
     void presetGoesOutAndComesIn();
+    void imagesGoWithTheirPreset();
     void brokenPresetIsASentence();
     void defaultIsSavedAndForgotten();
 };
@@ -172,6 +173,40 @@ void TestEditorPresets::presetGoesOutAndComesIn()
     stage.dialog()->importFiles({file});
     QVERIFY2(stage.problem().contains(key("from a friend")), qPrintable(stage.problem()));
     stage.dialog()->importFiles({});
+}
+
+void TestEditorPresets::imagesGoWithTheirPreset()
+{
+    const Opened stage;
+    const QString logo = stage.folder.filePath(key("logo.png"));
+    QVERIFY(QFile::copy(kitsupport::logoPath(20, 10), logo));
+    stage.file(0)->insert(key("Watermark"), {{key("wm_istextwatermark"), false}, {key("wm_imageurl"), logo}});
+    QVERIFY(zokit::Presets()
+                .save(key("a logo"), zokit::presetFrom(stage.file(0)->settings(), {key("Watermark")}))
+                .isEmpty());
+    stage.dialog()->close();
+    settle();
+    stage.trigger("presets");
+    stage.list()->setCurrentRow(0);
+    const QString file = stage.folder.filePath(key("from a friend.zoeffect.json"));
+    stage.dialog()->exportTo(file);
+    QCOMPARE(stage.problem(), QString());
+    const QString copy = stage.folder.filePath(key("from a friend.files/logo.png"));
+    QVERIFY(QFile::exists(copy));
+    QVERIFY(QFile::remove(logo));
+    stage.dialog()->importFiles({file});
+    QCOMPARE(stage.problem(), QString());
+    QVERIFY(QFile::remove(copy));
+    stage.find<QCheckBox>("replace")->setChecked(true);
+    stage.dialog()->importFiles({file});
+    QVERIFY2(stage.problem().startsWith(key("What was imported names files that are not there:\n"))
+                 && stage.problem().contains(copy),
+             qPrintable(stage.problem()));
+    // What is missing cannot be taken along.
+    stage.list()->setCurrentRow(0);
+    stage.dialog()->exportTo(stage.folder.filePath(key("again.zoeffect.json")));
+    QVERIFY2(stage.problem().contains(key("logo.png")), qPrintable(stage.problem()));
+    QVERIFY(!QFile::exists(stage.folder.filePath(key("again.zoeffect.json"))));
 }
 
 void TestEditorPresets::brokenPresetIsASentence()
