@@ -60,6 +60,34 @@ bool isSidecarOf(const QString& file, const QString& clip)
            && subtitle.fileName().startsWith(nameOf(info) + QLatin1Char('.'));
 }
 
+QString endingOf(const QString& sidecar, const QString& clip)
+{
+    return QFileInfo(sidecar).fileName().mid(nameOf(QFileInfo(clip)).size());
+}
+
+QVector<TrackChoice> withSidecar(const QVector<TrackChoice>& choices, const QString& clip, const QStringList& sidecars,
+                                 const QString& ending)
+{
+    QVector<TrackChoice> result = choices;
+    for (const QString& sidecar : sidecars) {
+        const auto isIt = [&sidecar](const TrackChoice& choice) { return choice.sidecar == sidecar; };
+        if (std::none_of(choices.cbegin(), choices.cend(), isIt))
+            result.append(choiceOf(sidecar, clip));
+    }
+    const auto hasEnding = [&](const TrackChoice& choice) {
+        return !choice.sidecar.isEmpty() && endingOf(choice.sidecar, clip) == ending;
+    };
+    if (std::none_of(result.cbegin(), result.cend(), hasEnding))
+        return result;
+    for (TrackChoice& choice : result) {
+        if (choice.track.kind != TrackKind::Subtitle)
+            continue;
+        choice.selected = hasEnding(choice);
+        choice.why = choice.selected ? Message(Message::Code::ChosenByHand) : Message();
+    }
+    return result;
+}
+
 QStringList sidecarsOf(const QString& clip)
 {
     const QFileInfo info(clip);

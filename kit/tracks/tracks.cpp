@@ -303,6 +303,8 @@ Settings withTracks(const Settings& settings, const QVector<TrackChoice>& choice
             if (there != known.end()) {
                 item = *there;
                 known.erase(there);
+            } else if (!choice.sidecar.isEmpty() && !choice.selected && !rules.sidecars) {
+                continue;
             } else {
                 item.values = fresh == NewTracks::SavedDefaults
                                   ? newItem(type, kindOf(type, which), baseFrame(settings)).values

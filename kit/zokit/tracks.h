@@ -67,12 +67,20 @@ ZOKIT_EXPORT QVector<TrackChoice> chosenTracks(const TrackRules& rules, const QV
 /// and for subtitles where another rule chose one.
 ZOKIT_EXPORT QVector<Message> missingLanguages(const TrackRules& rules, const QVector<TrackChoice>& choices);
 
+/// What a subtitle file has behind the name of its \a clip: ".eng.srt". The same for another clip of a series.
+ZOKIT_EXPORT QString endingOf(const QString& sidecar, const QString& clip);
+/// \a choices with the one of \a sidecars of \a clip that has \a ending chosen by hand, whatever the rules say: no
+/// other subtitle is. Those that \a choices lack come behind them, to be shown. Where none has that ending, or it is
+/// empty, all others stay as they are.
+ZOKIT_EXPORT QVector<TrackChoice> withSidecar(const QVector<TrackChoice>& choices, const QString& clip,
+                                              const QStringList& sidecars, const QString& ending);
+
 /// What a track that has no item yet gets: the saved defaults when a media file is added, else the catalogue's.
 enum class NewTracks { CatalogueDefaults, SavedDefaults };
 
 /// \a settings with the items of "Audio" and "Subtitle" that \a choices mean: one item a track in their order, styles
 /// of tracks that are there already kept, \a rules noted under "tracks". Files that a person added stay; those that
-/// the rule of sidecars brought go with it.
+/// the rule of sidecars brought go with it. Without that rule a sidecar that is not selected gets no item.
 ZOKIT_EXPORT Settings withTracks(const Settings& settings, const QVector<TrackChoice>& choices, const TrackRules& rules,
                                  NewTracks fresh = NewTracks::CatalogueDefaults);
 

@@ -38,6 +38,7 @@ private slots:
     void sidecarTellsByItsName_data();
     void sidecarTellsByItsName();
     void sidecarsOfAClip();
+    void sidecarIsChosenByHand();
     void listIsWhatIsApplied();
     void appliedTwiceIsOnce();
     void newTracksHaveTheDefaultsThatAreMeant();
@@ -499,6 +500,53 @@ void TestKitTracks::noRuleIsRefusedWithAReason()
     zokit::Message error;
     QVERIFY(!zokit::trackRulesFrom({{name, value}}, &error));
     QCOMPARE(error.text(), sentence);
+}
+
+void TestKitTracks::sidecarIsChosenByHand()
+{
+    const QString english = key("/films/film.eng.srt");
+    const QString german = key("/films/film.ger.ass");
+    TrackRules rules;
+    rules.subtitleTrack = 3; // By hand before.
+    const QVector<Track> clip{{1, zokit::TrackKind::Audio, key("aac"), key("eng"), QString(), false, false},
+                              {3, zokit::TrackKind::Subtitle, key("srt"), key("fra"), QString(), false, false}};
+    const QVector<TrackChoice> before = zokit::chosenTracks(rules, clip, film, {});
+    const auto selected = [](const QVector<TrackChoice>& choices) {
+        QStringList words;
+        for (const TrackChoice& choice : choices)
+            words.append((choice.sidecar.isEmpty() ? QString::number(choice.track.index) : choice.sidecar.mid(7))
+                         + (choice.selected ? QStringLiteral(" yes ") + choice.why.text() : QString()));
+        return words;
+    };
+    QCOMPARE(selected(before), QStringList({key("1"), key("3 yes chosen by hand")}));
+    QCOMPARE(selected(zokit::withSidecar(before, film, {english, german}, QString())),
+             QStringList({key("1"), key("3 yes chosen by hand"), key("film.eng.srt"), key("film.ger.ass")}));
+    QCOMPARE(zokit::endingOf(german, film), key(".ger.ass"));
+    const QVector<TrackChoice> chosen = zokit::withSidecar(before, film, {english, german}, key(".ger.ass"));
+    QCOMPARE(selected(chosen),
+             QStringList({key("1"), key("3"), key("film.eng.srt"), key("film.ger.ass yes chosen by hand")}));
+    // One that this clip has not.
+    QCOMPARE(selected(zokit::withSidecar(before, film, {english}, key(".ger.ass"))),
+             QStringList({key("1"), key("3 yes chosen by hand"), key("film.eng.srt")}));
+
+    rules.subtitleTrack = -1;
+    Settings settings = zokit::withTracks(newFilm(), chosen, rules);
+    const auto files = [&settings] {
+        QStringList words;
+        for (const zokit::Item& item : settings.find(key("Subtitle"))->items) {
+            if (item.values.value(key("sub_fromfile")).toBool())
+                words.append(item.values.value(key("file")).toString().mid(7)
+                             + (item.selected ? QStringLiteral(" yes") : QString()));
+        }
+        return words;
+    };
+    QCOMPARE(files(), QStringList({key("film.ger.ass yes")}));
+    // Chosen by hand it stays, also where the next choice does not know of it.
+    settings = zokit::withTracks(settings, before, rules);
+    QCOMPARE(files(), QStringList({key("film.ger.ass yes")}));
+    // Another one in its place: it is there, and not used.
+    settings = zokit::withTracks(settings, zokit::withSidecar(before, film, {english, german}, key(".eng.srt")), rules);
+    QCOMPARE(files(), QStringList({key("film.eng.srt yes"), key("film.ger.ass")}));
 }
 
 ZOEFFECT_TEST_MAIN(TestKitTracks)
