@@ -14,6 +14,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
+#include <QSignalBlocker>
 #include <QSplitter>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -74,6 +75,7 @@ TracksDialog::TracksDialog(Session* session, QWidget* parent)
     m_subtitles->setCodes(present.subtitleLanguages);
     m_forced->setChecked(present.forcedSubtitles);
     m_sidecars->setChecked(present.sidecars);
+    m_sidecar = present.sidecars ? QString() : sidecarInUse();
 
     auto* columns = new QSplitter(Qt::Horizontal, this);
     columns->setObjectName(QStringLiteral("tracksColumns"));
@@ -156,6 +158,7 @@ QWidget* TracksDialog::makeTracks()
     connect(m_tracks, &QTreeWidget::itemChanged, this, &TracksDialog::takeByHand);
     connect(m_byRule, &QPushButton::clicked, this, [this] {
         m_byHand = {};
+        m_sidecar.clear();
         update();
     });
     return page;
@@ -175,8 +178,10 @@ QVector<TrackChoice> TracksDialog::choices(const FileSettings* file, zokit::Mess
 {
     const zokit::MediaInfo* media = m_session->mediaOf(file);
     const QString clip = file->media().file;
-    return zokit::chosenTracks(rules(), media ? media->tracks() : QVector<zokit::Track>(), clip,
-                               zokit::sidecarsOf(clip), error);
+    const QStringList sidecars = zokit::sidecarsOf(clip);
+    const QVector<TrackChoice> byRules =
+        zokit::chosenTracks(rules(), media ? media->tracks() : QVector<zokit::Track>(), clip, sidecars, error);
+    return zokit::withSidecar(byRules, clip, sidecars, m_sidecar);
 }
 
 void TracksDialog::update()
@@ -188,13 +193,11 @@ void TracksDialog::update()
     m_tracks->clear();
     for (const TrackChoice& choice : std::as_const(m_shown)) {
         auto* row = new QTreeWidgetItem(m_tracks, {describe(choice), choice.selected ? choice.why.text() : tr("no")});
-        const bool isOfClip = choice.sidecar.isEmpty();
-        row->setFlags(Qt::ItemIsSelectable
-                      | (isOfClip ? Qt::ItemIsEnabled | Qt::ItemIsUserCheckable : Qt::ItemIsEnabled));
+        row->setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsUserCheckable);
         row->setCheckState(TrackColumn, choice.selected ? Qt::Checked : Qt::Unchecked);
     }
     m_isFilling = false;
-    m_byRule->setEnabled(m_byHand.audioTracks || m_byHand.subtitleTrack);
+    m_byRule->setEnabled(m_byHand.audioTracks || m_byHand.subtitleTrack || !m_sidecar.isEmpty());
     m_problem->setText(error.text());
     m_problem->setVisible(!error.isEmpty());
     m_apply->setEnabled(error.isEmpty());
@@ -213,8 +216,8 @@ void TracksDialog::takeByHand(QTreeWidgetItem* row)
         return;
     const int changed = m_tracks->indexOfTopLevelItem(row);
     const auto isChecked = [this](int i) { return m_tracks->topLevelItem(i)->checkState(TrackColumn) == Qt::Checked; };
-    if (m_shown.at(changed).track.kind == TrackKind::Subtitle) { // One at most.
-        m_byHand.subtitleTrack = isChecked(changed) ? m_shown.at(changed).track.index : -1;
+    if (m_shown.at(changed).track.kind == TrackKind::Subtitle) {
+        takeSubtitle(m_shown.at(changed), isChecked(changed));
     } else {
         QVector<int> tracks;
         for (int i = 0; i < m_shown.size(); ++i) {
@@ -225,6 +228,30 @@ void TracksDialog::takeByHand(QTreeWidgetItem* row)
     }
     QMetaObject::invokeMethod(
         this, [this] { update(); }, Qt::QueuedConnection); // The list is speaking.
+}
+
+/// One at most, of the clip or beside it; the rule of files beside clips would choose another one.
+void TracksDialog::takeSubtitle(const TrackChoice& choice, bool isOn)
+{
+    const bool isSidecar = !choice.sidecar.isEmpty();
+    m_sidecar = isSidecar && isOn ? zokit::endingOf(choice.sidecar, m_session->current()->media().file) : QString();
+    m_byHand.subtitleTrack = isOn && !isSidecar ? choice.track.index : -1;
+    const QSignalBlocker blocker(m_sidecars);
+    m_sidecars->setChecked(m_sidecars->isChecked() && !isSidecar);
+}
+
+/// The ending of the subtitle file beside the current clip that its settings use; empty for none.
+QString TracksDialog::sidecarInUse() const
+{
+    const FileSettings* file = m_session->current();
+    const QString clip = file->media().file;
+    const QStringList sidecars = zokit::sidecarsOf(clip);
+    for (const zokit::Identity item : file->items(QStringLiteral("Subtitle"))) {
+        const QString path = file->value(item, QStringLiteral("file")).toString();
+        if (sidecars.contains(path) && file->value(item, QStringLiteral("selected")).toBool())
+            return zokit::endingOf(path, clip);
+    }
+    return {};
 }
 
 void TracksDialog::showPlan(const zokit::TracksPlan& plan)

@@ -23,7 +23,8 @@ namespace zoeditor {
 class LanguageList;
 class Session;
 
-/// Which tracks of the files are used: by rules, or by hand with the check boxes of the list. A line a track tells by
+/// Which tracks of the files are used, and which subtitle files beside them: by rules, or by hand with the check boxes
+/// of the list. A line a track tells by
 /// what it is chosen and what becomes of it in the current file. Applied as one step.
 class TracksDialog : public QDialog {
     Q_OBJECT
@@ -41,10 +42,13 @@ private:
     QVector<zokit::TrackChoice> choices(const zokit::FileSettings* file, zokit::Message* error) const;
     void update();
     void takeByHand(QTreeWidgetItem* row);
+    void takeSubtitle(const zokit::TrackChoice& choice, bool isOn);
+    QString sidecarInUse() const;
     void showPlan(const zokit::TracksPlan& plan);
 
     Session* m_session;
     zokit::TrackRules m_byHand; ///< Only the tracks that were chosen by hand.
+    QString m_sidecar;          ///< The ending of a subtitle file beside the clip that was; empty for none.
     QVector<zokit::TrackChoice> m_shown;
     LanguageList* m_audio;
     LanguageList* m_subtitles;

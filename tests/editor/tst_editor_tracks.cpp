@@ -26,6 +26,7 @@ private slots:
     void orderOfLanguagesCounts();
     void rulesReachAllFilesAsOneStep();
     void sidecarsAreOffered();
+    void sidecarIsChosenByHand();
     void cancelChangesNothing();
 };
 
@@ -175,12 +176,46 @@ void TestEditorTracks::sidecarsAreOffered()
     auto* sidecars = stage.find<QCheckBox>("sidecars");
     QCOMPARE(sidecars->text(), key("Subtitle file &beside the clip (1)"));
     QCOMPARE(sidecars->toolTip(), key("film.eng.srt"));
-    QCOMPARE(tracks(stage)->topLevelItemCount(), 1);
+    QCOMPARE(tracks(stage)->topLevelItemCount(), 2);
+    QCOMPARE(why(stage, 1), key("no"));
     sidecars->setChecked(true);
     QCOMPARE(tracks(stage)->topLevelItem(1)->text(0), key("Subtitles film.eng.srt"));
     QCOMPARE(why(stage, 1), key("chosen as subtitle file beside the clip"));
     stage.find<QPushButton>("apply")->click();
     QCOMPARE(stage.file(0)->items(key("Subtitle")).size(), 1);
+}
+
+void TestEditorTracks::sidecarIsChosenByHand()
+{
+    QTemporaryDir folder;
+    const Stage stage({copyOf("plain.mkv", folder, "one.mkv"), copyOf("plain.mkv", folder, "two.mkv")});
+    for (const char* name : {"one.eng.srt", "one.ger.srt", "two.ger.srt"})
+        QFile::copy(clips::clip(key("text.srt")), folder.filePath(key(name)));
+    stage.trigger("tracks");
+    QCOMPARE(tracks(stage)->topLevelItem(2)->text(0), key("Subtitles one.ger.srt"));
+    check(stage, 1, true);
+    check(stage, 2, true); // One at most.
+    QCOMPARE(why(stage, 1), key("no"));
+    QCOMPARE(why(stage, 2), key("chosen by hand"));
+    QVERIFY(stage.find<QPushButton>("byRule")->isEnabled());
+    auto* where = stage.find<QComboBox>("where");
+    where->setCurrentIndex(where->findData(2)); // All: each gets its own.
+    stage.find<QPushButton>("apply")->click();
+    for (int i = 0; i < 2; ++i) {
+        const QVector<zokit::Identity> items = stage.file(i)->items(key("Subtitle"));
+        QCOMPARE(items.size(), 1);
+        QCOMPARE(stage.file(i)->value(items.first(), key("file")).toString(),
+                 folder.filePath(key(i == 0 ? "one.ger.srt" : "two.ger.srt")));
+    }
+    // It is found again, and can be taken away.
+    settle();
+    stage.trigger("tracks");
+    QCOMPARE(why(stage, 2), key("chosen by hand"));
+    check(stage, 2, false);
+    QCOMPARE(why(stage, 2), key("no"));
+    stage.find<QPushButton>("apply")->click();
+    const zokit::Identity item = stage.file(0)->item(key("Subtitle"), 0);
+    QCOMPARE(stage.file(0)->value(item, key("selected")), QVariant(false));
 }
 
 void TestEditorTracks::cancelChangesNothing()
