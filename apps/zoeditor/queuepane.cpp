@@ -25,7 +25,7 @@ using zokit::RowState;
 namespace {
 
 enum Column { FileColumn, StateColumn, ProgressColumn, LeftColumn };
-enum Button { Start, Pause, Cancel, Retry, Remove, OpenFolder, Buttons };
+enum Button { Start, Pause, Cancel, Retry, Up, Down, Remove, OpenFolder, Buttons };
 
 QString timeText(double seconds)
 {
@@ -91,8 +91,9 @@ void QueuePane::makeButtons()
         QString text;
     };
     const Row rows[] = {
-        {"startQueue", tr("&Start")},   {"pauseQueue", tr("&Pause")}, {"cancelRow", tr("&Cancel")},
-        {"retryRow", tr("&Try again")}, {"removeRow", tr("&Remove")}, {"openFolder", tr("&Open folder")},
+        {"startQueue", tr("&Start")},   {"pauseQueue", tr("&Pause")},        {"cancelRow", tr("&Cancel")},
+        {"retryRow", tr("&Try again")}, {"rowUp", QStringLiteral("\u2191")}, {"rowDown", QStringLiteral("\u2193")},
+        {"removeRow", tr("&Remove")},   {"openFolder", tr("&Open folder")},
     };
     auto* line = new QHBoxLayout;
     for (const Row& row : rows) {
@@ -104,6 +105,12 @@ void QueuePane::makeButtons()
     line->addStretch();
     line->addWidget(m_summary);
     static_cast<QVBoxLayout*>(layout())->addLayout(line);
+    m_buttons.at(Up)->setAccessibleName(tr("Convert earlier"));
+    m_buttons.at(Down)->setAccessibleName(tr("Convert later"));
+    for (QPushButton* arrow : {m_buttons.at(Up), m_buttons.at(Down)}) {
+        arrow->setToolTip(arrow->accessibleName());
+        arrow->setMaximumWidth(arrow->sizeHint().height());
+    }
     m_buttons.at(Pause)->setCheckable(true);
     connect(m_buttons.at(Start), &QPushButton::clicked, m_queue, [this] {
         m_queue->start();
@@ -118,6 +125,8 @@ void QueuePane::makeButtons()
         m_queue->retry(chosen());
         m_queue->start();
     });
+    connect(m_buttons.at(Up), &QPushButton::clicked, m_queue, [this] { m_queue->move(chosen(), place() - 1); });
+    connect(m_buttons.at(Down), &QPushButton::clicked, m_queue, [this] { m_queue->move(chosen(), place() + 1); });
     connect(m_buttons.at(Remove), &QPushButton::clicked, m_queue, [this] { m_queue->remove(chosen()); });
     connect(m_buttons.at(OpenFolder), &QPushButton::clicked, m_queue, [this] {
         const QString folder = QFileInfo(m_queue->job(chosen()).output).absolutePath();
@@ -134,6 +143,12 @@ QTreeWidgetItem* QueuePane::item(int row) const
 int QueuePane::chosen() const
 {
     return m_queue->rows().value(m_list->indexOfTopLevelItem(m_list->currentItem()));
+}
+
+/// Where the chosen row stands; -1 for none.
+int QueuePane::place() const
+{
+    return m_list->indexOfTopLevelItem(m_list->currentItem());
 }
 
 void QueuePane::makeRows()
@@ -217,6 +232,8 @@ void QueuePane::updateButtons()
     m_buttons.at(Pause)->setEnabled(m_queue->isRunning() || m_buttons.at(Pause)->isChecked());
     m_buttons.at(Cancel)->setEnabled(isThere && !hasEnded);
     m_buttons.at(Retry)->setEnabled(isThere && hasEnded && state != RowState::Done);
+    m_buttons.at(Up)->setEnabled(isThere && place() > 0);
+    m_buttons.at(Down)->setEnabled(isThere && place() + 1 < m_list->topLevelItemCount());
     m_buttons.at(Remove)->setEnabled(isThere && !runs);
     m_buttons.at(OpenFolder)->setEnabled(isThere);
     m_summary->setText(tr("%1 of %2 done").arg(done).arg(m_queue->rows().size()));

@@ -28,6 +28,7 @@ public:
 private:
     QTreeWidgetItem* item(int row) const;
     int chosen() const;
+    int place() const;
     void makeButtons();
     void makeRows();
     void showState(int row);
