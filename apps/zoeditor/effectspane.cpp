@@ -8,6 +8,7 @@
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QMenu>
+#include <QShortcut>
 #include <QSortFilterProxyModel>
 #include <QToolButton>
 #include <QTreeView>
@@ -172,6 +173,9 @@ void EffectsPane::connectActions(const Actions& actions)
         if (m_session->current())
             m_session->take(m_session->current()->remove(m_session->thing(), this));
     });
+    auto* remove = new QShortcut(QKeySequence(QKeySequence::Delete), m_tree);
+    remove->setContext(Qt::WidgetShortcut);
+    connect(remove, &QShortcut::activated, actions.action("removeItem"), &QAction::trigger);
     on("itemUp", [this] { moveItem(-1); });
     on("itemDown", [this] { moveItem(1); });
     const auto update = [this, &actions] { updateActions(actions); };

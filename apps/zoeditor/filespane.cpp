@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QScrollBar>
+#include <QShortcut>
 #include <QSortFilterProxyModel>
 #include <QStyledItemDelegate>
 #include <QVBoxLayout>
@@ -90,6 +91,9 @@ FilesPane::FilesPane(Session* session, QWidget* parent)
     layout->addWidget(order);
     layout->addWidget(m_view, 1);
 
+    auto* remove = new QShortcut(QKeySequence(QKeySequence::Delete), m_view);
+    remove->setContext(Qt::WidgetShortcut);
+    connect(remove, &QShortcut::activated, this, &FilesPane::removalWanted);
     m_soon.setSingleShot(true); // Pictures are asked for once things have come to rest.
     m_soon.setInterval(0);
     const auto start = QOverload<>::of(&QTimer::start);

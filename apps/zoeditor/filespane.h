@@ -25,6 +25,10 @@ public:
     /// Rows of Session::files() that are chosen, also those that cannot be read.
     QVector<int> chosenRows() const;
 
+signals:
+    /// The chosen rows are to be taken off the list.
+    void removalWanted();
+
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -141,6 +141,7 @@ void Window::connectFiles()
             m_session->open({folder});
     });
     on("removeFiles", [this] { m_session->remove(m_files->chosenRows()); });
+    connect(m_files, &FilesPane::removalWanted, m_actions->action("removeFiles"), &QAction::trigger);
     on("save", [this] { save(m_session->selected()); });
     on("saveAs", [this] {
         if (m_session->current())
