@@ -43,8 +43,11 @@ void Session::open(const QStringList& paths)
     for (const QString& word : paths) {
         const QFileInfo info(word);
         if (info.isDir()) {
-            for (const QString& path : zokit::mediaFilesIn(info.absoluteFilePath(), true))
+            const QStringList clips = zokit::mediaFilesIn(info.absoluteFilePath(), true);
+            for (const QString& path : clips)
                 openOne(path);
+            if (clips.isEmpty())
+                emit message(tr("There are no clips in %1.").arg(info.absoluteFilePath()));
         } else if (word.endsWith(QLatin1String(".json"))) {
             openSettings(info.absoluteFilePath());
         } else {
@@ -64,6 +67,9 @@ void Session::openOne(const QString& path)
         m_files.append(row);
     } else if (FileSettings* file = m_project.file(m_files.rows().at(there).file)) {
         setCurrent(file);
+        emit message(tr("%1 is open already.").arg(path));
+    } else {
+        take(m_files.rows().at(there).problem);
     }
 }
 

@@ -2,12 +2,17 @@
 // SPDX-License-Identifier: MIT
 
 // What users of other programs with windows complained of, done here once more. Each stands under the number of the
-// complaint.
+// complaint, where it was one; the last ones are heard of many programs.
+
+#include <algorithm>
+#include <cmath>
 
 #include <QtTest>
 #include <QtWidgets>
 
 #include <zokit/history.h>
+
+#include <appearance.h>
 
 #include "editorsupport.h"
 #include "randomedits.h"
@@ -25,6 +30,11 @@ private slots:
     void wheelOverAFieldScrollsItsPage();
     void originalsAreThereAfterADrop_data();
     void originalsAreThereAfterADrop();
+    void whatOpensNothingSaysSo();
+    void orderOfTheQueueIsChangedWhileItRuns();
+    void themesCanBeRead_data();
+    void themesCanBeRead();
+    void deleteRemovesWhatIsChosen();
 };
 
 namespace {
@@ -37,6 +47,23 @@ void roll(QWidget* widget)
                       Qt::NoScrollPhase, false);
     QSpontaneKeyEvent::setSpontaneous(&event); // Goes on to parents, and gives the focus to what takes it by the wheel.
     qApp->notify(widget, &event);
+}
+
+/// How much light a colour gives, from 0 to 1.
+double luminance(const QColor& color)
+{
+    const auto linear = [](double part) {
+        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+/// From 1, all the same, to 21, black on white.
+double contrast(const QColor& one, const QColor& other)
+{
+    const double first = luminance(one);
+    const double second = luminance(other);
+    return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
 }
 
 /// What a field shows.
@@ -131,6 +158,118 @@ void TestEditorComplaints::originalsAreThereAfterADrop()
     stage.waitForFiles();
     QVERIFY(QFile::exists(clip));
     QCOMPARE(stage.session().files().rowCount(), isTaken ? 1 : 0);
+}
+
+void TestEditorComplaints::whatOpensNothingSaysSo()
+{
+    const Stage stage;
+    QVERIFY(QDir(stage.folder.path()).mkpath(key("empty/more")));
+    const QString folder = stage.folder.filePath(key("empty"));
+    stage.session().open({folder});
+    QCOMPARE(stage.status(), key("There are no clips in ") + folder + key("."));
+    const QString clip = copyOf("plain.mp4", stage.folder, "film.mp4");
+    stage.session().open({clip});
+    stage.waitForFiles();
+    stage.session().open({clip});
+    QCOMPARE(stage.status(), clip + key(" is open already."));
+    const QString gone = stage.folder.filePath(key("gone.mp4"));
+    stage.session().open({gone});
+    stage.waitForFiles();
+    stage.window().statusBar()->clearMessage();
+    stage.session().open({gone});
+    QVERIFY2(stage.status().startsWith(gone + key(": no such file")), qPrintable(stage.status()));
+}
+
+void TestEditorComplaints::orderOfTheQueueIsChangedWhileItRuns()
+{
+    QTemporaryDir folder;
+    const Stage stage({copyOf("plain.mp4", folder, "a.mp4"), copyOf("plain.mp4", folder, "b.mp4"),
+                       copyOf("plain.mp4", folder, "c.mp4")});
+    zokit::Queue& queue = stage.session().queue();
+    QStringList begun;
+    connect(&queue, &zokit::Queue::stateChanged, this, [&](int row, zokit::RowState state) {
+        const QString clip = QFileInfo(queue.job(row).input).fileName();
+        if (state == zokit::RowState::Running && !begun.contains(clip)) // A pause ends in it, too.
+            begun.append(clip);
+    });
+    stage.session().select({stage.file(0), stage.file(1), stage.file(2)});
+    stage.trigger("convert");
+    stage.find<QAbstractButton>("start")->click();
+    QTRY_VERIFY_WITH_TIMEOUT(!begun.isEmpty(), 60000);
+    queue.pause();
+    auto* list = stage.find<QTreeWidget>("queueList");
+    list->setCurrentItem(list->topLevelItem(2));
+    QVERIFY(!stage.find<QPushButton>("rowDown")->isEnabled());
+    stage.find<QPushButton>("rowUp")->click();
+    QCOMPARE(list->currentItem()->text(0), key("c.mp4"));
+    QCOMPARE(list->indexOfTopLevelItem(list->currentItem()), 1);
+    queue.resume();
+    QTRY_VERIFY_WITH_TIMEOUT(!queue.isRunning(), 60000);
+    QCOMPARE(begun, QStringList({key("a.mp4"), key("c.mp4"), key("b.mp4")}));
+}
+
+void TestEditorComplaints::themesCanBeRead_data()
+{
+    QTest::addColumn<int>("theme");
+    QTest::newRow("light") << int(zoeditor::appearance::Theme::Light);
+    QTest::newRow("dark") << int(zoeditor::appearance::Theme::Dark);
+}
+
+void TestEditorComplaints::themesCanBeRead()
+{
+    QFETCH(const int, theme);
+    zoeditor::appearance::setTheme(static_cast<zoeditor::appearance::Theme>(theme));
+    const QPalette palette = QApplication::palette();
+    zoeditor::appearance::setTheme(zoeditor::appearance::Theme::System);
+    struct Pair {
+        const char* what;
+        QPalette::ColorGroup group;
+        QPalette::ColorRole text, ground;
+        double least; // As the accessibility guidelines of the web ask for.
+    };
+    constexpr double text = 4.5;
+    constexpr double dimmed = 3;
+    const Pair pairs[] = {
+        {"window", QPalette::Active, QPalette::WindowText, QPalette::Window, text},
+        {"field", QPalette::Active, QPalette::Text, QPalette::Base, text},
+        {"every second row", QPalette::Active, QPalette::Text, QPalette::AlternateBase, text},
+        {"button", QPalette::Active, QPalette::ButtonText, QPalette::Button, text},
+        {"tool tip", QPalette::Active, QPalette::ToolTipText, QPalette::ToolTipBase, text},
+        {"chosen", QPalette::Active, QPalette::HighlightedText, QPalette::Highlight, text},
+        {"link", QPalette::Active, QPalette::Link, QPalette::Window, text},
+        {"mark", QPalette::Active, QPalette::PlaceholderText, QPalette::Window, text},
+        {"hint in a field", QPalette::Active, QPalette::PlaceholderText, QPalette::Base, text},
+        {"disabled window", QPalette::Disabled, QPalette::WindowText, QPalette::Window, dimmed},
+        {"disabled button", QPalette::Disabled, QPalette::ButtonText, QPalette::Button, dimmed},
+        {"disabled field", QPalette::Disabled, QPalette::Text, QPalette::Base, dimmed},
+    };
+    for (const Pair& pair : pairs) {
+        const double found = contrast(palette.color(pair.group, pair.text), palette.color(pair.group, pair.ground));
+        QVERIFY2(found >= pair.least, qPrintable(QStringLiteral("%1: %2").arg(key(pair.what)).arg(found)));
+    }
+}
+
+void TestEditorComplaints::deleteRemovesWhatIsChosen()
+{
+    const Full stage;
+    stage.window().activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&stage.window()));
+    stage.session().setThing(stage.file(0)->item(key("Watermark"), 1));
+    settle();
+    stage.find<QTreeView>("effectTree")->setFocus();
+    QTest::keyClick(stage.find<QTreeView>("effectTree"), Qt::Key_Delete);
+    QCOMPARE(stage.file(0)->items(key("Watermark")).size(), 1);
+    auto* list = stage.find<QListView>("fileList");
+    list->setFocus();
+    list->setCurrentIndex(list->model()->index(1, 0));
+    QTest::keyClick(list, Qt::Key_Delete);
+    QCOMPARE(stage.session().files().rowCount(), 1);
+    QCOMPARE(QFileInfo(stage.session().files().rows().at(0).path).fileName(), key("languages.mkv"));
+    // In a field it deletes letters alone.
+    auto* filter = stage.find<QLineEdit>("filter");
+    filter->setFocus();
+    QTest::keyClick(filter, Qt::Key_Delete);
+    QCOMPARE(stage.session().files().rowCount(), 1);
 }
 
 EDITOR_TEST_MAIN(TestEditorComplaints)
