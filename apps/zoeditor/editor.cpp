@@ -41,30 +41,42 @@ void Editor::makeWindow()
 void Editor::start(const QStringList& files)
 {
     m_window->show();
-    offerLeft();
+    const QStringList saved = offerLeft();
     m_session->keepJournal();
-    m_session->open(files);
+    m_session->open(saved + files);
 }
 
-void Editor::offerLeft()
+QStringList Editor::offerLeft()
 {
     const QVector<zokit::Journal::Left> all = m_session->left();
     if (all.isEmpty())
-        return;
+        return {};
     const zokit::Journal::Left& left = all.first();
     QStringList names;
     for (const QString& file : left.files)
         names.append(QFileInfo(file).fileName());
-    const QString when = QLocale().toString(left.changed, QLocale::ShortFormat);
+    const auto timeText = [](const QDateTime& time) { return QLocale().toString(time, QLocale::ShortFormat); };
+    const QVector<SavedSettings> saved = Session::savedBeside(left);
+    QStringList about;
+    for (const SavedSettings& settings : saved) {
+        const QString sentence = settings.isNewer ? tr("%1 was saved later, %2.") : tr("%1 was saved before that, %2.");
+        about.append(sentence.arg(QFileInfo(settings.file).fileName(), timeText(settings.saved)));
+    }
+    if (left.diedTwice)
+        about.append(tr("An editor that opened them has ended twice. It may happen again."));
     QMessageBox question(QMessageBox::Question, tr("Recover"),
-                         tr("An editor ended before its time, %1. Its settings are there:").arg(when)
+                         tr("An editor ended before its time, %1. Its settings are there:").arg(timeText(left.changed))
                              + QLatin1Char('\n') + names.join(QLatin1String(", ")),
                          QMessageBox::NoButton, m_window.get());
     question.setObjectName(QStringLiteral("recoverQuestion"));
-    if (left.diedTwice)
-        question.setInformativeText(tr("An editor that opened them has ended twice. It may happen again."));
+    question.setInformativeText(about.join(QLatin1Char('\n')));
     QPushButton* recovering = question.addButton(tr("Recover"), QMessageBox::AcceptRole);
     recovering->setObjectName(QStringLiteral("recover"));
+    QPushButton* opening = nullptr;
+    if (!saved.isEmpty()) {
+        opening = question.addButton(tr("Open what was saved"), QMessageBox::ActionRole);
+        opening->setObjectName(QStringLiteral("openSaved"));
+    }
     QPushButton* discarding = question.addButton(tr("Discard"), QMessageBox::DestructiveRole);
     discarding->setObjectName(QStringLiteral("discard"));
     QPushButton* later = question.addButton(tr("Ask again later"), QMessageBox::RejectRole);
@@ -74,7 +86,13 @@ void Editor::offerLeft()
     if (question.clickedButton() == recovering)
         m_session->take(m_session->recover(left.path));
     else if (question.clickedButton() == discarding)
-        zokit::Journal::discard(left.path);
+        Session::discard(left.path);
+    QStringList opened;
+    for (const SavedSettings& settings : saved) {
+        if (opening && question.clickedButton() == opening)
+            opened.append(settings.file);
+    }
+    return opened;
 }
 
 int run(const QStringList& arguments)

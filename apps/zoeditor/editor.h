@@ -31,7 +31,8 @@ public:
 
 private:
     void makeWindow();
-    void offerLeft();
+    /// Settings files that were chosen instead of what is left.
+    QStringList offerLeft();
 
     std::unique_ptr<Session> m_session;
     std::unique_ptr<Window> m_window;

@@ -193,6 +193,7 @@ Message Session::saveAs(FileSettings* file, const QString& path)
     row.onDisk = settings;
     row.isEdited = false;
     m_files.replace(index, row);
+    noteSettingsFiles();
     if (!isModified())
         history().setClean();
     emit fileStateChanged(file->file());
@@ -230,38 +231,6 @@ QVector<FileSettings*> Session::unsaved() const
             files.append(m_project.file(row.file));
     }
     return files;
-}
-
-QVector<zokit::Journal::Left> Session::left() const
-{
-    return zokit::Journal::left(m_journalFolder);
-}
-
-Message Session::recover(const QString& journal)
-{
-    const Message trouble = zokit::Journal::recover(journal, m_project);
-    if (m_project.files().isEmpty())
-        return trouble;
-    zokit::Journal::discard(journal);
-    adoptSelection();
-    return trouble;
-}
-
-void Session::keepJournal()
-{
-    m_journal = std::make_unique<zokit::Journal>(m_project, m_journalFolder);
-    connect(m_journal.get(), &zokit::Journal::trouble, this, &Session::take);
-    connect(m_journal.get(), &zokit::Journal::valueNotKept, this, &Session::take);
-    m_queueFile = std::make_unique<zokit::QueueFile>(
-        m_queue, m_journalFolder.isEmpty() ? QString() : m_journalFolder + QStringLiteral("/queue/queue.jsonl"));
-    connect(m_queueFile.get(), &zokit::QueueFile::trouble, this, &Session::take);
-    take(m_queueFile->open());
-}
-
-void Session::close()
-{
-    if (m_journal)
-        m_journal->close();
 }
 
 void Session::noteChanges(const zokit::Changes& changes)

@@ -5,6 +5,9 @@
 
 #include <memory>
 
+#include <QDateTime>
+#include <QJsonObject>
+#include <QMap>
 #include <QObject>
 #include <QPointer>
 #include <QStringList>
@@ -23,6 +26,13 @@
 #include "filesmodel.h"
 
 namespace zoeditor {
+
+/// A settings file that a session which died had opened or saved.
+struct SavedSettings {
+    QString file;         ///< Its path.
+    QDateTime saved;      ///< When it was written last.
+    bool isNewer = false; ///< That was after the session's last edit.
+};
 
 /// What is open, and what is chosen in it: all that the panes of a window show and edit. Knows no widgets.
 class Session : public QObject {
@@ -111,8 +121,13 @@ public:
 
     /// What sessions that died have left, the newest first.
     QVector<zokit::Journal::Left> left() const;
-    /// Brings back what a session left, and removes its journal. Before files are opened and the journal is begun.
+    /// The settings files of such a session that are there.
+    static QVector<SavedSettings> savedBeside(const zokit::Journal::Left& left);
+    /// Brings back what a session left, and removes its journal. Before files are opened and the journal is begun. The
+    /// settings are saved where they came from; where those were saved later than the session's, that is asked again.
     zokit::Message recover(const QString& journal);
+    /// Removes what a session left.
+    static void discard(const QString& journal);
     /// Notes all that is done from now on, and keeps the queue, with the rows that a session before has left.
     void keepJournal();
     /// The session ends well: nothing is left to recover.
@@ -137,6 +152,7 @@ private:
     void noteRemoved(zokit::FileSettings* file);
     void noteChanges(const zokit::Changes& changes);
     void noteEdited(int row, const zokit::FileSettings& file);
+    void noteSettingsFiles();
     void adoptSelection();
     void showChanged(const zokit::Changes& changes);
     void rememberSelection();
@@ -152,7 +168,9 @@ private:
     QTimer m_workSoon; ///< Rows of the queue change many at a time.
     std::unique_ptr<zokit::QueueFile> m_queueFile;
     std::unique_ptr<zokit::Journal> m_journal;
-    QVector<FileRow> m_removed; ///< Rows of files that the history may bring back.
+    QJsonObject m_notedNames;           ///< As they stand beside the journal.
+    QMap<QString, QString> m_recovered; ///< Settings files of what is being recovered, by the clip.
+    QVector<FileRow> m_removed;         ///< Rows of files that the history may bring back.
     QPointer<zokit::FileSettings> m_current;
     QVector<zokit::Identity> m_selected;
     zokit::Identity m_thing = 0;

@@ -152,6 +152,8 @@ void Session::noteAdded(FileSettings* file)
         row.onDisk = file->settings();
         row.loaded.reset();
         m_files.replace(m_openingRow, row);
+        if (!row.settingsFile.isEmpty())
+            noteSettingsFiles();
     } else if (removed != m_removed.end()) {
         m_files.append(*removed);
         m_removed.erase(removed);
@@ -160,7 +162,10 @@ void Session::noteAdded(FileSettings* file)
         row.path = file->media().file;
         row.file = file->file();
         row.isAsked = true;
-        row.isEdited = true;
+        row.settingsFile = m_recovered.value(row.path);
+        if (!row.settingsFile.isEmpty())
+            row.onDisk = zokit::loadSettings(row.settingsFile).settings;
+        row.isEdited = !row.onDisk || !(*row.onDisk == file->settings());
         m_files.append(row);
         probeNext();
     }

@@ -38,6 +38,8 @@ private slots:
     void closingAsksForWhatIsUnsaved_data();
     void closingAsksForWhatIsUnsaved();
     void sessionThatDiedIsRecovered();
+    void recoveredSessionKnowsItsSettingsFile_data();
+    void recoveredSessionKnowsItsSettingsFile();
     void secondStartHandsItsFilesOver();
 };
 
@@ -358,6 +360,75 @@ void TestEditorFiles::sessionThatDiedIsRecovered()
     QTRY_VERIFY_WITH_TIMEOUT(editor.session().mediaOf(file), 60000);
     QVERIFY(editor.session().history().canUndo());
     QCOMPARE(editor.session().left().size(), 0);
+}
+
+void TestEditorFiles::recoveredSessionKnowsItsSettingsFile_data()
+{
+    QTest::addColumn<bool>("isSavedLater");
+    QTest::addColumn<QByteArray>("button");
+    QTest::addColumn<int>("contrast");
+    QTest::addColumn<QString>("settingsFile"); // Of the row.
+    QTest::addColumn<int>("left");
+    QTest::newRow("recovered") << false << QByteArray("recover") << 10 << key("mine.zoeffect.json") << 0;
+    QTest::newRow("saved by another since") << true << QByteArray("recover") << 10 << QString() << 0;
+    QTest::newRow("as it was saved") << false << QByteArray("openSaved") << 3 << key("mine.zoeffect.json") << 1;
+    QTest::newRow("discarded") << false << QByteArray("discard") << -1 << QString() << 0;
+}
+
+void TestEditorFiles::recoveredSessionKnowsItsSettingsFile()
+{
+    QFETCH(const bool, isSavedLater);
+    QFETCH(const QByteArray, button);
+    QFETCH(const int, contrast);
+    QFETCH(const QString, settingsFile);
+    QFETCH(const int, left);
+    const QTemporaryDir folder;
+    const QString journals = folder.filePath(key("journals"));
+    const QString saved = folder.filePath(key("mine.zoeffect.json"));
+    const auto contrastOf = [](zokit::FileSettings* file) { return file->type(key("Color")); };
+    {
+        zoeditor::Editor editor(journals);
+        editor.start({copyOf("plain.mp4", folder, "film.mp4")});
+        zoeditor::Session& session = editor.session();
+        QTRY_VERIFY_WITH_TIMEOUT(session.mediaOf(session.current()), 60000);
+        session.current()->setValue(contrastOf(session.current()), key("bcs_contrast"), 3);
+        QVERIFY(session.saveAs(session.current(), saved).isEmpty());
+        QFile file(saved); // Long ago, or just now: whatever the file system's clock does.
+        QVERIFY(file.open(QIODevice::ReadWrite));
+        QVERIFY(file.setFileTime(QDateTime::currentDateTime().addSecs(isSavedLater ? 3600 : -3600),
+                                 QFileDevice::FileModificationTime));
+        edit(session.current());
+        session.current()->insert(key("Watermark"), {{key("wm_textcontent"), key("written last")}});
+        const auto isKept = [&journals] {
+            QFile journal(QDir(journals).entryInfoList({key("*.journal")}).value(0).filePath());
+            return journal.open(QIODevice::ReadOnly) && journal.readAll().contains("written last");
+        };
+        QTRY_VERIFY_WITH_TIMEOUT(isKept(), 60000);
+    } // Without a good end.
+    QString asked;
+    QTimer looking;
+    connect(&looking, &QTimer::timeout, this, [&] {
+        if (auto* question = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
+            asked = question->informativeText();
+    });
+    looking.start(0);
+    answer("recoverQuestion", button.constData());
+    zoeditor::Editor editor(journals);
+    editor.start({});
+    looking.stop();
+    QVERIFY2(asked.startsWith(key(isSavedLater ? "mine.zoeffect.json was saved later, "
+                                               : "mine.zoeffect.json was saved before that, ")),
+             qPrintable(asked));
+    zoeditor::Session& session = editor.session();
+    QTRY_VERIFY_WITH_TIMEOUT(contrast < 0 || session.mediaOf(session.current()), 60000);
+    QCOMPARE(session.files().rowCount(), contrast < 0 ? 0 : 1);
+    QCOMPARE(session.left().size(), left);
+    QCOMPARE(QDir(journals).entryList({key("*.settings")}).size(), left + (settingsFile.isEmpty() ? 0 : 1));
+    if (contrast < 0)
+        return;
+    QCOMPARE(session.current()->value(contrastOf(session.current()), key("bcs_contrast")), QVariant(contrast));
+    QCOMPARE(QFileInfo(session.files().rows().at(0).settingsFile).fileName(), settingsFile);
+    QCOMPARE(session.isModified(), contrast == 10);
 }
 
 void TestEditorFiles::secondStartHandsItsFilesOver()
