@@ -222,6 +222,18 @@
         <source>Ask again later</source>
         <translation>Später wieder fragen</translation>
     </message>
+    <message>
+        <source>%1 was saved later, %2.</source>
+        <translation>%1 wurde später gespeichert, %2.</translation>
+    </message>
+    <message>
+        <source>%1 was saved before that, %2.</source>
+        <translation>%1 wurde davor gespeichert, %2.</translation>
+    </message>
+    <message>
+        <source>Open what was saved</source>
+        <translation>Gespeichertes öffnen</translation>
+    </message>
 </context>
 <context>
     <name>zoeditor::EffectsPane</name>
@@ -553,6 +565,14 @@
     <message>
         <source>%1 is open already. Remove it first to open these settings.</source>
         <translation>%1 ist schon offen. Entfernen Sie die Datei zuerst, um diese Einstellungen zu öffnen.</translation>
+    </message>
+    <message>
+        <source>There are no clips in %1.</source>
+        <translation>In %1 sind keine Filme.</translation>
+    </message>
+    <message>
+        <source>%1 is open already.</source>
+        <translation>%1 ist schon geöffnet.</translation>
     </message>
 </context>
 <context>
@@ -1168,6 +1188,10 @@
         <source>Re&amp;name the chosen one</source>
         <translation>Die gewählte &amp;umbenennen</translation>
     </message>
+    <message>
+        <source>What was imported names files that are not there:</source>
+        <translation>Das Eingelesene nennt Dateien, die es nicht gibt:</translation>
+    </message>
 </context>
 <context>
     <name>zoeditor::QueuePane</name>
@@ -1238,6 +1262,14 @@
     <message>
         <source>%1 of %2 done</source>
         <translation>%1 von %2 fertig</translation>
+    </message>
+    <message>
+        <source>Convert earlier</source>
+        <translation>Früher umwandeln</translation>
+    </message>
+    <message>
+        <source>Convert later</source>
+        <translation>Später umwandeln</translation>
     </message>
 </context>
 <context>
