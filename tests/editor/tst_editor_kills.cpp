@@ -3,11 +3,9 @@
 
 // Editors that are killed at any moment, and what the next start brings back.
 
-#include <cstring>
 #include <memory>
 #include <vector>
 
-#include <QProcess>
 #include <QtTest>
 
 #include <zokit/history.h>
@@ -15,7 +13,7 @@
 
 #include "editorrobot.h"
 #include "editorsupport.h"
-#include "journalrobot.h"
+#include "killedhost.h"
 #include "randomedits.h"
 
 using editorrobot::Robot;
@@ -31,61 +29,13 @@ private slots:
 
 namespace {
 
-constexpr qint64 promised = 200; // Milliseconds that a kill may cost.
 constexpr int atOnce = 3;
 constexpr int mostEdits = 25;
-constexpr int longestWait = 30;  // Milliseconds: longer than an edit.
-constexpr int patience = 240000; // Milliseconds: longer than a robot waits for its clip.
+constexpr int longestWait = 30; // Milliseconds: longer than an edit.
 
 QString clip()
 {
     return clips::clip(QStringLiteral("plain.mp4"));
-}
-
-/// An editor that runs, with a folder for its journal.
-class Host {
-public:
-    explicit Host(quint32 seed) : m_seed(seed)
-    {
-        m_process.start(QStringLiteral(ZOEDITOR_ROBOT), {m_folder.path(), QString::number(seed), clip()});
-    }
-
-    quint32 seed() const { return m_seed; }
-    QString folder() const { return m_folder.path(); }
-
-    /// Kills it at some moment after its edit number \a edits, \a wait milliseconds after that was told.
-    bool killAfter(int edits, int wait)
-    {
-        const auto enough = int(sizeof(Report)) * edits;
-        while (m_process.bytesAvailable() < enough && m_process.waitForReadyRead(patience)) {
-        }
-        const bool ran = m_process.state() == QProcess::Running && m_process.bytesAvailable() >= enough;
-        QTest::qWait(wait);
-        m_process.kill();
-        return m_process.waitForFinished() && ran && m_process.exitStatus() == QProcess::CrashExit;
-    }
-
-    QVector<Report> reports()
-    {
-        const QByteArray bytes = m_process.readAllStandardOutput();
-        QVector<Report> reports(bytes.size() / int(sizeof(Report)));
-        std::memcpy(reports.data(), bytes.constData(), sizeof(Report) * std::size_t(reports.size()));
-        return reports;
-    }
-
-private:
-    quint32 m_seed;
-    QTemporaryDir m_folder;
-    QProcess m_process;
-};
-
-/// How many edits have to be back: the promise counts from the moment of the last report.
-int editsPromised(const QVector<Report>& reports)
-{
-    int edits = 0;
-    while (edits < reports.size() && reports.at(edits).after <= reports.last().before - promised)
-        ++edits;
-    return edits;
 }
 
 /// What the next start shows when its question is answered by "Recover".
@@ -135,20 +85,20 @@ void TestEditorKills::nextStartBringsEverythingBack()
     int longestLoss = 0;
     int promisedInAll = 0;
     for (int killed = 0; killed < total;) {
-        std::vector<std::unique_ptr<Host>> hosts;
+        std::vector<std::unique_ptr<KilledHost>> hosts;
         for (int i = 0; i < std::min(atOnce, total - killed); ++i)
-            hosts.push_back(std::make_unique<Host>(random.generate()));
-        for (const std::unique_ptr<Host>& host : hosts)
+            hosts.push_back(std::make_unique<KilledHost>(ZOEDITOR_ROBOT, random.generate(), QStringList{clip()}));
+        for (const std::unique_ptr<KilledHost>& host : hosts)
             QVERIFY2(host->killAfter(random.bounded(1, mostEdits), random.bounded(longestWait)),
                      "an editor ended by itself");
-        for (const std::unique_ptr<Host>& host : hosts) {
+        for (const std::unique_ptr<KilledHost>& host : hosts) {
             ++killed;
             const QVector<Report> reports = host->reports();
-            const int promisedEdits = editsPromised(reports);
+            const int promisedEdits = KilledHost::editsPromised(reports);
             const auto done = static_cast<int>(reports.size());
             const QVector<zokit::Journal::Left> left = zokit::Journal::left(host->folder());
             if (left.isEmpty() || left.first().files.isEmpty()) { // Killed before the clip itself had to be back.
-                QVERIFY2(reports.last().before < promised, "the clip has to be back");
+                QVERIFY2(reports.last().before < KilledHost::promised, "the clip has to be back");
                 continue;
             }
             // One more may be in the journal than was told.

@@ -3,16 +3,13 @@
 
 // Hosts that are killed at any moment, and what their journals bring back.
 
-#include <cstring>
 #include <memory>
 
-#include <QProcess>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include <zokit/journal.h>
 
-#include "journalrobot.h"
+#include "killedhost.h"
 #include "testapplication.h"
 
 using journalrobot::Report;
@@ -31,54 +28,8 @@ private slots:
 
 namespace {
 
-constexpr qint64 promised = 200; // Milliseconds that a kill may cost.
 constexpr int atOnce = 3;
 constexpr int mostEdits = 120;
-
-/// A robot that runs, with a folder for its journal.
-class Host {
-public:
-    explicit Host(quint32 seed) : m_seed(seed)
-    {
-        m_process.start(QStringLiteral(ZOKIT_ROBOT), {m_folder.path(), QString::number(seed)});
-    }
-
-    quint32 seed() const { return m_seed; }
-    QString folder() const { return m_folder.path(); }
-
-    /// Kills it at some moment after its edit number \a edits.
-    bool killAfter(int edits)
-    {
-        const auto enough = int(sizeof(Report)) * edits;
-        while (m_process.bytesAvailable() < enough && m_process.waitForReadyRead()) {
-        }
-        const bool ran = m_process.state() == QProcess::Running && m_process.bytesAvailable() >= enough;
-        m_process.kill();
-        return m_process.waitForFinished() && ran && m_process.exitStatus() == QProcess::CrashExit;
-    }
-
-    QVector<Report> reports()
-    {
-        const QByteArray bytes = m_process.readAllStandardOutput();
-        QVector<Report> reports(bytes.size() / int(sizeof(Report)));
-        std::memcpy(reports.data(), bytes.constData(), sizeof(Report) * std::size_t(reports.size()));
-        return reports;
-    }
-
-private:
-    quint32 m_seed;
-    QTemporaryDir m_folder;
-    QProcess m_process;
-};
-
-/// How many edits have to be back: the promise counts from the moment of the last report.
-int editsPromised(const QVector<Report>& reports)
-{
-    int edits = 0;
-    while (edits < reports.size() && reports.at(edits).after <= reports.last().before - promised)
-        ++edits;
-    return edits;
-}
 
 /// Everything that can be told of a project: its settings here, at the beginning and in the middle of its history, and
 /// what stands in the history.
@@ -130,10 +81,10 @@ void TestKitKilledHosts::loseNoMoreThanTheLastMoment()
     int longestLoss = 0;
     int promisedInAll = 0;
     for (int killed = 0; killed < total;) {
-        std::vector<std::unique_ptr<Host>> hosts;
+        std::vector<std::unique_ptr<KilledHost>> hosts;
         for (int i = 0; i < std::min(atOnce, total - killed); ++i)
-            hosts.push_back(std::make_unique<Host>(random.generate()));
-        for (const std::unique_ptr<Host>& host : hosts) {
+            hosts.push_back(std::make_unique<KilledHost>(ZOKIT_ROBOT, random.generate()));
+        for (const std::unique_ptr<KilledHost>& host : hosts) {
             const int wanted = random.bounded(1, mostEdits);
             QVERIFY2(host->killAfter(wanted), "a host ended by itself");
             ++killed;
@@ -144,7 +95,7 @@ void TestKitKilledHosts::loseNoMoreThanTheLastMoment()
             Project back;
             const Message message = Journal::recover(left.first().path, back);
             QVERIFY2(message.isEmpty() || message.code() == Message::Code::JournalCut, qPrintable(message.text()));
-            const int promisedEdits = editsPromised(reports);
+            const int promisedEdits = KilledHost::editsPromised(reports);
             const auto done = static_cast<int>(reports.size());
             // One more may be in the journal than was told.
             const int found = editsThatGive(accountOf(back), host->seed(), promisedEdits, done + 1);
