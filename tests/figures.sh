@@ -30,9 +30,9 @@ zofigures() {
     err=$(< err.txt)
 }
 
-# names FOLDER: the files in it, but for those two.
+# names FOLDER: the files in it, but for those of the programs.
 names() {
-    find "$1" -mindepth 1 ! -name preview.png ! -name editor.png -printf '%P\n' | LC_ALL=C sort
+    find "$1" -mindepth 1 ! -name preview.png ! -name 'editor*.png' -printf '%P\n' | LC_ALL=C sort
 }
 
 # size FILE: width and height of a picture.

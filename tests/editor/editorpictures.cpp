@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 
 // editorpictures FOLDER [FILE...]: makes a picture of every page of the editor there, in light and dark, English and
-// German, large and small, to be looked at. With FILEs instead that of the guide: the window with these, editor.png.
+// German, large and small, to be looked at. With FILEs instead those of the guide: the window with these, editor.png,
+// and the dialogs, editor-*.png.
 
 #include <QDir>
 #include <QTabWidget>
@@ -41,7 +42,7 @@ void takeAll(const QDir& folder, const QString& prefix, const QSize& size,
     });
 }
 
-/// The window with \a files, as the guide shows it: a watermark of the first one is chosen.
+/// The window with \a files, as the guide shows it: a watermark of the first one is chosen. And the dialogs.
 void takeGuide(const QDir& folder, const QStringList& files)
 {
     const Stage stage(files);
@@ -50,6 +51,13 @@ void takeGuide(const QDir& folder, const QStringList& files)
     stage.session().setThing(stage.file(0)->item(key("Watermark"), 1));
     QTest::qWait(4000); // Pictures come from children.
     take(&stage.window(), folder, key("editor"));
+    stage.visitDialogs([&](QWidget& dialog) {
+        if (dialog.objectName() == key("shortcutsDialog"))
+            return;
+        QTest::qWait(1500);
+        dialog.resize(900, 480);
+        take(&dialog, folder, key("editor-") + dialog.objectName().remove(key("Dialog")));
+    });
 }
 
 } // namespace

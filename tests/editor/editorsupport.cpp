@@ -63,7 +63,7 @@ QString copyOf(const char* clip, const QTemporaryDir& folder, const char* name)
     return path;
 }
 
-void Full::visitDialogs(const std::function<void(QWidget&)>& look) const
+void Stage::visitDialogs(const std::function<void(QWidget&)>& look) const
 {
     const std::pair<const char*, const char*> dialogs[] = {{"shortcuts", "shortcutsDialog"},
                                                            {"applyTo", "applyDialog"},

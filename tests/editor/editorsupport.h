@@ -53,6 +53,8 @@ public:
         }
         return nullptr;
     }
+    /// Each dialog in turn is opened, and \a look is called with it.
+    void visitDialogs(const std::function<void(QWidget& dialog)>& look) const;
     /// What the status line says.
     QString status() const;
 
@@ -67,8 +69,6 @@ public:
 
     /// Each thing of the first file in turn is shown in the panel, laid out, and \a look is called with its name.
     void visitAll(const std::function<void(const QString& what)>& look) const;
-    /// Each dialog in turn is opened, and \a look is called with it.
-    void visitDialogs(const std::function<void(QWidget& dialog)>& look) const;
 };
 
 /// Lets everything be done that waits in the event loop, and what waits for that.
