@@ -91,6 +91,7 @@ void FileSettings::Private::open(const zokit::Settings& settings)
                      [this](const zokit::Changes& changes) { tellChanges(changes); });
     QObject::connect(&project->history(), &zokit::History::changed, q, &FileSettings::historyChanged);
     status = Ready;
+    emit q->settingsChanged();
     emit q->statusChanged();
     emit q->historyChanged();
 }
@@ -190,6 +191,7 @@ void FileSettings::load(const QString& path)
     }
     if (d->status == Loading && trouble.isEmpty())
         d->prober.probe(clip);
+    emit settingsChanged();
     if (isOther)
         emit pathChanged();
     if (path != d->path)

@@ -125,7 +125,7 @@ void PreviewPicture::setFile(FileSettings* file)
         d->file->disconnect(this);
     d->file = file;
     if (file) {
-        connect(file, &FileSettings::statusChanged, this, [this] { d->follow(); });
+        connect(file, &FileSettings::settingsChanged, this, [this] { d->follow(); });
         connect(file, &QObject::destroyed, this, [this] {
             d->follow();
             emit fileChanged();

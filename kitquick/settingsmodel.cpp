@@ -28,7 +28,7 @@ void SettingsModel::setSource(FileSettings* source)
         m_source->disconnect(this);
     m_source = source;
     if (source) {
-        connect(source, &FileSettings::statusChanged, this, &SettingsModel::follow);
+        connect(source, &FileSettings::settingsChanged, this, &SettingsModel::follow);
         connect(source, &QObject::destroyed, this, &SettingsModel::sourceChanged);
     }
     follow();

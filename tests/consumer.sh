@@ -196,6 +196,14 @@ fi
 same 'consumer: kit for Qt Quick: the installed QML module has its types' 'FileSettings PreviewPicture SettingsModel ' \
     "$("/usr/lib/qt$qt/bin/qmlplugindump" -nonrelocatable ZoEffect.Kit 1.1 "$prefix/lib/qt$qt/qml" 2> /dev/null |
         sed -nE 's/^ *exports: \["ZoEffect\.Kit\/(.*) 1\.1"\]$/\1/p' | tr '\n' ' ')" || true
+example=$here/../examples/gallery
+tree="$work/gallery"
+if check 'consumer: kit for Qt Quick: CMake: finds the package' cmake -G Ninja -S "$example" -B "$tree" \
+    -DCMAKE_PREFIX_PATH="$prefix" -DCMAKE_CXX_COMPILER=g++ -DZOEFFECT_QT_MAJOR="$qt" &&
+    check 'consumer: kit for Qt Quick: CMake: the gallery, without a warning' quietly cmake --build "$tree"; then
+    same 'consumer: kit for Qt Quick: CMake: linked with' "lib$quick.so.1" \
+        "$(dynamic NEEDED "$tree/gallery" | grep '^libzoeffectkitquick')" || true
+fi
 same 'consumer: kit for Qt Quick: pkg-config brings the kit and Qt Quick' "-l$quick -l$kit -l$name" \
     "$(pkg-config --libs-only-l "$quick" | grep -oE -e '-lzo[^ ]+' | paste -sd ' ')" || true
 

@@ -3,9 +3,9 @@
 # SPDX-License-Identifier: MIT
 
 # figures.sh BUILD: the pictures of the guide are what zofigures of the build tree BUILD draws, within two levels a
-# channel, since processors round apart; a picture that lacks or is left over is told. preview.png and editor.png are not
-# among them: ./run and tests/editor/editorpictures make them. The pictures in the tree
-# are drawn with Qt 5, so BUILD is one with Qt 5. Works in BUILD/tests/figures.
+# channel, since processors round apart; a picture that lacks or is left over is told. Pictures of
+# programs are not among them: ./run makes preview.png, and what tests/ has for it those of the windows. The pictures in
+# the tree are drawn with Qt 5, so BUILD is one with Qt 5. Works in BUILD/tests/figures.
 set -euo pipefail
 here=$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")
 # shellcheck source-path=SCRIPTDIR source=support/rows.sh
@@ -32,7 +32,8 @@ zofigures() {
 
 # names FOLDER: the files in it, but for those of the programs.
 names() {
-    find "$1" -mindepth 1 ! -name preview.png ! -name 'editor*.png' -printf '%P\n' | LC_ALL=C sort
+    find "$1" -mindepth 1 ! -name preview.png ! -name 'editor*.png' ! -name gallery.png ! -name newcomer.png \
+        -printf '%P\n' | LC_ALL=C sort
 }
 
 # size FILE: width and height of a picture.

@@ -141,6 +141,9 @@ public:
 Q_SIGNALS:
     /// path is another one.
     void pathChanged();
+    /// settings() answers another one, or null; sent before statusChanged(), so that models and pictures are there when
+    /// status says so.
+    void settingsChanged();
     /// status, error, seconds and frame may be others.
     void statusChanged();
     /// The values at \a addresses have changed, by whomever; what is gone has none.
