@@ -50,6 +50,27 @@ QIcon swatch(const QColor& color)
 
 } // namespace
 
+/// A number with decimals: point and comma both stand before them, whatever the language. Otherwise one of them would
+/// be passed over, and 1.5 be 15.
+class DecimalBox : public QDoubleSpinBox {
+public:
+    using QDoubleSpinBox::QDoubleSpinBox;
+
+    QValidator::State validate(QString& text, int& place) const override
+    {
+        text = inLanguage(text);
+        return QDoubleSpinBox::validate(text, place);
+    }
+    double valueFromText(const QString& text) const override { return QDoubleSpinBox::valueFromText(inLanguage(text)); }
+
+private:
+    QString inLanguage(QString text) const
+    {
+        const auto point = locale().decimalPoint();
+        return text.replace(QLatin1Char('.'), point).replace(QLatin1Char(','), point);
+    }
+};
+
 /// Makes the fields of one control.
 class ControlMaker {
 public:
@@ -160,7 +181,7 @@ private:
         if (const auto* property =
                 zokit::findProperty(role(Model::TypeRole).toString(), role(Model::KeyRole).toString());
             property && property->kind == zokit::ValueKind::Number) {
-            auto* box = makeBox<QDoubleSpinBox, double>(-1e9, 1e9);
+            auto* box = makeBox<DecimalBox, double>(-1e9, 1e9);
             box->setDecimals(std::max(role(Model::DecimalsRole).toInt(), 2));
             const QString suffix = box->suffix();
             onShow([box, suffix](const QVariant& value) { showIn<QDoubleSpinBox, double>(box, suffix, value); });

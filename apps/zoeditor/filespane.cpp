@@ -3,15 +3,19 @@
 
 #include "filespane.h"
 
+#include <QClipboard>
 #include <QComboBox>
 #include <QEvent>
+#include <QGuiApplication>
 #include <QItemSelectionModel>
 #include <QLineEdit>
 #include <QListView>
+#include <QMimeData>
 #include <QScrollBar>
 #include <QShortcut>
 #include <QSortFilterProxyModel>
 #include <QStyledItemDelegate>
+#include <QUrl>
 #include <QVBoxLayout>
 
 #include "session.h"
@@ -94,6 +98,16 @@ FilesPane::FilesPane(Session* session, QWidget* parent)
     auto* remove = new QShortcut(QKeySequence(QKeySequence::Delete), m_view);
     remove->setContext(Qt::WidgetShortcut);
     connect(remove, &QShortcut::activated, this, &FilesPane::removalWanted);
+    auto* paste = new QShortcut(QKeySequence(QKeySequence::Paste), m_view);
+    paste->setContext(Qt::WidgetShortcut);
+    connect(paste, &QShortcut::activated, session, [session] {
+        QStringList files; // As a file manager copies them.
+        for (const QUrl& url : QGuiApplication::clipboard()->mimeData()->urls()) {
+            if (url.isLocalFile())
+                files.append(url.toLocalFile());
+        }
+        session->open(files);
+    });
     m_soon.setSingleShot(true); // Pictures are asked for once things have come to rest.
     m_soon.setInterval(0);
     const auto start = QOverload<>::of(&QTimer::start);

@@ -24,7 +24,12 @@ class TestEditorComplaints : public QObject {
     Q_OBJECT
 
 private slots:
-    void init() { kitsupport::clearSavedDefaults(); }
+    void init()
+    {
+        kitsupport::clearSavedDefaults();
+        zoeditor::appearance::setLanguage(key("en"));
+    }
+    void cleanup() { init(); }
 
     void wheelOverAFieldChangesNothing();
     void wheelOverAFieldScrollsItsPage();
@@ -35,6 +40,9 @@ private slots:
     void themesCanBeRead_data();
     void themesCanBeRead();
     void deleteRemovesWhatIsChosen();
+    void copiedFilesArePastedIntoTheList();
+    void pointAndCommaStandBeforeDecimals_data();
+    void pointAndCommaStandBeforeDecimals();
 };
 
 namespace {
@@ -270,6 +278,54 @@ void TestEditorComplaints::deleteRemovesWhatIsChosen()
     filter->setFocus();
     QTest::keyClick(filter, Qt::Key_Delete);
     QCOMPARE(stage.session().files().rowCount(), 1);
+}
+
+void TestEditorComplaints::copiedFilesArePastedIntoTheList()
+{
+    const Stage stage;
+    auto* copied = new QMimeData;
+    copied->setUrls({QUrl::fromLocalFile(copyOf("plain.mp4", stage.folder, "a film.mp4")),
+                     QUrl(key("https://example.org/film.mp4"))});
+    QGuiApplication::clipboard()->setMimeData(copied);
+    stage.window().activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&stage.window()));
+    auto* list = stage.find<QListView>("fileList");
+    list->setFocus();
+    QTest::keyClick(list, Qt::Key_V, Qt::ControlModifier);
+    stage.waitForFiles();
+    QCOMPARE(stage.session().files().rowCount(), 1);
+    QCOMPARE(QFileInfo(stage.session().files().rows().at(0).path).fileName(), key("a film.mp4"));
+}
+
+void TestEditorComplaints::pointAndCommaStandBeforeDecimals_data()
+{
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("point in English") << key("en") << key("1.25") << key("1.25");
+    QTest::newRow("comma in English") << key("en") << key("1,25") << key("1.25");
+    QTest::newRow("point in German") << key("de") << key("1.25") << key("1,25");
+    QTest::newRow("comma in German") << key("de") << key("1,25") << key("1,25");
+}
+
+void TestEditorComplaints::pointAndCommaStandBeforeDecimals()
+{
+    QFETCH(const QString, language);
+    QFETCH(const QString, typed);
+    QFETCH(const QString, shown);
+    zoeditor::appearance::setLanguage(language);
+    const Full stage;
+    const zokit::Identity item = stage.file(0)->item(key("Watermark"), 1);
+    stage.session().setThing(item);
+    settle();
+    auto* field = stage.find<QDoubleSpinBox>("Watermark:wm_transfactor");
+    QVERIFY(field);
+    field->setFocus();
+    field->selectAll();
+    QTest::keyClicks(field, typed);
+    QTest::keyClick(field, Qt::Key_Return);
+    QCOMPARE(stage.file(0)->value(item, key("wm_transfactor")), QVariant(1.25));
+    QCOMPARE(field->cleanText(), shown);
 }
 
 EDITOR_TEST_MAIN(TestEditorComplaints)
