@@ -51,6 +51,21 @@ public:
         return marks.value(0);
     }
 
+    /// Behind the last item lie values that are not shown: what is dropped there is dropped on the type, and goes to
+    /// the end of its items.
+    bool canDropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,
+                         const QModelIndex& parent) const override
+    {
+        return isBehind(row, parent) ? QSortFilterProxyModel::canDropMimeData(data, action, -1, -1, parent)
+                                     : QSortFilterProxyModel::canDropMimeData(data, action, row, column, parent);
+    }
+    bool dropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,
+                      const QModelIndex& parent) override
+    {
+        return isBehind(row, parent) ? QSortFilterProxyModel::dropMimeData(data, action, -1, -1, parent)
+                                     : QSortFilterProxyModel::dropMimeData(data, action, row, column, parent);
+    }
+
 protected:
     bool filterAcceptsRow(int row, const QModelIndex& parent) const override
     {
@@ -63,6 +78,8 @@ protected:
     }
 
 private:
+    bool isBehind(int row, const QModelIndex& parent) const { return row < 0 || row >= rowCount(parent); }
+
     QString m_word;
 };
 

@@ -45,6 +45,8 @@ private slots:
     void typesAndItemsTellWhatIsChanged();
     void checkBoxSwitchesAnEffect();
     void itemsComeGoAndMove();
+    void itemsAreDraggedWithinTheirType_data();
+    void itemsAreDraggedWithinTheirType();
     void searchFindsEveryValue();
     void foundValueGetsTheFocus();
     void chosenPlaceIsKeptFromFileToFile();
@@ -496,6 +498,56 @@ void TestEditorPanel::itemsComeGoAndMove()
     stage.session().setThing(stage.file(0)->item(key("Effect"), 0));
     QVERIFY(!stage.window().actions().action("removeItem")->isEnabled());
     QVERIFY(stage.window().actions().action("itemDown")->isEnabled());
+}
+
+void TestEditorPanel::itemsAreDraggedWithinTheirType_data()
+{
+    QTest::addColumn<QByteArray>("type");
+    QTest::addColumn<int>("dragged");
+    QTest::addColumn<QByteArray>("place");
+    QTest::addColumn<QVector<int>>("order"); // Of the first three.
+    const QByteArray watermark("Watermark");
+    const QByteArray first("first");
+    const QByteArray last("last");
+    QTest::newRow("text to the top") << watermark << 2 << first << QVector<int>{2, 0, 1};
+    QTest::newRow("text to the end") << watermark << 0 << last << QVector<int>{1, 2, 0};
+    QTest::newRow("text among the tracks") << watermark << 0 << QByteArray("Sound tracks") << QVector<int>{0, 1, 2};
+    QTest::newRow("frame effect to the top") << QByteArray("Effect") << 2 << first << QVector<int>{2, 0, 1};
+    QTest::newRow("frame effect to the end") << QByteArray("Effect") << 0 << last << QVector<int>{1, 2, 3};
+}
+
+void TestEditorPanel::itemsAreDraggedWithinTheirType()
+{
+    QFETCH(const QByteArray, type);
+    QFETCH(const int, dragged);
+    QFETCH(const QByteArray, place);
+    QFETCH(const QVector<int>, order);
+    const Edited stage;
+    for (const char* text : {"Second", "Third"})
+        stage.file(0)->insert(key("Watermark"),
+                              {{key("wm_istextwatermark"), true}, {key("wm_textcontent"), key(text)}});
+    const QVector<zokit::Identity> before = stage.file(0)->items(key(type.constData()));
+    const auto* tree = stage.find<QTreeView>("effectTree");
+    QCOMPARE(tree->dragDropMode(), QAbstractItemView::InternalMove);
+    stage.session().setThing(before.at(dragged));
+    settle();
+    // As the view does it: a place among the rows that it shows, or on one of them.
+    QAbstractItemModel& model = *tree->model();
+    const QModelIndex item = tree->currentIndex();
+    const bool isWithin = place == "first" || place == "last";
+    const QModelIndex target = isWithin ? item.parent() : rowOf(tree, place.constData());
+    const int row = place == "first" ? 0 : place == "last" ? model.rowCount(target) : -1;
+    const std::unique_ptr<QMimeData> data(model.mimeData({item, item.siblingAtColumn(1)}));
+    QVERIFY(model.flags(item).testFlag(Qt::ItemIsDragEnabled));
+    QCOMPARE(model.canDropMimeData(data.get(), Qt::MoveAction, row, 0, target), isWithin);
+    const int steps = stage.steps();
+    QCOMPARE(model.dropMimeData(data.get(), Qt::MoveAction, row, 0, target), isWithin);
+    QVector<zokit::Identity> expected;
+    for (const int earlier : order)
+        expected.append(before.at(earlier));
+    QCOMPARE(stage.file(0)->items(key(type.constData())).mid(0, 3), expected);
+    QCOMPARE(stage.file(0)->items(key(type.constData())).size(), before.size());
+    QCOMPARE(stage.steps(), steps + (isWithin ? 1 : 0));
 }
 
 void TestEditorPanel::searchFindsEveryValue()
