@@ -47,6 +47,7 @@ struct Shot {
     QImage image;
     std::optional<Settings> settings;
     double seconds = 0;
+    Message error; ///< Why there is no image.
 
     bool isOf(const Settings& now, double moment) const { return settings && seconds == moment && *settings == now; }
 };
@@ -81,7 +82,6 @@ public:
     Shot output;
     FrameKind askedKind = FrameKind::After;
     Shot asked; ///< Without its image.
-    Message error;
     Messages warnings;
 };
 
@@ -162,13 +162,13 @@ void ShownFrames::Private::ask(FrameKind kind, const Settings& settings)
 
 void ShownFrames::Private::take(const FrameAnswer& answer)
 {
-    error = answer.error;
     if (askedKind == FrameKind::After)
         warnings = answer.warnings;
     if (askedKind != FrameKind::Before && asked.seconds == seconds)
         onTheWay = QImage();
     // Also after an error: the same question would end the same way.
-    shot(askedKind) = {answer.frame.image().convertToFormat(QImage::Format_RGB32), asked.settings, asked.seconds};
+    shot(askedKind) = {answer.frame.image().convertToFormat(QImage::Format_RGB32), asked.settings, asked.seconds,
+                       answer.error};
     askNext();
     emit q->changed();
 }
@@ -206,7 +206,6 @@ void ShownFrames::setFile(const FileSettings* file, const MediaInfo* media)
     d->onTheWay = QImage();
     for (Shot* shot : {&d->whole, &d->before, &d->output})
         *shot = Shot();
-    d->error = Message();
     d->warnings.clear();
     constexpr double goodPlace = 0.3; // Not black, as the first frame often is.
     d->seconds = media ? media->seconds * goodPlace : 0;
@@ -272,7 +271,11 @@ QImage ShownFrames::output() const
 
 Message ShownFrames::error() const
 {
-    return d->error;
+    for (const Shot* shot : {&d->output, &d->whole, &d->before}) {
+        if (!shot->error.isEmpty())
+            return shot->error;
+    }
+    return Message();
 }
 
 Messages ShownFrames::warnings() const

@@ -72,6 +72,7 @@ private slots:
     void anotherFileBeginsAnew();
     void fileThatIsDeletedHasNoOutput();
     void clipThatHasGoneIsAnError();
+    void errorOfWhatComesOutStaysBesideAWholeFrame();
 };
 
 void TestKitShownFrames::whatComesOutAndWhatAStandInTakesAreAskedFor()
@@ -207,6 +208,23 @@ void TestKitShownFrames::clipThatHasGoneIsAnError()
     stage.frames.setFile(stage.file.get(), &stage.media);
     QVERIFY(stage.frames.error().isEmpty());
     QVERIFY(stage.waitForBoth());
+}
+
+void TestKitShownFrames::errorOfWhatComesOutStaysBesideAWholeFrame()
+{
+    Stage stage;
+    for (const char* side : {"Crop:crop_width", "Crop:crop_height"})
+        stage.set(side, 10);
+    // Asked for after what comes out.
+    QVERIFY(QTest::qWaitFor([&] { return !stage.frames.whole().isNull(); }, patience));
+    QCOMPARE(stage.frames.error().text(),
+             key("10x10 of the frame of 64x48 is left of the crop. At least 24x24 is needed: move it into the frame or "
+                 "make it larger."));
+    QVERIFY(stage.frames.output().isNull());
+    for (const char* side : {"Crop:crop_width", "Crop:crop_height"})
+        stage.set(side, 24);
+    QVERIFY(stage.waitForBoth());
+    QCOMPARE(stage.frames.error().text(), QString());
 }
 
 ZOEFFECT_TEST_MAIN(TestKitShownFrames)
