@@ -25,21 +25,9 @@ constexpr int freePlace = -1; // Where the others have their corner.
 
 void addPlaces(QComboBox* box)
 {
-    using zokit::Corner;
-    const QPair<Corner, QString> places[] = {
-        {Corner::TopLeft, say(QT_TRANSLATE_NOOP("zoeditor::AnchorControl", "top left"))},
-        {Corner::Top, say(QT_TRANSLATE_NOOP("zoeditor::AnchorControl", "top"))},
-        {Corner::TopRight, say(QT_TRANSLATE_NOOP("zoeditor::AnchorControl", "top right"))},
-        {Corner::Left, say(QT_TRANSLATE_NOOP("zoeditor::AnchorControl", "left"))},
-        {Corner::Centre, say(QT_TRANSLATE_NOOP("zoeditor::AnchorControl", "middle"))},
-        {Corner::Right, say(QT_TRANSLATE_NOOP("zoeditor::AnchorControl", "right"))},
-        {Corner::BottomLeft, say(QT_TRANSLATE_NOOP("zoeditor::AnchorControl", "bottom left"))},
-        {Corner::Bottom, say(QT_TRANSLATE_NOOP("zoeditor::AnchorControl", "bottom"))},
-        {Corner::BottomRight, say(QT_TRANSLATE_NOOP("zoeditor::AnchorControl", "bottom right"))},
-    };
     box->addItem(say(QT_TRANSLATE_NOOP("zoeditor::AnchorControl", "free")), freePlace);
-    for (const auto& [corner, name] : places)
-        box->addItem(name, static_cast<int>(corner));
+    for (int corner = 0; corner <= static_cast<int>(zokit::Corner::BottomRight); ++corner)
+        box->addItem(zokit::cornerName(static_cast<zokit::Corner>(corner)), corner);
 }
 
 std::optional<zokit::Anchor> shownBy(const QVariant& value)

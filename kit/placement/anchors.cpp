@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include <QCoreApplication>
 #include <QLocale>
 #include <QStringList>
 
@@ -102,6 +103,18 @@ int rounded(double value)
 {
     constexpr double farOut = 1e9; // No picture is that large, and an int holds it.
     return static_cast<int>(std::lround(std::clamp(value, -farOut, farOut)));
+}
+
+QString cornerName(Corner corner)
+{
+    constexpr const char* names[] = {
+        QT_TRANSLATE_NOOP("zokit", "top left"),     QT_TRANSLATE_NOOP("zokit", "top"),
+        QT_TRANSLATE_NOOP("zokit", "top right"),    QT_TRANSLATE_NOOP("zokit", "left"),
+        QT_TRANSLATE_NOOP("zokit", "middle"),       QT_TRANSLATE_NOOP("zokit", "right"),
+        QT_TRANSLATE_NOOP("zokit", "bottom left"),  QT_TRANSLATE_NOOP("zokit", "bottom"),
+        QT_TRANSLATE_NOOP("zokit", "bottom right"),
+    };
+    return QCoreApplication::translate("zokit", names[static_cast<int>(corner)]);
 }
 
 std::optional<Anchor> anchorFrom(const Values& values, Message* error)

@@ -9,6 +9,7 @@
 #include <QJsonArray>
 
 #include <zokit/differences.h>
+#include <zokit/placement.h>
 #include <zokit/properties.h>
 
 #include "jsontext_p.h"
@@ -16,6 +17,20 @@
 #include "valuejson_p.h"
 
 namespace zokit {
+
+namespace {
+
+/// "top left, 10 %"
+QString anchorLabel(const Values& values)
+{
+    const std::optional<Anchor> anchor = anchorFrom(values);
+    if (!anchor)
+        return QString();
+    return cornerName(anchor->corner) + QStringLiteral(", ") + QString::number(anchor->margin)
+           + (anchor->marginInPercent ? QStringLiteral(" %") : QStringLiteral(" px"));
+}
+
+} // namespace
 
 QJsonValue valueAsJson(const Address& address, const QVariant& value)
 {
@@ -51,7 +66,9 @@ QString addressLabel(const Address& address)
         thing += QStringLiteral(" %1").arg(address.pos + 1);
     const Property* property = findProperty(address.type, address.key);
     QString label = property ? property->label() : address.key;
-    if (address.key == QLatin1String("selected"))
+    if (!property && address.key == QLatin1String("anchor"))
+        label = QCoreApplication::translate("zokit", "Anchor");
+    else if (address.key == QLatin1String("selected"))
         label = QCoreApplication::translate("zokit", "In use");
     else if (!property && address.key == QLatin1String("name"))
         label = QCoreApplication::translate("zokit", "Name");
@@ -67,6 +84,10 @@ QString valueLabel(const Address& address, const QVariant& value)
         return QCoreApplication::translate("zokit", value.toBool() ? "Yes" : "No");
     if (property && !property->choices.isEmpty())
         return property->choiceName(value);
+    if (address.key == QLatin1String("anchor"))
+        return anchorLabel(value.toMap());
+    if (property && property->kind == ValueKind::Integer && value.userType() == QMetaType::QString)
+        return QCoreApplication::translate("zokit", "as the frame"); // "source_val"
     const QString text = valueAsText(address, value);
     const QString unit = property ? property->unitName() : QString();
     return unit.isEmpty() || text.isEmpty() ? text : text + QLatin1Char(' ') + unit;

@@ -19,6 +19,9 @@ namespace zokit {
 
 enum class Corner { TopLeft, Top, TopRight, Left, Centre, Right, BottomLeft, Bottom, BottomRight };
 
+/// What people call it: "top left", "middle". Translated.
+ZOKIT_EXPORT QString cornerName(Corner corner);
+
 /// Where a watermark is held. While it has an anchor, its position (and its size, where the anchor says one) follows
 /// from it at every frame size.
 struct ZOKIT_EXPORT Anchor {

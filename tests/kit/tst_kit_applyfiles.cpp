@@ -266,6 +266,12 @@ void TestKitApplyFiles::differencesReadAsPeopleCallThem_data()
     QTest::addColumn<QVariant>("after");
     QTest::addColumn<QString>("line");
     QTest::newRow("changed") << "Crop:crop_left" << QVariant(0) << QVariant(96) << "Crop: Left: 0 px -> 96 px";
+    QTest::newRow("from the whole frame") << "Crop:crop_width" << QVariant(QStringLiteral("source_val")) << QVariant(96)
+                                          << "Crop: Width: as the frame -> 96 px";
+    QTest::newRow("an anchor") << "Watermark:0:anchor" << QVariant()
+                               << QVariant(QVariantMap{{QStringLiteral("corner"), QStringLiteral("top-left")},
+                                                       {QStringLiteral("margin"), QStringLiteral("10%")}})
+                               << "Watermarks 1: Anchor: none -> top left, 10 %";
     QTest::newRow("new") << "Output:quality" << QVariant() << QVariant(20) << "Output: Quality: none -> 20";
     QTest::newRow("gone") << "Watermark:0:wm_textcontent" << QVariant(QStringLiteral("Hello %2")) << QVariant()
                           << "Watermarks 1: Text: Hello %2 -> none";
