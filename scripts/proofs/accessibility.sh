@@ -16,17 +16,9 @@ line is "N passed, N failed"; ends 0 when none failed.
 TEXT
 }
 
-case ${1:-} in
-'') ;;
---help | -h)
-    usage
-    exit 0
-    ;;
-*)
-    usage >&2
-    exit 2
-    ;;
-esac
+# shellcheck source-path=SCRIPTDIR source=support/arguments.sh
+source scripts/proofs/support/arguments.sh
+only_numbers 0 "$@"
 
 scripts/install-packages build run test xvfb dbus at-spi2-core python3-pyatspi || exit 1
 # shellcheck source-path=SCRIPTDIR source=support/build.sh

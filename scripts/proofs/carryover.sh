@@ -17,17 +17,10 @@ failed. Let nothing else run meanwhile.
 TEXT
 }
 
+# shellcheck source-path=SCRIPTDIR source=support/arguments.sh
+source scripts/proofs/support/arguments.sh
+only_numbers 1 "$@"
 cases=${1:-100000}
-case $cases in
---help | -h)
-    usage
-    exit 0
-    ;;
-*[!0-9]* | '')
-    usage >&2
-    exit 2
-    ;;
-esac
 
 scripts/install-packages build test bench || exit 1
 

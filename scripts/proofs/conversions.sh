@@ -23,20 +23,11 @@ The last line counts moments, files and traced runs.
 TEXT
 }
 
+# shellcheck source-path=SCRIPTDIR source=support/arguments.sh
+source scripts/proofs/support/arguments.sh
+only_numbers 2 "$@"
 moments=${1:-200}
 count=${2:-100}
-for argument in "$moments" "$count"; do
-    case $argument in
-    --help | -h)
-        usage
-        exit 0
-        ;;
-    *[!0-9]* | '')
-        usage >&2
-        exit 2
-        ;;
-    esac
-done
 
 scripts/install-packages build run test strace || exit 1
 # shellcheck source-path=SCRIPTDIR source=support/build.sh
@@ -59,15 +50,13 @@ fail() {
 
 # --- Kills ---------------------------------------------------------------------------------------------------------
 
-if ((moments > 0)); then
-    echo "== $moments moments"
-    if ZOCONVERT_KILLS=$moments timeout 3600 build/dev/tests/apps/tst_zoconvert_kills anyMomentLeavesAllOrNothing \
-        > "$work/kills.txt" 2>&1; then
-        pass "$moments"
-    else
-        grep -A 3 '^FAIL' "$work/kills.txt" || cat "$work/kills.txt"
-        fail 'a moment'
-    fi
+echo "== $moments moments"
+if ZOCONVERT_KILLS=$moments timeout 3600 build/dev/tests/apps/tst_zoconvert_kills anyMomentLeavesAllOrNothing \
+    > "$work/kills.txt" 2>&1; then
+    pass "$moments"
+else
+    grep -A 3 '^FAIL' "$work/kills.txt" || cat "$work/kills.txt"
+    fail 'a moment'
 fi
 
 # --- Files ---------------------------------------------------------------------------------------------------------

@@ -17,17 +17,10 @@ none failed.
 TEXT
 }
 
+# shellcheck source-path=SCRIPTDIR source=support/arguments.sh
+source scripts/proofs/support/arguments.sh
+only_numbers 1 "$@"
 editors=${1:-300}
-case $editors in
---help | -h)
-    usage
-    exit 0
-    ;;
-*[!0-9]* | '' | 0*)
-    usage >&2
-    exit 2
-    ;;
-esac
 
 scripts/install-packages build run test || exit 1
 # shellcheck source-path=SCRIPTDIR source=support/build.sh

@@ -19,17 +19,9 @@ second try. Closes with a table and "N passed, N failed".
 TEXT
 }
 
-case ${1:-} in
---help | -h)
-    usage
-    exit 0
-    ;;
-'') ;;
-*)
-    usage >&2
-    exit 2
-    ;;
-esac
+# shellcheck source-path=SCRIPTDIR source=support/arguments.sh
+source scripts/proofs/support/arguments.sh
+only_numbers 0 "$@"
 if ((EUID != 0)); then
     echo 'farm: the daemons of Slurm need root' >&2
     exit 1

@@ -16,17 +16,10 @@ line is "N passed, N failed" (builds); ends 0 when none failed.
 TEXT
 }
 
+# shellcheck source-path=SCRIPTDIR source=support/arguments.sh
+source scripts/proofs/support/arguments.sh
+only_numbers 1 "$@"
 edits=${1:-100000}
-case $edits in
---help | -h)
-    usage
-    exit 0
-    ;;
-*[!0-9]* | '' | 0*)
-    usage >&2
-    exit 2
-    ;;
-esac
 
 scripts/install-packages build qt6 test || exit 1
 # shellcheck source-path=SCRIPTDIR source=support/build.sh

@@ -16,17 +16,10 @@ those of the last 200 ms may be lost. The last line is "N passed, N failed" (hos
 TEXT
 }
 
+# shellcheck source-path=SCRIPTDIR source=support/arguments.sh
+source scripts/proofs/support/arguments.sh
+only_numbers 1 "$@"
 hosts=${1:-1000}
-case $hosts in
---help | -h)
-    usage
-    exit 0
-    ;;
-*[!0-9]* | '' | 0*)
-    usage >&2
-    exit 2
-    ;;
-esac
 
 scripts/install-packages build test || exit 1
 # shellcheck source-path=SCRIPTDIR source=support/build.sh

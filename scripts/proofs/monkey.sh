@@ -18,18 +18,11 @@ the window is never blocked for more than 100 ms. Without SEED with a random one
 TEXT
 }
 
+# shellcheck source-path=SCRIPTDIR source=support/arguments.sh
+source scripts/proofs/support/arguments.sh
+only_numbers 2 "$@"
 events=${1:-100000}
 seed=${2:-$(od -An -N3 -tu4 /dev/urandom | tr -d ' ')}
-case $events,$seed in
---help,* | -h,*)
-    usage
-    exit 0
-    ;;
-*[!0-9,]* | ,* | *, | 0*)
-    usage >&2
-    exit 2
-    ;;
-esac
 
 scripts/install-packages build run test || exit 1
 # shellcheck source-path=SCRIPTDIR source=support/build.sh

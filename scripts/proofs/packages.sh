@@ -27,17 +27,9 @@ Ends with the line "N passed, N failed"; 0 when every row passed, 1 otherwise, 2
 TEXT
 }
 
-case ${1:-} in
---help | -h)
-    usage
-    exit 0
-    ;;
-'') ;;
-*)
-    usage >&2
-    exit 2
-    ;;
-esac
+# shellcheck source-path=SCRIPTDIR source=support/arguments.sh
+source scripts/proofs/support/arguments.sh
+only_numbers 0 "$@"
 if ((EUID != 0)); then
     echo "packages: only root can make and enter another system" >&2
     exit 1

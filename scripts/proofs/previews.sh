@@ -16,17 +16,10 @@ to be the frames of the result, bit by bit. The last line counts the scenes.
 TEXT
 }
 
+# shellcheck source-path=SCRIPTDIR source=support/arguments.sh
+source scripts/proofs/support/arguments.sh
+only_numbers 1 "$@"
 scenes=${1:-200}
-case $scenes in
---help | -h)
-    usage
-    exit 0
-    ;;
-*[!0-9]* | '' | 0*)
-    usage >&2
-    exit 2
-    ;;
-esac
 
 scripts/install-packages build test || exit 1
 # shellcheck source-path=SCRIPTDIR source=support/build.sh

@@ -17,18 +17,11 @@ is "N passed, N failed" (runs of up to 100,000 steps); ends 0 when none failed.
 TEXT
 }
 
+# shellcheck source-path=SCRIPTDIR source=support/arguments.sh
+source scripts/proofs/support/arguments.sh
+only_numbers 2 "$@"
 steps=${1:-1000000}
 seed=${2:-$(od -An -N3 -tu4 /dev/urandom | tr -d ' ')}
-case $steps,$seed in
---help,* | -h,*)
-    usage
-    exit 0
-    ;;
-*[!0-9,]* | ,* | *, | 0*)
-    usage >&2
-    exit 2
-    ;;
-esac
 
 scripts/install-packages build test || exit 1
 # shellcheck source-path=SCRIPTDIR source=support/build.sh
