@@ -83,7 +83,7 @@ class Stage {
 public:
     explicit Stage(Of files = Of::Names) : window(bench)
     {
-        window.resize(1024, 640);
+        window.resize(1600, 900); // A pixel of the film is several of the view: what is dragged there is exact.
         window.show();
         if (files == Of::Films) {
             open({film(folder, "film.mkv", "320x240"), film(folder, "small.mkv", "160x120")});
@@ -94,6 +94,7 @@ public:
         }
         window.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&window));
+        QVERIFY2(bench.preview().view().scale >= 2.5, "The window is too small for what is tested here");
     }
 
     void open(const QStringList& paths)
