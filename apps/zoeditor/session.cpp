@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <utility>
 
+#include <QDir>
 #include <QFileInfo>
 #include <QSet>
 
