@@ -9,6 +9,7 @@
 #include <pthread.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <QCoreApplication>
@@ -93,6 +94,16 @@ void dieWithParent()
         _exit(exitCode);
 }
 
+/// Qt 5 misses the end of a child that is killed while it is being started, and is told of it again here. No other end
+/// waits for a whole tick.
+void remindOfEnd(qint64 child)
+{
+    siginfo_t info{};
+    const int kind = WEXITED | WNOHANG | WNOWAIT; // Only looked at.
+    if (child > 0 && waitid(P_PID, static_cast<id_t>(child), &info, kind) == 0 && info.si_pid == child)
+        ::kill(getpid(), SIGCHLD);
+}
+
 /// This process's environment, without what makes ffmpeg write further files or colour its words.
 QProcessEnvironment environment()
 {
@@ -151,7 +162,8 @@ Child::~Child()
     if (m_process->state() == QProcess::NotRunning)
         return;
     send(SIGKILL);
-    m_process->waitForFinished(-1);
+    while (m_process->state() != QProcess::NotRunning && !m_process->waitForFinished(tickMilliseconds))
+        remindOfEnd(m_group);
 }
 
 bool Child::start(const Command& command)
@@ -263,7 +275,10 @@ void Child::readWords()
 
 void Child::countTime()
 {
-    if (m_isPaused || m_hasEnded)
+    if (m_hasEnded)
+        return;
+    remindOfEnd(m_group);
+    if (m_isPaused)
         return;
     ++m_ticks;
     ++m_silentTicks;

@@ -4,7 +4,9 @@
 #include <csignal>
 #include <memory>
 
+#include <pthread.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <QFile>
 #include <QRandomGenerator>
@@ -57,6 +59,7 @@ private slots:
     void cancelWithoutChildDoesNothing();
     void destructorEndsTheChild();
     void childDiesWithItsParent();
+    void endAtTheStartIsNoticed();
     void childIsAlone();
     void limitsAreSet();
     void progressIsRead_data();
@@ -66,6 +69,22 @@ private slots:
 };
 
 namespace {
+
+/// Whether a child ends at once, and its parent looks only after that. (Qt 6 forks without asking.)
+bool endsAtTheFork = false;
+
+void endAtTheFork()
+{
+    if (endsAtTheFork)
+        _exit(3);
+}
+
+void lookLater()
+{
+    constexpr useconds_t longer = 100000; // Than a child takes to end.
+    if (endsAtTheFork)
+        usleep(longer);
+}
 
 /// scriptedchild with \a script, words with blanks between them.
 Command scripted(const char* script)
@@ -409,6 +428,24 @@ void TestKitChild::childDiesWithItsParent()
     QTRY_VERIFY_WITH_TIMEOUT(!childwatch::isAlive(child), patience);
     QTRY_VERIFY_WITH_TIMEOUT(!parent.isRunning(), patience);
     kill(static_cast<pid_t>(ofGroup), SIGKILL); // A child's own children are its own affair.
+}
+
+void TestKitChild::endAtTheStartIsNoticed()
+{
+    pthread_atfork(nullptr, lookLater, endAtTheFork);
+    Child child;
+    QSignalSpy finished(&child, &Child::finished);
+    endsAtTheFork = true;
+    child.start(scripted("out never"));
+    endsAtTheFork = false;
+    QVERIFY(finished.count() > 0 || finished.wait(60000));
+    QVERIFY(!child.isRunning());
+    // Who gives it up waits no longer.
+    auto other = std::make_unique<Child>();
+    endsAtTheFork = true;
+    other->start(scripted("out never"));
+    endsAtTheFork = false;
+    other.reset();
 }
 
 void TestKitChild::childIsAlone()
