@@ -290,10 +290,9 @@ void TestKitHistory::whatApplyingWouldChangeIsALineAValue()
     const int before = project.history().count();
     const zokit::CarryOver carry{{key("Color"), key("Crop")}, false};
     QCOMPARE(project.changesOf(source->settings(), {small}, carry),
-             QStringList({key("small.mkv: Crop: Height: source_val px -> 360 px"),
-                          key("small.mkv: Crop: Left: 0 px -> 80 px"),
-                          key("small.mkv: Crop: Width: source_val px -> 320 px"),
-                          key("small.mkv: Colour: Contrast: 0 -> 25")}));
+             QStringList(
+                 {key("small.mkv: Crop: Height: as the frame -> 360 px"), key("small.mkv: Crop: Left: 0 px -> 80 px"),
+                  key("small.mkv: Crop: Width: as the frame -> 320 px"), key("small.mkv: Colour: Contrast: 0 -> 25")}));
     QCOMPARE(project.changesOf(source->settings(), {small, other}, {{key("Color")}, false}),
              QStringList({key("small.mkv: Colour: Contrast: 0 -> 25"), key("other.mkv: Colour: Contrast: 0 -> 25")}));
     QCOMPARE(project.history().count(), before);
