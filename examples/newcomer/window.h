@@ -17,6 +17,7 @@ class Window : public QMainWindow {
 public:
     /// \a bench outlives it.
     explicit Window(zokit::Workbench& bench);
+    ~Window() override { m_bench.history().disconnect(this); } // A field that is open ends its step after this.
 
 protected:
     void closeEvent(QCloseEvent* event) override;

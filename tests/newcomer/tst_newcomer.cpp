@@ -664,6 +664,8 @@ int main(int argc, char** argv)
     const QTemporaryDir home;
     for (const char* folder : {"XDG_CONFIG_HOME", "XDG_STATE_HOME", "XDG_DATA_HOME"})
         qputenv(folder, home.path().toUtf8());
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     TestNewcomer test;
     return QTest::qExec(&test, argc, argv);
