@@ -35,7 +35,8 @@ const Change* fileIn(const Project& project, const Changes& changes)
                            [&](const Change& change) { return change.thing == thing && change.key == own::of; });
     };
     const auto found = std::find_if(changes.cbegin(), changes.cend(), [&](const Change& change) {
-        if (change.key != QLatin1String("width") || change.before.isValid() == change.after.isValid())
+        if (change.key != QLatin1String("width") || change.before.isValid() == change.after.isValid()
+            || isSavedDefault(change.thing))
             return false;
         return change.after.isValid() ? project.file(change.thing) != nullptr
                                       : !project.fileOf(change.thing) && !belongs(change.thing);

@@ -82,7 +82,7 @@ public:
     void skipIdentities(Identity used);
 
 Q_SIGNALS:
-    /// As FileSettings::aboutToChange(), for all files, the list of files and saved defaults.
+    /// As FileSettings::aboutToChange(), for all files, those that come and go, and saved defaults.
     void aboutToChange(const zokit::Changes& changes, QObject* asker);
     /// As FileSettings::changed(), for all of them.
     void changed(const zokit::Changes& changes, QObject* asker);
