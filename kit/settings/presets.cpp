@@ -10,6 +10,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QHash>
+#include <QSaveFile>
 #include <QSet>
 #include <QStandardPaths>
 
@@ -55,6 +56,30 @@ QString decoded(const QString& fileName)
     return QString::fromUtf8(QByteArray::fromPercentEncoding(fileName.toUtf8()));
 }
 
+/// A copy of \a path, which has its name when it is whole: what was there stays until then.
+Message copyFile(const QString& path, const QString& copy, bool replace)
+{
+    if (QFile::exists(copy)) {
+        if (QFileInfo(copy).canonicalFilePath() == QFileInfo(path).canonicalFilePath())
+            return Message();
+        if (!replace)
+            return Message(Code::FileExists, {copy});
+    }
+    QFile source(path);
+    if (!source.open(QIODevice::ReadOnly))
+        return Message(Code::FileUnreadable, {path, source.errorString()});
+    QSaveFile target(copy);
+    bool isGood = target.open(QIODevice::WriteOnly);
+    constexpr qint64 piece = 1024 * 1024;
+    while (isGood && !source.atEnd()) {
+        const QByteArray bytes = source.read(piece);
+        isGood = !bytes.isEmpty() && target.write(bytes) == bytes.size();
+    }
+    // A full disk may show when the last bytes go out, which commit() does not look at.
+    return isGood && target.flush() && target.commit() ? Message()
+                                                       : Message(Code::FileUnwritable, {copy, target.errorString()});
+}
+
 /// Copies the files that \a preset names to \a folder, which is made for them, and has it name the copies.
 Message copyFiles(Settings& preset, const QString& folder, bool replace)
 {
@@ -71,12 +96,8 @@ Message copyFiles(Settings& preset, const QString& folder, bool replace)
                     copy = QDir(folder).absoluteFilePath(
                         QStringLiteral("%1-%2").arg(number).arg(QFileInfo(path).fileName()));
                 QDir().mkpath(folder);
-                if (replace && copy != QFileInfo(path).absoluteFilePath())
-                    QFile::remove(copy);
-                QFile file(path);
-                if (copy != QFileInfo(path).absoluteFilePath() && !file.copy(copy))
-                    return QFile::exists(copy) ? Message(Code::FileExists, {copy})
-                                               : Message(Code::FileUnwritable, {copy, file.errorString()});
+                if (const Message refused = copyFile(path, copy, replace); !refused.isEmpty())
+                    return refused;
                 copies.insert(path, copy);
             }
             type.items[pos].values.insert(key, copies.value(path));

@@ -46,6 +46,7 @@ private slots:
     void presetNameMayHoldAnything();
     void importIsAllOrNothing();
     void exportTakesFilesAlong();
+    void exportOverItsOwnImagesKeepsThem();
     void importTellsWhatIsMissing();
     void presetHoldsWhatItIsMeantFor();
 };
@@ -548,6 +549,18 @@ void TestKitSettingsFile::exportTakesFilesAlong()
                  + key(": no such file. Bring it back, or choose another."));
     QVERIFY(!QFile::exists(path("elsewhere/new.zoeffect.json")));
     QVERIFY(!QFile::exists(path("elsewhere/new.files")));
+}
+
+void TestKitSettingsFile::exportOverItsOwnImagesKeepsThem()
+{
+    const QTemporaryDir folder;
+    const auto path = [&](const char* name) { return folder.filePath(key(name)); };
+    write(path("out/away.files/logo.png"), "logo");
+    QVERIFY(QFile::link(path("out"), path("alias")));
+    const zokit::Presets presets(path("presets"));
+    QVERIFY(presets.save(key("logo"), withImages({path("alias/away.files/logo.png")})).isEmpty());
+    QCOMPARE(presets.exportWithFiles(key("logo"), path("out/away.zoeffect.json"), true).text(), QString());
+    QCOMPARE(contentOf(path("out/away.files/logo.png")), QByteArray("logo"));
 }
 
 void TestKitSettingsFile::importTellsWhatIsMissing()
