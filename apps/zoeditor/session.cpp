@@ -4,14 +4,12 @@
 #include "session.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <utility>
 
 #include <QDir>
 #include <QFileInfo>
 #include <QSet>
 
-#include <zokit/properties.h>
 #include <zokit/settingsfile.h>
 
 namespace zoeditor {
@@ -26,6 +24,10 @@ Session::Session(const QString& journalFolder, QObject* parent)
     connect(&m_project, &zokit::Project::fileAdded, this, &Session::noteAdded);
     connect(&m_project, &zokit::Project::fileAboutToBeRemoved, this, &Session::noteRemoved);
     connect(&m_project, &zokit::Project::changed, this, &Session::noteChanges);
+    // It follows the list of files: a file that becomes the current one has its row.
+    m_selection = std::make_unique<zokit::Selection>(m_project, m_model);
+    connect(m_selection.get(), &zokit::Selection::currentChanged, this, &Session::noteCurrent);
+    connect(m_selection.get(), &zokit::Selection::chosenChanged, this, &Session::thingChanged);
     connect(&m_model, &zokit::SettingsModel::refused, this, &Session::take);
     m_workSoon.setSingleShot(true);
     m_workSoon.setInterval(0);
@@ -41,29 +43,14 @@ Session::~Session()
     m_project.disconnect(this);
 }
 
-void Session::setCurrent(FileSettings* file)
+void Session::noteCurrent(FileSettings* file)
 {
-    if (file == m_current)
-        return;
-    std::optional<zokit::Address> at;
-    if (m_current)
-        at = m_current->address(m_thing, QStringLiteral("selected"));
-    m_current = file;
-    m_thing = 0;
-    if (file) {
-        m_thing = at ? file->thing(*at) : 0;
-        if (m_thing == 0)
-            m_thing = file->type(at ? at->type : QStringLiteral("Crop"));
-        if (!m_selected.contains(file->file()))
-            m_selected = {file->file()};
-    } else {
+    if (!file)
         m_selected.clear();
-    }
-    m_model.setFile(file);
-    rememberSelection();
+    else if (!m_selected.contains(file->file()))
+        m_selected = {file->file()};
     emit currentChanged(file);
     emit selectionChanged();
-    emit thingChanged(m_thing);
 }
 
 QVector<FileSettings*> Session::selected() const
@@ -81,38 +68,12 @@ void Session::select(const QVector<FileSettings*>& files)
     QVector<Identity> wanted;
     for (const FileSettings* file : files)
         wanted.append(file->file());
-    if (m_current && !wanted.contains(m_current->file()))
-        wanted.append(m_current->file());
+    if (current() && !wanted.contains(current()->file()))
+        wanted.append(current()->file());
     if (wanted == m_selected)
         return;
     m_selected = wanted;
     emit selectionChanged();
-}
-
-void Session::setThing(Identity thing)
-{
-    if (thing == m_thing || !m_current || !m_current->owns(thing))
-        return;
-    m_thing = thing;
-    rememberSelection();
-    emit thingChanged(thing);
-}
-
-void Session::rememberSelection()
-{
-    if (m_current)
-        history().setSelection({m_current->file(), m_thing});
-}
-
-/// What was chosen at this place of the history is chosen again, as far as it is there.
-void Session::adoptSelection()
-{
-    const QVector<Identity> things = history().selection();
-    FileSettings* file = m_project.file(things.value(0));
-    if (!file)
-        return;
-    setCurrent(file);
-    setThing(things.value(1));
 }
 
 bool Session::take(const Message& refusal)
@@ -152,29 +113,7 @@ void Session::redo()
 void Session::goTo(int count)
 {
     endGesture(m_gestureOwner);
-    const int before = history().position();
-    history().goTo(count);
-    adoptSelection();
-    if (std::abs(history().position() - before) == 1)
-        showChanged(history().step(std::min(history().position(), before)).changes);
-}
-
-/// Shows something that \a changes are about, unless it is shown.
-void Session::showChanged(const zokit::Changes& changes)
-{
-    const auto isShown = [this](const zokit::Change& change) { return change.thing == m_thing; };
-    if (std::any_of(changes.cbegin(), changes.cend(), isShown))
-        return;
-    for (const zokit::Change& change : changes) {
-        FileSettings* file = m_project.fileOf(change.thing);
-        if (!file)
-            continue;
-        setCurrent(file);
-        if (!m_model.indexOf(change.thing).isValid())
-            continue;
-        setThing(change.thing);
-        return;
-    }
+    m_selection->goTo(count);
 }
 
 Message Session::save(FileSettings* file)
@@ -236,12 +175,6 @@ QVector<FileSettings*> Session::unsaved() const
 
 void Session::noteChanges(const zokit::Changes& changes)
 {
-    QSet<Identity> savedDefaults;
-    for (const QString& type : zokit::effectTypes())
-        savedDefaults.insert(m_project.savedDefault(type));
-    const auto isDefault = [&](const zokit::Change& change) { return savedDefaults.contains(change.thing); };
-    if (std::any_of(changes.cbegin(), changes.cend(), isDefault))
-        m_model.refreshDefaults();
     QSet<FileSettings*> files;
     for (const zokit::Change& change : changes)
         files.insert(m_project.fileOf(change.thing));
@@ -250,10 +183,6 @@ void Session::noteChanges(const zokit::Changes& changes)
         if (row >= 0)
             noteEdited(row, *file);
     }
-    if (!m_current || m_current->owns(m_thing))
-        return;
-    m_thing = m_current->type(QStringLiteral("Crop")); // What was chosen has gone.
-    emit thingChanged(m_thing);
 }
 
 void Session::noteEdited(int index, const FileSettings& file)

@@ -20,6 +20,7 @@
 #include <zokit/project.h>
 #include <zokit/queue.h>
 #include <zokit/queuefile.h>
+#include <zokit/selection.h>
 #include <zokit/settingsmodel.h>
 #include <zokit/tools.h>
 
@@ -73,15 +74,15 @@ public:
     /// \name What is chosen
     /// @{
 
-    zokit::FileSettings* current() const { return m_current; } ///< The file that is edited; null for none.
-    void setCurrent(zokit::FileSettings* file);
+    /// The file that is edited; null for none.
+    zokit::FileSettings* current() const { return m_selection->current(); }
+    void setCurrent(zokit::FileSettings* file) { m_selection->setCurrent(file); }
     /// The files that are meant by what is done to many; the current one among them.
     QVector<zokit::FileSettings*> selected() const;
     void select(const QVector<zokit::FileSettings*>& files);
-    /// The effect type or item of the current file whose values are shown; 0 for none.
-    zokit::Identity thing() const { return m_thing; }
-    /// Chooses one; of another file, or gone: nothing happens.
-    void setThing(zokit::Identity thing);
+    /// What of the current file is shown: an effect type, an item, the rules for tracks or the options; 0 for none.
+    zokit::Identity thing() const { return m_selection->chosen(); }
+    void setThing(zokit::Identity thing) { m_selection->choose(thing); } ///< As Selection::choose().
     /// @}
 
     /// \name Editing
@@ -153,9 +154,7 @@ private:
     void noteChanges(const zokit::Changes& changes);
     void noteEdited(int row, const zokit::FileSettings& file);
     void noteSettingsFiles();
-    void adoptSelection();
-    void showChanged(const zokit::Changes& changes);
-    void rememberSelection();
+    void noteCurrent(zokit::FileSettings* file);
 
     zokit::Tools m_tools;
     QString m_journalFolder;
@@ -171,9 +170,8 @@ private:
     QJsonObject m_notedNames;           ///< As they stand beside the journal.
     QMap<QString, QString> m_recovered; ///< Settings files of what is being recovered, by the clip.
     QVector<FileRow> m_removed;         ///< Rows of files that the history may bring back.
-    QPointer<zokit::FileSettings> m_current;
+    std::unique_ptr<zokit::Selection> m_selection;
     QVector<zokit::Identity> m_selected;
-    zokit::Identity m_thing = 0;
     QPointer<QObject> m_gestureOwner;
     int m_openingRow = -1; ///< The row whose file is being added.
 };

@@ -169,8 +169,6 @@ void Session::noteAdded(FileSettings* file)
         m_files.append(row);
         probeNext();
     }
-    if (!m_current)
-        setCurrent(file);
 }
 
 void Session::noteRemoved(FileSettings* file)
@@ -181,14 +179,6 @@ void Session::noteRemoved(FileSettings* file)
         m_files.remove(index);
     }
     m_selected.removeAll(file->file());
-    if (file != m_current)
-        return;
-    FileSettings* near = nullptr; // The one behind it, else the last one before it.
-    for (int i = 0; i < m_files.rows().size() && !(near && i > index); ++i) {
-        if (FileSettings* other = m_project.file(m_files.rows().at(i).file))
-            near = other;
-    }
-    setCurrent(near);
 }
 
 void Session::remove(const QVector<int>& rows)

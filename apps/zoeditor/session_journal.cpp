@@ -67,7 +67,6 @@ Message Session::recover(const QString& journal)
     if (m_project.files().isEmpty())
         return trouble;
     discard(journal);
-    adoptSelection();
     return trouble;
 }
 

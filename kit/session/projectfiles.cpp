@@ -7,6 +7,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QHash>
 #include <QTimer>
 
 #include <zokit/history.h>
@@ -40,6 +41,8 @@ public:
     void add(const Settings& settings);
     FileSettings* openFileOf(const QString& clip) const;
     static QString usualFile(const FileSettings* file);
+    QHash<QString, int> wanted() const;
+    QString settingsFile(const FileSettings* file, const QHash<QString, int>& wanted) const;
 
     ProjectFiles* q;
     Project& project;
@@ -65,6 +68,24 @@ QString ProjectFiles::Private::usualFile(const FileSettings* file)
 {
     const QFileInfo clip(file->media().file);
     return clip.dir().filePath(clip.completeBaseName() + ending);
+}
+
+/// How many files would be saved at a path, if each took its usual one.
+QHash<QString, int> ProjectFiles::Private::wanted() const
+{
+    QHash<QString, int> wanted;
+    for (const FileSettings* file : project.files())
+        ++wanted[settingsFiles.value(file->file(), usualFile(file))];
+    return wanted;
+}
+
+QString ProjectFiles::Private::settingsFile(const FileSettings* file, const QHash<QString, int>& wanted) const
+{
+    if (settingsFiles.contains(file->file()))
+        return settingsFiles.value(file->file());
+    const QString usual = usualFile(file);
+    return wanted.value(usual) > 1 ? QFileInfo(file->media().file).filePath() + ending // film.mkv beside film.mp4
+                                   : usual;
 }
 
 /// Goes on until a clip is looked into, which take() follows.
@@ -169,22 +190,15 @@ const MediaInfo* ProjectFiles::media(const FileSettings* file) const
 
 QString ProjectFiles::settingsFile(const FileSettings* file) const
 {
-    const QFileInfo clip(file->media().file);
-    const QString usual = d->usualFile(file);
-    if (d->settingsFiles.contains(file->file()))
-        return d->settingsFiles.value(file->file());
-    for (const FileSettings* other : d->project.files()) {
-        if (other != file && d->settingsFiles.value(other->file(), d->usualFile(other)) == usual)
-            return clip.filePath() + ending; // film.mkv beside film.mp4
-    }
-    return usual;
+    return d->settingsFile(file, d->wanted());
 }
 
 QStringList ProjectFiles::foreignFiles() const
 {
     QStringList foreign;
+    const QHash<QString, int> wanted = d->wanted();
     for (const FileSettings* file : d->project.files()) {
-        const QString path = settingsFile(file);
+        const QString path = d->settingsFile(file, wanted);
         if (!d->settingsFiles.contains(file->file()) && QFileInfo::exists(path))
             foreign.append(path);
     }
@@ -193,8 +207,9 @@ QStringList ProjectFiles::foreignFiles() const
 
 Message ProjectFiles::save()
 {
+    const QHash<QString, int> wanted = d->wanted();
     for (const FileSettings* file : d->project.files()) {
-        const QString path = settingsFile(file);
+        const QString path = d->settingsFile(file, wanted);
         const Message refusal = saveSettings(file->settings(), path);
         if (!refusal.isEmpty())
             return refusal;

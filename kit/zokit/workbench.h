@@ -21,12 +21,8 @@
 namespace zokit {
 
 /// What a window works on: a project with its files, which of them is the current one, and what of that is chosen, with
-/// the models and the preview that show it. To be used on the main thread, with a QGuiApplication.
-///
-/// Where there are files, one is current: the first that comes, and the next one, or else the last, when it is removed.
-/// Of a current file something is chosen: an effect type, an item, the rules for tracks or the output options; at first
-/// the type "Crop", in another file what stands at the same place, and in place of an item that is removed the next
-/// one, or else the last, or else its type.
+/// the models and the preview that show it. Both follow the rules of a Selection. To be used on the main thread, with a
+/// QGuiApplication.
 class ZOKIT_EXPORT Workbench : public QObject {
     Q_OBJECT
 
@@ -59,9 +55,7 @@ public:
     /// Chooses \a thing, and makes its file the current one. Nothing happens for what has no row in the model.
     void choose(Identity thing);
 
-    /// As History::undo(): a drag on the preview ends first. What was chosen then is chosen again, or, where the step
-    /// did not touch that, the first thing that it changed.
-    void undo();
+    void undo(); ///< As Selection::undo(): a drag on the preview ends first.
     void redo(); ///< As above, of the next step.
 
 Q_SIGNALS:

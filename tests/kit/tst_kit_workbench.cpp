@@ -59,6 +59,7 @@ private slots:
     void undoBringsARowBackWhereItWas();
     void removedItemIsFollowedByTheNext_data();
     void removedItemIsFollowedByTheNext();
+    void movedItemIsFollowedByTheNext();
     void whatHasNoRowCannotBeChosen();
     void undoShowsWhatItChanged();
     void undoChoosesWhatWasChosenThen();
@@ -139,7 +140,7 @@ void TestKitWorkbench::samePlaceIsChosenInAnotherFile()
     QCOMPARE(stage.bench.chosen(), stage.file(1)->type(key("Color")));
     stage.bench.choose(stage.addText("Hello"));
     stage.bench.setCurrent(stage.file(2)); // It has no watermark.
-    QCOMPARE(stage.bench.chosen(), stage.file(2)->type(key("Crop")));
+    QCOMPARE(stage.bench.chosen(), stage.file(2)->type(key("Watermark")));
 }
 
 void TestKitWorkbench::removedFileIsFollowedByTheNext_data()
@@ -204,6 +205,18 @@ void TestKitWorkbench::removedItemIsFollowedByTheNext()
     for (int i = 0; i < 2; ++i)
         stage.file(0)->remove(stage.bench.chosen());
     QCOMPARE(stage.bench.chosen(), stage.file(0)->type(key("Watermark")));
+}
+
+void TestKitWorkbench::movedItemIsFollowedByTheNext()
+{
+    Stage stage;
+    QVector<Identity> texts;
+    for (const char* text : {"one", "two", "three"})
+        texts.append(stage.addText(text));
+    stage.bench.choose(texts.at(0));
+    stage.file(0)->move(texts.at(0), 1);
+    stage.file(0)->remove(texts.at(0));
+    QCOMPARE(stage.bench.chosen(), texts.at(2));
 }
 
 void TestKitWorkbench::whatHasNoRowCannotBeChosen()
