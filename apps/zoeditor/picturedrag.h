@@ -31,9 +31,9 @@ public:
     void beginDrawing(const zokit::PreviewScene& scene, const QPoint& from);
     /// Whether it has begun and not ended. Undo ends it, too.
     bool isActive() const;
-    zokit::Identity thing() const { return m_thing; }
+    zokit::Identity thing() const { return m_drag.thing(); }
     /// Which handle is dragged; of a crop that is drawn the lower right one.
-    zokit::Handle handle() const { return m_handle; }
+    zokit::Handle handle() const { return m_drag.handle(); }
     /// To \a by from where it began. The lines that it snapped to.
     QVector<zokit::SnapLine> drag(const QPoint& by, double reach);
     /// A step by a key, from where \a scene stands now; nothing snaps.
@@ -43,18 +43,12 @@ public:
     void cancel();
 
 private:
-    void open(const zokit::PreviewScene& scene, zokit::Identity thing, zokit::Handle handle);
+    void open(const zokit::HandleDrag& drag);
     void apply(const QRect& place);
 
     Session& m_session;
     QPointer<zokit::FileSettings> m_file;
-    zokit::PreviewScene m_scene; ///< Where it began.
-    zokit::Values m_values;      ///< Of the watermark then.
-    zokit::CropRule m_rule;
-    zokit::Identity m_thing = 0;
-    zokit::Handle m_handle = zokit::Handle::None;
-    QPoint m_from;
-    bool m_isDrawing = false;
+    zokit::HandleDrag m_drag;
 };
 
 } // namespace zoeditor

@@ -32,29 +32,6 @@ QPointF positionOf(const QMouseEvent& event)
 #endif
 }
 
-Qt::CursorShape cursorOf(zokit::Handle handle)
-{
-    switch (handle) {
-    case zokit::Handle::TopLeft:
-    case zokit::Handle::BottomRight:
-        return Qt::SizeFDiagCursor;
-    case zokit::Handle::TopRight:
-    case zokit::Handle::BottomLeft:
-        return Qt::SizeBDiagCursor;
-    case zokit::Handle::Left:
-    case zokit::Handle::Right:
-        return Qt::SizeHorCursor;
-    case zokit::Handle::Top:
-    case zokit::Handle::Bottom:
-        return Qt::SizeVerCursor;
-    case zokit::Handle::Move:
-        return Qt::SizeAllCursor;
-    case zokit::Handle::None:
-        break;
-    }
-    return Qt::CrossCursor;
-}
-
 QPoint rounded(const QPointF& point)
 {
     return {qRound(point.x()), qRound(point.y())};
@@ -150,8 +127,9 @@ void PictureView::showCursor(const QPointF& point, Qt::KeyboardModifiers modifie
         return setCursor(Qt::ArrowCursor);
     if (m_show == Show::Split && std::abs(point.x() - splitAt()) <= splitGrip)
         return setCursor(Qt::SplitHCursor);
-    setCursor(modifiers.testFlag(Qt::ControlModifier) ? Qt::CrossCursor
-                                                      : cursorOf(zokit::handleAt(m_scene, m_view, point).handle));
+    setCursor(modifiers.testFlag(Qt::ControlModifier)
+                  ? Qt::CrossCursor
+                  : zokit::cursorOf(zokit::handleAt(m_scene, m_view, point).handle));
 }
 
 void PictureView::wheelEvent(QWheelEvent* event)

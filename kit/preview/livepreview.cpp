@@ -9,7 +9,6 @@
 
 #include <zokit/filesettings.h>
 #include <zokit/history.h>
-#include <zokit/properties.h>
 
 namespace zokit {
 
@@ -35,7 +34,6 @@ public:
     void updateScene();
     void updateView();
     void updateFrames();
-    Dragged draggedTo(const QPointF& point, double reach) const;
     void letGo();
 
     LivePreview* q;
@@ -51,13 +49,8 @@ public:
     QSize size;
     double devicePixels = 1;
 
-    // What is dragged, as everything was when it was taken.
-    PreviewHandle taken; ///< Of thing 0 while nothing is.
-    bool isDrawing = false;
+    HandleDrag drag; ///< Of thing 0 while nothing is taken.
     QPointF pressed;
-    PreviewScene began;
-    Values values;
-    CropRule rule;
 };
 
 void LivePreview::Private::updateScene()
@@ -68,7 +61,7 @@ void LivePreview::Private::updateScene()
         pictures.update(*file);
         scene = previewScene(*file, pictures);
         scene.chosen = chosenThing;
-        if (taken.thing != 0)
+        if (drag.thing() != 0)
             scene.snapLines = before.snapLines;
     }
     if (scene.frame != before.frame)
@@ -101,18 +94,9 @@ void LivePreview::Private::updateFrames()
     }
 }
 
-Dragged LivePreview::Private::draggedTo(const QPointF& point, double reach) const
-{
-    const QPoint by = rounded((point - pressed) / view.scale);
-    if (!isDrawing)
-        return dragged(began, taken.thing, taken.handle, by, reach, rule);
-    const QPoint from = rounded(view.toFrame(pressed));
-    return drawnCrop(began, from, from + by, reach, rule);
-}
-
 void LivePreview::Private::letGo()
 {
-    taken = PreviewHandle();
+    drag = HandleDrag();
     updateScene(); // The lines that it snapped to go.
 }
 
@@ -175,38 +159,31 @@ void LivePreview::press(const QPointF& point)
     release();
     if (!d->file || d->scene.frame.isEmpty())
         return;
-    PreviewHandle taken = handleAt(d->scene, d->view, point);
-    d->isDrawing = taken.handle == Handle::None;
-    if (d->isDrawing)
-        taken = {d->scene.cropThing, Handle::BottomRight, QRectF()};
-    choose(taken.thing);
-    emit chosen(taken.thing);
-    if (!d->file || !d->file->owns(taken.thing))
+    const PreviewHandle at = handleAt(d->scene, d->view, point);
+    const bool isDrawing = at.handle == Handle::None;
+    const Identity thing = isDrawing ? d->scene.cropThing : at.thing;
+    choose(thing);
+    emit chosen(thing);
+    if (!d->file || !d->file->owns(thing))
         return; // A listener has shown another file.
-    d->taken = taken;
+    d->drag = isDrawing ? HandleDrag::drawing(*d->file, d->scene, rounded(d->view.toFrame(point)))
+                        : HandleDrag(*d->file, d->scene, thing, at.handle);
     d->pressed = point;
-    d->began = d->scene;
-    d->values = d->file->values(taken.thing);
-    d->rule = cropRule(*d->file);
-    const bool isCrop = taken.thing == d->scene.cropThing;
-    d->history.beginGesture(Message(Message::Code::StepChange,
-                                    {displayName(isCrop ? QStringLiteral("Crop") : QStringLiteral("Watermark"))}));
+    d->history.beginGesture(d->drag.text());
 }
 
 void LivePreview::move(const QPointF& point, bool snaps)
 {
-    if (!isDragging() || !d->file || !d->file->owns(d->taken.thing))
+    const Identity thing = d->drag.thing();
+    if (!isDragging() || !d->file || !d->file->owns(thing))
         return;
-    const bool isClick = d->isDrawing && d->scene.crop == d->began.crop
-                         && (point - d->pressed).manhattanLength() < QGuiApplication::styleHints()->startDragDistance();
+    const QPointF way = point - d->pressed;
+    const bool isClick = d->drag.isDrawing() && d->scene.crop == d->drag.startPlace()
+                         && way.manhattanLength() < QGuiApplication::styleHints()->startDragDistance();
     if (isClick)
         return; // It cuts nothing off.
-    const Dragged dragged = d->draggedTo(point, snaps ? snapReach / d->view.scale : 0);
-    const bool isCrop = d->taken.thing == d->began.cropThing;
-    const Message refusal = d->file->setValues(
-        d->taken.thing,
-        isCrop ? cropValues(dragged.place) : watermarkValues(d->values, d->taken.handle, dragged.place, d->began.frame),
-        this);
+    const Dragged dragged = d->drag.to(rounded(way / d->view.scale), snaps ? snapReach / d->view.scale : 0);
+    const Message refusal = d->file->setValues(thing, d->drag.values(dragged.place), this);
     if (!refusal.isEmpty())
         emit refused(refusal);
     const PreviewScene before = d->scene;
@@ -232,32 +209,14 @@ void LivePreview::cancel()
 
 bool LivePreview::isDragging() const
 {
-    return d->taken.thing != 0;
+    return d->drag.thing() != 0;
 }
 
 Qt::CursorShape LivePreview::cursor(const QPointF& point) const
 {
     if (d->scene.frame.isEmpty())
         return Qt::ArrowCursor;
-    switch (isDragging() ? d->taken.handle : handleAt(d->scene, d->view, point).handle) {
-    case Handle::TopLeft:
-    case Handle::BottomRight:
-        return Qt::SizeFDiagCursor;
-    case Handle::TopRight:
-    case Handle::BottomLeft:
-        return Qt::SizeBDiagCursor;
-    case Handle::Left:
-    case Handle::Right:
-        return Qt::SizeHorCursor;
-    case Handle::Top:
-    case Handle::Bottom:
-        return Qt::SizeVerCursor;
-    case Handle::Move:
-        return Qt::SizeAllCursor;
-    case Handle::None:
-        break;
-    }
-    return Qt::CrossCursor;
+    return cursorOf(isDragging() ? d->drag.handle() : handleAt(d->scene, d->view, point).handle);
 }
 
 } // namespace zokit

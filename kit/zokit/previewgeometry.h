@@ -14,6 +14,7 @@
 #include <QVector>
 
 #include <zokit/changes.h>
+#include <zokit/message.h>
 #include <zokit/placement.h>
 #include <zokit/settings.h>
 #include <zokit/zokit_export.h>
@@ -144,6 +145,37 @@ ZOKIT_EXPORT Values cropValues(const QRect& crop);
 ZOKIT_EXPORT Values watermarkValues(const Values& present, Handle handle, const QRect& place, const QSize& frame);
 /// The anchor that a watermark at \a place has by standing there; nothing elsewhere.
 ZOKIT_EXPORT std::optional<Anchor> anchorAt(const QRect& place, const QSize& frame);
+
+/// A handle that is dragged by hand, with everything as it was when it was taken.
+class ZOKIT_EXPORT HandleDrag {
+public:
+    HandleDrag() = default; ///< Of no handle.
+    /// Of \a handle of \a thing, the type "Crop" or a watermark of \a file, in \a scene, which is that file's.
+    HandleDrag(const FileSettings& file, const PreviewScene& scene, Identity thing, Handle handle);
+    /// Of the lower right corner of a crop that is drawn anew from \a from on, a point of the frame.
+    static HandleDrag drawing(const FileSettings& file, const PreviewScene& scene, const QPoint& from);
+
+    Identity thing() const { return m_thing; }                  ///< 0 when none was taken.
+    Handle handle() const { return m_handle; }                  ///< As above, Handle::None.
+    bool isDrawing() const { return m_from.has_value(); }       ///< Whether the crop is drawn anew.
+    QRect startPlace() const { return m_began.place(m_thing); } ///< Where \a thing was.
+    Message text() const;                                       ///< For History::beginGesture().
+    /// As dragged() or drawnCrop(), by \a by from where it was taken; a crop keeps to cropRule() as it was.
+    Dragged to(const QPoint& by, double reach) const;
+    /// For FileSettings::setValues() of thing(), which is to be at \a place.
+    Values values(const QRect& place) const;
+
+private:
+    Identity m_thing = 0;
+    Handle m_handle = Handle::None;
+    PreviewScene m_began;
+    Values m_values; ///< Of a watermark.
+    CropRule m_rule;
+    std::optional<QPoint> m_from; ///< Of a crop that is drawn.
+};
+
+/// The mouse pointer that says what \a handle does; a cross for none: a new crop is drawn there.
+ZOKIT_EXPORT Qt::CursorShape cursorOf(Handle handle);
 
 /// How a preview looks.
 struct ZOKIT_EXPORT PreviewLook {
