@@ -3,6 +3,7 @@
 
 #include <zokit/conversion.h>
 
+#include <algorithm>
 #include <cmath>
 
 #include <QFile>
@@ -37,7 +38,7 @@ bool isUtf8File(const QString& path)
     constexpr qint64 most = 16 * 1024 * 1024;
     if (!file.open(QIODevice::ReadOnly))
         return true;
-    const QByteArray bytes = file.read(most);
+    const QByteArray bytes = file.read(std::min(file.size(), most)); // QFile makes room for all that it may read.
     return QString::fromUtf8(bytes).toUtf8() == bytes || bytes.startsWith("\xff\xfe") || bytes.startsWith("\xfe\xff")
            || bytes.startsWith("\xef\xbb\xbf");
 }

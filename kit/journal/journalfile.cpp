@@ -3,6 +3,7 @@
 
 #include "journalfile_p.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdio>
@@ -73,7 +74,7 @@ QByteArray read(int file)
     QFile opened;
     if (::lseek(file, 0, SEEK_SET) != 0 || !opened.open(file, QIODevice::ReadOnly, QFileDevice::DontCloseHandle))
         return QByteArray();
-    return opened.read(largest);
+    return opened.read(std::min(opened.size(), largest)); // QFile makes room for all that it may read.
 }
 
 bool write(int file, const QByteArray& text)

@@ -122,7 +122,7 @@ std::optional<QByteArray> load(const QString& path, Message* error)
     else if (info.size() > largestFile)
         *error = Message(Code::InFile, {path, Message(Code::FileTooLarge).text()});
     else {
-        const QByteArray text = file.read(largestFile + 1);
+        const QByteArray text = file.read(file.size()); // Not more, for which QFile would make room.
         if (file.error() == QFileDevice::NoError)
             return text;
         *error = Message(Code::FileUnreadable, {path, file.errorString()});
