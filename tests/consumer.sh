@@ -120,8 +120,7 @@ host_rows() {
 
 # configure FOLDER COMPILER [OPTION...]
 configure() {
-    cmake -G Ninja -S "$here/consumer" -B "$1" -DCMAKE_PREFIX_PATH="$prefix" -DCMAKE_CXX_COMPILER="$2" \
-        -DCMAKE_BUILD_TYPE=Debug "${@:3}"
+    cmake -G Ninja -S "$here/consumer" -B "$1" -DCMAKE_PREFIX_PATH="$prefix" -DCMAKE_CXX_COMPILER="$2" "${@:3}"
 }
 
 # refused NAME SENTENCE OPTION...: with these options CMake finds no package, and says why.

@@ -244,7 +244,7 @@ void TstFreePlaces::answersAreThoseOfOneAfterTheOther()
 
 void TstFreePlaces::manyRectanglesTakeNoSquareOfTime()
 {
-    constexpr int many = 600000; // Each place held against each rectangle would exceed the time limit of the test.
+    constexpr int many = 300000; // Each place held against each rectangle would exceed the time limit of the test.
     QVector<Shown> watermarks;
     std::vector<Place> places;
     for (int i = 0; i < many; ++i) {
