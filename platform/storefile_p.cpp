@@ -28,8 +28,7 @@ Content read(const QString& path)
     if (!S_ISREG(status.st_mode) || status.st_size > maxSize)
         return {State::Damaged, empty};
     QFile file(path);
-    const QByteArray text =
-        file.open(QIODevice::ReadOnly) ? file.read(file.size() + 1) : QByteArray();
+    const QByteArray text = file.open(QIODevice::ReadOnly) ? file.read(file.size() + 1) : QByteArray();
     if (file.error() != QFileDevice::NoError)
         return {State::Unreadable, empty};
 
