@@ -1309,7 +1309,7 @@
     </message>
     <message>
         <source>A preset has no "%1": it is for any clip.</source>
-        <translation>Eine Voreinstellung hat kein "%1": sie ist für jeden Clip.</translation>
+        <translation>Eine Vorlage hat kein "%1": sie ist für jeden Clip.</translation>
     </message>
     <message>
         <source>%1 cannot be read: %2.</source>
@@ -1321,7 +1321,7 @@
     </message>
     <message>
         <source>There is no preset %1.| Did you mean %2?</source>
-        <translation>Es gibt keine Voreinstellung %1.| Meinten Sie %2?</translation>
+        <translation>Es gibt keine Vorlage %1.| Meinten Sie %2?</translation>
     </message>
     <message>
         <source>There is a preset %1 already. Choose another name, or replace it.</source>
@@ -1329,7 +1329,7 @@
     </message>
     <message>
         <source>A preset needs a name.</source>
-        <translation>Eine Voreinstellung braucht einen Namen.</translation>
+        <translation>Eine Vorlage braucht einen Namen.</translation>
     </message>
     <message>
         <source>%1 has its new settings already. Its old ones lie in %2. %3</source>
