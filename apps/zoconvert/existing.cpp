@@ -3,6 +3,11 @@
 
 #include "existing.h"
 
+#include <algorithm>
+
+#include <sys/stat.h>
+
+#include <QFile>
 #include <QFileInfo>
 
 #include <zokit/message.h>
@@ -28,6 +33,22 @@ bool isThere(const QString& path)
 QString thereAlready(const QString& path)
 {
     return zokit::Message(zokit::Message::Code::OutputExists, {path}).text();
+}
+
+std::optional<FileKey> keyOf(const QString& path)
+{
+    struct stat found = {};
+    if (::stat(QFile::encodeName(path).constData(), &found) != 0)
+        return std::nullopt;
+    return FileKey(found.st_dev, found.st_ino);
+}
+
+QString refusedAsSource(const QString& output, const QStringList& sources)
+{
+    const std::optional<FileKey> key = keyOf(output);
+    const bool isSource =
+        key && std::any_of(sources.cbegin(), sources.cend(), [&](const QString& one) { return keyOf(one) == key; });
+    return isSource ? zokit::Message(zokit::Message::Code::OutputIsInput, {output}).text() : QString();
 }
 
 bool anyExists(const QStringList& files)

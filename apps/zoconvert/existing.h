@@ -3,6 +3,9 @@
 
 #pragma once
 
+#include <optional>
+
+#include <QPair>
 #include <QStringList>
 
 #include "invocation.h"
@@ -19,6 +22,13 @@ Existing existingOf(const Invocation& invocation);
 bool isThere(const QString& path);
 /// What is said of a result that is there: with what to do.
 QString thereAlready(const QString& path);
+/// Two names of one file agree in it, links included.
+using FileKey = QPair<quint64, quint64>;
+/// Nothing where there is no file.
+std::optional<FileKey> keyOf(const QString& path);
+/// The sentence that \a output is one of \a sources, by whatever name; empty: it is none.
+QString refusedAsSource(const QString& output, const QStringList& sources);
+
 /// Names each of \a files that is there already, with what to do. False: none is.
 bool anyExists(const QStringList& files);
 

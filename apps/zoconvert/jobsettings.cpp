@@ -6,12 +6,12 @@
 #include <algorithm>
 
 #include <QEventLoop>
-#include <QFileInfo>
 
 #include <zokit/address.h>
 #include <zokit/outputoptions.h>
 #include <zokit/settingsfile.h>
 
+#include "existing.h"
 #include "input.h"
 #include "runner.h"
 #include "signals.h"
@@ -127,11 +127,7 @@ QString settingsOf(FileJob* file, const Invocation& invocation)
     file->warnings = input.warnings;
     if (const QString missing = missingIn(file->job.settings); !missing.isEmpty())
         return named(file->input, missing);
-    for (const QString& other : zokit::namedTrackFiles(file->job.settings)) {
-        const QString canonical = QFileInfo(other).canonicalFilePath();
-        if (!canonical.isEmpty() && canonical == QFileInfo(file->job.output).canonicalFilePath())
-            file->error = zokit::Message(zokit::Message::Code::OutputIsInput, {file->output}).text();
-    }
+    file->error = refusedAsSource(file->output, zokit::namedFiles(file->job.settings));
     return {};
 }
 

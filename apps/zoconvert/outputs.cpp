@@ -5,8 +5,6 @@
 
 #include <algorithm>
 
-#include <sys/stat.h>
-
 #include <QDir>
 #include <QFileInfo>
 #include <QHash>
@@ -116,16 +114,6 @@ QString folderOf(const QString& input)
 {
     const auto slash = input.lastIndexOf(QLatin1Char('/'));
     return slash < 0 ? QString() : input.left(std::max<int>(static_cast<int>(slash), 1));
-}
-
-/// Two names of one file agree in it, links included.
-using FileKey = QPair<quint64, quint64>;
-std::optional<FileKey> keyOf(const QString& path)
-{
-    struct stat found = {};
-    if (::stat(QFile::encodeName(path).constData(), &found) != 0)
-        return std::nullopt;
-    return FileKey(found.st_dev, found.st_ino);
 }
 
 /// The path by which two outputs are the same: that of the folder without links, as far as it is there.

@@ -5,6 +5,8 @@
 
 #include <QSaveFile>
 
+#include <zokit/settingsfile.h>
+
 #include "console.h"
 #include "existing.h"
 #include "planfile.h"
@@ -47,17 +49,21 @@ int plan(const Invocation& invocation)
             told.insert(QString::fromLatin1(name), value);
     RunResult result;
     result.signal = source.received();
+    QStringList sources;
     QByteArray lines;
     int number = 0;
     for (const FileJob& file : files) {
         for (const QString& warning : file.warnings)
             console::warning(warning, file.input);
         result.outcomes.append(refused(file.error) ? zokit::Outcome::Failed : zokit::Outcome::Done);
+        sources += zokit::namedFiles(file.job.settings) + QStringList{file.input, file.job.input};
         if (file.error.isEmpty() && result.signal == 0)
             lines += planLine(++number, file, told);
     }
     if (lines.isEmpty() || result.signal != 0)
         return result.code();
+    if (refused(refusedAsSource(path, sources)))
+        return Failed;
     QSaveFile out(path);
     if (!out.open(QIODevice::WriteOnly) || out.write(lines) != lines.size() || !out.commit()) {
         console::error(zokit::Message(zokit::Message::Code::FileUnwritable, {path, out.errorString()}).text());

@@ -12,9 +12,11 @@
 #include <zokit/frames.h>
 #include <zokit/graph.h>
 #include <zokit/outputoptions.h>
+#include <zokit/settingsfile.h>
 #include <zokit/trackplan.h>
 
 #include "console.h"
+#include "existing.h"
 #include "input.h"
 #include "run.h"
 #include "words.h"
@@ -105,6 +107,19 @@ QString readTime(const Invocation& invocation, double length, double* seconds)
     return isNumber && *seconds >= 0 && *seconds < 1e9 ? QString() : say(Say::TimeForm, {invocation.value("time")});
 }
 
+/// Where the pictures go: before, after, preview and watermark. The \a error says which one would take the place of
+/// what is shown.
+QStringList picturePaths(const QDir& folder, const QStringList& sources, QString* error)
+{
+    QStringList paths;
+    for (const char* name : {"before.png", "after.png", "preview.png", "watermark.png"}) {
+        paths.append(QDir::cleanPath(folder.filePath(QString::fromLatin1(name))));
+        if (error->isEmpty())
+            *error = refusedAsSource(paths.last(), sources);
+    }
+    return paths;
+}
+
 /// Writes \a picture whole or not at all; the sentence says why not.
 QString write(const QImage& picture, const QString& path)
 {
@@ -132,6 +147,13 @@ int preview(const Invocation& invocation)
         return scene.code;
     }
 
+    const QDir folder(invocation.has("output") ? invocation.value("output") : QStringLiteral("."));
+    QString error;
+    const QStringList paths = picturePaths(folder, zokit::namedFiles(scene.settings), &error);
+    if (!error.isEmpty()) {
+        console::error(error);
+        return Failed;
+    }
     zokit::Frames frames(zokit::findTools());
     QMap<zokit::FrameKind, QImage> images;
     for (const zokit::FrameKind kind : {zokit::FrameKind::Before, zokit::FrameKind::Whole, zokit::FrameKind::After}) {
@@ -153,20 +175,15 @@ int preview(const Invocation& invocation)
         watermark.fill(Qt::transparent);
     }
 
-    const QDir folder(invocation.has("output") ? invocation.value("output") : QStringLiteral("."));
     QDir().mkpath(folder.path()); // Where it cannot be made, writing says so.
-    const QPair<const char*, QImage> pictures[] = {
-        {"before.png", images.value(zokit::FrameKind::Before)},
-        {"after.png", images.value(zokit::FrameKind::After)},
-        {"preview.png", zokit::previewPicture(scene.settings, images.value(zokit::FrameKind::Whole))},
-        {"watermark.png", watermark}};
-    for (const auto& [name, picture] : pictures) {
-        const QString path = QDir::cleanPath(folder.filePath(QString::fromLatin1(name)));
-        if (const QString error = write(picture, path); !error.isEmpty()) {
-            console::error(error);
+    const QImage pictures[] = {images.value(zokit::FrameKind::Before), images.value(zokit::FrameKind::After),
+                               zokit::previewPicture(scene.settings, images.value(zokit::FrameKind::Whole)), watermark};
+    for (int i = 0; i < paths.size(); ++i) {
+        if (const QString unwritten = write(pictures[i], paths.at(i)); !unwritten.isEmpty()) {
+            console::error(unwritten);
             return Failed;
         }
-        console::printLine(path);
+        console::printLine(paths.at(i));
     }
     return Done;
 }

@@ -47,16 +47,33 @@ QStringList outputsOf(const std::vector<Input>& inputs, const QString& output, Q
     return files;
 }
 
+/// Names each of \a outputs that is a file of which the settings tell. False: none is.
+bool anySource(const QStringList& outputs, const std::vector<Input>& inputs)
+{
+    QStringList sources;
+    for (const Input& input : inputs)
+        sources += zokit::namedFiles(input.settings->settings());
+    bool any = false;
+    for (const QString& output : outputs) {
+        const QString refused = refusedAsSource(output, sources);
+        if (!refused.isEmpty())
+            console::error(refused);
+        any = any || !refused.isEmpty();
+    }
+    return any;
+}
+
 int writeFiles(const std::vector<Input>& inputs, const Invocation& invocation)
 {
+    const QString output = invocation.value("output");
     QString error;
-    const QStringList files = outputsOf(inputs, invocation.value("output"), &error);
+    const QStringList files = outputsOf(inputs, output, &error);
     if (!error.isEmpty()) {
         console::error(error);
         return Usage;
     }
     const Existing existing = existingOf(invocation);
-    if (existing == Existing::Refuse && anyExists(files))
+    if (anySource(files, inputs) || (existing == Existing::Refuse && anyExists(files)))
         return Failed;
     if (isFolder(invocation.value("output")))
         QDir().mkpath(invocation.value("output"));

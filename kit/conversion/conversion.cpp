@@ -10,11 +10,13 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>
+#include <QRegularExpression>
 #include <QTimer>
 
 #include <zokit/graph.h>
 #include <zokit/placement.h>
 #include <zokit/progress.h>
+#include <zokit/settingsfile.h>
 
 #include "assscript_p.h"
 #include "codecs_p.h"
@@ -116,6 +118,7 @@ private:
     void takeClip(const MediaInfo& media);
     void probeNextFile();
     void settle();
+    QString endangered() const;
     bool makeHelpers();
     bool writeHelper(const QString& name, const QByteArray& bytes, QString* path);
     void nextStep();
@@ -162,6 +165,8 @@ Message Conversion::Private::checkOutput() const
     const QFileInfo output(m_job.output);
     if (output.isDir())
         return Message(Code::OutputIsFolder, {m_job.output});
+    if (output.exists() && !output.isFile())
+        return Message(Code::OutputNotAFile, {m_job.output}); // A device would be replaced, too.
     if (!m_job.replaces && (output.exists() || output.isSymLink()))
         return Message(Code::OutputExists, {m_job.output});
     return {};
@@ -273,8 +278,25 @@ bool Conversion::Private::writeHelper(const QString& name, const QByteArray& byt
     return false;
 }
 
+/// A helper file that would take the place of something that is read; empty: none would.
+QString Conversion::Private::endangered() const
+{
+    static const QRegularExpression helper(
+        QStringLiteral("\\A(watermark\\.png|chapters\\.txt|subtitles\\.ass|extracted\\.ass|cover[0-9]+)\\z"));
+    for (const QString& source : namedFiles(m_job.settings) + QStringList{m_job.input}) {
+        const QFileInfo info(source);
+        if (helper.match(info.fileName()).hasMatch() && isSameFile(info.absolutePath(), m_folder))
+            return source;
+    }
+    return {};
+}
+
 bool Conversion::Private::makeHelpers()
 {
+    if (const QString source = m_preparesOnly ? endangered() : QString(); !source.isEmpty()) {
+        fail(Message(Code::OutputIsInput, {source}));
+        return false;
+    }
     const QImage watermark = m_plan.videoCodec.isEmpty() ? QImage() : watermarkPicture(m_job.settings);
     const bool ownChapters = !m_media.chapters.isEmpty()
                              && (clipPart(m_job.settings, m_media).isTrimmed || speedFactor(m_job.settings) != 1);

@@ -55,4 +55,18 @@ Messages missingFiles(const Settings& settings)
     return missing;
 }
 
+QStringList namedFiles(const Settings& settings)
+{
+    QStringList files{settings.media.file};
+    for (const TypeSettings& type : settings.effects) {
+        for (int pos = 0; pos < type.items.size(); ++pos) {
+            const QString key = fileKey(type, pos);
+            if (!key.isEmpty())
+                files.append(type.items.at(pos).values.value(key).toString());
+        }
+    }
+    files.removeAll(QString());
+    return files;
+}
+
 } // namespace zokit

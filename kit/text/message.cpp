@@ -150,6 +150,7 @@ constexpr Text texts[] = {
     {Code::OutputExists, QT_TRANSLATE_NOOP("zokit", "%1 exists. Add --existing skip or --existing replace.")},
     {Code::OutputIsInput, QT_TRANSLATE_NOOP("zokit", "%1 is the input itself. Give another output.")},
     {Code::OutputIsFolder, QT_TRANSLATE_NOOP("zokit", "%1 is a folder. Give the name of a file, or use --output-folder.")},
+    {Code::OutputNotAFile, QT_TRANSLATE_NOOP("zokit", "%1 is no ordinary file. Give another output.")},
     {Code::ForeignPart, QT_TRANSLATE_NOOP("zokit", "%1 was left by another computer more than a day ago. Remove it if nothing runs there.")},
     {Code::ChildFailed, QT_TRANSLATE_NOOP("zokit", "%1 failed: %2")},
     {Code::ChildStalled, QT_TRANSLATE_NOOP("zokit", "There was no progress for %1 s. Check the disk, or give --stall a larger number.")},

@@ -1724,6 +1724,10 @@
         <translation>%1 ist ein Ordner. Geben Sie den Namen einer Datei an oder nehmen Sie --output-folder.</translation>
     </message>
     <message>
+        <source>%1 is no ordinary file. Give another output.</source>
+        <translation>%1 ist keine gewöhnliche Datei. Geben Sie eine andere Ausgabe an.</translation>
+    </message>
+    <message>
         <source>%1 was left by another computer more than a day ago. Remove it if nothing runs there.</source>
         <translation>%1 hat ein anderer Rechner vor mehr als einem Tag hinterlassen. Entfernen Sie es, wenn dort nichts läuft.</translation>
     </message>

@@ -154,6 +154,7 @@ public:
         OutputExists,     ///< 1: the path.
         OutputIsInput,    ///< 1: the path.
         OutputIsFolder,   ///< 1: the path.
+        OutputNotAFile,   ///< 1: the path.
         ForeignPart,      ///< 1: the path.
         ChildFailed,      ///< 1: the program, 2: its last words.
         ChildStalled,     ///< 1: seconds.

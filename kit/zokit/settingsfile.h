@@ -7,6 +7,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 #include <zokit/message.h>
 #include <zokit/settings.h>
@@ -32,6 +33,10 @@ ZOKIT_EXPORT QByteArray writeSettings(const Settings& settings, const QString& f
 /// A sentence for each file that \a settings name and that is not there, at its address: the clip, images, files of
 /// subtitles and sound. Such settings can be edited and saved, and not be converted.
 ZOKIT_EXPORT Messages missingFiles(const Settings& settings);
+
+/// The paths of all files that \a settings name, there or not, selected or not: the clip, images, files of subtitles
+/// and sound. None of them is ever to be written to.
+ZOKIT_EXPORT QStringList namedFiles(const Settings& settings);
 
 /// readSettings() of the file at \a path: regular files of at most 16 MB only. The missingFiles() are warned of. An
 /// error begins with the path.

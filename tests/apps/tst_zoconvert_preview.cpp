@@ -27,6 +27,7 @@ class TestZoconvertPreview : public QObject {
 private Q_SLOTS:
     void picturesShowTheFrame();
     void outputOptionsChangeThePicture();
+    void noPictureTakesThePlaceOfWhatIsShown();
     void aLineIsRefused_data();
     void aLineIsRefused();
 };
@@ -73,6 +74,24 @@ void TestZoconvertPreview::outputOptionsChangeThePicture()
     QCOMPARE(QImage(program.path("preview.png")).size(), QSize(160, 120));
     QCOMPARE(QImage(program.path("preview.png")).pixel(30, 30), QImage(program.path("before.png")).pixel(30, 30));
     QCOMPARE(QImage(program.path("watermark.png")).pixelColor(30, 30).alpha(), 0);
+}
+
+void TestZoconvertPreview::noPictureTakesThePlaceOfWhatIsShown()
+{
+    ProgramRun program;
+    QVERIFY(QFile::rename(program.path("logo.png"), program.path("watermark.png")));
+    QVERIFY(QFile::copy(clips::clip(QStringLiteral("still.png")), program.path("before.png")));
+    const QString files = program.files();
+    const QByteArray logo = program.content("watermark.png");
+    const QByteArray still = program.content("before.png");
+    program.run({"preview", clip("plain.mp4"), "--image", "watermark.png"});
+    QCOMPARE(program.err, QStringLiteral("zoconvert: watermark.png is the input itself. Give another output.\n"));
+    QCOMPARE(program.code, 1);
+    program.run({"preview", "before.png", "--output", "./"});
+    QCOMPARE(program.err, QStringLiteral("zoconvert: before.png is the input itself. Give another output.\n"));
+    QVERIFY(program.content("watermark.png") == logo);
+    QVERIFY(program.content("before.png") == still);
+    QCOMPARE(program.files(), files);
 }
 
 void TestZoconvertPreview::aLineIsRefused_data()
