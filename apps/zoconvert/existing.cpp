@@ -13,13 +13,15 @@
 #include <zokit/message.h>
 
 #include "console.h"
+#include "outputs.h"
 
 namespace zoconvert {
 
 Existing existingOf(const Invocation& invocation)
 {
-    const QString word = invocation.value("existing");
-    if (invocation.has("overwrite") || word == QLatin1String("replace"))
+    // Both may be output options, or the command's own.
+    const QString word = outputValue(invocation, "existing").toString();
+    if (outputValue(invocation, "overwrite").toBool() || word == QLatin1String("replace"))
         return Existing::Replace;
     return word == QLatin1String("skip") ? Existing::Skip : Existing::Refuse;
 }

@@ -124,6 +124,22 @@ QString placeOf(const QString& path)
     return (folder.isEmpty() ? info.absolutePath() : folder) + QLatin1Char('/') + info.fileName();
 }
 
+/// What a run has written into a folder is no input of the next one. Where results are replaced, only another name than
+/// its source has tells that a file is one: else it may be another film.
+void dropResults(const Invocation& invocation, FileJobs* files)
+{
+    QHash<QString, QString> sources; // By the place of their result.
+    for (const FileJob& file : *files)
+        sources.insert(placeOf(file.job.output), file.input);
+    const bool replaces = existingOf(invocation) == Existing::Replace;
+    const auto isResult = [&](const FileJob& file) {
+        const QString source = sources.value(placeOf(file.job.input), file.input);
+        return source != file.input && !invocation.words.contains(file.input)
+               && !(replaces && baseName(source) == baseName(file.input));
+    };
+    files->erase(std::remove_if(files->begin(), files->end(), isResult), files->end());
+}
+
 } // namespace
 
 QVariant outputValue(const Invocation& invocation, const char* name)
@@ -207,14 +223,7 @@ QString nameOutputs(const Invocation& invocation, FileJobs* files)
         if (!wrong.isEmpty())
             return wrong.text();
     }
-    // What a run has written into a folder is no input of the next one.
-    QSet<QString> results;
-    for (const FileJob& file : *files)
-        results.insert(placeOf(file.job.output));
-    const auto isResult = [&](const FileJob& file) {
-        return !invocation.words.contains(file.input) && results.contains(placeOf(file.job.input));
-    };
-    files->erase(std::remove_if(files->begin(), files->end(), isResult), files->end());
+    dropResults(invocation, files);
 
     QHash<QString, QString> taken;
     for (const FileJob& file : *files) {
@@ -234,18 +243,16 @@ QStringList refusedOutputs(const Invocation& invocation, FileJobs* files)
             if (const std::optional<FileKey> key = keyOf(path))
                 inputs.insert(*key);
     }
-    // --existing may be one of the command's own options, too.
-    const QString word = outputValue(invocation, "existing").toString();
-    const bool replaces = outputValue(invocation, "overwrite").toBool() || word == QLatin1String("replace");
+    const Existing existing = existingOf(invocation);
     QStringList refused;
     for (FileJob& file : *files) {
-        file.job.replaces = replaces;
+        file.job.replaces = existing == Existing::Replace;
         const std::optional<FileKey> key = keyOf(file.job.output);
         if (key && inputs.contains(*key)) {
             file.error = zokit::Message(zokit::Message::Code::OutputIsInput, {file.output}).text();
             refused.append(file.error);
-        } else if (!replaces && isThere(file.job.output)) {
-            file.isThere = word == QLatin1String("skip");
+        } else if (existing != Existing::Replace && isThere(file.job.output)) {
+            file.isThere = existing == Existing::Skip;
             if (file.isThere)
                 continue;
             file.error = thereAlready(file.output);
