@@ -190,6 +190,8 @@ QString nameOutputs(const Invocation& invocation, FileJobs* files)
         return say(Say::NotBoth, {QStringLiteral("--output"), QStringLiteral("--name")});
     if (!output.isEmpty() && files->size() != 1)
         return say(Say::OneInputOnly, {output, QString::number(files->size())});
+    if (!output.isEmpty() && (output.endsWith(QLatin1Char('/')) || QFileInfo(output).isDir()))
+        return zokit::Message(zokit::Message::Code::OutputIsFolder, {output}).text();
     if (!output.isEmpty() && container.isEmpty() && zokit::containerOf(output).isEmpty())
         return say(Say::UnknownEnding, {output});
 
