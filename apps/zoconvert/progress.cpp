@@ -61,6 +61,14 @@ QString timeText(double seconds)
     return QStringLiteral("%1:%2:%3").arg(whole / sixty / sixty).arg(minutes, 2, QLatin1Char('0')).arg(rest);
 }
 
+/// Whether \a sentence begins with \a name as a word of its own: "a.mkv: ...", "a.mkv is ...".
+bool beginsWith(const QString& sentence, const QString& name)
+{
+    const QString shown = zokit::onOneLine(name);
+    const QString next = sentence.mid(shown.size(), 1);
+    return sentence.startsWith(shown) && (next == QLatin1String(":") || next == QLatin1String(" "));
+}
+
 void write(const QByteArray& bytes)
 {
     std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stderr);
@@ -199,9 +207,8 @@ void Progress::ended(const FileJob& file, zokit::Outcome outcome, const QString&
     tell(outcomeWord(outcome), file, more);
     hide();
     if (outcome == zokit::Outcome::Failed || outcome == zokit::Outcome::Cancelled)
-        console::error(reason.contains(file.input) || reason.contains(file.output)
-                           ? reason
-                           : file.input + QStringLiteral(": ") + reason);
+        console::error(reason,
+                       beginsWith(reason, file.input) || beginsWith(reason, file.output) ? QString() : file.input);
     else if (!m_isQuiet && outcome == zokit::Outcome::Skipped)
         console::note(reason, file.input);
     else if (m_how == How::Lines && !m_isDryRun)

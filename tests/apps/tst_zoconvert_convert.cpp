@@ -43,9 +43,10 @@ void fill(const ProgramRun& run)
 {
     for (const char* folder : {"films/below", "other", "empty", "done"})
         QDir().mkpath(run.path(folder));
-    for (const char* clip : {"clip.mp4", "films/one.mp4", "films/below/two.mp4", "other/one.mp4"})
+    for (const char* clip : {"clip.mp4", "films/one.mp4", "films/below/two.mp4", "other/one.mp4", "other/one.mkv", "a"})
         QFile::copy(clips::clip(QStringLiteral("plain.mp4")), run.path(clip));
     QFile::link(run.path("clip.mp4"), run.path("link.mp4"));
+    QFile::link(QStringLiteral("/dev/null"), run.path("device.mkv"));
     for (const char* there : {"there.mp4", "done/one.mp4", "bad.mkv", "films/notes.txt"})
         run.write(there, "no film");
     run.write("lost.zoeffect.json", R"({"zoeffect": 1, "media": {"file": "gone.mp4", "width": 160, "height": 120}})");
@@ -124,6 +125,22 @@ void TestZoconvertConvert::aRunMakesItsFiles_data()
     row("the output is a sound that is needed",
         {"clip.mp4", "--audio", "other/one.mp4", "-o", "other/one.mp4", "--overwrite"}, 1, "",
         "zoconvert: other/one.mp4 is the input itself. Give another output.\n");
+    row("the output is an image that is shown",
+        {"clip.mp4", "--image", "logo.png", "--container", "mp4", "-o", "logo.png", "--overwrite"}, 1, "",
+        "zoconvert: logo.png is the input itself. Give another output.\n");
+    row("the output is a device", {"clip.mp4", "-o", "device.mkv", "--overwrite"}, 1, "",
+        "zoconvert: clip.mp4: FOLDER/device.mkv is no ordinary file. Give another output.\n");
+    row("a name that stands in every sentence", {"a", "-o", "device.mkv", "--overwrite"}, 1, "",
+        "zoconvert: a: FOLDER/device.mkv is no ordinary file. Give another output.\n");
+    row("the output is a folder", {"clip.mp4", "-o", "done"}, 2, "",
+        "zoconvert: done is a folder. Give the name of a file, or use --output-folder.\n");
+    row("the output would be a folder", {"clip.mp4", "-o", "new/"}, 2, "",
+        "zoconvert: new/ is a folder. Give the name of a file, or use --output-folder.\n");
+    row("a folder onto itself", {"films", "--name", "{name}.{ending}", "--overwrite"}, 1, "",
+        "zoconvert: films/one.mp4 is the input itself. Give another output.\n");
+    row("two films of one name in a folder",
+        {"other", "--name", "{name}.{ending}", "--container", "mkv", "--overwrite"}, 2, "",
+        "zoconvert: other/one.mkv and other/one.mp4 would both be written to other/one.mkv.\n");
     row("one output for two", {"clip.mp4", "films", "-o", "new.mp4"}, 2, "",
         "zoconvert: --output: new.mp4 is for one input, and there are 2. Use --output-folder.\n");
     row("two of one name", {"films/one.mp4", "other/one.mp4", "--output-folder", "new"}, 2, "",
