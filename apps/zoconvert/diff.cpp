@@ -35,6 +35,8 @@ int diff(const Invocation& invocation)
     }
     if (invocation.has("json"))
         console::printJson(array);
+    if (!console::allPrinted())
+        return Usage; // Trouble, as the help calls it.
     return found.isEmpty() ? equal : different;
 }
 

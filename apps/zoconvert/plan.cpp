@@ -65,7 +65,7 @@ int plan(const Invocation& invocation)
     if (refused(refusedAsSource(path, sources)))
         return Failed;
     QSaveFile out(path);
-    if (!out.open(QIODevice::WriteOnly) || out.write(lines) != lines.size() || !out.commit()) {
+    if (!out.open(QIODevice::WriteOnly) || out.write(lines) != lines.size() || !out.flush() || !out.commit()) {
         console::error(zokit::Message(zokit::Message::Code::FileUnwritable, {path, out.errorString()}).text());
         return Failed;
     }

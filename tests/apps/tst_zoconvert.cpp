@@ -348,6 +348,12 @@ void TestZoconvert::aFullDiskIsNoSuccess()
     program.start(QStringLiteral(ZOCONVERT), {QStringLiteral("explain")});
     QVERIFY(program.waitForFinished());
     QCOMPARE(program.exitCode(), 1);
+    // 1 would say that they differ.
+    const ProgramRun files;
+    program.start(QStringLiteral(ZOCONVERT),
+                  {"diff", "--json", files.path("a.zoeffect.json"), files.path("a.zoeffect.json")});
+    QVERIFY(program.waitForFinished());
+    QCOMPARE(program.exitCode(), 2);
 }
 
 void TestZoconvert::clipsAreProbed()
