@@ -42,6 +42,7 @@ int command(const Invocation& invocation)
     refusedOutputs(invocation, &files);
     if (file.error == thereAlready(file.output))
         file.error.clear(); // Nothing is written.
+    file.isThere = false;
     const RunOptions options = runOptions(invocation);
     if (const QString wrong = makeSettings(invocation, options, &source, &files); !wrong.isEmpty())
         return refused(wrong, Usage);
@@ -72,6 +73,8 @@ int command(const Invocation& invocation)
     if (result.outcome != zokit::Outcome::Done)
         return refused(file.input + QStringLiteral(": ") + result.reason.text(),
                        source.received() == 0 ? Failed : RunResult{{}, {}, {}, source.received()}.code());
+    if (const QString target = QFileInfo(file.job.output).absolutePath(); keeps && !QDir().mkpath(target))
+        return refused(say(Say::NoFolder, {target}), Failed);
     for (const QString& line : zokit::shellLines(conversion.commands(), folder, file.job.replaces))
         console::print(line.toUtf8() + '\n');
     if (!keeps && !QDir(folder).isEmpty())

@@ -3,6 +3,10 @@
 
 // zoconvert command, plan and work: conversions as data, done elsewhere or later.
 
+#include <csignal>
+
+#include <sys/resource.h>
+
 #include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -52,6 +56,9 @@ class TestZoconvertWork : public QObject {
 
 private Q_SLOTS:
     void commandsMakeTheSame();
+    void commandsAreToldWhateverIsThere();
+    void nothingThatIsReadIsReplaced();
+    void aFullDiskLeavesNoPlan();
     void aPlanIsDoneInAnyParts();
     void twoRunsShareAPlan();
     void parallelDoesAPlan();
@@ -68,20 +75,76 @@ void TestZoconvertWork::commandsMakeTheSame()
     const QList<QByteArray> edits{"films/it's two.mp4", "--text", "Hello", "--subtitle", "text.srt"};
     run.run(QList<QByteArray>{"convert", "-q", "-o", "by convert.mkv"} + edits);
     QCOMPARE(run.err, QString());
-    run.run(QList<QByteArray>{"command", "-o", "by hand.mkv", "--files", "helpers"} + edits);
+    run.run(QList<QByteArray>{"command", "-o", "new/by hand.mkv", "--files", "helpers"} + edits);
     QCOMPARE(run.err, QString());
     QCOMPARE(run.code, 0);
     QCOMPARE(run.out.count(QLatin1Char('\n')), 2); // The subtitle is extracted, the clip converted.
-    QVERIFY(!QFile::exists(run.path("by hand.mkv")));
+    QVERIFY(!QFile::exists(run.path("new/by hand.mkv")));
     const QByteArray told = outputOf(QStringLiteral("sh"), {"-e", "-c", run.out}, QStringLiteral("/"));
     QVERIFY2(!told.startsWith("failed"), told);
-    const QByteArray byHand = frames(run.path("by hand.mkv"));
+    const QByteArray byHand = frames(run.path("new/by hand.mkv"));
     QVERIFY2(byHand.contains("0,"), byHand);
     QCOMPARE(byHand, frames(run.path("by convert.mkv")));
     run.run(QList<QByteArray>{"command", "-o", "by hand.mkv"} + edits);
     QCOMPARE(run.err,
              QStringLiteral("zoconvert: films/it's two.mp4: warning: The lines name helper files that are gone "
                             "already. Add --files FOLDER to run them.\n"));
+}
+
+void TestZoconvertWork::commandsAreToldWhateverIsThere()
+{
+    ProgramRun run;
+    fill(run);
+    const QList<QByteArray> line{"command", "clip.mp4", "-o", "films/one.mp4", "--set", "Color:bcs_contrast=10"};
+    run.run(line + QList<QByteArray>{"--existing", "skip"});
+    QCOMPARE(run.err, QString());
+    QVERIFY2(run.out.contains(QStringLiteral("lutyuv")), qPrintable(run.out));
+    const QString skipping = run.out;
+    run.run(line);
+    QCOMPARE(run.out, skipping);
+}
+
+void TestZoconvertWork::nothingThatIsReadIsReplaced()
+{
+    ProgramRun run;
+    fill(run);
+    QVERIFY(QFile::rename(run.path("logo.png"), run.path("watermark.png")));
+    QVERIFY(QFile::rename(run.path("text.srt"), run.path("subtitles.ass")));
+    const QByteArray logo = run.content("watermark.png");
+    const QByteArray clip = run.content("clip.mp4");
+    const QString folder = QDir(run.path("")).canonicalPath();
+    for (const QList<QByteArray>& named :
+         {QList<QByteArray>{"--image", "watermark.png"}, QList<QByteArray>{"--subtitle", "subtitles.ass"}}) {
+        run.run(QList<QByteArray>{"command", "clip.mp4", "--files", "."} + named);
+        QCOMPARE(run.err, QStringLiteral("zoconvert: clip.mp4: %1/%2 is the input itself. Give another output.\n")
+                              .arg(folder, QString::fromUtf8(named.last())));
+        QCOMPARE(run.code, 1);
+    }
+    run.run({"plan", "films", "clip.mp4", "--image", "watermark.png", "--plan", "watermark.png", "--overwrite"});
+    QCOMPARE(run.err, QStringLiteral("zoconvert: watermark.png is the input itself. Give another output.\n"));
+    QCOMPARE(run.code, 1);
+    run.run({"plan", "clip.mp4", "--plan", "clip.mp4", "--overwrite"});
+    QCOMPARE(run.code, 1);
+    QVERIFY(run.content("watermark.png") == logo);
+    QVERIFY(run.content("clip.mp4") == clip);
+}
+
+void TestZoconvertWork::aFullDiskLeavesNoPlan()
+{
+    ProgramRun run;
+    fill(run);
+    rlimit old = {};
+    ::getrlimit(RLIMIT_FSIZE, &old);
+    constexpr rlim_t little = 600; // Room for a sentence, and for a part of a job.
+    const rlimit limit = {little, old.rlim_max};
+    const auto ignored = std::signal(SIGXFSZ, SIG_IGN); // Writing fails, as on a disk that is full.
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+    run.run({"plan", "clip.mp4", "--plan", "p"});
+    ::setrlimit(RLIMIT_FSIZE, &old);
+    std::signal(SIGXFSZ, ignored);
+    QVERIFY2(run.err.startsWith(QStringLiteral("zoconvert: p cannot be written: ")), qPrintable(run.err));
+    QCOMPARE(run.code, 1);
+    QVERIFY(!QFile::exists(run.path("p")));
 }
 
 void TestZoconvertWork::aPlanIsDoneInAnyParts()
