@@ -17,7 +17,8 @@ namespace zoconvert {
 
 /// An INPUT of the command line with its settings, or why it is refused.
 struct Input {
-    QString name;                                  ///< As it was typed.
+    QString name;                                  ///< As it was typed, or found in a folder.
+    QString below;                                 ///< Its folder below the one that was named; empty: none.
     std::unique_ptr<zokit::FileSettings> settings; ///< Null: refused.
     std::optional<zokit::MediaInfo> media;         ///< What a media file consists of; nothing for a settings file.
     QStringList warnings;                          ///< What became of the settings unasked.

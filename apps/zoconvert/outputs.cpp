@@ -15,6 +15,7 @@
 #include <zokit/resultname.h>
 #include <zokit/settingsfile.h>
 
+#include "commands.h"
 #include "console.h"
 #include "edits.h"
 #include "existing.h"
@@ -150,27 +151,42 @@ QVariant outputValue(const Invocation& invocation, const char* name)
     return invocation.output.value(key);
 }
 
-QString collectInputs(const Invocation& invocation, FileJobs* files)
+FileJobs expandFolders(const Invocation& invocation)
 {
+    const QString recursive = QStringLiteral("recursive");
+    const bool isRecursive = invocation.has("recursive");
+    const bool couldBe = !isRecursive && invocation.command->own.contains(recursive);
+    FileJobs files;
     for (const QString& word : invocation.words) {
         FileJob file;
         file.input = file.clip = word;
-        if (invocation.notUtf8.contains(word)) {
-            file.error = named(word, say(Say::NotUtf8));
-        } else if (QFileInfo(word).isDir()) {
-            const std::size_t before = files->size();
-            addFolder(word, QString(), invocation.has("recursive"), files);
-            if (files->size() > before)
+        if (!invocation.notUtf8.contains(word) && QFileInfo(word).isDir()) {
+            const std::size_t before = files.size();
+            addFolder(word, QString(), isRecursive, &files);
+            if (files.size() > before)
                 continue;
-            file.error = named(word, say(Say::EmptyFolder));
-        } else if (word.endsWith(QLatin1String(".json"))) {
+            file.error = named(word, say(Say::EmptyFolder, {couldBe ? QStringLiteral("--") + recursive : QString()}));
+        }
+        files.push_back(file);
+    }
+    return files;
+}
+
+QString collectInputs(const Invocation& invocation, FileJobs* files)
+{
+    *files = expandFolders(invocation);
+    for (FileJob& file : *files) {
+        if (!file.error.isEmpty())
+            continue;
+        if (invocation.notUtf8.contains(file.input)) {
+            file.error = named(file.input, say(Say::NotUtf8));
+        } else if (file.input.endsWith(QLatin1String(".json"))) {
             if (const QString refused = loadSettingsOf(&file); !refused.isEmpty())
                 return refused;
-        } else if (const zokit::Message wrong = zokit::checkInput(word); !wrong.isEmpty()) {
+        } else if (const zokit::Message wrong = zokit::checkInput(file.input); !wrong.isEmpty()) {
             const QString sentence = wrong.text();
-            file.error = wrong.arguments().contains(word) ? sentence : named(word, sentence);
+            file.error = wrong.arguments().contains(file.input) ? sentence : named(file.input, sentence);
         }
-        files->push_back(file);
     }
     for (FileJob& file : *files) {
         file.job.input = QFileInfo(file.clip).absoluteFilePath();

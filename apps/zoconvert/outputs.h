@@ -31,6 +31,9 @@ struct FileJob {
 
 using FileJobs = std::vector<FileJob>;
 
+/// The words of \a invocation, folders replaced by the media files in them; one without any is there with its error.
+FileJobs expandFolders(const Invocation& invocation);
+
 /// The inputs of \a invocation, folders replaced by the media files in them. A file that is missing is there with its
 /// error; a sentence that answers is wrong usage.
 QString collectInputs(const Invocation& invocation, FileJobs* files);

@@ -9,6 +9,7 @@
 
 #include "console.h"
 #include "input.h"
+#include "outputs.h"
 #include "run.h"
 
 namespace zoconvert {
@@ -89,18 +90,24 @@ QString textOf(const zokit::MediaStream& stream)
 
 int probe(const Invocation& invocation)
 {
+    FileJobs files;
+    if (const QString refused = collectInputs(invocation, &files); !refused.isEmpty()) {
+        console::error(refused);
+        return Usage;
+    }
     QJsonArray array;
-    int failures = 0;
-    for (const QString& word : invocation.words) {
-        const ProbedInput input = probeInput(word, invocation);
+    std::size_t failures = 0;
+    for (const FileJob& file : files) {
+        const ProbedInput input =
+            file.error.isEmpty() ? probeInput(file.clip, invocation) : ProbedInput{std::nullopt, file.error};
         if (!input.media) {
-            console::error(input.error);
+            console::error(input.error, file.loaded && file.error.isEmpty() ? file.input : QString());
             ++failures;
         } else if (invocation.has("json")) {
             array.append(jsonOf(*input.media));
         } else {
             console::printLine(
-                QStringLiteral("%1: %2, %3 s").arg(word, input.media->container).arg(input.media->seconds));
+                QStringLiteral("%1: %2, %3 s").arg(file.input, input.media->container).arg(input.media->seconds));
             for (const zokit::MediaStream& stream : input.media->streams)
                 console::printLine(textOf(stream));
         }
@@ -109,7 +116,7 @@ int probe(const Invocation& invocation)
         console::printJson(array);
     if (failures == 0)
         return Done;
-    return failures == invocation.words.size() ? Failed : Partly;
+    return failures == files.size() ? Failed : Partly;
 }
 
 } // namespace zoconvert

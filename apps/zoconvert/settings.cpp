@@ -11,6 +11,7 @@
 #include "console.h"
 #include "existing.h"
 #include "input.h"
+#include "outputs.h"
 #include "run.h"
 #include "words.h"
 
@@ -38,7 +39,8 @@ QStringList outputsOf(const std::vector<Input>& inputs, const QString& output, Q
     if (inputs.size() > 1 && !isFolder(output))
         *error = say(Say::SeveralInputs, {output});
     for (const Input& input : inputs) {
-        const QString file = isFolder(output) ? QDir(output).filePath(nameInFolder(input.name)) : output;
+        const QString folder = QDir(output).filePath(input.below);
+        const QString file = isFolder(output) ? QDir(folder).filePath(nameInFolder(input.name)) : output;
         const auto other = files.indexOf(file);
         if (other >= 0 && error->isEmpty())
             *error = say(Say::SameOutput, {file, inputs.at(static_cast<std::size_t>(other)).name, input.name});
@@ -75,14 +77,16 @@ int writeFiles(const std::vector<Input>& inputs, const Invocation& invocation)
     const Existing existing = existingOf(invocation);
     if (anySource(files, inputs) || (existing == Existing::Refuse && anyExists(files)))
         return Failed;
-    if (isFolder(invocation.value("output")))
-        QDir().mkpath(invocation.value("output"));
     int failures = 0;
     for (int i = 0; i < files.size(); ++i) {
-        if (existing == Existing::Skip && isThere(files.at(i)))
+        const Input& input = inputs.at(static_cast<std::size_t>(i));
+        if (existing == Existing::Skip && isThere(files.at(i))) {
+            console::note(say(Say::LeftThere, {files.at(i)}), input.name);
             continue;
-        const zokit::Settings settings = inputs.at(static_cast<std::size_t>(i)).settings->settings();
-        const zokit::Message failure = zokit::saveSettings(settings, files.at(i));
+        }
+        if (isFolder(output))
+            QDir().mkpath(QFileInfo(files.at(i)).path()); // Where it cannot be made, writing says so.
+        const zokit::Message failure = zokit::saveSettings(input.settings->settings(), files.at(i));
         if (!failure.isEmpty()) {
             console::error(failure.text());
             ++failures;
@@ -99,12 +103,17 @@ int settings(const Invocation& invocation)
 {
     std::vector<Input> inputs;
     int failures = 0;
-    for (const QString& word : invocation.words) {
-        Input input = loadInput(word, invocation);
+    for (const FileJob& file : expandFolders(invocation)) {
+        Input input = file.error.isEmpty() ? loadInput(file.input, invocation) : Input();
+        input.below = file.below;
+        if (!file.error.isEmpty()) {
+            input.error = file.error;
+            input.code = Failed;
+        }
         if (input.settings)
             edit(input, invocation);
         for (const QString& warning : input.warnings)
-            console::warning(warning, word);
+            console::warning(warning, input.name);
         if (input.error.isEmpty()) {
             inputs.push_back(std::move(input));
             continue;

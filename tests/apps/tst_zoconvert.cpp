@@ -117,8 +117,9 @@ void TestZoconvert::aLineEndsAsItShould_data()
         "zoconvert: There is no effect type Wattermark. Did you mean Watermark?\n");
     row("probe what is no media", {"probe", "lgo.png", "a.zoeffect.json"}, 1, "",
         "zoconvert: lgo.png: no such file. There is logo.png.\n"
-        "zoconvert: a.zoeffect.json is no media file that can be read. Check that it is whole. ffprobe says: Invalid "
-        "data found when processing input.\n");
+        "zoconvert: a.zoeffect.json: It names no clip. Give the clip, and this file by --settings.\n");
+    row("probe by settings that are none", {"probe", "logo.png", "broken.json"}, 2, "",
+        "zoconvert: broken.json: Line 2, column 10: missing name separator.\n");
     row("show a missing clip", {"show", "clip.mkv"}, 1, "", "zoconvert: clip.mkv: no such file.\n");
 }
 
@@ -230,6 +231,7 @@ void TestZoconvert::settingsDoNotOverwriteUnasked()
              QStringLiteral("zoconvert: b.zoeffect.json exists. Add --existing skip or --existing replace.\n"));
     QCOMPARE(program.code, 1);
     program.run({"settings", "a.zoeffect.json", "--output", "b.zoeffect.json", "--existing", "skip"});
+    QCOMPARE(program.err, QStringLiteral("zoconvert: a.zoeffect.json: b.zoeffect.json exists; left out.\n"));
     QCOMPARE(program.code, 0);
     QCOMPARE(program.content("b.zoeffect.json"), before);
     program.run({"settings", "a.zoeffect.json", "--output", "b.zoeffect.json", "--overwrite"});

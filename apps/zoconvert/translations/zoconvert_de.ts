@@ -388,8 +388,8 @@
         <translation>Sie nennt keinen Clip. Geben Sie den Clip an und diese Datei mit --settings.</translation>
     </message>
     <message>
-        <source>There is no media file in it. Add --recursive to look below it.</source>
-        <translation>Darin liegt keine Mediendatei. Mit --recursive wird auch in seinen Ordnern gesucht.</translation>
+        <source>There is no media file in it.| Add %1 to look below it.</source>
+        <translation>Darin liegt keine Mediendatei.| Mit %1 wird auch in seinen Ordnern gesucht.</translation>
     </message>
     <message>
         <source>--output: %1 is for one input, and there are %2. Use --output-folder.</source>
