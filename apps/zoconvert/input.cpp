@@ -74,6 +74,8 @@ void loadSettings(Input& input, const Invocation& invocation)
     const zokit::ReadSettings read = zokit::loadSettings(input.name);
     if (read.settings) {
         input.settings = std::make_unique<zokit::FileSettings>(*read.settings);
+        for (const zokit::Message& warning : read.warnings)
+            input.warnings.append(warning.text());
         return;
     }
     input.error = read.error.text();

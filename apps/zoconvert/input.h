@@ -21,7 +21,7 @@ struct Input {
     QString below;                                 ///< Its folder below the one that was named; empty: none.
     std::unique_ptr<zokit::FileSettings> settings; ///< Null: refused.
     std::optional<zokit::MediaInfo> media;         ///< What a media file consists of; nothing for a settings file.
-    QStringList warnings;                          ///< What became of the settings unasked.
+    QStringList warnings;                          ///< What became of the settings unasked, and what they lack.
     QString error;                                 ///< Names the file.
     int code = Done;                               ///< Failed: missing or no media; Usage: settings that are refused.
 };

@@ -63,7 +63,9 @@ Scene sceneOf(const QString& word, const Invocation& invocation)
         const ProbedInput probed = probeInput(settings.media.file, invocation);
         if (!probed.media)
             return refused(named(word, probed.error), Failed);
+        const QStringList missing = input.warnings;
         input = inputOf(word, settings, *probed.media);
+        input.warnings = missing + input.warnings;
     }
     if (input.settings)
         edit(input, invocation);

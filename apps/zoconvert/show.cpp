@@ -101,6 +101,8 @@ int show(const Invocation& invocation)
         console::error(input.error);
         return input.code;
     }
+    for (const QString& warning : input.warnings)
+        console::warning(warning, input.name);
     const QVector<Line> lines = linesOf(*input.settings, invocation.has("all"));
     if (invocation.has("json")) {
         QJsonArray array;

@@ -14,9 +14,9 @@
 
 ProgramRun::ProgramRun()
 {
-    write("a.zoeffect.json", R"({"zoeffect": 1, "media": {"file": "clip.mkv", "width": 1280, "height": 720}})");
+    write("a.zoeffect.json", R"({"zoeffect": 1, "media": {"width": 1280, "height": 720}})");
     write("b.zoeffect.json",
-          R"({"zoeffect": 1, "media": {"file": "clip.mkv", "width": 1280, "height": 720}, "effects": [
+          R"({"zoeffect": 1, "media": {"width": 1280, "height": 720}, "effects": [
         {"type": "Color", "values": {"bcs_contrast": 20}}]})");
     write("broken.json", "{\"zoeffect\": 1,\n \"media\" }");
     QImage logo(40, 30, QImage::Format_ARGB32);
