@@ -57,6 +57,8 @@ class Editor {
 public:
     Editor(const QVector<Edit>& edits, zokit::FileSettings& file) : m_edits(edits), m_file(file) {}
 
+    QStringList warnings; ///< What became of the edits unasked.
+
     QString run()
     {
         for (const Edit& edit : m_edits) {
@@ -126,9 +128,11 @@ QString Editor::takeSettings(const QString& path)
     if (!named.error.isEmpty())
         return named.error.text();
     const zokit::Media media = m_file.media();
-    zokit::Settings settings = media.frame.isEmpty() || named.settings.media.frame.isEmpty()
-                                   ? named.settings
-                                   : zokit::rescaled(named.settings, media.frame);
+    const QSize told = named.settings.media.frame;
+    const bool isForOther = !media.frame.isEmpty() && !told.isEmpty() && told != media.frame;
+    zokit::Settings settings = isForOther ? zokit::rescaled(named.settings, media.frame) : named.settings;
+    if (isForOther)
+        warnings.append(rescaledText(told, media.frame));
     settings.media = media.file.isEmpty() && media.frame.isEmpty() ? settings.media : media;
     m_file.setSettings(settings);
     return QString();
@@ -301,9 +305,19 @@ QString Editor::reset(const QString& text)
 
 } // namespace
 
-QString applyEdits(const QVector<Edit>& edits, zokit::FileSettings& file)
+QString rescaledText(const QSize& told, const QSize& found)
 {
-    return Editor(edits, file).run();
+    const auto text = [](const QSize& size) { return QStringLiteral("%1x%2").arg(size.width()).arg(size.height()); };
+    return Message(Message::Code::Rescaled, {text(told), text(found)}).text();
+}
+
+QString applyEdits(const QVector<Edit>& edits, zokit::FileSettings& file, QStringList* warnings)
+{
+    Editor editor(edits, file);
+    const QString error = editor.run();
+    if (warnings)
+        *warnings += editor.warnings;
+    return error;
 }
 
 } // namespace zoconvert

@@ -3,7 +3,9 @@
 
 #pragma once
 
+#include <QSize>
 #include <QString>
+#include <QStringList>
 #include <QVector>
 
 #include <zokit/filesettings.h>
@@ -13,7 +15,10 @@
 namespace zoconvert {
 
 /// Applies \a edits to \a file in their order. The answer is the sentence that says why one of them is refused; empty
-/// when all were done.
-QString applyEdits(const QVector<Edit>& edits, zokit::FileSettings& file);
+/// when all were done. \a warnings, if given, gets what became of them unasked.
+QString applyEdits(const QVector<Edit>& edits, zokit::FileSettings& file, QStringList* warnings = nullptr);
+
+/// That settings for a frame of the size \a told were rescaled to that of \a found.
+QString rescaledText(const QSize& told, const QSize& found);
 
 } // namespace zoconvert

@@ -120,7 +120,7 @@ Input inputOf(const QString& name, const zokit::Settings& settings, const zokit:
 void edit(Input& input, const Invocation& invocation)
 {
     const zokit::Values rules = input.settings->settings().tracks;
-    QString error = applyEdits(invocation.edits, *input.settings);
+    QString error = applyEdits(invocation.edits, *input.settings, &input.warnings);
     if (error.isEmpty() && input.media && input.settings->settings().tracks != rules)
         error = chooseTracks(input, *input.media);
     input.error = named(input.name, error);

@@ -175,7 +175,10 @@ void TestZoconvertEdits::settingsOfAnotherFrameAreRescaled()
     QVERIFY(zokit::saveSettings(source.settings(), path).isEmpty());
 
     zokit::FileSettings file(plainSettings());
-    QCOMPARE(zoconvert::applyEdits({{QStringLiteral("settings"), path}}, file), QString());
+    QStringList warnings;
+    QCOMPARE(zoconvert::applyEdits({{QStringLiteral("settings"), path}}, file, &warnings), QString());
+    QCOMPARE(warnings, QStringList{"The settings are for 640x360, the clip has 1280x720: what is measured in the "
+                                   "frame was rescaled."});
     QCOMPARE(file.media().file, QStringLiteral("/clips/clip.mkv"));
     QCOMPARE(changesOf(file), (QStringList{"Crop:crop_height: source_val -> 360", "Crop:crop_left: 0 -> 128",
                                            "Crop:crop_top: 0 -> 72", "Crop:crop_width: source_val -> 640"}));
