@@ -222,6 +222,11 @@ ApplyPlan planApply(const Settings& from, const QStringList& names, const CarryO
             plan.error = Message(Code::InFile, {name, read.error.text()});
             break;
         }
+        const Media& media = read.settings->media;
+        if (read.settings->foreign.contains(QStringLiteral("base")) && media.file.isEmpty() && media.frame.isEmpty()) {
+            plan.error = Message(Code::PresetAsTarget, {name}); // It would be no preset any more.
+            break;
+        }
         const Settings result = completed(carriedOver(from, *read.settings, carry));
         target.differences = differences(*read.settings, result);
         target.before = *text;

@@ -78,6 +78,7 @@ constexpr Text texts[] = {
     {Code::PresetMissing,    QT_TRANSLATE_NOOP("zokit", "There is no preset %1.| Did you mean %2?")},
     {Code::PresetExists,     QT_TRANSLATE_NOOP("zokit", "There is a preset %1 already. Choose another name, or replace it.")},
     {Code::PresetName,       QT_TRANSLATE_NOOP("zokit", "A preset needs a name.")},
+    {Code::PresetAsTarget,   QT_TRANSLATE_NOOP("zokit", "%1 is a preset. Carry the settings over to those of a clip, and make a preset of them.")},
     {Code::FileExists,       QT_TRANSLATE_NOOP("zokit", "%1 exists. Choose another name, or replace it.")},
     {Code::NotPutBack,       QT_TRANSLATE_NOOP("zokit", "%1 has its new settings already. Its old ones lie in %2. %3")},
     {Code::FileChanged,      QT_TRANSLATE_NOOP("zokit", "%1 was changed by somebody else meanwhile. Nothing was applied; try again.")},

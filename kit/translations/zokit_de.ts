@@ -1325,7 +1325,11 @@
     </message>
     <message>
         <source>There is a preset %1 already. Choose another name, or replace it.</source>
-        <translation>Es gibt schon eine Voreinstellung %1. Wählen Sie einen anderen Namen oder ersetzen Sie sie.</translation>
+        <translation>Es gibt schon eine Vorlage %1. Wählen Sie einen anderen Namen oder ersetzen Sie sie.</translation>
+    </message>
+    <message>
+        <source>%1 is a preset. Carry the settings over to those of a clip, and make a preset of them.</source>
+        <translation>%1 ist eine Vorlage. Übertragen Sie die Einstellungen auf die eines Clips und machen Sie daraus eine Vorlage.</translation>
     </message>
     <message>
         <source>A preset needs a name.</source>

@@ -79,6 +79,7 @@ public:
         PresetMissing,      ///< 1: the name, 2: the nearest one.
         PresetExists,       ///< 1: the name.
         PresetName,
+        PresetAsTarget,    ///< 1: the path.
         FileExists,        ///< 1: the path.
         NotPutBack,        ///< 1: the path, 2: where the old content is, 3: why it was to come back, a sentence.
         FileChanged,       ///< 1: the path of a file that changed since it was read.
