@@ -83,9 +83,14 @@ int preset(const Invocation& invocation)
     if (what == QLatin1String("remove"))
         return codeOf(presets.remove(words.first()));
     if (what == QLatin1String("rename"))
-        return codeOf(presets.rename(words.at(0), words.at(1)));
-    if (isImport)
-        return codeOf(presets.import(words, replace));
+        return codeOf(presets.rename(words.at(0), words.at(1), replace));
+    if (isImport) {
+        zokit::Messages missing;
+        const int code = codeOf(presets.import(words, replace, &missing));
+        for (const zokit::Message& file : missing)
+            console::warning(file.text());
+        return code;
+    }
     return codeOf(presets.exportTo(words.at(0), words.at(1), replace));
 }
 

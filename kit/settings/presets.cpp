@@ -4,6 +4,7 @@
 #include <zokit/presets.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <cstring>
 
 #include <QDir>
@@ -196,16 +197,16 @@ Message Presets::remove(const QString& name) const
     return file.remove() ? Message() : Message(Code::FileUnwritable, {file.fileName(), file.errorString()});
 }
 
-Message Presets::rename(const QString& from, const QString& to) const
+Message Presets::rename(const QString& from, const QString& to, bool replace) const
 {
     if (!QFile::exists(path(from)))
         return Message(Code::PresetMissing, {from, nearest(from, names())});
     if (!canBeName(to))
         return Message(Code::PresetName);
-    if (QFile::exists(path(to)))
+    if (!replace && QFile::exists(path(to)))
         return Message(Code::PresetExists, {to});
-    QFile file(path(from));
-    return file.rename(path(to)) ? Message() : Message(Code::FileUnwritable, {path(to), file.errorString()});
+    const int renamed = std::rename(QFile::encodeName(path(from)).constData(), QFile::encodeName(path(to)).constData());
+    return renamed == 0 ? Message() : Message(Code::FileUnwritable, {path(to), qt_error_string()});
 }
 
 Message Presets::import(const QStringList& files, bool replace, Messages* missing) const

@@ -44,8 +44,8 @@ public:
     Message save(const QString& name, const Settings& preset, bool replace = false) const;
     /// Removes a preset; an error names the nearest one.
     Message remove(const QString& name) const;
-    /// Refused when there is a preset \a to already.
-    Message rename(const QString& from, const QString& to) const;
+    /// Refused when there is a preset \a to already, unless \a replace.
+    Message rename(const QString& from, const QString& to, bool replace = false) const;
     /// Takes in preset files under the names of the files. All are checked before the first is written; a name that is
     /// taken refuses all, unless \a replace. \a missing, if given, gets the missingFiles() of all.
     Message import(const QStringList& files, bool replace = false, Messages* missing = nullptr) const;

@@ -349,6 +349,23 @@ void TestZoconvert::presetsAreKeptUnderTheirNames()
              QStringLiteral("zoconvert: warm.zoeffect.json exists. Choose another name, or add --overwrite.\n"));
     program.run({"diff", "warm", "warm.zoeffect.json"});
     QCOMPARE(program.code, 0);
+    const QByteArray exported = program.content("warm.zoeffect.json");
+    program.run({"apply", "a.zoeffect.json", "warm.zoeffect.json", "--items", "Color"});
+    QCOMPARE(program.err, QStringLiteral("zoconvert: warm.zoeffect.json is a preset. Carry the settings over to those "
+                                         "of a clip, and make a preset of them.\n"));
+    QCOMPARE(program.code, 2);
+    QCOMPARE(program.content("warm.zoeffect.json"), exported);
+    program.run({"preset", "save", "cold", "a.zoeffect.json"});
+    program.run({"preset", "rename", "warm", "cold"});
+    QCOMPARE(program.code, 1);
+    program.run({"preset", "rename", "warm", "cold", "--overwrite"});
+    QCOMPARE(program.err, QString());
+    program.run({"preset", "rename", "cold", "warm"});
+    program.run({"preset", "rename", "warm", "warm", "--overwrite"});
+    program.run({"preset", "list"});
+    QCOMPARE(program.out, QStringLiteral("warm\n"));
+    program.run({"diff", "warm", "warm.zoeffect.json"});
+    QCOMPARE(program.code, 0);
     program.run({"preset", "remove", "warm"});
     program.run({"preset", "show", "warm"});
     QCOMPARE(program.code, 2);
@@ -357,6 +374,12 @@ void TestZoconvert::presetsAreKeptUnderTheirNames()
     QCOMPARE(program.code, 0);
     program.run({"preset", "list"});
     QCOMPARE(program.out, QStringLiteral("warm\n"));
+    program.write("lost.json", R"({"zoeffect": 1, "base": {"width": 640, "height": 360}, "effects": [
+        {"type": "Watermark", "items": [{"values": {"wm_istextwatermark": false, "wm_imageurl": "/gone.png"}}]}]})");
+    program.run({"preset", "import", "lost.json"});
+    QCOMPARE(program.err, QStringLiteral("zoconvert: warning: Watermark:0:wm_imageurl: /gone.png: no such file. Bring "
+                                         "it back, or choose another.\n"));
+    QCOMPARE(program.code, 0);
 }
 
 void TestZoconvert::defaultsAreSavedShownAndForgotten()
