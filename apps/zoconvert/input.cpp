@@ -37,11 +37,6 @@ ProbedInput probeInput(const QString& name, const Invocation& invocation)
 
 namespace {
 
-QString sizeText(const QSize& size)
-{
-    return QStringLiteral("%1x%2").arg(size.width()).arg(size.height());
-}
-
 /// \a input with the tracks of its clip: those of the rules selected, each an item. The sentence says why not.
 QString chooseTracks(Input& input, const zokit::MediaInfo& media)
 {
@@ -109,11 +104,18 @@ Input inputOf(const QString& name, const zokit::Settings& settings, const zokit:
     Input input;
     input.name = name;
     input.media = media;
-    input.settings = std::make_unique<zokit::FileSettings>(zokit::settingsFor(settings, media));
+    zokit::RuledTracks tracks;
+    input.settings = std::make_unique<zokit::FileSettings>(zokit::settingsFor(settings, media, &tracks));
     const QSize told = settings.media.frame;
     const QSize found = input.settings->media().frame;
     if (!told.isEmpty() && !found.isEmpty() && told != found)
-        input.warnings.append(zokit::Message(zokit::Message::Code::Rescaled, {sizeText(told), sizeText(found)}).text());
+        input.warnings.append(rescaledText(told, found));
+    for (const zokit::Message& missing : tracks.warnings)
+        input.warnings.append(missing.text());
+    if (!tracks.error.isEmpty()) {
+        input.error = named(name, tracks.error.text());
+        input.code = Usage;
+    }
     return input;
 }
 
@@ -123,6 +125,8 @@ void edit(Input& input, const Invocation& invocation)
     QString error = applyEdits(invocation.edits, *input.settings, &input.warnings);
     if (error.isEmpty() && input.media && input.settings->settings().tracks != rules)
         error = chooseTracks(input, *input.media);
+    else if (error.isEmpty() && !input.error.isEmpty())
+        return; // The rules of the settings ask for what is not there.
     input.error = named(input.name, error);
     input.code = error.isEmpty() ? Done : Usage;
 }

@@ -3,6 +3,8 @@
 
 #include <zokit/opening.h>
 
+#include <algorithm>
+
 #include <QDir>
 #include <QFileInfo>
 
@@ -23,10 +25,40 @@ bool isMediaName(const QString& name)
     return endings.contains(QFileInfo(name).suffix().toLower());
 }
 
+/// Whether \a settings name tracks of the clip, or files that a rule found beside it: written by hand they need not.
+bool nameTracks(const Settings& settings)
+{
+    const bool hasSidecars = settings.tracks.value(QStringLiteral("sidecars")).toBool();
+    for (const char* name : {"Audio", "Subtitle"}) {
+        const TypeSettings* type = settings.find(QLatin1String(name));
+        const auto isOfClip = [&](const Item& item) {
+            return (!item.values.value(QStringLiteral("audio_isfile")).toBool()
+                    && !item.values.value(QStringLiteral("sub_fromfile")).toBool())
+                   || (hasSidecars && type->type == QLatin1String("Subtitle"));
+        };
+        if (type && std::any_of(type->items.cbegin(), type->items.cend(), isOfClip))
+            return true;
+    }
+    return false;
+}
+
 Media mediaOf(const MediaInfo& media)
 {
     const MediaStream* picture = media.picture();
     return {QFileInfo(media.file).absoluteFilePath(), picture ? picture->shown : QSize(0, 0), media.seconds};
+}
+
+RuledTracks ruled(const Settings& settings, const MediaInfo& media, NewTracks fresh)
+{
+    Message error;
+    const std::optional<TrackRules> rules = trackRulesFrom(settings.tracks, &error);
+    if (!rules)
+        return {{}, settings, {}, error};
+    const QString clip = settings.media.file;
+    const QVector<TrackChoice> choices = chosenTracks(*rules, media.tracks(), clip, sidecarsOf(clip), &error);
+    if (!error.isEmpty())
+        return {{}, settings, {}, error};
+    return {choices, withTracks(settings, choices, *rules, fresh), missingLanguages(*rules, choices), {}};
 }
 
 } // namespace
@@ -48,7 +80,7 @@ QStringList mediaFilesIn(const QString& folder, bool recursive)
 
 Settings settingsOf(const MediaInfo& media)
 {
-    return tracksByRule(FileSettings(mediaOf(media)).settings(), media).settings;
+    return ruled(FileSettings(mediaOf(media)).settings(), media, NewTracks::SavedDefaults).settings;
 }
 
 QStringList RuledTracks::lines() const
@@ -63,25 +95,22 @@ QStringList RuledTracks::lines() const
 
 RuledTracks tracksByRule(const Settings& settings, const MediaInfo& media)
 {
-    Message error;
-    const std::optional<TrackRules> rules = trackRulesFrom(settings.tracks, &error);
-    if (!rules)
-        return {{}, settings, {}, error};
-    const QString clip = settings.media.file;
-    const QVector<TrackChoice> choices = chosenTracks(*rules, media.tracks(), clip, sidecarsOf(clip), &error);
-    if (!error.isEmpty())
-        return {{}, settings, {}, error};
-    return {choices, withTracks(settings, choices, *rules), missingLanguages(*rules, choices), {}};
+    return ruled(settings, media, NewTracks::CatalogueDefaults);
 }
 
-Settings settingsFor(const Settings& settings, const MediaInfo& media)
+Settings settingsFor(const Settings& settings, const MediaInfo& media, RuledTracks* tracks)
 {
     const Media found = mediaOf(media);
     const bool isOther =
         !settings.media.frame.isEmpty() && !found.frame.isEmpty() && found.frame != settings.media.frame;
     Settings result = isOther ? rescaled(settings, found.frame) : settings;
     result.media = found;
-    return result;
+    if (result.tracks.isEmpty() || nameTracks(result))
+        return result;
+    const RuledTracks chosen = tracksByRule(result, media);
+    if (tracks)
+        *tracks = chosen;
+    return chosen.settings;
 }
 
 } // namespace zokit

@@ -36,6 +36,8 @@ struct ZOKIT_EXPORT RuledTracks {
 ZOKIT_EXPORT RuledTracks tracksByRule(const Settings& settings, const MediaInfo& media);
 
 /// \a settings, as a settings file had them, for their clip as it was found: rescaled where its frame has another size.
-ZOKIT_EXPORT Settings settingsFor(const Settings& settings, const MediaInfo& media);
+/// Where they hold rules for tracks and name no track, as when a person wrote them, the rules choose; \a tracks, if
+/// given, gets what they came to, and stays as it is otherwise.
+ZOKIT_EXPORT Settings settingsFor(const Settings& settings, const MediaInfo& media, RuledTracks* tracks = nullptr);
 
 } // namespace zokit

@@ -53,6 +53,8 @@ void fill(const ProgramRun& run)
     run.write("crop.zoeffect.json", R"({"zoeffect": 1, "media": {"file": "clip.mp4", "width": 160, "height": 120},
         "effects": [{"type": "Crop", "values": {"crop_left": 0, "crop_top": 0, "crop_width": 80, "crop_height": 60}}],
         "output": {"container": "mkv"}})");
+    run.write("tracks.zoeffect.json", R"({"zoeffect": 1, "media": {"file": "clip.mp4", "width": 160, "height": 120},
+        "tracks": {"audio-tracks": [9]}})");
     run.write("logo.zoeffect.json", R"({"zoeffect": 1, "media": {"file": "clip.mp4", "width": 160, "height": 120},
         "effects": [{"type": "Watermark", "items": [{"values": {"wm_istextwatermark": false,
         "wm_imageurl": "gone.png"}}]}]})");
@@ -166,6 +168,10 @@ void TestZoconvertConvert::aRunMakesItsFiles_data()
     row("an image that is not there", {"logo.zoeffect.json"}, 2, "",
         "zoconvert: logo.zoeffect.json: Watermark:0:wm_imageurl: FOLDER/gone.png: no such file. Bring it back, or "
         "choose another.\n");
+    row("rules of a settings file for tracks that are not there", {"tracks.zoeffect.json"}, 2, "",
+        "zoconvert: tracks.zoeffect.json: The clip has no such track 9. Choose one that it has.\n");
+    row("rules of the command line go before", {"tracks.zoeffect.json", "--audio-tracks", "1", "-q"}, 0,
+        "tracks-converted.mp4", "");
     row("a misspelt input", {"clp.mp4"}, 1, "", "zoconvert: clp.mp4: no such file. There is clip.mp4.\n");
     row("one of two fails", {"bad.mkv", "clip.mp4", "-q", "-o"}, 2, "", "zoconvert: -o takes a value: FILE.\n");
     row("one of two is missing", {"nix.mp4", "clip.mp4", "-q"}, 3, "clip-converted.mp4",

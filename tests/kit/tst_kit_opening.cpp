@@ -5,6 +5,8 @@
 
 #include <zokit/filesettings.h>
 #include <zokit/opening.h>
+#include <zokit/project.h>
+#include <zokit/settingsfile.h>
 
 #include "clips.h"
 #include "kitsupport.h"
@@ -20,8 +22,11 @@ private slots:
 
     void folderGivesMediaFiles();
     void clipBeginsWithAnItemForEachTrack();
+    void tracksBeginWithTheSavedDefaults();
     void tracksFollowTheRules_data();
     void tracksFollowTheRules();
+    void rulesWrittenByHandChoose_data();
+    void rulesWrittenByHandChoose();
     void settingsFollowTheFrameOfTheirClip();
 };
 
@@ -59,6 +64,28 @@ void TestKitOpening::clipBeginsWithAnItemForEachTrack()
     QCOMPARE(settings.find(key("Subtitle"))->items.size(), 2);
     QVERIFY(!settings.find(key("Audio"))->items.at(0).selected);
     QCOMPARE(zokit::settingsOf(media("sound.wav")).media.frame, QSize(0, 0));
+}
+
+void TestKitOpening::tracksBeginWithTheSavedDefaults()
+{
+    const zokit::MediaInfo clip = media("languages.mkv");
+    zokit::Project project;
+    zokit::FileSettings* file = project.add(zokit::settingsOf(clip));
+    const zokit::Identity track = file->item(key("Subtitle"), 0);
+    QVERIFY(file->setValue(track, key("sub_transparency"), 40).isEmpty());
+    QVERIFY(project.saveDefault(track).isEmpty());
+    const zokit::FileSettings fresh(zokit::settingsOf(clip));
+    for (const int pos : {0, 1}) {
+        const zokit::Identity item = fresh.item(key("Subtitle"), pos);
+        QCOMPARE(fresh.value(item, key("sub_transparency")), QVariant(40));
+        QVERIFY(fresh.state(item, key("sub_transparency")) == zokit::State::SavedDefault);
+        QVERIFY(fresh.state(item, key("selected")) == zokit::State::Default);
+    }
+    // A file means the same everywhere.
+    zokit::Settings written;
+    written.tracks = {{key("subtitle-track"), key("3")}};
+    const zokit::Settings found = zokit::settingsFor(zokit::completed(written), clip);
+    QCOMPARE(found.find(key("Subtitle"))->items.at(0).values.value(key("sub_transparency")), QVariant(0));
 }
 
 void TestKitOpening::tracksFollowTheRules_data()
@@ -105,6 +132,53 @@ void TestKitOpening::tracksFollowTheRules()
     QTEST(ruled.lines(), "lines");
     QTEST(selected, "selected");
     QTEST(ruled.error.text(), "error");
+}
+
+void TestKitOpening::rulesWrittenByHandChoose_data()
+{
+    QTest::addColumn<QByteArray>("effects");
+    QTest::addColumn<QByteArray>("rules");
+    QTest::addColumn<QVector<bool>>("selected"); // Sound, then subtitles.
+    QTest::addColumn<QStringList>("said");
+    QTest::newRow("languages") << QByteArray() << QByteArray(R"("audio-language": ["ita", "eng"])")
+                               << QVector<bool>{false, true, false, false} << QStringList();
+    QTest::newRow("a music file stays") << QByteArray(R"({"type": "Audio", "items": [
+        {"values": {"audio_isfile": true, "file": "/music.flac"}}]})")
+                                        << QByteArray(R"("audio-tracks": [1], "subtitle-track": "4")")
+                                        << QVector<bool>{true, false, true, false, true} << QStringList();
+    QTest::newRow("tracks that are named stay as they are")
+        << QByteArray(R"({"type": "Audio", "items": [{"selected": false, "values": {"trackid": 2}}]})")
+        << QByteArray(R"("audio-language": ["eng"])") << QVector<bool>{false} << QStringList();
+    QTest::newRow("a language that is not there")
+        << QByteArray() << QByteArray(R"("audio-language": ["ita"])") << QVector<bool>{false, false, false, false}
+        << QStringList{"No audio track is in ita. Ask for a language that the clip has: fra, eng."};
+    QTest::newRow("a track that is not there")
+        << QByteArray() << QByteArray(R"("audio-tracks": [9])") << QVector<bool>()
+        << QStringList{"The clip has no such track 9. Choose one that it has."};
+    QTest::newRow("no rules") << QByteArray() << QByteArray() << QVector<bool>() << QStringList();
+}
+
+void TestKitOpening::rulesWrittenByHandChoose()
+{
+    QFETCH(QByteArray, effects);
+    QFETCH(QByteArray, rules);
+    const zokit::ReadSettings read = zokit::readSettings(
+        R"({"zoeffect": 1, "effects": [)" + effects + R"(], "tracks": {)" + rules + "}}", QString());
+    QVERIFY2(read.settings, qPrintable(read.error.text()));
+    zokit::RuledTracks tracks;
+    const zokit::Settings found = zokit::settingsFor(*read.settings, media("languages.mkv"), &tracks);
+    QVector<bool> selected;
+    for (const char* type : {"Audio", "Subtitle"}) {
+        for (const zokit::Item& item : found.find(key(type))->items)
+            selected.append(item.selected);
+    }
+    QTEST(selected, "selected");
+    QStringList said;
+    for (const zokit::Message& warning : tracks.warnings)
+        said.append(warning.text());
+    if (!tracks.error.isEmpty())
+        said.append(tracks.error.text());
+    QTEST(said, "said");
 }
 
 void TestKitOpening::settingsFollowTheFrameOfTheirClip()
