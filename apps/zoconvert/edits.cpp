@@ -34,7 +34,7 @@ std::optional<QRect> rectangleFrom(const QString& text, const QSize& frame)
     const QStringList parts = text.split(QLatin1Char(','));
     if (parts.size() != 4)
         return std::nullopt;
-    int sides[4] = {};
+    double sides[4] = {};
     for (int i = 0; i < 4; ++i) {
         QString part = parts.at(i).trimmed();
         const bool isPercent = part.endsWith(QLatin1Char('%'));
@@ -43,13 +43,17 @@ std::optional<QRect> rectangleFrom(const QString& text, const QSize& frame)
         bool isNumber = false;
         double number = part.toDouble(&isNumber);
         if (isPercent)
-            number *= (i % 2 == 0 ? frame.width() : frame.height()) / 100.0;
+            number = number * (i % 2 == 0 ? frame.width() : frame.height()) / 100;
         constexpr double largest = 1e6;
         if (!isNumber || !(std::abs(number) <= largest) || (!isPercent && std::trunc(number) != number))
             return std::nullopt;
-        sides[i] = static_cast<int>(std::lround(number));
+        sides[i] = number;
     }
-    return QRect(sides[0], sides[1], sides[2], sides[3]);
+    // The edges are rounded, not the lengths: 25% and 75% of an uneven side end at its end.
+    const auto rounded = [](double number) { return static_cast<int>(std::lround(number)); };
+    const QPoint from(rounded(sides[0]), rounded(sides[1]));
+    const QPoint to(rounded(sides[0] + sides[2]), rounded(sides[1] + sides[3]));
+    return QRect(from, QSize(to.x() - from.x(), to.y() - from.y()));
 }
 
 /// Applies the edits of one command line to one file.
@@ -238,7 +242,7 @@ QString Editor::addFile(const QString& type, const QString& flag, const QString&
 
 QString Editor::crop(const QString& text)
 {
-    const QSize frame = m_file.media().frame;
+    const QSize frame = zokit::baseFrame(m_file.settings()); // As the picture is turned by then.
     if (frame.isEmpty())
         return say(Say::NoFrame, {QStringLiteral("--crop")});
     const std::optional<QRect> wished = rectangleFrom(text, frame);

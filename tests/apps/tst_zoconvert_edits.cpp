@@ -63,6 +63,8 @@ private Q_SLOTS:
     void editsDoWhatTheySay();
     void wrongEditsAreRefused_data();
     void wrongEditsAreRefused();
+    void cropsAreMeasuredInTheFrameThatIsThere_data();
+    void cropsAreMeasuredInTheFrameThatIsThere();
     void settingsOfAnotherFrameAreRescaled();
     void filesAreNamedByTheirWholePath();
 };
@@ -162,6 +164,36 @@ void TestZoconvertEdits::wrongEditsAreRefused()
     QFETCH(QString, line);
     zokit::FileSettings file(plainSettings());
     QTEST(zoconvert::applyEdits(editsOf(line), file), "sentence");
+}
+
+void TestZoconvertEdits::cropsAreMeasuredInTheFrameThatIsThere_data()
+{
+    QTest::addColumn<QSize>("frame");
+    QTest::addColumn<QString>("line");
+    QTest::addColumn<QRect>("crop");
+    const QString turned = QStringLiteral("--set Crop:player_map_flag=true --set Effect:crop_rotation_angle=90 ");
+    QTest::newRow("all but a quarter of an uneven width")
+        << QSize(1366, 768) << QStringLiteral("--crop 25%,0,75%,100%") << QRect(342, 0, 1024, 768);
+    QTest::newRow("the quarter before it")
+        << QSize(1366, 768) << QStringLiteral("--crop 0,0,25%,100%") << QRect(0, 0, 342, 768);
+    QTest::newRow("a quarter from percent and pixels")
+        << QSize(1366, 768) << QStringLiteral("--crop 75%,8,25%,700") << QRect(1025, 8, 341, 700);
+    QTest::newRow("turned") << QSize(1280, 720) << turned + QStringLiteral("--crop 0,50%,100%,50%")
+                            << QRect(0, 640, 720, 640);
+}
+
+void TestZoconvertEdits::cropsAreMeasuredInTheFrameThatIsThere()
+{
+    QFETCH(QSize, frame);
+    QFETCH(QString, line);
+    zokit::Settings plain;
+    plain.media.frame = frame;
+    zokit::FileSettings file(plain);
+    QCOMPARE(zoconvert::applyEdits(editsOf(line), file), QString());
+    const auto side = [&](const char* key) {
+        return file.value(file.type(QStringLiteral("Crop")), QLatin1String(key)).toInt();
+    };
+    QTEST(QRect(side("crop_left"), side("crop_top"), side("crop_width"), side("crop_height")), "crop");
 }
 
 void TestZoconvertEdits::settingsOfAnotherFrameAreRescaled()
