@@ -87,6 +87,7 @@ private:
     QString reset(const QString& text);
 
     QString insert(const QString& type, const Values& values);
+    Message change(const Address& address, const Values& values);
     bool setsSelection(const Address& thing) const;
     QString noSuchItem(const Address& address) const;
 
@@ -192,17 +193,24 @@ QString Editor::set(const QString& assignment)
     if (thing == 0)
         return noSuchItem(address);
 
-    QVector<QPair<Identity, QVariant>> kept;
-    for (const Address& whose : {address, Address{address.type, Address::ofType, address.key}}) {
-        if (address.key != selected && setsSelection(whose))
-            kept.append({m_file.thing(whose), m_file.value(m_file.thing(whose), selected)});
-    }
-    const Message error = m_file.setValue(thing, address.key, assignment.mid(equals + 1));
-    for (const auto& [whose, was] : kept)
-        m_file.setValue(whose, selected, was);
+    const Message error = change(address, {{address.key, assignment.mid(equals + 1)}});
     if (address.type == watermark && address.pos != Address::ofType)
         m_named = thing;
     return error.text();
+}
+
+/// Sets \a values of the thing at \a address, which becomes selected unless the command line itself says if it is.
+Message Editor::change(const Address& address, const Values& values)
+{
+    QVector<QPair<Identity, QVariant>> kept;
+    for (const Address& whose : {address, Address{address.type, Address::ofType, selected}}) {
+        if (!values.contains(selected) && setsSelection(whose))
+            kept.append({m_file.thing(whose), m_file.value(m_file.thing(whose), selected)});
+    }
+    const Message error = m_file.setValues(m_file.thing(address), values);
+    for (const auto& [whose, was] : kept)
+        m_file.setValue(whose, selected, was);
+    return error;
 }
 
 QString Editor::insert(const QString& type, const Values& values)
@@ -254,11 +262,11 @@ QString Editor::crop(const QString& text)
     const QSize smallest = zokit::CropRule().smallest;
     if (wished->width() < smallest.width() || wished->height() < smallest.height())
         return say(Say::CropSmall, {text, QString::number(smallest.width()), QString::number(smallest.height())});
-    return m_file
-        .setValues(m_file.type(QStringLiteral("Crop")), {{QStringLiteral("crop_left"), wished->left()},
-                                                         {QStringLiteral("crop_top"), wished->top()},
-                                                         {QStringLiteral("crop_width"), wished->width()},
-                                                         {QStringLiteral("crop_height"), wished->height()}})
+    return change({QStringLiteral("Crop"), Address::ofType, selected},
+                  {{QStringLiteral("crop_left"), wished->left()},
+                   {QStringLiteral("crop_top"), wished->top()},
+                   {QStringLiteral("crop_width"), wished->width()},
+                   {QStringLiteral("crop_height"), wished->height()}})
         .text();
 }
 
@@ -288,7 +296,8 @@ QString Editor::place(const QString& text)
     QVariantMap anchor{{QStringLiteral("corner"), parts.first()}};
     if (parts.size() > 1)
         anchor.insert(QStringLiteral("margin"), parts.at(1));
-    return m_file.setValue(item, QStringLiteral("anchor"), anchor).text();
+    const QString key = QStringLiteral("anchor");
+    return change({watermark, static_cast<int>(all.indexOf(item)), key}, {{key, anchor}}).text();
 }
 
 /// "all", "TYPE" or an address.

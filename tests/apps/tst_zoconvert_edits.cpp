@@ -90,6 +90,12 @@ void TestZoconvertEdits::editsDoWhatTheySay_data()
         {"Color:bcs_contrast: 0 -> 20", "Color:selected: true -> false"});
     row("also when it says so later", "--set Color:bcs_contrast=20 --set Color:selected=false",
         {"Color:bcs_contrast: 0 -> 20", "Color:selected: true -> false"});
+    row("a crop and a place, too, select unless the line says otherwise",
+        "--set Crop:selected=false --crop 96,0,1000,720 --text A --set Watermark:0:selected=false --place top:0",
+        {"Crop:crop_height: source_val -> 720", "Crop:crop_left: 0 -> 96", "Crop:crop_width: source_val -> 1000",
+         "Crop:selected: true -> false", "Watermark:0:anchor: (none) -> {\"corner\":\"top\",\"margin\":0}",
+         "Watermark:0:selected: (none) -> false", "Watermark:0:wm_fontsize: (none) -> 22",
+         "Watermark:0:wm_textcontent: (none) -> A"});
     row("crop in pixels", "--crop 96,0,1000,700",
         {"Crop:crop_height: source_val -> 700", "Crop:crop_left: 0 -> 96", "Crop:crop_width: source_val -> 1000"});
     row("crop in percent", "--crop 10%,5%,80%,90%",
