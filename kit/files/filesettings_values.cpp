@@ -30,7 +30,9 @@ ReadValue FileSettings::Private::read(const QString& type, Suit suit, const QStr
     }
     if (key == own::anchor && (suit == Suit::TextWatermark || suit == Suit::ImageWatermark)) {
         Message error;
-        const std::optional<Anchor> anchor = anchorFrom(given.toMap(), &error);
+        const bool isWord = given.userType() == QMetaType::QString;
+        const Values wanted = isWord ? Values{{QStringLiteral("corner"), given}} : given.toMap();
+        const std::optional<Anchor> anchor = anchorFrom(wanted, &error);
         return anchor ? ReadValue{toValues(*anchor), Message()} : ReadValue{QVariant(), error};
     }
     if (key.startsWith(QLatin1String("x-")))

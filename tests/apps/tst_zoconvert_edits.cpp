@@ -107,6 +107,10 @@ void TestZoconvertEdits::editsDoWhatTheySay_data()
          "Watermark:1:anchor: (none) -> {\"corner\":\"top-left\",\"margin\":10}",
          "Watermark:1:selected: (none) -> true", "Watermark:1:wm_fontsize: (none) -> 22",
          "Watermark:1:wm_textcontent: (none) -> B"});
+    row("a place as a value", "--text A --set Watermark:0:anchor=top-left",
+        {"Watermark:0:anchor: (none) -> {\"corner\":\"top-left\",\"margin\":\"2%\"}",
+         "Watermark:0:selected: (none) -> true", "Watermark:0:wm_fontsize: (none) -> 22",
+         "Watermark:0:wm_textcontent: (none) -> A"});
     row("another one by its position", "--text A --text B --place 0:centre",
         {"Watermark:0:anchor: (none) -> {\"corner\":\"centre\",\"margin\":\"2%\"}",
          "Watermark:0:selected: (none) -> true", "Watermark:0:wm_fontsize: (none) -> 22",
