@@ -75,7 +75,7 @@ QString section(Say head, const QVector<Option>& options, const QString& about =
 QString addresses()
 {
     QString body = wrapped(say(Say::AboutAddresses), indent(2));
-    for (const QString& type : zokit::effectTypes()) {
+    for (const QString& type : zokit::effectTypes() + QStringList{QStringLiteral("Tracks")}) {
         QStringList keys;
         for (const zokit::Property& property : zokit::properties()) {
             if (property.type == type && property.control != zokit::Control::None)

@@ -220,8 +220,8 @@
         <translation>Sie gehen dem vor, was eine Einstellungsdatei unter "output" sagt.</translation>
     </message>
     <message>
-        <source>TYPE:KEY is a type's own property, TYPE:POS:KEY an item's, counted from 0, Output:OPTION an output option. The key "selected" says whether a type or item takes part.</source>
-        <translation>TYP:SCHLÜSSEL ist eine Eigenschaft eines Typs, TYP:POS:SCHLÜSSEL die eines Elements, gezählt ab 0, Output:OPTION eine Ausgabeoption. Der Schlüssel "selected" sagt, ob ein Typ oder Element mitwirkt.</translation>
+        <source>TYPE:KEY is a type's own property, TYPE:POS:KEY an item's, counted from 0, Output:OPTION an output option, Tracks:KEY a rule for tracks. The key "selected" says whether a type or item takes part.</source>
+        <translation>TYP:SCHLÜSSEL ist eine Eigenschaft eines Typs, TYP:POS:SCHLÜSSEL die eines Elements, gezählt ab 0, Output:OPTION eine Ausgabeoption, Tracks:SCHLÜSSEL eine Regel für Spuren. Der Schlüssel "selected" sagt, ob ein Typ oder Element mitwirkt.</translation>
     </message>
     <message>
         <source>0: all done, or skipped. 1: the only file, or all files, failed. 2: wrong usage, nothing was begun. 3: some failed, some did not. work: 75 when all that failed may be tried again, 76 when a program or a needed file is missing. 130 and 143: ended by a signal. diff: 0 for equal, 1 for different, 2 for trouble.</source>
