@@ -73,8 +73,10 @@ int save(zokit::Project& project, const QString& what, const QString& from)
     const QString type = what.section(QLatin1Char(':'), 0, 0);
     bool isItem = false;
     const int pos = what.section(QLatin1Char(':'), 1).toInt(&isItem);
-    if (!isItem && what != type)
-        return codeOf(Message(Message::Code::AddressMalformed, {what}));
+    if ((!isItem && what != type) || !zokit::effectTypes().contains(type)) {
+        console::error(say(Say::NotATypeOrItem, {what}));
+        return Usage;
+    }
     return codeOf(project.saveDefault(isItem ? file->item(type, pos) : file->type(type)));
 }
 

@@ -63,6 +63,7 @@ enum class Say {
     NotAnEvent,     ///< 1: the number.
     NotALog,        ///< 1: the file.
     NoDefaultSaved, ///< 1: the type.
+    NotATypeOrItem, ///< 1: what was asked for.
     NotPrinted,
     HeadUsage,
     HeadCommands,

@@ -152,6 +152,10 @@
         <translation>Von %1 ist keine Vorgabe gespeichert.</translation>
     </message>
     <message>
+        <source>A default is saved of an effect type or an item, and %1 is neither. Write for example Color or Watermark:0.</source>
+        <translation>Eine Vorgabe wird von einem Effekttyp oder einem Element gespeichert, und %1 ist keins von beiden. Schreiben Sie zum Beispiel Color oder Watermark:0.</translation>
+    </message>
+    <message>
         <source>What was asked for cannot be written to standard output.</source>
         <translation>Was verlangt war, lässt sich nicht auf die Standardausgabe schreiben.</translation>
     </message>
