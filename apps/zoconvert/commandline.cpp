@@ -163,6 +163,8 @@ private:
         };
         if (!isUtf8 && m_parsed.error.isEmpty())
             m_parsed.error = say(Say::OptionNotUtf8, {dashed(option) + QLatin1Char(' ') + value});
+        else if (value.isEmpty() && !option.isFlag() && option.name != QLatin1String("text")) // Of a variable not set.
+            m_parsed.error = say(Say::ValueMissing, {dashed(option), option.value});
         else if (isIn(ownOf(m_command)))
             invocation.own.insert(option.name, option.isFlag() ? QString() : checked(option, value).toString());
         else if (isIn(editsOf(m_command)))
@@ -197,6 +199,8 @@ private:
                 mayBeOption = false;
             } else if (mayBeOption && word.size() > 1 && word.startsWith(QLatin1Char('-'))) {
                 nameUnknown(word.section(QLatin1Char('='), 0, 0));
+            } else if (word.isEmpty() && m_parsed.error.isEmpty()) {
+                m_parsed.error = say(Say::EmptyWord);
             } else {
                 invocation.words.append(word);
                 if (!isUtf8)

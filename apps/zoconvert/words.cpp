@@ -32,6 +32,7 @@ constexpr Text texts[] = {
     {Say::NoValue,        QT_TRANSLATE_NOOP("zoconvert", "%1 takes no value.")},
     {Say::TooFewWords,    QT_TRANSLATE_NOOP("zoconvert", "Something is missing. Usage: zoconvert %1")},
     {Say::TooManyWords,   QT_TRANSLATE_NOOP("zoconvert", "%1 is one word too many. Usage: zoconvert %2")},
+    {Say::EmptyWord,      QT_TRANSLATE_NOOP("zoconvert", "A name is empty. Check the variable or the quotes that it comes from.")},
     {Say::NeedsOption,    QT_TRANSLATE_NOOP("zoconvert", "%1 needs %2.")},
     {Say::NotUtf8,        QT_TRANSLATE_NOOP("zoconvert", "This name is not in UTF-8. Rename the file.")},
     {Say::OptionNotUtf8,  QT_TRANSLATE_NOOP("zoconvert", "%1 is not in UTF-8.")},

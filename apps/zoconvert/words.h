@@ -20,7 +20,8 @@ enum class Say {
     NoValue,        ///< 1: the option.
     TooFewWords,    ///< 1: the usage.
     TooManyWords,   ///< 1: the first word that is too many, 2: the usage.
-    NeedsOption,    ///< 1: the command, 2: the option.
+    EmptyWord,
+    NeedsOption, ///< 1: the command, 2: the option.
     NotUtf8,
     OptionNotUtf8, ///< 1: the argument.
     PresetThere,   ///< 1: the preset.

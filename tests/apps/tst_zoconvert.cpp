@@ -166,6 +166,16 @@ void TestZoconvert::refusalsNameWhatWasTyped_data()
     refused("an action without its word", {"preset", "show"},
             "Something is missing. Usage: zoconvert preset list | show NAME | save NAME FROM [--items LIST] | remove "
             "NAME | rename A B | import FILE... | export NAME FILE");
+    refused("an empty value", {"settings", "a.zoeffect.json", "--output", ""}, "--output takes a value: FILE|FOLDER.");
+    refused("an empty value behind an equals sign", {"settings", "a.zoeffect.json", "--image="},
+            "--image takes a value: FILE.");
+    refused("an empty word", {"show", ""}, "A name is empty. Check the variable or the quotes that it comes from.");
+    refused("a default of one value", {"default", "save", "Color:bcs_contrast", "b.zoeffect.json"},
+            "A default is saved of an effect type or an item, and Color:bcs_contrast is neither. Write for example "
+            "Color or Watermark:0.");
+    refused("a default of what is no effect", {"default", "save", "Output", "b.zoeffect.json"},
+            "A default is saved of an effect type or an item, and Output is neither. Write for example Color or "
+            "Watermark:0.");
     refused("a choice", {"settings", "a.zoeffect.json", "--existing", "replac"},
             "--existing: replac is none of refuse, skip, replace. Did you mean replace?");
     refused("an option that is not UTF-8", {"settings", "a.zoeffect.json", "--text", "\xff"},

@@ -44,6 +44,10 @@
         <translation>%1 ist ein Wort zu viel. Aufruf: zoconvert %2</translation>
     </message>
     <message>
+        <source>A name is empty. Check the variable or the quotes that it comes from.</source>
+        <translation>Ein Name ist leer. Prüfen Sie die Variable oder die Anführungszeichen, aus denen er kommt.</translation>
+    </message>
+    <message>
         <source>%1 needs %2.</source>
         <translation>%1 braucht %2.</translation>
     </message>
