@@ -4,7 +4,6 @@
 // zoconvert explain: the entries of the diagnostic log in words.
 
 #include <QFile>
-#include <QFileInfo>
 #include <QRegularExpression>
 
 #include <modelevents_p.h>
@@ -46,12 +45,8 @@ int all()
 int ofLog(const QString& path)
 {
     QFile file(path);
-    if (!QFileInfo::exists(path)) {
-        console::error(zokit::missingFile(path).text());
-        return Failed;
-    }
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) {
-        console::error(zokit::Message(zokit::Message::Code::FileUnreadable, {path, file.errorString()}).text());
+    if (const QString unreadable = openedForReading(&file); !unreadable.isEmpty()) {
+        console::error(unreadable);
         return Failed;
     }
     static const QRegularExpression form(

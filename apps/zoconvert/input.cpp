@@ -145,6 +145,17 @@ bool hasWords(const Invocation& invocation, int fewest, int most)
     return false;
 }
 
+QString openedForReading(QFile* file)
+{
+    using Code = zokit::Message::Code;
+    const zokit::Message wrong = zokit::checkInput(file->fileName());
+    if (!wrong.isEmpty() && wrong.code() != Code::InputEmpty)
+        return wrong.text();
+    return file->open(QIODevice::ReadOnly)
+               ? QString()
+               : zokit::Message(Code::FileUnreadable, {file->fileName(), file->errorString()}).text();
+}
+
 std::optional<zokit::Settings> loadNamed(const QString& word)
 {
     const zokit::Presets::Named named = zokit::Presets().loadNamed(word);

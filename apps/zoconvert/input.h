@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 
+#include <QFile>
 #include <QString>
 
 #include <zokit/filesettings.h>
@@ -46,6 +47,9 @@ Input inputOf(const QString& name, const zokit::Settings& settings, const zokit:
 /// Applies the edits of \a invocation, and chooses the tracks of a clip as they ask for. What is refused becomes the
 /// input's error.
 void edit(Input& input, const Invocation& invocation);
+
+/// Opens \a file, which has to be an ordinary one. The sentence says why it cannot be read; empty: it is open.
+QString openedForReading(QFile* file);
 
 /// Settings or a preset by file or name, for the commands that compare and carry over; the error has been said when it
 /// answers nothing.

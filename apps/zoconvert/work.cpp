@@ -6,7 +6,6 @@
 #include <algorithm>
 
 #include <QFile>
-#include <QFileInfo>
 #include <QHash>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -15,6 +14,7 @@
 #include <zokit/probe.h>
 
 #include "console.h"
+#include "input.h"
 #include "planfile.h"
 #include "run.h"
 #include "runner.h"
@@ -38,10 +38,8 @@ struct Plan {
 Plan readPlan(const QString& path, const QStringList& words)
 {
     QFile file(path);
-    if (!QFileInfo(path).exists())
-        return {{}, zokit::missingFile(path).text()};
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
-        return {{}, zokit::Message(zokit::Message::Code::FileUnreadable, {path, file.errorString()}).text()};
+    if (const QString unreadable = openedForReading(&file); !unreadable.isEmpty())
+        return {{}, unreadable};
     QSet<int> wanted;
     for (const QString& word : words)
         wanted.insert(word.toInt());

@@ -113,6 +113,8 @@ void TestZoconvert::aLineEndsAsItShould_data()
         "zoconvert: 26 is the number of no event. zoconvert explain lists them.\n");
     row("explain what is no log", {"explain", "logo.png"}, 1, "",
         "zoconvert: logo.png: There is no entry of the diagnostic log in it.\n");
+    row("explain a folder", {"explain", "."}, 1, "", "zoconvert: . is a folder. Name a file in it.\n");
+    row("work of a folder", {"work", "."}, 2, "", "zoconvert: . is a folder. Name a file in it.\n");
     row("preset list of none", {"preset", "list"}, 0, "", "");
     row("default list of none", {"default", "list"}, 0, "", "");
     row("default show of none", {"default", "show", "Color"}, 2, "", "zoconvert: No default of Color is saved.\n");
