@@ -12,6 +12,7 @@
 #include <zokit/carryover.h>
 #include <zokit/placement.h>
 #include <zokit/presets.h>
+#include <zokit/probe.h>
 #include <zokit/properties.h>
 
 #include "words.h"
@@ -228,24 +229,20 @@ QString Editor::addText(const QString& text)
 
 QString Editor::addImage(const QString& path)
 {
-    const QFileInfo info(path);
-    if (!info.exists())
-        return zokit::missingFile(path).text();
+    if (const Message wrong = zokit::checkInput(path); !wrong.isEmpty())
+        return wrong.text();
     QImageReader reader(path);
-    if (!info.isFile() || !reader.canRead())
+    if (!reader.canRead())
         return say(Say::NoImage, {path, reader.errorString()});
     return insert(watermark, {{QStringLiteral("wm_istextwatermark"), false},
-                              {QStringLiteral("wm_imageurl"), info.absoluteFilePath()}});
+                              {QStringLiteral("wm_imageurl"), QFileInfo(path).absoluteFilePath()}});
 }
 
 QString Editor::addFile(const QString& type, const QString& flag, const QString& path)
 {
-    const QFileInfo info(path);
-    if (!info.exists())
-        return zokit::missingFile(path).text();
-    if (!info.isFile() || !info.isReadable())
-        return Message(Message::Code::FileUnreadable, {path, QStringLiteral("no file that can be read")}).text();
-    return insert(type, {{flag, true}, {QStringLiteral("file"), info.absoluteFilePath()}});
+    if (const Message wrong = zokit::checkInput(path); !wrong.isEmpty())
+        return wrong.text();
+    return insert(type, {{flag, true}, {QStringLiteral("file"), QFileInfo(path).absoluteFilePath()}});
 }
 
 QString Editor::crop(const QString& text)

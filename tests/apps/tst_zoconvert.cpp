@@ -192,6 +192,10 @@ void TestZoconvert::refusalsNameWhatWasTyped_data()
             "a.zoeffect.json: lgo.png: no such file. There is logo.png.");
     refused("no image", {"settings", "a.zoeffect.json", "--image", "broken.json"},
             "a.zoeffect.json: broken.json is no image that can be shown: Unsupported image format.");
+    refused("a folder as an image", {"settings", "a.zoeffect.json", "--image", "."},
+            "a.zoeffect.json: . is a folder. Name a file in it.");
+    refused("a device as a sound", {"settings", "a.zoeffect.json", "--audio", "/dev/null"},
+            "a.zoeffect.json: /dev/null is no ordinary file. Copy what it gives into one first.");
     refused("a missing subtitle", {"settings", "a.zoeffect.json", "--subtitle", "clip.srt"},
             "a.zoeffect.json: clip.srt: no such file.");
     refused("several inputs in one file", {"settings", "a.zoeffect.json", "b.zoeffect.json", "--output", "c.json"},
