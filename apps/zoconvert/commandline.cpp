@@ -43,6 +43,13 @@ QString dashed(const Option& option)
     return QStringLiteral("--") + option.name;
 }
 
+/// That \a option was given without a value, with what it takes.
+QString valueMissing(const Option& option, const QString& typed)
+{
+    const QString choices = option.choices.join(QStringLiteral(", "));
+    return say(Say::ValueMissing, {typed, choices.isEmpty() ? option.value : choices});
+}
+
 /// Arguments in the form in which the parser below understands all of them.
 struct Prepared {
     std::vector<std::string> arguments;
@@ -80,7 +87,7 @@ Prepared prepared(const QVector<QByteArray>& arguments, const QVector<Option>& o
         } else if (i + 1 < arguments.size()) {
             result.arguments.push_back(arguments.at(++i).toStdString());
         } else {
-            result.error = say(Say::ValueMissing, {QString::fromUtf8(name), option->value});
+            result.error = valueMissing(*option, QString::fromUtf8(name));
         }
         if (!result.error.isEmpty())
             break;
@@ -164,7 +171,7 @@ private:
         if (!isUtf8 && m_parsed.error.isEmpty())
             m_parsed.error = say(Say::OptionNotUtf8, {dashed(option) + QLatin1Char(' ') + value});
         else if (value.isEmpty() && !option.isFlag() && option.name != QLatin1String("text")) // Of a variable not set.
-            m_parsed.error = say(Say::ValueMissing, {dashed(option), option.value});
+            m_parsed.error = valueMissing(option, dashed(option));
         else if (isIn(ownOf(m_command)))
             invocation.own.insert(option.name, option.isFlag() ? QString() : checked(option, value).toString());
         else if (isIn(editsOf(m_command)))

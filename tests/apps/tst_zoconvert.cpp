@@ -159,6 +159,8 @@ void TestZoconvert::refusalsNameWhatWasTyped_data()
             "show takes no option --crop.");
     refused("a short option", {"show", "-x", "a.zoeffect.json"}, "show takes no option -x.");
     refused("no value", {"settings", "a.zoeffect.json", "--crop"}, "--crop takes a value: X,Y,W,H.");
+    refused("no choice", {"settings", "a.zoeffect.json", "--existing"},
+            "--existing takes a value: refuse, skip, replace.");
     refused("a flag with a value", {"show", "--all=yes", "a.zoeffect.json"}, "--all takes no value.");
     refused("too few words", {"show"}, "Something is missing. Usage: zoconvert show SETTINGS|INPUT [--all] [--json]");
     refused("too many words", {"show", "a", "b"},
