@@ -91,7 +91,9 @@ Message beyondBounds(const QByteArray& json)
 std::optional<QJsonObject> object(const QByteArray& json, Message* error)
 {
     if (const Message refused = beyondBounds(json); !refused.isEmpty()) {
-        *error = refused;
+        const QByteArray begin = json.left(1024).trimmed(); // Of a film braces can be counted, too.
+        const bool isJson = begin.startsWith('{') || begin.startsWith('[');
+        *error = isJson || refused.code() == Code::FileTooLarge ? refused : Message(Code::NotThisForm);
         return std::nullopt;
     }
     QJsonParseError syntax{};

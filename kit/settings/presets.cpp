@@ -161,7 +161,8 @@ Presets::Named Presets::loadNamed(const QString& word) const
     Named named;
     if (!word.contains(QLatin1Char('/')) && !word.endsWith(QLatin1String(".json"))) {
         const Loaded loaded = load(word);
-        return {loaded.preset, true, loaded.error};
+        const bool isFile = loaded.error.code() == Code::PresetMissing && QFile::exists(word);
+        return {loaded.preset, true, isFile ? Message(Code::PresetIsFile, {word}) : loaded.error};
     }
     const std::optional<QByteArray> text = jsontext::load(word, &named.error);
     if (!text)

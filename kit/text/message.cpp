@@ -76,6 +76,7 @@ constexpr Text texts[] = {
     {Code::FileUnreadable,   QT_TRANSLATE_NOOP("zokit", "%1 cannot be read: %2.")},
     {Code::FileUnwritable,   QT_TRANSLATE_NOOP("zokit", "%1 cannot be written: %2.")},
     {Code::PresetMissing,    QT_TRANSLATE_NOOP("zokit", "There is no preset %1.| Did you mean %2?")},
+    {Code::PresetIsFile,     QT_TRANSLATE_NOOP("zokit", "There is no preset %1. Write ./%1 for the file of that name.")},
     {Code::PresetExists,     QT_TRANSLATE_NOOP("zokit", "There is a preset %1 already. Choose another name, or replace it.")},
     {Code::PresetName,       QT_TRANSLATE_NOOP("zokit", "A preset needs a name.")},
     {Code::PresetAsTarget,   QT_TRANSLATE_NOOP("zokit", "%1 is a preset. Carry the settings over to those of a clip, and make a preset of them.")},

@@ -1324,6 +1324,10 @@
         <translation>Es gibt keine Vorlage %1.| Meinten Sie %2?</translation>
     </message>
     <message>
+        <source>There is no preset %1. Write ./%1 for the file of that name.</source>
+        <translation>Es gibt keine Vorlage %1. Schreiben Sie ./%1 für die Datei dieses Namens.</translation>
+    </message>
+    <message>
         <source>There is a preset %1 already. Choose another name, or replace it.</source>
         <translation>Es gibt schon eine Vorlage %1. Wählen Sie einen anderen Namen oder ersetzen Sie sie.</translation>
     </message>

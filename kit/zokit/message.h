@@ -77,6 +77,7 @@ public:
         FileUnreadable,     ///< 1: the path, 2: why.
         FileUnwritable,     ///< 1: the path, 2: why.
         PresetMissing,      ///< 1: the name, 2: the nearest one.
+        PresetIsFile,       ///< 1: the name, which a file has.
         PresetExists,       ///< 1: the name.
         PresetName,
         PresetAsTarget,    ///< 1: the path.

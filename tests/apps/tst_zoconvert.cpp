@@ -99,6 +99,10 @@ void TestZoconvert::aLineEndsAsItShould_data()
         "[\n    {\n        \"address\": \"Color:bcs_contrast\",\n        \"new\": 20,\n        \"old\": 0,\n"
         "        \"target\": \"a.zoeffect.json\"\n    }\n]\n",
         "");
+    row("apply to a film", {"apply", "b.zoeffect.json", "film.mkv", "--items", "Color"}, 2, "",
+        "zoconvert: film.mkv: This is no settings file: a JSON object with \"zoeffect\": 1 is expected.\n");
+    row("diff with a film", {"diff", "film.mkv", "b.zoeffect.json"}, 2, "",
+        "zoconvert: There is no preset film.mkv. Write ./film.mkv for the file of that name.\n");
     row("apply without a target", {"apply", "b.zoeffect.json", "--items", "Color"}, 2, "",
         "zoconvert: Something is missing. Usage: zoconvert apply FROM TO... --items LIST [--add] [-n] [--json]\n");
     row("apply without items", {"apply", "b.zoeffect.json", "a.zoeffect.json"}, 2, "",
@@ -134,6 +138,7 @@ void TestZoconvert::aLineEndsAsItShould()
     QFETCH(QString, out);
     QFETCH(QString, err);
     ProgramRun program;
+    program.write("film.mkv", QByteArray("\x1a\x45") + QByteArray(100, '['));
     program.run(arguments);
     QCOMPARE(program.err, err);
     QCOMPARE(program.out, out);
