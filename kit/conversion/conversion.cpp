@@ -257,6 +257,10 @@ void Conversion::Private::settle()
     if (part.isTrimmed && part.seconds <= 0)
         return fail(Message(Code::TrimBehindEnd,
                             {QString::number(part.from, 'g', 6), QString::number(m_media.seconds, 'g', 6)}));
+    constexpr double seen = 0.5;
+    const double to = m_job.settings.output.value(QStringLiteral("trim")).toList().value(1).toDouble();
+    if (m_media.seconds > 0 && to > m_media.seconds + seen)
+        warn(Message(Code::TrimPastEnd, {QString::number(to, 'g', 6), QString::number(m_media.seconds, 'g', 6)}));
     for (const Message& warning : m_plan.warnings + watermarkWarnings(m_job.settings))
         warn(warning);
     Q_EMIT m_owner->planned();

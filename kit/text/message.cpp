@@ -142,6 +142,7 @@ constexpr Text texts[] = {
     {Code::TrackEncoded, QT_TRANSLATE_NOOP("zokit", "track %1 (%2): converted to %3")},
     {Code::TrackEncodedBecause, QT_TRANSLATE_NOOP("zokit", "track %1 (%2): converted to %3, because %4")},
     {Code::Rescaled, QT_TRANSLATE_NOOP("zokit", "The settings are for %1, the clip has %2: what is measured in the frame was rescaled.")},
+    {Code::TrimPastEnd, QT_TRANSLATE_NOOP("zokit", "The part was to end at %1 s. The clip ends at %2 s, and the part with it.")},
     {Code::TrimBehindEnd, QT_TRANSLATE_NOOP("zokit", "The part begins at %1 s, and the clip ends at %2 s. Give an earlier one.")},
     {Code::CutAtKeyFrame, QT_TRANSLATE_NOOP("zokit", "The picture begins at %1 s instead of %2 s: a copy is cut at key frames. Leave out video-codec copy to cut it exactly.")},
     {Code::NoKeyFrame, QT_TRANSLATE_NOOP("zokit", "From %1 s on there is no key frame with which a copy could begin. Leave out video-codec copy.")},

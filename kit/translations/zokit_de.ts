@@ -1692,6 +1692,10 @@
         <translation>Die Einstellungen sind für %1, der Clip hat %2: Was im Bild gemessen wird, wurde umgerechnet.</translation>
     </message>
     <message>
+        <source>The part was to end at %1 s. The clip ends at %2 s, and the part with it.</source>
+        <translation>Der Teil sollte bei %1 s enden. Der Clip endet bei %2 s, und der Teil mit ihm.</translation>
+    </message>
+    <message>
         <source>The part begins at %1 s, and the clip ends at %2 s. Give an earlier one.</source>
         <translation>Der Teil beginnt bei %1 s, und der Clip endet bei %2 s. Geben Sie einen früheren an.</translation>
     </message>

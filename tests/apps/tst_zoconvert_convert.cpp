@@ -175,6 +175,11 @@ void TestZoconvertConvert::aRunMakesItsFiles_data()
     row("rules of the command line go before", {"tracks.zoeffect.json", "--audio-tracks", "1", "-q"}, 0,
         "tracks-converted.mp4", "");
     row("a misspelt input", {"clp.mp4"}, 1, "", "zoconvert: clp.mp4: no such file. There is clip.mp4.\n");
+    row("a part that goes on behind the end", {"clip.mp4", "--trim", "0.1,9", "-n"}, 0, "",
+        "zoconvert: clip.mp4: warning: The part was to end at 9 s. The clip ends at 0.4 s, and the part with it.\n"
+        "zoconvert: clip.mp4: track 0 (video, h264): converted to h264\n"
+        "zoconvert: clip.mp4: track 1 (audio, aac): converted to aac\n"
+        "zoconvert: clip.mp4: would become clip-converted.mp4\n");
     row("one of two fails", {"bad.mkv", "clip.mp4", "-q", "-o"}, 2, "", "zoconvert: -o takes a value: FILE.\n");
     row("one of two is missing", {"nix.mp4", "clip.mp4", "-q"}, 3, "clip-converted.mp4",
         "zoconvert: nix.mp4: no such file.\n");
