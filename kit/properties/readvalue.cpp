@@ -27,7 +27,7 @@ ReadValue refused(Code code, const QStringList& words)
 /// What a person gave, as words in a sentence.
 QString shown(const QVariant& given)
 {
-    if (!given.isValid())
+    if (!given.isValid() || given.userType() == QMetaType::Nullptr)
         return QStringLiteral("null");
     if (given.userType() == QMetaType::QVariantList || given.userType() == QMetaType::QStringList)
         return given.toStringList().join(QLatin1Char(','));

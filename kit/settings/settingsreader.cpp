@@ -218,7 +218,7 @@ Item Reader::readItem(const QJsonValue& json, const QString& type, int pos)
                   where + QStringLiteral(":anchor"));
         Message error;
         if (!anchorFrom(item.anchor, &error))
-            fail(error);
+            fail(Message(Code::InFile, {where + QStringLiteral(":anchor"), error.text()}));
     }
     return item;
 }

@@ -275,6 +275,8 @@ void TestKitSettingsFile::refusedFileNamesThePlace_data()
         "Color has no property bcs_contrats. Did you mean bcs_contrast?");
     row("a wrong value", fileWith(R"({"type": "Color", "values": {"bcs_contrast": "abc"}})"),
         "Color:bcs_contrast: abc is no whole number.");
+    row("no value", fileWith(R"({"type": "Color", "values": {"bcs_contrast": null}})"),
+        "Color:bcs_contrast: null is no whole number.");
     row("half a number", fileWith(R"({"type": "Color", "values": {"bcs_contrast": 20.5}})"),
         "Color:bcs_contrast: 20.5 is no whole number.");
     row("an unknown choice", fileWith(R"({"type": "Crop", "values": {"crop_aspectratio": "16:8"}})"),
@@ -283,8 +285,8 @@ void TestKitSettingsFile::refusedFileNamesThePlace_data()
     row("an unknown frame effect", fileWith(R"({"type": "Effect", "items": [{"name": "Blurr"}]})"),
         "Effect:0: there is no frame effect Blurr. Did you mean Blur?");
     row("an unknown corner", fileWith(R"({"type": "Watermark", "items": [{"anchor": {"corner": "botom"}}]})"),
-        "botom is none of top-left, top, top-right, left, centre, right, bottom-left, bottom, bottom-right. Did you "
-        "mean bottom?");
+        "Watermark:0:anchor: botom is none of top-left, top, top-right, left, centre, right, bottom-left, bottom, "
+        "bottom-right. Did you mean bottom?");
     row("a selection that is none", fileWith(R"({"type": "Color", "selected": 1})"),
         "Color:selected: true or false is expected.");
     row("an unknown option", R"({"zoeffect": 1, "output": {"qualty": 3}})",
