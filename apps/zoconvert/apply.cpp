@@ -6,6 +6,7 @@
 #include <QJsonObject>
 
 #include <zokit/applyfiles.h>
+#include <zokit/opening.h>
 #include <zokit/valuetext.h>
 
 #include "console.h"
@@ -25,6 +26,23 @@ void tellLeftTargets()
                                                                 : Say::LeftOther;
         console::warning(say(what), left.path);
     }
+}
+
+/// Rules that were carried over choose among the tracks of the target's own clip.
+zokit::Message chooseTracks(const Invocation& invocation, const zokit::Settings& before, zokit::Settings& after)
+{
+    if (after.tracks == before.tracks || after.media.file.isEmpty())
+        return {};
+    const ProbedInput probed = probeInput(after.media.file, invocation);
+    if (!probed.media) {
+        console::warning(say(Say::RulesNotTaken, {probed.error}));
+        return {};
+    }
+    const zokit::RuledTracks ruled = zokit::tracksByRule(after, *probed.media);
+    for (const zokit::Message& missing : ruled.warnings)
+        console::warning(missing.text(), after.media.file);
+    after = ruled.settings;
+    return ruled.error;
 }
 
 void printChanges(const zokit::ApplyPlan& plan, bool asJson)
@@ -58,7 +76,9 @@ int apply(const Invocation& invocation)
     if (!from)
         return Usage;
     const zokit::CarryOver carry{invocation.value("items").split(QLatin1Char(',')), invocation.has("add")};
-    const zokit::ApplyPlan plan = zokit::planApply(*from, invocation.words.mid(1), carry);
+    const zokit::ApplyPlan plan = zokit::planApply(
+        *from, invocation.words.mid(1), carry,
+        [&](const zokit::Settings& before, zokit::Settings& after) { return chooseTracks(invocation, before, after); });
     if (!plan.error.isEmpty()) {
         console::error(plan.error.text());
         return Usage;

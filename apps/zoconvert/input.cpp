@@ -122,8 +122,16 @@ Input inputOf(const QString& name, const zokit::Settings& settings, const zokit:
 void edit(Input& input, const Invocation& invocation)
 {
     const zokit::Values rules = input.settings->settings().tracks;
+    const QString clip = input.settings->media().file;
     QString error = applyEdits(invocation.edits, *input.settings, &input.warnings);
-    if (error.isEmpty() && input.media && input.settings->settings().tracks != rules)
+    const bool choosesTracks = error.isEmpty() && input.settings->settings().tracks != rules;
+    if (choosesTracks && !input.media && !clip.isEmpty()) {
+        const ProbedInput probed = probeInput(clip, invocation);
+        input.media = probed.media;
+        if (!probed.media)
+            input.warnings.append(say(Say::RulesNotTaken, {probed.error}));
+    }
+    if (choosesTracks && input.media)
         error = chooseTracks(input, *input.media);
     else if (error.isEmpty() && !input.error.isEmpty())
         return; // The rules of the settings ask for what is not there.

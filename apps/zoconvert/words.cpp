@@ -41,6 +41,7 @@ constexpr Text texts[] = {
     {Say::SeveralInputs,  QT_TRANSLATE_NOOP("zoconvert", "%1 is no folder, and several inputs need one.")},
     {Say::SameOutput,     QT_TRANSLATE_NOOP("zoconvert", "%2 and %3 would both be written to %1.")},
     {Say::NamesNoClip, QT_TRANSLATE_NOOP("zoconvert", "It names no clip. Give the clip, and this file by --settings.")},
+    {Say::RulesNotTaken, QT_TRANSLATE_NOOP("zoconvert", "The new rules choose no track, since the clip cannot be looked into. Bring it back, and give them again. %1")},
     {Say::EmptyFolder, QT_TRANSLATE_NOOP("zoconvert", "There is no media file in it.| Add %1 to look below it.")},
     {Say::OneInputOnly, QT_TRANSLATE_NOOP("zoconvert", "--output: %1 is for one input, and there are %2. Use --output-folder.")},
     {Say::OneFileOnly, QT_TRANSLATE_NOOP("zoconvert", "%1 is not one file. Name a file.")},

@@ -29,6 +29,7 @@ enum class Say {
     SeveralInputs, ///< 1: the file.
     SameOutput,    ///< 1: the file, 2 and 3: the inputs.
     NamesNoClip,
+    RulesNotTaken, ///< 1: why not.
     EmptyFolder,   ///< 1: the option that looks below it, or empty.
     OneInputOnly,  ///< 1: the output, 2: how many.
     OneFileOnly,   ///< 1: the folder.

@@ -200,7 +200,7 @@ LeftTarget::State stateOf(const QString& path, const QJsonObject& noted)
 
 } // namespace
 
-ApplyPlan planApply(const Settings& from, const QStringList& names, const CarryOver& carry)
+ApplyPlan planApply(const Settings& from, const QStringList& names, const CarryOver& carry, const Settle& settle)
 {
     ApplyPlan plan;
     plan.error = checkCarryOver(from, carry);
@@ -227,7 +227,12 @@ ApplyPlan planApply(const Settings& from, const QStringList& names, const CarryO
             plan.error = Message(Code::PresetAsTarget, {name}); // It would be no preset any more.
             break;
         }
-        const Settings result = completed(carriedOver(from, *read.settings, carry));
+        Settings result = completed(carriedOver(from, *read.settings, carry));
+        const Message refused = settle ? settle(*read.settings, result) : Message();
+        if (!refused.isEmpty()) {
+            plan.error = Message(Code::InFile, {name, refused.text()});
+            break;
+        }
         target.differences = differences(*read.settings, result);
         target.before = *text;
         Message unwritten;

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <functional>
+
 #include <QByteArray>
 #include <QStringList>
 #include <QVector>
@@ -30,8 +32,14 @@ struct ZOKIT_EXPORT ApplyPlan {
     Message error;                ///< Names the target that cannot be read.
 };
 
-/// Reads all \a targets, and says what \a carry from \a from makes of them. Nothing is written.
-ZOKIT_EXPORT ApplyPlan planApply(const Settings& from, const QStringList& targets, const CarryOver& carry);
+/// What a host makes of the settings of a target besides: it is given them as they were, and changes them as they are
+/// to be. A message refuses all targets.
+using Settle = std::function<Message(const Settings& before, Settings& after)>;
+
+/// Reads all \a targets, and says what \a carry from \a from makes of them, and then \a settle, if given. Nothing is
+/// written.
+ZOKIT_EXPORT ApplyPlan planApply(const Settings& from, const QStringList& targets, const CarryOver& carry,
+                                 const Settle& settle = {});
 
 /// Does what \a plan says, for all targets or for none: everything is written beside them before the first is renamed,
 /// and an error puts back those that were. An empty message: it is done. While it works, a note in \a folder

@@ -44,6 +44,7 @@ private Q_SLOTS:
     void aFullDiskIsNoSuccess();
     void clipsAreProbed();
     void settingsOfAClipKnowItsTracks();
+    void newRulesChooseNewTracks();
     void theVersionNamesTheFfmpegThatWasFound();
 };
 
@@ -509,6 +510,47 @@ void TestZoconvert::settingsOfAClipKnowItsTracks()
     QVERIFY2(program.out.contains(QStringLiteral("Audio:0:selected = true  (changed; default false)\n")),
              qPrintable(program.out));
     QVERIFY2(program.out.contains(QStringLiteral("Tracks:audio-tracks = 1  (changed)\n")), qPrintable(program.out));
+}
+
+void TestZoconvert::newRulesChooseNewTracks()
+{
+    ProgramRun program;
+    QVERIFY(QFile::link(clips::clip(QStringLiteral("languages.mkv")), program.path("clip.mkv")));
+    for (const char* made : {"plain.json", "other.json"})
+        program.run({"settings", "clip.mkv", "--output", made});
+    const QString first = QStringLiteral("Audio:0:selected = true  (changed; default false)\n");
+    const QString second = QStringLiteral("Audio:1:selected = true  (changed; default false)\n");
+    program.run({"settings", "plain.json", "--audio-language", "eng", "--output", "english.json"});
+    QCOMPARE(program.err, QString());
+    program.run({"show", "english.json"});
+    QCOMPARE(program.out, second + QStringLiteral("Tracks:audio-language = eng  (changed)\n"));
+    program.run({"settings", "english.json", "--audio-language", "fra", "--output", "english.json", "--overwrite"});
+    program.run({"show", "english.json"});
+    QCOMPARE(program.out, first + QStringLiteral("Tracks:audio-language = fra  (changed)\n"));
+
+    program.run({"apply", "english.json", "other.json", "--items", "Tracks", "-n"});
+    QCOMPARE(program.out, QStringLiteral("other.json: Audio:0:selected: false -> true\n"
+                                         "other.json: Tracks:audio-language: (none) -> fra\n"));
+    program.run({"apply", "english.json", "other.json", "--items", "Tracks"});
+    QCOMPARE(program.err, QString());
+    program.run({"diff", "english.json", "other.json"});
+    QCOMPARE(program.code, 0);
+
+    const QByteArray before = program.content("plain.json");
+    program.run({"settings", "clip.mkv", "--audio-tracks", "2", "--output", "hand.json"});
+    QVERIFY(QFile::remove(program.path("clip.mkv")));
+    QVERIFY(QFile::link(clips::clip(QStringLiteral("silent.mkv")), program.path("clip.mkv")));
+    program.run({"apply", "hand.json", "plain.json", "--items", "Tracks"});
+    QCOMPARE(program.err, QStringLiteral("zoconvert: plain.json: The clip has no such track 2. Choose one that it "
+                                         "has.\n"));
+    QCOMPARE(program.code, 2);
+    QCOMPARE(program.content("plain.json"), before);
+    QVERIFY(QFile::remove(program.path("clip.mkv")));
+    program.run({"settings", "plain.json", "--audio-language", "eng", "--output", "gone.json"});
+    QVERIFY2(program.err.contains(QStringLiteral("warning: The new rules choose no track, since the clip cannot be "
+                                                 "looked into. Bring it back, and give them again. ")),
+             qPrintable(program.err));
+    QCOMPARE(program.code, 0);
 }
 
 void TestZoconvert::theVersionNamesTheFfmpegThatWasFound()

@@ -77,6 +77,7 @@ class TestKitApplyFiles : public QObject {
 
 private Q_SLOTS:
     void allTargetsGetWhatThePlanSays();
+    void aHostSettlesEachTarget();
     void aFileThatIsNamedTwiceStandsOnceInThePlan();
     void aLinkStaysALink();
     void whatDoesNotChangeIsNotWritten();
@@ -108,6 +109,28 @@ void TestKitApplyFiles::allTargetsGetWhatThePlanSays()
         QCOMPARE(contrastIn(name), 20);
     QCOMPARE(files.there().size(), 3);
     QVERIFY(zokit::takeLeftTargets(files.notes()).isEmpty());
+}
+
+void TestKitApplyFiles::aHostSettlesEachTarget()
+{
+    const Files files(3);
+    QVector<int> seen;
+    const auto settle = [&](const zokit::Settings& before, zokit::Settings& after) {
+        const QString contrast = QStringLiteral("bcs_contrast");
+        seen.append(before.find(QStringLiteral("Color"))->values.value(contrast).toInt());
+        seen.append(after.find(QStringLiteral("Color"))->values.value(contrast).toInt());
+        after.find(QStringLiteral("Color"))->values.insert(contrast, 7);
+        return seen.size() == 6 ? zokit::Message(zokit::Message::Code::NoSuchTrack, {QStringLiteral("9")})
+                                : zokit::Message();
+    };
+    const ApplyPlan plan = zokit::planApply(withContrast(20), files.names.mid(0, 2), colour, settle);
+    QCOMPARE(seen, (QVector<int>{0, 20, 1, 20}));
+    QVERIFY(zokit::applyPlan(plan, files.notes()).isEmpty());
+    QCOMPARE(contrastIn(files.names.at(1)), 7);
+    const ApplyPlan refused = zokit::planApply(withContrast(20), files.names.mid(2), colour, settle);
+    QCOMPARE(refused.error.text(),
+             files.names.at(2) + QStringLiteral(": The clip has no such track 9. Choose one that it has."));
+    QVERIFY(refused.targets.isEmpty());
 }
 
 void TestKitApplyFiles::aFileThatIsNamedTwiceStandsOnceInThePlan()

@@ -396,6 +396,10 @@
         <translation>Sie nennt keinen Clip. Geben Sie den Clip an und diese Datei mit --settings.</translation>
     </message>
     <message>
+        <source>The new rules choose no track, since the clip cannot be looked into. Bring it back, and give them again. %1</source>
+        <translation>Die neuen Regeln wählen keine Spur, da der Clip nicht gelesen werden kann. Holen Sie ihn zurück und geben Sie sie noch einmal an. %1</translation>
+    </message>
+    <message>
         <source>There is no media file in it.| Add %1 to look below it.</source>
         <translation>Darin liegt keine Mediendatei.| Mit %1 wird auch in seinen Ordnern gesucht.</translation>
     </message>
