@@ -21,7 +21,7 @@ using hostile::veryMany;
 using Properties = QMap<QString, QVariant>;
 
 constexpr int many = veryMany / 100;
-constexpr int mostFrameEffects = 10000;
+constexpr int mostFrameEffects = veryMany / 100;
 constexpr int textOf64MiB = 32 * 1024 * 1024;
 
 /// Runs \a work in a thread with a stack of 256 KiB, on which a walk that calls itself for each level ends.

@@ -22,7 +22,7 @@ using Int = std::numeric_limits<int>;
 /// Processor time that one value under one key may cost in all operations of a test together.
 constexpr double mostMilliseconds = 250.0;
 /// Of all keys, each value meets every so many; with ZOEFFECT_HOSTILE_ALL in the environment each.
-constexpr int keyStride = hostile::slowness == 1 ? 13 : 25;
+constexpr int keyStride = hostile::slowness == 1 ? 13 : 41;
 
 // --- Keys ---------------------------------------------------------------------------------------------------
 
