@@ -114,14 +114,15 @@ void History::Private::push(const Step& step, bool wasClean)
 void History::Private::forgetOldest()
 {
     int count = 0;
-    for (; bytes > limit && position > 1; ++count) {
-        bytes -= bytesOf(steps.takeFirst());
-        selections.removeFirst();
-        --position;
-        cleanPosition = std::max(cleanPosition - 1, -1);
-    }
-    if (count > 0)
-        emit q->stepsForgotten(count);
+    while (bytes > limit && position - count > 1)
+        bytes -= bytesOf(steps.at(count++));
+    if (count == 0)
+        return;
+    steps.remove(0, count);
+    selections.remove(0, count);
+    position -= count;
+    cleanPosition = std::max(cleanPosition - count, -1);
+    emit q->stepsForgotten(count);
 }
 
 void History::Private::moveTo(int count)
