@@ -20,8 +20,8 @@ namespace {
 #define SEPIA "lutyuv=y={same}:u='{middle}-18*({high}-{low})/224':v='{middle}+18*({high}-{low})/224'"
 #define WITHOUT_COLOUR "u='{middle}':v='{middle}'"
 #define SHIFTED(u, v)                                                                                                  \
-    "lutyuv=y={same}:u='clip(val" u "10*({high}-{low})/224,{low},{high})':v='clip(val" v                               \
-    "10*({high}-{low})/224,{low},{high})'"
+    "lutyuv=y={same}:u='clip(val" u "*({high}-{low})/224,{low},{high})':v='clip(val" v                                 \
+    "*({high}-{low})/224,{low},{high})'"
 
 // clang-format off
 const QVector<FrameEffectFilter> filters = {
@@ -39,8 +39,8 @@ const QVector<FrameEffectFilter> filters = {
     {"Old Film",     SEPIA ",noise=c0s=15:c0_seed=1:c0f=u,vignette=PI/4:dither=0", Depth::EightBits},
     {"Edge",         "sobel=planes=1,lutyuv=y='clip(val,{low},{high})':" WITHOUT_COLOUR, Depth::Kept},
     {"Posterize",    "lutyuv=y='trunc((val-{low})/({high}-{low})*7+0.5)*({high}-{low})/7+{low}':u={same}:v={same}", Depth::Kept},
-    {"Warm",         SHIFTED("-", "+"), Depth::Kept},
-    {"Cool",         SHIFTED("+", "-"), Depth::Kept},
+    {"Warm",         SHIFTED("-10", "+10"), Depth::Kept},
+    {"Cool",         SHIFTED("+10", "-6"), Depth::Kept},
     {"Fisheye",      "lenscorrection=k1=0.3:k2=0.1", Depth::Kept},
     {"Glow",         "split[{a}][{b}];[{b}]gblur=sigma={glow}[{c}];[{a}][{c}]blend=c0_mode=screen:c0_opacity=0.4:c1_opacity=0:c2_opacity=0", Depth::Kept},
     {"Kaleidoscope", "crop={half}:0:0:exact=1,split[{a}][{b}];[{b}]hflip[{c}];[{a}][{c}]hstack{frame}", Depth::Kept},

@@ -291,7 +291,7 @@ void TestKitGraph::frameEffectHasItsText_data()
     QTest::newRow("Edge") << "sobel=planes=1,lutyuv=y='clip(val,minval,maxval)':u='(maxval+minval)/2':v='(maxval+minval)/2'";
     QTest::newRow("Posterize") << "lutyuv=y='trunc((val-minval)/(maxval-minval)*7+0.5)*(maxval-minval)/7+minval':u=clipval:v=clipval";
     QTest::newRow("Warm") << "lutyuv=y=clipval:u='clip(val-10*(maxval-minval)/224,minval,maxval)':v='clip(val+10*(maxval-minval)/224,minval,maxval)'";
-    QTest::newRow("Cool") << "lutyuv=y=clipval:u='clip(val+10*(maxval-minval)/224,minval,maxval)':v='clip(val-10*(maxval-minval)/224,minval,maxval)'";
+    QTest::newRow("Cool") << "lutyuv=y=clipval:u='clip(val+10*(maxval-minval)/224,minval,maxval)':v='clip(val-6*(maxval-minval)/224,minval,maxval)'";
     QTest::newRow("Fisheye") << "lenscorrection=k1=0.3:k2=0.1";
     QTest::newRow("Glow") << "split[p1][p2];[p2]gblur=sigma=12[p3];[p1][p3]blend=c0_mode=screen:c0_opacity=0.4:c1_opacity=0:c2_opacity=0";
     QTest::newRow("Kaleidoscope") << "crop=640:720:0:0:exact=1,split[p1][p2];[p2]hflip[p3];[p1][p3]hstack";
