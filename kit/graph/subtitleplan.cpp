@@ -86,12 +86,12 @@ SubtitlePlan subtitlePlan(const Settings& settings, const MediaInfo& media)
         plan.stream = stream->track.index;
         isBitmap = isBitmapSubtitle(stream->track.codec);
         plan.hasOwnStyles = hasStyles(stream->track.codec);
-        const bool styled = !isSet(settings, "soft-subtitles") && isStyled(track->values, settings.media.frame);
+        const bool styled = !isSet(settings, "soft-subtitles") && isStyled(track->values, baseFrame(settings));
         plan.use = styled || isSet(settings, "burn-subtitles") ? SubtitleUse::BurnText : SubtitleUse::Soft;
     }
     if (plan.use == SubtitleUse::BurnText && isBitmap) {
         plan.use = SubtitleUse::BurnBitmap;
-        plan.warnings = withoutEffect(track->values, settings.media.frame);
+        plan.warnings = withoutEffect(track->values, baseFrame(settings));
     }
     return plan;
 }

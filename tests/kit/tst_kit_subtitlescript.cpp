@@ -13,6 +13,7 @@
 
 using graphsupport::append;
 using graphsupport::plain;
+using graphsupport::set;
 using kitsupport::key;
 using zokit::OwnSubtitles;
 using zokit::ownSubtitles;
@@ -107,6 +108,7 @@ private slots:
     void anythingIsRead();
     void trackIsBurnedInOrSoft_data();
     void trackIsBurnedInOrSoft();
+    void usualPlaceIsThatOfTheTurnedFrame();
     void whatCannotBeDoneIsTold();
 };
 
@@ -364,6 +366,17 @@ void TestKitSubtitleScript::trackIsBurnedInOrSoft()
     QTEST(plan.file, "file");
     QCOMPARE(plan.position, 1);
     QCOMPARE(plan.error.isEmpty(), plan.use != SubtitleUse::Missing);
+}
+
+void TestKitSubtitleScript::usualPlaceIsThatOfTheTurnedFrame()
+{
+    Settings settings = plain(hd);
+    set(settings, "Crop", "player_map_flag", true);
+    set(settings, "Effect", "crop_rotation_angle", 90);
+    append(settings, "Subtitle", {{key("trackid"), 1}, {key("sub_vposition"), 1024}}); // 0.8 of 1280.
+    QCOMPARE(zokit::subtitlePlan(settings, clipWithTracks()).use, SubtitleUse::Soft);
+    set(settings, "Effect", "crop_rotation_angle", 180);
+    QCOMPARE(zokit::subtitlePlan(settings, clipWithTracks()).use, SubtitleUse::BurnText);
 }
 
 void TestKitSubtitleScript::whatCannotBeDoneIsTold()
