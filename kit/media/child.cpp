@@ -14,6 +14,7 @@
 
 #include <QCoreApplication>
 #include <QEventLoop>
+#include <QFile>
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QRegularExpression>
@@ -104,6 +105,15 @@ void remindOfEnd(qint64 child)
         ::kill(getpid(), SIGCHLD);
 }
 
+/// How many bytes a process has written anywhere; 0 where the system does not tell.
+qint64 writtenBy(qint64 process)
+{
+    QFile file(QStringLiteral("/proc/%1/io").arg(process));
+    static const QRegularExpression form(QStringLiteral("^wchar: (\\d+)$"), QRegularExpression::MultilineOption);
+    return file.open(QIODevice::ReadOnly) ? form.match(QString::fromLatin1(file.readAll())).captured(1).toLongLong()
+                                          : 0;
+}
+
 /// This process's environment, without what makes ffmpeg write further files or colour its words.
 QProcessEnvironment environment()
 {
@@ -181,6 +191,7 @@ bool Child::start(const Command& command)
     m_group = 0;
     m_ticks = 0;
     m_silentTicks = 0;
+    m_written = 0;
 
     m_process = std::make_unique<Process>(Preparation{getpid(), command.memory, command.processorSeconds});
     m_process->setProcessEnvironment(environment());
@@ -284,8 +295,24 @@ void Child::countTime()
     ++m_silentTicks;
     if (m_command.seconds > 0 && m_ticks > ticksOf(m_command.seconds))
         end(ChildEnd::TimedOut);
-    else if (m_command.stallSeconds > 0 && m_silentTicks > ticksOf(m_command.stallSeconds))
+    else if (m_command.stallSeconds > 0)
+        lookForStall();
+}
+
+/// Behind its last words of progress ffmpeg may move all of a large file, so that its index comes to the front.
+void Child::lookForStall()
+{
+    const bool isAtItsLimit = m_silentTicks > ticksOf(m_command.stallSeconds);
+    if (m_silentTicks > 1 && !isAtItsLimit)
+        return;
+    const qint64 before = m_written;
+    m_written = writtenBy(m_group);
+    if (!isAtItsLimit)
+        return;
+    if (m_written == before)
         end(ChildEnd::Stalled);
+    else
+        m_silentTicks = 0;
 }
 
 /// The first reason counts, except that a child which was given up by its asker is always Cancelled.

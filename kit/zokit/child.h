@@ -23,7 +23,8 @@ struct ZOKIT_EXPORT Command {
     qint64 memory = 0;        ///< Bytes of address space; 0: no limit. What is above it, the program cannot get.
     int processorSeconds = 0; ///< Of processor time; the system ends it there, as Killed. 0: no limit.
     int seconds = 0;      ///< It is ended as TimedOut after so long, without the time that it was paused; 0: no limit.
-    int stallSeconds = 0; ///< Ended as Stalled when its standard output was silent for so long; 0: no limit.
+    int stallSeconds = 0; ///< Ended as Stalled when its standard output was silent for so long and it wrote nothing
+                          ///< else; 0: no limit.
     QByteArray input;     ///< Written to its standard input, which is then closed; empty: it reads /dev/null.
     qint64 largestOutput = qint64(64) * 1024 * 1024; ///< Bytes on standard output, where it is collected; then Flooded.
 };
@@ -34,7 +35,7 @@ enum class ChildEnd {
     NotStarted, ///< The words say why.
     Killed,     ///< By a signal that was not ours, or by its own crash.
     Cancelled,  ///< By cancel().
-    Stalled,    ///< Its standard output was silent for too long.
+    Stalled,    ///< It did not get on: see Command::stallSeconds.
     TimedOut,   ///< It took too long.
     Flooded     ///< It wrote too much.
 };
@@ -98,6 +99,7 @@ private:
     void readOutput();
     void readWords();
     void countTime();
+    void lookForStall();
     void end(ChildEnd how);
     void ended(ChildEnd how, int exitCode, int signal);
     void report();
@@ -115,6 +117,7 @@ private:
     qint64 m_group = 0;    ///< Number of the child and its group.
     int m_ticks = 0;       ///< Since the start.
     int m_silentTicks = 0; ///< Since the last output.
+    qint64 m_written = 0;  ///< Bytes, when that was looked at last.
 };
 
 /// Runs \a command and waits for its end, in an event loop of its own: for tests and command lines.

@@ -95,6 +95,12 @@ int main(int argc, char** argv)
                 put(STDOUT_FILENO, ".");
                 rest(100);
             }
+        } else if (what == "write") {
+            std::ofstream file(word());
+            for (long left = number(); left > 0; --left) {
+                file << std::string(4096, 'w') << std::flush;
+                rest(100);
+            }
         } else if (what == "flood") {
             for (;;)
                 put(STDOUT_FILENO, std::string(4096, 'f'));

@@ -48,6 +48,7 @@ private slots:
     void silentChildStalls();
     void talkingChildRunsOutOfTime();
     void talkingChildDoesNotStall();
+    void childThatWritesDoesNotStall();
     void pausedTimeDoesNotCount();
     void finishedIsSentOnceAndLater_data();
     void finishedIsSentOnceAndLater();
@@ -248,6 +249,15 @@ void TestKitChild::talkingChildDoesNotStall()
     Command command = scripted("ticks 40");
     command.stallSeconds = 3;
     QCOMPARE(zokit::run(command).output, QByteArray(40, '.'));
+}
+
+void TestKitChild::childThatWritesDoesNotStall()
+{
+    const QTemporaryDir folder;
+    Command command = scripted("out begun write");
+    command.arguments << folder.filePath(key("file")) << key("40") << key("out") << key("end");
+    command.stallSeconds = 2;
+    QCOMPARE(zokit::run(command).output, QByteArray("begunend"));
 }
 
 void TestKitChild::pausedTimeDoesNotCount()
