@@ -6,12 +6,13 @@
 #include <algorithm>
 #include <cmath>
 
-#include <QFile>
 #include <QFileInfo>
 
 #include <zokit/graph.h>
 
 #include "codecs_p.h"
+#include "pixelformat_p.h"
+#include "subtitleinput_p.h"
 #include "trackplan_p.h"
 
 namespace zokit {
@@ -29,18 +30,6 @@ QString number(double value)
 QString fileArgument(const QString& path)
 {
     return QStringLiteral("file:") + path;
-}
-
-/// Whether a file is all UTF-8, as far as it is looked at; true where it cannot be read.
-bool isUtf8File(const QString& path)
-{
-    QFile file(path);
-    constexpr qint64 most = 16 * 1024 * 1024;
-    if (!file.open(QIODevice::ReadOnly))
-        return true;
-    const QByteArray bytes = file.read(std::min(file.size(), most)); // QFile makes room for all that it may read.
-    return QString::fromUtf8(bytes).toUtf8() == bytes || bytes.startsWith("\xff\xfe") || bytes.startsWith("\xfe\xff")
-           || bytes.startsWith("\xef\xbb\xbf");
 }
 
 /// What each call begins with.
@@ -204,20 +193,19 @@ private:
         if (!m_helpers.watermark.isEmpty())
             parts.watermarkInput = addInput({}, m_helpers.watermark);
         if (m_plan.subtitle.use == SubtitleUse::BurnBitmap) {
-            parts.subtitleInput = 0;
-            parts.subtitleStream = m_plan.subtitle.stream;
-            if (m_plan.subtitle.stream < 0) {
-                // ffmpeg moves the first subtitle of a file to the beginning; it belongs where the file says.
-                const double start = m_files.value(m_plan.subtitle.file).start - m_part.from;
-                parts.subtitleInput = addInput({QStringLiteral("-itsoffset"), number(start)}, m_plan.subtitle.file);
-                parts.subtitleStream = 0;
-            }
+            const bool isInReach = m_plan.subtitle.stream >= 0 && m_part.from <= 0;
+            parts.subtitleInput = isInReach ? 0 : m_inputCount++;
+            parts.subtitleStream = std::max(m_plan.subtitle.stream, 0);
+            if (!isInReach)
+                m_inputs << subtitlePicturesInput(m_plan.subtitle, m_media, parts.from, startOf(m_plan.subtitle.file));
         }
         Settings settings = m_job.settings;
         if (m_plan.mapsHdr)
             settings.output.insert(QStringLiteral("hdr"), QStringLiteral("map"));
         m_graph = pictureGraph(settings, m_media, parts).text;
     }
+
+    double startOf(const QString& file) const { return m_files.value(file).start; }
 
     QString next(char letter) { return QStringLiteral(":%1:%2").arg(QLatin1Char(letter)).arg(m_counts[letter]++); }
 
@@ -276,8 +264,14 @@ private:
             if (track.loops) {
                 options << QStringLiteral("-stream_loop") << QStringLiteral("-1");
                 m_loops = true;
-            } else if (m_part.isTrimmed && !track.isScripted) {
+            } else if (isBitmapSubtitleFile(file)) {
+                options = QStringList{QStringLiteral("-itsoffset"), number(startOf(file) - m_part.from)};
+                if (m_part.isTrimmed)
+                    options << QStringLiteral("-t") << number(m_part.seconds);
+            } else if (!track.isScripted) {
                 options = partOptions(m_part);
+                if (letter == 's')
+                    options << letterOptions(file);
             }
             if (letter == 'a')
                 m_hasSoundFile = true;
@@ -379,8 +373,8 @@ Command extractCommand(const Tools& tools, const MediaInfo& media, const Subtitl
 {
     const bool isFile = plan.stream < 0;
     QStringList arguments = begun("error");
-    if (isFile && !isUtf8File(plan.file))
-        arguments << QStringLiteral("-sub_charenc") << QStringLiteral("CP1252");
+    if (isFile)
+        arguments << letterOptions(plan.file);
     arguments << guardedInput(isFile ? plan.file : media.file) << QStringLiteral("-map")
               << (isFile ? QStringLiteral("0:s:0") : QStringLiteral("0:%1").arg(plan.stream)) << QStringLiteral("-c:s")
               << QStringLiteral("ass") << QStringLiteral("-f") << QStringLiteral("ass") << QStringLiteral("pipe:1");

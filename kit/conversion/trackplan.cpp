@@ -13,6 +13,7 @@
 #include "codecs_p.h"
 #include "picture_p.h"
 #include "realeffect_p.h"
+#include "subtitleinput_p.h"
 #include "trackplan_p.h"
 #include "trackwords_p.h"
 
@@ -364,6 +365,9 @@ private:
             plan.fate = TrackFate::Converted;
             plan.codec = textCodec(m_plan.container, codec);
             plan.why = containerLacks(codec);
+        } else if (!plan.file.isEmpty() && !isUtf8File(plan.file)) {
+            plan.fate = TrackFate::Converted;
+            plan.why = Message(Code::LettersNotUtf8);
         }
         if (!plan.file.isEmpty() && m_part.isTrimmed && !isBitmapSubtitle(codec)) {
             plan.fate = TrackFate::Converted;

@@ -11,6 +11,7 @@
 #include <zokit/subtitlescript.h>
 
 #include "pixelformat_p.h"
+#include "subtitleinput_p.h"
 
 namespace zokit {
 
@@ -135,15 +136,9 @@ QStringList helperInputs(const FrameQuestion& question, const FrameFiles& files,
     const SubtitlePlan plan = subtitlePlan(question.settings, question.media);
     if (plan.use != SubtitleUse::BurnBitmap)
         return inputs;
-    // An input of its own also where it is the clip: a picture that began before the window is still shown.
-    constexpr double longest = 120;
-    const double begun = plan.stream >= 0 ? std::max(from - longest, 0.0) : 0;
-    parts.subtitleInput = count++;
+    parts.subtitleInput = count;
     parts.subtitleStream = std::max(plan.stream, 0);
-    inputs << word("-itsoffset") << number(begun - from);
-    if (begun > 0)
-        inputs << word("-ss") << number(begun);
-    return inputs + guardedInput(plan.stream >= 0 ? question.media.file : plan.file);
+    return inputs + subtitlePicturesInput(plan, question.media, from, files.subtitleStart);
 }
 
 } // namespace

@@ -6,12 +6,14 @@
 #include <algorithm>
 
 #include <QBuffer>
+#include <QDateTime>
 #include <QEventLoop>
 #include <QFile>
 #include <QFileInfo>
 #include <QTimer>
 
 #include <zokit/conversion.h>
+#include <zokit/probe.h>
 #include <zokit/subtitlescript.h>
 
 #include "framecommands_p.h"
@@ -71,7 +73,10 @@ QImage ClipFrame::image() const
 
 class Frames::Private : public QObject {
 public:
-    Private(const Tools& tools, Frames* owner) : m_tools(tools), m_owner(owner) {}
+    Private(const Tools& tools, Frames* owner) : m_tools(tools), m_owner(owner), m_prober(tools)
+    {
+        connect(&m_prober, &Prober::finished, this, &Private::probed);
+    }
 
     int ask(const FrameQuestion& question);
     void cancel();
@@ -93,6 +98,7 @@ private:
     void run(Step step, const Command& command);
     void ended(const ChildResult& result);
     void extracted(const ChildResult& result);
+    void probed(const ReadMedia& read);
     void located(const ChildResult& result);
     void read(const FrameWindow& window, Step step);
     void took(const ChildResult& result);
@@ -101,6 +107,7 @@ private:
 
     Tools m_tools;
     Frames* m_owner;
+    Prober m_prober;
     std::unique_ptr<Child> m_child;
     Command m_command;
     Step m_step = Step::Near;
@@ -116,8 +123,9 @@ private:
     QString m_keptKey; ///< Empty: none is kept.
     HelperFolder m_folder;
     FrameFiles m_files;
-    QString m_subtitleKey; ///< What m_subtitle was extracted from.
-    QByteArray m_subtitle; ///< As ASS.
+    QString m_subtitleKey;      ///< What the following was made from.
+    QByteArray m_subtitle;      ///< As ASS.
+    double m_subtitleStart = 0; ///< Of a file with pictures.
 };
 
 int Frames::Private::ask(const FrameQuestion& question)
@@ -140,6 +148,7 @@ int Frames::Private::ask(const FrameQuestion& question)
 void Frames::Private::cancel()
 {
     m_isRunning = false;
+    m_prober.cancel();
     if (m_child && m_child->isRunning())
         m_child.reset();
 }
@@ -164,11 +173,31 @@ void Frames::Private::begin()
     const SubtitlePlan plan = subtitlePlan(m_question.settings, m_question.media);
     if (!plan.error.isEmpty())
         return fail(plan.error);
-    const QString key = QStringLiteral("%1\n%2\n%3").arg(m_question.media.file, plan.file).arg(plan.stream);
-    if (plan.use != SubtitleUse::BurnText || key == m_subtitleKey)
+    // Somebody may correct the file meanwhile.
+    const QFileInfo source(plan.file.isEmpty() ? m_question.media.file : plan.file);
+    const QString key = QStringLiteral("%1\n%2\n%3\n%4")
+                            .arg(source.filePath())
+                            .arg(plan.stream)
+                            .arg(source.size())
+                            .arg(source.lastModified().toMSecsSinceEpoch());
+    const bool isFileOfPictures = plan.use == SubtitleUse::BurnBitmap && !plan.file.isEmpty();
+    if ((plan.use != SubtitleUse::BurnText && !isFileOfPictures) || key == m_subtitleKey)
         return makeFiles();
     m_subtitleKey = key;
-    run(Step::Extract, extractCommand(m_tools, m_question.media, plan));
+    if (isFileOfPictures)
+        m_prober.probe(plan.file);
+    else
+        run(Step::Extract, extractCommand(m_tools, m_question.media, plan));
+}
+
+void Frames::Private::probed(const ReadMedia& read)
+{
+    if (!read.media) {
+        m_subtitleKey.clear();
+        return fail(read.error);
+    }
+    m_subtitleStart = read.media->start;
+    makeFiles();
 }
 
 void Frames::Private::extracted(const ChildResult& result)
@@ -223,6 +252,7 @@ void Frames::Private::makeFiles()
                 return;
         }
     }
+    m_files.subtitleStart = m_subtitleStart;
     decode();
 }
 

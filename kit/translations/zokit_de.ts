@@ -1840,6 +1840,18 @@
         <translation>ihre Abtastrate ist nicht bekannt</translation>
     </message>
     <message>
+        <source>ffmpeg does not know its codec</source>
+        <translation>ffmpeg kennt ihren Codec nicht</translation>
+    </message>
+    <message>
+        <source>its letters are not in UTF-8</source>
+        <translation>ihre Buchstaben sind nicht in UTF-8</translation>
+    </message>
+    <message>
+        <source>Track %1 holds %2, which ffmpeg cannot draw. Choose another track, or leave it soft.</source>
+        <translation>Spur %1 enthält %2, was ffmpeg nicht zeichnen kann. Wählen Sie eine andere Spur, oder brennen Sie sie nicht ein.</translation>
+    </message>
+    <message>
         <source>top left</source>
         <translation>oben links</translation>
     </message>

@@ -171,6 +171,9 @@ public:
         NoSoundInLanguage,    ///< 1: the languages that were asked for, 2: those that the clip has, or empty.
         NoSubtitleInLanguage, ///< The same.
         SoundUnknown,
+        CodecUnknown,
+        LettersNotUtf8,
+        SubtitleNotDrawn, ///< 1: the stream number, 2: its codec.
         // Steps of the history, as a menu says them behind "Undo" and "Redo"
         StepChange, ///< 1: the property.
         StepSelect, ///< 1: what.

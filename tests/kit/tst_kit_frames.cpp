@@ -76,6 +76,8 @@ private Q_SLOTS:
     void wholeFrameIsNeitherCutNorScaled();
     void keptFrameTakesNoDecoding();
     void onlyTheLatestIsTold();
+    void fileOfPicturesKeepsItsTimes();
+    void correctedSubtitlesAreShown();
     void frameIsRefused_data();
     void frameIsRefused();
     void previewIsTheOutput_data();
@@ -224,6 +226,40 @@ void TestKitFrames::onlyTheLatestIsTold()
     QVERIFY(!frames.isRunning());
     QTest::qWait(50);
     QCOMPARE(told.size(), 1);
+}
+
+void TestKitFrames::fileOfPicturesKeepsItsTimes()
+{
+    Frames frames(zokit::findTools());
+    for (const double seconds : {0.04, 0.2, 0.32}) {
+        FrameQuestion question = questionOf(QStringLiteral("lossless.mkv"), seconds);
+        const QByteArray bare = zokit::frame(frames, question).frame.bytes;
+        graphsupport::append(question.settings, "Subtitle",
+                             {{QStringLiteral("sub_fromfile"), true},
+                              {QStringLiteral("file"), clips::clip(QStringLiteral("graphic.sup"))}});
+        const FrameAnswer answer = zokit::frame(frames, question);
+        QCOMPARE(answer.error.text(), QString());
+        QCOMPARE(answer.frame.bytes != bare, seconds == 0.2); // It is shown from 0.1 to 0.3 s.
+    }
+}
+
+void TestKitFrames::correctedSubtitlesAreShown()
+{
+    Frames frames(zokit::findTools());
+    FrameQuestion question = questionOf(QStringLiteral("lossless.mkv"), 0.2);
+    QFile file(m_folder.filePath(QStringLiteral("text.srt")));
+    graphsupport::append(question.settings, "Subtitle",
+                         {{QStringLiteral("sub_fromfile"), true}, {QStringLiteral("file"), file.fileName()}});
+    const auto shown = [&](const char* text) {
+        const QByteArray times = "1\n00:00:00,100 --> 00:00:00,300\n";
+        if (!file.open(QIODevice::WriteOnly) || file.write(times + text) <= 0)
+            return QByteArray();
+        file.close();
+        return zokit::frame(frames, question).frame.bytes;
+    };
+    const QByteArray before = shown("Helo\n");
+    QCOMPARE(before.size(), 160 * 120 * 3 / 2);
+    QVERIFY(shown("Hello\n") != before);
 }
 
 void TestKitFrames::frameIsRefused_data()

@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: 2026 The libzoeffect developers
+// SPDX-License-Identifier: MIT
+
+#include "subtitleinput_p.h"
+
+#include <algorithm>
+
+#include <QFile>
+
+#include <zokit/probe.h>
+#include <zokit/subtitlescript.h>
+
+namespace zokit {
+
+namespace {
+
+QString number(double value)
+{
+    return QString::number(value, 'f', 6);
+}
+
+} // namespace
+
+bool isUtf8File(const QString& path)
+{
+    QFile file(path);
+    constexpr qint64 most = 16 * 1024 * 1024;
+    if (!file.open(QIODevice::ReadOnly))
+        return true;
+    const QByteArray bytes = file.read(std::min(file.size(), most)); // QFile makes room for all that it may read.
+    return QString::fromUtf8(bytes).toUtf8() == bytes || bytes.startsWith("\xff\xfe") || bytes.startsWith("\xfe\xff")
+           || bytes.startsWith("\xef\xbb\xbf");
+}
+
+QStringList letterOptions(const QString& file)
+{
+    return isUtf8File(file) ? QStringList() : QStringList{QStringLiteral("-sub_charenc"), QStringLiteral("CP1252")};
+}
+
+QStringList subtitlePicturesInput(const SubtitlePlan& plan, const MediaInfo& media, double from, double fileStart)
+{
+    const QString offset = QStringLiteral("-itsoffset");
+    // ffmpeg moves the first subtitle of a file to the beginning; it belongs where the file says.
+    if (plan.stream < 0)
+        return QStringList{offset, number(fileStart - from)} + guardedInput(plan.file);
+    // An input of its own also where it is the clip: a picture that began before is still shown.
+    constexpr double longest = 120;
+    const double begun = std::max(from - longest, 0.0);
+    QStringList input{offset, number(begun - from)};
+    if (begun > 0)
+        input << QStringLiteral("-ss") << number(begun);
+    return input + guardedInput(media.file);
+}
+
+} // namespace zokit
