@@ -39,6 +39,10 @@ constexpr std::array<Container, 4> containers = {{
     {"webm", "webm", "vp8 vp9 av1", "opus vorbis", "webvtt", "vp9", "opus"},
 }};
 
+/// Of discs, and of files that only some cameras and studios write.
+constexpr const char* notInMatroska =
+    "pcm_dvd pcm_bluray pcm_s8 pcm_f32be pcm_f64be adpcm_ima_qt mace3 mace6 gsm qcelp";
+
 const Container& containerNamed(const QString& name)
 {
     const auto found = std::find_if(containers.cbegin(), containers.cend(),
@@ -91,7 +95,7 @@ bool holds(const QString& container, TrackKind kind, const QString& codec)
     case TrackKind::Video:
         return !form.video || isAmong(codec, form.video);
     case TrackKind::Audio:
-        return !form.audio || isAmong(codec, form.audio);
+        return form.audio ? isAmong(codec, form.audio) : !isAmong(codec, notInMatroska);
     case TrackKind::Subtitle:
         return isAmong(codec, form.subtitles);
     case TrackKind::Attachment:
@@ -100,6 +104,12 @@ bool holds(const QString& container, TrackKind kind, const QString& codec)
         break;
     }
     return false;
+}
+
+bool isTextSubtitle(const QString& codec)
+{
+    return isAmong(codec, "subrip ass ssa webvtt mov_text text eia_608 microdvd mpl2 pjs realtext sami stl subviewer "
+                          "subviewer1 vplayer jacosub");
 }
 
 QString textCodec(const QString& container, const QString& codec)

@@ -17,6 +17,8 @@ struct MediaStream;
 /// \name What a container holds so that players find it, and what ffmpeg calls it
 /// @{
 bool holds(const QString& container, TrackKind kind, const QString& codec);
+/// Whether ffmpeg makes text of such a subtitle: of teletext, for one, it makes pictures.
+bool isTextSubtitle(const QString& codec);
 /// In which codec a subtitle of text is written into \a container.
 QString textCodec(const QString& container, const QString& codec);
 QString muxer(const QString& container);

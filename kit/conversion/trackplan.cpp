@@ -211,6 +211,8 @@ private:
                 leaveOut(plan, Message(Code::DroppedAsOther));
             else if (speedFactor(m_settings) != 1)
                 leaveOut(plan, Message(Code::CannotChangeSpeed));
+            else if (plan.track.codec.isEmpty())
+                leaveOut(plan, Message(Code::CodecUnknown));
             else if (!isHeld(plan))
                 leaveOut(plan, containerLacks(plan.track.codec));
             m_plan.tracks.append(plan);
@@ -273,8 +275,9 @@ private:
 
     void planSound(TrackPlan& plan, const MediaStream& stream, bool hasEffects)
     {
-        if (stream.sampleRate <= 0) { // Announced, and not there as far as ffmpeg looks: no container takes it.
-            leaveOut(plan, Message(Code::SoundUnknown));
+        // Announced, and not there as far as ffmpeg looks, or of a kind that is newer than it: no container takes it.
+        if (stream.sampleRate <= 0 || plan.track.codec.isEmpty()) {
+            leaveOut(plan, Message(plan.track.codec.isEmpty() ? Code::CodecUnknown : Code::SoundUnknown));
             m_plan.tracks.append(plan);
             return;
         }
@@ -355,6 +358,8 @@ private:
                 leaveOut(plan, Message(Code::CannotChangeSpeed));
             else if (!isHeld(plan))
                 leaveOut(plan, containerLacks(codec));
+        } else if (plan.file.isEmpty() && !isTextSubtitle(codec)) {
+            leaveOut(plan, codec.isEmpty() ? Message(Code::CodecUnknown) : containerLacks(codec));
         } else if (takesStyle(plan) && m_plan.container == QLatin1String("mkv")) {
             plan.fate = TrackFate::Converted;
             plan.codec = QStringLiteral("ass");

@@ -12,6 +12,7 @@
 #include <zokit/probe.h>
 
 #include "cataloguedefaults_p.h"
+#include "codecs_p.h"
 #include "exactly_p.h"
 #include "picture_p.h"
 #include "realeffect_p.h"
@@ -88,6 +89,8 @@ SubtitlePlan subtitlePlan(const Settings& settings, const MediaInfo& media)
         plan.hasOwnStyles = hasStyles(stream->track.codec);
         const bool styled = !isSet(settings, "soft-subtitles") && isStyled(track->values, baseFrame(settings));
         plan.use = styled || isSet(settings, "burn-subtitles") ? SubtitleUse::BurnText : SubtitleUse::Soft;
+        if (plan.use == SubtitleUse::BurnText && !isBitmap && !isTextSubtitle(stream->track.codec))
+            plan.error = Message(Code::SubtitleNotDrawn, {number.toString(), stream->track.codec});
     }
     if (plan.use == SubtitleUse::BurnText && isBitmap) {
         plan.use = SubtitleUse::BurnBitmap;

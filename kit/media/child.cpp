@@ -149,11 +149,17 @@ private:
 QString ChildResult::lastWords() const
 {
     QByteArray line;
+    QByteArray gaveUp;
     for (const QByteArray& candidate : QByteArray(words).replace('\r', '\n').split('\n')) {
-        // ffmpeg says why first, and then at which track it gives up.
-        if (!candidate.trimmed().isEmpty() && !candidate.startsWith("Error initializing output stream"))
-            line = candidate.trimmed();
+        const QByteArray text = candidate.trimmed();
+        // ffmpeg mostly says why first, and then at which track it gives up.
+        if (text.startsWith("Error initializing output stream"))
+            gaveUp = text;
+        else if (!text.isEmpty() && !text.startsWith("Last message repeated"))
+            line = text;
     }
+    if (line.isEmpty())
+        line = gaveUp;
     static const QRegularExpression speaker(QStringLiteral("^(\\[[^\\]]* @ 0x[0-9a-f]+\\] *)+"));
     return QString::fromUtf8(line).remove(speaker);
 }

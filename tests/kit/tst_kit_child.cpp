@@ -176,6 +176,11 @@ void TestKitChild::lastLineOfWords_data()
     QTest::newRow("empty lines behind it") << QByteArray("first\nlast \r\n\n  \n") << key("last");
     QTest::newRow("who says it") << QByteArray("[png @ 0x55a1f0] [IMGUTILS @ 0x7ffc3] [5] is too large\n")
                                  << key("[5] is too large");
+    QTest::newRow("a line said again") << QByteArray("why\n    Last message repeated 1 times\n") << key("why");
+    QTest::newRow("where it gives up, before why")
+        << QByteArray("why\nError initializing output stream 0:1 -- no\n") << key("why");
+    QTest::newRow("where it gives up, and nothing else") << QByteArray("Error initializing output stream 0:1 -- no\n")
+                                                         << key("Error initializing output stream 0:1 -- no");
     QTest::newRow("a line written over") << QByteArray("frame 1\rframe 2\r") << key("frame 2");
 }
 

@@ -392,6 +392,15 @@ void TestKitSubtitleScript::whatCannotBeDoneIsTold()
     settings.find(QStringLiteral("Subtitle"))->items.first().values = {{key("trackid"), 2}, {key("sub_vposition"), 9}};
     QVERIFY(zokit::subtitlePlan(settings, clipWithTracks()).warnings.isEmpty());
 
+    zokit::MediaInfo teletext = clipWithTracks();
+    teletext.streams[1].track.codec = QStringLiteral("dvb_teletext");
+    settings.find(QStringLiteral("Subtitle"))->items.first().values = {{key("trackid"), 1}};
+    QVERIFY(zokit::subtitlePlan(settings, teletext).error.isEmpty());
+    settings.output.insert(QStringLiteral("burn-subtitles"), true);
+    QCOMPARE(zokit::subtitlePlan(settings, teletext).error.text(),
+             QStringLiteral("Track 1 holds dvb_teletext, which ffmpeg cannot draw. Choose another track, or leave it "
+                            "soft."));
+
     settings.find(QStringLiteral("Subtitle"))->items.first().values = {{key("trackid"), 3}};
     QVERIFY(zokit::subtitlePlan(settings, clipWithTracks()).hasOwnStyles);
 }
