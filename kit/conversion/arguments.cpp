@@ -331,7 +331,12 @@ private:
         const QString name = stream && !stream->fileName.isEmpty()
                                  ? stream->fileName
                                  : QStringLiteral("cover") + (isPng ? QStringLiteral(".png") : QStringLiteral(".jpg"));
-        const QString which = next('t');
+        // What is attached comes behind all that is copied.
+        const auto isCopied = [](const TrackPlan& plan) {
+            return plan.track.kind == TrackKind::Attachment && plan.fate == TrackFate::Copied;
+        };
+        const auto copied = std::count_if(m_plan.tracks.cbegin(), m_plan.tracks.cend(), isCopied);
+        const QString which = QStringLiteral(":t:%1").arg(copied + m_coverCount++);
         m_outputs << QStringLiteral("-attach") << m_helpers.covers.value(track.track.index)
                   << QStringLiteral("-metadata:s") + which
                   << (isPng ? QStringLiteral("mimetype=image/png") : QStringLiteral("mimetype=image/jpeg"))
@@ -363,6 +368,7 @@ private:
     QMap<char, int> m_counts;
     int m_inputCount = 1;
     int m_slowInput = -1;
+    int m_coverCount = 0;
     bool m_hasSoundFile = false;
     bool m_loops = false;
 };
