@@ -53,7 +53,7 @@ constexpr int covering = 254;
 void addSource(Chain& chain, Picture& picture, const MediaStream& stream, const MediaInfo& media,
                const GraphParts& parts);
 void addRawSource(Chain& chain, const MediaStream& stream);
-void addToneMap(Chain& chain, Picture& picture, bool deep);
+void addToneMap(Chain& chain, Picture& picture, const MediaStream& stream, bool deep);
 /// Whether a crop reaches out of \a frame.
 bool leavesFrame(const Settings& settings, const QSize& frame);
 bool isTurned(const Settings& settings);

@@ -148,7 +148,7 @@ PictureGraph pictureGraph(const Settings& settings, const MediaInfo& media, cons
         graph.framesBefore = stream->isInterlaced ? 1 : 0;
     }
     if (isMapped(settings, *stream))
-        addToneMap(chain, picture, isDeep);
+        addToneMap(chain, picture, *stream, isDeep);
     addTurning(chain, picture, settings);
     const bool drawnOn = isDrawnOn(settings, parts);
     addPlainFormat(chain, picture, drawnOn, wanted);

@@ -97,8 +97,13 @@ void addScale(Chain& chain, Picture& picture, const QSize& size, const QString& 
     }
 }
 
-void addToneMap(Chain& chain, Picture& picture, bool deep)
+void addToneMap(Chain& chain, Picture& picture, const MediaStream& stream, bool deep)
 {
+    // The filter refuses frames that do not say all of it.
+    if (stream.colorSpace.isEmpty() || stream.primaries.isEmpty())
+        chain.add(QStringLiteral("setparams=colorspace=%1:color_primaries=%2:range=%3")
+                      .arg(stream.colorSpace.isEmpty() ? spaceOf(picture.matrix) : stream.colorSpace,
+                           stream.primaries.isEmpty() ? QStringLiteral("bt2020") : stream.primaries, picture.range));
     picture.pixelFormat = deep ? QStringLiteral("yuv420p10le") : QStringLiteral("yuv420p");
     picture.matrix = QStringLiteral("bt709");
     picture.range = QStringLiteral("tv");

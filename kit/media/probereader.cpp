@@ -160,12 +160,13 @@ void readPicture(const QJsonObject& told, MediaStream& stream)
     stream.colorSpace = text(told, "color_space");
     stream.primaries = text(told, "color_primaries");
     stream.transfer = text(told, "color_transfer");
-    stream.matrix = matrixOf(stream.colorSpace, stream.coded);
     stream.range = text(told, "color_range");
     if (stream.range != QLatin1String("tv") && stream.range != QLatin1String("pc"))
         stream.range =
             stream.pixelFormat.startsWith(QLatin1String("yuvj")) ? QStringLiteral("pc") : QStringLiteral("tv");
     stream.isHdr = stream.transfer == QLatin1String("smpte2084") || stream.transfer == QLatin1String("arib-std-b67");
+    const bool isOnlyHdr = stream.isHdr && stream.colorSpace.isEmpty(); // There is none without the wide colours.
+    stream.matrix = isOnlyHdr ? QStringLiteral("bt2020") : matrixOf(stream.colorSpace, stream.coded);
     stream.fieldOrder = text(told, "field_order");
     const QStringList fields{QStringLiteral("tt"), QStringLiteral("bb"), QStringLiteral("tb"), QStringLiteral("bt")};
     stream.isInterlaced = fields.contains(stream.fieldOrder);

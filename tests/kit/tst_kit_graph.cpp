@@ -194,10 +194,32 @@ void TestKitGraph::textOfTheGraph_data()
     row("HDR mapped", withOutput(plain(hd), "hdr", QStringLiteral("map")), changed([](zokit::MediaStream& picture) {
             picture.isHdr = true;
             picture.pixelFormat = QStringLiteral("yuv420p10le");
+            picture.colorSpace = QStringLiteral("bt2020nc");
+            picture.primaries = QStringLiteral("bt2020");
         }),
         parts([](GraphParts& given) { given.pixelFormat = QStringLiteral("yuv420p"); }),
         "[0:0]zscale=t=linear:npl=100,format=gbrpf32le,zscale=p=bt709,tonemap=hable:desat=0,"
         "zscale=t=bt709:m=bt709:r=tv,format=yuv420p,format=yuv420p[picture]");
+    row("HDR that says only half of it", withOutput(plain(hd), "hdr", QStringLiteral("map")),
+        changed([](zokit::MediaStream& picture) {
+            picture.isHdr = true;
+            picture.pixelFormat = QStringLiteral("yuv420p10le");
+            picture.colorSpace.clear();
+            picture.matrix = QStringLiteral("bt2020");
+        }),
+        parts([](GraphParts& given) { given.pixelFormat = QStringLiteral("yuv420p"); }),
+        "[0:0]setparams=colorspace=bt2020nc:color_primaries=bt2020:range=tv,zscale=t=linear:npl=100,format=gbrpf32le,"
+        "zscale=p=bt709,tonemap=hable:desat=0,zscale=t=bt709:m=bt709:r=tv,format=yuv420p,format=yuv420p[picture]");
+    row("a run-up", plain(hd), changed([](zokit::MediaStream& picture) {
+            picture.timeBase = {1, 90000};
+        }),
+        parts([](GraphParts& given) {
+            given.from = 2;
+            given.shownFrom = 12;
+            given.shownTo = 14;
+            given.countsFromShown = true;
+        }),
+        "[0:0]trim=start_pts=900000:end_pts=1080000,setpts=PTS-round(10/TB),format=yuv420p[picture]");
     row("what is no HDR is not mapped", withOutput(plain(hd), "hdr", QStringLiteral("map")), clip(hd), none,
         "[0:0]format=yuv420p[picture]");
 

@@ -454,6 +454,8 @@ void TestKitProbe::answerIsRead_data()
     row("rate below zero", video(R"("r_frame_rate": "-25/1")"), plain);
     row("matrix of another kind", video(R"("color_space": "smpte240m", "color_range": "pc")"),
         key("mkv 0.00 s: 0 h264 100x50  smpte240m pc 0/1"));
+    row("matrix of HDR that says none", video(R"("color_transfer": "smpte2084", "color_range": "tv")"),
+        key("mkv 0.00 s: 0 h264 100x50  bt2020 tv 0/1 HDR"));
     row("matrix that none knows", video(R"("color_space": "gbr", "color_range": "unknown")"), plain);
     row("fields unknown", video(R"("field_order": "unknown")"), plain);
     row("length", format(R"("duration": "12.340000")"), key("avi 12.34 s: 0 ass"));
