@@ -98,7 +98,7 @@ char letterOf(TrackKind kind)
 }
 
 /// What players are told about the pixels of an encoded picture.
-QStringList colourTags(const MediaStream& picture, bool mapsHdr)
+QStringList colourTags(const MediaStream& picture, bool mapsHdr, const QString& pixelFormat)
 {
     if (mapsHdr)
         return {QStringLiteral("-colorspace:v:0"),      QStringLiteral("bt709"),
@@ -110,7 +110,9 @@ QStringList colourTags(const MediaStream& picture, bool mapsHdr)
         space = picture.matrix == QLatin1String("bt601")    ? QStringLiteral("smpte170m")
                 : picture.matrix == QLatin1String("bt2020") ? QStringLiteral("bt2020nc")
                                                             : picture.matrix;
-    QStringList tags{QStringLiteral("-colorspace:v:0"), space, QStringLiteral("-color_range:v:0"), picture.range};
+    // YUV that is made of RGB is in limited range.
+    const QString range = isRgb(picture.pixelFormat) && !isRgb(pixelFormat) ? QStringLiteral("tv") : picture.range;
+    QStringList tags{QStringLiteral("-colorspace:v:0"), space, QStringLiteral("-color_range:v:0"), range};
     if (!picture.primaries.isEmpty())
         tags << QStringLiteral("-color_primaries:v:0") << picture.primaries;
     if (!picture.transfer.isEmpty())
@@ -298,7 +300,7 @@ private:
         m_outputs << videoEncoderOptions(output, m_plan.videoCodec, m_plan.pixelFormat, m_plan.container);
         if (m_plan.videoCodec == QLatin1String("hevc"))
             m_outputs << hevcOptions(stream, m_plan.mapsHdr);
-        m_outputs << colourTags(stream, m_plan.mapsHdr);
+        m_outputs << colourTags(stream, m_plan.mapsHdr, m_plan.pixelFormat);
         const QVariant rate = output.value(QStringLiteral("fps"));
         if (rate.isValid())
             m_outputs << QStringLiteral("-r:v:0") << QString::number(rate.toDouble(), 'g', 10);
