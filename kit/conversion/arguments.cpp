@@ -285,7 +285,8 @@ private:
             return 0;
         // No filter changes the times of subtitles; reading the clip a second time at another speed does.
         if (m_slowInput < 0)
-            m_slowInput = addInput(scaleOptions() + partOptions(m_part), m_media.file);
+            m_slowInput =
+                addInput(scaleOptions() + partOptions({m_part.from, m_part.result, 0, m_part.isTrimmed}), m_media.file);
         return m_slowInput;
     }
 

@@ -39,10 +39,15 @@ double part(const Values& values, const char* key)
 void addSpeed(Chain& chain, double speed)
 {
     constexpr double slowest = 0.5; // Of one filter.
+    if (speed == 1)
+        return;
+    const QString whole = filterNumber(speed);
     for (; speed < slowest; speed /= slowest)
         chain.add(QStringLiteral("atempo=0.5"));
     if (speed != 1)
         chain.add(QStringLiteral("atempo=") + filterNumber(speed));
+    // The filter leaves the beginning of a sound that begins later than the picture where it was.
+    chain.add(QStringLiteral("asetpts=PTS-STARTPTS+STARTPTS/") + whole);
 }
 
 /// Low and high pass by steepness: one pole, one section or two (12 and 24 dB an octave).

@@ -203,10 +203,10 @@ void TestKitSound::textOfTheFilters_data()
         "asplit[s1][s2];[s2]adelay=1000:all=1[s3];[s1][s3]amix=inputs=2:weights='0.8 0.3':normalize=0"
         ":duration=longest");
     const auto speed = [](int factor) { return with("Audio_Speed", values({{"audio_speed_factor", factor}})); };
-    row("faster", speed(150), 0, "atempo=1.5");
-    row("slower", speed(75), 0, "atempo=0.75");
-    row("a quarter", speed(25), 0, "atempo=0.5,atempo=0.5");
-    row("a tenth", speed(10), 0, "atempo=0.5,atempo=0.5,atempo=0.5,atempo=0.8");
+    row("faster", speed(150), 0, "atempo=1.5,asetpts=PTS-STARTPTS+STARTPTS/1.5");
+    row("slower", speed(75), 0, "atempo=0.75,asetpts=PTS-STARTPTS+STARTPTS/0.75");
+    row("a quarter", speed(25), 0, "atempo=0.5,atempo=0.5,asetpts=PTS-STARTPTS+STARTPTS/0.25");
+    row("a tenth", speed(10), 0, "atempo=0.5,atempo=0.5,atempo=0.5,atempo=0.8,asetpts=PTS-STARTPTS+STARTPTS/0.1");
 }
 
 void TestKitSound::textOfTheFilters()
@@ -230,7 +230,8 @@ void TestKitSound::effectsStandInOneOrder()
     parts.gain = -1.5;
     parts.name = QStringLiteral("t");
     const QString effects = QStringLiteral(
-        "aformat=sample_fmts=fltp,atempo=2,bandpass=f=1000:width_type=q:w=2.236068,asplit[t1][t2];[t2]adelay=50:all=1,"
+        "aformat=sample_fmts=fltp,atempo=2,asetpts=PTS-STARTPTS+STARTPTS/2,"
+        "bandpass=f=1000:width_type=q:w=2.236068,asplit[t1][t2];[t2]adelay=50:all=1,"
         "vibrato=f=0.25:d=0.5[t3];[t1][t3]amix=inputs=2:weights='0.25 0.25':normalize=0:duration=longest,volume=0.5,"
         "flanger=delay=3:depth=2:regen=50:width=71:speed=0.5,volume=0.5,asplit[t4][t5];[t5]adelay=50:all=1[t6];"
         "[t4][t6]amix=inputs=2:weights='0.25 0.25':normalize=0:duration=longest,afade=t=out:st=7:d=3,");
