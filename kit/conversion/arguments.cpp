@@ -145,7 +145,12 @@ public:
         , m_part(clipPart(job.settings, media))
         , m_speed(speedFactor(job.settings))
     {
-        m_inputs << partOptions(m_part) << timeOptions(media) << guardedInput(media.file);
+        // Of such files a decoder that begins in the middle gives nothing before the next key frame.
+        constexpr double keyFrameDistance = 10;
+        if (m_part.isTrimmed && media.mayChangeSize() && !plan.videoCodec.isEmpty())
+            m_runUp = std::min(m_part.from, keyFrameDistance);
+        m_inputs << (m_runUp > 0 ? runUpOptions() : partOptions(m_part)) << timeOptions(media)
+                 << guardedInput(media.file);
     }
 
     QStringList made(const QString& target)
@@ -189,7 +194,11 @@ private:
             return;
         GraphParts parts;
         parts.pixelFormat = m_plan.pixelFormat;
-        parts.from = m_part.from;
+        parts.from = m_part.from - m_runUp;
+        parts.shownFrom = m_part.from;
+        parts.countsFromShown = true;
+        if (m_runUp > 0) // ffmpeg counts how long it reads from the first frame that it gets.
+            parts.shownTo = m_part.from + m_part.seconds;
         parts.subtitleScript = m_helpers.subtitleScript;
         parts.subtitleInColour = m_helpers.subtitleInColour;
         if (!m_helpers.watermark.isEmpty())
@@ -227,7 +236,7 @@ private:
         }
         const char letter = letterOf(track.track.kind);
         const bool isEncodedPicture = letter == 'v' && track.fate == TrackFate::Encoded;
-        const int input = inputOf(track, letter);
+        const int input = isEncodedPicture ? 0 : inputOf(track, letter);
         const bool first = m_counts[letter] == 0;
         const QString which = next(letter);
         m_outputs << QStringLiteral("-map")
@@ -282,12 +291,29 @@ private:
             return addInput(options, file);
         }
         if (letter != 's' || m_speed == 1)
-            return 0;
+            return inputOfOthers();
         // No filter changes the times of subtitles; reading the clip a second time at another speed does.
         if (m_slowInput < 0)
             m_slowInput =
                 addInput(scaleOptions() + partOptions({m_part.from, m_part.result, 0, m_part.isTrimmed}), m_media.file);
         return m_slowInput;
+    }
+
+    QStringList runUpOptions() const
+    {
+        const double begin = m_part.from - m_runUp;
+        // Without the sound ffmpeg would count from where the picture begins, but not when its times are moved.
+        QStringList options = begin > 0 ? QStringList{QStringLiteral("-ss"), number(begin)}
+                                        : QStringList{QStringLiteral("-itsoffset"), QStringLiteral("0.000001")};
+        return options << QStringLiteral("-t") << number(m_part.seconds + m_runUp);
+    }
+
+    /// The clip where its part begins, for what needs no run-up.
+    int inputOfOthers()
+    {
+        if (m_runUp > 0 && m_others == 0)
+            m_others = addInput(partOptions(m_part) + timeOptions(m_media), m_media.file);
+        return m_others;
     }
 
     QStringList scaleOptions() const
@@ -370,6 +396,8 @@ private:
     QStringList m_chapters;
     QMap<char, int> m_counts;
     int m_inputCount = 1;
+    double m_runUp = 0; ///< Seconds that the picture is decoded before its part begins.
+    int m_others = 0;   ///< Input of all but the picture.
     int m_slowInput = -1;
     int m_coverCount = 0;
     bool m_hasSoundFile = false;

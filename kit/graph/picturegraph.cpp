@@ -163,6 +163,8 @@ PictureGraph pictureGraph(const Settings& settings, const MediaInfo& media, cons
     }
     if (parts.watermarkInput >= 0)
         addWatermark(chain, picture, parts.watermarkInput);
+    if (parts.countsFromShown && parts.shownFrom > parts.from)
+        chain.add(QStringLiteral("setpts=PTS-round(%1/TB)").arg(filterNumber(parts.shownFrom - parts.from)));
     addEnd(chain, picture, settings, wanted, graph);
 
     const TypeSettings* crop = selectedType(settings, "Crop");

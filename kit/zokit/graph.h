@@ -23,11 +23,12 @@ struct ZOKIT_EXPORT GraphParts {
     bool subtitleInColour = false; ///< OwnSubtitles::inColour of it.
     int subtitleInput = -1;        ///< Input with a subtitle of pictures that is burned in; -1: none.
     int subtitleStream = 0;        ///< Its stream number there.
-    double from = 0;       ///< Seconds from the clip's beginning to which the input was sought ("-ss" before "-i").
-    double shownFrom = 0;  ///< No frame before it is taken, in seconds from the clip's beginning.
-    double shownTo = 0;    ///< And none from it on; 0: all to the end.
-    bool rawInput = false; ///< Input 0 is one raw frame as sourceGraph() gave it, the one that stands at "from".
-    QString pixelFormat;   ///< What the encoder gets; empty: the clip's own.
+    double from = 0;      ///< Seconds from the clip's beginning to which the input was sought ("-ss" before "-i").
+    double shownFrom = 0; ///< No frame before it is taken, in seconds from the clip's beginning.
+    bool countsFromShown = false; ///< What comes out counts its times from "shownFrom" on, not from "from".
+    double shownTo = 0;           ///< And none from it on; 0: all to the end.
+    bool rawInput = false;        ///< Input 0 is one raw frame as sourceGraph() gave it, the one that stands at "from".
+    QString pixelFormat;          ///< What the encoder gets; empty: the clip's own.
 };
 
 /// The picture's way from the clip to the encoder.
