@@ -250,12 +250,23 @@ private:
         else if (track.fate == TrackFate::Converted && !track.isRestyled)
             m_outputs << QStringLiteral("-c") + which << encoderOf(track.codec);
         else
-            m_outputs << QStringLiteral("-c") + which << QStringLiteral("copy");
+            m_outputs << QStringLiteral("-c") + which << QStringLiteral("copy") << hevcName(track, which);
         if (letter == 'd' || letter == 't')
             return;
         const bool anySelected = isAnySelected(track.track.kind);
         const bool isDefault = anySelected ? track.isSelected && first : track.track.isDefault;
         m_outputs << QStringLiteral("-disposition") + which << dispositionOf(stream, isDefault);
+    }
+
+    /// Under the other name that there is, players of one make find no picture.
+    QStringList hevcName(const TrackPlan& track, const QString& which) const
+    {
+        const auto hasNames = [](const QString& container) {
+            return container == QLatin1String("mp4") || container == QLatin1String("mov");
+        };
+        if (track.codec != QLatin1String("hevc") || !hasNames(m_plan.container) || hasNames(m_media.container))
+            return {};
+        return {QStringLiteral("-tag") + which, QStringLiteral("hvc1")};
     }
 
     bool isAnySelected(TrackKind kind) const

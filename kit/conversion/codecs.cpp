@@ -216,6 +216,11 @@ QStringList audioEncoderOptions(const Values& output, const QString& codec, cons
 QString audioEncoderFilter(const QString& codec, const MediaStream& sound)
 {
     constexpr int stereo = 2;
+    // Loudspeakers at the side it can only describe in a way that many players do not read; those behind are the same.
+    const bool isOfSide =
+        sound.channelLayout == QLatin1String("5.1(side)") || sound.channelLayout == QLatin1String("5.0(side)");
+    if (codec == QLatin1String("aac") && isOfSide)
+        return QStringLiteral("aformat=channel_layouts=") + sound.channelLayout.left(3);
     if (sound.channels <= stereo)
         return {};
     if (codec == QLatin1String("mp3"))
