@@ -75,9 +75,18 @@ int renameWithoutReplacing(const QByteArray& from, const QByteArray& to)
 {
     if (::syscall(SYS_renameat2, AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), renameNoReplace) == 0)
         return 0;
-    if (errno != EINVAL && errno != ENOSYS)
+    if (errno != EINVAL && errno != ENOSYS && errno != EOPNOTSUPP)
         return -1;
-    return ::link(from.constData(), to.constData()) == 0 ? ::unlink(from.constData()) : -1;
+    if (::link(from.constData(), to.constData()) == 0)
+        return ::unlink(from.constData());
+    if (errno == EEXIST)
+        return -1;
+    // Nor for a second name, as in folders that a desktop shows of a server or a phone: looking first is what is left.
+    struct stat there = {};
+    if (::lstat(to.constData(), &there) != 0)
+        return ::rename(from.constData(), to.constData());
+    errno = EEXIST;
+    return -1;
 }
 
 bool sync(const QString& folder)

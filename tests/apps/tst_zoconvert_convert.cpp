@@ -3,6 +3,17 @@
 
 // zoconvert convert as a program: which files it makes, what it says, how it ends.
 
+#include <array>
+#include <cerrno>
+#include <cstddef>
+#include <thread>
+#include <vector>
+
+#include <linux/filter.h>
+#include <linux/seccomp.h>
+#include <sys/prctl.h>
+#include <sys/syscall.h>
+
 #include <QDir>
 #include <QDirIterator>
 #include <QJsonDocument>
@@ -69,6 +80,7 @@ private Q_SLOTS:
     void aRunMakesItsFiles_data();
     void aRunMakesItsFiles();
     void whatIsReplacedIsReplaced();
+    void aFolderWithoutSecondNamesTakesResults();
     void everyEventIsTold();
     void settingsOfAFileAreUsed();
     void softSubtitlesKeepTimesAndStyle_data();
@@ -222,6 +234,44 @@ void TestZoconvertConvert::whatIsReplacedIsReplaced()
     run.run({"convert", "bad.mkv", "-o", "there.mp4", "--existing", "replace", "-q"});
     QCOMPARE(run.code, 1);
     QCOMPARE(run.content("there.mp4"), QByteArray("no film"));
+}
+
+namespace {
+
+/// From now on this thread, and what it starts, is in a world where no file has a second name and none is renamed on
+/// condition, as in folders that a desktop shows of a server.
+void leaveSecondNames()
+{
+    const auto answers = [](unsigned call, unsigned error) {
+        return std::array<sock_filter, 2>{sock_filter BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, call, 0, 1),
+                                          sock_filter BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | error)};
+    };
+    std::vector<sock_filter> rules{
+        sock_filter BPF_STMT(BPF_LD | BPF_W | BPF_ABS, static_cast<unsigned>(offsetof(seccomp_data, nr)))};
+    for (const auto& rule : {answers(SYS_renameat2, EINVAL), answers(SYS_link, EPERM), answers(SYS_linkat, EPERM)})
+        rules.insert(rules.end(), rule.begin(), rule.end());
+    rules.push_back(sock_filter BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW));
+    const sock_fprog program = {static_cast<unsigned short>(rules.size()), rules.data()};
+    prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
+    prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program);
+}
+
+} // namespace
+
+void TestZoconvertConvert::aFolderWithoutSecondNamesTakesResults()
+{
+    ProgramRun run;
+    fill(run);
+    const auto convert = [&](const char* output) {
+        std::thread([&] {
+            leaveSecondNames();
+            run.run({"convert", "clip.mp4", "-q", "-o", output});
+        }).join();
+    };
+    convert("new.mp4");
+    QCOMPARE(run.err, QString());
+    QCOMPARE(run.code, 0);
+    QVERIFY(zokit::probe(zokit::findTools(), run.path("new.mp4")).media);
 }
 
 void TestZoconvertConvert::everyEventIsTold()
