@@ -120,6 +120,30 @@ QStringList colourTags(const MediaStream& picture, bool mapsHdr, const QString& 
     return tags;
 }
 
+/// A rate that cameras and broadcasters use: of another one ffprobe has only found the average.
+bool isUsual(const Rational& rate)
+{
+    constexpr qint64 parts = 12; // 12.5 and 8.333 are usual, too.
+    return rate.numerator * parts % rate.denominator == 0 || rate.numerator * 1001 % (rate.denominator * 1000) == 0;
+}
+
+/// The encoder would count in frames of the average rate, and drop those that come faster.
+QStringList unevenTimes(const MediaStream& picture)
+{
+    const bool isEven = !picture.hasVariableRate && isUsual(picture.averageRate);
+    if (isEven || picture.timeBase.value() <= 0)
+        return {};
+    return {QStringLiteral("-enc_time_base:v:0"),
+            QStringLiteral("%1/%2").arg(picture.timeBase.numerator).arg(picture.timeBase.denominator)};
+}
+
+/// Behind frames that are decoded in another order than they are shown, mp4 loses how long the last ones stay.
+bool hasRareFrames(const MediaStream& picture)
+{
+    constexpr double part = 0.75;
+    return picture.averageRate.value() < part * picture.frameRate.value();
+}
+
 /// x265 takes what a screen has to know of HDR as options of its own; its banner is no error.
 QStringList hevcOptions(const MediaStream& picture, bool mapsHdr)
 {
@@ -343,7 +367,10 @@ private:
         if (rate.isValid())
             m_outputs << QStringLiteral("-r:v:0") << QString::number(rate.toDouble(), 'g', 10);
         else
-            m_outputs << QStringLiteral("-fps_mode:v:0") << QStringLiteral("vfr");
+            m_outputs << QStringLiteral("-fps_mode:v:0") << QStringLiteral("vfr") << unevenTimes(stream);
+        const bool isMp4 = m_plan.container == QLatin1String("mp4") || m_plan.container == QLatin1String("mov");
+        if (isMp4 && hasRareFrames(stream))
+            m_outputs << QStringLiteral("-bf:v:0") << QStringLiteral("0");
         // A graph loses what the track is called.
         if (!stream.track.language.isEmpty())
             m_outputs << QStringLiteral("-metadata:s:v:0") << QStringLiteral("language=") + stream.track.language;
