@@ -32,7 +32,7 @@ QString wrongInPattern(const QString& pattern)
 {
     if (pattern.contains(QLatin1Char('/')))
         return QStringLiteral("/");
-    static const QRegularExpression word(QStringLiteral("\\{[^}]*\\}?"));
+    static const QRegularExpression word(QStringLiteral("\\{[^}]*\\}"));
     QRegularExpressionMatchIterator words = word.globalMatch(pattern);
     while (words.hasNext()) {
         const QString found = words.next().captured();
