@@ -14,6 +14,7 @@
 #include <QSize>
 
 #include <zokit/outputoptions.h>
+#include <zokit/shell.h>
 
 #include "words.h"
 
@@ -249,6 +250,12 @@ private:
     Parsed m_parsed;
 };
 
+/// \a file as it can be pasted into a shell: one word, and no option.
+QString pasted(const QString& file)
+{
+    return zokit::shellWord(file.startsWith(QLatin1Char('-')) ? QStringLiteral("./") + file : file);
+}
+
 QString commandFor(const QString& file)
 {
     const bool isSettings = file.endsWith(QLatin1String(".json"));
@@ -282,7 +289,7 @@ Parsed parse(const QVector<QByteArray>& arguments)
     if (arguments.isEmpty())
         parsed.error = say(Say::NoCommand);
     else if (isUtf8 && QFileInfo::exists(first))
-        parsed.error = say(Say::FileForCommand, {first, commandFor(first)});
+        parsed.error = say(Say::FileForCommand, {first, commandFor(first), pasted(first)});
     else if (first.startsWith(QLatin1Char('-')))
         parsed.error = say(Say::CommandFirst, {first});
     else

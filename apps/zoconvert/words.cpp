@@ -24,7 +24,7 @@ struct Text {
 constexpr Text texts[] = {
     {Say::NoCommand,      QT_TRANSLATE_NOOP("zoconvert", "A command is missing. zoconvert -h lists them.")},
     {Say::UnknownCommand, QT_TRANSLATE_NOOP("zoconvert", "There is no command %1. zoconvert -h lists them.| Did you mean %2?")},
-    {Say::FileForCommand, QT_TRANSLATE_NOOP("zoconvert", "%1 is a file, and a command comes first. Did you mean: zoconvert %2 %1")},
+    {Say::FileForCommand, QT_TRANSLATE_NOOP("zoconvert", "A command comes before %1. Did you mean: zoconvert %2 %3")},
     {Say::CommandFirst,   QT_TRANSLATE_NOOP("zoconvert", "%1 stands before the command. The command comes first.")},
     {Say::UnknownChoice,  QT_TRANSLATE_NOOP("zoconvert", "%1 cannot %2. It can: %3.| Did you mean %4?")},
     {Say::UnknownOption,  QT_TRANSLATE_NOOP("zoconvert", "%1 takes no option %2.| Did you mean %3?")},

@@ -12,7 +12,7 @@ namespace zoconvert {
 enum class Say {
     NoCommand,
     UnknownCommand, ///< 1: the word, 2: the nearest command.
-    FileForCommand, ///< 1: the file, 2: the command that was probably meant.
+    FileForCommand, ///< 1: the file, 2: the command that was probably meant, 3: the file as a shell takes it.
     CommandFirst,   ///< 1: the option that stood before it.
     UnknownChoice,  ///< 1: the command, 2: the word, 3: what it can be, 4: the nearest one.
     UnknownOption,  ///< 1: the command, 2: the option, 3: the nearest one.

@@ -157,7 +157,12 @@ void TestZoconvert::refusalsNameWhatWasTyped_data()
     refused("a misspelt command", {"shwo"}, "There is no command shwo. zoconvert -h lists them. Did you mean show?");
     refused("a strange command", {"xyzzyx"}, "There is no command xyzzyx. zoconvert -h lists them.");
     refused("a file", {"a.zoeffect.json"},
-            "a.zoeffect.json is a file, and a command comes first. Did you mean: zoconvert show a.zoeffect.json");
+            "A command comes before a.zoeffect.json. Did you mean: zoconvert show a.zoeffect.json");
+    refused("a folder", {"./"}, "A command comes before ./. Did you mean: zoconvert convert ./");
+    refused("a file with a blank", {"my film.mkv"},
+            "A command comes before my film.mkv. Did you mean: zoconvert convert 'my film.mkv'");
+    refused("a file like an option", {"-x.mkv"},
+            "A command comes before -x.mkv. Did you mean: zoconvert convert ./-x.mkv");
     refused("an option first", {"--json", "show"}, "--json stands before the command. The command comes first.");
     refused("a misspelt option", {"show", "--jsn", "a.zoeffect.json"},
             "show takes no option --jsn. Did you mean --json?");
@@ -217,6 +222,8 @@ void TestZoconvert::refusalsNameWhatWasTyped()
     QFETCH(Arguments, arguments);
     QFETCH(QString, sentence);
     ProgramRun program;
+    for (const char* film : {"my film.mkv", "-x.mkv"})
+        program.write(film, "no film");
     const QString before = program.files();
     program.run(arguments);
     QCOMPARE(program.err, QStringLiteral("zoconvert: %1\n").arg(sentence));

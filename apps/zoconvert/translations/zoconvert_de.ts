@@ -12,8 +12,8 @@
         <translation>Es gibt keinen Befehl %1. zoconvert -h zählt sie auf.| Meinten Sie %2?</translation>
     </message>
     <message>
-        <source>%1 is a file, and a command comes first. Did you mean: zoconvert %2 %1</source>
-        <translation>%1 ist eine Datei, und zuerst kommt ein Befehl. Meinten Sie: zoconvert %2 %1</translation>
+        <source>A command comes before %1. Did you mean: zoconvert %2 %3</source>
+        <translation>Vor %1 kommt ein Befehl. Meinten Sie: zoconvert %2 %3</translation>
     </message>
     <message>
         <source>%1 stands before the command. The command comes first.</source>
