@@ -157,6 +157,8 @@ private:
             refuse(checkVideoOptions(m_settings.output, m_plan.videoCodec));
             chooseForm(*stream);
             checkGraph();
+        } else if (cropsNothing(m_settings)) {
+            m_plan.warnings.append(Message(Code::CropIncomplete));
         }
         m_plan.tracks.append(plan);
     }

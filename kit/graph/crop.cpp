@@ -45,6 +45,14 @@ bool leavesFrame(const Settings& settings, const QSize& frame)
     return crop && !QRect(QPoint(0, 0), frame).contains(wishedCrop(crop->values));
 }
 
+bool cropsNothing(const Settings& settings)
+{
+    const TypeSettings* crop = selectedType(settings, "Crop");
+    const QRect wished = crop ? wishedCrop(crop->values) : QRect();
+    const bool isWhole = wished.width() != 0 && wished.height() != 0;
+    return crop && !isWhole && (!wished.topLeft().isNull() || wished.width() != 0 || wished.height() != 0);
+}
+
 QRect croppedTo(const Settings& settings, const QSize& frame, bool even, Message* error)
 {
     const TypeSettings* crop = selectedType(settings, "Crop");

@@ -56,6 +56,8 @@ void addRawSource(Chain& chain, const MediaStream& stream);
 void addToneMap(Chain& chain, Picture& picture, const MediaStream& stream, bool deep);
 /// Whether a crop reaches out of \a frame.
 bool leavesFrame(const Settings& settings, const QSize& frame);
+/// Whether a part of a crop is set, and nothing is cut off, since its width or height is not.
+bool cropsNothing(const Settings& settings);
 bool isTurned(const Settings& settings);
 void addTurning(Chain& chain, Picture& picture, const Settings& settings);
 bool changesColour(const Settings& settings);

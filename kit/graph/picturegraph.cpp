@@ -71,6 +71,8 @@ void addEnd(Chain& chain, Picture& picture, const Settings& settings, const QStr
     const QSize whole = kept.isValid() ? kept.size() : picture.frame;
     if (kept.isValid() && leavesFrame(settings, picture.frame))
         graph.warnings.append(Message(Code::CropCut, {sizeText(kept.size()), sizeText(picture.frame)}));
+    if (cropsNothing(settings))
+        graph.warnings.append(Message(Code::CropIncomplete));
     graph.size = outputSize(settings, whole);
     const bool isScaled = graph.size != whole;
     if (kept.isValid()) {

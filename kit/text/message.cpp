@@ -110,6 +110,7 @@ constexpr Text texts[] = {
     {Code::PictureRefused,    QT_TRANSLATE_NOOP("zokit", "%1: the size of the picture, track %2, is unknown or above 64 million pixels. Check that it is whole, or make it smaller.")},
     {Code::ProbeTooLong,      QT_TRANSLATE_NOOP("zokit", "%1: nothing was found out about it in %2 seconds. Check that its disk answers, and that it is whole.")},
     {Code::CropTooSmall,     QT_TRANSLATE_NOOP("zokit", "%1 of the frame of %2 is left of the crop. At least %3 is needed: move it into the frame or make it larger.")},
+    {Code::CropIncomplete,   QT_TRANSLATE_NOOP("zokit", "The crop has no width or no height, so nothing is cut off. Set Crop:crop_width and Crop:crop_height, too.")},
     {Code::CropCut,          QT_TRANSLATE_NOOP("zokit", "The crop leaves the frame of %2. %1 is kept of it.")},
     {Code::OddSize,          QT_TRANSLATE_NOOP("zokit", "%1: with %2 width and height have to be even. Take another size, or a pixel format like yuv444p.")},
     {Code::MakesEightBits,   QT_TRANSLATE_NOOP("zokit", "%1 leaves eight bits of a picture that has more.")},

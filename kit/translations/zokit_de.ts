@@ -1564,6 +1564,10 @@
         <translation>Vom Zuschnitt liegen nur %1 im Bild von %2. Es müssen mindestens %3 sein: verschieben Sie ihn ins Bild oder machen Sie ihn größer.</translation>
     </message>
     <message>
+        <source>The crop has no width or no height, so nothing is cut off. Set Crop:crop_width and Crop:crop_height, too.</source>
+        <translation>Der Zuschnitt hat keine Breite oder keine Höhe, daher wird nichts abgeschnitten. Setzen Sie auch Crop:crop_width und Crop:crop_height.</translation>
+    </message>
+    <message>
         <source>The crop leaves the frame of %2. %1 is kept of it.</source>
         <translation>Der Zuschnitt reicht über das Bild von %2 hinaus. Behalten wird davon %1.</translation>
     </message>

@@ -112,7 +112,8 @@ public:
         PictureRefused,  ///< 1: the path, 2: the stream number.
         ProbeTooLong,    ///< 1: the path, 2: seconds.
         // The graph
-        CropTooSmall,     ///< 1: what is left of the crop, 2: the frame, 3: the smallest size.
+        CropTooSmall, ///< 1: what is left of the crop, 2: the frame, 3: the smallest size.
+        CropIncomplete,
         CropCut,          ///< 1: what is kept of the crop, 2: the frame.
         OddSize,          ///< 1: the size, 2: the pixel format.
         MakesEightBits,   ///< 1: the frame effect.
