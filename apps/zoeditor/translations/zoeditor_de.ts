@@ -370,7 +370,7 @@
     <name>zoeditor::Listening</name>
     <message>
         <source>The player gave up: %1</source>
-        <translation>Der Spieler hat aufgegeben: %1</translation>
+        <translation>Das Abspielprogramm hat aufgegeben: %1</translation>
     </message>
     <message>
         <source>The sound cannot be kept in %1: %2</source>
@@ -378,11 +378,11 @@
     </message>
     <message>
         <source>There is no player for sound. Install one, for example with: apt-get install pulseaudio-utils</source>
-        <translation>Es gibt keinen Spieler für Ton. Installieren Sie einen, zum Beispiel so: apt-get install pulseaudio-utils</translation>
+        <translation>Es gibt kein Programm, das Ton abspielt. Installieren Sie eines, zum Beispiel so: apt-get install pulseaudio-utils</translation>
     </message>
     <message>
         <source>The player does not end. Try again.</source>
-        <translation>Der Spieler endet nicht. Versuchen Sie es noch einmal.</translation>
+        <translation>Das Abspielprogramm endet nicht. Versuchen Sie es noch einmal.</translation>
     </message>
 </context>
 <context>
@@ -940,12 +940,12 @@
         <translation>Kommt von</translation>
     </message>
     <message>
-        <source>No default is saved: new files get what the catalogue says.</source>
-        <translation>Keine Vorgabe ist gesichert: Neue Dateien bekommen, was der Katalog sagt.</translation>
+        <source>No default is saved: new files get the values that are built in.</source>
+        <translation>Keine Vorgabe ist gesichert: Neue Dateien bekommen die eingebauten Werte.</translation>
     </message>
     <message>
-        <source>A saved default acts where a file is added or a value taken back.</source>
-        <translation>Eine gesicherte Vorgabe wirkt, wenn eine Datei hinzukommt oder ein Wert zurückgesetzt wird.</translation>
+        <source>Files that are added from now on get the saved values, and so does what is taken back.</source>
+        <translation>Dateien, die von nun an hinzukommen, bekommen die gesicherten Werte, und ebenso, was zurückgesetzt wird.</translation>
     </message>
     <message>
         <source>&amp;Save number %1 of the current file as default</source>
@@ -960,8 +960,8 @@
         <translation>gesicherte Vorgabe</translation>
     </message>
     <message>
-        <source>catalogue</source>
-        <translation>Katalog</translation>
+        <source>built in</source>
+        <translation>eingebaut</translation>
     </message>
 </context>
 <context>
@@ -1106,6 +1106,18 @@
         <translation>Zurücksetzen: %1</translation>
     </message>
     <message>
+        <source>per file</source>
+        <translation>je Datei</translation>
+    </message>
+    <message>
+        <source>not set</source>
+        <translation>nicht gesetzt</translation>
+    </message>
+    <message>
+        <source>not set: %1</source>
+        <translation>nicht gesetzt: %1</translation>
+    </message>
+    <message>
         <source>different</source>
         <translation>verschieden</translation>
     </message>
@@ -1153,8 +1165,8 @@
         <translation>Was sie in der aktuellen Datei ändert:</translation>
     </message>
     <message>
-        <source>&amp;Lay over the selected files</source>
-        <translation>Über die ausgewählten Dateien &amp;legen</translation>
+        <source>&amp;Apply to the selected files</source>
+        <translation>Auf die ausgewählten Dateien an&amp;wenden</translation>
     </message>
     <message>
         <source>Presets (*.zoeffect.json)</source>
@@ -1393,6 +1405,13 @@
     <message>
         <source>The place in the frame that the watermark keeps at every size. Free: it stays where it was put. (anchor)</source>
         <translation>Der Platz im Bild, den das Wasserzeichen in jeder Größe behält. Frei: Es bleibt, wo es hingesetzt wurde. (anchor)</translation>
+    </message>
+</context>
+<context>
+    <name>zoeditor::SoundDevice</name>
+    <message>
+        <source>The sound device gave up.</source>
+        <translation>Das Tongerät hat aufgegeben.</translation>
     </message>
 </context>
 </TS>
