@@ -32,6 +32,8 @@ LanguageList::LanguageList(const QString& name, const QString& label, QWidget* p
     setObjectName(name);
     m_list->setObjectName(name + QStringLiteral(":list"));
     m_list->setAccessibleName(label);
+    m_list->setDragDropMode(QAbstractItemView::InternalMove);
+    connect(m_list->model(), &QAbstractItemModel::rowsMoved, this, &LanguageList::edited);
     m_choice->setObjectName(name + QStringLiteral(":choice"));
     m_choice->setAccessibleName(tr("Language to add: %1").arg(label));
     m_choice->view()->setAccessibleName(m_choice->accessibleName());
