@@ -19,6 +19,7 @@
 #include <zokit/differences.h>
 #include <zokit/frames.h>
 
+#include "buttons.h"
 #include "differencelist.h"
 #include "session.h"
 #include "whattree.h"
@@ -77,7 +78,7 @@ ApplyDialog::ApplyDialog(Session* session, QWidget* parent)
     m_problem->setObjectName(QStringLiteral("problem"));
     m_problem->setWordWrap(true);
 
-    auto* from = new QLabel(tr("From %1:").arg(QFileInfo(m_from.media.file).fileName()), this);
+    auto* from = new QLabel(tr("From %1:").arg(inLabel(QFileInfo(m_from.media.file).fileName())), this);
     from->setWordWrap(true);
     from->setBuddy(m_what);
     auto* left = new QWidget(this);
@@ -195,8 +196,9 @@ void ApplyDialog::showPicture(QLabel* label, const FileSettings* file)
     const QSize size = settings.media.frame;
     label->setPixmap(QPixmap::fromImage(
         zokit::previewPicture(settings, frame).scaled(pictureSize, Qt::KeepAspectRatio, Qt::SmoothTransformation)));
-    const QString text =
-        tr("%1, %2 x %3").arg(QFileInfo(settings.media.file).fileName()).arg(size.width()).arg(size.height());
+    const QString text = tr("%1, %2 x %3")
+                             .arg(QFileInfo(settings.media.file).fileName(), QString::number(size.width()),
+                                  QString::number(size.height()));
     label->setToolTip(text);
     label->setAccessibleName(text);
 }

@@ -18,4 +18,10 @@ inline QPushButton* makeButton(QLayout* layout, const char* name, const QString&
     return button;
 }
 
+/// \a name for a label that has a buddy, where "&" would mark the letter behind it.
+inline QString inLabel(QString name)
+{
+    return name.replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
 } // namespace zoeditor

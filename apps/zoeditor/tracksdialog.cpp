@@ -19,6 +19,7 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include "buttons.h"
 #include "jobs.h"
 #include "languagelist.h"
 #include "session.h"
@@ -132,7 +133,8 @@ QWidget* TracksDialog::makeTracks()
     auto* page = new QWidget(this);
     auto* layout = new QVBoxLayout(page);
     layout->setContentsMargins(0, 0, 0, 0);
-    auto* title = new QLabel(tr("Tracks of %1:").arg(QFileInfo(m_session->current()->media().file).fileName()), page);
+    auto* title =
+        new QLabel(tr("Tracks of %1:").arg(inLabel(QFileInfo(m_session->current()->media().file).fileName())), page);
     title->setBuddy(m_tracks);
     m_tracks->setObjectName(QStringLiteral("tracks"));
     m_tracks->setAccessibleName(tr("Tracks"));
