@@ -79,8 +79,10 @@ void Panel::focusOn(const QString& key)
 
 void Panel::rebuild()
 {
+    const bool isSame = m_thing == m_session->thing();
+    const int scrolled = isSame ? verticalScrollBar()->value() : 0;
     const QWidget* focused = focusWidget();
-    const QString name = focused && m_thing == m_session->thing() ? focused->objectName() : QString();
+    const QString name = focused && isSame ? focused->objectName() : QString();
     for (const Row& row : std::as_const(m_rows))
         m_session->endGesture(row.control);
     m_rows.clear();
@@ -124,6 +126,8 @@ void Panel::rebuild()
     update();
     const int needed = page->minimumSizeHint().width() + verticalScrollBar()->sizeHint().width();
     setMinimumWidth(std::max(minimumWidth(), needed)); // It never becomes narrower: the window would jump.
+    QCoreApplication::sendPostedEvents(page, QEvent::LayoutRequest); // The bar learns how far it goes.
+    verticalScrollBar()->setValue(scrolled);
     if (QWidget* same = name.isEmpty() ? nullptr : page->findChild<QWidget*>(name))
         same->setFocus();
     if (m_rows.contains(m_wanted)) {
@@ -201,12 +205,12 @@ bool Panel::finishTyping()
 {
     m_isTaken = true;
     QWidget* focused = QApplication::focusWidget();
-    if (!focused || !isAncestorOf(focused))
-        return true;
-    if (auto* box = qobject_cast<QAbstractSpinBox*>(focused))
+    const bool isHere = focused && isAncestorOf(focused);
+    if (auto* box = qobject_cast<QAbstractSpinBox*>(isHere ? focused : nullptr))
         box->interpretText();
-    else if (auto* line = qobject_cast<QLineEdit*>(focused))
+    else if (auto* line = qobject_cast<QLineEdit*>(isHere ? focused : nullptr))
         emit line->editingFinished();
+    m_session->endAnyGesture();
     return m_isTaken;
 }
 

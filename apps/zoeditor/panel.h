@@ -28,7 +28,8 @@ public:
 
     /// Moves the focus to the field of \a key of the chosen thing; nothing when it has none.
     void focusOn(const QString& key);
-    /// Sets what is typed in a field and was not set yet. False when it was refused.
+    /// Sets what is typed in a field and was not set yet, and ends the gesture that is open: what an action does comes
+    /// after it. False when what was typed was refused.
     bool finishTyping();
 
 private:

@@ -85,23 +85,30 @@ bool Session::take(const Message& refusal)
 
 void Session::beginGesture(QObject* owner, const Message& text)
 {
-    if (m_gestureOwner)
-        history().endGesture();
+    endAnyGesture();
     m_gestureOwner = owner;
+    m_isInGesture = true;
     history().beginGesture(text);
 }
 
 void Session::endGesture(QObject* owner)
 {
-    if (!owner || m_gestureOwner != owner)
+    if (owner && m_gestureOwner == owner)
+        endAnyGesture();
+}
+
+void Session::endAnyGesture()
+{
+    if (!m_isInGesture)
         return;
     m_gestureOwner.clear();
+    m_isInGesture = false;
     history().endGesture();
 }
 
 void Session::undo()
 {
-    endGesture(m_gestureOwner); // It may be the step that is meant.
+    endAnyGesture(); // It may be the step that is meant.
     goTo(history().position() - 1);
 }
 
@@ -112,7 +119,7 @@ void Session::redo()
 
 void Session::goTo(int count)
 {
-    endGesture(m_gestureOwner);
+    endAnyGesture(); // The history passes no step that is not whole.
     m_selection->goTo(count);
 }
 

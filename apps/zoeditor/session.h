@@ -93,8 +93,9 @@ public:
     /// Until endGesture() of the same \a owner, or the next gesture, undo or redo, all edits are one step.
     void beginGesture(QObject* owner, const zokit::Message& text);
     void endGesture(QObject* owner);
-    QObject* gestureOwner() const { return m_gestureOwner; } ///< Null outside gestures.
-    bool isInGesture() const { return !m_gestureOwner.isNull(); }
+    void endAnyGesture();                                    ///< Whoever began it, and is no more.
+    QObject* gestureOwner() const { return m_gestureOwner; } ///< Null outside gestures, and when it is no more.
+    bool isInGesture() const { return m_isInGesture; }
     void undo();
     void redo();
     void goTo(int count); ///< As History::goTo().
@@ -173,6 +174,7 @@ private:
     std::unique_ptr<zokit::Selection> m_selection;
     QVector<zokit::Identity> m_selected;
     QPointer<QObject> m_gestureOwner;
+    bool m_isInGesture = false;
     int m_openingRow = -1; ///< The row whose file is being added.
 };
 

@@ -136,7 +136,7 @@ void Session::addToProject(int index)
             Message(Message::Code::Rescaled,
                     {QStringLiteral("%1x%2").arg(row.loaded->media.frame.width()).arg(row.loaded->media.frame.height()),
                      QStringLiteral("%1x%2").arg(settings.media.frame.width()).arg(settings.media.frame.height())}));
-    endGesture(m_gestureOwner);
+    endAnyGesture();
     m_openingRow = index;
     m_project.add(settings, this);
     m_openingRow = -1;

@@ -65,6 +65,10 @@ Window::Window(Session* session, QWidget* parent)
 {
     setObjectName(QStringLiteral("window"));
     setAcceptDrops(true);
+    for (const QAction* action : m_actions->all()) { // Undo does it itself: what is being edited is what it means.
+        if (action != m_actions->action("undo"))
+            connect(action, &QAction::triggered, this, [this] { findChild<Panel*>()->finishTyping(); });
+    }
     makePanes();
     connectFiles();
     connectHistory();
@@ -78,7 +82,7 @@ Window::Window(Session* session, QWidget* parent)
 
 Window::~Window()
 {
-    m_session->endGesture(m_session->gestureOwner());
+    m_session->endAnyGesture();
     appearance::saveSizes(*this);
 }
 
@@ -172,7 +176,7 @@ void Window::connectHistory()
     connect(redo, &QAction::triggered, m_session, &Session::redo);
     const auto update = [this, undo, redo] {
         const zokit::History& history = m_session->history();
-        undo->setEnabled(history.position() > 0 || m_session->gestureOwner());
+        undo->setEnabled(history.position() > 0 || m_session->isInGesture());
         redo->setEnabled(history.canRedo());
         const QString undone = history.undoText().text();
         const QString redone = history.redoText().text();
@@ -239,6 +243,7 @@ bool Window::saveAs(zokit::FileSettings* file)
 
 void Window::closeEvent(QCloseEvent* event)
 {
+    findChild<Panel*>()->finishTyping();
     if (!m_flows->mayClose()) {
         event->ignore();
         return;

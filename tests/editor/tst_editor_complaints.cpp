@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 // What users of other programs with windows complained of, done here once more. Each stands under the number of the
-// complaint, where it was one; the last ones are heard of many programs.
+// complaint, where it was one; the last ones are heard of many programs, each with a line that says what.
 
 #include <algorithm>
 #include <cmath>
@@ -11,6 +11,7 @@
 #include <QtWidgets>
 
 #include <zokit/history.h>
+#include <zokit/settingsfile.h>
 
 #include <appearance.h>
 
@@ -43,6 +44,15 @@ private slots:
     void copiedFilesArePastedIntoTheList();
     void pointAndCommaStandBeforeDecimals_data();
     void pointAndCommaStandBeforeDecimals();
+    void whatIsTypedStaysWithItsFile();
+    void whatIsTypedIsSavedConvertedAndAskedFor();
+    void whatIsTypedIsAStepOfItsOwn();
+    void escapeInADialogKeepsWhatIsTyped();
+    void listOfFilesStaysWhereItIs();
+    void panelStaysWhereItIs();
+    void cancelledConversionLeavesNothing();
+    void namesAreShownAsTheyAre();
+    void lookingIsNoStep();
 };
 
 namespace {
@@ -84,6 +94,32 @@ QString shownBy(const QWidget* field)
     const auto* slider = qobject_cast<const QSlider*>(field);
     return slider ? QString::number(slider->value()) : QString();
 }
+
+/// Two clips; the contrast of the first one is about to be typed.
+struct Typed : Stage {
+    Typed()
+    {
+        session().open({copyOf("plain.mp4", folder, "a.mp4"), copyOf("plain.mp4", folder, "b.mp4")});
+        waitForFiles();
+        window().activateWindow();
+        if (!QTest::qWaitForWindowActive(&window()))
+            qFatal("The window does not become the active one");
+        session().setCurrent(file(0));
+        session().setThing(file(0)->type(key("Color")));
+        settle();
+    }
+
+    /// Without Return, and without going to another field.
+    void type(const char* text) const
+    {
+        window().activateWindow();
+        auto* field = find<QSpinBox>("Color:bcs_contrast");
+        field->setFocus();
+        field->selectAll();
+        QTest::keyClicks(field, key(text));
+    }
+    QVariant value(int row) const { return file(row)->value(file(row)->type(key("Color")), key("bcs_contrast")); }
+};
 
 } // namespace
 
@@ -168,6 +204,7 @@ void TestEditorComplaints::originalsAreThereAfterADrop()
     QCOMPARE(stage.session().files().rowCount(), isTaken ? 1 : 0);
 }
 
+// Nothing happens when something is opened that is no clip, and nobody says why.
 void TestEditorComplaints::whatOpensNothingSaysSo()
 {
     const Stage stage;
@@ -188,6 +225,7 @@ void TestEditorComplaints::whatOpensNothingSaysSo()
     QVERIFY2(stage.status().startsWith(gone + key(": no such file")), qPrintable(stage.status()));
 }
 
+// The queue cannot be put in another order once it runs.
 void TestEditorComplaints::orderOfTheQueueIsChangedWhileItRuns()
 {
     QTemporaryDir folder;
@@ -223,6 +261,7 @@ void TestEditorComplaints::themesCanBeRead_data()
     QTest::newRow("dark") << int(zoeditor::appearance::Theme::Dark);
 }
 
+// Texts cannot be read in the dark theme.
 void TestEditorComplaints::themesCanBeRead()
 {
     QFETCH(const int, theme);
@@ -257,6 +296,7 @@ void TestEditorComplaints::themesCanBeRead()
     }
 }
 
+// The key Delete does nothing, or deletes what is not meant.
 void TestEditorComplaints::deleteRemovesWhatIsChosen()
 {
     const Full stage;
@@ -280,6 +320,7 @@ void TestEditorComplaints::deleteRemovesWhatIsChosen()
     QCOMPARE(stage.session().files().rowCount(), 1);
 }
 
+// Files that were copied in the file manager cannot be pasted.
 void TestEditorComplaints::copiedFilesArePastedIntoTheList()
 {
     const Stage stage;
@@ -308,6 +349,7 @@ void TestEditorComplaints::pointAndCommaStandBeforeDecimals_data()
     QTest::newRow("comma in German") << key("de") << key("1,25") << key("1,25");
 }
 
+// Numbers with a comma are refused, or 1,5 becomes 15.
 void TestEditorComplaints::pointAndCommaStandBeforeDecimals()
 {
     QFETCH(const QString, language);
@@ -326,6 +368,195 @@ void TestEditorComplaints::pointAndCommaStandBeforeDecimals()
     QTest::keyClick(field, Qt::Key_Return);
     QCOMPARE(stage.file(0)->value(item, key("wm_transfactor")), QVariant(1.25));
     QCOMPARE(field->cleanText(), shown);
+}
+
+// What is set for one film lands in the next one that is chosen.
+void TestEditorComplaints::whatIsTypedStaysWithItsFile()
+{
+    const Typed stage;
+    auto* list = stage.find<QListView>("fileList");
+    stage.type("12");
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier,
+                      list->visualRect(list->model()->index(1, 0)).center());
+    QCOMPARE(stage.session().current(), stage.file(1));
+    QCOMPARE(stage.value(0), QVariant(12));
+    QCOMPARE(stage.value(1), QVariant(0));
+}
+
+// The number that was typed last is not in what was saved or converted, because no other field was clicked.
+void TestEditorComplaints::whatIsTypedIsSavedConvertedAndAskedFor()
+{
+    const Typed stage;
+    stage.type("12");
+    QVERIFY(stage.trigger("save"));
+    const zokit::ReadSettings saved = zokit::loadSettings(stage.folder.filePath(key("a.zoeffect.json")));
+    QVERIFY(saved.settings);
+    QCOMPARE(saved.settings->find(key("Color"))->values.value(key("bcs_contrast")), QVariant(12));
+    stage.type("13");
+    zokit::Queue& queue = stage.session().queue();
+    queue.pause();
+    stage.trigger("convert");
+    stage.find<QAbstractButton>("start")->click();
+    const zokit::Job job = queue.job(queue.rows().value(0));
+    QCOMPARE(job.settings.find(key("Color"))->values.value(key("bcs_contrast")), QVariant(13));
+    for (const int row : queue.rows())
+        queue.cancel(row);
+    queue.resume();
+    QTRY_VERIFY_WITH_TIMEOUT(!queue.isRunning(), 60000);
+    QVERIFY(stage.trigger("save"));
+    stage.type("14");
+    answer("closeQuestion", "stay");
+    QVERIFY(!stage.window().close());
+    QCOMPARE(stage.value(0), QVariant(14));
+}
+
+// Undo takes back more than what was done last.
+void TestEditorComplaints::whatIsTypedIsAStepOfItsOwn()
+{
+    const Full stage;
+    zokit::FileSettings* file = stage.file(0);
+    const zokit::Identity first = file->item(key("Watermark"), 0);
+    stage.session().setThing(first);
+    settle();
+    stage.find<QPlainTextEdit>("Watermark:wm_textcontent")->appendPlainText(key("you"));
+    QVERIFY(stage.trigger("addText"));
+    QCOMPARE(file->items(key("Watermark")).size(), 3);
+    QVERIFY(stage.trigger("undo"));
+    QCOMPARE(file->items(key("Watermark")).size(), 2);
+    QCOMPARE(file->value(first, key("wm_textcontent")), QVariant(key("Hello\nyou")));
+    QVERIFY(stage.trigger("undo"));
+    QCOMPARE(file->value(first, key("wm_textcontent")), QVariant(key("Hello")));
+}
+
+// Escape in a dialog throws away what was typed in the window before.
+void TestEditorComplaints::escapeInADialogKeepsWhatIsTyped()
+{
+    const Typed stage;
+    stage.visitDialogs([](QWidget&) {}); // What they do when they are opened is done.
+    const int steps = stage.session().history().position();
+    stage.type("12");
+    stage.visitDialogs([](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+    QCOMPARE(stage.value(0), QVariant(12));
+    QCOMPARE(stage.find<QSpinBox>("Color:bcs_contrast")->value(), 12);
+    QCOMPARE(stage.session().history().position(), steps + 1);
+}
+
+// The list jumps to its top when one of its rows changes.
+void TestEditorComplaints::listOfFilesStaysWhereItIs()
+{
+    const Stage stage;
+    for (int i = 0; i < 40; ++i) {
+        zokit::Settings settings;
+        settings.media.file = stage.folder.filePath(QStringLiteral("film%1.mp4").arg(i));
+        settings.media.frame = QSize(640, 360);
+        stage.session().project().add(settings);
+    }
+    stage.waitForFiles();
+    settle();
+    const QScrollBar* bar = stage.find<QListView>("fileList")->verticalScrollBar();
+    QVERIFY(bar->maximum() > 300);
+    stage.find<QListView>("fileList")->verticalScrollBar()->setValue(300);
+    zokit::FileSettings* file = stage.file(2);
+    file->setValue(file->type(key("Color")), key("bcs_contrast"), 5);
+    stage.session().setThumbnail(stage.file(3)->file(), QPixmap(96, 54));
+    zokit::Job job;
+    job.input = file->media().file;
+    job.output = stage.folder.filePath(key("out.mp4"));
+    stage.session().queue().add(job);
+    settle();
+    QVERIFY(stage.session().files().rows().at(2).isEdited);
+    QCOMPARE(stage.session().files().rows().at(2).work, key("waiting"));
+    QCOMPARE(bar->value(), 300);
+}
+
+// The values jump to their top when something is put in another order.
+void TestEditorComplaints::panelStaysWhereItIs()
+{
+    const Full stage;
+    stage.window().resize(1024, 640);
+    stage.session().setThing(stage.file(0)->item(key("Watermark"), 0));
+    settle();
+    QScrollBar* bar = stage.find<QScrollArea>("panel")->verticalScrollBar();
+    QVERIFY(bar->maximum() > 100);
+    bar->setValue(100);
+    QVERIFY(stage.trigger("itemDown"));
+    settle();
+    QCOMPARE(stage.file(0)->items(key("Watermark")).indexOf(stage.session().thing()), 1);
+    QCOMPARE(bar->value(), 100);
+    stage.session().setThing(stage.file(0)->item(key("Watermark"), 0));
+    settle();
+    QCOMPARE(bar->value(), 0); // Another one begins at its beginning.
+}
+
+// A conversion that is cancelled leaves a broken file, under the name of a whole one.
+void TestEditorComplaints::cancelledConversionLeavesNothing()
+{
+    const QTemporaryDir folder;
+    const Stage stage({copyOf("long.ts", folder, "film.ts")});
+    zokit::FileSettings* file = stage.file(0);
+    file->setValue(file->output(), key("video-codec"), key("av1")); // Takes its time.
+    file->setValue(file->output(), key("encoder-speed"), key("0"));
+    stage.trigger("convert");
+    stage.find<QAbstractButton>("start")->click();
+    const auto names = [&folder] { return QDir(folder.path()).entryList(QDir::Files | QDir::Hidden, QDir::Name); };
+    QTRY_VERIFY_WITH_TIMEOUT(names().size() > 1, 60000);
+    QVERIFY2(!names().contains(key("film-converted.mkv")), qPrintable(names().join(key(", "))));
+    stage.find<QAbstractButton>("cancelRow")->click();
+    QTRY_VERIFY_WITH_TIMEOUT(!stage.session().queue().isRunning(), 60000);
+    QCOMPARE(stage.find<QTreeWidget>("queueList")->topLevelItem(0)->text(1), key("cancelled"));
+    QCOMPARE(names(), QStringList{key("film.ts")});
+}
+
+// Names with a percent sign or an ampersand come out garbled.
+void TestEditorComplaints::namesAreShownAsTheyAre()
+{
+    const QTemporaryDir folder;
+    const QString name = key("%1 & 100 %2.mp4");
+    const Stage stage({copyOf("plain.mp4", folder, "%1 & 100 %2.mp4"), copyOf("plain.mp4", folder, "%L1 & %n.mp4")});
+    stage.trigger("addText");
+    QCOMPARE(stage.session().files().index(0).data().toString().section(QLatin1Char('\n'), 0, 0), name);
+    QCOMPARE(stage.window().windowTitle(), name + key("[*] - zoeditor"));
+    stage.trigger("applyTo");
+    QCOMPARE(stage.find<QLabel>("largest")->accessibleName(), key("%L1 & %n.mp4, 160 x 120"));
+    const auto titles = [](const QWidget& dialog) {
+        QStringList texts; // Of labels that mark the letter behind an ampersand: two of them are one.
+        for (const QLabel* label : dialog.findChildren<QLabel*>()) {
+            if (label->buddy())
+                texts.append(label->text());
+        }
+        return texts;
+    };
+    QVERIFY(titles(*stage.find("applyDialog")).contains(key("From %1 && 100 %2.mp4:")));
+    stage.find("applyDialog")->close();
+    settle();
+    stage.trigger("tracks");
+    QVERIFY(titles(*stage.find("tracksDialog")).contains(key("Tracks of %1 && 100 %2.mp4:")));
+    stage.find("tracksDialog")->close();
+    settle();
+    stage.trigger("convert");
+    QCOMPARE(stage.find<QTreeWidget>("plans")->topLevelItem(0)->text(0),
+             QString::fromUtf8("%1 & 100 %2.mp4 \342\206\222 %1 & 100 %2-converted.mp4"));
+    QCOMPARE(stage.find<QComboBox>("optionsOf")->itemText(1), key("Options of ") + name);
+}
+
+// Undo takes back that something was looked at.
+void TestEditorComplaints::lookingIsNoStep()
+{
+    const Full stage;
+    const QByteArray before = kitsupport::settingsOf(stage.session().project());
+    const int steps = stage.session().history().count();
+    stage.visitAll([](const QString&) {});
+    stage.visitDialogs([](QWidget&) {});
+    for (const char* action : {"showBefore", "showSplit", "showAfter", "zoomIn", "zoomFull", "zoomFit", "stepForward",
+                               "stepBack", "findValue", "queue"})
+        QVERIFY2(stage.trigger(action), action);
+    stage.find<QSlider>("time")->setValue(200);
+    stage.find<QLineEdit>("search")->setText(key("size"));
+    stage.find<QLineEdit>("filter")->setText(key("lang"));
+    stage.find<QComboBox>("order")->setCurrentIndex(1);
+    settle();
+    QCOMPARE(stage.session().history().count(), steps);
+    QCOMPARE(kitsupport::settingsOf(stage.session().project()), before);
 }
 
 EDITOR_TEST_MAIN(TestEditorComplaints)

@@ -24,7 +24,9 @@ private slots:
     void undoAllGivesTheFirstState();
     void historyIsAListToJumpIn();
     void newStepReplacesWhatWasUndone();
+    void gestureThatIsOpenIsUndoneAsAStep_data();
     void gestureThatIsOpenIsUndoneAsAStep();
+    void gestureThatIsOpenIsAStepToJumpFrom();
 };
 
 namespace {
@@ -154,17 +156,40 @@ void TestEditorUndo::newStepReplacesWhatWasUndone()
     QVERIFY(!stage.window().actions().action("redo")->isEnabled());
 }
 
+void TestEditorUndo::gestureThatIsOpenIsUndoneAsAStep_data()
+{
+    QTest::addColumn<bool>("isOwnerGone");
+    QTest::newRow("whoever began it is there") << false;
+    QTest::newRow("whoever began it has gone") << true;
+}
+
 void TestEditorUndo::gestureThatIsOpenIsUndoneAsAStep()
+{
+    QFETCH(const bool, isOwnerGone);
+    const Stage stage({clips::clip(key("plain.mp4"))});
+    auto owner = std::make_unique<QObject>();
+    stage.session().beginGesture(owner.get(), zokit::Message(zokit::Message::Code::StepChange, {key("Contrast")}));
+    set(stage, 0, "bcs_contrast", 5);
+    set(stage, 0, "bcs_contrast", 6);
+    if (isOwnerGone)
+        owner.reset();
+    QVERIFY(stage.trigger("undo"));
+    QCOMPARE(value(stage, 0, "bcs_contrast"), QVariant(0));
+    QVERIFY(!stage.session().isInGesture());
+    QCOMPARE(stage.session().history().count(), 2);
+}
+
+void TestEditorUndo::gestureThatIsOpenIsAStepToJumpFrom()
 {
     const Stage stage({clips::clip(key("plain.mp4"))});
     QObject owner;
     stage.session().beginGesture(&owner, zokit::Message(zokit::Message::Code::StepChange, {key("Contrast")}));
     set(stage, 0, "bcs_contrast", 5);
-    set(stage, 0, "bcs_contrast", 6);
-    QVERIFY(stage.trigger("undo"));
-    QCOMPARE(value(stage, 0, "bcs_contrast"), QVariant(0));
-    QVERIFY(!stage.session().gestureOwner());
-    QCOMPARE(stage.session().history().count(), 2);
+    jumpTo(history(stage), 0);
+    QCOMPARE(stage.session().files().rowCount(), 0);
+    QVERIFY(stage.trigger("redo"));
+    QVERIFY(stage.trigger("redo"));
+    QCOMPARE(value(stage, 0, "bcs_contrast"), QVariant(5));
 }
 
 EDITOR_TEST_MAIN(TestEditorUndo)
