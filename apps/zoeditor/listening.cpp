@@ -3,6 +3,8 @@
 
 #include "listening.h"
 
+#include <utility>
+
 #include <QFile>
 #include <QStandardPaths>
 
@@ -15,9 +17,15 @@ struct Player {
     QStringList arguments; ///< Before the file.
 };
 
-/// The first one that is there.
+/// The one that ZOEDITOR_PLAYER names, else the first one that is there.
 zokit::Command playerFor(const QString& file)
 {
+    zokit::Command command;
+    if (const QString named = qEnvironmentVariable("ZOEDITOR_PLAYER"); !named.isEmpty()) {
+        command.program = QStandardPaths::findExecutable(named);
+        command.arguments = QStringList{file};
+        return command;
+    }
     const QVector<Player> players{
         {"pw-play", {}},
         {"paplay", {}},
@@ -25,7 +33,6 @@ zokit::Command playerFor(const QString& file)
         {"ffplay",
          {QStringLiteral("-nodisp"), QStringLiteral("-autoexit"), QStringLiteral("-v"), QStringLiteral("quiet")}},
     };
-    zokit::Command command;
     for (const Player& player : players) {
         command.program = QStandardPaths::findExecutable(QString::fromLatin1(player.program));
         command.arguments = player.arguments + QStringList{file};
@@ -37,8 +44,17 @@ zokit::Command playerFor(const QString& file)
 
 } // namespace
 
-Listening::Listening(const zokit::Tools& tools, QObject* parent) : QObject(parent), m_tools(tools)
+Listening::Listening(const zokit::Tools& tools, std::unique_ptr<SoundDevice> device, QObject* parent)
+    : QObject(parent), m_tools(tools), m_device(std::move(device))
 {
+    if (m_device) {
+        connect(m_device.get(), &SoundDevice::ended, this, [this](const QString& trouble) {
+            m_isDevicePlaying = false;
+            if (!trouble.isEmpty())
+                emit failed(trouble);
+            emit activeChanged(isActive());
+        });
+    }
     connect(&m_player, &zokit::Child::finished, this, [this](const zokit::ChildResult& result) {
         if (isMaking())
             return; // Another piece is being made.
@@ -51,6 +67,7 @@ Listening::Listening(const zokit::Tools& tools, QObject* parent) : QObject(paren
 void Listening::start(const zokit::SoundQuestion& question)
 {
     const bool wasActive = isActive();
+    silence();
     m_player.cancel();
     if (!m_samples) {
         m_samples = std::make_unique<zokit::SoundSamples>(m_tools);
@@ -64,23 +81,36 @@ void Listening::start(const zokit::SoundQuestion& question)
 void Listening::stop()
 {
     const bool wasMaking = isMaking();
+    const bool wasPlaying = silence();
     if (m_samples)
         m_samples->cancel();
     if (m_player.isRunning())
         m_player.cancel(); // Its end is told.
-    else if (wasMaking)
+    else if (wasMaking || wasPlaying)
         emit activeChanged(false);
+}
+
+bool Listening::silence()
+{
+    if (!m_isDevicePlaying)
+        return false;
+    m_isDevicePlaying = false;
+    m_device->stop();
+    return true;
 }
 
 bool Listening::isActive() const
 {
-    return isMaking() || m_player.isRunning();
+    return isMaking() || m_isDevicePlaying || m_player.isRunning();
 }
 
 void Listening::play(const zokit::SoundAnswer& answer)
 {
     if (!answer.error.isEmpty())
         return fail(answer.error.text());
+    m_isDevicePlaying = m_device && m_device->play(answer.wave);
+    if (m_isDevicePlaying)
+        return;
     QFile file(m_folder.filePath(QStringLiteral("listen.wav")));
     if (!file.open(QIODevice::WriteOnly) || file.write(answer.wave) != answer.wave.size() || !file.flush())
         return fail(tr("The sound cannot be kept in %1: %2").arg(m_folder.path(), file.errorString()));

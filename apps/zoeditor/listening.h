@@ -11,15 +11,17 @@
 #include <zokit/child.h>
 #include <zokit/soundsamples.h>
 
+#include "sounddevice.h"
+
 namespace zoeditor {
 
-/// Plays a piece of sound as it will come out, by a player of the system.
+/// Plays a piece of sound as it will come out, by the sound device where there is one, else by a player of the system.
 class Listening : public QObject {
     Q_OBJECT
 
 public:
-    /// Silent. \a tools outlives it; looked at when something is first heard.
-    explicit Listening(const zokit::Tools& tools, QObject* parent = nullptr);
+    /// Silent. \a tools outlives it; looked at when something is first heard. \a device may be null.
+    Listening(const zokit::Tools& tools, std::unique_ptr<SoundDevice> device, QObject* parent = nullptr);
 
     /// Makes the piece and plays it; what played before ends.
     void start(const zokit::SoundQuestion& question);
@@ -37,11 +39,15 @@ signals:
 private:
     void play(const zokit::SoundAnswer& answer);
     void fail(const QString& sentence);
+    /// Silences the device. Whether it played.
+    bool silence();
     bool isMaking() const { return m_samples && m_samples->isRunning(); }
 
     const zokit::Tools& m_tools;
     std::unique_ptr<zokit::SoundSamples> m_samples; ///< Null until then.
-    zokit::Child m_player;
+    std::unique_ptr<SoundDevice> m_device;
+    bool m_isDevicePlaying = false;
+    zokit::Child m_player; ///< Where the device does not.
     QTemporaryDir m_folder;
 };
 

@@ -142,7 +142,7 @@ TimeLine::TimeLine(Session& session, zokit::ShownFrames& frames, const Actions& 
     , m_frames(frames)
     , m_bar(new TimeBar(this))
     , m_time(new QLabel(this))
-    , m_listening(new Listening(session.tools(), this))
+    , m_listening(new Listening(session.tools(), makeSoundDevice(), this))
     , m_subtitles(new SubtitleTimes(session, this))
 {
     setObjectName(QStringLiteral("timeline"));

@@ -13,6 +13,7 @@
 #include <zokit/shownframes.h>
 
 #include <actions.h>
+#include <listening.h>
 #include <picturepane.h>
 #include <timeline.h>
 
@@ -37,6 +38,9 @@ private slots:
     void withoutAFileThereIsNoTime();
     void subtitlesAreMarked();
     void soundIsListenedTo();
+    void soundIsPlayedByWhatIsThere_data();
+    void soundIsPlayedByWhatIsThere();
+    void deviceEndsAndIsStopped();
     void withoutAPlayerThatIsSaid();
 };
 
@@ -63,6 +67,66 @@ struct Clip : Stage {
     TimeLine* line = nullptr;
     zokit::ShownFrames* frames = nullptr;
 };
+
+/// A variable of the environment, until the end of a scope.
+struct Variable {
+    Variable(const char* ofName, const QByteArray& value) : name(ofName), before(qgetenv(ofName))
+    {
+        qputenv(name, value);
+    }
+    ~Variable() { before.isNull() ? qunsetenv(name) : qputenv(name, before); }
+    Q_DISABLE_COPY_MOVE(Variable)
+
+    const char* name;
+    QByteArray before;
+};
+
+/// A program of that name, in a folder of its own, that keeps what it is given to play.
+struct Player {
+    explicit Player(const char* name) : program(folder.filePath(key(name)))
+    {
+        QFile script(program);
+        if (!script.open(QIODevice::WriteOnly))
+            qFatal("The player cannot be made");
+        script.write("#!/bin/sh\ncat \"$1\" >> '" + QFile::encodeName(heard()) + "'\n");
+        script.setPermissions(script.permissions() | QFile::ExeOwner);
+    }
+    QString heard() const { return folder.filePath(key("heard")); }
+    /// What it has got since this was asked last.
+    QByteArray takeHeard() const
+    {
+        QFile file(heard());
+        const QByteArray sound = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+        file.remove();
+        return sound;
+    }
+
+    QTemporaryDir folder;
+    QString program;
+};
+
+/// A sound device that keeps what it is given to play, and ends when it is told to.
+class Device : public zoeditor::SoundDevice {
+public:
+    bool play(const QByteArray& wave) override
+    {
+        heard = can ? wave : QByteArray();
+        return can;
+    }
+    void stop() override { ++stops; }
+
+    bool can = true;
+    QByteArray heard;
+    int stops = 0;
+};
+
+zokit::SoundQuestion questionOf(const Stage& stage)
+{
+    zokit::SoundQuestion question;
+    question.settings = stage.file(0)->settings();
+    question.media = *stage.session().mediaOf(stage.file(0));
+    return question;
+}
 
 } // namespace
 
@@ -203,51 +267,106 @@ void TestEditorTimeLine::subtitlesAreMarked()
     QVERIFY(QTest::qWaitFor([&] { return clip.bar->cues().size() == 2; }, 30000));
 }
 
-/// The player of this test keeps what it is given.
 void TestEditorTimeLine::soundIsListenedTo()
 {
-    const QTemporaryDir players;
-    const QString heard = players.filePath(key("heard"));
-    QFile script(players.filePath(key("pw-play")));
-    QVERIFY(script.open(QIODevice::WriteOnly));
-    script.write("#!/bin/sh\ncat \"$1\" >> '" + QFile::encodeName(heard) + "'\n");
-    script.setPermissions(script.permissions() | QFile::ExeOwner);
-    script.close();
-    const QByteArray path = qgetenv("PATH");
-    qputenv("PATH", QFile::encodeName(players.path()) + ':' + path);
+    const Player player("pw-play");
+    const Variable named("ZOEDITOR_PLAYER", QFile::encodeName(player.program));
     const Stage stage({clips::clip(key("sound.wav"))});
     const auto pieceOf = [&](const char* action) {
-        QFile::remove(heard);
         stage.trigger(action);
         if (!QTest::qWaitFor([&] { return !stage.window().actions().action(action)->isChecked(); }, 60000))
             qWarning("The player did not end");
-        QFile file(heard);
-        file.open(QIODevice::ReadOnly);
-        return file.readAll();
+        return player.takeHeard();
     };
     stage.find<TimeBar>("time")->setValue(100);
     zokit::FileSettings* file = stage.file(0);
     file->setValue(file->type(key("Audio_Normalize")), key("audio_effect_flag"), true);
     const QByteArray withEffects = pieceOf("listen");
     const QByteArray plain = pieceOf("listenPlain");
-    qputenv("PATH", path);
     QCOMPARE(withEffects.left(4), QByteArray("RIFF"));
     QCOMPARE(withEffects.size(), plain.size());
     QVERIFY(withEffects != plain);
     QVERIFY2(std::abs(plain.size() - 2 * 14400) < 200, qPrintable(QString::number(plain.size()))); // 0.3 seconds.
 }
 
+void TestEditorTimeLine::soundIsPlayedByWhatIsThere_data()
+{
+    QTest::addColumn<bool>("hasDevice");
+    QTest::addColumn<bool>("canDevice");
+    QTest::addColumn<bool>("isByDevice");
+    QTest::newRow("no device") << false << false << false;
+    QTest::newRow("a device") << true << true << true;
+    QTest::newRow("a device that cannot") << true << false << false;
+}
+
+void TestEditorTimeLine::soundIsPlayedByWhatIsThere()
+{
+    QFETCH(const bool, hasDevice);
+    QFETCH(const bool, canDevice);
+    QFETCH(const bool, isByDevice);
+    const Player player("pw-play");
+    const Variable path("PATH", QFile::encodeName(player.folder.path()) + ':' + qgetenv("PATH"));
+    const Stage stage({clips::clip(key("sound.wav"))});
+    auto device = hasDevice ? std::make_unique<Device>() : nullptr;
+    Device* watched = device.get();
+    if (watched)
+        watched->can = canDevice;
+    zoeditor::Listening listening(stage.session().tools(), std::move(device));
+    listening.start(questionOf(stage));
+    QVERIFY(listening.isActive());
+    if (isByDevice) {
+        QTRY_COMPARE_WITH_TIMEOUT(watched->heard.left(4), QByteArray("RIFF"), 60000);
+        QVERIFY(listening.isActive());
+        emit watched->ended(QString());
+    }
+    QTRY_VERIFY_WITH_TIMEOUT(!listening.isActive(), 60000);
+    QCOMPARE(player.takeHeard().left(4), isByDevice ? QByteArray() : QByteArray("RIFF"));
+}
+
+void TestEditorTimeLine::deviceEndsAndIsStopped()
+{
+    const Stage stage({clips::clip(key("sound.wav"))});
+    auto device = std::make_unique<Device>();
+    Device* watched = device.get();
+    zoeditor::Listening listening(stage.session().tools(), std::move(device));
+    const QSignalSpy active(&listening, &zoeditor::Listening::activeChanged);
+    const QSignalSpy failed(&listening, &zoeditor::Listening::failed);
+    const auto begin = [&] {
+        watched->heard.clear();
+        listening.start(questionOf(stage));
+        QTRY_VERIFY_WITH_TIMEOUT(!watched->heard.isEmpty(), 60000);
+    };
+    begin();
+    listening.stop();
+    QCOMPARE(watched->stops, 1);
+    QVERIFY(!listening.isActive());
+    begin();
+    begin(); // What is asked for meanwhile takes its place.
+    QCOMPARE(watched->stops, 2);
+    emit watched->ended(key("It broke."));
+    QVERIFY(!listening.isActive());
+    QCOMPARE(failed.size(), 1);
+    QCOMPARE(failed.first().first().toString(), key("It broke."));
+    QCOMPARE(active.size(), 4); // On and off, twice.
+    QCOMPARE(active.last().first().toBool(), false);
+}
+
 void TestEditorTimeLine::withoutAPlayerThatIsSaid()
 {
     const Stage stage({clips::clip(key("sound.wav"))});
-    const QByteArray path = qgetenv("PATH");
-    qputenv("PATH", "/nowhere");
-    stage.trigger("listen");
-    const bool isSaid =
-        QTest::qWaitFor([&] { return stage.status().contains(key("There is no player for sound")); }, 60000);
-    qputenv("PATH", path);
-    QVERIFY(isSaid);
-    QVERIFY(!stage.window().actions().action("listen")->isChecked());
+    {
+        const Variable named("ZOEDITOR_PLAYER", "/nowhere/player");
+        stage.trigger("listen");
+        QTRY_VERIFY_WITH_TIMEOUT(stage.status().contains(key("There is no player for sound")), 60000);
+        QVERIFY(!stage.window().actions().action("listen")->isChecked());
+    }
+    const Variable path("PATH", "/nowhere");
+    zoeditor::Listening listening(stage.session().tools(), nullptr);
+    const QSignalSpy failed(&listening, &zoeditor::Listening::failed);
+    listening.start(questionOf(stage));
+    QTRY_COMPARE_WITH_TIMEOUT(failed.size(), 1, 60000);
+    QVERIFY(failed.first().first().toString().startsWith(key("There is no player for sound")));
+    QVERIFY(!listening.isActive());
 }
 
 EDITOR_TEST_MAIN(TestEditorTimeLine)
