@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include <QCoreApplication>
+#include <QHash>
 
 namespace zokit {
 
@@ -47,6 +48,18 @@ QStringList words(const char* list)
 }
 
 #define T(text) QT_TRANSLATE_NOOP("zokit", text)
+
+/// A choice for people, where its word is one of the command line; null for the others.
+const char* choiceText(const QString& choice)
+{
+    static const QHash<QString, const char*> names{
+        {QStringLiteral("copy"), T("as it is")},
+        {QStringLiteral("keep"), T("kept")},
+        {QStringLiteral("drop"), T("left out")},
+        {QStringLiteral("map"), T("for every screen")},
+    };
+    return names.value(choice, nullptr);
+}
 
 // clang-format off
 QVector<Row> rows()
@@ -103,7 +116,7 @@ OutputOption optionOf(const Row& row)
     property.lowest = row.lowest;
     property.highest = row.highest;
     for (const QString& choice : row.choices)
-        property.choices.append({choice, nullptr});
+        property.choices.append({choice, choiceText(choice)});
     property.isPath = row.control == C::FileChooser;
     property.labelText = row.label;
     property.helpText = row.help;

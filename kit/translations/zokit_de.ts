@@ -624,6 +624,22 @@
         <translation>Form des Bildes</translation>
     </message>
     <message>
+        <source>as it is</source>
+        <translation>wie es ist</translation>
+    </message>
+    <message>
+        <source>kept</source>
+        <translation>behalten</translation>
+    </message>
+    <message>
+        <source>left out</source>
+        <translation>weggelassen</translation>
+    </message>
+    <message>
+        <source>for every screen</source>
+        <translation>für jeden Bildschirm</translation>
+    </message>
+    <message>
         <source>Free</source>
         <translation>Frei</translation>
     </message>
