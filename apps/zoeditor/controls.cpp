@@ -221,6 +221,7 @@ private:
             box->addItem(names.value(i), choices.at(i));
         box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
         box->setMinimumContentsLength(8);
+        box->setPlaceholderText(ValueControl::tr("not set"));
         box->view()->setAccessibleName(label());
         add(box);
         QObject::connect(box, QOverload<int>::of(&QComboBox::activated), m_control,

@@ -93,10 +93,13 @@ ConvertDialog::ConvertDialog(Session* session, double seconds, QWidget* parent)
     connect(m_of, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this](int index) {
         const QVector<FileSettings*> all = files();
         m_options->setFiles(index == 0 ? all : QVector<FileSettings*>{all.at(index - 1)});
+        showTaken();
     });
     connect(&m_planner, &Planner::planned, this, &ConvertDialog::showPlan);
-    connect(&m_planner, &Planner::refused, this,
-            [this](int job, const zokit::Message& why) { showProblem(job, why.text()); });
+    connect(&m_planner, &Planner::refused, this, [this](int job, const zokit::Message& why) {
+        showProblem(job, why.text());
+        showTaken();
+    });
     m_options->setFiles(files());
     update();
 }
@@ -204,6 +207,7 @@ void ConvertDialog::update()
     m_problem->setVisible(!m_made.problem.isEmpty());
     m_start->setEnabled(m_made.problem.isEmpty());
     m_plans->clear();
+    m_taken = QVector<zokit::Values>(m_made.jobs.size());
     for (const zokit::Job& job : m_made.jobs) {
         auto* row = new QTreeWidgetItem(
             m_plans,
@@ -223,6 +227,17 @@ int ConvertDialog::shownJob() const
     return row && m_made.problem.isEmpty() ? m_plans->indexOfTopLevelItem(const_cast<QTreeWidgetItem*>(row)) : -1;
 }
 
+void ConvertDialog::showTaken()
+{
+    const int of = m_of->currentIndex() - 1; // The first line is that of all.
+    QVector<zokit::Values> taken;            // Each once: most of a thousand files are alike.
+    for (const zokit::Values& values : of < 0 ? m_taken : m_taken.mid(of, 1)) {
+        if (!values.isEmpty() && !taken.contains(values))
+            taken.append(values);
+    }
+    m_options->showTaken(taken);
+}
+
 void ConvertDialog::showPlan(int job, const zokit::TracksPlan& plan, const zokit::Messages& warnings)
 {
     QTreeWidgetItem* row = m_plans->topLevelItem(job);
@@ -231,6 +246,8 @@ void ConvertDialog::showPlan(int job, const zokit::TracksPlan& plan, const zokit
     for (const zokit::Message& warning : warnings)
         showProblem(job, warning.text());
     row->setExpanded(true);
+    m_taken[job] = zokit::takenOptions(plan);
+    showTaken();
 }
 
 void ConvertDialog::showProblem(int job, const QString& text)

@@ -48,6 +48,7 @@ private:
     QVector<zokit::FileSettings*> files() const;
     int shownJob() const;
     void update();
+    void showTaken();
     void showPlan(int job, const zokit::TracksPlan& plan, const zokit::Messages& warnings);
     void showProblem(int job, const QString& text);
     void showCommand();
@@ -70,6 +71,7 @@ private:
     QPushButton* m_start = nullptr;
     QTimer m_soon;
     MadeJobs m_made;
+    QVector<zokit::Values> m_taken; ///< What options that are not set come to, by job, as far as it is known.
     Planner m_planner;
     std::unique_ptr<QTemporaryDir> m_helpers; ///< What the command that is shown reads.
     std::unique_ptr<zokit::Conversion> m_preparing;

@@ -10,6 +10,7 @@
 #include <QToolButton>
 
 #include <zokit/properties.h>
+#include <zokit/valuetext.h>
 
 #include "controls.h"
 #include "session.h"
@@ -37,6 +38,25 @@ void OptionsForm::setFiles(const QVector<FileSettings*>& files)
     if (m_rows.isEmpty() && !files.isEmpty())
         makeRows();
     update();
+}
+
+void OptionsForm::showTaken(const QVector<zokit::Values>& taken)
+{
+    m_taken = taken;
+    update();
+}
+
+/// What the option comes to in the files, in words; empty where that is not known.
+QString OptionsForm::takenText(const QString& key) const
+{
+    QStringList texts;
+    for (const zokit::Values& taken : m_taken) {
+        const QVariant value = taken.value(key);
+        if (value.isValid())
+            texts.append(zokit::valueLabel({QStringLiteral("Output"), zokit::Address::ofType, key}, value));
+    }
+    texts.removeDuplicates();
+    return texts.size() > 1 ? tr("per file") : texts.value(0);
 }
 
 void OptionsForm::makeRows()
@@ -112,8 +132,10 @@ void OptionsForm::update()
         });
         const bool isSet = differs || value.isValid();
         const QString mark = differs ? tr("different") : isSet ? tr("set") : QString();
+        const QString taken = takenText(row.key());
         row->control->setValue(value);
-        row->control->field()->setAccessibleDescription(mark);
+        row->control->setPlaceholder(taken.isEmpty() ? tr("not set") : taken);
+        row->control->field()->setAccessibleDescription(isSet || taken.isEmpty() ? mark : tr("not set: %1").arg(taken));
         row->mark->setText(mark);
         row->revert->setEnabled(isSet);
     }

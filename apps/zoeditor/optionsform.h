@@ -28,6 +28,8 @@ public:
 
     /// Edits \a files; shown are the values of the first one.
     void setFiles(const QVector<zokit::FileSettings*>& files);
+    /// What options come to in the files where they are not set, by their names: empty fields show it.
+    void showTaken(const QVector<zokit::Values>& taken);
 
 signals:
     /// A value was set.
@@ -43,11 +45,13 @@ private:
     void makeRows();
     void set(const QString& key, const QVariant& value);
     void update();
+    QString takenText(const QString& key) const;
 
     Session* m_session;
     zokit::SettingsModel m_model;
     QVector<zokit::FileSettings*> m_files;
     QHash<QString, Row> m_rows; ///< By key.
+    QVector<zokit::Values> m_taken;
 };
 
 } // namespace zoeditor

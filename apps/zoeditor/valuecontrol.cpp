@@ -3,6 +3,7 @@
 
 #include "valuecontrol.h"
 
+#include <QComboBox>
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -64,6 +65,16 @@ void ValueControl::setValue(const QVariant& value)
 {
     m_shown = value;
     m_show(value);
+}
+
+void ValueControl::setPlaceholder(const QString& text)
+{
+    if (auto* box = qobject_cast<QComboBox*>(field()))
+        box->setPlaceholderText(text);
+    else if (auto* line = qobject_cast<QLineEdit*>(field()))
+        line->setPlaceholderText(text);
+    else if (auto* inner = field()->findChild<QLineEdit*>())
+        inner->setPlaceholderText(text);
 }
 
 void ValueControl::beginChoice()

@@ -24,6 +24,8 @@ public:
     void showBy(std::function<void(const QVariant&)> show) { m_show = std::move(show); }
     /// Shows \a value; nothing is sent. An invalid one is shown as nothing.
     void setValue(const QVariant& value);
+    /// What an empty field shows, dimmed: what is taken where no value is set.
+    void setPlaceholder(const QString& text);
     QVariant shownValue() const { return m_shown; } ///< What setValue() was given last.
     /// The field that gets the focus.
     QWidget* field() const { return focusProxy(); }

@@ -151,6 +151,15 @@ bool takesPixelFormat(const QString& videoCodec, const QString& format)
     return !encoder || !encoder->pixelFormats || isAmong(format, encoder->pixelFormats);
 }
 
+Values usualVideoOptions(const QString& codec)
+{
+    const Encoder* encoder = videoEncoder(codec);
+    if (!encoder || encoder->highestQuality < 0)
+        return {};
+    return {{QStringLiteral("quality"), encoder->usualQuality},
+            {QStringLiteral("encoder-speed"), QString::fromLatin1(encoder->usualSpeed)}};
+}
+
 Message checkVideoOptions(const Values& output, const QString& codec)
 {
     const Encoder* encoder = videoEncoder(codec);

@@ -34,6 +34,8 @@ bool takesPixelFormat(const QString& videoCodec, const QString& format);
 /// Options of the encoder of the picture: codec, quality, speed, profile. \a format is what it gets.
 QStringList videoEncoderOptions(const Values& output, const QString& codec, const QString& format,
                                 const QString& container);
+/// Quality and encoder speed that \a codec gets where none is asked for; empty where it has none.
+Values usualVideoOptions(const QString& codec);
 /// Why quality or encoder speed do not suit \a codec.
 Message checkVideoOptions(const Values& output, const QString& codec);
 /// Options of the encoder of track \a position among those of sound.

@@ -7,9 +7,14 @@
 
 namespace zokit {
 
+QString usualPattern()
+{
+    return QStringLiteral("{name}-converted.{ending}");
+}
+
 QString resultName(const QString& pattern, const QString& name, const QString& ending, int number, int count)
 {
-    const QString whole = pattern.isEmpty() ? QStringLiteral("{name}-converted.{ending}") : pattern;
+    const QString whole = pattern.isEmpty() ? usualPattern() : pattern;
     const int width = static_cast<int>(QString::number(count).size());
     const QString digits = QString::number(number).rightJustified(width, QLatin1Char('0'));
     QString result;

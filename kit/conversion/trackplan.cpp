@@ -9,6 +9,7 @@
 
 #include <zokit/graph.h>
 #include <zokit/properties.h>
+#include <zokit/resultname.h>
 
 #include "codecs_p.h"
 #include "picture_p.h"
@@ -513,6 +514,33 @@ Message checkCodecs(const Settings& settings, const QString& container)
     if (asksFor(audio) && !holds(container, TrackKind::Audio, audio))
         return Message(Code::ContainerHoldsNot, {container, audio});
     return asksFor(video) ? checkVideoOptions(settings.output, video) : Message();
+}
+
+Values takenOptions(const TracksPlan& plan)
+{
+    Values taken{{QStringLiteral("container"), plan.container}, {QStringLiteral("name"), usualPattern()}};
+    if (!plan.error.isEmpty())
+        return taken;
+    taken.insert(QStringLiteral("other-tracks"), QStringLiteral("keep"));
+    const auto takeCodec = [&](const char* name, TrackKind kind) {
+        for (const TrackPlan& track : plan.tracks) {
+            const bool isCopied = track.fate == TrackFate::Copied;
+            if (track.track.kind != kind || track.isCover || (!isCopied && track.fate != TrackFate::Encoded))
+                continue;
+            taken.insert(QString::fromLatin1(name), isCopied ? QStringLiteral("copy") : track.codec);
+            return;
+        }
+    };
+    takeCodec("video-codec", TrackKind::Video);
+    takeCodec("audio-codec", TrackKind::Audio);
+    if (plan.videoCodec.isEmpty())
+        return taken;
+    const Values usual = usualVideoOptions(plan.videoCodec);
+    for (auto it = usual.cbegin(); it != usual.cend(); ++it)
+        taken.insert(it.key(), it.value());
+    taken.insert(QStringLiteral("pixel-format"), plan.pixelFormat);
+    taken.insert(QStringLiteral("hdr"), plan.mapsHdr ? QStringLiteral("map") : QStringLiteral("keep"));
+    return taken;
 }
 
 ClipPart clipPart(const Settings& settings, const MediaInfo& media)

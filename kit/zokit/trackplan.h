@@ -79,6 +79,12 @@ ZOKIT_EXPORT Message checkCodecs(const Settings& settings, const QString& contai
 ZOKIT_EXPORT TracksPlan planTracks(const Settings& settings, const MediaInfo& media,
                                    const QMap<QString, MediaInfo>& files, const QString& container);
 
+/// What output options come to by \a plan where nothing is set: "name", "container", "video-codec" and "audio-codec"
+/// (of the first track; "copy" where it is copied), "other-tracks"; where the picture is encoded "quality",
+/// "encoder-speed", "pixel-format" and "hdr", too. Options that are without effect there are not in it. Of a plan with
+/// an error only name and container are known.
+ZOKIT_EXPORT Values takenOptions(const TracksPlan& plan);
+
 /// The part of the clip that is converted.
 struct ZOKIT_EXPORT ClipPart {
     double from = 0;        ///< Seconds from the clip's beginning.

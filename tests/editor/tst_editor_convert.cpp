@@ -24,6 +24,7 @@ private slots:
     void lineTellsWhatBecomesOfEachTrack();
     void optionIsSetInAllFilesAsOneStep();
     void optionIsSetInOneFile();
+    void emptyFieldsShowWhatIsTaken();
     void filesAreConvertedAndTheRowsSaySo();
     void jobIsACopyOfTheSettings();
     void resultsGoWhereTheyAreWanted();
@@ -145,6 +146,33 @@ void TestEditorConvert::optionIsSetInOneFile()
     QCOMPARE(stage.file(1)->value(stage.file(1)->output(), key("container")), QVariant(key("mp4")));
     stage.find<QComboBox>("optionsOf")->setCurrentIndex(0);
     QCOMPARE(stage.find<QLabel>("Output:container:mark")->text(), key("different"));
+}
+
+void TestEditorConvert::emptyFieldsShowWhatIsTaken()
+{
+    const Stage stage({clip("plain.mp4", "a.mp4"), clip("plain.mkv", "b.mkv")});
+    stage.trigger("convert");
+    auto* container = stage.find<QComboBox>("Output:container");
+    const auto* picture = stage.find<QComboBox>("Output:video-codec");
+    QTRY_COMPARE_WITH_TIMEOUT(container->placeholderText(), key("per file"), patience);
+    QCOMPARE(container->currentIndex(), -1);
+    QCOMPARE(picture->placeholderText(), key("as it is"));
+    QCOMPARE(stage.find<QLineEdit>("Output:name")->placeholderText(), key("{name}-converted.{ending}"));
+    auto* of = stage.find<QComboBox>("optionsOf");
+    of->setCurrentIndex(2);
+    QCOMPARE(container->placeholderText(), key("mkv"));
+    QCOMPARE(container->accessibleDescription(), key("not set: mkv"));
+    of->setCurrentIndex(1);
+    QCOMPARE(container->placeholderText(), key("mp4"));
+    const auto* quality = stage.find<QSpinBox>("Output:quality")->findChild<QLineEdit*>();
+    QCOMPARE(quality->placeholderText(), key("not set")); // What is copied has none.
+    stage.file(0)->setValue(stage.file(0)->type(key("Color")), key("bcs_contrast"), 10);
+    chooseNext(stage, "Output:container");
+    QTRY_COMPARE_WITH_TIMEOUT(picture->placeholderText(), key("h264"), patience);
+    QCOMPARE(quality->placeholderText(), key("20"));
+    QCOMPARE(stage.find<QLineEdit>("Output:pixel-format")->placeholderText(), key("yuv420p"));
+    QCOMPARE(container->currentText(), key("mp4"));
+    QCOMPARE(container->accessibleDescription(), key("set"));
 }
 
 void TestEditorConvert::filesAreConvertedAndTheRowsSaySo()
