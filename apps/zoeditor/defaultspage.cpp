@@ -95,8 +95,9 @@ zokit::Identity DefaultsPage::source() const
 void DefaultsPage::update()
 {
     const zokit::Values saved = m_session->project().savedValues(type());
-    m_state->setText(saved.isEmpty() ? tr("No default is saved: new files get what the catalogue says.")
-                                     : tr("A saved default acts where a file is added or a value taken back."));
+    m_state->setText(
+        saved.isEmpty() ? tr("No default is saved: new files get the values that are built in.")
+                        : tr("Files that are added from now on get the saved values, and so does what is taken back."));
     m_forget->setEnabled(!saved.isEmpty());
     const FileSettings* file = m_session->current();
     const auto address = file && source() != 0 ? file->address(source(), QStringLiteral("selected")) : std::nullopt;
@@ -112,7 +113,7 @@ void DefaultsPage::update()
         const QVariant value = isSaved ? saved.value(property.key) : property.defaultValue();
         new QTreeWidgetItem(m_values,
                             {property.label(), zokit::valueLabel({type(), zokit::Address::ofType, property.key}, value),
-                             isSaved ? tr("saved default") : tr("catalogue")});
+                             isSaved ? tr("saved default") : tr("built in")});
     }
 }
 

@@ -82,7 +82,7 @@ QWidget* PresetsDialog::makeList()
     title->setBuddy(m_differences);
     layout->addWidget(title);
     layout->addWidget(m_differences, 1);
-    m_layOver = makeButton(layout, "layOver", tr("&Lay over the selected files"), page);
+    m_layOver = makeButton(layout, "layOver", tr("&Apply to the selected files"), page);
 
     connect(m_list, &QListWidget::currentRowChanged, this, &PresetsDialog::update);
     connect(m_layOver, &QPushButton::clicked, this, &PresetsDialog::layOver);

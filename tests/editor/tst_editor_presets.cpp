@@ -229,15 +229,15 @@ void TestEditorPresets::defaultIsSavedAndForgotten()
     stage.find<QTabWidget>("presetPages")->setCurrentIndex(1);
     auto* type = stage.find<QComboBox>("defaultType");
     type->setCurrentIndex(type->findData(key("Color")));
-    QCOMPARE(stage.origin("Contrast"), key("0 catalogue"));
+    QCOMPARE(stage.origin("Contrast"), key("0 built in"));
     QVERIFY(!stage.find<QPushButton>("forgetDefault")->isEnabled());
     stage.click("saveDefault");
     QCOMPARE(stage.origin("Contrast"), key("10 saved default"));
     stage.session().undo();
-    QCOMPARE(stage.origin("Contrast"), key("0 catalogue"));
+    QCOMPARE(stage.origin("Contrast"), key("0 built in"));
     stage.session().redo();
     stage.click("forgetDefault");
-    QCOMPARE(stage.origin("Contrast"), key("0 catalogue"));
+    QCOMPARE(stage.origin("Contrast"), key("0 built in"));
     QVERIFY(stage.session().project().savedValues(key("Color")).isEmpty());
     type->setCurrentIndex(type->findData(key("Watermark"))); // The file has none.
     QVERIFY(!stage.find<QPushButton>("saveDefault")->isEnabled());
