@@ -62,8 +62,8 @@ DefaultsPage::DefaultsPage(Session* session, QWidget* parent)
 
     if (session->current()) {
         const auto address = session->current()->address(session->thing(), QStringLiteral("selected"));
-        if (address)
-            m_type->setCurrentIndex(m_type->findData(address->type));
+        if (const int type = address ? m_type->findData(address->type) : -1; type >= 0) // Tracks and output have none.
+            m_type->setCurrentIndex(type);
     }
     connect(m_type, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &DefaultsPage::update);
     connect(&session->project(), &zokit::Project::changed, this, &DefaultsPage::update);

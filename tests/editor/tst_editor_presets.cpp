@@ -226,8 +226,13 @@ void TestEditorPresets::brokenPresetIsASentence()
 void TestEditorPresets::defaultIsSavedAndForgotten()
 {
     const Opened stage;
+    stage.find("presetsDialog")->close();
+    settle();
+    stage.session().setThing(stage.file(0)->output()); // It has no defaults: those of the first type are shown.
+    stage.trigger("presets");
     stage.find<QTabWidget>("presetPages")->setCurrentIndex(1);
     auto* type = stage.find<QComboBox>("defaultType");
+    QCOMPARE(type->currentData().toString(), key("Crop"));
     type->setCurrentIndex(type->findData(key("Color")));
     QCOMPARE(stage.origin("Contrast"), key("0 built in"));
     QVERIFY(!stage.find<QPushButton>("forgetDefault")->isEnabled());
