@@ -136,7 +136,9 @@ AddedJobs addTo(zokit::Queue* queue, const QVector<zokit::Job>& jobs)
 QString workText(const zokit::Queue& queue, int row)
 {
     const zokit::RowState state = queue.state(row);
-    const QString reason = queue.result(row).reason.text();
+    QString reason = queue.result(row).reason.text();
+    if (const QString where = queue.job(row).input + QLatin1String(": "); reason.startsWith(where))
+        reason = reason.mid(where.size()); // Which file it is stands beside it.
     const bool isTold = (state == zokit::RowState::Failed || state == zokit::RowState::Skipped) && !reason.isEmpty();
     return isTold ? QStringLiteral("%1: %2").arg(nameOf(state), reason) : nameOf(state);
 }

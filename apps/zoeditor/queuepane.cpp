@@ -50,9 +50,9 @@ QueuePane::QueuePane(zokit::Queue* queue, QWidget* parent)
     m_list->setRootIsDecorated(false);
     m_list->setUniformRowHeights(true);
     m_list->setHeaderLabels({tr("File"), tr("State"), tr("Progress"), tr("Time left")});
-    m_list->header()->setSectionResizeMode(FileColumn, QHeaderView::Stretch);
+    for (const int column : {FileColumn, StateColumn})
+        m_list->header()->setSectionResizeMode(column, QHeaderView::Stretch);
     m_list->header()->setStretchLastSection(false);
-    m_list->header()->resizeSection(StateColumn, 220);
     m_log->setObjectName(QStringLiteral("queueLog"));
     m_log->setAccessibleName(tr("Log of the chosen file"));
     m_log->setReadOnly(true);

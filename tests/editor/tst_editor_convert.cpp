@@ -33,6 +33,7 @@ private slots:
     void tenSecondsTellTheSizeOfTheWhole();
     void clipIsNotConvertedTwice();
     void failedRowTellsWhyAndIsTriedAgain();
+    void failedRowBeginsWithTheReason();
     void filesTellWhatTheQueueDoesWithThem();
     void rowsArePausedCancelledAndRemoved();
     void whatRanComesBackAsInterrupted();
@@ -295,6 +296,20 @@ void TestEditorConvert::failedRowTellsWhyAndIsTriedAgain()
     click(stage, "retryRow");
     QVERIFY(hasEnded(stage));
     QCOMPARE(stateOf(stage, 0), key("done"));
+}
+
+void TestEditorConvert::failedRowBeginsWithTheReason()
+{
+    const Stage stage({clip("plain.mp4", "a.mp4")});
+    zokit::Job job;
+    job.settings = stage.file(0)->settings();
+    job.input = path("gone.mp4");
+    job.output = path("out.mp4");
+    stage.session().queue().add(job);
+    stage.session().queue().start();
+    QVERIFY(hasEnded(stage));
+    QCOMPARE(row(stage, 0)->text(0), key("gone.mp4"));
+    QVERIFY2(stateOf(stage, 0).startsWith(key("failed: no such file")), qPrintable(stateOf(stage, 0)));
 }
 
 void TestEditorConvert::filesTellWhatTheQueueDoesWithThem()
