@@ -4,6 +4,7 @@
 #include "appearance.h"
 
 #include <QApplication>
+#include <QLibraryInfo>
 #include <QLocale>
 #include <QMainWindow>
 #include <QPalette>
@@ -76,16 +77,30 @@ void applyTheme(Theme theme)
     QApplication::setPalette(theme == Theme::System ? system : paletteOf(theme == Theme::Light ? light : dark));
 }
 
+QString qtTranslations()
+{
+#if QT_VERSION_MAJOR >= 6
+    return QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+#else
+    return QLibraryInfo::location(QLibraryInfo::TranslationsPath);
+#endif
+}
+
 void applyLanguage(const QString& language)
 {
-    static QPointer<QTranslator> translator; // The application's child, and gone with it.
+    static QPointer<QTranslator> translator;   // The application's child, and gone with it.
+    static QPointer<QTranslator> qtTranslator; // Of what Qt says: names of keys, and its own dialogs.
     delete translator.data();
+    delete qtTranslator.data();
     const QLocale locale(language);
     QLocale::setDefault(locale);
     zokit::useLanguage(locale);
     translator = new QTranslator(qApp);
     if (translator->load(QStringLiteral(":/zoeditor/zoeditor_%1.qm").arg(language)))
         QCoreApplication::installTranslator(translator);
+    qtTranslator = new QTranslator(qApp);
+    if (qtTranslator->load(locale, QStringLiteral("qtbase"), QStringLiteral("_"), qtTranslations()))
+        QCoreApplication::installTranslator(qtTranslator);
 }
 
 } // namespace

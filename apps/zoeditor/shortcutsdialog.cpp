@@ -31,7 +31,9 @@ ShortcutsDialog::ShortcutsDialog(const Actions& actions, QWidget* parent) : QDia
     }
     add(tr("From pane to pane, from field to field"), tr("Tab, Shift+Tab"));
     add(tr("Several files at once"), tr("Ctrl+click, Shift+click"));
-    list->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
+    list->header()->setStretchLastSection(false);
+    list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    list->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
     auto* buttons = new QDialogButtonBox(this);
     QPushButton* close = buttons->addButton(tr("Close"), QDialogButtonBox::RejectRole);
     close->setObjectName(QStringLiteral("close"));
