@@ -127,6 +127,8 @@ Actions::Actions(QMainWindow* window) : QObject(window)
             bar->addAction(action);
         m_actions.append(action);
     }
+    action("addFiles")->setIconText(tr("Add files", "tool bar"));
+    action("addFolder")->setIconText(tr("Add folder", "tool bar"));
 }
 
 QAction* Actions::action(const char* name) const

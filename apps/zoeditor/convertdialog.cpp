@@ -169,8 +169,6 @@ QWidget* ConvertDialog::makePlans()
     auto* row = new QHBoxLayout;
     QPushButton* show = makeButton(row, "showCommand", tr("Show the &command"), page);
     m_copyCommand = makeButton(row, "copyCommand", tr("Co&py it"), page);
-    m_sampleButton = makeButton(row, "sample", tr("Convert 10 seconds from &here"), page);
-    m_showSample = makeButton(row, "showSample", tr("&Watch them"), page);
     layout->addLayout(row);
     m_command->setObjectName(QStringLiteral("commandText"));
     m_command->setAccessibleName(tr("The command"));
@@ -179,6 +177,10 @@ QWidget* ConvertDialog::makePlans()
     m_command->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     m_command->hide();
     layout->addWidget(m_command, 1);
+    auto* sampleRow = new QHBoxLayout;
+    m_sampleButton = makeButton(sampleRow, "sample", tr("Convert 10 seconds from &here"), page);
+    m_showSample = makeButton(sampleRow, "showSample", tr("&Watch them"), page);
+    layout->addLayout(sampleRow);
     m_sampleState->setObjectName(QStringLiteral("sampleState"));
     m_sampleState->setWordWrap(true);
     m_sampleState->hide();

@@ -105,8 +105,10 @@ EffectsPane::EffectsPane(Session* session, const Actions& actions, QWidget* pare
     m_tree->header()->setStretchLastSection(false);
     m_tree->header()->setSectionResizeMode(Model::NameColumn, QHeaderView::Stretch);
     m_tree->header()->setSectionResizeMode(Model::ValueColumn, QHeaderView::Fixed);
+    constexpr int indentation = 14; // In a narrow window names need the room.
+    m_tree->setIndentation(indentation);
     m_tree->setColumnWidth(Model::ValueColumn,
-                           fontMetrics().horizontalAdvance(tr("%n item(s)", nullptr, 20) + tr(", changed")) + 12);
+                           fontMetrics().horizontalAdvance(tr("%n item(s)", nullptr, 9) + tr(", changed")) + 8);
     m_tree->setHeaderHidden(true);
 
     auto* buttons = new QHBoxLayout;

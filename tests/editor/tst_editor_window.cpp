@@ -280,6 +280,11 @@ void TestEditorWindow::nothingIsCutOff()
     }
     QVERIFY2(stage.window().size() == size, qPrintable(faults.join(QLatin1Char(' '))));
     faults.clear();
+    const auto* bar = stage.find<QToolBar>("toolBar");
+    for (QAction* action : bar->actions()) {
+        if (!bar->widgetForAction(action)->isVisible())
+            faults += action->objectName();
+    }
     const auto* panel = stage.find<QScrollArea>("panel");
     stage.visitAll([&](const QString& what) {
         faults += cutOff(stage.window());

@@ -4,6 +4,16 @@
 <context>
     <name>zoeditor::Actions</name>
     <message>
+        <source>Add files</source>
+        <comment>tool bar</comment>
+        <translation>Dateien dazu</translation>
+    </message>
+    <message>
+        <source>Add folder</source>
+        <comment>tool bar</comment>
+        <translation>Ordner dazu</translation>
+    </message>
+    <message>
         <source>Tool bar</source>
         <translation>Werkzeugleiste</translation>
     </message>
@@ -820,7 +830,7 @@
     <message numerus="yes">
         <source>Options of all %n file(s)</source>
         <translation>
-            <numerusform>Optionen der %n Datei</numerusform>
+            <numerusform>Optionen von %n Datei</numerusform>
             <numerusform>Optionen aller %n Dateien</numerusform>
         </translation>
     </message>
