@@ -261,7 +261,7 @@
     </message>
     <message>
         <source>Fade in and out</source>
-        <translation>Ein- und Ausblenden</translation>
+        <translation>Blenden</translation>
     </message>
     <message>
         <source>Normalize</source>

@@ -66,7 +66,7 @@ void takeAll(const QDir& folder, const QString& prefix, const QSize& size,
              Qt::LayoutDirection direction = Qt::LeftToRight)
 {
     const Full stage;
-    stage.window().setLayoutDirection(direction);
+    QGuiApplication::setLayoutDirection(direction); // Whatever the language says, of dialogs, too.
     stage.window().resize(size);
     QTest::qWait(1500); // Small pictures come from a child.
     stage.file(0)->setValue(stage.file(0)->type(key("Color")), key("bcs_contrast"), 12);
@@ -91,7 +91,7 @@ void takeAll(const QDir& folder, const QString& prefix, const QSize& size,
     const QTemporaryDir empty;
     qputenv("ZOEFFECT_FFMPEG", QFile::encodeName(empty.path()));
     const Stage without;
-    without.window().setLayoutDirection(direction);
+    QGuiApplication::setLayoutDirection(direction);
     without.window().resize(size);
     take(&without.window(), folder, prefix + key("missing"));
     qunsetenv("ZOEFFECT_FFMPEG");

@@ -323,7 +323,7 @@
     </message>
     <message>
         <source>as added</source>
-        <translation>wie hinzugefügt</translation>
+        <translation>unsortiert</translation>
     </message>
     <message>
         <source>by name</source>
