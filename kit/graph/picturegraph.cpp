@@ -48,12 +48,16 @@ bool isDrawnOn(const Settings& settings, const GraphParts& parts)
            || !parts.subtitleScript.isEmpty() || parts.subtitleInput >= 0;
 }
 
-/// Has the frames say their range beside the format, not by it, and makes YUV of RGB where that is needed: filters
-/// that do it unasked take bt601 and the limited range.
+/// Has the frames say their range beside the format, not by it, and makes YUV of RGB and of greys where that is needed:
+/// filters that do it unasked take bt601 and the limited range.
 void addPlainFormat(Chain& chain, Picture& picture, bool drawnOn, const QString& wanted)
 {
     if (withoutRange(picture.pixelFormat) != picture.pixelFormat) {
         addScale(chain, picture, QSize(), withoutRange(picture.pixelFormat));
+    } else if (isGrey(picture.pixelFormat) && picture.isFullRange() && drawnOn) {
+        constexpr int usual = 8;
+        const bool isDeep = bitDepth(picture.pixelFormat) > usual;
+        addScale(chain, picture, QSize(), isDeep ? QStringLiteral("yuv420p10le") : QStringLiteral("yuv420p"));
     } else if (isRgb(picture.pixelFormat) && (drawnOn || !isRgb(wanted))) {
         picture.range = QStringLiteral("tv");
         picture.pixelFormat = QStringLiteral("yuv444p");

@@ -58,11 +58,15 @@ bool isRgb(const QString& format)
     return form.match(format).hasMatch();
 }
 
+bool isGrey(const QString& format)
+{
+    return format.startsWith(QLatin1String("gray")) || format.startsWith(QLatin1String("mono"))
+           || format.startsWith(QLatin1String("ya"));
+}
+
 bool asksForEven(const QString& format)
 {
-    const bool isGrey = format.startsWith(QLatin1String("gray")) || format.startsWith(QLatin1String("mono"))
-                        || format.startsWith(QLatin1String("ya"));
-    return !isGrey && samplingOf(format) != Sampling::Full;
+    return !isGrey(format) && samplingOf(format) != Sampling::Full;
 }
 
 QString withoutRange(const QString& format)

@@ -11,6 +11,8 @@ namespace zokit {
 /// @{
 int bitDepth(const QString& format);
 bool isRgb(const QString& format);
+/// Without colours, with or without opacity.
+bool isGrey(const QString& format);
 /// Whether width and height have to be even: colours are stored for several pixels together.
 bool asksForEven(const QString& format);
 /// "yuv420p" for "yuvj420p": the same values, whose full range is told beside them.

@@ -82,6 +82,7 @@ constexpr Recipe recipes[] = {
     {"high.mkv",         "-f lavfi -i testsrc2=s=16x720:r=25:d=0.2 " X264},
     {"pq.mkv",           PICTURE HDR("smpte2084")},
     {"hlg.mkv",          PICTURE HDR("arib-std-b67")},
+    {"grey-full.mkv",    PICTURE "-c:v ffv1 -pix_fmt gray -color_range pc"},
     {"ten-bit.mkv",      PICTURE "-c:v ffv1 -pix_fmt yuv420p10le"},
     // Tracks
     {"cover.mp3",        SOUND "-i {still.jpg} -map 0 -map 1 -c:a libmp3lame -c:v copy -disposition:v attached_pic"},

@@ -80,6 +80,7 @@ private slots:
     void pictureComesOutUpright();
     void interlacedFramesStayAsMany();
     void fullRangeIsKept();
+    void greysKeepTheirRange();
     void pictureSubtitleIsLaidOver();
     void textSubtitleIsInTime_data();
     void textSubtitleIsInTime();
@@ -162,6 +163,20 @@ void TestKitSources::fullRangeIsKept()
     const double before = meanLuma(plainly.first(), QRect(76, 56, 8, 8));
     const double after = meanLuma(out.first(), QRect(76, 56, 8, 8));
     QVERIFY2(std::abs(before - after) < 2, QByteArray::number(after - before));
+}
+
+/// A filter of YUV that comes after them would have them made YUV of limited range.
+void TestKitSources::greysKeepTheirRange()
+{
+    const MediaInfo media = probed("grey-full.mkv");
+    QCOMPARE(media.picture()->range, key("pc"));
+    Settings flat = plain(QSize(160, 120));
+    useEffect(flat, key("Greyscale"));
+    const QVector<Frame> plainly = frames(media, zokit::pictureGraph(plain(QSize(160, 120)), media, eightBits()));
+    const QVector<Frame> out = frames(media, zokit::pictureGraph(flat, media, eightBits()));
+    QCOMPARE(out.size(), plainly.size());
+    QVERIFY(!out.isEmpty());
+    QVERIFY(out.first().bytes == plainly.first().bytes);
 }
 
 void TestKitSources::pictureSubtitleIsLaidOver()
