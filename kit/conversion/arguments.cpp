@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include <QFileInfo>
+#include <QThread>
 
 #include <zokit/graph.h>
 
@@ -20,7 +21,7 @@ namespace zokit {
 namespace {
 
 constexpr qint64 gibibyte = qint64(1024) * 1024 * 1024;
-constexpr qint64 conversionMemory = 4 * gibibyte;
+constexpr qint64 usualMemory = 4 * gibibyte;
 
 QString number(double value)
 {
@@ -59,8 +60,19 @@ Command commandOf(const Tools& tools, const QStringList& arguments)
     Command command;
     command.program = tools.ffmpeg;
     command.arguments = arguments;
-    command.memory = conversionMemory;
+    command.memory = usualMemory;
     return command;
+}
+
+/// Address space of a conversion, generously: an encoder keeps some sixty frames, and each thread frames of its own.
+qint64 conversionMemory(const MediaInfo& media, int threads)
+{
+    constexpr qint64 bytesAPixel = 512;
+    constexpr qint64 threadBytesAPixel = 16;
+    constexpr qint64 bytesAThread = gibibyte / 16; // What the allocator sets aside.
+    const QSize size = media.picture() ? media.picture()->coded : QSize(0, 0);
+    const qint64 pixels = qint64(size.width()) * size.height();
+    return std::max(usualMemory, bytesAPixel * pixels) + threads * (bytesAThread + threadBytesAPixel * pixels);
 }
 
 /// How a player shows a track: flags by ffmpeg's names, with a plus between them.
@@ -493,6 +505,7 @@ Command convertCommand(const Tools& tools, const Job& job, const MediaInfo& medi
 {
     Command command = commandOf(tools, Arguments(job, media, files, plan, helpers).made(target));
     command.stallSeconds = job.stallSeconds;
+    command.memory = conversionMemory(media, job.threads > 0 ? job.threads : QThread::idealThreadCount());
     return command;
 }
 
