@@ -82,7 +82,11 @@ constexpr Recipe recipes[] = {
     {"high.mkv",         "-f lavfi -i testsrc2=s=16x720:r=25:d=0.2 " X264},
     {"pq.mkv",           PICTURE HDR("smpte2084")},
     {"hlg.mkv",          PICTURE HDR("arib-std-b67")},
+    {"half-tagged.mkv",  PICTURE "-c:v libx265 -preset ultrafast -pix_fmt yuv420p10le -x265-params log-level=error:transfer=smpte2084"},
+    {"hevc.mkv",         PICTURE "-c:v libx265 -preset ultrafast -pix_fmt yuv420p -x265-params log-level=error"},
+    {"side.mkv",         "-f lavfi -i aevalsrc=0.1|0.1|0.1|0.1|0.1|0.1:c=5.1(side):d=0.4 -c:a ac3"},
     {"grey-full.mkv",    PICTURE "-c:v ffv1 -pix_fmt gray -color_range pc"},
+    {"rgb.mkv",          "-f lavfi -i color=0xc08040:s=64x48:d=0.2 -c:v libx264rgb -preset ultrafast -crf 0 -color_range pc"},
     {"ten-bit.mkv",      PICTURE "-c:v ffv1 -pix_fmt yuv420p10le"},
     // Tracks
     {"cover.mp3",        SOUND "-i {still.jpg} -map 0 -map 1 -c:a libmp3lame -c:v copy -disposition:v attached_pic"},
@@ -95,13 +99,22 @@ constexpr Recipe recipes[] = {
                          "-disposition:a:0 default -disposition:a:1 comment -disposition:s:0 forced -disposition:s:1 hearing_impaired"},
     {"graphic.mkv",      "-i {plain.mp4} -f sup -i {graphic.sup} -map 0 -map 1 -c copy"},
     {"dvdsub.mkv",       "-i {plain.mp4} -f sup -i {graphic.sup} -map 0 -map 1 -c copy -c:s dvdsub"},
+    {"cover-and-font.mkv", "-i {plain.mp4} -c copy -attach {still.jpg} -metadata:s:t:0 mimetype=image/jpeg -metadata:s:t:0 filename=cover.jpg "
+                         "-attach {still.png} -metadata:s:t:1 mimetype=application/x-truetype-font -metadata:s:t:1 filename=own.ttf"},
+    {"big-endian.mov",   SOUND "-c:a pcm_f32be"},
     {"chapters.mkv",     "-i {plain.mp4} -f ffmetadata -i {chapters.txt} -map 0 -c copy -map_metadata 1"},
     // Times
     {"late.ts",          "-i {plain.mp4} -c copy -output_ts_offset 10"},
     {"counting.mkv",     "-f lavfi -i nullsrc=s=64x48:r=25:d=4,format=yuv420p,geq=16+2*N:128:128 -c:v ffv1 -colorspace bt709 -color_range tv"},
     {"long.mpg",         "-f lavfi -i testsrc2=s=176x144:r=25:d=3 -f lavfi -i sine=d=3 -c:v mpeg2video -c:a mp2"},
     {"long.ts",          "-f lavfi -i testsrc2=s=160x120:r=25:d=8 " X264 "-g 100 -bf 2"},
+    {"longer.ts",        "-f lavfi -i testsrc2=s=160x120:r=25:d=17 -f lavfi -i sine=d=17 " X264 "-g 250 -bf 2 -c:a mp2"},
     {"gap.mkv",          "-f lavfi -i testsrc2=s=160x120:r=25:d=8 -vf select=lt(n\\,10)+gt(n\\,180) -fps_mode vfr -c:v ffv1 -pix_fmt yuv420p"},
+    {"uneven.mkv",       "-f lavfi -i testsrc2=s=160x120:r=193/10:d=0.3 -vf settb=1/1000,setpts=N*50+mod(N*N\\,5)*6 -fps_mode passthrough -enc_time_base 1/1000 " X264},
+    {"uneven.mp4",       "-i {uneven.mkv} -map 0 -c copy"},
+    {"rare.mp4",         "-f lavfi -i testsrc2=s=160x120:r=30:d=2.1 -vf select=lt(n\\,3)+eq(n\\,30)+eq(n\\,60) -fps_mode vfr -bf 0 " X264},
+    {"late-sound.mkv",   PICTURE "-itsoffset 0.2 -f lavfi -i sine=d=0.2 -c:v ffv1 -pix_fmt yuv420p -c:a pcm_s16le"},
+    {"talking.mkv",      "-f lavfi -i testsrc2=s=160x120:r=25:d=2 -f srt -i {talk.srt} " X264 "-c:s srt"},
     {"late-picture.mkv", "-itsoffset 0.5 -i {silent.mkv} -i {sound.wav} -map 0 -map 1 -c:v copy"},
     {"streamed.mkv",     "-i {plain.mp4} -c copy -seekable 0"}, // No length in it, as written to a pipe.
 };
@@ -113,6 +126,8 @@ struct Text {
 };
 constexpr Text texts[] = {
     {"text.srt",     "1\n00:00:00,100 --> 00:00:00,300\nHello\n"},
+    {"talk.srt",     "1\n00:00:00,500 --> 00:00:00,600\nOne\n\n2\n00:00:01,000 --> 00:00:01,200\nTwo\n\n"
+                     "3\n00:00:01,600 --> 00:00:01,800\nThree\n"},
     {"chapters.txt", ";FFMETADATA1\ntitle=Feature\n[CHAPTER]\nTIMEBASE=1/1000\nSTART=0\nEND=200\ntitle=One\n"
                      "[CHAPTER]\nTIMEBASE=1/1000\nSTART=200\nEND=400\ntitle=Two\n"},
 };

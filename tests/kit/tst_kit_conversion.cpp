@@ -3,6 +3,8 @@
 
 // Conversions of small clips by the real ffmpeg: what becomes of each track, what the result holds, and what is left
 // where one fails.
+#include <algorithm>
+#include <cstdlib>
 #include <functional>
 
 #include <QDir>
@@ -122,6 +124,18 @@ private Q_SLOTS:
     }
     void tracksFollow_data();
     void tracksFollow();
+    void lineOfATrack_data();
+    void lineOfATrack();
+    void timesAreKept_data();
+    void timesAreKept();
+    void partBeginsWithItsFrame_data();
+    void partBeginsWithItsFrame();
+    void coloursAreKept();
+    void namesAreThoseThatPlayersRead_data();
+    void namesAreThoseThatPlayersRead();
+    void subtitlesInOtherLettersAreRead();
+    void memoryGrowsWithFrameAndThreads_data();
+    void memoryGrowsWithFrameAndThreads();
     void isRefused_data();
     void isRefused();
     void skipsWhatIsThere();
@@ -166,6 +180,9 @@ void TestKitConversion::tracksFollow_data()
     row("a cover", "cover.mp4", "mp4", nothing, "h264 aac mjpeg(cover)");
     row("a cover to mkv", "cover.mp4", "mkv", nothing, "h264 aac mjpeg(cover)");
     row("an attachment", "attachment.mkv", "mkv", nothing, "h264 aac ttf");
+    row("a cover before a font", "cover-and-font.mkv", "mkv", nothing, "h264 aac ttf mjpeg(cover)");
+    row("sound that mkv has no name for", "big-endian.mov", "mkv", nothing, "aac");
+    row("HDR that says only half of it", "half-tagged.mkv", "mp4", grey, "h264");
     row("two videos", "two-videos.mkv", "mkv", grey, "h264 ffv1");
     row("sound alone", "sound.wav", "mkv", normalized, "aac");
     row("a picture without times", "small.mpg", "mkv", nothing, "mpeg2video");
@@ -222,6 +239,262 @@ void TestKitConversion::tracksFollow()
     QTEST(codecs(converted.media), "expected");
     QCOMPARE(converted.left, QStringList());
     QVERIFY(QFile::remove(output));
+}
+
+void TestKitConversion::lineOfATrack_data()
+{
+    QTest::addColumn<int>("track"); // Of languages.mkv, which gets the codec.
+    QTest::addColumn<QString>("codec");
+    QTest::addColumn<QString>("container");
+    QTest::addColumn<QString>("expected");
+
+    const auto row = [](int track, const char* codec, const char* container, const char* expected) {
+        QTest::addRow("%s in %s", codec, container)
+            << track << QString::fromUtf8(codec) << QString::fromUtf8(container) << QString::fromUtf8(expected);
+    };
+    row(3, "dvb_teletext", "mkv", "track 3 (subtitle, ger, dvb_teletext): left out, because mkv holds no dvb_teletext");
+    row(3, "dvb_teletext", "mp4", "track 3 (subtitle, ger, dvb_teletext): left out, because mp4 holds no dvb_teletext");
+    row(3, "eia_608", "mkv", "track 3 (subtitle, ger, eia_608): converted to subrip, because mkv holds no eia_608");
+    row(3, "", "mkv", "track 3 (subtitle, ger): left out, because ffmpeg does not know its codec");
+    row(1, "", "mkv", "track 1 (audio, fra): left out, because ffmpeg does not know its codec");
+    row(1, "pcm_dvd", "mkv", "track 1 (audio, fra, pcm_dvd): converted to aac, because mkv holds no pcm_dvd");
+    row(1, "pcm_bluray", "mkv", "track 1 (audio, fra, pcm_bluray): converted to aac, because mkv holds no pcm_bluray");
+    row(1, "pcm_s16be", "mkv", "track 1 (audio, fra, pcm_s16be): copied");
+}
+
+void TestKitConversion::lineOfATrack()
+{
+    QFETCH(int, track);
+    QFETCH(QString, codec);
+    QFETCH(QString, container);
+    MediaInfo media = zokit::probe(zokit::findTools(), clips::clip(QStringLiteral("languages.mkv"))).media.value();
+    media.streams[track].track.codec = codec;
+    const zokit::TracksPlan plan = zokit::planTracks(settingsFor(media, {}), media, {}, container);
+    QTEST(plan.tracks.value(track).line().text(), "expected");
+}
+
+void TestKitConversion::timesAreKept_data()
+{
+    QTest::addColumn<QString>("clip");
+    QTest::addColumn<QString>("ending");
+    QTest::addColumn<Edits>("edits");
+    QTest::addColumn<QString>("tracks");   // As ffprobe selects them.
+    QTest::addColumn<QString>("expected"); // Milliseconds of the first packets.
+
+    const auto row = [](const char* name, const char* clip, const char* ending, const Edits& edits, const char* tracks,
+                        const char* expected) {
+        QTest::newRow(name) << QString::fromUtf8(clip) << QString::fromUtf8(ending) << edits
+                            << QString::fromUtf8(tracks) << QString::fromUtf8(expected);
+    };
+    const auto with = [](Edits edits, const char* address, const QVariant& value) {
+        edits.insert(QString::fromUtf8(address), value);
+        return edits;
+    };
+    const Edits grey{{QStringLiteral("Color:bcs_saturation"), -50}};
+    row("frames at uneven times", "uneven.mkv", "mp4", grey, "v", "0 56 124 174 206 250");
+    row("frames at uneven times of another container", "uneven.mp4", "mkv", grey, "v", "0 56 124 174 206 250");
+    row("frames that become rare", "rare.mp4", "mp4", grey, "v", "0 33 67 1000 2000");
+    row("frames at even times", "lossless.mkv", "mp4", grey, "v", "0 40 80 120 160 200 240 280 320 360");
+
+    const Edits fast{{QStringLiteral("Audio_Speed:audio_effect_flag"), true},
+                     {QStringLiteral("Audio_Speed:audio_speed_factor"), 200},
+                     {QStringLiteral("Output:audio-codec"), QStringLiteral("flac")}};
+    const Edits slow = with(fast, "Audio_Speed:audio_speed_factor", 25);
+    row("sound that begins later, faster", "late-sound.mkv", "mkv", fast, "a", "100");
+    row("sound that begins later, slower", "late-sound.mkv", "mkv", slow, "a", "800");
+    const QVariant part = QVariantList{0.4, 1.4};
+    row("subtitles of a part, faster", "talking.mkv", "mkv", with(fast, "Output:trim", part), "s", "50 300");
+    row("subtitles of a part, slower", "talking.mkv", "mkv", with(slow, "Output:trim", part), "s", "400 2400");
+
+    const Edits pictures{{QStringLiteral("Output:soft-subtitles"), true},
+                         {QStringLiteral("Subtitle"),
+                          QVariantMap{{QStringLiteral("sub_fromfile"), true},
+                                      {QStringLiteral("file"), clips::clip(QStringLiteral("graphic.sup"))}}}};
+    row("a file of pictures", "silent.mkv", "mkv", pictures, "s", "100 300");
+    row("a part of a file of pictures", "silent.mkv", "mkv", with(pictures, "Output:trim", QVariantList{0.04, 0.36}),
+        "s", "60 260");
+}
+
+void TestKitConversion::timesAreKept()
+{
+    QFETCH(QString, clip);
+    QFETCH(QString, ending);
+    QFETCH(Edits, edits);
+    QFETCH(QString, tracks);
+    QFETCH(QString, expected);
+    const QString output = path(QStringLiteral("result.") + ending);
+    QFile::remove(output);
+    const Converted converted = convert(clips::clip(clip), edits, output);
+    QVERIFY2(converted.result.outcome == Outcome::Done, qPrintable(said(converted.result)));
+    zokit::Command command;
+    command.program = zokit::findTools().ffprobe;
+    command.arguments =
+        QStringLiteral("-v error -show_entries packet=pts_time -of csv=p=0 -select_streams").split(QLatin1Char(' '));
+    command.arguments << tracks << output;
+    QVector<int> times;
+    for (const QByteArray& line : zokit::run(command).output.split('\n'))
+        if (!line.trimmed().isEmpty())
+            times.append(qRound(line.split(',').first().toDouble() * 1000));
+    std::sort(times.begin(), times.end()); // They come in the order in which they are decoded.
+    QStringList found;
+    for (const int time : times)
+        found.append(QString::number(time));
+    if (tracks == QLatin1String("a"))
+        found = found.mid(0, 1);
+    QCOMPARE(found.join(QLatin1Char(' ')), expected);
+    QVERIFY(QFile::remove(output));
+}
+
+void TestKitConversion::partBeginsWithItsFrame_data()
+{
+    QTest::addColumn<QString>("clip");
+    QTest::addColumn<QVariantList>("part");
+    QTest::addColumn<int>("first");
+    QTest::addColumn<int>("count");
+    QTest::newRow("of an index") << "counting.mkv" << QVariantList{1.0, 2.0} << 25 << 25;
+    QTest::newRow("long after a key frame, without an index") << "long.ts" << QVariantList{3.6, 4.6} << 90 << 25;
+    QTest::newRow("later in it") << "longer.ts" << QVariantList{15.0, 16.0} << 375 << 25;
+}
+
+void TestKitConversion::partBeginsWithItsFrame()
+{
+    QFETCH(QString, clip);
+    QFETCH(QVariantList, part);
+    QFETCH(int, first);
+    QFETCH(int, count);
+    const QString output = path(QStringLiteral("result.mkv"));
+    const Converted converted =
+        convert(clips::clip(clip),
+                {{QStringLiteral("Output:trim"), part}, {QStringLiteral("Output:video-codec"), QStringLiteral("ffv1")}},
+                output);
+    QVERIFY2(converted.result.outcome == Outcome::Done, qPrintable(said(converted.result)));
+    QCOMPARE(said(converted.result), QString());
+    const auto pictures = [](const QString& file) {
+        zokit::Command command;
+        command.program = zokit::findTools().ffmpeg;
+        command.arguments << QStringLiteral("-v") << QStringLiteral("error") << QStringLiteral("-i") << file
+                          << QStringLiteral("-map") << QStringLiteral("0:v") << QStringLiteral("-f")
+                          << QStringLiteral("framehash") << QStringLiteral("-fps_mode") << QStringLiteral("passthrough")
+                          << QStringLiteral("pipe:1");
+        QByteArrayList hashes;
+        for (const QByteArray& line : zokit::run(command).output.split('\n'))
+            if (!line.isEmpty() && !line.startsWith('#'))
+                hashes.append(line.split(',').last().trimmed());
+        return hashes;
+    };
+    QCOMPARE(pictures(output), pictures(clips::clip(clip)).mid(first, count));
+    QVERIFY(QFile::remove(output));
+}
+
+/// RGB of full range becomes YUV of limited range, and says so.
+void TestKitConversion::coloursAreKept()
+{
+    const QString output = path(QStringLiteral("result.mp4"));
+    const Converted converted = convert(clips::clip(QStringLiteral("rgb.mkv")),
+                                        {{QStringLiteral("Output:video-codec"), QStringLiteral("h264")}}, output);
+    QVERIFY2(converted.result.outcome == Outcome::Done, qPrintable(said(converted.result)));
+    QCOMPARE(converted.media.picture()->range, QStringLiteral("tv"));
+    zokit::Command command;
+    command.program = zokit::findTools().ffmpeg;
+    command.arguments = QStringLiteral("-v error -i %1 -frames:v 1 -vf crop=2:2:20:20:exact=1,format=rgb24 -f rawvideo "
+                                       "pipe:1")
+                            .arg(output)
+                            .split(QLatin1Char(' '));
+    const QByteArray pixel = zokit::run(command).output.left(3);
+    const auto isNear = [&](int channel, int value) { return std::abs(uchar(pixel[channel]) - value) <= 4; };
+    QVERIFY2(pixel.size() == 3 && isNear(0, 0xc0) && isNear(1, 0x80) && isNear(2, 0x40), pixel.toHex());
+    QVERIFY(QFile::remove(output));
+}
+
+void TestKitConversion::namesAreThoseThatPlayersRead_data()
+{
+    QTest::addColumn<QString>("clip");
+    QTest::addColumn<Edits>("edits");
+    QTest::addColumn<QString>("entry"); // Of a stream, as ffprobe calls it.
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("hevc that is copied") << "hevc.mkv" << Edits{} << "codec_tag_string"
+                                         << "hvc1";
+    QTest::newRow("loudspeakers at the side")
+        << "side.mkv" << Edits{{QStringLiteral("Output:audio-codec"), QStringLiteral("aac")}} << "channel_layout"
+        << "5.1";
+}
+
+void TestKitConversion::namesAreThoseThatPlayersRead()
+{
+    QFETCH(QString, clip);
+    QFETCH(Edits, edits);
+    QFETCH(QString, entry);
+    const QString output = path(QStringLiteral("result.mp4"));
+    const Converted converted = convert(clips::clip(clip), edits, output);
+    QVERIFY2(converted.result.outcome == Outcome::Done, qPrintable(said(converted.result)));
+    zokit::Command command;
+    command.program = zokit::findTools().ffprobe;
+    command.arguments << QStringLiteral("-v") << QStringLiteral("error") << QStringLiteral("-show_entries")
+                      << QStringLiteral("stream=") + entry << QStringLiteral("-of") << QStringLiteral("csv=p=0")
+                      << output;
+    QTEST(QString::fromLatin1(zokit::run(command).output.trimmed()), "expected");
+    QVERIFY(QFile::remove(output));
+}
+
+void TestKitConversion::subtitlesInOtherLettersAreRead()
+{
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("latin.srt")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QVERIFY(file.write("1\n00:00:00,100 --> 00:00:00,300\nGr\xfc\xdf"
+                       "e\n")
+            > 0);
+    file.close();
+    for (const char* ending : {"mkv", "mp4"}) {
+        const QString output = path(QStringLiteral("result.") + QLatin1String(ending));
+        const Converted converted =
+            convert(clips::clip(QStringLiteral("silent.mkv")),
+                    {{QStringLiteral("Output:soft-subtitles"), true},
+                     {QStringLiteral("Output:video-codec"), QStringLiteral("h264")},
+                     {QStringLiteral("Subtitle"),
+                      QVariantMap{{QStringLiteral("sub_fromfile"), true}, {QStringLiteral("file"), file.fileName()}}}},
+                    output);
+        QVERIFY2(converted.result.outcome == Outcome::Done, qPrintable(said(converted.result)));
+        zokit::Command command;
+        command.program = zokit::findTools().ffmpeg;
+        command.arguments = QStringLiteral("-v error -i %1 -map 0:s -f srt pipe:1").arg(output).split(QLatin1Char(' '));
+        QVERIFY(zokit::run(command).output.contains("Gr\xc3\xbc\xc3\x9f"
+                                                    "e"));
+        QVERIFY(QFile::remove(output));
+        if (ending == QByteArray("mkv"))
+            QCOMPARE(converted.lines.last(),
+                     QStringLiteral("track latin.srt (subtitle, subrip): converted to subrip, because "
+                                    "its letters are not in UTF-8"));
+    }
+}
+
+void TestKitConversion::memoryGrowsWithFrameAndThreads_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::addColumn<int>("threads");
+    QTest::addColumn<qint64>("least"); // What ffmpeg with libx264 was seen to take.
+    QTest::addColumn<qint64>("expected");
+    constexpr qint64 megabyte = 1024 * 1024;
+    QTest::newRow("small") << QSize(160, 120) << 1 << 200 * megabyte << qint64(4362383360);
+    QTest::newRow("4K, 16 threads") << QSize(3840, 2160) << 16 << 4053 * megabyte << qint64(7492075520);
+    QTest::newRow("4K, 32 threads") << QSize(3840, 2160) << 32 << 6343 * megabyte << qint64(10689183744);
+    QTest::newRow("8K, 32 threads") << QSize(7680, 4320) << 32 << 6343 * megabyte << qint64(36121346048);
+}
+
+void TestKitConversion::memoryGrowsWithFrameAndThreads()
+{
+    QFETCH(QSize, size);
+    QFETCH(int, threads);
+    QFETCH(qint64, least);
+    MediaInfo media = zokit::probe(zokit::findTools(), clips::clip(QStringLiteral("silent.mkv"))).media.value();
+    media.streams.first().coded = size;
+    Job job;
+    job.settings = settingsFor(media, {});
+    job.threads = threads;
+    const zokit::TracksPlan plan = zokit::planTracks(job.settings, media, {}, QStringLiteral("mkv"));
+    const zokit::Command command = zokit::convertCommand(zokit::findTools(), job, media, {}, plan, {}, QString());
+    QTEST(command.memory, "expected");
+    QVERIFY(command.memory > least);
 }
 
 void TestKitConversion::isRefused_data()
