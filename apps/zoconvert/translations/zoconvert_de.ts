@@ -360,6 +360,14 @@
         <translation>Zeigt, woraus Mediendateien bestehen.</translation>
     </message>
     <message>
+        <source>A folder stands for the media files in it.</source>
+        <translation>Ein Ordner steht für die Mediendateien darin.</translation>
+    </message>
+    <message>
+        <source>A settings file stands for its clip, a folder for the media files in it.</source>
+        <translation>Eine Einstellungsdatei steht für ihren Clip, ein Ordner für die Mediendateien darin.</translation>
+    </message>
+    <message>
         <source>The stream numbers are those that --audio-tracks and --subtitle-track take.</source>
         <translation>Die Nummern der Spuren sind die, die --audio-tracks und --subtitle-track nehmen.</translation>
     </message>
