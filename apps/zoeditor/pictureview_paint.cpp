@@ -18,9 +18,10 @@ constexpr int loupeSide = 168;  // In pixels of the view.
 constexpr double loupeZoom = 8; // Pixels of the screen for one of the frame.
 constexpr int padding = 4;
 
-/// A note that can be read on any picture.
+/// A note that can be read on any picture. Sizes run from left to right also where words do not.
 void paintNote(QPainter& painter, const QRect& area, const QString& text)
 {
+    painter.setLayoutDirection(Qt::LeftToRight);
     painter.fillRect(area, QColor(0, 0, 0, 190));
     painter.setPen(Qt::white);
     painter.drawText(area, Qt::AlignCenter, text);
