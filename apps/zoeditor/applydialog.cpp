@@ -143,7 +143,9 @@ zokit::CarryOver ApplyDialog::carry() const
 
 zokit::Settings ApplyDialog::after(const zokit::Settings& before) const
 {
-    return zokit::carriedOver(m_from, before, carry());
+    zokit::Settings after = zokit::carriedOver(m_from, before, carry());
+    m_session->chooseTracks(before, after); // What it refuses is said when it is applied.
+    return after;
 }
 
 /// One row a file; what changes in it follows when the row is opened, as the first one is.
@@ -226,7 +228,10 @@ void ApplyDialog::showPictures()
 
 void ApplyDialog::accept()
 {
-    const zokit::Message refused = m_session->project().apply(m_from, targets(), carry(), this);
+    const zokit::Message refused = m_session->project().apply(
+        m_from, targets(), carry(), this, [this](const zokit::Settings& before, zokit::Settings& after) {
+            return m_session->chooseTracks(before, after);
+        });
     if (refused.isEmpty())
         return QDialog::accept();
     m_problem->setText(refused.text());

@@ -65,6 +65,9 @@ public:
     void remove(const QVector<int>& rows);
     /// What the file consists of; null until it was read. Valid until the list changes.
     const zokit::MediaInfo* mediaOf(const zokit::FileSettings* file) const;
+    /// Lets rules for tracks that are other ones in \a after than in \a before, of one clip, choose among its tracks. A
+    /// message when they name one that is not there.
+    zokit::Message chooseTracks(const zokit::Settings& before, zokit::Settings& after) const;
     /// Why a file cannot be converted; empty when it can.
     zokit::Message problemOf(zokit::Identity file) const;
     /// Shows a small picture of a file in the list.

@@ -201,6 +201,16 @@ const zokit::MediaInfo* Session::mediaOf(const FileSettings* file) const
     return index >= 0 && m_files.rows().at(index).media ? &*m_files.rows().at(index).media : nullptr;
 }
 
+Message Session::chooseTracks(const zokit::Settings& before, zokit::Settings& after) const
+{
+    const int index = m_files.rowOf(after.media.file);
+    if (after.tracks == before.tracks || index < 0 || !m_files.rows().at(index).media)
+        return {};
+    const zokit::RuledTracks ruled = zokit::tracksByRule(after, *m_files.rows().at(index).media);
+    after = ruled.settings;
+    return ruled.error;
+}
+
 Message Session::problemOf(zokit::Identity file) const
 {
     const int index = m_files.rowOf(file);

@@ -284,7 +284,7 @@ void Project::remove(FileSettings* file, QObject* asker)
 }
 
 Message Project::apply(const Settings& from, const QVector<FileSettings*>& targets, const CarryOver& carry,
-                       QObject* asker)
+                       QObject* asker, const Settle& settle)
 {
     const Message error = checkCarryOver(from, carry);
     if (!error.isEmpty())
@@ -296,7 +296,11 @@ Message Project::apply(const Settings& from, const QVector<FileSettings*>& targe
         if (!refused.isEmpty())
             break;
         const Settings present = target->settings();
-        refused = target->d->become(carrier.over(present), present, asker);
+        Settings wanted = carrier.over(present);
+        if (settle)
+            refused = settle(present, wanted);
+        if (refused.isEmpty())
+            refused = target->d->become(wanted, present, asker);
     }
     if (refused.isEmpty())
         d->history->endGesture();

@@ -3,8 +3,6 @@
 
 #pragma once
 
-#include <functional>
-
 #include <QByteArray>
 #include <QStringList>
 #include <QVector>
@@ -31,10 +29,6 @@ struct ZOKIT_EXPORT ApplyPlan {
     QVector<ApplyTarget> targets; ///< Each file once, those that do not change, too.
     Message error;                ///< Names the target that cannot be read.
 };
-
-/// What a host makes of the settings of a target besides: it is given them as they were, and changes them as they are
-/// to be. A message refuses all targets.
-using Settle = std::function<Message(const Settings& before, Settings& after)>;
 
 /// Reads all \a targets, and says what \a carry from \a from makes of them, and then \a settle, if given. Nothing is
 /// written.

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <functional>
+
 #include <QStringList>
 
 #include <zokit/message.h>
@@ -35,5 +37,9 @@ ZOKIT_EXPORT Message checkCarryOver(const Settings& from, const CarryOver& carry
 /// Carrying over twice is the same as once. This is what a dry run shows (differences() of \a to and the result) and
 /// what happens. What checkCarryOver() refuses by its form changes nothing; for images it does not look.
 ZOKIT_EXPORT Settings carriedOver(const Settings& from, const Settings& to, const CarryOver& carry);
+
+/// What a host makes of the settings of a target besides: it is given them as they were, and changes them as they are
+/// to be. A message refuses all targets.
+using Settle = std::function<Message(const Settings& before, Settings& after)>;
 
 } // namespace zokit

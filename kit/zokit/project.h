@@ -54,9 +54,10 @@ public:
     /// \name Many files
     /// @{
 
-    /// Carries settings of \a from over to \a targets as one step of the history: to all, or to none with the reason.
+    /// Carries settings of \a from over to \a targets, and then \a settle, if given, as one step of the history: to
+    /// all, or to none with the reason.
     Message apply(const Settings& from, const QVector<FileSettings*>& targets, const CarryOver& carry,
-                  QObject* asker = nullptr);
+                  QObject* asker = nullptr, const Settle& settle = {});
     /// What that would change: a line a value for people, "film.mkv: Colour: Contrast: 0 -> 20"; translated.
     QStringList changesOf(const Settings& from, const QVector<FileSettings*>& targets, const CarryOver& carry) const;
     /// @}

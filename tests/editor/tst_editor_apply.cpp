@@ -28,6 +28,7 @@ private slots:
     void aloneThereIsNothingToApplyTo();
     void watermarkIsShownInTheSmallestAndTheLargest();
     void manyFilesAreLookedAtOneByOne();
+    void rulesForTracksChooseInEachFile();
 };
 
 namespace {
@@ -210,4 +211,28 @@ void TestEditorApply::manyFilesAreLookedAtOneByOne()
 }
 
 EDITOR_TEST_MAIN(TestEditorApply)
+void TestEditorApply::rulesForTracksChooseInEachFile()
+{
+    const QTemporaryDir folder;
+    const QString other = folder.filePath(key("other.mkv"));
+    QVERIFY(QFile::copy(clips::clip(key("languages.mkv")), other)); // Its sounds are fra and eng.
+    const Stage stage({clips::clip(key("languages.mkv")), other});
+    zokit::FileSettings* file = stage.file(1);
+    stage.file(0)->setValue(stage.file(0)->tracks(), key("audio-language"), QStringList{key("eng")});
+    stage.trigger("applyTo");
+    rowOf(stage.find<QTreeWidget>("what"), "Choice of tracks")->setCheckState(0, Qt::Checked);
+    settle();
+    QTreeWidgetItem* shown = stage.find<QTreeWidget>("differences")->topLevelItem(0);
+    QStringList addresses;
+    for (int i = 0; i < shown->childCount(); ++i)
+        addresses.append(shown->child(i)->toolTip(0));
+    QVERIFY2(addresses.contains(key("Audio:1:selected")), qPrintable(addresses.join(QLatin1Char(' '))));
+    const int steps = stage.session().history().position();
+    applyButton(stage)->click();
+    QTRY_VERIFY(!stage.find("applyDialog"));
+    QVERIFY(!file->value(file->item(key("Audio"), 0), key("selected")).toBool());
+    QVERIFY(file->value(file->item(key("Audio"), 1), key("selected")).toBool());
+    QCOMPARE(stage.session().history().position(), steps + 1);
+}
+
 #include "tst_editor_apply.moc"
