@@ -47,6 +47,7 @@ for page in *.html; do
     done <<< "$(grep -ohE '(href|src)="[^"#]+' "$page" | sed -E 's/^(href|src)="//' | LC_ALL=C sort -u)"
 done
 same 'pages: no link leads nowhere' '' "$missing" || true
+same 'pages: each link is one' '' "$(grep -l '@ref' ./*.html || true)" || true
 
 # The same headers, one declaration of which lost its comment.
 mkdir "$work/copy"
