@@ -54,10 +54,11 @@ block() {
         inside' "docs/guide/$3"
 }
 
-# Everything in the system but caches, logs and the packages' own records.
+# Everything in the system but caches, logs, the packages' own records, and what Debian makes of their types of files.
 files_inside() {
     (cd "$root" && find . -xdev \( -path ./proc -o -path ./tmp -o -path ./root -o -path ./var/cache -o -path ./var/log \
-        -o -path ./var/lib/apt -o -path ./var/lib/dpkg \) -prune -o -print | sed 's/^\.//' | LC_ALL=C sort)
+        -o -path ./var/lib/apt -o -path ./var/lib/dpkg -o -path ./usr/share/mime/application \) -prune -o -print |
+        sed 's/^\.//' | LC_ALL=C sort)
 }
 
 # --- Two times the same ------------------------------------------------------------------------------------------
