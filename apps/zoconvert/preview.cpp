@@ -125,11 +125,12 @@ QStringList picturePaths(const QDir& folder, const QStringList& sources, QString
 /// Writes \a picture whole or not at all; the sentence says why not.
 QString write(const QImage& picture, const QString& path)
 {
+    constexpr int quick = 70; // Of 100: sooner there, for files that are a fifth larger.
     QByteArray png;
     QBuffer buffer(&png);
     QSaveFile file(path);
-    if (picture.save(&buffer, "PNG") && file.open(QIODevice::WriteOnly) && file.write(png) == png.size() && file.flush()
-        && file.commit())
+    if (picture.save(&buffer, "PNG", quick) && file.open(QIODevice::WriteOnly) && file.write(png) == png.size()
+        && file.flush() && file.commit())
         return QString();
     return zokit::Message(zokit::Message::Code::FileUnwritable, {path, file.errorString()}).text();
 }
