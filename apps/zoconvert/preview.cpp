@@ -5,6 +5,7 @@
 
 #include <QBuffer>
 #include <QDir>
+#include <QEventLoop>
 #include <QFileInfo>
 #include <QImage>
 #include <QSaveFile>
@@ -93,7 +94,6 @@ Scene sceneOf(const QString& word, const Invocation& invocation)
     if (!plan.error.isEmpty())
         return refused(named(word, plan.error.text()), Usage);
     scene.question = zokit::plannedFrame(scene.settings, *input.media, plan);
-    scene.question.isKept = true;
     return scene;
 }
 
@@ -107,6 +107,39 @@ QString readTime(const Invocation& invocation, double length, double* seconds)
     bool isNumber = false;
     *seconds = invocation.value("time").toDouble(&isNumber);
     return isNumber && *seconds >= 0 && *seconds < 1e9 ? QString() : say(Say::TimeForm, {invocation.value("time")});
+}
+
+/// The picture of each kind at the question's time, by two children at a time: one gets what comes out, the other keeps
+/// the clip's frame for what does not.
+QMap<zokit::FrameKind, zokit::FrameAnswer> frames(zokit::FrameQuestion question)
+{
+    using zokit::FrameKind;
+    const zokit::Tools tools = zokit::findTools();
+    zokit::Frames converted(tools);
+    zokit::Frames kept(tools);
+    QMap<FrameKind, zokit::FrameAnswer> answers;
+    QEventLoop loop;
+    const auto take = [&](FrameKind kind, const zokit::FrameAnswer& answer) {
+        answers.insert(kind, answer);
+        if (answers.size() == 3 || !answer.error.isEmpty())
+            loop.quit();
+    };
+    QObject::connect(&converted, &zokit::Frames::answered, &loop,
+                     [&](const zokit::FrameAnswer& answer) { take(FrameKind::After, answer); });
+    QObject::connect(&kept, &zokit::Frames::answered, &loop, [&](const zokit::FrameAnswer& answer) {
+        take(question.kind, answer);
+        if (question.kind == FrameKind::Before && answer.error.isEmpty()) {
+            question.kind = FrameKind::Whole;
+            kept.ask(question);
+        }
+    });
+    question.kind = FrameKind::After;
+    converted.ask(question);
+    question.kind = FrameKind::Before;
+    question.isKept = true;
+    kept.ask(question);
+    loop.exec();
+    return answers;
 }
 
 /// Where the pictures go: before, after, preview and watermark. The \a error says which one would take the place of
@@ -157,21 +190,18 @@ int preview(const Invocation& invocation)
         console::error(error);
         return Failed;
     }
-    zokit::Frames frames(zokit::findTools());
     QMap<zokit::FrameKind, QImage> images;
-    for (const zokit::FrameKind kind : {zokit::FrameKind::Before, zokit::FrameKind::Whole, zokit::FrameKind::After}) {
-        scene.question.kind = kind;
-        const zokit::FrameAnswer answer = zokit::frame(frames, scene.question);
-        if (!answer.error.isEmpty()) {
-            console::error(answer.error.text(), answer.error.arguments().contains(word) ? QString() : word);
+    const QMap<zokit::FrameKind, zokit::FrameAnswer> answers = frames(scene.question);
+    for (auto it = answers.cbegin(); it != answers.cend(); ++it) {
+        const zokit::Message& unseen = it.value().error;
+        if (!unseen.isEmpty()) {
+            console::error(unseen.text(), unseen.arguments().contains(word) ? QString() : word);
             return Failed;
         }
-        images.insert(kind, answer.frame.image());
-        if (kind == zokit::FrameKind::After) {
-            for (const zokit::Message& warning : answer.warnings)
-                console::warning(warning.text(), word);
-        }
+        images.insert(it.key(), it.value().frame.image());
     }
+    for (const zokit::Message& warning : answers.value(zokit::FrameKind::After).warnings)
+        console::warning(warning.text(), word);
     QImage watermark = zokit::watermarkPicture(scene.settings);
     if (watermark.isNull()) {
         watermark = QImage(zokit::baseFrame(scene.settings), QImage::Format_RGBA8888);
