@@ -309,15 +309,18 @@ Message Project::apply(const Settings& from, const QVector<FileSettings*>& targe
     return refused;
 }
 
-QStringList Project::changesOf(const Settings& from, const QVector<FileSettings*>& targets,
-                               const CarryOver& carry) const
+QStringList Project::changesOf(const Settings& from, const QVector<FileSettings*>& targets, const CarryOver& carry,
+                               const Settle& settle) const
 {
     Carrier carrier(from, carry);
     QStringList lines;
     for (const FileSettings* target : targets) {
         const Settings present = target->settings();
+        Settings wanted = carrier.over(present);
+        if (settle && !settle(present, wanted).isEmpty())
+            return QStringList();
         const QString name = QFileInfo(present.media.file).fileName();
-        for (const Difference& difference : differences(present, carrier.over(present)))
+        for (const Difference& difference : differences(present, wanted))
             lines.append(name + QStringLiteral(": ") + differenceLabel(difference));
     }
     return lines;

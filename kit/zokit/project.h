@@ -58,8 +58,10 @@ public:
     /// all, or to none with the reason.
     Message apply(const Settings& from, const QVector<FileSettings*>& targets, const CarryOver& carry,
                   QObject* asker = nullptr, const Settle& settle = {});
-    /// What that would change: a line a value for people, "film.mkv: Colour: Contrast: 0 -> 20"; translated.
-    QStringList changesOf(const Settings& from, const QVector<FileSettings*>& targets, const CarryOver& carry) const;
+    /// What that would change: a line a value for people, "film.mkv: Colour: Contrast: 0 -> 20"; translated. None when
+    /// \a settle refuses.
+    QStringList changesOf(const Settings& from, const QVector<FileSettings*>& targets, const CarryOver& carry,
+                          const Settle& settle = {}) const;
     /// @}
 
     /// \name Saved defaults

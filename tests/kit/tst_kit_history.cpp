@@ -295,6 +295,17 @@ void TestKitHistory::whatApplyingWouldChangeIsALineAValue()
                   key("small.mkv: Crop: Width: as the frame -> 320 px"), key("small.mkv: Colour: Contrast: 0 -> 25")}));
     QCOMPARE(project.changesOf(source->settings(), {small, other}, {{key("Color")}, false}),
              QStringList({key("small.mkv: Colour: Contrast: 0 -> 25"), key("other.mkv: Colour: Contrast: 0 -> 25")}));
+    const auto brighten = [&](const zokit::Settings&, zokit::Settings& after) {
+        after.find(key("Color"))->values.insert(key("bcs_brightness"), 10);
+        return zokit::Message();
+    };
+    const auto refuse = [](const zokit::Settings& seen, zokit::Settings&) {
+        return seen.media.file == key("/films/other.mkv") ? zokit::Message(Code::UnknownType, {key("x")})
+                                                          : zokit::Message();
+    };
+    QCOMPARE(project.changesOf(source->settings(), {other}, {{key("Color")}, false}, brighten),
+             QStringList({key("other.mkv: Colour: Brightness: 0 -> 10"), key("other.mkv: Colour: Contrast: 0 -> 25")}));
+    QCOMPARE(project.changesOf(source->settings(), {small, other}, carry, refuse), QStringList());
     QCOMPARE(project.history().count(), before);
     project.apply(source->settings(), {small, other}, carry);
     QCOMPARE(project.changesOf(source->settings(), {small, other}, carry), QStringList());
