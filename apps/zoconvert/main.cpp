@@ -10,7 +10,7 @@
 int main(int argc, char** argv)
 {
     zoconvert::prepareEnvironment();
-    const QGuiApplication application(argc, argv);
+    new QGuiApplication(argc, argv); // Never deleted: its end would read the configuration of all fonts, unused.
     QCoreApplication::setApplicationName(
         QStringLiteral("zoeffect")); // Saved defaults are one user's, not one program's.
     QCoreApplication::setApplicationVersion(QStringLiteral(ZOCONVERT_VERSION));
