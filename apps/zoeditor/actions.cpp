@@ -12,6 +12,9 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QToolBar>
+#include <QToolButton>
+
+#include "buttons.h"
 
 namespace zoeditor {
 
@@ -127,6 +130,8 @@ Actions::Actions(QMainWindow* window) : QObject(window)
             bar->addAction(action);
         m_actions.append(action);
     }
+    for (auto* button : bar->findChildren<QToolButton*>())
+        letSwitch(button);
     action("addFiles")->setIconText(tr("Add files", "tool bar"));
     action("addFolder")->setIconText(tr("Add folder", "tool bar"));
 }

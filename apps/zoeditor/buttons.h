@@ -3,8 +3,10 @@
 
 #pragma once
 
-#include <QLayout>
+#include <QAction>
+#include <QBoxLayout>
 #include <QPushButton>
+#include <QToolButton>
 
 namespace zoeditor {
 
@@ -16,6 +18,31 @@ inline QPushButton* makeButton(QLayout* layout, const char* name, const QString&
     button->setAutoDefault(false);
     layout->addWidget(button);
     return button;
+}
+
+/// Screen readers switch a button without its action, which follows.
+inline void letSwitch(QToolButton* button)
+{
+    QObject::connect(button, &QToolButton::toggled, button, [button](bool isOn) {
+        QAction* action = button->defaultAction();
+        if (action && action->isChecked() != isOn) {
+            action->trigger();
+            button->setChecked(action->isChecked());
+        }
+    });
+}
+
+/// A flat button at the end of \a row, which does \a action and shows \a shortText.
+inline void addToolButton(QBoxLayout* row, QAction* action, const QString& shortText, QWidget* parent)
+{
+    action->setIconText(shortText);
+    auto* button = new QToolButton(parent);
+    button->setAccessibleName(action->text().remove(QLatin1Char('&')));
+    button->setDefaultAction(action);
+    button->setFocusPolicy(Qt::TabFocus);
+    button->setAutoRaise(true);
+    letSwitch(button);
+    row->addWidget(button);
 }
 
 /// \a name for a label that has a buddy, where "&" would mark the letter behind it.

@@ -140,8 +140,12 @@ private:
     void makeCheckBox()
     {
         auto* box = add(new QCheckBox(m_control));
-        QObject::connect(box, &QCheckBox::clicked, m_control, [this_ = *this](bool isOn) { this_.send(isOn); });
-        onShow([box](const QVariant& value) { box->setChecked(value.toBool()); });
+        // A screen reader switches it without a click.
+        QObject::connect(box, &QCheckBox::toggled, m_control, [this_ = *this](bool isOn) { this_.send(isOn); });
+        onShow([box](const QVariant& value) {
+            const QSignalBlocker quiet(box);
+            box->setChecked(value.toBool());
+        });
     }
 
     template <typename Box, typename Number>

@@ -6,7 +6,6 @@
 #include <QAction>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <zokit/filesettings.h>
@@ -14,6 +13,7 @@
 #include <zokit/shownframes.h>
 
 #include "actions.h"
+#include "buttons.h"
 #include "pictureview.h"
 #include "session.h"
 
@@ -51,13 +51,7 @@ void PicturePane::makeTools(const Actions& actions)
     const auto add = [&](const char* name, const QString& shortText, auto slot) {
         QAction* action = actions.action(name);
         connect(action, &QAction::triggered, this, slot);
-        action->setIconText(shortText);
-        auto* button = new QToolButton(this);
-        button->setAccessibleName(action->text().remove(QLatin1Char('&')));
-        button->setDefaultAction(action);
-        button->setFocusPolicy(Qt::TabFocus);
-        button->setAutoRaise(true);
-        row->addWidget(button);
+        addToolButton(row, action, shortText, this);
     };
     add("showAfter", tr("After"), [this] { m_view->setShow(PictureView::Show::After); });
     add("showBefore", tr("Before"), [this] { m_view->setShow(PictureView::Show::Before); });

@@ -13,13 +13,13 @@
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOptionSlider>
-#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <zokit/filesettings.h>
 #include <zokit/shownframes.h>
 
 #include "actions.h"
+#include "buttons.h"
 #include "listening.h"
 #include "session.h"
 #include "subtitletimes.h"
@@ -152,22 +152,22 @@ TimeLine::TimeLine(Session& session, zokit::ShownFrames& frames, const Actions& 
     rows->addWidget(m_bar);
     auto* row = new QHBoxLayout;
     rows->addLayout(row);
-    addButton(row, connectAction(actions, "stepBack", [this] { step(-1); }), QStringLiteral("<"));
+    addToolButton(row, connectAction(actions, "stepBack", [this] { step(-1); }), QStringLiteral("<"), this);
     m_playAction = connectAction(actions, "play", [this](bool isChecked) { setPlaying(isChecked); });
-    addButton(row, m_playAction, tr("Play"));
-    addButton(row, connectAction(actions, "stepForward", [this] { step(1); }), QStringLiteral(">"));
+    addToolButton(row, m_playAction, tr("Play"), this);
+    addToolButton(row, connectAction(actions, "stepForward", [this] { step(1); }), QStringLiteral(">"), this);
     m_time->setObjectName(QStringLiteral("timeText"));
     m_time->setAccessibleName(tr("Time and length"));
     row->addWidget(m_time);
     row->addStretch(1);
     makeListening(actions, row);
-    addButton(row, connectAction(actions, "setIn", [this] { setPart(true); }), tr("In"));
-    addButton(row, connectAction(actions, "setOut", [this] { setPart(false); }), tr("Out"));
+    addToolButton(row, connectAction(actions, "setIn", [this] { setPart(true); }), tr("In"), this);
+    addToolButton(row, connectAction(actions, "setOut", [this] { setPart(false); }), tr("Out"), this);
     QAction* all = connectAction(actions, "wholeClip", [this] {
         if (zokit::FileSettings* file = m_session.current())
             m_session.take(file->reset(file->output(), trimKey, this));
     });
-    addButton(row, all, tr("All"));
+    addToolButton(row, all, tr("All"), this);
     m_play.setInterval(tick);
     connect(&m_play, &QTimer::timeout, this, &TimeLine::playOn);
     connect(m_bar, &QSlider::valueChanged, this, [this](int value) {
@@ -191,24 +191,13 @@ QAction* TimeLine::connectAction(const Actions& actions, const char* name, Slot 
     return action;
 }
 
-void TimeLine::addButton(QHBoxLayout* row, QAction* action, const QString& shortText)
-{
-    action->setIconText(shortText);
-    auto* button = new QToolButton(this);
-    button->setAccessibleName(action->text().remove(QLatin1Char('&')));
-    button->setDefaultAction(action);
-    button->setFocusPolicy(Qt::TabFocus);
-    button->setAutoRaise(true);
-    row->addWidget(button);
-}
-
 void TimeLine::makeListening(const Actions& actions, QHBoxLayout* row)
 {
     QAction* effects =
         connectAction(actions, "listen", [this](bool isOn) { isOn ? listen(true) : m_listening->stop(); });
     QAction* plain =
         connectAction(actions, "listenPlain", [this](bool isOn) { isOn ? listen(false) : m_listening->stop(); });
-    addButton(row, effects, tr("Listen"));
+    addToolButton(row, effects, tr("Listen"), this);
     connect(m_listening, &Listening::failed, &m_session, &Session::message);
     connect(m_listening, &Listening::activeChanged, this, [effects, plain](bool isActive) {
         if (isActive)

@@ -70,7 +70,6 @@ public:
 private:
     template <typename Slot>
     QAction* connectAction(const Actions& actions, const char* name, Slot slot);
-    void addButton(QHBoxLayout* row, QAction* action, const QString& shortText);
     void makeListening(const Actions& actions, QHBoxLayout* row);
     void listen(bool withEffects);
     void showFile();

@@ -7,6 +7,8 @@
 
 #include <actions.h>
 #include <appearance.h>
+#include <pictureview.h>
+#include <timeline.h>
 
 #include "editorsupport.h"
 
@@ -27,6 +29,7 @@ private slots:
     void everyControlHasNameAndRole();
     void valuesAreReadAndSetByAssistiveTools();
     void everythingIsReachedByTab();
+    void screenReadersSwitch();
     void languageIsChosenInTheMenu();
     void themeIsChosenAndRemembered();
     void sizesAreRemembered();
@@ -188,6 +191,45 @@ void TestEditorWindow::everythingIsReachedByTab()
     for (const char* name : {"filter", "order", "fileList", "search", "effectTree", "Watermark:wm_textcontent",
                              "Watermark:wm_fontcolor", "Watermark:wm_transparency:slider", "addItem"})
         QVERIFY2(reached.contains(key(name)), name);
+}
+
+/// They switch a button or a box without clicking on it.
+void TestEditorWindow::screenReadersSwitch()
+{
+    const Stage stage({clips::clip(key("plain.mkv"))});
+    const auto switchIt = [](QWidget* widget) {
+        QAccessible::queryAccessibleInterface(widget)->actionInterface()->doAction(
+            QAccessibleActionInterface::toggleAction());
+    };
+    const auto buttonOf = [&](const char* action) {
+        for (auto* button : stage.window().findChildren<QToolButton*>()) {
+            if (button->defaultAction() == stage.window().actions().action(action))
+                return button;
+        }
+        qFatal("No button");
+    };
+    auto* view = stage.window().findChild<zoeditor::PictureView*>();
+    switchIt(buttonOf("showBefore"));
+    QCOMPARE(view->show(), zoeditor::PictureView::Show::Before);
+    switchIt(buttonOf("showAfter"));
+    QCOMPARE(view->show(), zoeditor::PictureView::Show::After);
+
+    const auto* timeLine = stage.window().findChild<zoeditor::TimeLine*>();
+    switchIt(buttonOf("play"));
+    QVERIFY(timeLine->isPlaying());
+    switchIt(buttonOf("play"));
+    QVERIFY(!timeLine->isPlaying());
+
+    switchIt(buttonOf("queue"));
+    QVERIFY(stage.find("queueDock"));
+    switchIt(buttonOf("queue"));
+    QVERIFY(!stage.find("queueDock"));
+
+    const zokit::FileSettings* file = stage.file(0);
+    stage.session().setThing(file->type(key("Crop")));
+    QCoreApplication::processEvents();
+    switchIt(stage.find("Crop:crop_keepaspectratio"));
+    QCOMPARE(file->value(file->type(key("Crop")), key("crop_keepaspectratio")), QVariant(false));
 }
 
 void TestEditorWindow::languageIsChosenInTheMenu()
