@@ -130,6 +130,25 @@ double toDouble(const QVariant& value)
     return toInt(value);
 }
 
+namespace {
+
+/// As Qt 5 writes it.
+QString fontText(const QFont& font)
+{
+#if QT_VERSION_MAJOR >= 6
+    const int weight = font.weight() == QFont::Bold ? 75 : 50; // No session makes another one.
+#else
+    const int weight = font.weight();
+#endif
+    QStringList parts{font.family(), QString::number(font.pointSizeF())};
+    for (const int number : {font.pixelSize(), int(font.styleHint()), weight, int(font.style()), int(font.underline()),
+                             int(font.strikeOut()), int(font.fixedPitch()), 0})
+        parts.append(QString::number(number));
+    return parts.join(',');
+}
+
+} // namespace
+
 QString toText(const QVariant& value)
 {
     switch (value.userType()) {
@@ -145,6 +164,8 @@ QString toText(const QVariant& value)
         const QColor color = value.value<QColor>();
         return color.name(color.alpha() == 255 ? QColor::HexRgb : QColor::HexArgb);
     }
+    case QMetaType::QFont:
+        return fontText(value.value<QFont>());
     default:
         return QString();
     }
