@@ -13,11 +13,12 @@ namespace zokit {
 
 namespace {
 
-/// A path beside \a clip that is not there yet.
-QString freePath(const QString& clip, const QString& ending)
+/// A path in \a folder, else beside \a clip, that is not there yet.
+QString freePath(const QFileInfo& folder, const QString& clip, const QString& ending)
 {
     const QFileInfo info(clip);
-    const QString begun = info.absoluteDir().filePath(info.completeBaseName() + QStringLiteral("-sample"));
+    const QDir dir = folder.isDir() ? QDir(folder.absoluteFilePath()) : info.absoluteDir();
+    const QString begun = dir.filePath(info.completeBaseName() + QStringLiteral("-sample"));
     for (int number = 1;; ++number) {
         const QString path =
             (number == 1 ? begun : QStringLiteral("%1-%2").arg(begun).arg(number)) + QLatin1Char('.') + ending;
@@ -38,7 +39,8 @@ Job sampleOf(const Job& whole, const MediaInfo& media, double from, double secon
     sample.settings.output.insert(QStringLiteral("trim"),
                                   QVariantList{begin, std::max(std::min(begin + seconds, end), begin)});
     const QString named = QFileInfo(whole.output).suffix();
-    sample.output = freePath(whole.input, named.isEmpty() ? containerFor(whole.settings, whole.input) : named);
+    sample.output = freePath(QFileInfo(QFileInfo(whole.output).absolutePath()), whole.input,
+                             named.isEmpty() ? containerFor(whole.settings, whole.input) : named);
     sample.replaces = false;
     sample.skips = false;
     return sample;

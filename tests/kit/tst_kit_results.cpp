@@ -41,6 +41,7 @@ private slots:
     void sampleLiesInThePartThatIsConverted_data();
     void sampleLiesInThePartThatIsConverted();
     void sampleTakesAFreeName();
+    void sampleLiesWhereTheResultWill();
     void sizeOfTheWholeFollowsFromTheSample();
     void wordsForAShell_data();
     void wordsForAShell();
@@ -134,6 +135,17 @@ void TestKitResults::sampleTakesAFreeName()
     const Job sample = zokit::sampleOf(whole, {}, 0);
     QCOMPARE(sample.output, folder.filePath(key("a-sample-2.mp4")));
     QVERIFY(!sample.replaces);
+}
+
+void TestKitResults::sampleLiesWhereTheResultWill()
+{
+    const QTemporaryDir folder;
+    Job whole = ::whole();
+    whole.input = key("/films/a.mkv");
+    whole.output = folder.filePath(key("b.mp4"));
+    QCOMPARE(zokit::sampleOf(whole, {}, 0).output, folder.filePath(key("a-sample.mp4")));
+    whole.output = folder.filePath(key("not there/b.mp4"));
+    QCOMPARE(zokit::sampleOf(whole, {}, 0).output, key("/films/a-sample.mp4"));
 }
 
 void TestKitResults::sizeOfTheWholeFollowsFromTheSample()
