@@ -31,6 +31,7 @@ void Editor::makeWindow()
     connect(
         m_window.get(), &Window::languageChosen, this,
         [this] {
+            appearance::saveSizes(*m_window); // The new one takes them.
             m_window->hide();
             makeWindow();
             m_window->show();

@@ -236,8 +236,10 @@ void TestEditorWindow::languageIsChosenInTheMenu()
 {
     const Full stage;
     const QPointer<QWidget> before = &stage.window();
+    stage.window().resize(1111, 777);
     QVERIFY(stage.trigger("german"));
     QTRY_VERIFY(!before);
+    QCOMPARE(stage.window().size(), QSize(1111, 777));
     QCOMPARE(stage.window().actions().action("undo")->iconText(), QString::fromUtf8("R\303\274ckg\303\244ngig"));
     QVERIFY(stage.window().isVisible());
     stage.session().setThing(stage.file(0)->type(key("Color")));
