@@ -108,6 +108,8 @@ void Session::noteSettingsFiles()
 
 void Session::close()
 {
+    m_queueFile.reset(); // It keeps what runs as interrupted.
+    m_queue.cancelAll();
     if (!m_journal)
         return;
     QFile::remove(namesBeside(m_journal->path()));

@@ -244,10 +244,6 @@ bool Window::saveAs(zokit::FileSettings* file)
 void Window::closeEvent(QCloseEvent* event)
 {
     findChild<Panel*>()->finishTyping();
-    if (!m_flows->mayClose()) {
-        event->ignore();
-        return;
-    }
     const QVector<zokit::FileSettings*> unsaved = m_session->unsaved();
     if (!unsaved.isEmpty()) {
         QMessageBox question(QMessageBox::Question, tr("Close"),
@@ -268,6 +264,10 @@ void Window::closeEvent(QCloseEvent* event)
             event->ignore();
             return;
         }
+    }
+    if (!m_flows->mayClose()) { // The last question: what runs ends when it is answered so, and goes on until then.
+        event->ignore();
+        return;
     }
     m_session->close();
     event->accept();
