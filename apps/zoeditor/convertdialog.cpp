@@ -7,7 +7,6 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
-#include <QDesktopServices>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
@@ -22,7 +21,6 @@
 #include <QSplitter>
 #include <QTemporaryDir>
 #include <QTreeWidget>
-#include <QUrl>
 #include <QVBoxLayout>
 
 #include <zokit/outputoptions.h>
@@ -30,7 +28,9 @@
 #include <zokit/shell.h>
 
 #include "buttons.h"
+#include "names.h"
 #include "optionsform.h"
+#include "outside.h"
 #include "session.h"
 
 namespace zoeditor {
@@ -48,6 +48,7 @@ ConvertDialog::ConvertDialog(Session* session, double seconds, QWidget* parent)
     , m_session(session)
     , m_seconds(seconds)
     , m_options(new OptionsForm(session, this))
+    , m_which(new QComboBox(this))
     , m_of(new QComboBox(this))
     , m_folder(new QLineEdit(this))
     , m_existing(new QComboBox(this))
@@ -69,7 +70,7 @@ ConvertDialog::ConvertDialog(Session* session, double seconds, QWidget* parent)
     m_problem->setWordWrap(true);
     auto* buttons = new QDialogButtonBox(this);
     // Of no role that would start it whenever Return ends a text.
-    m_start = buttons->addButton(tr("Start"), QDialogButtonBox::ActionRole);
+    m_start = buttons->addButton(QString(), QDialogButtonBox::ActionRole);
     m_start->setAutoDefault(false);
     m_start->setObjectName(QStringLiteral("start"));
     QPushButton* close = buttons->addButton(tr("Close"), QDialogButtonBox::RejectRole);
@@ -78,11 +79,13 @@ ConvertDialog::ConvertDialog(Session* session, double seconds, QWidget* parent)
     connect(m_start, &QPushButton::clicked, this, &ConvertDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &ConvertDialog::reject);
     auto* layout = new QVBoxLayout(this);
+    makeWhich(layout);
     layout->addWidget(columns, 1);
     layout->addWidget(m_problem);
     layout->addWidget(buttons);
     resize(1000, 640);
 
+    connect(this, &QDialog::finished, this, [this] { m_session->setResultsFolder(m_folder->text()); });
     m_soon.setSingleShot(true);
     m_soon.setInterval(0);
     connect(&m_soon, &QTimer::timeout, this, &ConvertDialog::update);
@@ -90,16 +93,24 @@ ConvertDialog::ConvertDialog(Session* session, double seconds, QWidget* parent)
     connect(m_options, &OptionsForm::edited, this, soon);
     connect(m_folder, &QLineEdit::textChanged, this, soon);
     connect(m_existing, QOverload<int>::of(&QComboBox::currentIndexChanged), this, soon);
+    connect(m_which, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this] {
+        fillOf();
+        m_options->setFiles(files());
+        update();
+    });
     connect(m_of, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this](int index) {
+        if (index < 0)
+            return; // It is being filled.
         const QVector<FileSettings*> all = files();
         m_options->setFiles(index == 0 ? all : QVector<FileSettings*>{all.at(index - 1)});
         showTaken();
     });
     connect(&m_planner, &Planner::planned, this, &ConvertDialog::showPlan);
     connect(&m_planner, &Planner::refused, this, [this](int job, const zokit::Message& why) {
-        showProblem(job, why.text());
+        showProblem(job, sentenceOf(why));
         showTaken();
     });
+    fillOf();
     m_options->setFiles(files());
     update();
 }
@@ -111,6 +122,34 @@ ConvertDialog::~ConvertDialog()
         QFile::remove(m_sample.output);
 }
 
+void ConvertDialog::makeWhich(QLayout* layout)
+{
+    const QVector<FileSettings*> selected = m_session->selected();
+    QStringList names;
+    for (const FileSettings* file : selected)
+        names.append(shownName(file->media().file));
+    const int count = static_cast<int>(selected.size());
+    m_which->setObjectName(QStringLiteral("which"));
+    m_which->setAccessibleName(tr("What is converted"));
+    m_which->view()->setAccessibleName(m_which->accessibleName());
+    m_which->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    m_which->addItem(tr("Only the %n selected file(s): %1", nullptr, count).arg(names.join(QStringLiteral(", "))));
+    const int all = static_cast<int>(m_session->project().files().size());
+    m_which->addItem(tr("All %n file(s)", nullptr, all));
+    m_which->setVisible(count < all);
+    layout->addWidget(m_which);
+}
+
+/// Whose options are edited: those of all that are converted, or of one of them.
+void ConvertDialog::fillOf()
+{
+    const QSignalBlocker quiet(m_of);
+    m_of->clear();
+    m_of->addItem(tr("Options of all %n file(s)", nullptr, static_cast<int>(files().size())));
+    for (const FileSettings* file : files())
+        m_of->addItem(tr("Options of %1").arg(shownName(file->media().file)));
+}
+
 QWidget* ConvertDialog::makeOptions()
 {
     auto* page = new QWidget(this);
@@ -120,9 +159,6 @@ QWidget* ConvertDialog::makeOptions()
     m_of->setAccessibleName(tr("Options of"));
     m_of->view()->setAccessibleName(m_of->accessibleName());
     m_of->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    m_of->addItem(tr("Options of all %n file(s)", nullptr, static_cast<int>(files().size())));
-    for (const FileSettings* file : files())
-        m_of->addItem(tr("Options of %1").arg(QFileInfo(file->media().file).fileName()));
     layout->addWidget(m_of);
     layout->addWidget(m_options, 1);
 
@@ -131,6 +167,7 @@ QWidget* ConvertDialog::makeOptions()
     m_folder->setObjectName(QStringLiteral("folder"));
     m_folder->setAccessibleName(tr("Folder of the results"));
     m_folder->setPlaceholderText(tr("beside each clip"));
+    m_folder->setText(m_session->resultsFolder());
     layout->addWidget(folderTitle);
     auto* row = new QHBoxLayout;
     row->addWidget(m_folder, 1);
@@ -143,6 +180,7 @@ QWidget* ConvertDialog::makeOptions()
     });
     const zokit::Property& existing = zokit::outputOption(QStringLiteral("existing"))->property;
     auto* existingTitle = new QLabel(existing.label() + QLatin1Char(':'), page);
+    existingTitle->setObjectName(QStringLiteral("existingTitle"));
     existingTitle->setBuddy(m_existing);
     m_existing->setObjectName(QStringLiteral("existing"));
     m_existing->setAccessibleName(existing.label());
@@ -191,29 +229,32 @@ QWidget* ConvertDialog::makePlans()
     connect(m_copyCommand, &QPushButton::clicked, this,
             [this] { QApplication::clipboard()->setText(m_command->toPlainText()); });
     connect(m_sampleButton, &QPushButton::clicked, this, &ConvertDialog::convertSample);
-    connect(m_showSample, &QPushButton::clicked, this,
-            [this] { QDesktopServices::openUrl(QUrl::fromLocalFile(m_sample.output)); });
+    connect(m_showSample, &QPushButton::clicked, this, [this] {
+        if (const QString trouble = openOutside(m_sample.output); !trouble.isEmpty())
+            m_sampleState->setText(trouble);
+    });
     return page;
 }
 
 QVector<FileSettings*> ConvertDialog::files() const
 {
-    const QVector<FileSettings*> selected = m_session->selected();
-    return selected.size() > 1 ? selected : m_session->project().files();
+    return m_which->currentIndex() == 1 ? m_session->project().files() : m_session->selected();
 }
 
 void ConvertDialog::update()
 {
     m_made = jobsFor(*m_session, files(), {m_folder->text(), m_existing->currentData().toString()});
+    if (m_made.problem.isEmpty())
+        m_made.problem = m_options->problem();
     m_problem->setText(m_made.problem);
     m_problem->setVisible(!m_made.problem.isEmpty());
     m_start->setEnabled(m_made.problem.isEmpty());
+    m_start->setText(tr("Convert %n file(s)", nullptr, static_cast<int>(files().size())));
     m_plans->clear();
     m_taken = QVector<zokit::Values>(m_made.jobs.size());
     for (const zokit::Job& job : m_made.jobs) {
         auto* row = new QTreeWidgetItem(
-            m_plans,
-            {QStringLiteral("%1 \u2192 %2").arg(QFileInfo(job.input).fileName(), QFileInfo(job.output).fileName())});
+            m_plans, {QStringLiteral("%1 \u2192 %2").arg(shownName(job.input), shownName(job.output))});
         row->setToolTip(0, job.output);
     }
     m_plans->setCurrentItem(m_plans->topLevelItem(0));
@@ -246,7 +287,7 @@ void ConvertDialog::showPlan(int job, const zokit::TracksPlan& plan, const zokit
     for (const zokit::TrackPlan& track : plan.tracks)
         new QTreeWidgetItem(row, {track.line().text()});
     for (const zokit::Message& warning : warnings)
-        showProblem(job, warning.text());
+        showProblem(job, sentenceOf(warning));
     row->setExpanded(true);
     m_taken[job] = zokit::takenOptions(plan);
     showTaken();
@@ -272,7 +313,7 @@ void ConvertDialog::showCommand()
         const bool isDone = result.outcome == zokit::Outcome::Done;
         m_command->setPlainText(
             isDone ? zokit::shellLines(m_preparing->commands(), m_helpers->path(), job.replaces).join(QLatin1Char('\n'))
-                   : result.reason.text());
+                   : sentenceOf(result.reason));
         m_copyCommand->setEnabled(isDone);
     });
     m_command->setPlainText(tr("One moment: the sound is measured, and subtitles are read."));
@@ -306,7 +347,7 @@ void ConvertDialog::endSample(const zokit::ConversionResult& result)
 {
     m_sampleButton->setEnabled(true);
     if (result.outcome != zokit::Outcome::Done) {
-        m_sampleState->setText(result.reason.text());
+        m_sampleState->setText(sentenceOf(result.reason));
         m_sample = {};
         return;
     }
@@ -314,10 +355,18 @@ void ConvertDialog::endSample(const zokit::ConversionResult& result)
     const QLocale locale;
     const qint64 bytes = QFileInfo(m_sample.output).size();
     const qint64 whole = zokit::bytesOfWhole(m_whole, m_sample, *m_whole.media, bytes);
+    const double begin = m_sample.settings.output.value(QStringLiteral("trim")).toList().value(0).toDouble();
+    const QString seconds = locale.toString(begin, 'f', 1);
+    constexpr double frame = 0.1; // Seconds: whoever began there sees no difference.
+    const QString where =
+        begin < m_seconds - frame
+            ? tr("It begins at %1 s: less than ten seconds come after the picture shown.").arg(seconds)
+            : tr("It begins at %1 s.").arg(seconds);
     m_sampleState->setText(
         tr("%1 has %2; all of the clip would have about %3. It is removed when this window is closed.")
-            .arg(QFileInfo(m_sample.output).fileName(), locale.formattedDataSize(bytes),
-                 whole > 0 ? locale.formattedDataSize(whole) : tr("an unknown size")));
+            .arg(shownName(m_sample.output), locale.formattedDataSize(bytes),
+                 whole > 0 ? locale.formattedDataSize(whole) : tr("an unknown size"))
+        + QLatin1Char(' ') + where);
 }
 
 void ConvertDialog::accept()

@@ -29,7 +29,7 @@ class OptionsForm;
 class Session;
 
 /// Converting: output options of one file or of all, where the results go, what becomes of each track, the command that
-/// will be run, and a short part to look at. The files are the selected ones when several are, else all.
+/// will be run, and a short part to look at. The files are the selected ones, or all.
 class ConvertDialog : public QDialog {
     Q_OBJECT
 
@@ -45,6 +45,8 @@ public:
 private:
     QWidget* makeOptions();
     QWidget* makePlans();
+    void makeWhich(QLayout* layout);
+    void fillOf();
     QVector<zokit::FileSettings*> files() const;
     int shownJob() const;
     void update();
@@ -58,6 +60,7 @@ private:
     Session* m_session;
     double m_seconds;
     OptionsForm* m_options;
+    QComboBox* m_which; ///< The selected files or all; hidden where these are the same.
     QComboBox* m_of;
     QLineEdit* m_folder;
     QComboBox* m_existing;

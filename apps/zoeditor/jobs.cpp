@@ -13,6 +13,7 @@
 #include <zokit/resultname.h>
 #include <zokit/trackplan.h>
 
+#include "names.h"
 #include "session.h"
 
 namespace zoeditor {
@@ -124,7 +125,7 @@ AddedJobs addTo(zokit::Queue* queue, const QVector<zokit::Job>& jobs)
                       || state == zokit::RowState::Paused;
         }
         if (isThere) {
-            added.known.append(QFileInfo(job.input).fileName());
+            added.known.append(shownName(job.input));
         } else {
             queue->add(job);
             ++added.count;
@@ -133,10 +134,38 @@ AddedJobs addTo(zokit::Queue* queue, const QVector<zokit::Job>& jobs)
     return added;
 }
 
+QString sentenceOf(const zokit::Message& message)
+{
+    using Code = zokit::Message::Code;
+    switch (message.code()) {
+    case Code::OutputExists:
+        return say(QT_TRANSLATE_NOOP("zoeditor::Jobs", "%1 exists. Choose another folder, or what happens to existing "
+                                                       "files, in Convert."))
+            .arg(message.arguments().value(0));
+    case Code::OutputIsFolder:
+        return say(QT_TRANSLATE_NOOP("zoeditor::Jobs", "%1 is a folder. Choose another name or folder in Convert."))
+            .arg(message.arguments().value(0));
+    case Code::ChildStalled:
+        return say(QT_TRANSLATE_NOOP("zoeditor::Jobs",
+                                     "There was no progress for %1 s. Check the disk, and try again."))
+            .arg(message.arguments().value(0));
+    case Code::DamageStrict:
+        return say(QT_TRANSLATE_NOOP("zoeditor::Jobs",
+                                     "The input is damaged, and \"Strict\" in Convert does not allow that. Switch it "
+                                     "off to convert what can be read."));
+    case Code::NoPictureToBurn:
+        return say(QT_TRANSLATE_NOOP("zoeditor::Jobs",
+                                     "The clip has no picture to burn subtitles into. Tick \"Soft subtitles\" in "
+                                     "Convert, or leave them out."));
+    default:
+        return message.text();
+    }
+}
+
 QString workText(const zokit::Queue& queue, int row)
 {
     const zokit::RowState state = queue.state(row);
-    QString reason = queue.result(row).reason.text();
+    QString reason = sentenceOf(queue.result(row).reason);
     if (const QString where = queue.job(row).input + QLatin1String(": "); reason.startsWith(where))
         reason = reason.mid(where.size()); // Which file it is stands beside it.
     const bool isTold = (state == zokit::RowState::Failed || state == zokit::RowState::Skipped) && !reason.isEmpty();

@@ -39,6 +39,8 @@ struct AddedJobs {
 /// interrupted gives way.
 AddedJobs addTo(zokit::Queue* queue, const QVector<zokit::Job>& jobs);
 
+/// What \a message says, with the remedies that the editor has where those of a command line are others.
+QString sentenceOf(const zokit::Message& message);
 /// What a row of \a queue is doing, in words: "waiting", "failed: " and why.
 QString workText(const zokit::Queue& queue, int row);
 /// What \a queue does with each clip, in those words, by its path; of several rows of a clip the last one tells.

@@ -13,6 +13,7 @@
 #include <zokit/valuetext.h>
 
 #include "controls.h"
+#include "names.h"
 #include "session.h"
 #include "valuecontrol.h"
 
@@ -21,6 +22,19 @@ namespace zoeditor {
 using Model = zokit::SettingsModel;
 using zokit::FileSettings;
 using zokit::Message;
+
+namespace {
+
+/// What an empty field shows where nothing is known of the option: also how it is written.
+QString unsetText(const QString& key)
+{
+    const QString example = key == QLatin1String("size")   ? QStringLiteral("1280x720")
+                            : key == QLatin1String("trim") ? QStringLiteral("12,40.5")
+                                                           : QString();
+    return example.isEmpty() ? OptionsForm::tr("not set") : OptionsForm::tr("not set; for example %1").arg(example);
+}
+
+} // namespace
 
 OptionsForm::OptionsForm(Session* session, QWidget* parent) : QScrollArea(parent), m_session(session)
 {
@@ -34,6 +48,7 @@ OptionsForm::OptionsForm(Session* session, QWidget* parent) : QScrollArea(parent
 void OptionsForm::setFiles(const QVector<FileSettings*>& files)
 {
     m_files = files;
+    m_wrong.clear();
     m_model.setFile(files.value(0));
     if (m_rows.isEmpty() && !files.isEmpty())
         makeRows();
@@ -57,6 +72,26 @@ QString OptionsForm::takenText(const QString& key) const
     }
     texts.removeDuplicates();
     return texts.size() > 1 ? tr("per file") : texts.value(0);
+}
+
+/// What is wrong with the option, or not as it seems; empty: nothing.
+QString OptionsForm::noteOf(const QString& key) const
+{
+    if (const QString wrong = m_wrong.value(key); !wrong.isEmpty())
+        return QStringLiteral("\u26a0 ") + wrong;
+    const FileSettings* lead = m_files.value(0);
+    const QString size = lead->value(lead->output(), key).toString();
+    if (key != QLatin1String("size") || size.isEmpty() || size.endsWith(QLatin1String(",exact")))
+        return {};
+    const QSize frame = lead->media().frame;
+    const QStringList sides = size.split(QLatin1Char('x'));
+    if (frame.isEmpty() || sides.value(0).toInt() < frame.width() || sides.value(1).toInt() < frame.height()
+        || QSize(sides.value(0).toInt(), sides.value(1).toInt()) == frame)
+        return {};
+    return tr("The picture of %1 has %2 x %3: it is not enlarged. Write ,exact behind the size to enlarge it.")
+        .arg(shownName(lead->media().file))
+        .arg(frame.width())
+        .arg(frame.height());
 }
 
 void OptionsForm::makeRows()
@@ -93,7 +128,12 @@ void OptionsForm::makeRows()
         grid->addWidget(control, line, 1);
         grid->addWidget(mark, line, 2);
         grid->addWidget(revert, line, 3);
-        m_rows.insert(key, {control, mark, revert});
+        auto* note = new QLabel(page);
+        note->setObjectName(QStringLiteral("Output:%1:problem").arg(key));
+        note->setWordWrap(true);
+        note->hide();
+        grid->addWidget(note, line + 1, 1, 1, 3);
+        m_rows.insert(key, {control, mark, revert, note});
         connect(control, &ValueControl::edited, this, [this, key](const QVariant& given) { set(key, given); });
         connect(revert, &QToolButton::clicked, this, [this, key] { set(key, QVariant()); });
     }
@@ -101,9 +141,11 @@ void OptionsForm::makeRows()
     setWidget(page);
 }
 
-/// In all files or in none; an invalid value takes the option back.
-void OptionsForm::set(const QString& key, const QVariant& value)
+/// In all files or in none; an invalid value and an empty text take the option back.
+void OptionsForm::set(const QString& key, const QVariant& given)
 {
+    const bool isEmpty = given.userType() == QMetaType::QString && given.toString().trimmed().isEmpty();
+    const QVariant value = isEmpty ? QVariant() : given;
     zokit::History& history = m_session->history();
     history.beginGesture(
         Message(Message::Code::StepChange, {zokit::findProperty(QStringLiteral("Output"), key)->label()}));
@@ -118,6 +160,9 @@ void OptionsForm::set(const QString& key, const QVariant& value)
     else
         history.cancelGesture();
     m_session->take(refused);
+    m_wrong.remove(key);
+    if (!refused.isEmpty())
+        m_wrong.insert(key, refused.text().section(QStringLiteral(": "), 1)); // Which option stands beside it.
     update();
     emit edited();
 }
@@ -133,9 +178,13 @@ void OptionsForm::update()
         const bool isSet = differs || value.isValid();
         const QString mark = differs ? tr("different") : isSet ? tr("set") : QString();
         const QString taken = takenText(row.key());
-        row->control->setValue(value);
-        row->control->setPlaceholder(taken.isEmpty() ? tr("not set") : taken);
-        row->control->field()->setAccessibleDescription(isSet || taken.isEmpty() ? mark : tr("not set: %1").arg(taken));
+        if (!m_wrong.contains(row.key())) // That is to be mended, not to be typed again.
+            row->control->setValue(value);
+        row->control->setPlaceholder(taken.isEmpty() ? unsetText(row.key()) : taken);
+        row->note->setText(noteOf(row.key()));
+        row->note->setVisible(!row->note->text().isEmpty());
+        const QString said = isSet || taken.isEmpty() ? mark : tr("not set: %1").arg(taken);
+        row->control->field()->setAccessibleDescription(row->note->text().isEmpty() ? said : row->note->text());
         row->mark->setText(mark);
         row->revert->setEnabled(isSet);
     }

@@ -31,8 +31,11 @@ public:
     /// What options come to in the files where they are not set, by their names: empty fields show it.
     void showTaken(const QVector<zokit::Values>& taken);
 
+    /// What is wrong in a field, a sentence; empty: nothing is.
+    QString problem() const { return m_wrong.isEmpty() ? QString() : m_wrong.first(); }
+
 signals:
-    /// A value was set.
+    /// A value was set, or one was refused.
     void edited();
 
 private:
@@ -40,18 +43,21 @@ private:
         ValueControl* control;
         QLabel* mark;
         QToolButton* revert;
+        QLabel* note; ///< Below the field.
     };
 
     void makeRows();
     void set(const QString& key, const QVariant& value);
     void update();
     QString takenText(const QString& key) const;
+    QString noteOf(const QString& key) const;
 
     Session* m_session;
     zokit::SettingsModel m_model;
     QVector<zokit::FileSettings*> m_files;
     QHash<QString, Row> m_rows; ///< By key.
     QVector<zokit::Values> m_taken;
+    QMap<QString, QString> m_wrong; ///< Why what stands in a field was refused, by key.
 };
 
 } // namespace zoeditor

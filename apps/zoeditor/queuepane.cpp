@@ -3,20 +3,22 @@
 
 #include "queuepane.h"
 
-#include <QDesktopServices>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QShortcut>
+#include <QSignalBlocker>
 #include <QTreeWidget>
-#include <QUrl>
 #include <QVBoxLayout>
 
 #include <zokit/shell.h>
 
 #include "jobs.h"
+#include "names.h"
+#include "outside.h"
 
 namespace zoeditor {
 
@@ -24,8 +26,8 @@ using zokit::RowState;
 
 namespace {
 
-enum Column { FileColumn, StateColumn, ProgressColumn, LeftColumn };
-enum Button { Start, Pause, Cancel, Retry, Up, Down, Remove, OpenFolder, Buttons };
+enum Column { FileColumn, ResultColumn, StateColumn, ProgressColumn, LeftColumn };
+enum Button { Start, Pause, Cancel, Retry, Up, Down, Remove, RemoveDone, OpenFolder };
 
 QString timeText(double seconds)
 {
@@ -49,8 +51,9 @@ QueuePane::QueuePane(zokit::Queue* queue, QWidget* parent)
     m_list->setAccessibleName(tr("Queue"));
     m_list->setRootIsDecorated(false);
     m_list->setUniformRowHeights(true);
-    m_list->setHeaderLabels({tr("File"), tr("State"), tr("Progress"), tr("Time left")});
-    for (const int column : {FileColumn, StateColumn})
+    m_list->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    m_list->setHeaderLabels({tr("File"), tr("Result"), tr("State"), tr("Progress"), tr("Time left")});
+    for (const int column : {FileColumn, ResultColumn, StateColumn})
         m_list->header()->setSectionResizeMode(column, QHeaderView::Stretch);
     m_list->header()->setStretchLastSection(false);
     m_log->setObjectName(QStringLiteral("queueLog"));
@@ -66,11 +69,14 @@ QueuePane::QueuePane(zokit::Queue* queue, QWidget* parent)
     layout->addLayout(columns, 1);
     makeButtons();
 
-    connect(queue, &zokit::Queue::rowsChanged, this, &QueuePane::makeRows);
+    connect(queue, &zokit::Queue::rowsChanged, this, [this] {
+        if (!m_isRemoving)
+            makeRows();
+    });
     connect(queue, &zokit::Queue::stateChanged, this, &QueuePane::showState);
     connect(queue, &zokit::Queue::progressed, this, &QueuePane::showProgress);
     connect(queue, &zokit::Queue::warned, this,
-            [this](int row, const zokit::Message& warning) { note(row, warning.text()); });
+            [this](int row, const zokit::Message& warning) { note(row, sentenceOf(warning)); });
     connect(queue, &zokit::Queue::planned, this, [this](int row) {
         zokit::Conversion* conversion = m_queue->conversion(row);
         for (const zokit::TrackPlan& track : conversion->plan().tracks)
@@ -81,6 +87,10 @@ QueuePane::QueuePane(zokit::Queue* queue, QWidget* parent)
         });
     });
     connect(m_list, &QTreeWidget::currentItemChanged, this, &QueuePane::showLog);
+    connect(m_list, &QTreeWidget::itemSelectionChanged, this, &QueuePane::updateButtons);
+    auto* removing = new QShortcut(QKeySequence(QKeySequence::Delete), m_list);
+    removing->setContext(Qt::WidgetShortcut);
+    connect(removing, &QShortcut::activated, m_buttons.at(Remove), &QPushButton::click);
     makeRows();
 }
 
@@ -91,9 +101,9 @@ void QueuePane::makeButtons()
         QString text;
     };
     const Row rows[] = {
-        {"startQueue", tr("&Start")},   {"pauseQueue", tr("&Pause")},        {"cancelRow", tr("&Cancel")},
-        {"retryRow", tr("&Try again")}, {"rowUp", QStringLiteral("\u2191")}, {"rowDown", QStringLiteral("\u2193")},
-        {"removeRow", tr("&Remove")},   {"openFolder", tr("&Open folder")},
+        {"startQueue", tr("&Start")},   {"pauseQueue", tr("&Pause")},           {"cancelRow", tr("&Cancel")},
+        {"retryRow", tr("&Try again")}, {"rowUp", QStringLiteral("\u2191")},    {"rowDown", QStringLiteral("\u2193")},
+        {"removeRow", tr("&Remove")},   {"removeDone", tr("Remove all d&one")}, {"openFolder", tr("&Open folder")},
     };
     auto* line = new QHBoxLayout;
     for (const Row& row : rows) {
@@ -120,17 +130,30 @@ void QueuePane::makeButtons()
         isPaused ? m_queue->pause() : m_queue->resume();
         m_buttons.at(Pause)->setText(isPaused ? tr("&Go on") : tr("&Pause"));
     });
-    connect(m_buttons.at(Cancel), &QPushButton::clicked, m_queue, [this] { m_queue->cancel(chosen()); });
+    connect(m_buttons.at(Cancel), &QPushButton::clicked, m_queue, [this] {
+        for (const int row : selected())
+            m_queue->cancel(row);
+    });
     connect(m_buttons.at(Retry), &QPushButton::clicked, m_queue, [this] {
-        m_queue->retry(chosen());
+        for (const int row : selected())
+            m_queue->retry(row);
         m_queue->start();
     });
     connect(m_buttons.at(Up), &QPushButton::clicked, m_queue, [this] { m_queue->move(chosen(), place() - 1); });
     connect(m_buttons.at(Down), &QPushButton::clicked, m_queue, [this] { m_queue->move(chosen(), place() + 1); });
-    connect(m_buttons.at(Remove), &QPushButton::clicked, m_queue, [this] { m_queue->remove(chosen()); });
+    connect(m_buttons.at(Remove), &QPushButton::clicked, m_queue, [this] { remove(selected()); });
+    connect(m_buttons.at(RemoveDone), &QPushButton::clicked, m_queue, [this] {
+        QVector<int> done;
+        for (const int row : m_queue->rows()) {
+            if (m_queue->state(row) == RowState::Done)
+                done.append(row);
+        }
+        remove(done);
+    });
     connect(m_buttons.at(OpenFolder), &QPushButton::clicked, m_queue, [this] {
         const QString folder = QFileInfo(m_queue->job(chosen()).output).absolutePath();
-        QDesktopServices::openUrl(QUrl::fromLocalFile(folder));
+        if (const QString trouble = openOutside(folder); !trouble.isEmpty())
+            note(chosen(), trouble);
     });
 }
 
@@ -151,8 +174,31 @@ int QueuePane::place() const
     return m_list->indexOfTopLevelItem(m_list->currentItem());
 }
 
+/// The rows that are selected, in their order.
+QVector<int> QueuePane::selected() const
+{
+    QVector<int> rows;
+    for (int i = 0; i < m_list->topLevelItemCount(); ++i) {
+        if (m_list->topLevelItem(i)->isSelected())
+            rows.append(m_list->topLevelItem(i)->data(FileColumn, Qt::UserRole).toInt());
+    }
+    return rows;
+}
+
+/// Those that run stay.
+void QueuePane::remove(const QVector<int>& rows)
+{
+    m_isRemoving = true;
+    for (const int row : rows)
+        m_queue->remove(row);
+    m_isRemoving = false;
+    makeRows();
+}
+
 void QueuePane::makeRows()
 {
+    const QVector<int> marked = selected();
+    const int count = m_list->topLevelItemCount();
     const int before = m_list->currentItem() ? m_list->currentItem()->data(FileColumn, Qt::UserRole).toInt() : 0;
     const QVector<int> rows = m_queue->rows();
     while (m_list->topLevelItemCount() > rows.size())
@@ -165,14 +211,20 @@ void QueuePane::makeRows()
             continue;
         const zokit::Job job = m_queue->job(rows.at(i));
         line->setData(FileColumn, Qt::UserRole, rows.at(i));
-        line->setText(FileColumn, QFileInfo(job.input).fileName());
-        line->setToolTip(FileColumn, QStringLiteral("%1 \u2192 %2").arg(job.input, job.output));
+        line->setText(FileColumn, shownName(job.input));
+        line->setText(ResultColumn, shownName(job.output));
+        line->setToolTip(FileColumn, job.input);
+        line->setToolTip(ResultColumn, job.output);
         line->setText(ProgressColumn, QString());
         line->setText(LeftColumn, QString());
         showState(rows.at(i));
     }
     const int place = static_cast<int>(rows.indexOf(before));
     m_list->setCurrentItem(m_list->topLevelItem(place >= 0 ? place : 0));
+    for (int i = 0; i < rows.size() && marked.size() > 1; ++i)
+        m_list->topLevelItem(i)->setSelected(marked.contains(rows.at(i)) || i == place);
+    if (rows.size() > count && count > 0)
+        m_list->scrollToItem(m_list->topLevelItem(static_cast<int>(rows.size()) - 1)); // It came last.
     updateButtons();
 }
 
@@ -218,10 +270,18 @@ void QueuePane::showLog()
 void QueuePane::updateButtons()
 {
     const int row = chosen();
-    const RowState state = m_queue->state(row);
     const bool isThere = row != 0;
-    const bool runs = state == RowState::Running || state == RowState::Paused;
-    const bool hasEnded = !runs && state != RowState::Waiting;
+    bool canCancel = false;
+    bool canRetry = false;
+    bool canRemove = false;
+    for (const int each : selected()) {
+        const RowState state = m_queue->state(each);
+        const bool runs = state == RowState::Running || state == RowState::Paused;
+        const bool hasEnded = !runs && state != RowState::Waiting;
+        canCancel = canCancel || !hasEnded;
+        canRetry = canRetry || (hasEnded && state != RowState::Done);
+        canRemove = canRemove || !runs;
+    }
     int waiting = 0;
     int done = 0;
     for (const int other : m_queue->rows()) {
@@ -230,11 +290,12 @@ void QueuePane::updateButtons()
     }
     m_buttons.at(Start)->setEnabled(waiting > 0 && !m_queue->isRunning());
     m_buttons.at(Pause)->setEnabled(m_queue->isRunning() || m_buttons.at(Pause)->isChecked());
-    m_buttons.at(Cancel)->setEnabled(isThere && !hasEnded);
-    m_buttons.at(Retry)->setEnabled(isThere && hasEnded && state != RowState::Done);
+    m_buttons.at(Cancel)->setEnabled(canCancel);
+    m_buttons.at(Retry)->setEnabled(canRetry);
     m_buttons.at(Up)->setEnabled(isThere && place() > 0);
     m_buttons.at(Down)->setEnabled(isThere && place() + 1 < m_list->topLevelItemCount());
-    m_buttons.at(Remove)->setEnabled(isThere && !runs);
+    m_buttons.at(Remove)->setEnabled(canRemove);
+    m_buttons.at(RemoveDone)->setEnabled(done > 0);
     m_buttons.at(OpenFolder)->setEnabled(isThere);
     m_summary->setText(tr("%1 of %2 done").arg(done).arg(m_queue->rows().size()));
 }

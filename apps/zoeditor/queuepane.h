@@ -17,7 +17,8 @@ class QTreeWidgetItem;
 
 namespace zoeditor {
 
-/// The queue: a row a file with its state in words, progress and time left, and the log of the one that is chosen.
+/// The queue: a row a file with its result, its state in words, progress and time left, and the log of the one that is
+/// chosen.
 class QueuePane : public QWidget {
     Q_OBJECT
 
@@ -28,6 +29,8 @@ public:
 private:
     QTreeWidgetItem* item(int row) const;
     int chosen() const;
+    QVector<int> selected() const;
+    void remove(const QVector<int>& rows);
     int place() const;
     void makeButtons();
     void makeRows();
@@ -42,6 +45,7 @@ private:
     QPlainTextEdit* m_log;
     QLabel* m_summary;
     QVector<QPushButton*> m_buttons;
+    bool m_isRemoving = false;      ///< Many rows: the list is made once for them.
     QHash<int, QStringList> m_logs; ///< What became of each row in this session, a line each.
 };
 

@@ -47,6 +47,9 @@ public:
     zokit::Project& project() { return m_project; }
     zokit::History& history() { return m_project.history(); }
     zokit::Queue& queue() { return m_queue; }
+    /// Where the results of conversions go, as it was said last; empty: each beside its clip.
+    QString resultsFolder() const { return m_resultsFolder; }
+    void setResultsFolder(const QString& folder) { m_resultsFolder = folder; }
     /// The settings of the current file.
     zokit::SettingsModel& model() { return m_model; }
     const zokit::Tools& tools() const { return m_tools; }
@@ -135,7 +138,7 @@ public:
     static void discard(const QString& journal);
     /// Notes all that is done from now on, and keeps the queue, with the rows that a session before has left.
     void keepJournal();
-    /// The session ends well: nothing is left to recover.
+    /// The session ends well: nothing is left to recover. What is being converted is stopped.
     void close();
     /// @}
 
@@ -168,6 +171,7 @@ private:
     std::unique_ptr<zokit::Prober> m_prober;
     QString m_probed; ///< The clip that is being looked into; empty for none.
     zokit::Queue m_queue;
+    QString m_resultsFolder;
     QTimer m_workSoon; ///< Rows of the queue change many at a time.
     std::unique_ptr<zokit::QueueFile> m_queueFile;
     std::unique_ptr<zokit::Journal> m_journal;

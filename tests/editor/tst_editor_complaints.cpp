@@ -503,7 +503,7 @@ void TestEditorComplaints::cancelledConversionLeavesNothing()
     QVERIFY2(!names().contains(key("film-converted.mkv")), qPrintable(names().join(key(", "))));
     stage.find<QAbstractButton>("cancelRow")->click();
     QTRY_VERIFY_WITH_TIMEOUT(!stage.session().queue().isRunning(), 60000);
-    QCOMPARE(stage.find<QTreeWidget>("queueList")->topLevelItem(0)->text(1), key("cancelled"));
+    QCOMPARE(stage.find<QTreeWidget>("queueList")->topLevelItem(0)->text(2), key("cancelled"));
     QCOMPARE(names(), QStringList{key("film.ts")});
 }
 

@@ -21,6 +21,7 @@ private slots:
     void init();
     void cleanup() { m_folder.reset(); }
 
+    void whatIsSelectedIsConverted();
     void lineTellsWhatBecomesOfEachTrack();
     void optionIsSetInAllFilesAsOneStep();
     void optionIsSetInOneFile();
@@ -28,16 +29,26 @@ private slots:
     void filesAreConvertedAndTheRowsSaySo();
     void jobIsACopyOfTheSettings();
     void resultsGoWhereTheyAreWanted();
+    void folderOfTheResultsIsRemembered();
+    void wrongOptionIsToldBesideItsField();
+    void sizeThatEnlargesNothingSaysSo();
     void twoResultsOfOneNameAreRefused();
     void commandIsShownAndCopied();
     void tenSecondsTellTheSizeOfTheWhole();
+    void tenSecondsTellWhichTheyAre();
+    void tenSecondsLieWhereTheResultWill();
+    void watchingWithoutAPlayerSaysSo();
     void clipIsNotConvertedTwice();
     void failedRowTellsWhyAndIsTriedAgain();
     void failedRowBeginsWithTheReason();
+    void remedyIsOneOfTheDialog();
     void filesTellWhatTheQueueDoesWithThem();
     void rowsArePausedCancelledAndRemoved();
+    void severalRowsAreRemovedAtOnce();
+    void newRowIsScrolledIntoView();
     void whatRanComesBackAsInterrupted();
     void closingWhileConvertingAsks();
+    void stoppingIsAskedLast();
 
 private:
     QString clip(const char* sample, const char* name) const { return copyOf(sample, *m_folder, name); }
@@ -67,7 +78,14 @@ QTreeWidgetItem* row(const Stage& stage, int place)
 
 QString stateOf(const Stage& stage, int place)
 {
-    return row(stage, place)->text(1);
+    return row(stage, place)->text(2);
+}
+
+/// Opens the dialog for all files, of which one is selected.
+void openForAll(const Stage& stage)
+{
+    stage.trigger("convert");
+    stage.find<QComboBox>("which")->setCurrentIndex(1);
 }
 
 QString problem(const Stage& stage)
@@ -109,6 +127,36 @@ void TestEditorConvert::init()
     m_folder = std::make_unique<QTemporaryDir>();
 }
 
+void TestEditorConvert::whatIsSelectedIsConverted()
+{
+    const Stage stage({clip("plain.mp4", "a.mp4"), clip("plain.mp4", "b.mp4"), clip("plain.mp4", "c.mp4")});
+    stage.session().setCurrent(stage.file(1));
+    stage.trigger("convert");
+    auto* which = stage.find<QComboBox>("which");
+    QCOMPARE(which->currentText(), key("Only the selected file: b.mp4"));
+    QCOMPARE(which->itemText(1), key("All 3 files"));
+    QCOMPARE(plans(stage)->topLevelItemCount(), 1);
+    QVERIFY(plans(stage)->topLevelItem(0)->text(0).startsWith(key("b.mp4 ")));
+    QCOMPARE(stage.find<QPushButton>("start")->text(), key("Convert 1 file"));
+    QCOMPARE(stage.find<QComboBox>("optionsOf")->count(), 2);
+    which->setCurrentIndex(1);
+    QCOMPARE(plans(stage)->topLevelItemCount(), 3);
+    QCOMPARE(stage.find<QPushButton>("start")->text(), key("Convert 3 files"));
+    QCOMPARE(stage.find<QComboBox>("optionsOf")->count(), 4);
+    click(stage, "close");
+    settle();
+    stage.session().select({stage.file(1), stage.file(2)});
+    stage.trigger("convert");
+    QCOMPARE(stage.find<QComboBox>("which")->currentText(), key("Only the 2 selected files: b.mp4, c.mp4"));
+    QCOMPARE(plans(stage)->topLevelItemCount(), 2);
+    click(stage, "close");
+    settle();
+    stage.session().select({stage.file(0), stage.file(1), stage.file(2)});
+    stage.trigger("convert");
+    QVERIFY(!stage.find<QComboBox>("which")); // There is nothing to choose.
+    QCOMPARE(plans(stage)->topLevelItemCount(), 3);
+}
+
 void TestEditorConvert::lineTellsWhatBecomesOfEachTrack()
 {
     const Stage stage({clip("plain.mp4", "film.mp4")});
@@ -126,7 +174,7 @@ void TestEditorConvert::optionIsSetInAllFilesAsOneStep()
 {
     const Stage stage({clip("plain.mp4", "a.mp4"), clip("plain.mp4", "b.mp4")});
     const int steps = stage.session().history().position();
-    stage.trigger("convert");
+    openForAll(stage);
     chooseNext(stage, "Output:container");
     for (int i = 0; i < 2; ++i)
         QCOMPARE(stage.file(i)->value(stage.file(i)->output(), key("container")), QVariant(key("mp4")));
@@ -140,7 +188,7 @@ void TestEditorConvert::optionIsSetInAllFilesAsOneStep()
 void TestEditorConvert::optionIsSetInOneFile()
 {
     const Stage stage({clip("plain.mp4", "a.mp4"), clip("plain.mp4", "b.mp4")});
-    stage.trigger("convert");
+    openForAll(stage);
     stage.find<QComboBox>("optionsOf")->setCurrentIndex(2);
     chooseNext(stage, "Output:container");
     QVERIFY(!stage.file(0)->value(stage.file(0)->output(), key("container")).isValid());
@@ -152,7 +200,7 @@ void TestEditorConvert::optionIsSetInOneFile()
 void TestEditorConvert::emptyFieldsShowWhatIsTaken()
 {
     const Stage stage({clip("plain.mp4", "a.mp4"), clip("plain.mkv", "b.mkv")});
-    stage.trigger("convert");
+    openForAll(stage);
     auto* container = stage.find<QComboBox>("Output:container");
     const auto* picture = stage.find<QComboBox>("Output:video-codec");
     QTRY_COMPARE_WITH_TIMEOUT(container->placeholderText(), key("per file"), patience);
@@ -179,7 +227,7 @@ void TestEditorConvert::emptyFieldsShowWhatIsTaken()
 void TestEditorConvert::filesAreConvertedAndTheRowsSaySo()
 {
     const Stage stage({clip("plain.mp4", "a.mp4"), clip("plain.mkv", "b.mkv")});
-    stage.trigger("convert");
+    openForAll(stage);
     click(stage, "start");
     QVERIFY(!stage.find("convertDialog"));
     QVERIFY(stage.find("queue"));
@@ -187,7 +235,8 @@ void TestEditorConvert::filesAreConvertedAndTheRowsSaySo()
     QCOMPARE(stateOf(stage, 0), key("done"));
     QCOMPARE(stateOf(stage, 1), key("done"));
     QCOMPARE(row(stage, 0)->text(0), key("a.mp4"));
-    QCOMPARE(row(stage, 0)->text(2), key("100 %"));
+    QCOMPARE(row(stage, 0)->text(1), key("a-converted.mp4"));
+    QCOMPARE(row(stage, 0)->text(3), key("100 %"));
     QVERIFY(QFile::exists(path("a-converted.mp4")));
     QVERIFY(QFile::exists(path("b-converted.mkv")));
     QCOMPARE(stage.find<QLabel>("queueSummary")->text(), key("2 of 2 done"));
@@ -221,10 +270,73 @@ void TestEditorConvert::resultsGoWhereTheyAreWanted()
     QVERIFY(QFile::exists(path("new/folder/1 a.mp4")));
 }
 
+void TestEditorConvert::folderOfTheResultsIsRemembered()
+{
+    const Stage stage({clip("plain.mp4", "a.mp4")});
+    stage.trigger("convert");
+    stage.find<QLineEdit>("folder")->setText(path("results"));
+    click(stage, "start");
+    QVERIFY(hasEnded(stage));
+    stage.trigger("convert");
+    QCOMPARE(stage.find<QLineEdit>("folder")->text(), path("results"));
+    stage.find<QLineEdit>("folder")->clear();
+    click(stage, "close");
+    settle();
+    stage.trigger("convert");
+    QCOMPARE(stage.find<QLineEdit>("folder")->text(), QString());
+}
+
+void TestEditorConvert::wrongOptionIsToldBesideItsField()
+{
+    const Stage stage({clip("plain.mp4", "a.mp4")});
+    stage.trigger("convert");
+    auto* size = stage.find<QLineEdit>("Output:size");
+    QCOMPARE(size->placeholderText(), key("not set; for example 1280x720"));
+    QCOMPARE(stage.find<QLineEdit>("Output:trim")->placeholderText(), key("not set; for example 12,40.5"));
+    QVERIFY(!stage.find<QLabel>("Output:size:problem"));
+    QTest::keyClicks(size, key("abc"));
+    QTest::keyClick(size, Qt::Key_Return);
+    settle();
+    QVERIFY(stage.find<QLabel>("Output:size:problem"));
+    QCOMPARE(stage.find<QLabel>("Output:size:problem")->text(),
+             QString::fromUtf8("\342\232\240 abc is no size. Write WIDTHxHEIGHT, for example 1280x720, and ,exact "
+                               "behind it to force the shape."));
+    QCOMPARE(size->text(), key("abc"));
+    QVERIFY(!stage.find<QPushButton>("start")->isEnabled());
+    size->selectAll();
+    QTest::keyClicks(size, key("80x60"));
+    QTest::keyClick(size, Qt::Key_Return);
+    settle();
+    QVERIFY(!stage.find<QLabel>("Output:size:problem"));
+    QCOMPARE(stage.file(0)->value(stage.file(0)->output(), key("size")), QVariant(key("80x60")));
+    QVERIFY(stage.find<QPushButton>("start")->isEnabled());
+    size->clear();
+    QTest::keyClick(size, Qt::Key_X);
+    QTest::keyClick(size, Qt::Key_Backspace);
+    QTest::keyClick(size, Qt::Key_Return);
+    QVERIFY(!stage.find<QLabel>("Output:size:problem"));
+    QVERIFY(!stage.file(0)->value(stage.file(0)->output(), key("size")).isValid());
+}
+
+void TestEditorConvert::sizeThatEnlargesNothingSaysSo()
+{
+    const Stage stage({clip("plain.mp4", "a.mp4")});
+    stage.trigger("convert");
+    auto* size = stage.find<QLineEdit>("Output:size");
+    QTest::keyClicks(size, key("99999x99999"));
+    QTest::keyClick(size, Qt::Key_Return);
+    settle();
+    QVERIFY(stage.find<QLabel>("Output:size:problem"));
+    QCOMPARE(
+        stage.find<QLabel>("Output:size:problem")->text(),
+        key("The picture of a.mp4 has 160 x 120: it is not enlarged. Write ,exact behind the size to enlarge it."));
+    QVERIFY(stage.find<QPushButton>("start")->isEnabled());
+}
+
 void TestEditorConvert::twoResultsOfOneNameAreRefused()
 {
     const Stage stage({clip("plain.mp4", "a.mp4"), clip("plain.mp4", "b.mp4")});
-    stage.trigger("convert");
+    openForAll(stage);
     auto* name = stage.find<QLineEdit>("Output:name");
     QTest::keyClicks(name, key("out.{ending}"));
     QTest::keyClick(name, Qt::Key_Return);
@@ -266,6 +378,53 @@ void TestEditorConvert::tenSecondsTellTheSizeOfTheWhole()
     click(stage, "close");
     QTRY_VERIFY(!QFile::exists(path("a-sample.mkv")));
     QVERIFY(stage.session().queue().rows().isEmpty());
+}
+
+void TestEditorConvert::tenSecondsTellWhichTheyAre()
+{
+    const Stage stage({clip("plain.mp4", "a.mp4")});
+    stage.find<QSlider>("time")->setValue(500);
+    stage.trigger("convert");
+    settle();
+    click(stage, "sample");
+    auto* said = stage.find<QLabel>("sampleState");
+    QTRY_VERIFY_WITH_TIMEOUT(said->text().contains(key("would have")), patience);
+    QVERIFY2(said->text().contains(key("It begins at 0.0 s: less than ten seconds come after the picture shown.")),
+             qPrintable(said->text()));
+}
+
+void TestEditorConvert::tenSecondsLieWhereTheResultWill()
+{
+    const Stage stage({clip("plain.mp4", "a.mp4")});
+    QVERIFY(QDir().mkpath(path("results")));
+    stage.trigger("convert");
+    stage.find<QLineEdit>("folder")->setText(path("results"));
+    settle();
+    click(stage, "sample");
+    auto* said = stage.find<QLabel>("sampleState");
+    QTRY_VERIFY_WITH_TIMEOUT(said->text().contains(key("would have")), patience);
+    QVERIFY(QFile::exists(path("results/a-sample.mp4")));
+    QVERIFY(!QFile::exists(path("a-sample.mp4")));
+}
+
+// The desktop of these tests opens nothing.
+void TestEditorConvert::watchingWithoutAPlayerSaysSo()
+{
+    const Stage stage({clip("plain.mp4", "a.mp4")});
+    stage.trigger("convert");
+    settle();
+    click(stage, "sample");
+    QTRY_VERIFY_WITH_TIMEOUT(stage.find<QPushButton>("showSample")->isEnabled(), patience);
+    click(stage, "showSample");
+    QCOMPARE(stage.find<QLabel>("sampleState")->text(),
+             key("No program opens %1. Install one, for example with: apt-get install xdg-utils mpv")
+                 .arg(path("a-sample.mp4")));
+    click(stage, "start");
+    QVERIFY(hasEnded(stage));
+    click(stage, "openFolder");
+    QVERIFY(stage.find<QPlainTextEdit>("queueLog")
+                ->toPlainText()
+                .contains(key("No program opens %1.").arg(m_folder->path())));
 }
 
 void TestEditorConvert::clipIsNotConvertedTwice()
@@ -312,6 +471,21 @@ void TestEditorConvert::failedRowBeginsWithTheReason()
     QVERIFY2(stateOf(stage, 0).startsWith(key("failed: no such file")), qPrintable(stateOf(stage, 0)));
 }
 
+void TestEditorConvert::remedyIsOneOfTheDialog()
+{
+    QVERIFY(QFile::copy(clip("plain.mp4", "a.mp4"), path("a-converted.mp4")));
+    const Stage stage({path("a.mp4")});
+    const QString sentence = key("%1 exists. Choose another folder, or what happens to existing files, in Convert.")
+                                 .arg(path("a-converted.mp4"));
+    stage.trigger("convert");
+    QCOMPARE(stage.find<QLabel>("existingTitle")->text(), key("Existing files:"));
+    QTRY_COMPARE_WITH_TIMEOUT(plans(stage)->topLevelItem(0)->childCount(), 1, patience);
+    QCOMPARE(plans(stage)->topLevelItem(0)->child(0)->toolTip(0), sentence);
+    click(stage, "start");
+    QVERIFY(hasEnded(stage));
+    QCOMPARE(stateOf(stage, 0), key("failed: ") + sentence);
+}
+
 void TestEditorConvert::filesTellWhatTheQueueDoesWithThem()
 {
     const Stage stage({clip("plain.mp4", "a.mp4"), clip("plain.mp4", "b.mp4"), clip("plain.mp4", "c.mp4")});
@@ -341,7 +515,7 @@ void TestEditorConvert::filesTellWhatTheQueueDoesWithThem()
 void TestEditorConvert::rowsArePausedCancelledAndRemoved()
 {
     const Stage stage({clip("plain.mp4", "a.mp4"), clip("plain.mp4", "b.mp4")});
-    stage.trigger("convert");
+    openForAll(stage);
     click(stage, "start");
     waitUntilOneRuns(stage);
     click(stage, "pauseQueue");
@@ -357,6 +531,55 @@ void TestEditorConvert::rowsArePausedCancelledAndRemoved()
     click(stage, "pauseQueue");
     QVERIFY(hasEnded(stage));
     QCOMPARE(stateOf(stage, 0), key("done"));
+}
+
+void TestEditorConvert::severalRowsAreRemovedAtOnce()
+{
+    const Stage stage({clip("plain.mp4", "a.mp4"), clip("plain.mp4", "b.mp4"), clip("plain.mp4", "c.mp4")});
+    openForAll(stage);
+    click(stage, "start");
+    QVERIFY(hasEnded(stage));
+    zokit::Job job = stage.session().queue().job(stage.session().queue().rows().value(0));
+    job.output = path("again.mp4");
+    for (const char* name : {"x.mp4", "y.mp4"}) {
+        job.input = path(name); // There is no such file.
+        stage.session().queue().add(job);
+    }
+    auto* list = stage.find<QTreeWidget>("queueList");
+    QVERIFY(stage.find<QPushButton>("removeDone")->isEnabled());
+    list->setCurrentItem(list->topLevelItem(4));
+    click(stage, "removeDone");
+    QCOMPARE(list->topLevelItemCount(), 2);
+    QCOMPARE(row(stage, 0)->text(0), key("x.mp4"));
+    QCOMPARE(list->currentItem()->text(0), key("y.mp4"));
+    QVERIFY(!stage.find<QPushButton>("removeDone")->isEnabled());
+    stage.window().activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&stage.window()));
+    list->setFocus();
+    QTest::keyClick(list, Qt::Key_A, Qt::ControlModifier);
+    QCOMPARE(list->selectedItems().size(), 2);
+    QTest::keyClick(list, Qt::Key_Delete);
+    QCOMPARE(list->topLevelItemCount(), 0);
+    QVERIFY(stage.session().queue().rows().isEmpty());
+}
+
+void TestEditorConvert::newRowIsScrolledIntoView()
+{
+    const Stage stage({clip("plain.mp4", "a.mp4")});
+    zokit::Job job;
+    job.settings = stage.file(0)->settings();
+    job.input = path("a.mp4");
+    for (int i = 0; i < 40; ++i) {
+        job.output = m_folder->filePath(QStringLiteral("out%1.mp4").arg(i));
+        stage.session().queue().add(job);
+    }
+    settle();
+    auto* list = stage.find<QTreeWidget>("queueList");
+    list->scrollToTop();
+    job.output = path("last.mp4");
+    stage.session().queue().add(job);
+    settle();
+    QVERIFY(list->viewport()->rect().contains(list->visualItemRect(row(stage, 40))));
 }
 
 void TestEditorConvert::whatRanComesBackAsInterrupted()
@@ -383,7 +606,7 @@ void TestEditorConvert::whatRanComesBackAsInterrupted()
     editor.start({});
     const auto* list = editor.window().findChild<QTreeWidget*>(key("queueList"));
     QCOMPARE(list->topLevelItemCount(), 1);
-    QCOMPARE(list->topLevelItem(0)->text(1), key("interrupted"));
+    QCOMPARE(list->topLevelItem(0)->text(2), key("interrupted"));
     editor.session().open({path("a.mp4")});
     const zoeditor::FilesModel& files = editor.session().files();
     QTRY_COMPARE_WITH_TIMEOUT(files.index(0).data(zoeditor::FilesModel::StateRole).toString(), key("interrupted"),
@@ -391,7 +614,7 @@ void TestEditorConvert::whatRanComesBackAsInterrupted()
     QVERIFY(!editor.window().findChild<QWidget*>(key("queueDock"))->isHidden());
     QVERIFY(!QFile::exists(path("a-converted.mp4")));
     editor.window().findChild<QPushButton*>(key("retryRow"))->click();
-    QTRY_COMPARE_WITH_TIMEOUT(list->topLevelItem(0)->text(1), key("done"), patience);
+    QTRY_COMPARE_WITH_TIMEOUT(list->topLevelItem(0)->text(2), key("done"), patience);
     QVERIFY(QFile::exists(path("a-converted.mp4")));
 }
 
@@ -408,6 +631,37 @@ void TestEditorConvert::closingWhileConvertingAsks()
     QCOMPARE(stateOf(stage, 0), key("paused"));
     answer("convertingQuestion", "stopAndClose");
     QVERIFY(stage.window().close());
+}
+
+// Nothing is stopped behind a question that may still be answered by staying.
+void TestEditorConvert::stoppingIsAskedLast()
+{
+    const Stage stage({clip("plain.mp4", "a.mp4")});
+    stage.trigger("convert");
+    click(stage, "start");
+    waitUntilOneRuns(stage);
+    stage.session().queue().pause();
+    stage.file(0)->setValue(stage.file(0)->type(key("Color")), key("bcs_contrast"), 5);
+    QStringList asked;
+    QString last;
+    QTimer looking;
+    connect(&looking, &QTimer::timeout, &looking, [&] {
+        QWidget* shown = QApplication::activeModalWidget();
+        if (!shown || shown->objectName() == asked.value(asked.size() - 1))
+            return;
+        asked.append(shown->objectName());
+        const bool isOfSettings = asked.constLast() == key("closeQuestion");
+        shown->findChild<QAbstractButton*>(isOfSettings ? key("discard") : last)->click();
+    });
+    looking.start(0);
+    last = key("goOn");
+    QVERIFY(!stage.window().close());
+    QCOMPARE(asked, QStringList({key("closeQuestion"), key("convertingQuestion")}));
+    QCOMPARE(stateOf(stage, 0), key("paused"));
+    asked.clear();
+    last = key("stopAndClose");
+    QVERIFY(stage.window().close());
+    QVERIFY(hasEnded(stage));
 }
 
 EDITOR_TEST_MAIN(TestEditorConvert)

@@ -922,6 +922,39 @@
         <source>In the queue already: %1.</source>
         <translation>Schon in der Warteschlange: %1.</translation>
     </message>
+    <message numerus="yes">
+        <source>Only the %n selected file(s): %1</source>
+        <translation>
+            <numerusform>Nur die ausgewählte Datei: %1</numerusform>
+            <numerusform>Nur die %n ausgewählten Dateien: %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>All %n file(s)</source>
+        <translation>
+            <numerusform>%n Datei</numerusform>
+            <numerusform>Alle %n Dateien</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Convert %n file(s)</source>
+        <translation>
+            <numerusform>%n Datei umwandeln</numerusform>
+            <numerusform>%n Dateien umwandeln</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>What is converted</source>
+        <translation>Was umgewandelt wird</translation>
+    </message>
+    <message>
+        <source>It begins at %1 s: less than ten seconds come after the picture shown.</source>
+        <translation>Er beginnt bei %1 s: nach dem gezeigten Bild kommen keine zehn Sekunden mehr.</translation>
+    </message>
+    <message>
+        <source>It begins at %1 s.</source>
+        <translation>Er beginnt bei %1 s.</translation>
+    </message>
 </context>
 <context>
     <name>zoeditor::DefaultsPage</name>
@@ -1081,6 +1114,26 @@
         <source>interrupted</source>
         <translation>unterbrochen</translation>
     </message>
+    <message>
+        <source>%1 exists. Choose another folder, or what happens to existing files, in Convert.</source>
+        <translation>%1 gibt es schon. Wählen Sie unter „Umwandeln“ einen anderen Ordner, oder was mit vorhandenen Dateien geschieht.</translation>
+    </message>
+    <message>
+        <source>%1 is a folder. Choose another name or folder in Convert.</source>
+        <translation>%1 ist ein Ordner. Wählen Sie unter „Umwandeln“ einen anderen Namen oder Ordner.</translation>
+    </message>
+    <message>
+        <source>There was no progress for %1 s. Check the disk, and try again.</source>
+        <translation>Es ging %1 s lang nicht voran. Prüfen Sie den Datenträger, und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>The input is damaged, and &quot;Strict&quot; in Convert does not allow that. Switch it off to convert what can be read.</source>
+        <translation>Die Eingabe ist beschädigt, und „Streng“ unter „Umwandeln“ erlaubt das nicht. Schalten Sie es aus, um umzuwandeln, was sich lesen lässt.</translation>
+    </message>
+    <message>
+        <source>The clip has no picture to burn subtitles into. Tick &quot;Soft subtitles&quot; in Convert, or leave them out.</source>
+        <translation>Der Film hat kein Bild, in das Untertitel eingebrannt werden könnten. Wählen Sie unter „Umwandeln“ „Abschaltbare Untertitel“, oder lassen Sie sie weg.</translation>
+    </message>
 </context>
 <context>
     <name>zoeditor::LanguageList</name>
@@ -1134,6 +1187,14 @@
     <message>
         <source>set</source>
         <translation>gesetzt</translation>
+    </message>
+    <message>
+        <source>not set; for example %1</source>
+        <translation>nicht gesetzt; zum Beispiel %1</translation>
+    </message>
+    <message>
+        <source>The picture of %1 has %2 x %3: it is not enlarged. Write ,exact behind the size to enlarge it.</source>
+        <translation>Das Bild von %1 hat %2 x %3: es wird nicht vergrößert. Schreiben Sie ,exact hinter die Größe, um es zu vergrößern.</translation>
     </message>
 </context>
 <context>
@@ -1293,6 +1354,14 @@
         <source>Convert later</source>
         <translation>Später umwandeln</translation>
     </message>
+    <message>
+        <source>Result</source>
+        <translation>Ergebnis</translation>
+    </message>
+    <message>
+        <source>Remove all d&amp;one</source>
+        <translation>Fertige &amp;wegräumen</translation>
+    </message>
 </context>
 <context>
     <name>zoeditor::SleepGuard</name>
@@ -1422,6 +1491,13 @@
     <message>
         <source>The sound device gave up.</source>
         <translation>Das Tongerät hat aufgegeben.</translation>
+    </message>
+</context>
+<context>
+    <name>zoeditor::Outside</name>
+    <message>
+        <source>No program opens %1. Install one, for example with: apt-get install xdg-utils mpv</source>
+        <translation>Kein Programm öffnet %1. Installieren Sie eines, zum Beispiel mit: apt-get install xdg-utils mpv</translation>
     </message>
 </context>
 </TS>

@@ -40,6 +40,27 @@
             <numerusform>Options of all %n files</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>Only the %n selected file(s): %1</source>
+        <translation>
+            <numerusform>Only the selected file: %1</numerusform>
+            <numerusform>Only the %n selected files: %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>All %n file(s)</source>
+        <translation>
+            <numerusform>%n file</numerusform>
+            <numerusform>All %n files</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Convert %n file(s)</source>
+        <translation>
+            <numerusform>Convert %n file</numerusform>
+            <numerusform>Convert %n files</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>zoeditor::DifferenceList</name>
