@@ -20,14 +20,14 @@ inline QPushButton* makeButton(QLayout* layout, const char* name, const QString&
     return button;
 }
 
-/// Screen readers switch a button without its action, which follows.
+/// Screen readers switch a button without its action: with Qt 5 it would not even follow. What hears of a switch
+/// listens to QAction::toggled(), since such an action is not triggered.
 inline void letSwitch(QToolButton* button)
 {
     QObject::connect(button, &QToolButton::toggled, button, [button](bool isOn) {
-        QAction* action = button->defaultAction();
-        if (action && action->isChecked() != isOn) {
-            action->trigger();
-            button->setChecked(action->isChecked());
+        if (QAction* action = button->defaultAction()) {
+            action->setChecked(isOn);
+            button->setChecked(action->isChecked()); // One of a group stays.
         }
     });
 }

@@ -64,7 +64,7 @@ void Flows::makeQueue()
     m_queue->setVisible(!m_session->queue().rows().isEmpty());
     QAction* action = m_window->actions().action("queue");
     action->setChecked(!m_queue->isHidden());
-    connect(action, &QAction::triggered, m_queue, &QWidget::setVisible);
+    connect(action, &QAction::toggled, m_queue, &QWidget::setVisible);
     connect(m_queue, &QDockWidget::visibilityChanged, action,
             [this, action] { action->setChecked(!m_queue->isHidden()); });
     connect(&m_session->queue(), &zokit::Queue::rowsChanged, m_queue, [this, hadRows = false]() mutable {

@@ -50,12 +50,18 @@ void PicturePane::makeTools(const Actions& actions)
     auto* row = new QHBoxLayout;
     const auto add = [&](const char* name, const QString& shortText, auto slot) {
         QAction* action = actions.action(name);
-        connect(action, &QAction::triggered, this, slot);
+        connect(action, action->isCheckable() ? &QAction::toggled : &QAction::triggered, this, slot);
         addToolButton(row, action, shortText, this);
     };
-    add("showAfter", tr("After"), [this] { m_view->setShow(PictureView::Show::After); });
-    add("showBefore", tr("Before"), [this] { m_view->setShow(PictureView::Show::Before); });
-    add("showSplit", tr("Both"), [this] { m_view->setShow(PictureView::Show::Split); });
+    const auto show = [this](PictureView::Show what) {
+        return [this, what](bool isOn) {
+            if (isOn)
+                m_view->setShow(what);
+        };
+    };
+    add("showAfter", tr("After"), show(PictureView::Show::After));
+    add("showBefore", tr("Before"), show(PictureView::Show::Before));
+    add("showSplit", tr("Both"), show(PictureView::Show::Split));
     row->addStretch(1);
     m_zoom->setObjectName(QStringLiteral("zoom"));
     m_zoom->setAccessibleName(tr("Zoom"));

@@ -186,17 +186,28 @@ template <typename Slot>
 QAction* TimeLine::connectAction(const Actions& actions, const char* name, Slot slot)
 {
     QAction* action = actions.action(name);
-    connect(action, &QAction::triggered, this, slot);
+    connect(action, action->isCheckable() ? &QAction::toggled : &QAction::triggered, this, slot);
     m_actions.append(action);
     return action;
 }
 
 void TimeLine::makeListening(const Actions& actions, QHBoxLayout* row)
 {
-    QAction* effects =
-        connectAction(actions, "listen", [this](bool isOn) { isOn ? listen(true) : m_listening->stop(); });
-    QAction* plain =
-        connectAction(actions, "listenPlain", [this](bool isOn) { isOn ? listen(false) : m_listening->stop(); });
+    QAction* effects = actions.action("listen");
+    QAction* plain = actions.action("listenPlain");
+    const auto hear = [this](QAction* action, QAction* other, bool withEffects) {
+        return [this, action, other, withEffects](bool isOn) {
+            if (isOn) {
+                listen(withEffects);
+                other->setChecked(false); // One of them at a time.
+                action->setChecked(m_listening->isActive());
+            } else if (!other->isChecked()) {
+                m_listening->stop();
+            }
+        };
+    };
+    connectAction(actions, "listen", hear(effects, plain, true));
+    connectAction(actions, "listenPlain", hear(plain, effects, false));
     addToolButton(row, effects, tr("Listen"), this);
     connect(m_listening, &Listening::failed, &m_session, &Session::message);
     connect(m_listening, &Listening::activeChanged, this, [effects, plain](bool isActive) {
@@ -205,10 +216,6 @@ void TimeLine::makeListening(const Actions& actions, QHBoxLayout* row)
         effects->setChecked(false);
         plain->setChecked(false);
     });
-    // One of them at a time.
-    connect(effects, &QAction::toggled, plain, [plain](bool isOn) { plain->setChecked(plain->isChecked() && !isOn); });
-    connect(plain, &QAction::toggled, effects,
-            [effects](bool isOn) { effects->setChecked(effects->isChecked() && !isOn); });
 }
 
 /// From the play head on; of the clip's tracks the first one that is chosen.
