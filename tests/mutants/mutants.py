@@ -132,6 +132,7 @@ def configure():
     command += ["-DZOEFFECT_BUILD_TESTS=ON", "-DZOEFFECT_WARNINGS_AS_ERRORS=OFF"]
     command += ["-DZOEFFECT_TEST_PACKAGE=OFF", "-DZOEFFECT_TEST_SOURCES=OFF", "-DZOEFFECT_TEST_PROOFS=OFF"]
     command += [f"-DZOEFFECT_BUILD_KIT={'ON' if KIT else 'OFF'}", "-DZOEFFECT_BUILD_PROGRAMS=OFF"]
+    command += ["-DZOEFFECT_BUILD_QUICK=OFF"]
     command += ["-DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON"]  # They would have to come before mutant.h.
     run_quietly(command)
 
