@@ -6,6 +6,7 @@
 #ifdef ZOEDITOR_HAS_MULTIMEDIA
 #include <QAudioFormat>
 #include <QBuffer>
+#include <QTimer>
 #if QT_VERSION_MAJOR >= 6
 #include <QAudioDevice>
 #include <QAudioSink>
@@ -89,11 +90,19 @@ private:
     /// Idle is a device that has got all numbers, or waits for some.
     void takeState(QAudio::State state)
     {
-        const bool isWhole = state == QAudio::IdleState && m_samples.atEnd();
-        if (!isWhole && state != QAudio::StoppedState)
-            return;
+        if (state == QAudio::IdleState && m_samples.atEnd()) {
+            // What lies in its buffer is still to be heard.
+            const qint64 rest = m_output->format().durationForBytes(int(m_output->bufferSize())); // Microseconds.
+            QTimer::singleShot(std::chrono::milliseconds(rest / 1000), m_output.get(), [this] { end(QString()); });
+        } else if (state == QAudio::StoppedState) {
+            end(SoundDevice::tr("The sound device gave up."));
+        }
+    }
+
+    void end(const QString& trouble)
+    {
         stop();
-        emit ended(isWhole ? QString() : SoundDevice::tr("The sound device gave up."));
+        emit ended(trouble);
     }
 
     std::unique_ptr<Output> m_output; ///< Null while nothing plays.
