@@ -52,6 +52,7 @@ public:
     Item defaultItem(Identity item, bool withPlace) const;
     QVariant defaultOf(Identity thing, const QString& key) const;
     QVariant catalogueDefaultOf(Identity thing, const QString& key) const;
+    Changes meantWith(Identity thing, const Values& set) const;
     Changes consequences(const Changes& changes) const;
     Message commit(const Changes& wanted, QObject* asker);
     Message become(const Settings& target, const Settings& present, QObject* asker);

@@ -70,6 +70,37 @@ Message FileSettings::check(Identity thing, const QString& key, const QVariant& 
     return d->read(thing, key, candidate).error;
 }
 
+/// What somebody who sets these values of \a thing, and no others, means besides.
+Changes FileSettings::Private::meantWith(Identity thing, const Values& set) const
+{
+    Changes meant;
+    const auto isAmong = [&](const QString& key) { return set.contains(key); };
+    const auto isTurn = [&](const QString& key) { return set.value(key).toInt() != 0; };
+    const Identity crop = things.type(types::crop);
+    if (thing == crop
+        && (isAmong(keys::cropLeft) || isAmong(keys::cropTop) || isAmong(keys::cropWidth)
+            || isAmong(keys::cropHeight))) {
+        // With an edge that is set by hand the others are where the frame has them.
+        const auto complete = [&](const QString& size, const QString& edge, int all) {
+            const QVariant present = things.value(crop, size);
+            const int rest = all - set.value(edge, things.value(crop, edge)).toInt();
+            if (!isAmong(size) && present.toInt() <= 0 && rest > 0)
+                meant.append({crop, size, present, rest});
+        };
+        const QSize frame = things.baseFrame();
+        complete(keys::cropWidth, keys::cropLeft, frame.width());
+        complete(keys::cropHeight, keys::cropTop, frame.height());
+    } else if (thing == things.type(types::effect) && (isTurn(keys::turnAngle) || isTurn(keys::turnMirror))) {
+        // A turn is to be seen.
+        for (const QString& key : {keys::turnsPicture, own::selected}) {
+            const QVariant present = things.value(crop, key);
+            if (crop != 0 && !present.toBool())
+                meant.append({crop, key, present, true});
+        }
+    }
+    return meant;
+}
+
 Message FileSettings::setValue(Identity thing, const QString& key, const QVariant& value, QObject* asker)
 {
     return setValues(thing, {{key, value}}, asker);
@@ -78,6 +109,7 @@ Message FileSettings::setValue(Identity thing, const QString& key, const QVarian
 Message FileSettings::setValues(Identity thing, const Values& values, QObject* asker)
 {
     Changes changes;
+    Values set;
     bool changesPlace = false;
     for (auto it = values.cbegin(); it != values.cend(); ++it) {
         const ReadValue read = d->read(thing, it.key(), it.value());
@@ -85,10 +117,12 @@ Message FileSettings::setValues(Identity thing, const Values& values, QObject* a
             return read.error;
         changesPlace = changesPlace || isPlace(it.key());
         changes.append({thing, it.key(), d->things.value(thing, it.key()), read.value});
+        set.insert(it.key(), read.value);
     }
     changes = merged(changes);
     if (changes.isEmpty())
         return Message();
+    changes += d->meantWith(thing, set);
     const auto select = [&](Identity whose) {
         const QVariant selected = d->things.value(whose, own::selected);
         if (selected.isValid() && !selected.toBool())

@@ -108,8 +108,8 @@ QVector<Row> rows()
 
     {"Effect", "_checkstate",          K::Bool,    C::CheckBox, U::None,    frameEffect, "effects", none, none, T("In use"), T("Whether the frame effect is applied.")},
     {"Effect", "id",                   K::Integer, C::None,     U::None,    frameEffect, "effects", none, none, T("Number"), T("Number of the frame effect in the table.")},
-    {"Effect", "crop_rotation_angle",  K::Integer, C::ComboBox, U::Degrees, onType,      "turning", none, none, T("Turn"),   T("Clockwise. Takes place when \"Turn the picture\" is set with the crop.")},
-    {"Effect", "crop_rotation_action", K::Integer, C::ComboBox, U::None,    onType,      "turning", none, none, T("Mirror"), T("After turning. Takes place when \"Turn the picture\" is set with the crop.")},
+    {"Effect", "crop_rotation_angle",  K::Integer, C::ComboBox, U::Degrees, onType,      "turning", none, none, T("Turn"),   T("Clockwise. Setting it switches on \"Turn the picture\", which stands with the crop.")},
+    {"Effect", "crop_rotation_action", K::Integer, C::ComboBox, U::None,    onType,      "turning", none, none, T("Mirror"), T("After turning. Setting it switches on \"Turn the picture\", which stands with the crop.")},
 
     {"Audio_Fade_Inout", "audio_effect_flag",     K::Bool,    C::CheckBox, U::None,    onType, "use", none, none, T("In use"), T("Whether the effect is applied to the sound.")},
     {"Audio_Fade_Inout", "audio_fade_in_enable",  K::Bool,    C::CheckBox, U::None,    onType, "in",  none, none, T("Fade in"),  T("The sound grows from silence at the beginning.")},

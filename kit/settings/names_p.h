@@ -31,6 +31,10 @@ inline const QString cropLeft = QStringLiteral("crop_left");
 inline const QString cropTop = QStringLiteral("crop_top");
 inline const QString cropWidth = QStringLiteral("crop_width");
 inline const QString cropHeight = QStringLiteral("crop_height");
+inline const QString turnsPicture = QStringLiteral("player_map_flag");
+// Frame effects
+inline const QString turnAngle = QStringLiteral("crop_rotation_angle");
+inline const QString turnMirror = QStringLiteral("crop_rotation_action");
 // Tracks
 inline const QString subtitleIsFile = QStringLiteral("sub_fromfile");
 inline const QString soundIsFile = QStringLiteral("audio_isfile");

@@ -1012,12 +1012,12 @@
         <translation>Drehen</translation>
     </message>
     <message>
-        <source>Clockwise. Takes place when "Turn the picture" is set with the crop.</source>
-        <translation>Im Uhrzeigersinn. Findet statt, wenn beim Zuschnitt "Bild drehen" gesetzt ist.</translation>
+        <source>Clockwise. Setting it switches on "Turn the picture", which stands with the crop.</source>
+        <translation>Im Uhrzeigersinn. Schaltet "Bild drehen" ein, das beim Zuschnitt steht.</translation>
     </message>
     <message>
-        <source>After turning. Takes place when "Turn the picture" is set with the crop.</source>
-        <translation>Nach dem Drehen. Findet statt, wenn beim Zuschnitt "Bild drehen" gesetzt ist.</translation>
+        <source>After turning. Setting it switches on "Turn the picture", which stands with the crop.</source>
+        <translation>Nach dem Drehen. Schaltet "Bild drehen" ein, das beim Zuschnitt steht.</translation>
     </message>
     <message>
         <source>Whether the effect is applied to the sound.</source>

@@ -36,6 +36,8 @@ private slots:
     void refusedCallChangesNothing();
     void equalValueIsSilent();
     void settingSelectsWhatWasNot();
+    void settingOneValueSetsWhatIsMeantBesides_data();
+    void settingOneValueSetsWhatIsMeantBesides();
     void itemsKeepTheirIdentity();
     void itemSignalsNameTheMove();
     void freshWatermarksDoNotCoverEachOther();
@@ -146,6 +148,47 @@ void TestKitFileSettings::settingSelectsWhatWasNot()
     QCOMPARE(file.value(color, key("selected")), QVariant(true));
     file.setValues(color, {{key("bcs_contrast"), 6}, {key("selected"), false}});
     QCOMPARE(file.value(color, key("selected")), QVariant(false));
+}
+
+void TestKitFileSettings::settingOneValueSetsWhatIsMeantBesides_data()
+{
+    QTest::addColumn<QStringList>("set"); // Addresses and values, one after the other.
+    QTest::addColumn<QString>("crop");
+    QTest::addColumn<bool>("isTurned");
+    const auto row = [](const char* name, const QStringList& set, const char* crop, bool isTurned) {
+        QTest::newRow(name) << set << key(crop) << isTurned;
+    };
+    row("width alone", {"Crop:crop_width=300"}, "0 0 300 720", false);
+    row("height alone", {"Crop:crop_height=100"}, "0 0 1280 100", false);
+    row("left alone", {"Crop:crop_left=80"}, "80 0 1200 720", false);
+    row("one after the other", {"Crop:crop_left=80", "Crop:crop_top=20", "Crop:crop_width=100"}, "80 20 100 720",
+        false);
+    row("another value of the crop", {"Crop:crop_keepaspectratio=false"}, "0 0 source_val source_val", false);
+    row("the value that is there", {"Crop:crop_left=0"}, "0 0 source_val source_val", false);
+    row("no value", {"Crop:crop_width=300", "Crop:crop_width=source_val"}, "0 0 source_val 720", false);
+    row("turned", {"Effect:crop_rotation_angle=90"}, "0 0 source_val source_val", true);
+    row("mirrored", {"Crop:selected=false", "Effect:crop_rotation_action=2"}, "0 0 source_val source_val", true);
+    row("turned, then cropped", {"Effect:crop_rotation_angle=270", "Crop:crop_top=80"}, "0 80 720 1200", true);
+    row("not turned", {"Effect:crop_rotation_angle=90", "Crop:player_map_flag=false", "Effect:crop_rotation_angle=0"},
+        "0 0 source_val source_val", false);
+}
+
+void TestKitFileSettings::settingOneValueSetsWhatIsMeantBesides()
+{
+    QFETCH(const QStringList, set);
+    FileSettings file(clip());
+    for (const QString& one : set) {
+        const QString address = one.section(QLatin1Char('='), 0, 0);
+        QVERIFY(file.setValue(file.type(address.section(QLatin1Char(':'), 0, 0)), address.section(QLatin1Char(':'), 1),
+                              one.section(QLatin1Char('='), 1))
+                    .isEmpty());
+    }
+    const zokit::Values crop = file.values(file.type(key("Crop")));
+    QStringList edges;
+    for (const char* edge : {"crop_left", "crop_top", "crop_width", "crop_height"})
+        edges.append(crop.value(key(edge)).toString());
+    QTEST(edges.join(QLatin1Char(' ')), "crop");
+    QTEST(crop.value(key("player_map_flag")).toBool() && crop.value(key("selected")).toBool(), "isTurned");
 }
 
 void TestKitFileSettings::itemsKeepTheirIdentity()
@@ -366,7 +409,7 @@ void TestKitFileSettings::comesOutUnchanged_data()
     QTest::addColumn<bool>("unchanged");
     QTest::newRow("nothing") << "" << QVariant() << true;
     QTest::newRow("a colour") << "Color:bcs_contrast" << QVariant(1) << false;
-    QTest::newRow("a crop without size") << "Crop:crop_left" << QVariant(10) << true;
+    QTest::newRow("one edge of a crop") << "Crop:crop_left" << QVariant(10) << false;
     QTest::newRow("normalizing") << "Audio_Normalize:audio_effect_flag" << QVariant(true) << false;
     QTest::newRow("an untouched speed in use") << "Audio_Speed:audio_effect_flag" << QVariant(true) << true;
     QTest::newRow("a speed that is not in use") << "Audio_Speed:audio_speed_factor" << QVariant(150) << true;
