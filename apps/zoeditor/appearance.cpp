@@ -37,15 +37,16 @@ QSettings settings()
 }
 
 struct Shades {
-    QRgb window, base, alternate, button, text, dimmed, highlight, highlightedText, link;
+    QRgb window, base, alternate, button, text, dimmed, disabled, highlight, highlightedText, link;
 };
 
-// Texts stand out from what is below them by 4.5 to 1 at least, also those that are dimmed.
+// Texts stand out from what is below them by 4.5 to 1 at least, also those that are dimmed; not those that are
+// disabled.
 constexpr Shades light{0xffefefef, 0xffffffff, 0xfff5f5f5, 0xffe6e6e6, 0xff1a1a1a,
-                       0xff666666, 0xff1f5fa8, 0xffffffff, 0xff0b57a4};
+                       0xff666666, 0xffa6a6a6, 0xff1f5fa8, 0xffffffff, 0xff0b57a4};
 // Fields are lighter than the window: the outlines, which the style makes darker, stay visible around them.
 constexpr Shades dark{0xff2b2c2f, 0xff3d3e43, 0xff36373b, 0xff46474c, 0xffececec,
-                      0xffacacb0, 0xff3874b8, 0xffffffff, 0xff86b7f0};
+                      0xffacacb0, 0xff77777c, 0xff3874b8, 0xffffffff, 0xff86b7f0};
 
 QPalette paletteOf(const Shades& shades)
 {
@@ -66,13 +67,25 @@ QPalette paletteOf(const Shades& shades)
     for (const auto& [role, shade] : roles)
         palette.setColor(role, QColor::fromRgb(shade));
     for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        palette.setColor(QPalette::Disabled, role, QColor::fromRgb(shades.dimmed));
+        palette.setColor(QPalette::Disabled, role, QColor::fromRgb(shades.disabled));
+    return palette;
+}
+
+/// Where no desktop says how, Qt leaves dimmed texts without a brush: fields draw them, labels and lists do not.
+QPalette systemPalette()
+{
+    QPalette palette = QApplication::palette();
+    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        const QBrush brush = palette.brush(group, QPalette::PlaceholderText);
+        if (brush.style() == Qt::NoBrush || brush.color().alpha() == 0)
+            palette.setColor(group, QPalette::PlaceholderText, QColor::fromRgb(light.dimmed));
+    }
     return palette;
 }
 
 void applyTheme(Theme theme)
 {
-    static const QPalette system = QApplication::palette();
+    static const QPalette system = systemPalette();
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QApplication::setPalette(theme == Theme::System ? system : paletteOf(theme == Theme::Light ? light : dark));
 }

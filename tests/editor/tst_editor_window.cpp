@@ -32,6 +32,7 @@ private slots:
     void screenReadersSwitch();
     void languageIsChosenInTheMenu();
     void themeIsChosenAndRemembered();
+    void dimmedTextsAreDrawnInEachTheme();
     void sizesAreRemembered();
     void missingToolsAreTold();
     void nothingIsCutOff_data();
@@ -263,6 +264,28 @@ void TestEditorWindow::themeIsChosenAndRemembered()
     QVERIFY(QApplication::palette().color(QPalette::Window).lightness() > 180);
     const Stage next;
     QVERIFY(next.window().actions().action("themeLight")->isChecked());
+}
+
+void TestEditorWindow::dimmedTextsAreDrawnInEachTheme()
+{
+    for (const char* theme : {"themeSystem", "themeLight", "themeDark"}) {
+        const Stage stage({clips::clip(key("plain.mkv"))});
+        QVERIFY(stage.trigger(theme));
+        settle();
+        QLabel* mark = nullptr;
+        for (auto* label : stage.window().findChildren<QLabel*>()) {
+            if (label->text() == key("default") && label->isVisibleTo(&stage.window()))
+                mark = label;
+        }
+        QVERIFY(mark);
+        const QImage drawn = mark->grab().toImage();
+        QSet<QRgb> colours;
+        for (int x = 0; x < drawn.width(); ++x) {
+            for (int y = 0; y < drawn.height(); ++y)
+                colours.insert(drawn.pixel(x, y));
+        }
+        QVERIFY2(colours.size() > 2, theme);
+    }
 }
 
 void TestEditorWindow::sizesAreRemembered()
