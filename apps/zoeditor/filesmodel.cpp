@@ -55,7 +55,9 @@ QStringList statesOf(const FileRow& row)
         states.append(row.work);
     if (row.isEdited)
         states.append(FilesModel::tr("edited"));
-    return states.isEmpty() ? QStringList{FilesModel::tr("untouched")} : states;
+    if (states.isEmpty())
+        states.append(row.settingsFile.isEmpty() ? FilesModel::tr("untouched") : FilesModel::tr("saved"));
+    return states;
 }
 
 } // namespace

@@ -44,7 +44,7 @@ public:
         FileRole,                ///< Identity of its settings; 0 when it has none.
         SizeRole,                ///< Pixels of the picture, as a number.
         LengthRole,              ///< Seconds.
-        StateRole,               ///< In words: "untouched", "edited", "running", why it cannot be read.
+        StateRole,               ///< In words: "untouched", "edited", "saved", "running", why it cannot be read.
     };
 
     explicit FilesModel(QObject* parent = nullptr);

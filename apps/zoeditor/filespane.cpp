@@ -167,6 +167,9 @@ void FilesPane::takeSelection()
     zokit::FileSettings* file = m_session->project().file(current.data(FilesModel::FileRole).toULongLong());
     if (file && files.contains(file))
         m_session->setCurrent(file);
+    const int row = current.isValid() ? m_order->mapToSource(current).row() : -1;
+    if (files.isEmpty() && row >= 0 && !m_session->files().rows().at(row).problem.isEmpty())
+        m_session->showProblem(m_session->files().rows().at(row).path);
     if (!files.isEmpty())
         m_session->select(files);
 }
@@ -180,6 +183,9 @@ void FilesPane::showSelection()
         selection.select(m_order->mapFromSource(index), m_order->mapFromSource(index));
     }
     m_view->selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+    if (const QModelIndex problem = m_order->mapFromSource(m_session->files().index(m_session->shownProblem()));
+        problem.isValid())
+        m_view->selectionModel()->setCurrentIndex(problem, QItemSelectionModel::SelectCurrent);
     if (m_session->current()) {
         const QModelIndex index =
             m_order->mapFromSource(m_session->files().index(m_session->files().rowOf(m_session->current()->file())));

@@ -10,6 +10,8 @@
 #include <zokit/graph.h>
 #include <zokit/shownframes.h>
 
+#include "session.h"
+
 namespace zoeditor {
 
 namespace {
@@ -155,8 +157,11 @@ void PictureView::paintEvent(QPaintEvent* event)
     if (!m_file || m_scene.frame.isEmpty()) {
         painter.fillRect(rect(), palette().window());
         painter.setPen(palette().color(QPalette::WindowText));
+        const int problem = m_session.shownProblem();
         painter.drawText(rect(), Qt::AlignCenter | Qt::TextWordWrap,
-                         m_file ? tr("This file has no picture.") : tr("Drop films here, or add files."));
+                         m_file         ? tr("This file has no picture.")
+                         : problem >= 0 ? m_session.files().rows().at(problem).problem.text()
+                                        : tr("Drop films here, or add files."));
         return;
     }
     if (m_show == Show::Before)

@@ -45,12 +45,25 @@ Session::~Session()
 
 void Session::noteCurrent(FileSettings* file)
 {
+    if (file)
+        m_problemPath.clear();
     if (!file)
         m_selected.clear();
     else if (!m_selected.contains(file->file()))
         m_selected = {file->file()};
     emit currentChanged(file);
     emit selectionChanged();
+}
+
+void Session::showProblem(const QString& path)
+{
+    if (path == m_problemPath || m_files.rowOf(path) < 0)
+        return;
+    m_problemPath = path;
+    if (current())
+        m_selection->clear();
+    else
+        noteCurrent(nullptr);
 }
 
 QVector<FileSettings*> Session::selected() const

@@ -83,6 +83,10 @@ public:
     /// The file that is edited; null for none.
     zokit::FileSettings* current() const { return m_selection->current(); }
     void setCurrent(zokit::FileSettings* file) { m_selection->setCurrent(file); }
+    /// Shows why the file \a path, which is in the list, cannot be read: no file is edited until one is chosen again.
+    void showProblem(const QString& path);
+    /// The row of the list that showProblem() shows; -1 while it shows none.
+    int shownProblem() const { return m_files.rowOf(m_problemPath); }
     /// The files that are meant by what is done to many; the current one among them.
     QVector<zokit::FileSettings*> selected() const;
     void select(const QVector<zokit::FileSettings*>& files);
@@ -179,6 +183,7 @@ private:
     QMap<QString, QString> m_recovered; ///< Settings files of what is being recovered, by the clip.
     QVector<FileRow> m_removed;         ///< Rows of files that the history may bring back.
     std::unique_ptr<zokit::Selection> m_selection;
+    QString m_problemPath; ///< Of the row that is shown instead of a file that is edited; empty: none.
     QVector<zokit::Identity> m_selected;
     QPointer<QObject> m_gestureOwner;
     bool m_isInGesture = false;

@@ -113,6 +113,11 @@ void Session::takeMedia(const zokit::ReadMedia& read)
         row.isAsked = false;
         row.media = read.media;
         row.problem = m_tools.error.isEmpty() ? read.error : m_tools.error;
+        const FileSettings* file = m_project.file(row.file);
+        if (file && row.media && !row.onDisk && row.settingsFile.isEmpty()) { // Recovered; it may be as it was opened.
+            row.onDisk = FileSettings(zokit::settingsOf(*row.media)).settings();
+            row.isEdited = !(*row.onDisk == file->settings());
+        }
         m_files.replace(index, row);
         addToProject(index);
         emit fileStateChanged(m_files.rows().at(index).file);

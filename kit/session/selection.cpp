@@ -144,6 +144,12 @@ void Selection::setCurrent(FileSettings* file)
         d->show(file);
 }
 
+void Selection::clear()
+{
+    if (d->current)
+        d->show(nullptr);
+}
+
 Identity Selection::chosen() const
 {
     return d->chosen;

@@ -19,7 +19,8 @@ class SettingsModel;
 /// Which file of a project is the current one, and what of it is chosen: for windows that edit one thing at a time.
 /// Both belong to the place in the history, as History::setSelection() keeps them. To be used on the main thread.
 ///
-/// Where there are files, one is current: the first that comes, and the next one, or else the last, when it is removed.
+/// Where there are files, one is current, unless clear() was called: the first that comes, and the next one, or else the
+/// last, when it is removed.
 /// Of a current file something is chosen: an effect type, an item, the rules for tracks or the output options; at first
 /// the type "Crop", in another file what stands at the same place, or else its type, and in place of an item that is
 /// removed the next one, or else the last, or else its type.
@@ -31,10 +32,12 @@ public:
     Selection(Project& project, SettingsModel& model, QObject* parent = nullptr);
     ~Selection() override;
 
-    FileSettings* current() const; ///< Null without files.
+    FileSettings* current() const; ///< Null: none.
     /// Makes \a file, one of the project's, the current one. Nothing happens for another one, or null.
     void setCurrent(FileSettings* file);
-    Identity chosen() const; ///< 0 without files.
+    /// No file is current any more, until one is set, added, or named by a step of the history.
+    void clear();
+    Identity chosen() const; ///< 0 without a current file.
     /// Chooses \a thing, and makes its file the current one. Nothing happens for what has no row in the model.
     void choose(Identity thing);
 

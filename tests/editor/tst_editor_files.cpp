@@ -5,8 +5,10 @@
 #include <QtWidgets>
 
 #include <zokit/history.h>
+#include <zokit/opening.h>
 #include <zokit/settingsfile.h>
 
+#include <actions.h>
 #include <filesmodel.h>
 #include <instance.h>
 
@@ -120,6 +122,24 @@ void TestEditorFiles::unreadableFileCostsOnlyItsRow()
     QVERIFY2(state(stage, 0).contains(key("empty")), qPrintable(state(stage, 0)));
     QVERIFY2(state(stage, 1).startsWith(key("no such file")), qPrintable(state(stage, 1)));
     QCOMPARE(state(stage, 2), key("untouched"));
+
+    // Nothing of another file is shown, and edited, while one is chosen that cannot be read.
+    auto* list = stage.find<QAbstractItemView>("fileList");
+    const auto choose = [list](int row) {
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                          list->visualRect(list->model()->index(row, 0)).center());
+    };
+    for (const int row : {0, 1}) {
+        choose(row);
+        QVERIFY(!stage.session().current());
+        QCOMPARE(stage.session().shownProblem(), row);
+        QCOMPARE(list->selectionModel()->selectedRows().size(), 1);
+        QCOMPARE(list->currentIndex().row(), row);
+        QVERIFY(!stage.window().actions().action("save")->isEnabled());
+    }
+    choose(2);
+    QCOMPARE(stage.session().current(), stage.file(2));
+    QCOMPARE(stage.session().shownProblem(), -1);
 }
 
 void TestEditorFiles::folderGivesItsClips()
@@ -273,7 +293,7 @@ void TestEditorFiles::settingsAreSavedAndOpenedAgain()
     QVERIFY(stage.window().isWindowModified());
     QVERIFY(stage.trigger("save"));
     QVERIFY(!stage.window().isWindowModified());
-    QCOMPARE(state(stage, 0), key("untouched"));
+    QCOMPARE(state(stage, 0), key("saved"));
     const QString saved = stage.folder.filePath(key("film.zoeffect.json"));
     const Stage again({saved});
     QCOMPARE(again.session().files().rows().at(0).path, clip);
@@ -348,18 +368,22 @@ void TestEditorFiles::sessionThatDiedIsRecovered()
         zokit::Journal journal(project, journals);
         zokit::FileSettings* file = project.add(zokit::Media{clips::clip(key("plain.mp4")), QSize(160, 120), 0.4});
         edit(file);
+        project.add(zokit::settingsOf(*zokit::probe(zokit::findTools(), clips::clip(key("plain.mkv"))).media));
         QVERIFY(journal.flush());
     } // Without a good end.
     answer("recoverQuestion", "recover");
     zoeditor::Editor editor(journals);
     editor.start({});
-    QCOMPARE(editor.session().files().rowCount(), 1);
-    zokit::FileSettings* file = editor.session().current();
+    QCOMPARE(editor.session().files().rowCount(), 2);
+    zokit::FileSettings* file = editor.session().project().files().first();
     QVERIFY(file);
     QCOMPARE(file->value(file->type(key("Color")), key("bcs_contrast")), QVariant(10));
     QTRY_VERIFY_WITH_TIMEOUT(editor.session().mediaOf(file), 60000);
     QVERIFY(editor.session().history().canUndo());
     QCOMPARE(editor.session().left().size(), 0);
+    const zokit::FileSettings* untouched = editor.session().project().files().at(1);
+    QTRY_VERIFY_WITH_TIMEOUT(editor.session().mediaOf(untouched), 60000);
+    QCOMPARE(editor.session().unsaved(), QVector<zokit::FileSettings*>{file});
 }
 
 void TestEditorFiles::recoveredSessionKnowsItsSettingsFile_data()

@@ -6,6 +6,7 @@
 #include <QSignalSpy>
 #include <QtTest>
 
+#include <zokit/selection.h>
 #include <zokit/workbench.h>
 
 #include "clips.h"
@@ -61,6 +62,7 @@ private slots:
     void removedItemIsFollowedByTheNext();
     void movedItemIsFollowedByTheNext();
     void whatHasNoRowCannotBeChosen();
+    void nothingIsShownUntilAFileIsChosen();
     void undoShowsWhatItChanged();
     void undoChoosesWhatWasChosenThen();
     void undoEndsADrag();
@@ -230,6 +232,28 @@ void TestKitWorkbench::whatHasNoRowCannotBeChosen()
     stage.bench.choose(stage.file(1)->output());
     QCOMPARE(stage.bench.current(), stage.file(1));
     QCOMPARE(stage.bench.chosen(), stage.file(1)->output());
+}
+
+void TestKitWorkbench::nothingIsShownUntilAFileIsChosen()
+{
+    zokit::Project project;
+    zokit::SettingsModel model;
+    zokit::Selection selection(project, model);
+    zokit::FileSettings* file = project.add(kitsupport::clip());
+    file->setValue(file->type(key("Color")), key("bcs_contrast"), 5);
+    selection.clear();
+    QCOMPARE(selection.current(), nullptr);
+    QCOMPARE(selection.chosen(), zokit::Identity(0));
+    QCOMPARE(model.rowCount(), 0);
+    project.saveDefault(file->type(key("Color")));
+    QCOMPARE(selection.current(), nullptr);
+    selection.undo();
+    selection.undo(); // The contrast: its file is shown again.
+    QCOMPARE(selection.current(), file);
+    selection.clear();
+    selection.setCurrent(file);
+    QCOMPARE(selection.current(), file);
+    QVERIFY(model.rowCount() > 0);
 }
 
 void TestKitWorkbench::undoShowsWhatItChanged()

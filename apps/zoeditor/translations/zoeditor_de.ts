@@ -318,6 +318,10 @@
         <translation>unberührt</translation>
     </message>
     <message>
+        <source>saved</source>
+        <translation>gespeichert</translation>
+    </message>
+    <message>
         <source>%1 x %2</source>
         <translation>%1 x %2</translation>
     </message>
