@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <optional>
 
 #include <QAbstractItemView>
 #include <QCheckBox>
@@ -21,6 +22,7 @@
 #include <QSignalBlocker>
 #include <QSlider>
 #include <QSpinBox>
+#include <QTimer>
 #include <QToolButton>
 
 #include <zokit/properties.h>
@@ -50,16 +52,52 @@ QIcon swatch(const QColor& color)
 
 } // namespace
 
+/// A field in which any number can be typed: one outside of the bounds is refused as a whole, with the sentence of
+/// whoever takes values, and not letter by letter, which would leave another number.
+template <typename Box>
+class TypedBox : public Box {
+public:
+    using Box::Box;
+
+    /// Is given a number that was typed to its end and lies outside.
+    std::function<void(double)> onOutside;
+
+    QValidator::State validate(QString& text, int& place) const override
+    {
+        const QValidator::State state = Box::validate(text, place);
+        return state == QValidator::Invalid && typed(text) ? QValidator::Intermediate : state;
+    }
+
+    void fixup(QString& text) const override
+    {
+        Box::fixup(text);
+        const std::optional<double> number = typed(text);
+        if (number && onOutside && (*number < this->minimum() || *number > this->maximum()))
+            onOutside(*number);
+    }
+
+private:
+    std::optional<double> typed(QString text) const
+    {
+        const QString suffix = this->suffix();
+        if (!suffix.isEmpty() && text.endsWith(suffix))
+            text.chop(suffix.size());
+        bool isNumber = false;
+        const double number = this->locale().toDouble(text.trimmed(), &isNumber);
+        return isNumber ? std::make_optional(number) : std::nullopt;
+    }
+};
+
 /// A number with decimals: point and comma both stand before them, whatever the language. Otherwise one of them would
 /// be passed over, and 1.5 be 15.
-class DecimalBox : public QDoubleSpinBox {
+class DecimalBox : public TypedBox<QDoubleSpinBox> {
 public:
-    using QDoubleSpinBox::QDoubleSpinBox;
+    using TypedBox::TypedBox;
 
     QValidator::State validate(QString& text, int& place) const override
     {
         text = inLanguage(text);
-        return QDoubleSpinBox::validate(text, place);
+        return TypedBox::validate(text, place);
     }
     double valueFromText(const QString& text) const override { return QDoubleSpinBox::valueFromText(inLanguage(text)); }
 
@@ -161,8 +199,18 @@ private:
         box->setKeyboardTracking(false); // A number is set when it is written to its end.
         box->template findChild<QLineEdit*>()->setPlaceholderText(ValueControl::tr("not set"));
         add(box);
+        if (low.isValid() && high.isValid())
+            box->setToolTip(ValueControl::tr("%1\nFrom %2 to %3.")
+                                .arg(box->toolTip(), box->locale().toString(box->minimum()),
+                                     box->locale().toString(box->maximum())));
         QObject::connect(box, QOverload<Number>::of(&Box::valueChanged), m_control,
                          [this_ = *this](Number value) { this_.send(value); });
+        box->onOutside = [this_ = *this](double number) {
+            this_.send(number);
+            // The field goes on to show a number of its own, where nothing was set, too.
+            QTimer::singleShot(0, this_.m_control,
+                               [control = this_.m_control] { control->setValue(control->shownValue()); });
+        };
         return box;
     }
 
@@ -192,7 +240,7 @@ private:
             return;
         }
         using Limits = std::numeric_limits<int>;
-        auto* box = makeBox<QSpinBox, int>(Limits::min(), Limits::max());
+        auto* box = makeBox<TypedBox<QSpinBox>, int>(Limits::min(), Limits::max());
         QSlider* slider = m_kind == zokit::Control::Slider ? makeSlider() : nullptr;
         const QString suffix = box->suffix();
         onShow([box, slider, suffix](const QVariant& value) {

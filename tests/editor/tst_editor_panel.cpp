@@ -33,6 +33,8 @@ private slots:
     void heldKeyIsOneStep();
     void typedTextIsOneStepAndUndoIsTheWindows();
     void wheelChangesOnlyTheFieldWithTheFocus();
+    void numberOutsideTheBoundsIsRefused_data();
+    void numberOutsideTheBoundsIsRefused();
     void refusedValueIsToldAndPutBack();
     void marksTellHowAValueStandsToItsDefault();
     void revertTakesOneValueBack();
@@ -284,6 +286,51 @@ void TestEditorPanel::wheelChangesOnlyTheFieldWithTheFocus()
     field->setFocus();
     roll(field);
     QCOMPARE(stage.value("Color", "bcs_contrast"), QVariant(1));
+}
+
+void TestEditorPanel::numberOutsideTheBoundsIsRefused_data()
+{
+    QTest::addColumn<QString>("type");
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QVariant>("value");
+    QTest::addColumn<QString>("said"); // At the end of what is said.
+    const auto row = [](const char* type, const char* field, const char* typed, const QVariant& value,
+                        const char* said) {
+        QTest::newRow(typed) << key(type) << key(field) << key(typed) << value << key(said);
+    };
+    row("Color", "bcs_contrast", "999", 0, "999 is not between -50 and 50.");
+    row("Color", "bcs_contrast", "-51", 0, "-51 is not between -50 and 50.");
+    row("Color", "bcs_contrast", "50", 50, "");
+    row("Color", "bcs_contrast", "7", 7, "");
+    row("Crop", "crop_width", "99999", key("source_val"), "99999 is not between 1 and 160.");
+    row("Crop", "crop_width", "0", key("source_val"), "0 is not between 1 and 160.");
+    row("Crop", "crop_width", "160", 160, "");
+    row("Audio_Speed", "audio_speed_factor", "201", 100, "201 is not between 0 and 200.");
+}
+
+void TestEditorPanel::numberOutsideTheBoundsIsRefused()
+{
+    QFETCH(const QString, type);
+    QFETCH(const QString, key);
+    QFETCH(const QString, typed);
+    const Stage stage({clips::clip(kitsupport::key("plain.mkv"))});
+    zokit::FileSettings* file = stage.file(0);
+    const zokit::Identity thing = file->type(type);
+    stage.session().setThing(thing);
+    QCoreApplication::processEvents();
+    auto* box = stage.find<QAbstractSpinBox>(qPrintable(type + QLatin1Char(':') + key));
+    QVERIFY(box);
+    const QString before = box->text();
+    box->setFocus();
+    box->selectAll();
+    QTest::keyClicks(box, typed);
+    QTest::keyClick(box, Qt::Key_Return);
+    QTEST(file->value(thing, key), "value");
+    QFETCH(const QString, said);
+    QVERIFY2(stage.status().contains(said), qPrintable(stage.status()));
+    if (!said.isEmpty())
+        QTRY_COMPARE(box->text(), before);
 }
 
 void TestEditorPanel::refusedValueIsToldAndPutBack()

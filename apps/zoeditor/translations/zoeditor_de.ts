@@ -672,6 +672,12 @@
         <source>not set</source>
         <translation>nicht gesetzt</translation>
     </message>
+    <message>
+        <source>%1
+From %2 to %3.</source>
+        <translation>%1
+Von %2 bis %3.</translation>
+    </message>
 </context>
 <context>
     <name>zoeditor::Window</name>
