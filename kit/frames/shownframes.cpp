@@ -185,19 +185,19 @@ ShownFrames::~ShownFrames() = default;
 
 void ShownFrames::setFile(const FileSettings* file, const MediaInfo* media)
 {
+    const bool isSame = file == d->file && d->media.has_value() == (media != nullptr);
+    d->media = media ? std::make_optional(*media) : std::nullopt;
+    if (isSame)
+        return; // Connected still, also while a change is told: it would be missed.
     if (d->file)
         d->file->disconnect(this);
-    const bool isSame = file == d->file && d->media.has_value() == (media != nullptr);
     d->file = file;
-    d->media = media ? std::make_optional(*media) : std::nullopt;
     if (file) {
         connect(file, &FileSettings::changed, this, [this] {
             d->rest.start();
             emit changed();
         });
     }
-    if (isSame)
-        return;
     if (d->frames)
         d->frames->cancel();
     if (d->scrubber)

@@ -70,6 +70,7 @@ private slots:
     void momentIsAPartOfTheClip();
     void anotherMomentTakesWhatComesOutAway();
     void anotherFileBeginsAnew();
+    void sameFileSetAgainWhileAChangeIsToldMissesNothing();
     void fileThatIsDeletedHasNoOutput();
     void clipThatHasGoneIsAnError();
     void errorOfWhatComesOutStaysBesideAWholeFrame();
@@ -181,6 +182,19 @@ void TestKitShownFrames::anotherFileBeginsAnew()
     QCOMPARE(stage.frames.seconds(), 0.0);
     stage.frames.setFile(stage.file.get(), &stage.media);
     QCOMPARE(stage.frames.seconds(), 3.0);
+    QVERIFY(stage.waitForBoth());
+}
+
+void TestKitShownFrames::sameFileSetAgainWhileAChangeIsToldMissesNothing()
+{
+    Stage stage;
+    stage.frames.setFile(nullptr, nullptr);
+    QObject::connect(stage.file.get(), &FileSettings::changed, &stage.frames,
+                     [&stage] { stage.frames.setFile(stage.file.get(), &stage.media); });
+    stage.frames.setFile(stage.file.get(), &stage.media);
+    QVERIFY(stage.waitForBoth());
+    stage.set("Color:bcs_brightness", 20);
+    QVERIFY(stage.frames.output().isNull());
     QVERIFY(stage.waitForBoth());
 }
 
