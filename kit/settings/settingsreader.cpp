@@ -214,6 +214,11 @@ Item Reader::readItem(const QJsonValue& json, const QString& type, int pos)
     if (!anchor.isUndefined() && ok()) {
         expect(anchor.isObject(), where + QStringLiteral(":anchor"), "an object");
         item.anchor = anchor.toObject().toVariantMap();
+        QVariant& margin = item.anchor[QStringLiteral("margin")]; // 0 would be another number than 0.0.
+        if (!margin.isValid())
+            item.anchor.remove(QStringLiteral("margin"));
+        else if (anchor.toObject().value(QStringLiteral("margin")).isDouble())
+            margin = margin.toDouble();
         foreignOf(anchor.toObject(), {QStringLiteral("corner"), QStringLiteral("margin"), QStringLiteral("size")},
                   where + QStringLiteral(":anchor"));
         Message error;

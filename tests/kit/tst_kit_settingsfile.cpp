@@ -8,6 +8,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <zokit/differences.h>
 #include <zokit/filesettings.h>
 #include <zokit/presets.h>
 #include <zokit/project.h>
@@ -38,6 +39,7 @@ private slots:
     void boundsOfAFile();
     void pathsAreRelativeToTheFile();
     void everyCutAndFlipIsReadOrRefused();
+    void marginOfAnAnchorComesBackAsItWas();
     void randomSettingsComeBack();
     void savedWholeOrNotAtAll();
     void errorsNameTheFile();
@@ -367,6 +369,21 @@ void TestKitSettingsFile::everyCutAndFlipIsReadOrRefused()
         }
     }
     QVERIFY(taken > 0); // A changed letter in a text is a valid file.
+}
+
+void TestKitSettingsFile::marginOfAnAnchorComesBackAsItWas()
+{
+    for (const double margin : {0.0, 12.0, 2.5}) {
+        Settings settings = *zokit::readSettings(handWritten, QString()).settings;
+        zokit::Item& item = settings.find(key("Watermark"))->items[0];
+        item.anchor = {{key("corner"), key("bottom-right")}, {key("margin"), margin}};
+        const ReadSettings read = zokit::readSettings(zokit::writeSettings(settings, QString()), QString());
+        QVERIFY(read.settings);
+        const zokit::Values back = read.settings->find(key("Watermark"))->items.at(0).anchor;
+        QCOMPARE(int(back.value(key("margin")).userType()), int(QMetaType::Double));
+        for (const zokit::Difference& found : zokit::differences(settings, *read.settings))
+            QVERIFY2(found.address.key != key("anchor"), qPrintable(zokit::differenceLabel(found)));
+    }
 }
 
 void TestKitSettingsFile::randomSettingsComeBack()
