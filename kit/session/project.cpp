@@ -289,7 +289,8 @@ Message Project::apply(const Settings& from, const QVector<FileSettings*>& targe
     const Message error = checkCarryOver(from, carry);
     if (!error.isEmpty())
         return error;
-    d->history->beginGesture(Message(Code::StepApply, {QString::number(targets.size())}));
+    d->history->beginGesture(targets.size() == 1 ? Message(Code::StepApplyToOne)
+                                                 : Message(Code::StepApply, {QString::number(targets.size())}));
     Carrier carrier(from, carry);
     Message refused;
     for (FileSettings* target : targets) {

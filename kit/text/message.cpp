@@ -180,6 +180,7 @@ constexpr Text texts[] = {
     {Code::StepRemoveFile,   QT_TRANSLATE_NOOP("zokit", "remove a file")},
     {Code::StepDefault,      QT_TRANSLATE_NOOP("zokit", "change a saved default")},
     {Code::StepApply,        QT_TRANSLATE_NOOP("zokit", "apply to %1 files")},
+    {Code::StepApplyToOne,   QT_TRANSLATE_NOOP("zokit", "apply to one file")},
     {Code::StepMany,         QT_TRANSLATE_NOOP("zokit", "change %1 values")},
     {Code::NotAChoice,       QT_TRANSLATE_NOOP("zokit", "%1: %2 is none of %3.| Did you mean %4?")},
 };

@@ -1915,5 +1915,9 @@
         <source>Anchor</source>
         <translation>Anker</translation>
     </message>
+    <message>
+        <source>apply to one file</source>
+        <translation>auf eine Datei anwenden</translation>
+    </message>
 </context>
 </TS>

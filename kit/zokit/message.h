@@ -186,7 +186,8 @@ public:
         StepDefault,
         StepApply, ///< 1: how many files.
         StepMany,  ///< 1: how many values.
-        Last = StepMany
+        StepApplyToOne,
+        Last = StepApplyToOne
     };
     Q_ENUM(Code)
 

@@ -269,6 +269,11 @@ void TestKitHistory::applyingToManyFilesIsOneStep()
     QVERIFY(project.apply(source->settings(), targets, {{key("Color")}, false}).isEmpty());
     QCOMPARE(project.history().count(), before + 1);
     QCOMPARE(project.history().undoText().text(), QStringLiteral("apply to 5 files"));
+    project.history().undo();
+    QVERIFY(project.apply(source->settings(), {targets.first()}, {{key("Color")}, false}).isEmpty());
+    QCOMPARE(project.history().undoText().text(), QStringLiteral("apply to one file"));
+    project.history().undo();
+    QVERIFY(project.apply(source->settings(), targets, {{key("Color")}, false}).isEmpty());
     for (const FileSettings* target : targets)
         QCOMPARE(target->value(target->type(key("Color")), key("bcs_contrast")), QVariant(25));
     project.history().undo();
