@@ -59,7 +59,10 @@ Listening::Listening(const zokit::Tools& tools, std::unique_ptr<SoundDevice> dev
         if (isMaking())
             return; // Another piece is being made.
         if (!result.isGood() && result.end != zokit::ChildEnd::Cancelled)
-            return fail(tr("The player gave up: %1").arg(result.lastWords()));
+            return fail(
+                tr("No sound can be heard here. Check that loudspeakers are connected and other programs are heard. "
+                   "The player says: %1")
+                    .arg(result.lastWords()));
         emit activeChanged(false);
     });
 }

@@ -95,7 +95,8 @@ private:
             const qint64 rest = m_output->format().durationForBytes(int(m_output->bufferSize())); // Microseconds.
             QTimer::singleShot(std::chrono::milliseconds(rest / 1000), m_output.get(), [this] { end(QString()); });
         } else if (state == QAudio::StoppedState) {
-            end(SoundDevice::tr("The sound device gave up."));
+            end(SoundDevice::tr("No sound can be heard here: the sound device gave up. Check that "
+                                "loudspeakers are connected and other programs are heard."));
         }
     }
 
