@@ -22,6 +22,7 @@
 #include "buttons.h"
 #include "jobs.h"
 #include "languagelist.h"
+#include "names.h"
 #include "session.h"
 
 namespace zoeditor {
@@ -133,8 +134,7 @@ QWidget* TracksDialog::makeTracks()
     auto* page = new QWidget(this);
     auto* layout = new QVBoxLayout(page);
     layout->setContentsMargins(0, 0, 0, 0);
-    auto* title =
-        new QLabel(tr("Tracks of %1:").arg(inLabel(QFileInfo(m_session->current()->media().file).fileName())), page);
+    auto* title = new QLabel(tr("Tracks of %1:").arg(inLabel(shownName(m_session->current()->media().file))), page);
     title->setBuddy(m_tracks);
     m_tracks->setObjectName(QStringLiteral("tracks"));
     m_tracks->setAccessibleName(tr("Tracks"));
@@ -153,8 +153,16 @@ QWidget* TracksDialog::makeTracks()
     m_where->addItem(tr("Apply to the selected files"), Selected);
     m_where->addItem(tr("Apply to all files"), All);
     m_where->setCurrentIndex(m_session->selected().size() > 1 ? Selected : This);
+    auto* meaning =
+        new QLabel(tr("What is chosen comes first, and players take it by themselves. The others follow as they "
+                      "are, unless \"Other tracks\" in Convert drops them. Where none is chosen, all stay as "
+                      "they are."),
+                   page);
+    meaning->setObjectName(QStringLiteral("meaning"));
+    meaning->setWordWrap(true);
     layout->addWidget(title);
     layout->addWidget(m_tracks, 1);
+    layout->addWidget(meaning);
     layout->addWidget(m_byRule);
     layout->addWidget(m_where);
     connect(m_tracks, &QTreeWidget::itemChanged, this, &TracksDialog::takeByHand);

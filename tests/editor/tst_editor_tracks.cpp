@@ -176,6 +176,7 @@ void TestEditorTracks::sidecarsAreOffered()
     auto* sidecars = stage.find<QCheckBox>("sidecars");
     QCOMPARE(sidecars->text(), key("Subtitle file &beside the clip (1)"));
     QCOMPARE(sidecars->toolTip(), key("film.eng.srt"));
+    QVERIFY(stage.find<QLabel>("meaning")->text().startsWith(key("What is chosen comes first")));
     QCOMPARE(tracks(stage)->topLevelItemCount(), 2);
     QCOMPARE(why(stage, 1), key("no"));
     sidecars->setChecked(true);
