@@ -23,6 +23,7 @@ private slots:
     void undoGoesAcrossFilesAndShowsWhatItUndoes();
     void undoAllGivesTheFirstState();
     void historyIsAListToJumpIn();
+    void historyNamesFilesAndValues();
     void newStepReplacesWhatWasUndone();
     void gestureThatIsOpenIsUndoneAsAStep_data();
     void gestureThatIsOpenIsUndoneAsAStep();
@@ -132,18 +133,44 @@ void TestEditorUndo::historyIsAListToJumpIn()
             all.append(list->model()->index(i, 0).data().toString());
         return all;
     };
-    QCOMPARE(texts(),
-             QStringList({key("Beginning"), key("add a file"), key("change Contrast"), key("change Saturation")}));
+    QCOMPARE(texts(), QStringList({key("Beginning"), key("add a file: plain.mp4"), key("change Contrast: 5"),
+                                   key("change Saturation: 6")}));
     QCOMPARE(list->currentIndex().row(), 3);
     jumpTo(list, 1);
     history(stage);
     QCOMPARE(value(stage, 0, "bcs_contrast"), QVariant(0));
-    QCOMPARE(texts(), QStringList({key("Beginning"), key("add a file"), key("change Contrast (undone)"),
-                                   key("change Saturation (undone)")}));
+    QCOMPARE(texts(), QStringList({key("Beginning"), key("add a file: plain.mp4"), key("change Contrast: 5 (undone)"),
+                                   key("change Saturation: 6 (undone)")}));
     jumpTo(list, 3);
     history(stage);
     QCOMPARE(value(stage, 0, "bcs_saturation"), QVariant(6));
     QCOMPARE(list->currentIndex().row(), 3);
+}
+
+void TestEditorUndo::historyNamesFilesAndValues()
+{
+    const Stage stage({clips::clip(key("plain.mp4")), clips::clip(key("wide.mkv"))});
+    set(stage, 0, "bcs_contrast", 5);
+    zokit::FileSettings* file = stage.file(1);
+    const zokit::Identity mark =
+        file->insert(key("Watermark"), {{key("wm_istextwatermark"), true}, {key("wm_textcontent"), key("Hello")}}).item;
+    file->setValue(mark, key("wm_textcontent"), key("Two\nlines"));
+    stage.session().history().beginGesture(zokit::Message(zokit::Message::Code::StepChange, {key("Rectangle")}));
+    file->setValue(file->type(key("Crop")), key("crop_left"), 10);
+    file->setValue(file->type(key("Crop")), key("crop_width"), 100);
+    stage.session().history().endGesture();
+    QListView* list = history(stage);
+    const auto text = [list](int row) { return list->model()->index(row, 0).data().toString(); };
+    QCOMPARE(text(1), key("add a file: plain.mp4"));
+    QCOMPARE(text(3), key("change Contrast: 5 (plain.mp4)"));
+    QCOMPARE(text(4), key("add Watermarks (wide.mkv)"));
+    QCOMPARE(text(5), key("change Text: Two\\nlines (wide.mkv)"));
+    QVERIFY2(text(6).startsWith(key("change Rectangle: ")) && text(6).contains(key("Left 10 px"))
+                 && text(6).contains(key("Width 100 px")),
+             qPrintable(text(6)));
+    stage.session().remove({1});
+    history(stage);
+    QCOMPARE(text(7), key("remove a file: wide.mkv"));
 }
 
 void TestEditorUndo::newStepReplacesWhatWasUndone()
