@@ -6,6 +6,7 @@
 #include <QAction>
 #include <QFileDialog>
 #include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QShortcut>
@@ -19,6 +20,7 @@
 
 #include "actions.h"
 #include "session.h"
+#include "undokeys.h"
 
 namespace zoeditor {
 
@@ -138,14 +140,20 @@ EffectsPane::EffectsPane(Session* session, const Actions& actions, QWidget* pare
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
+    auto* nothing = new QLabel(tr("Nothing found."), this);
+    nothing->setObjectName(QStringLiteral("nothingFound"));
+    nothing->hide();
+    leaveUndoToWindow(search);
     layout->addWidget(search);
+    layout->addWidget(nothing);
     layout->addWidget(m_tree, 1);
     layout->addLayout(buttons);
 
-    connect(search, &QLineEdit::textChanged, this, [this](const QString& word) {
+    connect(search, &QLineEdit::textChanged, this, [this, nothing](const QString& word) {
         m_isShowing = true; // Rows that vanish choose nothing else.
         static_cast<Shown*>(m_shown)->search(word);
         m_isShowing = false;
+        nothing->setVisible(!word.trimmed().isEmpty() && m_shown->rowCount() == 0);
         if (word.trimmed().isEmpty())
             m_tree->collapseAll();
         else

@@ -30,6 +30,8 @@ private slots:
     void valuesAreReadAndSetByAssistiveTools();
     void everythingIsReachedByTab();
     void screenReadersSwitch();
+    void undoWorksInASearchFieldWithoutWords();
+    void searchWithoutAHitSaysSo();
     void languageIsChosenInTheMenu();
     void themeIsChosenAndRemembered();
     void dimmedTextsAreDrawnInEachTheme();
@@ -231,6 +233,42 @@ void TestEditorWindow::screenReadersSwitch()
     QCoreApplication::processEvents();
     switchIt(stage.find("Crop:crop_keepaspectratio"));
     QCOMPARE(file->value(file->type(key("Crop")), key("crop_keepaspectratio")), QVariant(false));
+}
+
+void TestEditorWindow::undoWorksInASearchFieldWithoutWords()
+{
+    const Full stage;
+    stage.window().activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&stage.window()));
+    zokit::FileSettings* file = stage.file(0);
+    const zokit::Identity color = file->type(key("Color"));
+    for (const char* name : {"search", "filter"}) {
+        file->setValue(color, key("bcs_contrast"), 5);
+        auto* field = stage.find<QLineEdit>(name);
+        field->setFocus();
+        QTest::keyClick(field, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(file->value(color, key("bcs_contrast")), QVariant(0));
+        file->setValue(color, key("bcs_contrast"), 5);
+        QTest::keyClicks(field, key("x"));
+        QTest::keyClick(field, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(field->text(), QString());
+        QCOMPARE(file->value(color, key("bcs_contrast")), QVariant(5));
+        stage.session().undo();
+    }
+}
+
+void TestEditorWindow::searchWithoutAHitSaysSo()
+{
+    const Full stage;
+    QVERIFY(!stage.find("nothingFound"));
+    auto* search = stage.find<QLineEdit>("search");
+    search->setText(key("volume"));
+    QVERIFY(stage.find<QLabel>("nothingFound"));
+    QCOMPARE(stage.find<QLabel>("nothingFound")->text(), key("Nothing found."));
+    search->setText(key("contrast"));
+    QVERIFY(!stage.find("nothingFound"));
+    search->clear();
+    QVERIFY(!stage.find("nothingFound"));
 }
 
 void TestEditorWindow::languageIsChosenInTheMenu()
