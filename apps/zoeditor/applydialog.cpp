@@ -21,6 +21,7 @@
 
 #include "buttons.h"
 #include "differencelist.h"
+#include "names.h"
 #include "session.h"
 #include "whattree.h"
 
@@ -78,7 +79,7 @@ ApplyDialog::ApplyDialog(Session* session, QWidget* parent)
     m_problem->setObjectName(QStringLiteral("problem"));
     m_problem->setWordWrap(true);
 
-    auto* from = new QLabel(tr("From %1:").arg(inLabel(QFileInfo(m_from.media.file).fileName())), this);
+    auto* from = new QLabel(tr("From %1:").arg(inLabel(shownName(m_from.media.file))), this);
     from->setWordWrap(true);
     from->setBuddy(m_what);
     auto* left = new QWidget(this);
@@ -168,7 +169,7 @@ void ApplyDialog::update()
     QList<QTreeWidgetItem*> rows;
     if (problem.isEmpty()) {
         for (const FileSettings* file : files) {
-            auto* row = new QTreeWidgetItem({QFileInfo(file->media().file).fileName()});
+            auto* row = new QTreeWidgetItem({shownName(file->media().file)});
             row->setData(0, Qt::UserRole, file->file());
             row->setToolTip(0, file->media().file);
             row->setChildIndicatorPolicy(QTreeWidgetItem::ShowIndicator);
@@ -198,9 +199,9 @@ void ApplyDialog::showPicture(QLabel* label, const FileSettings* file)
     const QSize size = settings.media.frame;
     label->setPixmap(QPixmap::fromImage(
         zokit::previewPicture(settings, frame).scaled(pictureSize, Qt::KeepAspectRatio, Qt::SmoothTransformation)));
-    const QString text = tr("%1, %2 x %3")
-                             .arg(QFileInfo(settings.media.file).fileName(), QString::number(size.width()),
-                                  QString::number(size.height()));
+    const QString text =
+        tr("%1, %2 x %3")
+            .arg(shownName(settings.media.file), QString::number(size.width()), QString::number(size.height()));
     label->setToolTip(text);
     label->setAccessibleName(text);
 }

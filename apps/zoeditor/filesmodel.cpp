@@ -9,6 +9,8 @@
 #include <QFileInfo>
 #include <QIcon>
 
+#include "names.h"
+
 namespace zoeditor {
 
 namespace {
@@ -45,9 +47,13 @@ QString lengthText(double seconds)
 QStringList statesOf(const FileRow& row)
 {
     const QString problem = row.problem.text();
-    const QString where = row.path + QLatin1String(": "); // The name stands in the line above.
-    if (!problem.isEmpty())
-        return {problem.startsWith(where) ? problem.mid(where.size()) : problem};
+    if (!problem.isEmpty()) {
+        for (const QString& where : {row.path + QLatin1String(": "), row.path + QLatin1Char(' ')}) {
+            if (problem.startsWith(where)) // The name stands in the line above.
+                return {problem.mid(where.size())};
+        }
+        return {problem};
+    }
     if (row.isAsked)
         return {FilesModel::tr("is being read")};
     QStringList states;
@@ -120,8 +126,7 @@ QVariant FilesModel::data(const QModelIndex& index, int role) const
         if (seconds > 0)
             about.append(lengthText(seconds));
         // Each row has as many lines: the list measures one.
-        return QStringList{QFileInfo(row.path).fileName(), states.first(), about.join(separator)}.join(
-            QLatin1Char('\n'));
+        return QStringList{shownName(row.path), states.first(), about.join(separator)}.join(QLatin1Char('\n'));
     }
     case Qt::ToolTipRole: {
         QStringList lines{row.path, states.join(separator)};

@@ -3,6 +3,7 @@
 
 #include "filespane.h"
 
+#include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
 #include <QEvent>
@@ -20,6 +21,7 @@
 
 #include "session.h"
 #include "thumbnails.h"
+#include "undokeys.h"
 
 namespace zoeditor {
 
@@ -38,10 +40,17 @@ protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
     {
         QStyledItemDelegate::initStyleOption(option, index);
-        if (!option->decorationSize.isEmpty())
-            return;
-        option->features &= ~QStyleOptionViewItem::ViewItemFeatures(QStyleOptionViewItem::HasDecoration);
-        option->icon = QIcon();
+        if (option->decorationSize.isEmpty()) {
+            option->features &= ~QStyleOptionViewItem::ViewItemFeatures(QStyleOptionViewItem::HasDecoration);
+            option->icon = QIcon();
+        }
+        const QStyle* style = option->widget ? option->widget->style() : QApplication::style();
+        const int margin = style->pixelMetric(QStyle::PM_FocusFrameHMargin, option, option->widget) + 1;
+        const int picture = option->decorationSize.isEmpty() ? 0 : option->decorationSize.width() + 2 * margin;
+        const int width = option->rect.width() - picture - 2 * margin;
+        if (width > 0) // Else it is only measured.
+            option->text = FilesPane::fitted(option->text.split(QChar::LineSeparator), option->fontMetrics, width)
+                               .join(QChar::LineSeparator);
     }
 };
 
@@ -106,7 +115,7 @@ FilesPane::FilesPane(Session* session, QWidget* parent)
             if (url.isLocalFile())
                 files.append(url.toLocalFile());
         }
-        session->open(files);
+        session->openDropped(files);
     });
     m_soon.setSingleShot(true); // Pictures are asked for once things have come to rest.
     m_soon.setInterval(0);
@@ -119,6 +128,7 @@ FilesPane::FilesPane(Session* session, QWidget* parent)
     connect(session, &Session::fileStateChanged, &m_soon, start);
     m_view->viewport()->installEventFilter(this);
 
+    leaveUndoToWindow(filter);
     connect(filter, &QLineEdit::textChanged, m_order, &QSortFilterProxyModel::setFilterFixedString);
     connect(order, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this, order] {
         const int role = order->currentData().toInt();
@@ -144,6 +154,25 @@ bool FilesPane::eventFilter(QObject* watched, QEvent* event)
     if (event->type() == QEvent::Resize || event->type() == QEvent::Show)
         m_soon.start();
     return QWidget::eventFilter(watched, event);
+}
+
+QStringList FilesPane::fitted(const QStringList& lines, const QFontMetrics& metrics, int width)
+{
+    QStringList fitting{metrics.elidedText(lines.value(0), Qt::ElideMiddle, width)};
+    QString said = lines.value(1);
+    QString more = lines.value(2);
+    if (more.isEmpty() && metrics.horizontalAdvance(said) > width) {
+        const QStringList words = said.split(QLatin1Char(' '));
+        int count = 1;
+        while (count < words.size()
+               && metrics.horizontalAdvance(words.mid(0, count + 1).join(QLatin1Char(' '))) <= width)
+            ++count;
+        said = words.mid(0, count).join(QLatin1Char(' '));
+        more = words.mid(count).join(QLatin1Char(' '));
+    }
+    for (const QString& line : {said, more})
+        fitting.append(metrics.elidedText(line, Qt::ElideRight, width));
+    return fitting;
 }
 
 QVector<int> FilesPane::chosenRows() const

@@ -25,6 +25,10 @@ public:
     /// Rows of Session::files() that are chosen, also those that cannot be read.
     QVector<int> chosenRows() const;
 
+    /// The three lines of a row as they are drawn in \a width pixels: a name loses its middle, what is said of it its
+    /// end; the second line goes on in the third where that is empty.
+    static QStringList fitted(const QStringList& lines, const QFontMetrics& metrics, int width);
+
 signals:
     /// The chosen rows are to be taken off the list.
     void removalWanted();

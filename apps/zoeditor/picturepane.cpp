@@ -48,6 +48,8 @@ PicturePane::PicturePane(Session& session, const Actions& actions, QWidget* pare
 void PicturePane::makeTools(const Actions& actions)
 {
     auto* row = new QHBoxLayout;
+    constexpr int between = 2; // Pixels: in the smallest window words need the room.
+    row->setSpacing(between);
     const auto add = [&](const char* name, const QString& shortText, auto slot) {
         QAction* action = actions.action(name);
         connect(action, action->isCheckable() ? &QAction::toggled : &QAction::triggered, this, slot);

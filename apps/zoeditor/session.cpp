@@ -157,6 +157,7 @@ Message Session::saveAs(FileSettings* file, const QString& path)
     if (!isModified())
         history().setClean();
     emit fileStateChanged(file->file());
+    emit message(tr("Saved as %1").arg(zokit::onOneLine(path)));
     return {};
 }
 

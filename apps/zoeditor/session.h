@@ -62,8 +62,12 @@ public:
     /// The list: it is there at once, what is in a file follows.
     FilesModel& files() { return m_files; }
     /// Adds clips, the clips of folders and of those in them, and settings files with their clips. What is open already
-    /// is not added again, but becomes the current one.
+    /// is not added again, but becomes the current one;
+    /// so does the first that comes. Subtitle files and pictures are not opened, which is told.
     void open(const QStringList& paths);
+    /// The same for what a person drops or pastes: subtitle files and pictures alone become subtitles and watermarks of
+    /// the current file.
+    void openDropped(const QStringList& paths);
     /// Removes files from the list, as one step; nothing on the disk changes.
     void remove(const QVector<int>& rows);
     /// What the file consists of; null until it was read. Valid until the list changes.
@@ -154,6 +158,7 @@ signals:
     void message(const QString& sentence);          ///< For the status line.
 
 private:
+    bool addToCurrent(const QString& path);
     void openOne(const QString& path);
     void openSettings(const QString& path);
     void probeNext();
@@ -173,7 +178,8 @@ private:
     zokit::SettingsModel m_model;
     FilesModel m_files;
     std::unique_ptr<zokit::Prober> m_prober;
-    QString m_probed; ///< The clip that is being looked into; empty for none.
+    QStringList m_opened; ///< What was opened last, until one of it is shown.
+    QString m_probed;     ///< The clip that is being looked into; empty for none.
     zokit::Queue m_queue;
     QString m_resultsFolder;
     QTimer m_workSoon; ///< Rows of the queue change many at a time.

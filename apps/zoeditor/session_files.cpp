@@ -15,11 +15,32 @@
 #include <zokit/settingsfile.h>
 
 #include "jobs.h"
+#include "names.h"
 
 namespace zoeditor {
 
 using zokit::FileSettings;
 using zokit::Message;
+
+namespace {
+
+bool endsIn(const QString& path, const QStringList& endings)
+{
+    return endings.contains(QFileInfo(path).suffix().toLower());
+}
+
+bool isSubtitle(const QString& path)
+{
+    return endsIn(path, {QStringLiteral("srt"), QStringLiteral("ass"), QStringLiteral("ssa"), QStringLiteral("vtt")});
+}
+
+/// Those that move may be films.
+bool isPicture(const QString& path)
+{
+    return endsIn(path, {QStringLiteral("png"), QStringLiteral("jpg"), QStringLiteral("jpeg"), QStringLiteral("bmp")});
+}
+
+} // namespace
 
 void Session::findTools()
 {
@@ -40,8 +61,14 @@ void Session::findTools()
 
 void Session::open(const QStringList& paths)
 {
+    m_opened.clear();
+    QStringList others;
     for (const QString& word : paths) {
         const QFileInfo info(word);
+        if (isSubtitle(word) || isPicture(word)) {
+            others.append(shownName(word));
+            continue;
+        }
         if (info.isDir()) {
             const QStringList clips = zokit::mediaFilesIn(info.absoluteFilePath(), true);
             for (const QString& path : clips)
@@ -54,7 +81,43 @@ void Session::open(const QStringList& paths)
             openOne(info.absoluteFilePath());
         }
     }
+    if (!others.isEmpty())
+        emit message(tr("No film: %1. Subtitles and pictures belong to one. Choose it, then Add subtitle file or Add "
+                        "image in the menu Edit.")
+                         .arg(others.join(QStringLiteral(", "))));
     probeNext();
+}
+
+void Session::openDropped(const QStringList& paths)
+{
+    const bool areAdded = current() && !paths.isEmpty()
+                          && std::all_of(paths.cbegin(), paths.cend(),
+                                         [](const QString& path) { return isSubtitle(path) || isPicture(path); });
+    if (!areAdded)
+        return open(paths);
+    for (const QString& path : paths) {
+        if (!addToCurrent(QFileInfo(path).absoluteFilePath()))
+            return;
+    }
+}
+
+bool Session::addToCurrent(const QString& path)
+{
+    const bool isText = isSubtitle(path);
+    endAnyGesture();
+    const FileSettings::Inserted inserted =
+        isText
+            ? current()->insert(QStringLiteral("Subtitle"),
+                                {{QStringLiteral("sub_fromfile"), true}, {QStringLiteral("file"), path}}, -1, this)
+            : current()->insert(QStringLiteral("Watermark"),
+                                {{QStringLiteral("wm_istextwatermark"), false}, {QStringLiteral("wm_imageurl"), path}},
+                                -1, this);
+    if (!take(inserted.error))
+        return false;
+    setThing(inserted.item);
+    const QString sentence = isText ? tr("%1 is a subtitle of %2 now.") : tr("%1 is a watermark of %2 now.");
+    emit message(sentence.arg(shownName(path), shownName(current()->media().file)));
+    return true;
 }
 
 void Session::openOne(const QString& path)
@@ -64,6 +127,7 @@ void Session::openOne(const QString& path)
         FileRow row;
         row.path = path;
         row.isAsked = true;
+        m_opened.append(path);
         m_files.append(row);
     } else if (FileSettings* file = m_project.file(m_files.rows().at(there).file)) {
         setCurrent(file);
@@ -82,10 +146,12 @@ void Session::openSettings(const QString& path)
     row.problem = read.error;
     row.loaded = read.settings;
     row.isAsked = read.settings.has_value();
-    if (m_files.rowOf(row.path) >= 0)
+    if (m_files.rowOf(row.path) >= 0) {
         emit message(tr("%1 is open already. Remove it first to open these settings.").arg(row.path));
-    else
+    } else {
+        m_opened.append(row.path);
         m_files.append(row);
+    }
 }
 
 void Session::probeNext()
@@ -142,9 +208,14 @@ void Session::addToProject(int index)
                     {QStringLiteral("%1x%2").arg(row.loaded->media.frame.width()).arg(row.loaded->media.frame.height()),
                      QStringLiteral("%1x%2").arg(settings.media.frame.width()).arg(settings.media.frame.height())}));
     endAnyGesture();
+    const QString path = row.path;
     m_openingRow = index;
-    m_project.add(settings, this);
+    FileSettings* added = m_project.add(settings, this);
     m_openingRow = -1;
+    if (m_opened.contains(path)) {
+        m_opened.clear();
+        setCurrent(added);
+    }
 }
 
 void Session::noteAdded(FileSettings* file)

@@ -151,6 +151,8 @@ TimeLine::TimeLine(Session& session, zokit::ShownFrames& frames, const Actions& 
     rows->setContentsMargins(0, 0, 0, 0);
     rows->addWidget(m_bar);
     auto* row = new QHBoxLayout;
+    constexpr int between = 2; // Pixels: in the smallest window words need the room.
+    row->setSpacing(between);
     rows->addLayout(row);
     addToolButton(row, connectAction(actions, "stepBack", [this] { step(-1); }), QStringLiteral("<"), this);
     m_playAction = connectAction(actions, "play", [this](bool isChecked) { setPlaying(isChecked); });

@@ -20,6 +20,7 @@
 #include <QVBoxLayout>
 
 #include <zokit/history.h>
+#include <zokit/opening.h>
 
 #include "actions.h"
 #include "appearance.h"
@@ -28,6 +29,7 @@
 #include "flows.h"
 #include "historypane.h"
 #include "missingtools.h"
+#include "names.h"
 #include "panel.h"
 #include "picturepane.h"
 #include "session.h"
@@ -138,7 +140,16 @@ void Window::connectFiles()
     const auto on = [this](const char* name, auto slot) {
         connect(m_actions->action(name), &QAction::triggered, this, slot);
     };
-    on("addFiles", [this] { m_session->open(QFileDialog::getOpenFileNames(this, tr("Add files"))); });
+    on("addFiles", [this] {
+        QStringList endings;
+        for (const QString& ending : zokit::mediaEndings())
+            endings += {QLatin1String("*.") + ending, QLatin1String("*.") + ending.toUpper()};
+        const QStringList filters{tr("Films and sound (%1)").arg(endings.join(QLatin1Char(' '))),
+                                  tr("Settings (*.zoeffect.json)"), tr("All files (*)")};
+        m_session->open(QFileDialog::getOpenFileNames(this, tr("Add files"), QString(),
+                                                      filters.join(QLatin1String(";;")), nullptr,
+                                                      QFileDialog::HideNameFilterDetails));
+    });
     on("addFolder", [this] {
         const QString folder = QFileDialog::getExistingDirectory(this, tr("Add a folder"));
         if (!folder.isEmpty())
@@ -222,16 +233,18 @@ void Window::connectAppearance()
 void Window::updateTitle()
 {
     const zokit::FileSettings* file = m_session->current();
-    setWindowTitle(file ? tr("%1[*] - zoeditor").arg(QFileInfo(file->media().file).fileName())
-                        : QStringLiteral("zoeditor"));
+    setWindowTitle(file ? tr("%1[*] - zoeditor").arg(shownName(file->media().file)) : QStringLiteral("zoeditor"));
     setWindowModified(m_session->isModified());
 }
 
 bool Window::save(const QVector<zokit::FileSettings*>& files)
 {
-    return std::all_of(files.cbegin(), files.cend(), [this](zokit::FileSettings* file) {
+    const bool areSaved = std::all_of(files.cbegin(), files.cend(), [this](zokit::FileSettings* file) {
         return m_session->wouldReplace(file) ? saveAs(file) : m_session->take(m_session->save(file));
     });
+    if (areSaved && files.size() > 1)
+        emit m_session->message(tr("The settings of %n file(s) are saved.", nullptr, static_cast<int>(files.size())));
+    return areSaved;
 }
 
 bool Window::saveAs(zokit::FileSettings* file)
@@ -288,7 +301,7 @@ void Window::dropEvent(QDropEvent* event)
         return event->ignore();
     event->setDropAction(Qt::CopyAction);
     event->accept();
-    m_session->open(filesOf(event->mimeData()));
+    m_session->openDropped(filesOf(event->mimeData()));
 }
 
 } // namespace zoeditor

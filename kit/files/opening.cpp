@@ -16,15 +16,6 @@ namespace zokit {
 
 namespace {
 
-bool isMediaName(const QString& name)
-{
-    static const QStringList endings =
-        QStringLiteral("3g2 3gp aac ac3 aif aiff asf avi flac flv m2ts m2v m4a m4v mkv mov mp3 mp4 mpeg mpg mts oga "
-                       "ogg ogv opus rm rmvb ts vob w64 wav webm wmv")
-            .split(QLatin1Char(' '));
-    return endings.contains(QFileInfo(name).suffix().toLower());
-}
-
 /// Whether \a settings name tracks of the clip, or files that a rule found beside it: written by hand they need not.
 bool nameTracks(const Settings& settings)
 {
@@ -63,12 +54,21 @@ RuledTracks ruled(const Settings& settings, const MediaInfo& media, NewTracks fr
 
 } // namespace
 
+QStringList mediaEndings()
+{
+    static const QStringList endings =
+        QStringLiteral("3g2 3gp aac ac3 aif aiff asf avi flac flv m2ts m2v m4a m4v mkv mov mp3 mp4 mpeg mpg mts oga "
+                       "ogg ogv opus rm rmvb ts vob w64 wav webm wmv")
+            .split(QLatin1Char(' '));
+    return endings;
+}
+
 QStringList mediaFilesIn(const QString& folder, bool recursive)
 {
     const QDir dir(folder);
     QStringList files;
     for (const QString& name : dir.entryList(QDir::Files, QDir::Name)) {
-        if (isMediaName(name))
+        if (mediaEndings().contains(QFileInfo(name).suffix().toLower()))
             files.append(dir.filePath(name));
     }
     if (!recursive)

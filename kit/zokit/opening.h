@@ -13,6 +13,9 @@
 
 namespace zokit {
 
+/// The endings by which mediaFilesIn() knows clips, in small letters, without their dots.
+ZOKIT_EXPORT QStringList mediaEndings();
+
 /// Media files of \a folder, known by the endings of their names, in the order of the names; with \a recursive those of
 /// the folders in it after its own, links to folders aside. Empty when there is none.
 ZOKIT_EXPORT QStringList mediaFilesIn(const QString& folder, bool recursive);

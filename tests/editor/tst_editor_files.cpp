@@ -10,6 +10,7 @@
 
 #include <actions.h>
 #include <filesmodel.h>
+#include <filespane.h>
 #include <instance.h>
 
 #include "editorsupport.h"
@@ -24,6 +25,11 @@ class TestEditorFiles : public QObject {
 private slots:
     void whatIsDroppedIsOpenedAsACopy();
     void listIsThereBeforeTheFilesAreRead();
+    void nameOfTwoLinesIsOneLine();
+    void rowsLoseTheirEnds();
+    void newFileIsChosen();
+    void filmsAreOfferedFirst();
+    void subtitlesAndPicturesAreNoFilms();
     void unreadableFileCostsOnlyItsRow();
     void folderGivesItsClips();
     void fileIsOpenedOnce();
@@ -110,6 +116,113 @@ void TestEditorFiles::listIsThereBeforeTheFilesAreRead()
     QVERIFY(stage.session().mediaOf(stage.file(1)));
 }
 
+void TestEditorFiles::nameOfTwoLinesIsOneLine()
+{
+    const QTemporaryDir folder;
+    const Stage stage({copyOf("plain.mp4", folder, "two\nlines.mp4")});
+    const QStringList lines = stage.session().files().index(0).data().toString().split(QLatin1Char('\n'));
+    QCOMPARE(lines.size(), 3);
+    QCOMPARE(lines.first(), key("two\\nlines.mp4"));
+    QCOMPARE(stage.window().windowTitle(), key("two\\nlines.mp4[*] - zoeditor"));
+}
+
+void TestEditorFiles::rowsLoseTheirEnds()
+{
+    const Stage stage;
+    const QFontMetrics metrics = stage.find<QListView>("fileList")->fontMetrics();
+    const auto widthOf = [&](const char* text) { return metrics.horizontalAdvance(QString::fromUtf8(text)); };
+    const QString dots(QChar(0x2026));
+    using zoeditor::FilesPane;
+    const QStringList whole{key("a.mp4"), key("done"), key("edited")};
+    QCOMPARE(FilesPane::fitted(whole, metrics, 500), whole);
+    const QStringList long_{key("a film with a long name.mp4"), key("failed: it is there already"),
+                            key("edited and some more words")};
+    const QStringList cut = FilesPane::fitted(long_, metrics, widthOf("a film with a long"));
+    QVERIFY2(cut.at(0).startsWith(key("a ")) && cut.at(0).endsWith(key(".mp4")), qPrintable(cut.at(0)));
+    QVERIFY2(cut.at(1).startsWith(key("failed: it")) && cut.at(1).endsWith(dots), qPrintable(cut.at(1)));
+    QVERIFY2(cut.at(2).startsWith(key("edited and")) && cut.at(2).endsWith(dots), qPrintable(cut.at(2)));
+    const QStringList reason =
+        FilesPane::fitted({key("a.mp4"), key("is empty. Get it once more from there."), QString()}, metrics,
+                          widthOf("is empty. Get it o"));
+    QCOMPARE(reason.at(1), key("is empty. Get it"));
+    QVERIFY2(reason.at(2).startsWith(key("once more")) && reason.at(2).endsWith(dots), qPrintable(reason.at(2)));
+}
+
+void TestEditorFiles::newFileIsChosen()
+{
+    const QTemporaryDir folder;
+    const Stage stage({copyOf("plain.mp4", folder, "a.mp4"), copyOf("plain.mp4", folder, "b.mp4")});
+    QCOMPARE(stage.session().current(), stage.file(0));
+    stage.session().open({written(stage.folder, "empty.mp4", {}), copyOf("plain.mp4", folder, "c.mp4"),
+                          copyOf("plain.mp4", folder, "d.mp4")});
+    stage.waitForFiles();
+    QCOMPARE(stage.session().files().rowCount(), 5);
+    QCOMPARE(stage.session().current(), stage.file(3));
+    QCOMPARE(stage.session().selected(), QVector<zokit::FileSettings*>{stage.file(3)});
+}
+
+void TestEditorFiles::filmsAreOfferedFirst()
+{
+    const Stage stage;
+    QStringList filters;
+    QTimer looking;
+    connect(&looking, &QTimer::timeout, &looking, [&] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        if (!dialog)
+            return;
+        filters = dialog->nameFilters();
+        dialog->reject();
+    });
+    looking.start(0);
+    stage.trigger("addFiles");
+    QCOMPARE(filters.size(), 3);
+    QVERIFY2(filters.at(0).startsWith(key("Films and sound (")) && filters.at(0).contains(key(" *.mkv *.MKV ")),
+             qPrintable(filters.at(0)));
+    QVERIFY(!filters.at(0).contains(key("png")) && !filters.at(0).contains(key("srt")));
+    QCOMPARE(filters.at(2), key("All files (*)"));
+}
+
+void TestEditorFiles::subtitlesAndPicturesAreNoFilms()
+{
+    const QTemporaryDir folder;
+    const QString subtitle = copyOf("text.srt", folder, "film.srt");
+    const QString logo = kitsupport::logoPath(20, 10);
+    const Stage stage;
+    const auto drop = [&stage](const QStringList& files) {
+        QMimeData data;
+        QList<QUrl> urls;
+        for (const QString& file : files)
+            urls.append(QUrl::fromLocalFile(file));
+        data.setUrls(urls);
+        QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&stage.window(), &enter);
+        QDropEvent event(QPointF(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&stage.window(), &event);
+        stage.waitForFiles();
+    };
+    drop({subtitle}); // There is no film yet.
+    QCOMPARE(stage.session().files().rowCount(), 0);
+    QCOMPARE(stage.status(),
+             key("No film: film.srt. Subtitles and pictures belong to one. Choose it, then Add subtitle "
+                 "file or Add image in the menu Edit."));
+    drop({copyOf("plain.mp4", folder, "film.mp4"), logo}); // Which film it is for is not known.
+    QCOMPARE(names(stage.session().files()), QStringList{key("film.mp4")});
+    QVERIFY(stage.status().startsWith(key("No film: ")));
+    QVERIFY(stage.file(0)->items(key("Watermark")).isEmpty());
+    drop({subtitle, logo});
+    QCOMPARE(stage.session().files().rowCount(), 1);
+    const zokit::FileSettings* film = stage.file(0);
+    const QVector<zokit::Identity> texts = film->items(key("Subtitle"));
+    const QVector<zokit::Identity> marks = film->items(key("Watermark"));
+    QCOMPARE(film->value(texts.value(texts.size() - 1), key("file")), QVariant(subtitle));
+    QCOMPARE(marks.size(), 1);
+    QCOMPARE(film->value(marks.first(), key("wm_imageurl")), QVariant(logo));
+    QCOMPARE(stage.session().thing(), marks.first());
+    QCOMPARE(stage.status(), QFileInfo(logo).fileName() + key(" is a watermark of film.mp4 now."));
+    stage.session().open({logo});
+    QCOMPARE(stage.session().files().rowCount(), 1);
+}
+
 void TestEditorFiles::unreadableFileCostsOnlyItsRow()
 {
     const Stage stage;
@@ -119,7 +232,7 @@ void TestEditorFiles::unreadableFileCostsOnlyItsRow()
     QVERIFY(!stage.file(0));
     QVERIFY(!stage.file(1));
     QVERIFY(stage.file(2));
-    QVERIFY2(state(stage, 0).contains(key("empty")), qPrintable(state(stage, 0)));
+    QCOMPARE(state(stage, 0), key("is empty. Get it once more from where it came from."));
     QVERIFY2(state(stage, 1).startsWith(key("no such file")), qPrintable(state(stage, 1)));
     QCOMPARE(state(stage, 2), key("untouched"));
 
@@ -295,6 +408,7 @@ void TestEditorFiles::settingsAreSavedAndOpenedAgain()
     QVERIFY(!stage.window().isWindowModified());
     QCOMPARE(state(stage, 0), key("saved"));
     const QString saved = stage.folder.filePath(key("film.zoeffect.json"));
+    QCOMPARE(stage.status(), key("Saved as ") + saved);
     const Stage again({saved});
     QCOMPARE(again.session().files().rows().at(0).path, clip);
     QCOMPARE(again.file(0)->value(again.file(0)->type(key("Color")), key("bcs_contrast")), QVariant(10));

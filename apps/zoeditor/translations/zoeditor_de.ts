@@ -6,12 +6,12 @@
     <message>
         <source>Add files</source>
         <comment>tool bar</comment>
-        <translation>Dateien dazu</translation>
+        <translation>Öffnen</translation>
     </message>
     <message>
         <source>Add folder</source>
         <comment>tool bar</comment>
-        <translation>Ordner dazu</translation>
+        <translation>Ordner öffnen</translation>
     </message>
     <message>
         <source>Tool bar</source>
@@ -302,6 +302,10 @@
         <source>All files (*)</source>
         <translation>Alle Dateien (*)</translation>
     </message>
+    <message>
+        <source>Nothing found.</source>
+        <translation>Nichts gefunden.</translation>
+    </message>
 </context>
 <context>
     <name>zoeditor::FilesModel</name>
@@ -327,7 +331,7 @@
     </message>
     <message>
         <source>as added</source>
-        <translation>unsortiert</translation>
+        <translation>wie hinzugefügt</translation>
     </message>
     <message>
         <source>by name</source>
@@ -379,6 +383,10 @@
         <source>%1 (undone)</source>
         <translation>%1 (rückgängig)</translation>
     </message>
+    <message>
+        <source>not set</source>
+        <translation>nicht gesetzt</translation>
+    </message>
 </context>
 <context>
     <name>zoeditor::Listening</name>
@@ -397,6 +405,10 @@
     <message>
         <source>The player does not end. Try again.</source>
         <translation>Das Abspielprogramm endet nicht. Versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>No sound can be heard here. Check that loudspeakers are connected and other programs are heard. The player says: %1</source>
+        <translation>Hier ist kein Ton zu hören. Prüfen Sie, ob Lautsprecher angeschlossen und andere Programme zu hören sind. Das Abspielprogramm sagt: %1</translation>
     </message>
 </context>
 <context>
@@ -496,7 +508,7 @@
     </message>
     <message>
         <source>Fit</source>
-        <translation>Ganz</translation>
+        <translation>Einpassen</translation>
     </message>
     <message>
         <source>100 %</source>
@@ -588,6 +600,22 @@
         <source>%1 is open already.</source>
         <translation>%1 ist schon geöffnet.</translation>
     </message>
+    <message>
+        <source>Saved as %1</source>
+        <translation>Gesichert als %1</translation>
+    </message>
+    <message>
+        <source>No film: %1. Subtitles and pictures belong to one. Choose it, then Add subtitle file or Add image in the menu Edit.</source>
+        <translation>Kein Film: %1. Untertitel und Bilder gehören zu einem. Wählen Sie ihn, dann „Untertiteldatei hinzufügen“ oder „Bild hinzufügen“ im Menü „Bearbeiten“.</translation>
+    </message>
+    <message>
+        <source>%1 is a subtitle of %2 now.</source>
+        <translation>%1 ist jetzt ein Untertitel von %2.</translation>
+    </message>
+    <message>
+        <source>%1 is a watermark of %2 now.</source>
+        <translation>%1 ist jetzt ein Wasserzeichen von %2.</translation>
+    </message>
 </context>
 <context>
     <name>zoeditor::ShortcutsDialog</name>
@@ -655,11 +683,11 @@
     </message>
     <message>
         <source>All</source>
-        <translation>Ganz</translation>
+        <translation>Alles</translation>
     </message>
     <message>
         <source>Listen</source>
-        <translation>Ton</translation>
+        <translation>Hören</translation>
     </message>
 </context>
 <context>
@@ -734,10 +762,6 @@ Von %2 bis %3.</translation>
         <translation>Einstellungen sichern</translation>
     </message>
     <message>
-        <source>Settings (*.zoeffect.json)</source>
-        <translation>Einstellungen (*.zoeffect.json)</translation>
-    </message>
-    <message>
         <source>Close</source>
         <translation>Schließen</translation>
     </message>
@@ -759,6 +783,25 @@ Von %2 bis %3.</translation>
     <message>
         <source>Stay</source>
         <translation>Offen lassen</translation>
+    </message>
+    <message numerus="yes">
+        <source>The settings of %n file(s) are saved.</source>
+        <translation>
+            <numerusform>Die Einstellungen von %n Datei sind gesichert.</numerusform>
+            <numerusform>Die Einstellungen von %n Dateien sind gesichert.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Films and sound (%1)</source>
+        <translation>Filme und Ton (%1)</translation>
+    </message>
+    <message>
+        <source>Settings (*.zoeffect.json)</source>
+        <translation>Einstellungen (*.zoeffect.json)</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>Alle Dateien (*)</translation>
     </message>
 </context>
 <context>
@@ -1477,6 +1520,10 @@ Von %2 bis %3.</translation>
             <numerusform>Untertiteldateien &amp;neben dem Film (%n)</numerusform>
         </translation>
     </message>
+    <message>
+        <source>What is chosen comes first, and players take it by themselves. The others follow as they are, unless &quot;Other tracks&quot; in Convert drops them. Where none is chosen, all stay as they are.</source>
+        <translation>Was gewählt ist, kommt zuerst, und Abspielprogramme nehmen es von selbst. Die anderen folgen, wie sie sind, außer „Übrige Spuren“ unter „Umwandeln“ lässt sie weg. Wo keine gewählt ist, bleiben alle, wie sie sind.</translation>
+    </message>
 </context>
 <context>
     <name>zoeditor::WhatTree</name>
@@ -1501,6 +1548,10 @@ Von %2 bis %3.</translation>
     <message>
         <source>The sound device gave up.</source>
         <translation>Das Tongerät hat aufgegeben.</translation>
+    </message>
+    <message>
+        <source>No sound can be heard here: the sound device gave up. Check that loudspeakers are connected and other programs are heard.</source>
+        <translation>Hier ist kein Ton zu hören: das Tongerät hat aufgegeben. Prüfen Sie, ob Lautsprecher angeschlossen und andere Programme zu hören sind.</translation>
     </message>
 </context>
 <context>

@@ -20,6 +20,13 @@
             <numerusform>The settings of %n files are not saved.</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>The settings of %n file(s) are saved.</source>
+        <translation>
+            <numerusform>The settings of %n file are saved.</numerusform>
+            <numerusform>The settings of %n files are saved.</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>zoeditor::ApplyDialog</name>
