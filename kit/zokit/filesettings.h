@@ -101,9 +101,9 @@ public:
     /// The sentence with which setValue() would refuse \a candidate; empty: it would take it.
     Message check(Identity thing, const QString& key, const QVariant& candidate) const;
     /// Sets a value, read as readValue() does; a type or item that was not selected becomes selected. An equal value
-    /// changes nothing. What follows from it (the place of an anchored watermark) changes with it, and what somebody means
-    /// besides: with one edge of a crop that was not set, the others are set to where the frame has them; with a turn or
-    /// a mirroring, "player_map_flag" is set, without which it would not take place.
+    /// changes nothing. What follows from it (the place of an anchored watermark) changes with it, and what somebody
+    /// means besides: with one edge of a crop that was not set, the others are set to where the frame has them; with a
+    /// turn or a mirroring, "player_map_flag" is set, without which it would not take place.
     Message setValue(Identity thing, const QString& key, const QVariant& value, QObject* asker = nullptr);
     /// Several values at once: all or none, one signal.
     Message setValues(Identity thing, const Values& values, QObject* asker = nullptr);

@@ -19,11 +19,10 @@ class SettingsModel;
 /// Which file of a project is the current one, and what of it is chosen: for windows that edit one thing at a time.
 /// Both belong to the place in the history, as History::setSelection() keeps them. To be used on the main thread.
 ///
-/// Where there are files, one is current, unless clear() was called: the first that comes, and the next one, or else the
-/// last, when it is removed.
-/// Of a current file something is chosen: an effect type, an item, the rules for tracks or the output options; at first
-/// the type "Crop", in another file what stands at the same place, or else its type, and in place of an item that is
-/// removed the next one, or else the last, or else its type.
+/// Where there are files, one is current, unless clear() was called: the first that comes, and the next one, or else
+/// the last, when it is removed. Of a current file something is chosen: an effect type, an item, the rules for tracks
+/// or the output options; at first the type "Crop", in another file what stands at the same place, or else its type,
+/// and in place of an item that is removed the next one, or else the last, or else its type.
 class ZOKIT_EXPORT Selection : public QObject {
     Q_OBJECT
 
