@@ -40,13 +40,13 @@ struct Shades {
     QRgb window, base, alternate, button, text, dimmed, disabled, highlight, highlightedText, link;
 };
 
-// Texts stand out from what is below them by 4.5 to 1 at least, also those that are dimmed; not those that are
-// disabled.
+// Texts stand out from what is below them by 4.5 to 1 at least, also those that are dimmed; those that are disabled by
+// 3 to 1.
 constexpr Shades light{0xffefefef, 0xffffffff, 0xfff5f5f5, 0xffe6e6e6, 0xff1a1a1a,
-                       0xff666666, 0xffa6a6a6, 0xff1f5fa8, 0xffffffff, 0xff0b57a4};
+                       0xff666666, 0xff828282, 0xff1f5fa8, 0xffffffff, 0xff0b57a4};
 // Fields are lighter than the window: the outlines, which the style makes darker, stay visible around them.
 constexpr Shades dark{0xff2b2c2f, 0xff3d3e43, 0xff36373b, 0xff46474c, 0xffececec,
-                      0xffacacb0, 0xff77777c, 0xff3874b8, 0xffffffff, 0xff86b7f0};
+                      0xffacacb0, 0xff95959a, 0xff3874b8, 0xffffffff, 0xff86b7f0};
 
 QPalette paletteOf(const Shades& shades)
 {
