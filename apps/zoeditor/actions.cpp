@@ -64,6 +64,8 @@ QVector<Row> actionRows()
     {"removeItem",  "edit", Actions::tr("Re&move"),                 "Ctrl+Delete",    "", false},
     {"itemUp",      "edit", Actions::tr("Move u&p"),                "Ctrl+Alt+Up",    "", false},
     {"itemDown",    "edit", Actions::tr("Move do&wn"),              "Ctrl+Alt+Down",  "", false},
+    {"resetThing",  "edit", Actions::tr("Reset what is c&hosen"),   "Ctrl+R",         "", false},
+    {"resetFile",   "edit", Actions::tr("Reset all of the fi&le"),  "Ctrl+Shift+R",   "", false},
     {"findValue",   "edit", Actions::tr("&Find a value"),           "Ctrl+F",         "", false},
     {"applyTo",     "edit", Actions::tr("App&ly to..."),            "Ctrl+Shift+A",   "", true},
     {"tracks",      "edit", Actions::tr("Trac&ks..."),              "Ctrl+K",         "", false},

@@ -200,6 +200,17 @@ void EffectsPane::connectActions(const Actions& actions)
         if (m_session->current())
             m_session->take(m_session->current()->remove(m_session->thing(), this));
     });
+    on("resetThing", [this] {
+        if (m_session->current())
+            m_session->take(m_session->current()->reset(m_session->thing(), QString(), this));
+    });
+    on("resetFile", [this] {
+        if (m_session->current())
+            m_session->take(m_session->current()->resetAll(this));
+    });
+    m_tree->setContextMenuPolicy(Qt::ActionsContextMenu);
+    for (const char* name : {"resetThing", "removeItem", "itemUp", "itemDown", "resetFile"})
+        m_tree->addAction(actions.action(name));
     auto* remove = new QShortcut(QKeySequence(QKeySequence::Delete), m_tree);
     remove->setContext(Qt::WidgetShortcut);
     connect(remove, &QShortcut::activated, actions.action("removeItem"), &QAction::trigger);
@@ -218,7 +229,7 @@ void EffectsPane::updateActions(const Actions& actions) const
     const QModelIndex chosen = m_session->model().indexOf(m_session->thing());
     const bool isItem = chosen.data(Model::KindRole).toInt() == Model::ItemRow && chosen.isValid();
     const int count = isItem ? chosen.parent().data(Model::ItemCountRole).toInt() : 0;
-    for (const char* name : {"addText", "addImage", "addSubtitle", "addSound"})
+    for (const char* name : {"addText", "addImage", "addSubtitle", "addSound", "resetThing", "resetFile"})
         actions.action(name)->setEnabled(m_session->current() != nullptr);
     actions.action("removeItem")
         ->setEnabled(isItem && chosen.data(Model::TypeRole).toString() != QLatin1String("Effect"));

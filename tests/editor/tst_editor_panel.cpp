@@ -38,6 +38,7 @@ private slots:
     void refusedValueIsToldAndPutBack();
     void marksTellHowAValueStandsToItsDefault();
     void revertTakesOneValueBack();
+    void revertTakesAnEffectOrAFileBack();
     void undoTakesBackWhatIsBeingTyped();
     void menusOfFieldsHaveNoUndo_data();
     void menusOfFieldsHaveNoUndo();
@@ -375,6 +376,25 @@ void TestEditorPanel::revertTakesOneValueBack()
     QCOMPARE(stage.value("Color", "bcs_contrast"), QVariant(0));
     QCOMPARE(stage.value("Color", "bcs_saturation"), QVariant(30));
     QCOMPARE(field->value(), 0);
+}
+
+void TestEditorPanel::revertTakesAnEffectOrAFileBack()
+{
+    const Stage stage({clips::clip(key("plain.mkv"))});
+    zokit::FileSettings* file = stage.file(0);
+    const zokit::Settings fresh = file->settings();
+    const zokit::Identity color = file->type(key("Color"));
+    file->setValues(color, {{key("bcs_contrast"), 20}, {key("bcs_saturation"), 20}});
+    file->setValue(file->type(key("Crop")), key("crop_left"), 8);
+    stage.session().setThing(color);
+    QVERIFY(stage.trigger("resetThing"));
+    QCOMPARE(file->value(color, key("bcs_contrast")), QVariant(0));
+    QCOMPARE(file->value(color, key("bcs_saturation")), QVariant(0));
+    QCOMPARE(file->value(file->type(key("Crop")), key("crop_left")), QVariant(8));
+    QVERIFY(stage.trigger("resetFile"));
+    QVERIFY(file->settings() == fresh);
+    stage.session().undo();
+    QCOMPARE(file->value(file->type(key("Crop")), key("crop_left")), QVariant(8));
 }
 
 void TestEditorPanel::undoTakesBackWhatIsBeingTyped()

@@ -86,6 +86,14 @@
         <translation>T&amp;ondatei hinzufügen...</translation>
     </message>
     <message>
+        <source>Reset what is c&amp;hosen</source>
+        <translation>Gewä&amp;hltes zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Reset all of the fi&amp;le</source>
+        <translation>A&amp;lles an der Datei zurücksetzen</translation>
+    </message>
+    <message>
         <source>Re&amp;move</source>
         <translation>&amp;Entfernen</translation>
     </message>
