@@ -51,6 +51,18 @@ bool SettingsModel::Private::isCheckable(const SettingsNode& node) const
     return !node.property && effectTypes().contains(node.type);
 }
 
+/// What a tick switches: an effect that has a switch of its own is not in use just because it is selected.
+static QString checkKey(const SettingsNode& node)
+{
+    const QString inUse = QStringLiteral("audio_effect_flag");
+    return findProperty(node.type, inUse) ? inUse : own::selected;
+}
+
+bool SettingsModel::Private::isChecked(const SettingsNode& node) const
+{
+    return file->value(node.thing, own::selected).toBool() && file->value(node.thing, checkKey(node)).toBool();
+}
+
 QString SettingsModel::Private::label(const SettingsNode& node) const
 {
     if (node.property)
@@ -186,7 +198,7 @@ QVariant SettingsModel::data(const QModelIndex& index, int role) const
     if (role == Qt::CheckStateRole) {
         if (index.column() != NameColumn || !d->isCheckable(*node))
             return QVariant();
-        return d->file->value(node->thing, own::selected).toBool() ? Qt::Checked : Qt::Unchecked;
+        return d->isChecked(*node) ? Qt::Checked : Qt::Unchecked;
     }
     if (role == Qt::DecorationRole && index.column() != ValueColumn)
         return QVariant();
@@ -206,9 +218,14 @@ bool SettingsModel::setData(const QModelIndex& index, const QVariant& value, int
     const bool isCheck = role == Qt::CheckStateRole && node && d->isCheckable(*node);
     if (!isCheck && !(role == Qt::EditRole && node && node->property))
         return false;
-    const QString key = isCheck ? own::selected : node->property->key;
-    const QVariant wanted = isCheck ? QVariant(value.toInt() == Qt::Checked) : value;
-    const Message error = d->file->setValue(node->thing, key, wanted, this);
+    Values wanted{{isCheck ? checkKey(*node) : node->property->key, value}};
+    if (isCheck) {
+        const bool isOn = value.toInt() == Qt::Checked;
+        wanted.first() = isOn;
+        if (isOn)
+            wanted.insert(own::selected, true);
+    }
+    const Message error = d->file->setValues(node->thing, wanted, this);
     if (!error.isEmpty())
         emit refused(error, index);
     return error.isEmpty();

@@ -45,6 +45,7 @@ public:
     int state(const SettingsNode& node) const;
     QVariant bound(const SettingsNode& node, const QVariant& bound) const;
     bool isCheckable(const SettingsNode& node) const;
+    bool isChecked(const SettingsNode& node) const;
     QByteArray dragged(Identity item) const;
     /// What is dragged; 0 when it is not this model's.
     Identity dragged(const QMimeData* data) const;

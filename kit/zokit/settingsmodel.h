@@ -43,8 +43,9 @@ public:
     };
 
     /// Qt::EditRole is the value as FileSettings has it, Qt::DisplayRole the name or the value as text,
-    /// Qt::CheckStateRole "selected" of an effect type or item, Qt::ToolTipRole help and key, Qt::DecorationRole the
-    /// colour that a value is. What a row does not have is invalid.
+    /// Qt::CheckStateRole whether an effect type or item is selected and, where it has "audio_effect_flag", in use,
+    /// Qt::ToolTipRole help and key, Qt::DecorationRole the colour that a value is. What a row does not have is
+    /// invalid.
     enum Role {
         KindRole = Qt::UserRole, ///< RowKind, as a number.
         TypeRole,                ///< Effect type, "Tracks" or "Output".
@@ -91,8 +92,8 @@ public:
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
     /// "Setting" and "Value", translated.
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
-    /// Sets a value (EditRole), or "selected" (CheckStateRole). False where there is nothing to set, and for a value
-    /// that is refused, after refused().
+    /// Sets a value (EditRole), or "selected" or "audio_effect_flag" (CheckStateRole). False where there is nothing to
+    /// set, and for a value that is refused, after refused().
     bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
     /// Values can be edited in ValueColumn, types and items checked in NameColumn, items dragged.
     Qt::ItemFlags flags(const QModelIndex& index) const override;

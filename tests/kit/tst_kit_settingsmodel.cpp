@@ -50,6 +50,7 @@ private slots:
     void boundsStandWithTheTurnedFrame();
     void savedDefaultIsSeenAfterRefresh();
     void checkBoxSelects();
+    void checkBoxPutsSoundEffectsToUse();
     void valueIsSetThroughTheFile();
     void refusedValueIsTold();
     void changeIsToldWhereItIs();
@@ -342,6 +343,32 @@ void TestKitSettingsModel::checkBoxSelects()
     const QModelIndex output = model.indexOf(file.output());
     QVERIFY(!output.data(Qt::CheckStateRole).isValid());
     QVERIFY(!model.setData(output, Qt::Checked, Qt::CheckStateRole));
+}
+
+void TestKitSettingsModel::checkBoxPutsSoundEffectsToUse()
+{
+    FileSettings file(clip());
+    const Identity echo = file.type(key("Audio_Echo"));
+    SettingsModel model;
+    model.setFile(&file);
+    const QModelIndex index = model.indexOf(echo);
+    const QSignalSpy told(&model, &SettingsModel::dataChanged);
+    const auto state = [&] { return index.data(Qt::CheckStateRole).toInt(); };
+    QCOMPARE(state(), int(Qt::Unchecked));
+    QVERIFY(model.setData(index, Qt::Checked, Qt::CheckStateRole));
+    QCOMPARE(state(), int(Qt::Checked));
+    QCOMPARE(file.value(echo, key("audio_effect_flag")), QVariant(true));
+    QVERIFY(model.setData(index, Qt::Unchecked, Qt::CheckStateRole));
+    QCOMPARE(file.value(echo, key("audio_effect_flag")), QVariant(false));
+    const int before = static_cast<int>(told.count());
+    file.setValue(echo, key("audio_effect_flag"), true);
+    QCOMPARE(state(), int(Qt::Checked));
+    const auto isOfRow = [&](const QList<QVariant>& arguments) { return arguments.at(0).toModelIndex() == index; };
+    QVERIFY(std::any_of(told.cbegin() + before, told.cend(), isOfRow));
+    file.setValue(echo, key("selected"), false);
+    QCOMPARE(state(), int(Qt::Unchecked));
+    QVERIFY(model.setData(index, Qt::Checked, Qt::CheckStateRole)); // Both are needed.
+    QCOMPARE(state(), int(Qt::Checked));
 }
 
 void TestKitSettingsModel::valueIsSetThroughTheFile()

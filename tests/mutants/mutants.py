@@ -429,7 +429,7 @@ def read_survivors():
 
 
 def as_utf8(key):
-    return tuple(part.encode("latin-1").decode("utf-8") if isinstance(part, str) else part for part in key)
+    return tuple(part.encode("latin-1").decode("utf-8", "replace") if isinstance(part, str) else part for part in key)
 
 
 def update_survivors(results, all_keys):
