@@ -99,8 +99,6 @@ ConvertDialog::ConvertDialog(Session* session, double seconds, QWidget* parent)
         update();
     });
     connect(m_of, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this](int index) {
-        if (index < 0)
-            return; // It is being filled.
         const QVector<FileSettings*> all = files();
         m_options->setFiles(index == 0 ? all : QVector<FileSettings*>{all.at(index - 1)});
         showTaken();

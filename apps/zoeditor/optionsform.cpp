@@ -31,7 +31,7 @@ QString unsetText(const QString& key)
     const QString example = key == QLatin1String("size")   ? QStringLiteral("1280x720")
                             : key == QLatin1String("trim") ? QStringLiteral("12,40.5")
                                                            : QString();
-    return example.isEmpty() ? OptionsForm::tr("not set") : OptionsForm::tr("not set; for example %1").arg(example);
+    return example.isEmpty() ? OptionsForm::tr("not set") : OptionsForm::tr("for example %1").arg(example);
 }
 
 } // namespace

@@ -291,8 +291,8 @@ void TestEditorConvert::wrongOptionIsToldBesideItsField()
     const Stage stage({clip("plain.mp4", "a.mp4")});
     stage.trigger("convert");
     auto* size = stage.find<QLineEdit>("Output:size");
-    QCOMPARE(size->placeholderText(), key("not set; for example 1280x720"));
-    QCOMPARE(stage.find<QLineEdit>("Output:trim")->placeholderText(), key("not set; for example 12,40.5"));
+    QCOMPARE(size->placeholderText(), key("for example 1280x720"));
+    QCOMPARE(stage.find<QLineEdit>("Output:trim")->placeholderText(), key("for example 12,40.5"));
     QVERIFY(!stage.find<QLabel>("Output:size:problem"));
     QTest::keyClicks(size, key("abc"));
     QTest::keyClick(size, Qt::Key_Return);

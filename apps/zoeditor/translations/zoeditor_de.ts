@@ -339,7 +339,7 @@
     </message>
     <message>
         <source>as added</source>
-        <translation>wie hinzugefügt</translation>
+        <translation>hinzugefügt</translation>
     </message>
     <message>
         <source>by name</source>
@@ -1250,8 +1250,8 @@ Von %2 bis %3.</translation>
         <translation>gesetzt</translation>
     </message>
     <message>
-        <source>not set; for example %1</source>
-        <translation>nicht gesetzt; zum Beispiel %1</translation>
+        <source>for example %1</source>
+        <translation>zum Beispiel %1</translation>
     </message>
     <message>
         <source>The picture of %1 has %2 x %3: it is not enlarged. Write ,exact behind the size to enlarge it.</source>
