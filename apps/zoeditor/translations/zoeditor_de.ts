@@ -1251,7 +1251,7 @@ Von %2 bis %3.</translation>
     </message>
     <message>
         <source>for example %1</source>
-        <translation>zum Beispiel %1</translation>
+        <translation>z. B. %1</translation>
     </message>
     <message>
         <source>The picture of %1 has %2 x %3: it is not enlarged. Write ,exact behind the size to enlarge it.</source>
