@@ -71,7 +71,8 @@ void addSubtitleText(Chain& chain, const Picture& picture, const Item& track, co
     } else {
         // Drawn covering on a transparent canvas, where it leaves the colours multiplied with the opacity.
         prepareOverlay(chain, picture);
-        chain.add(QStringLiteral("split"));
+        // Else ffmpeg may choose RGB for both, of which the picture would not come back as it was.
+        chain.add(QStringLiteral("format=%1,split").arg(overlayFormats(picture.pixelFormat).parted));
         const QStringList parted = chain.cut(2);
         chain.begin(parted.last());
         chain.add(QStringLiteral("format=rgba,lutrgb=r=0:g=0:b=0:a=0,%1:alpha=1,format=gbrap,unpremultiply=inplace=1")

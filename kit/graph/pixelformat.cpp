@@ -90,25 +90,29 @@ QString eightBits(const QString& format)
 OverlayFormats overlayFormats(const QString& format)
 {
     constexpr int usual = 8;
+    const QString deep = QStringLiteral("yuv422p10le");
     const bool isDeep = bitDepth(format) > usual;
     switch (samplingOf(format)) {
     case Sampling::Full:
         // Of more than eight bits the filter has no full sampling: depth matters more.
         if (!isDeep)
-            return {QStringLiteral("yuva444p"), QStringLiteral("yuv444"), QString(), QString()};
+            return {QStringLiteral("yuva444p"), QStringLiteral("yuv444"), QString(), QString(),
+                    QStringLiteral("yuv444p|yuvj444p")};
         [[fallthrough]];
     case Sampling::Half:
-        return isDeep
-                   ? OverlayFormats{QStringLiteral("yuva422p10le"), QStringLiteral("yuv422p10"), QString(), QString()}
-                   : OverlayFormats{QStringLiteral("yuva422p"), QStringLiteral("yuv422"), QString(), QString()};
+        return isDeep ? OverlayFormats{QStringLiteral("yuva422p10le"), QStringLiteral("yuv422p10"), QString(),
+                                       QString(), deep}
+                      : OverlayFormats{QStringLiteral("yuva422p"), QStringLiteral("yuv422"), QString(), QString(),
+                                       QStringLiteral("yuv422p|yuvj422p")};
     case Sampling::Quarter:
         break;
     }
     // Of ten bits the filter takes the opacity of the colours from a wrong row. With half the sampling it does not, and
     // colours that are only doubled and halved again stay as they are.
-    return isDeep ? OverlayFormats{QStringLiteral("yuva422p10le"), QStringLiteral("yuv422p10"),
-                                   QStringLiteral("yuv422p10le"), QStringLiteral("yuv420p10le")}
-                  : OverlayFormats{QStringLiteral("yuva420p"), QStringLiteral("yuv420"), QString(), QString()};
+    return isDeep ? OverlayFormats{QStringLiteral("yuva422p10le"), QStringLiteral("yuv422p10"), deep,
+                                   QStringLiteral("yuv420p10le"), deep}
+                  : OverlayFormats{QStringLiteral("yuva420p"), QStringLiteral("yuv420"), QString(), QString(),
+                                   QStringLiteral("yuv420p|yuvj420p")};
 }
 
 } // namespace zokit

@@ -27,6 +27,7 @@ struct OverlayFormats {
     QString overlay; ///< As filter overlay names it.
     QString below;   ///< Of the picture below while it happens; empty: as it is.
     QString after;   ///< And after it.
+    QString parted;  ///< Of the picture below, where a copy of it goes another way: what the filter takes as it is.
 };
 OverlayFormats overlayFormats(const QString& format);
 

@@ -251,7 +251,8 @@ void TestKitGraph::textOfTheGraph_data()
         "[0:0]setpts=PTS+round(2.02/TB),subtitles=filename=it\\\\\\'s\\,\\[1\\].ass,setpts=PTS-round(2.02/TB),"
         "format=yuv420p[picture]");
     row("subtitle, half transparent", withSubtitle(50, 100), clip(hd), script,
-        "[0:0]split[p1][p2];[p2]format=rgba,lutrgb=r=0:g=0:b=0:a=0,subtitles=filename=own.ass:alpha=1,format=gbrap,"
+        "[0:0]format=yuv420p|yuvj420p,split[p1][p2];[p2]format=rgba,lutrgb=r=0:g=0:b=0:a=0,subtitles=filename=own.ass:"
+        "alpha=1,format=gbrap,"
         "unpremultiply=inplace=1,lutrgb=a=val*127/255,format=rgba,scale=out_color_matrix=bt709:out_range=tv:"
         "flags=accurate_rnd+full_chroma_int+full_chroma_inp,format=yuva420p[p3];[p1][p3]overlay=format=yuv420,"
         "format=yuv420p[picture]");
