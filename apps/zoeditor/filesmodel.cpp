@@ -17,7 +17,6 @@ namespace {
 
 constexpr int thumbnailWidth = 96;
 constexpr int thumbnailHeight = 54;
-const QString separator = QStringLiteral(" \u00b7 ");
 
 /// What stands where the picture is still to come, of the same size.
 QPixmap emptyThumbnail()
@@ -126,10 +125,10 @@ QVariant FilesModel::data(const QModelIndex& index, int role) const
         if (seconds > 0)
             about.append(lengthText(seconds));
         // Each row has as many lines: the list measures one.
-        return QStringList{shownName(row.path), states.first(), about.join(separator)}.join(QLatin1Char('\n'));
+        return QStringList{shownName(row.path), states.first(), about.join(separator())}.join(QLatin1Char('\n'));
     }
     case Qt::ToolTipRole: {
-        QStringList lines{row.path, states.join(separator)};
+        QStringList lines{row.path, states.join(separator())};
         if (!row.settingsFile.isEmpty())
             lines.append(row.settingsFile);
         return lines.join(QLatin1Char('\n'));
@@ -145,7 +144,7 @@ QVariant FilesModel::data(const QModelIndex& index, int role) const
     case LengthRole:
         return seconds;
     case StateRole:
-        return states.join(separator);
+        return states.join(separator());
     default:
         return {};
     }

@@ -63,6 +63,9 @@ public:
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
+    /// What stands between two things that are said in one line.
+    static QString separator() { return QStringLiteral(" \u00b7 "); }
+
     /// The sorts that are offered: a name for people and the role.
     static QVector<QPair<QString, int>> orders();
 

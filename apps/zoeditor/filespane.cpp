@@ -170,6 +170,14 @@ QStringList FilesPane::fitted(const QStringList& lines, const QFontMetrics& metr
         said = words.mid(0, count).join(QLatin1Char(' '));
         more = words.mid(count).join(QLatin1Char(' '));
     }
+    const QString separator = FilesModel::separator();
+    while (metrics.horizontalAdvance(more) > width && more.contains(separator)) {
+        const QString longer = said + separator + more.section(separator, 0, 0);
+        if (metrics.horizontalAdvance(longer) > width)
+            break;
+        said = longer;
+        more = more.section(separator, 1);
+    }
     for (const QString& line : {said, more})
         fitting.append(metrics.elidedText(line, Qt::ElideRight, width));
     return fitting;

@@ -26,7 +26,7 @@ public:
     QVector<int> chosenRows() const;
 
     /// The three lines of a row as they are drawn in \a width pixels: a name loses its middle, what is said of it its
-    /// end; the second line goes on in the third where that is empty.
+    /// end. Where one of the lower two is too long, the other takes of it what it has room for.
     static QStringList fitted(const QStringList& lines, const QFontMetrics& metrics, int width);
 
 signals:

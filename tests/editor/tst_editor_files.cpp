@@ -141,6 +141,11 @@ void TestEditorFiles::rowsLoseTheirEnds()
     QVERIFY2(cut.at(0).startsWith(key("a ")) && cut.at(0).endsWith(key(".mp4")), qPrintable(cut.at(0)));
     QVERIFY2(cut.at(1).startsWith(key("failed: it")) && cut.at(1).endsWith(dots), qPrintable(cut.at(1)));
     QVERIFY2(cut.at(2).startsWith(key("edited and")) && cut.at(2).endsWith(dots), qPrintable(cut.at(2)));
+    const QString dot = QString::fromUtf8(" \302\267 ");
+    const QString about = key("1280 x 720") + dot + key("0:12");
+    QCOMPARE(FilesPane::fitted({key("a.mp4"), key("done"), key("edited") + dot + about}, metrics,
+                               metrics.horizontalAdvance(about + key("xx"))),
+             QStringList({key("a.mp4"), key("done") + dot + key("edited"), about}));
     const QStringList reason =
         FilesPane::fitted({key("a.mp4"), key("is empty. Get it once more from there."), QString()}, metrics,
                           widthOf("is empty. Get it o"));
