@@ -47,7 +47,7 @@ if [[ $part == kit ]]; then
 else
     build=$PWD/build/coverage with_kit=OFF target=zoeffect_objects exceptions=tests/coverage/exceptions.txt
     folders=(catalogue/ defaults/ log/ model/ platform/ values/)
-    mapfile -t programs <<< "$(find tests tests/internal -maxdepth 1 \
+    mapfile -t programs <<< "$(find tests tests/internal tests/values tests/faults tests/faults/internal -maxdepth 1 \
         -name 'tst_*.cpp' -printf '%f\n' | sed 's/\.cpp$//' | LC_ALL=C sort -u)"
 fi
 mkdir -p "$build"

@@ -301,6 +301,9 @@ void TestKitSettingsFile::refusedFileNamesThePlace_data()
     QByteArray deep = R"({"zoeffect": 1, "later": )";
     deep += QByteArray(40, '[') + QByteArray(40, ']') + "}";
     row("too deep", deep, "Objects and lists of a settings file stand at most 32 deep in each other.");
+    const QByteArray between = QByteArray("[1,").repeated(40) + '1' + QByteArray(40, ']');
+    row("too deep, with numbers between", R"({"zoeffect": 1, "later": )" + between + "}",
+        "Objects and lists of a settings file stand at most 32 deep in each other.");
     row("too large", QByteArray(17 * 1024 * 1024, ' '), "A settings file has at most 16 MB.");
 }
 
