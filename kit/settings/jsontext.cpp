@@ -97,7 +97,12 @@ std::optional<QJsonObject> object(const QByteArray& json, Message* error)
         return std::nullopt;
     }
     QJsonParseError syntax{};
-    const QJsonDocument document = QJsonDocument::fromJson(json, &syntax);
+    QJsonDocument document;
+    syntax.offset = static_cast<int>(json.indexOf('\0'));
+    if (syntax.offset < 0)
+        document = QJsonDocument::fromJson(json, &syntax);
+    else // No text has one. Qt passes over it, and may take two names that have some for one.
+        syntax.error = QJsonParseError::IllegalUTF8String;
     if (syntax.error != QJsonParseError::NoError) {
         *error = syntaxError(json, syntax);
         return std::nullopt;

@@ -255,6 +255,8 @@ void TestKitSettingsFile::refusedFileNamesThePlace_data()
     row("more behind the end", "{} x", "Line 1, column 4: garbage at the end of the document.");
     row("no end", "{\n", "Line 1, column 2: unterminated object.");
     row("nothing", "", "Line 1, column 1: illegal value.");
+    row("a null byte", QByteArray("{\"zoeffect\": 1,\n\"later\": {\"a\0\0b\": 4, \"a\0c\": 1}}", 47),
+        "Line 2, column 13: invalid UTF8 string.");
     row("a list", "[]", R"(This is no settings file: a JSON object with "zoeffect": 1 is expected.)");
     row("another form", R"({"version": 1})",
         R"(This is no settings file: a JSON object with "zoeffect": 1 is expected.)");
