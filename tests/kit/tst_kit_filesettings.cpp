@@ -51,6 +51,7 @@ private slots:
     void frameSizeKeepsThePartOfThePicture();
     void comesOutUnchanged_data();
     void comesOutUnchanged();
+    void eitherFadeChangesTheSound();
     void modelsFollow();
     void modelsMayBeAskedForAtAnyTime();
     void directChangesAreTold();
@@ -428,6 +429,20 @@ void TestKitFileSettings::comesOutUnchanged()
         QCOMPARE(file.setValue(at(file, address.toLatin1()), address.section(QLatin1Char(':'), 1), value).text(),
                  QString());
     QCOMPARE(file.comesOutUnchanged(), unchanged);
+}
+
+void TestKitFileSettings::eitherFadeChangesTheSound()
+{
+    FileSettings file(clip());
+    const Identity fades = file.type(key("Audio_Fade_Inout"));
+    for (const bool in : {false, true}) {
+        for (const bool out : {false, true}) {
+            file.setValues(fades, {{key("audio_effect_flag"), true},
+                                   {key("audio_fade_in_enable"), in},
+                                   {key("audio_fade_out_enable"), out}});
+            QCOMPARE(file.comesOutUnchanged(), !in && !out);
+        }
+    }
 }
 
 void TestKitFileSettings::modelsFollow()
