@@ -190,13 +190,18 @@ void TestZoconvertConvert::aRunMakesItsFiles_data()
         "zoconvert: clip.mp4: track 0 (video, h264): converted to h264\n"
         "zoconvert: clip.mp4: track 1 (audio, aac): converted to aac\n"
         "zoconvert: clip.mp4: would become clip-converted.mp4\n");
-    row("half a crop", {"clip.mp4", "--set", "Crop:crop_left=16", "-n"}, 0, "",
+    row("one edge of a crop", {"clip.mp4", "--set", "Crop:crop_left=16", "-n"}, 0, "",
+        "zoconvert: clip.mp4: track 0 (video, h264): converted to h264\n"
+        "zoconvert: clip.mp4: track 1 (audio, aac): copied\n"
+        "zoconvert: clip.mp4: would become clip-converted.mp4\n");
+    row("half a crop", {"clip.mp4", "--set", "Crop:crop_left=16", "--reset", "Crop:crop_width", "-n"}, 0, "",
         "zoconvert: clip.mp4: warning: The crop has no width or no height, so nothing is cut off. Set Crop:crop_width "
         "and Crop:crop_height, too.\n"
         "zoconvert: clip.mp4: track 0 (video, h264): copied\n"
         "zoconvert: clip.mp4: track 1 (audio, aac): copied\n"
         "zoconvert: clip.mp4: would become clip-converted.mp4\n");
-    row("a width alone, with another effect", {"clip.mp4", "--set", "Crop:crop_width=64", "--text", "A", "-n"}, 0, "",
+    row("half a crop, with another effect",
+        {"clip.mp4", "--set", "Crop:crop_width=64", "--reset", "Crop:crop_height", "--text", "A", "-n"}, 0, "",
         "zoconvert: clip.mp4: warning: The crop has no width or no height, so nothing is cut off. Set Crop:crop_width "
         "and Crop:crop_height, too.\n"
         "zoconvert: clip.mp4: track 0 (video, h264): converted to h264\n"

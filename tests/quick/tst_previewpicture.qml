@@ -94,10 +94,9 @@ TestCase {
 
     function test_whyThereIsNoFrameIsTold() {
         const picture = shown("red709.mkv");
-        for (const side of ["crop_width", "crop_height"])
-            verify(picture.clip.setValue("Crop:" + side, 10));
+        verify(picture.clip.setValue("Crop:crop_width", 10));
         tryVerify(() => picture.error !== "", 30000);
-        compare(picture.error, "10x10 of the frame of 64x48 is left of the crop. At least 24x24 is needed: move it into "
+        compare(picture.error, "10x48 of the frame of 64x48 is left of the crop. At least 24x24 is needed: move it into "
                 + "the frame or make it larger.");
         compare(picture.isTrue, false);
         picture.clip.undo();

@@ -320,8 +320,10 @@ void selectItemByKeyEx(Stage& stage)
 {
     const Drawn drawn(stage, "tk");
     QStringList values;
-    for (int more = stage.below(4); more > 0; --more)
-        values << reference::toText(stage.value(drawn.key));
+    for (int more = stage.below(4); more > 0; --more) {
+        const QVariant value = stage.value(drawn.key);
+        values << (value.userType() == QMetaType::QFont ? QString() : reference::toText(value));
+    }
     // A font is told as a text by each Qt in its own way, and what no text is told of is empty.
     values.removeAll(QString());
     both(stage, *drawn.pair, OPERATION(selectItemByKeyEx), drawn.type, drawn.key, values);
