@@ -105,7 +105,7 @@ mkdir "$root"/root/{first-host,from-nothing}
 # What the chapter asks for besides comes first: what has come after that, and stays, is the packages' own.
 check 'packages: compiler, CMake and ffmpeg are installed' enter sh -c \
     'apt-get update && apt-get install --yes cmake ffmpeg fonts-dejavu-core g++ libgl-dev make pkgconf qml-module-qtquick2 qml6-module-qtquick \
-    qt6-base-dev qt6-declarative-dev qtbase5-dev qtdeclarative5-dev' || finish
+    qt6-base-dev qt6-declarative-dev qtbase5-dev qtdeclarative5-dev libqt5multimedia5' || finish
 files_inside > "$folder/before"
 
 cp build/packages/*.deb "$root/root/first-host"
