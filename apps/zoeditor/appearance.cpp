@@ -77,8 +77,12 @@ QPalette systemPalette()
     QPalette palette = QApplication::palette();
     for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
         const QBrush brush = palette.brush(group, QPalette::PlaceholderText);
-        if (brush.style() == Qt::NoBrush || brush.color().alpha() == 0)
-            palette.setColor(group, QPalette::PlaceholderText, QColor::fromRgb(light.dimmed));
+        if (brush.style() != Qt::NoBrush && brush.color().alpha() > 0)
+            continue;
+        constexpr double part = 0.6; // Of the text, which is light where the system is dark.
+        QColor dimmed = palette.color(group, QPalette::Text);
+        dimmed.setAlphaF(part);
+        palette.setColor(group, QPalette::PlaceholderText, dimmed);
     }
     return palette;
 }
