@@ -79,9 +79,9 @@ QPalette systemPalette()
         const QBrush brush = palette.brush(group, QPalette::PlaceholderText);
         if (brush.style() != Qt::NoBrush && brush.color().alpha() > 0)
             continue;
-        constexpr double part = 0.6; // Of the text, which is light where the system is dark.
+        constexpr int alpha = 153; // 60 % of the text, which is light where the system is dark.
         QColor dimmed = palette.color(group, QPalette::Text);
-        dimmed.setAlphaF(part);
+        dimmed.setAlpha(alpha);
         palette.setColor(group, QPalette::PlaceholderText, dimmed);
     }
     return palette;
