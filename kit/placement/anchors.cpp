@@ -83,9 +83,9 @@ int along(int part, double margin, int size, int frame)
 /// The font size with which the text is as wide as \a width, or the largest below.
 int fittingFontSize(Values values, int width)
 {
-    const Property* known = findProperty(types::watermark, keys::fontSize);
-    int low = known ? known->lowest.toInt() : 1;
-    int high = 4 * (known ? known->highest.toInt() : 72); // What is computed may lie beyond what a person sets.
+    const Property& known = *findProperty(types::watermark, keys::fontSize);
+    int low = known.lowest.toInt();
+    int high = 4 * known.highest.toInt(); // What is computed may lie beyond what a person sets.
     while (low < high) {
         const int middle = (low + high + 1) / 2;
         values.insert(keys::fontSize, middle);

@@ -657,9 +657,20 @@ void TestKitConversion::removesWhatADeadOneLeft()
     QVERIFY(part.open(QIODevice::WriteOnly));
     part.close();
     const QString output = path(QStringLiteral("result.mp4"));
+    // Of another computer, on which it may be locked: one of yesterday is told, one of now may still be written.
+    const QString foreign = path(QStringLiteral(".zo-another%1-01234567.part"));
+    for (const int days : {0, 1}) {
+        QFile other(foreign.arg(days));
+        QVERIFY(other.open(QIODevice::WriteOnly));
+        QVERIFY(other.setFileTime(QDateTime::currentDateTime().addDays(-days), QFileDevice::FileModificationTime));
+    }
     const Converted converted = convert(clips::clip(QStringLiteral("plain.mp4")), {}, output);
     QVERIFY2(converted.result.outcome == Outcome::Done, qPrintable(said(converted.result)));
     QVERIFY(!QFile::exists(left));
+    QCOMPARE(said(converted.result), foreign.arg(1)
+                                         + QStringLiteral(" was left by another computer more than a day ago. Remove "
+                                                          "it if nothing runs there."));
+    QVERIFY(QFile::remove(foreign.arg(0)) && QFile::remove(foreign.arg(1)));
     QVERIFY(QFile::remove(output));
 }
 

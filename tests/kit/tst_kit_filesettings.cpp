@@ -293,6 +293,17 @@ void TestKitFileSettings::untouchedWatermarkIsDefaultAtEveryFrameSize()
                 QVERIFY2(file.state(item, key(name)) == State::Default, name);
         }
     }
+    // The width of an image decides, too, where it finds room: beside the post there is none for a long one.
+    FileSettings file(zokit::Media{QString(), QSize(1280, 720), 1.0});
+    const Identity first = file.insert(key("Watermark"), {{key("wm_imageurl"), logoPath(20, 20)}}).item;
+    const QPoint wished = placeOf(file, first);
+    const auto [post, error] = file.insert(key("Watermark"), {{key("wm_imageurl"), logoPath(20, 300)},
+                                                              {key("wm_hposition"), wished.x() + 500},
+                                                              {key("wm_vposition"), wished.y()}});
+    QCOMPARE(error.text(), QString());
+    const Identity line = file.insert(key("Watermark"), {{key("wm_imageurl"), logoPath(700, 100)}}).item;
+    QCOMPARE(placeOf(file, line), wished + QPoint(0, 300));
+    QVERIFY(file.state(line, key("wm_vposition")) == State::Default);
 }
 
 void TestKitFileSettings::stateTellsDefaultSavedAndChanged()

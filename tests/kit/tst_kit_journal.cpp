@@ -53,6 +53,7 @@ private slots:
     void stepsAreKeptByName();
     void everyCutGivesWholeSteps();
     void everyDamageGivesWholeSteps();
+    void whatIsNoIdentityIsPassedOver();
     void whatIsNoJournalIsRefused_data();
     void whatIsNoJournalIsRefused();
 };
@@ -588,6 +589,21 @@ void TestKitJournal::stepsAreKeptByName()
     const QTemporaryDir anew;
     Journal journal(project, anew.path());
     QVERIFY(contentOf(journal.path()).contains(R"("code":"StepChange")"));
+}
+
+void TestKitJournal::whatIsNoIdentityIsPassedOver()
+{
+    const QByteArray lines =
+        "d65e3252 {\"zoeffect-journal\":1}\n"
+        R"(55f496be {"step":{"changes":[[0,"a",1,2],[-1,"b",1,2],["5","c",1,2],[1e17,"d",1,2],[5,"e",1,2]],"code":"StepChange","words":["Contrast"]}})"
+        "\n";
+    const QTemporaryDir folder;
+    Project project;
+    const Message error = Journal::recover(written(folder, lines), project);
+    QVERIFY2(error.isEmpty(), qPrintable(error.text()));
+    const zokit::Changes changes = project.history().step(0).changes;
+    QCOMPARE(changes.size(), 1);
+    QCOMPARE(changes.first().key, QStringLiteral("e"));
 }
 
 namespace {

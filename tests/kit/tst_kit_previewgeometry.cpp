@@ -324,7 +324,10 @@ void TestKitPreviewGeometry::cropIsDragged()
     CropRule rule;
     rule.ratio = ratio;
     rule.even = even;
-    QCOMPARE(zokit::dragged(scene(), crop, handle, by, 0, rule).place, expected);
+    PreviewScene shown = scene();
+    QCOMPARE(zokit::dragged(shown, crop, handle, by, 0, rule).place, expected);
+    shown.cropThing = 9; // Whichever number a host gives it.
+    QCOMPARE(zokit::dragged(shown, 9, handle, by, 0, rule).place, expected);
 }
 
 void TestKitPreviewGeometry::cropIsDrawn_data()
@@ -383,6 +386,8 @@ void TestKitPreviewGeometry::watermarkIsDragged()
     QFETCH(QRect, expected);
     PreviewScene shown = scene();
     shown.marks.first().keepsShape = keepsShape;
+    QCOMPARE(zokit::dragged(shown, logo, handle, by, 0).place, expected);
+    shown.cropThing = 9;
     QCOMPARE(zokit::dragged(shown, logo, handle, by, 0).place, expected);
 }
 

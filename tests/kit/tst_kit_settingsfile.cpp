@@ -460,19 +460,33 @@ void TestKitSettingsFile::presetsByName()
 void TestKitSettingsFile::presetNameMayHoldAnything_data()
 {
     QTest::addColumn<QString>("name");
-    for (const char* name :
-         {"a/b", "..", ".hidden", "100%", "%2f", "a\nb", "-y", "ä ö", "con:x", "\"quoted\" 'name'", " leading"})
-        QTest::newRow(name) << QString::fromUtf8(name);
+    QTest::addColumn<QString>("file");
+    const auto row = [](const char* name, const char* file) {
+        QTest::newRow(name) << QString::fromUtf8(name) << QString::fromUtf8(file) + QStringLiteral(".zoeffect.json");
+    };
+    row("a/b", "a%2fb");
+    row("..", "%2e.");
+    row(".hidden", "%2ehidden");
+    row("version 1.2", "version 1.2");
+    row("100%", "100%25");
+    row("%2f", "%252f");
+    row("a\nb", "a%0ab");
+    row("-y", "-y");
+    row("ä ö", "ä ö");
+    row("con:x", "con%3ax");
+    row("\"quoted\" 'name'", "%22quoted%22 'name'");
+    row(" leading", " leading");
 }
 
 void TestKitSettingsFile::presetNameMayHoldAnything()
 {
     QFETCH(QString, name);
+    QFETCH(QString, file);
     const QTemporaryDir folder;
     const zokit::Presets presets(folder.filePath(QStringLiteral("presets")));
     QVERIFY(presets.save(name, Settings()).isEmpty());
     QCOMPARE(presets.names(), QStringList({name}));
-    QVERIFY(QFileInfo(presets.path(name)).dir() == QDir(presets.folder()));
+    QCOMPARE(presets.path(name), QDir(presets.folder()).filePath(file));
     QVERIFY(presets.load(name).error.isEmpty());
     QCOMPARE(QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
              QStringList({QStringLiteral("presets")}));

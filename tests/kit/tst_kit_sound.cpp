@@ -356,6 +356,7 @@ void TestKitSound::bandPassHasItsGains_data()
 
     QTest::newRow("low pass, one pole") << 0 << 0 << 4000.0 << -12.2;
     QTest::newRow("low pass, one section") << 0 << 50 << 4000.0 << -24.5;
+    QTest::newRow("low pass, the steepest of one section") << 0 << 74 << 4000.0 << -24.5;
     QTest::newRow("low pass, two sections") << 0 << 100 << 2000.0 << -24.2;
     QTest::newRow("low pass, below") << 0 << 100 << 200.0 << 0.0;
     QTest::newRow("high pass, one section") << 1 << 50 << 500.0 << -12.3;

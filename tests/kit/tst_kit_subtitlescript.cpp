@@ -292,6 +292,8 @@ void TestKitSubtitleScript::softScriptHoldsItsTransparency()
     const Values weak{{key("sub_transfactor"), 1.0}};
     QCOMPARE(styleField(written(saying("a"), weak, false, true), "PrimaryColour"), QStringLiteral("&H9BFFFFFF"));
     QCOMPARE(styleField(written(ownScript, half, true, true), "PrimaryColour"), QStringLiteral("&H8000FFFF"));
+    const Values nearly{{key("sub_transfactor"), 2.535}}; // 253 of 255; from 254 on it covers.
+    QCOMPARE(styleField(written(ownScript, nearly, true, true), "PrimaryColour"), QStringLiteral("&H0200FFFF"));
 }
 
 void TestKitSubtitleScript::anythingIsRead_data()

@@ -5,6 +5,7 @@
 
 #include <zokit/trackplan.h>
 
+#include "graphsupport.h"
 #include "kitsupport.h"
 #include "testapplication.h"
 
@@ -22,6 +23,8 @@ class TestKitTrackPlan : public QObject {
     Q_OBJECT
 
 private slots:
+    void hdrIsKeptWhereTheCodecTells_data();
+    void hdrIsKeptWhereTheCodecTells();
     void takenOptions_data();
     void takenOptions();
 };
@@ -38,6 +41,51 @@ TrackPlan track(TrackKind kind, TrackFate fate, const char* codec)
 }
 
 } // namespace
+
+void TestKitTrackPlan::hdrIsKeptWhereTheCodecTells_data()
+{
+    QTest::addColumn<bool>("isHdr");
+    QTest::addColumn<QString>("codec");
+    QTest::addColumn<QString>("hdr"); // Empty: not set.
+    QTest::addColumn<bool>("mapped");
+    QTest::addColumn<QString>("pixelFormat");
+    QTest::addColumn<QString>("warning");
+    const QString none;
+    const auto row = [](const char* name, bool isHdr, const char* codec, const char* hdr, bool mapped,
+                        const char* pixelFormat, const QString& warning) {
+        QTest::newRow(name) << isHdr << key(codec) << key(hdr) << mapped << key(pixelFormat) << warning;
+    };
+    row("H.264", true, "h264", "", true, "yuv420p",
+        key("HDR is mapped to what every screen shows, since hardly any player shows it in h264. Take video-codec hevc "
+            "to keep it."));
+    row("H.264, kept", true, "h264", "keep", false, "yuv420p10le", none);
+    row("H.264, mapped", true, "h264", "map", true, "yuv420p", none);
+    row("H.265", true, "hevc", "", false, "yuv420p10le", none);
+    row("H.265, mapped", true, "hevc", "map", true, "yuv420p", none);
+    row("no HDR", false, "h264", "", false, "yuv420p", none);
+    row("no HDR, mapped", false, "h264", "map", false, "yuv420p", none);
+}
+
+void TestKitTrackPlan::hdrIsKeptWhereTheCodecTells()
+{
+    QFETCH(const bool, isHdr);
+    QFETCH(const QString, codec);
+    QFETCH(const QString, hdr);
+    zokit::MediaInfo media = graphsupport::clip(QSize(1280, 720), key("yuv420p10le"));
+    media.streams.first().isHdr = isHdr;
+    zokit::Settings settings = graphsupport::plain(QSize(1280, 720));
+    settings.output.insert(key("video-codec"), codec);
+    if (!hdr.isEmpty())
+        settings.output.insert(key("hdr"), hdr);
+    const TracksPlan plan = zokit::planTracks(settings, media, {}, key("mkv"));
+    QCOMPARE(plan.error.text(), QString());
+    QTEST(plan.mapsHdr, "mapped");
+    QTEST(plan.pixelFormat, "pixelFormat");
+    QStringList warnings;
+    for (const Message& warning : plan.warnings)
+        warnings.append(warning.text());
+    QTEST(warnings.join(QLatin1Char(' ')), "warning");
+}
 
 void TestKitTrackPlan::takenOptions_data()
 {

@@ -31,6 +31,7 @@ private slots:
 
     void choice_data();
     void choice();
+    void forcedOnesOfNoLanguageSuitAnySound();
     void missingLanguageIsTold_data();
     void missingLanguageIsTold();
     void everyTrackOfSoundAndSubtitlesIsListed();
@@ -231,6 +232,21 @@ void TestKitTracks::choice()
     const QVector<TrackChoice> choices = zokit::chosenTracks(rules, tracks(), film, sidecars(), &error);
     QCOMPARE(selected(choices), expected.chosen);
     QCOMPARE(error.text(), QString::fromLatin1(expected.error));
+}
+
+void TestKitTracks::forcedOnesOfNoLanguageSuitAnySound()
+{
+    QVector<Track> italian = tracks();
+    for (Track& track : italian) {
+        if (track.kind == TrackKind::Audio)
+            track.language = key("ita");
+    }
+    TrackRules rules;
+    rules.forcedSubtitles = true;
+    QCOMPARE(selected(zokit::chosenTracks(rules, italian, film, sidecars())), QStringList());
+    rules.sidecars = true;
+    QCOMPARE(selected(zokit::chosenTracks(rules, italian, film, sidecars())),
+             QStringList{key("film.forced.srt: chosen as forced subtitle")});
 }
 
 void TestKitTracks::missingLanguageIsTold_data()
