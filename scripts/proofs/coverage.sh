@@ -16,8 +16,9 @@ branch that no test takes is listed with its reason in tests/coverage/exceptions
 that only injected faults reach. What is missing there fails, and so does what is listed and runs by now. The
 last line counts the rows that passed and failed.
 
-With "kit" the same for the kit: its tests (tests/kit, tests/regressions.cpp), built in build/coverage-kit, and
-tests/coverage/exceptions-kit.txt. Random tests take a tenth of their steps.
+With "kit" the same for the kit: its tests (tests/kit, tests/regressions.cpp) and those of the programs that drive it
+(tests/apps, tests/editor, tests/quick), built in build/coverage-kit, and tests/coverage/exceptions-kit.txt. Random
+tests take a tenth of their steps.
 TEXT
 }
 
@@ -41,7 +42,8 @@ source scripts/proofs/support/build.sh
 if [[ $part == kit ]]; then
     build=$PWD/build/coverage-kit with_kit=ON target=zoeffectkit exceptions=tests/coverage/exceptions-kit.txt
     folders=(kit/)
-    mapfile -t programs <<< "$(find tests/kit -name 'tst_*.cpp' -printf '%f\n' | sed 's/\.cpp$//' | LC_ALL=C sort)"
+    mapfile -t programs <<< "$(find tests/kit tests/apps tests/editor tests/quick -name 'tst_*.cpp' -printf '%f\n' |
+        sed 's/\.cpp$//' | LC_ALL=C sort)"
     programs+=(tst_regressions)
     export ZOKIT_STEPS=10000
 else
@@ -65,7 +67,7 @@ quietly cmake -G Ninja -S . -B "$build" -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_COM
     '-DCMAKE_CXX_FLAGS=--coverage -O0' "-DCMAKE_PROJECT_zoeffect_INCLUDE=$build/flags.cmake" \
     -DZOEFFECT_QT_MAJOR=5 -DZOEFFECT_BUILD_TESTS=ON -DZOEFFECT_WARNINGS_AS_ERRORS=ON \
     -DZOEFFECT_TEST_PACKAGE=OFF -DZOEFFECT_TEST_SOURCES=OFF -DZOEFFECT_TEST_PROOFS=OFF \
-    "-DZOEFFECT_BUILD_KIT=$with_kit" -DZOEFFECT_BUILD_PROGRAMS=OFF
+    "-DZOEFFECT_BUILD_KIT=$with_kit" "-DZOEFFECT_BUILD_PROGRAMS=$with_kit"
 quietly cmake --build "$build" --target "${programs[@]}"
 
 echo '== coverage: running the tests'
