@@ -109,14 +109,8 @@ FilesPane::FilesPane(Session* session, QWidget* parent)
     connect(remove, &QShortcut::activated, this, &FilesPane::removalWanted);
     auto* paste = new QShortcut(QKeySequence(QKeySequence::Paste), m_view);
     paste->setContext(Qt::WidgetShortcut);
-    connect(paste, &QShortcut::activated, session, [session] {
-        QStringList files; // As a file manager copies them.
-        for (const QUrl& url : QGuiApplication::clipboard()->mimeData()->urls()) {
-            if (url.isLocalFile())
-                files.append(url.toLocalFile());
-        }
-        session->openDropped(files);
-    });
+    connect(paste, &QShortcut::activated, session, // As a file manager copies them.
+            [session] { session->openDropped(localFiles(QGuiApplication::clipboard()->mimeData())); });
     m_soon.setSingleShot(true); // Pictures are asked for once things have come to rest.
     m_soon.setInterval(0);
     const auto start = QOverload<>::of(&QTimer::start);
@@ -181,6 +175,18 @@ QStringList FilesPane::fitted(const QStringList& lines, const QFontMetrics& metr
     for (const QString& line : {said, more})
         fitting.append(metrics.elidedText(line, Qt::ElideRight, width));
     return fitting;
+}
+
+QStringList FilesPane::localFiles(const QMimeData* data)
+{
+    QStringList files;
+    if (!data)
+        return files; // An empty clipboard.
+    for (const QUrl& url : data->urls()) {
+        if (url.isLocalFile())
+            files.append(url.toLocalFile());
+    }
+    return files;
 }
 
 QVector<int> FilesPane::chosenRows() const

@@ -8,6 +8,7 @@
 #include <QWidget>
 
 class QListView;
+class QMimeData;
 class QSortFilterProxyModel;
 
 namespace zoeditor {
@@ -28,6 +29,9 @@ public:
     /// The three lines of a row as they are drawn in \a width pixels: a name loses its middle, what is said of it its
     /// end. Where one of the lower two is too long, the other takes of it what it has room for.
     static QStringList fitted(const QStringList& lines, const QFontMetrics& metrics, int width);
+
+    /// Names of the local files in what is dragged or was copied; none where \a data is null.
+    static QStringList localFiles(const QMimeData* data);
 
 signals:
     /// The chosen rows are to be taken off the list.

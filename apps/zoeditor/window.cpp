@@ -11,12 +11,10 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
-#include <QMimeData>
 #include <QPushButton>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTabWidget>
-#include <QUrl>
 #include <QVBoxLayout>
 
 #include <zokit/history.h>
@@ -47,17 +45,6 @@ constexpr int messageTime = 15000; // Milliseconds: long enough to be read.
 bool isCopied(const QDropEvent& event)
 {
     return event.possibleActions().testFlag(Qt::CopyAction);
-}
-
-/// Names of local files that are dragged along.
-QStringList filesOf(const QMimeData* data)
-{
-    QStringList files;
-    for (const QUrl& url : data->urls()) {
-        if (url.isLocalFile())
-            files.append(url.toLocalFile());
-    }
-    return files;
 }
 
 } // namespace
@@ -289,7 +276,7 @@ void Window::closeEvent(QCloseEvent* event)
 
 void Window::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (filesOf(event->mimeData()).isEmpty() || !isCopied(*event))
+    if (FilesPane::localFiles(event->mimeData()).isEmpty() || !isCopied(*event))
         return;
     event->setDropAction(Qt::CopyAction);
     event->accept();
@@ -301,7 +288,7 @@ void Window::dropEvent(QDropEvent* event)
         return event->ignore();
     event->setDropAction(Qt::CopyAction);
     event->accept();
-    m_session->openDropped(filesOf(event->mimeData()));
+    m_session->openDropped(FilesPane::localFiles(event->mimeData()));
 }
 
 } // namespace zoeditor

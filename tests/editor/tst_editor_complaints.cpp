@@ -324,14 +324,17 @@ void TestEditorComplaints::deleteRemovesWhatIsChosen()
 void TestEditorComplaints::copiedFilesArePastedIntoTheList()
 {
     const Stage stage;
-    auto* copied = new QMimeData;
-    copied->setUrls({QUrl::fromLocalFile(copyOf("plain.mp4", stage.folder, "a film.mp4")),
-                     QUrl(key("https://example.org/film.mp4"))});
-    QGuiApplication::clipboard()->setMimeData(copied);
     stage.window().activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(&stage.window()));
     auto* list = stage.find<QListView>("fileList");
     list->setFocus();
+    QGuiApplication::clipboard()->setMimeData(nullptr); // As it is before anything was copied.
+    QTest::keyClick(list, Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(stage.session().files().rowCount(), 0);
+    auto* copied = new QMimeData;
+    copied->setUrls({QUrl::fromLocalFile(copyOf("plain.mp4", stage.folder, "a film.mp4")),
+                     QUrl(key("https://example.org/film.mp4"))});
+    QGuiApplication::clipboard()->setMimeData(copied);
     QTest::keyClick(list, Qt::Key_V, Qt::ControlModifier);
     stage.waitForFiles();
     QCOMPARE(stage.session().files().rowCount(), 1);
