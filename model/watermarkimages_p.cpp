@@ -51,24 +51,24 @@ QPixmap withAlpha(const QImage& colors, int alpha, OwnAlpha ownAlpha)
                    [alpha](QRgb pixel) { return colorWith(pixel, (qAlpha(pixel) * alpha + opaque / 2) / opaque); });
 }
 
-/// A file as it was when it was decoded, and what came of it.
-struct Decoded {
-    QDateTime modified;
-    qint64 size;
-    QByteArray format;
-    QPixmap image;
-};
-
-/// An image with the alpha that it was last given.
-struct Shown {
-    int alpha;
-    OwnAlpha ownAlpha;
-    QPixmap image;
-};
-
 } // namespace
 
 struct WatermarkImages::Memory {
+    /// A file as it was when it was decoded, and what came of it.
+    struct Decoded {
+        QDateTime modified;
+        qint64 size;
+        QByteArray format;
+        QPixmap image;
+    };
+
+    /// An image with the alpha that it was last given.
+    struct Shown {
+        int alpha;
+        OwnAlpha ownAlpha;
+        QPixmap image;
+    };
+
     static constexpr int decodedKilobytes = 64 * 1024;
     static constexpr int shownKilobytes = 32 * 1024;
 
@@ -112,7 +112,7 @@ QPixmap WatermarkImages::decoded(const QString& path, const char* format)
     const QFileInfo file(path);
     const QString name = file.absoluteFilePath();
     const QDateTime modified = file.lastModified(); // Before it is read: what changes meanwhile is decoded anew.
-    const Decoded* known = m_memory->decoded.object(name);
+    const Memory::Decoded* known = m_memory->decoded.object(name);
     if (known && file.isFile() && known->modified == modified && known->size == file.size() && known->format == format)
         return known->image;
 
@@ -120,7 +120,7 @@ QPixmap WatermarkImages::decoded(const QString& path, const char* format)
         return QPixmap();
     const QPixmap image = QPixmap::fromImage(QImageReader(path, format).read());
     if (!image.isNull() && file.isFile())
-        m_memory->decoded.insert(name, new Decoded{modified, file.size(), format, image}, kilobytesOf(image));
+        m_memory->decoded.insert(name, new Memory::Decoded{modified, file.size(), format, image}, kilobytesOf(image));
     return image;
 }
 
@@ -128,7 +128,7 @@ QPixmap WatermarkImages::shown(const QPixmap& image, int alpha, OwnAlpha ownAlph
 {
     const int uniform = alpha >= 0 && alpha <= opaque ? alpha : 0;
     const qint64 content = image.cacheKey();
-    const Shown* known = m_memory->shown.object(content);
+    const Memory::Shown* known = m_memory->shown.object(content);
     if (known && known->alpha == uniform && known->ownAlpha == ownAlpha)
         return known->image;
     m_memory->shown.remove(content); // Its memory serves for the next one.
@@ -137,7 +137,7 @@ QPixmap WatermarkImages::shown(const QPixmap& image, int alpha, OwnAlpha ownAlph
         m_memory->colorsOf = content;
     }
     const QPixmap made = withAlpha(m_memory->colors, uniform, ownAlpha);
-    m_memory->shown.insert(content, new Shown{uniform, ownAlpha, made}, kilobytesOf(made));
+    m_memory->shown.insert(content, new Memory::Shown{uniform, ownAlpha, made}, kilobytesOf(made));
     return made;
 }
 

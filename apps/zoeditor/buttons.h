@@ -5,6 +5,7 @@
 
 #include <QAction>
 #include <QBoxLayout>
+#include <QDialog>
 #include <QPushButton>
 #include <QToolButton>
 
@@ -18,6 +19,15 @@ inline QPushButton* makeButton(QLayout* layout, const char* name, const QString&
     button->setAutoDefault(false);
     layout->addWidget(button);
     return button;
+}
+
+/// Shows \a dialog until it is closed, and deletes it then. A button of it that was pressed by a key, which takes a
+/// moment, does nothing any more once it is closed.
+inline void showOnce(QDialog* dialog)
+{
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    QObject::connect(dialog, &QDialog::finished, dialog, [dialog] { dialog->setEnabled(false); });
+    dialog->open();
 }
 
 /// Screen readers switch a button without its action: with Qt 5 it would not even follow. What hears of a switch

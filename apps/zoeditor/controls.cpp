@@ -29,6 +29,7 @@
 #include <zokit/settingsmodel.h>
 #include <zokit/valuetext.h>
 
+#include "buttons.h"
 #include "valuecontrol.h"
 
 namespace zoeditor {
@@ -301,7 +302,6 @@ private:
         const QVariant before = m_control->shownValue();
         auto* dialog = new QColorDialog(before.value<QColor>(), button);
         dialog->setObjectName(QStringLiteral("colorDialog"));
-        dialog->setAttribute(Qt::WA_DeleteOnClose);
         dialog->setWindowTitle(label());
         QObject::connect(dialog, &QColorDialog::currentColorChanged, m_control,
                          [this_ = *this](const QColor& color) { this_.send(color); });
@@ -311,7 +311,7 @@ private:
             this_.m_control->endChoice();
         });
         m_control->beginChoice();
-        dialog->open();
+        showOnce(dialog);
     }
 
     void makeFontChooser()

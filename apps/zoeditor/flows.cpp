@@ -12,6 +12,7 @@
 
 #include "actions.h"
 #include "applydialog.h"
+#include "buttons.h"
 #include "convertdialog.h"
 #include "picturepane.h"
 #include "presetsdialog.h"
@@ -30,9 +31,7 @@ Flows::Flows(Session* session, Window* window)
         connect(m_window->actions().action(name), &QAction::triggered, this, [this, make] {
             if (!m_session->current())
                 return;
-            QDialog* dialog = make();
-            dialog->setAttribute(Qt::WA_DeleteOnClose);
-            dialog->open();
+            showOnce(make());
         });
     };
     shows("applyTo", [this] { return new ApplyDialog(m_session, m_window); });

@@ -22,6 +22,7 @@
 
 #include "actions.h"
 #include "appearance.h"
+#include "buttons.h"
 #include "effectspane.h"
 #include "filespane.h"
 #include "flows.h"
@@ -210,11 +211,8 @@ void Window::connectAppearance()
     };
     language("english", QStringLiteral("en"));
     language("german", QStringLiteral("de"));
-    connect(m_actions->action("shortcuts"), &QAction::triggered, this, [this] {
-        auto* dialog = new ShortcutsDialog(*m_actions, this);
-        dialog->setAttribute(Qt::WA_DeleteOnClose);
-        dialog->open();
-    });
+    connect(m_actions->action("shortcuts"), &QAction::triggered, this,
+            [this] { showOnce(new ShortcutsDialog(*m_actions, this)); });
 }
 
 void Window::updateTitle()

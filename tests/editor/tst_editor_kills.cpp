@@ -10,6 +10,7 @@
 
 #include <zokit/history.h>
 #include <zokit/journal.h>
+#include <zokit/tools.h>
 
 #include "editorrobot.h"
 #include "editorsupport.h"
@@ -18,13 +19,18 @@
 
 using editorrobot::Robot;
 using journalrobot::Report;
+using kitsupport::key;
 using kitsupport::settingsOf;
 
 class TestEditorKills : public QObject {
     Q_OBJECT
 
 private slots:
+    void initTestCase();
     void nextStartBringsEverythingBack();
+
+private:
+    QTemporaryDir m_tools;
 };
 
 namespace {
@@ -77,6 +83,22 @@ int editsThatGive(const Recovered& left, quint32 seed, int least, int most)
 }
 
 } // namespace
+
+/// Nobody looks at these editors, all with the same clip, and starting ffmpeg takes longer than most of them live: what
+/// ffprobe says is asked once, and there are no pictures.
+void TestEditorKills::initTestCase()
+{
+    const auto write = [this](const char* name, const QString& script) {
+        QFile file(m_tools.filePath(key(name)));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("#!/bin/sh\n" + script.toLocal8Bit() + '\n');
+        QVERIFY(file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    };
+    write("ffprobe", key("said=%1/said\n[ -e $said ] || { %2 \"$@\" > $said.$$ && mv $said.$$ $said; }\nexec cat $said")
+                         .arg(m_tools.path(), zokit::findTools().ffprobe));
+    write("ffmpeg", key("exit 1"));
+    QVERIFY(qputenv("ZOEFFECT_FFMPEG", QFile::encodeName(m_tools.path())));
+}
 
 void TestEditorKills::nextStartBringsEverythingBack()
 {

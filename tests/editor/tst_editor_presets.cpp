@@ -30,6 +30,7 @@ private slots:
     void imagesGoWithTheirPreset();
     void brokenPresetIsASentence();
     void defaultIsSavedAndForgotten();
+    void closedDialogAsksForNothing();
 };
 
 namespace {
@@ -246,6 +247,29 @@ void TestEditorPresets::defaultIsSavedAndForgotten()
     QVERIFY(stage.session().project().savedValues(key("Color")).isEmpty());
     type->setCurrentIndex(type->findData(key("Watermark"))); // The file has none.
     QVERIFY(!stage.find<QPushButton>("saveDefault")->isEnabled());
+}
+
+// Alt+I, and Escape before the button is up again.
+void TestEditorPresets::closedDialogAsksForNothing()
+{
+    const Opened stage;
+    auto* dialog = stage.dialog();
+    bool asked = false;
+    QTimer looking;
+    connect(&looking, &QTimer::timeout, this, [&asked] {
+        if (auto* open = qobject_cast<QFileDialog*>(QApplication::activeModalWidget())) {
+            asked = true;
+            open->reject();
+        }
+    });
+    looking.start(1);
+    auto* button = stage.find<QPushButton>("importPreset");
+    dialog->setAttribute(Qt::WA_DeleteOnClose, false); // It is looked at afterwards.
+    button->animateClick();
+    dialog->reject();
+    QTRY_VERIFY(!button->isDown());
+    QVERIFY(!asked);
+    delete dialog;
 }
 
 EDITOR_TEST_MAIN(TestEditorPresets)
