@@ -18,6 +18,7 @@
 #include <QLineEdit>
 #include <QPainter>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QSlider>
@@ -369,8 +370,9 @@ private:
         browse->setText(QStringLiteral("..."));
         add(browse, ":browse")->setAccessibleName(ValueControl::tr("Choose: %1").arg(label()));
         QObject::connect(browse, &QToolButton::clicked, m_control, [this_ = *this, edit] {
-            const QString path = QFileDialog::getOpenFileName(edit, this_.label(), edit->text());
-            if (!path.isEmpty())
+            const QPointer<ValueControl> control(this_.m_control); // A second start may bring other files meanwhile.
+            const QString path = QFileDialog::getOpenFileName(edit->window(), this_.label(), edit->text());
+            if (control && !path.isEmpty())
                 this_.send(path);
         });
     }

@@ -249,8 +249,9 @@ void EffectsPane::insert(const QString& type, const zokit::Values& values)
 void EffectsPane::insertFile(const QString& type, const QString& title, const QString& endings,
                              const zokit::Values& values, const QString& key)
 {
+    const zokit::FileSettings* file = m_session->current();
     const QString path = QFileDialog::getOpenFileName(this, title, QString(), endings);
-    if (path.isEmpty())
+    if (path.isEmpty() || m_session->current() != file) // A second start may have brought another one meanwhile.
         return;
     zokit::Values all = values;
     all.insert(key, path);

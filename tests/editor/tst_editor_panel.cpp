@@ -53,6 +53,7 @@ private slots:
     void searchFindsEveryValue();
     void foundValueGetsTheFocus();
     void chosenPlaceIsKeptFromFileToFile();
+    void fieldGoesWhileItsFileIsChosen();
 };
 
 namespace {
@@ -668,6 +669,31 @@ void TestEditorPanel::chosenPlaceIsKeptFromFileToFile()
     QCoreApplication::processEvents();
     stage.find<QSpinBox>("Audio_Echo:audio_echo_delay")->setValue(500);
     QCOMPARE(stage.file(1)->value(stage.session().thing(), key("audio_echo_delay")), QVariant(500));
+}
+
+// As when a second start hands over its files.
+void TestEditorPanel::fieldGoesWhileItsFileIsChosen()
+{
+    const Stage stage({clips::clip(key("plain.mp4"))});
+    zokit::FileSettings* file = stage.file(0);
+    const QString logo = kitsupport::logoPath(40, 30);
+    stage.session().setThing(file->insert(key("Watermark"), {{key("wm_imageurl"), logo}}).item);
+    settle();
+    auto* browse = stage.find<QToolButton>("Watermark:wm_imageurl:browse");
+    const QPointer<QLineEdit> field = stage.find<QLineEdit>("Watermark:wm_imageurl");
+    QVERIFY(browse && field);
+    const int before = stage.session().history().count();
+    QTimer::singleShot(0, this, [&] {
+        QWidget* open = QApplication::activeModalWidget();
+        stage.session().setThing(file->type(key("Color")));
+        settle();
+        auto* name = open->findChild<QLineEdit*>(key("fileNameEdit"));
+        name->setText(kitsupport::logoPath(60, 50));
+        static_cast<QDialog*>(static_cast<QFileDialog*>(open))->accept();
+    });
+    browse->click();
+    QVERIFY(!field);
+    QCOMPARE(stage.session().history().count(), before);
 }
 
 EDITOR_TEST_MAIN(TestEditorPanel)
