@@ -5,7 +5,11 @@
 function(zoeffect_warnings target)
   if(ZOEFFECT_WARNINGS_AS_ERRORS)
     target_compile_options(${target} PRIVATE
-      -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
+      -Wall -Wextra -Wpedantic -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
+    # Built as one, sources see what the others keep to themselves.
+    if(NOT CMAKE_UNITY_BUILD)
+      target_compile_options(${target} PRIVATE -Wshadow)
+    endif()
   endif()
 endfunction()
 

@@ -317,8 +317,7 @@ QString Editor::reset(const QString& text)
 
 QString rescaledText(const QSize& told, const QSize& found)
 {
-    const auto text = [](const QSize& size) { return QStringLiteral("%1x%2").arg(size.width()).arg(size.height()); };
-    return Message(Message::Code::Rescaled, {text(told), text(found)}).text();
+    return Message(Message::Code::Rescaled, {zokit::sizeText(told), zokit::sizeText(found)}).text();
 }
 
 QString applyEdits(const QVector<Edit>& edits, zokit::FileSettings& file, QStringList* warnings)

@@ -43,7 +43,7 @@ QString example(const QString& line)
     return QStringLiteral(".PP\n.RS\n.nf\n") + roff(line) + QStringLiteral("\n.fi\n.RE\n");
 }
 
-QString described(const Option& option)
+QString roffOf(const Option& option)
 {
     QString names = QStringLiteral("\\fB\\-\\-%1\\fR").arg(roff(option.name));
     if (!option.letter.isEmpty())
@@ -58,22 +58,22 @@ QString described(const Option& option)
     return QStringLiteral(".TP\n") + names + QLatin1Char('\n') + roff(help) + QLatin1Char('\n');
 }
 
-QString described(const QVector<Option>& options)
+QString roffOf(const QVector<Option>& options)
 {
     QString result;
     for (const Option& option : options)
-        result += described(option);
+        result += roffOf(option);
     return result;
 }
 
-QString described(const Command& command)
+QString roffOf(const Command& command)
 {
     QString result =
         QStringLiteral(".SS zoconvert %1\n\\fBzoconvert %1\\fR %2\n").arg(roff(command.name), roff(command.usage));
     result += paragraph(translated(command.summary));
     for (const char* sentence : command.about)
         result += paragraph(translated(sentence));
-    result += described(ownOf(command));
+    result += roffOf(ownOf(command));
     for (const QString& line : command.examples)
         result += example(line);
     return result;
@@ -109,9 +109,9 @@ QString manual()
         QStringLiteral(".PP\n\\fBzoconvert\\fR \\-\\-version\n.PP\n\\fBzoconvert\\fR [COMMAND] \\-h | \\-\\-help\n");
     page += section(say(Say::HeadCommands));
     for (const Command& command : commands())
-        page += described(command);
-    page += section(say(Say::HeadEdits)) + roff(say(Say::AboutEdits)) + QLatin1Char('\n') + described(edits());
-    page += section(say(Say::HeadOutputs)) + roff(say(Say::AboutOutputs)) + QLatin1Char('\n') + described(outputs());
+        page += roffOf(command);
+    page += section(say(Say::HeadEdits)) + roff(say(Say::AboutEdits)) + QLatin1Char('\n') + roffOf(edits());
+    page += section(say(Say::HeadOutputs)) + roff(say(Say::AboutOutputs)) + QLatin1Char('\n') + roffOf(outputs());
     page += section(say(Say::HeadAddresses)) + roff(say(Say::AboutAddresses)) + QLatin1Char('\n') + properties();
     page += section(say(Say::HeadExit)) + roff(say(Say::AboutExit)) + QLatin1Char('\n');
     page += section(say(Say::HeadEnvironment)) + roff(say(Say::AboutEnvironment)) + QLatin1Char('\n');

@@ -70,7 +70,7 @@ QString textOf(const zokit::MediaStream& stream)
 {
     QStringList words{QStringLiteral("  %1").arg(stream.track.index), nameOf(stream.track.kind), stream.track.codec};
     if (stream.track.kind == zokit::TrackKind::Video)
-        words.append(QStringLiteral("%1x%2").arg(stream.shown.width()).arg(stream.shown.height()));
+        words.append(zokit::sizeText(stream.shown));
     if (stream.track.kind == zokit::TrackKind::Audio)
         words.append(QStringLiteral("%1 Hz").arg(stream.sampleRate));
     if (!stream.track.language.isEmpty())

@@ -24,8 +24,6 @@ namespace zoconvert {
 
 namespace {
 
-constexpr int endedBySignal = 128;
-
 /// One run: rows of the queue and files have the same order.
 class Run : public QObject {
 public:

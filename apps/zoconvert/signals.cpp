@@ -18,7 +18,6 @@ namespace {
 
 constexpr int taken[] = {SIGINT, SIGTERM, SIGHUP, SIGTSTP, SIGWINCH};
 constexpr int count = sizeof taken / sizeof *taken;
-constexpr int endedBySignal = 128;
 
 int ends[2] = {-1, -1}; // Of the pipe from the handlers to the event loop.
 volatile std::sig_atomic_t first = 0;

@@ -8,6 +8,8 @@
 
 namespace zoconvert {
 
+constexpr int endedBySignal = 128; ///< As shells have it: the exit code is this and the number of the signal.
+
 /// The signals of a run, taken out of the handlers into the event loop. One that was ignored when the program began
 /// stays so. A second SIGINT ends the program at once. Only one object at a time.
 class Signals {

@@ -23,7 +23,6 @@ namespace zoeditor {
 
 namespace {
 
-constexpr int margin = 12; // Around the frame, in pixels of the view: handles can be seen and taken.
 constexpr double zoomStep = 1.25;
 
 } // namespace

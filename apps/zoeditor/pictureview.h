@@ -77,6 +77,8 @@ protected:
     bool focusNextPrevChild(bool next) override;
 
 private:
+    static constexpr int margin = 12; ///< Around the frame, in pixels: handles at its edges can be seen and taken.
+
     void follow(zokit::FileSettings* file);
     void updateScene();
     void updateFrames();

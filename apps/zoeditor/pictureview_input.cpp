@@ -18,7 +18,6 @@ namespace zoeditor {
 
 namespace {
 
-constexpr int margin = 12;      // As in pictureview.cpp.
 constexpr double snapReach = 8; // In pixels of the view.
 constexpr double splitGrip = 6; // So near the split can be taken.
 constexpr int wheelStep = 120;  // Eighths of a degree.

@@ -203,10 +203,8 @@ void Session::addToProject(int index)
     else
         settings = zokit::settingsOf(*row.media);
     if (row.loaded && settings.media.frame != row.loaded->media.frame)
-        take(
-            Message(Message::Code::Rescaled,
-                    {QStringLiteral("%1x%2").arg(row.loaded->media.frame.width()).arg(row.loaded->media.frame.height()),
-                     QStringLiteral("%1x%2").arg(settings.media.frame.width()).arg(settings.media.frame.height())}));
+        take(Message(Message::Code::Rescaled,
+                     {zokit::sizeText(row.loaded->media.frame), zokit::sizeText(settings.media.frame)}));
     endAnyGesture();
     const QString path = row.path;
     m_openingRow = index;

@@ -48,7 +48,7 @@ void Thumbnails::askNext()
         zokit::Settings scaled; // Nothing but the size: ffmpeg hands over a small picture.
         scaled.media = file->media();
         scaled = zokit::completed(scaled);
-        scaled.output.insert(QStringLiteral("size"), QStringLiteral("%1x%2").arg(small.width()).arg(small.height()));
+        scaled.output.insert(QStringLiteral("size"), zokit::sizeText(small));
         zokit::FrameQuestion question;
         question.settings = scaled;
         question.media = *media;

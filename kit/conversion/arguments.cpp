@@ -11,6 +11,7 @@
 
 #include <zokit/graph.h>
 
+#include "argumentnumber_p.h"
 #include "codecs_p.h"
 #include "pixelformat_p.h"
 #include "subtitleinput_p.h"
@@ -22,11 +23,6 @@ namespace {
 
 constexpr qint64 gibibyte = qint64(1024) * 1024 * 1024;
 constexpr qint64 usualMemory = 4 * gibibyte;
-
-QString number(double value)
-{
-    return QString::number(value, 'f', 6);
-}
 
 QString fileArgument(const QString& path)
 {
@@ -44,7 +40,7 @@ QStringList partOptions(const ClipPart& part)
 {
     if (!part.isTrimmed)
         return {};
-    return {QStringLiteral("-ss"), number(part.from), QStringLiteral("-t"), number(part.seconds)};
+    return {QStringLiteral("-ss"), argumentNumber(part.from), QStringLiteral("-t"), argumentNumber(part.seconds)};
 }
 
 /// These do not tell each packet when it is shown, and without that none can be copied into another container.
@@ -208,7 +204,7 @@ public:
         if (m_job.threads > 0)
             all << QStringLiteral("-threads") << QString::number(m_job.threads);
         if (m_hasSoundFile && m_part.result > 0)
-            all << QStringLiteral("-t") << number(m_part.result);
+            all << QStringLiteral("-t") << argumentNumber(m_part.result);
         else if (m_loops)
             all << QStringLiteral("-shortest");
         if (m_plan.container == QLatin1String("mp4") || m_plan.container == QLatin1String("mov"))
@@ -323,9 +319,9 @@ private:
                 options << QStringLiteral("-stream_loop") << QStringLiteral("-1");
                 m_loops = true;
             } else if (isBitmapSubtitleFile(file)) {
-                options = QStringList{QStringLiteral("-itsoffset"), number(startOf(file) - m_part.from)};
+                options = QStringList{QStringLiteral("-itsoffset"), argumentNumber(startOf(file) - m_part.from)};
                 if (m_part.isTrimmed)
-                    options << QStringLiteral("-t") << number(m_part.seconds);
+                    options << QStringLiteral("-t") << argumentNumber(m_part.seconds);
             } else if (!track.isScripted) {
                 options = partOptions(m_part);
                 if (letter == 's')
@@ -350,9 +346,9 @@ private:
     {
         const double begin = m_part.from - m_runUp;
         // Without the sound ffmpeg would count from where the picture begins, but not when its times are moved.
-        QStringList options = begin > 0 ? QStringList{QStringLiteral("-ss"), number(begin)}
+        QStringList options = begin > 0 ? QStringList{QStringLiteral("-ss"), argumentNumber(begin)}
                                         : QStringList{QStringLiteral("-itsoffset"), QStringLiteral("0.000001")};
-        return options << QStringLiteral("-t") << number(m_part.seconds + m_runUp);
+        return options << QStringLiteral("-t") << argumentNumber(m_part.seconds + m_runUp);
     }
 
     /// The clip where its part begins, for what needs no run-up.
@@ -365,7 +361,7 @@ private:
 
     QStringList scaleOptions() const
     {
-        return m_speed == 1 ? QStringList() : QStringList{QStringLiteral("-itsscale"), number(1 / m_speed)};
+        return m_speed == 1 ? QStringList() : QStringList{QStringLiteral("-itsscale"), argumentNumber(1 / m_speed)};
     }
 
     void encodePicture(const MediaStream& stream)

@@ -211,9 +211,7 @@ void Conversion::Private::takeClip(const MediaInfo& media)
     const QSize told = m_job.settings.media.frame;
     if (picture && !told.isEmpty() && told != picture->shown) {
         m_job.settings = rescaled(m_job.settings, picture->shown);
-        warn(Message(Code::Rescaled,
-                     {QStringLiteral("%1x%2").arg(told.width()).arg(told.height()),
-                      QStringLiteral("%1x%2").arg(picture->shown.width()).arg(picture->shown.height())}));
+        warn(Message(Code::Rescaled, {sizeText(told), sizeText(picture->shown)}));
     }
     if (picture)
         m_job.settings.media.frame = picture->shown;

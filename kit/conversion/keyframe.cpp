@@ -5,6 +5,8 @@
 
 #include <QRegularExpression>
 
+#include "argumentnumber_p.h"
+
 namespace zokit {
 
 Command keyFrameCommand(const Tools& tools, const MediaInfo& media, double from)
@@ -13,7 +15,7 @@ Command keyFrameCommand(const Tools& tools, const MediaInfo& media, double from)
     Command command;
     command.program = tools.ffmpeg;
     command.arguments << QStringLiteral("-hide_banner") << QStringLiteral("-nostdin") << QStringLiteral("-v")
-                      << QStringLiteral("error") << QStringLiteral("-ss") << QString::number(from, 'f', 6)
+                      << QStringLiteral("error") << QStringLiteral("-ss") << argumentNumber(from)
                       << guardedInput(media.file) << QStringLiteral("-map")
                       << QStringLiteral("0:%1").arg(picture ? picture->track.index : 0) << QStringLiteral("-c")
                       << QStringLiteral("copy") << QStringLiteral("-frames:v") << QStringLiteral("1")

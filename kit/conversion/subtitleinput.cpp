@@ -10,16 +10,9 @@
 #include <zokit/probe.h>
 #include <zokit/subtitlescript.h>
 
+#include "argumentnumber_p.h"
+
 namespace zokit {
-
-namespace {
-
-QString number(double value)
-{
-    return QString::number(value, 'f', 6);
-}
-
-} // namespace
 
 bool isUtf8File(const QString& path)
 {
@@ -42,13 +35,13 @@ QStringList subtitlePicturesInput(const SubtitlePlan& plan, const MediaInfo& med
     const QString offset = QStringLiteral("-itsoffset");
     // ffmpeg moves the first subtitle of a file to the beginning; it belongs where the file says.
     if (plan.stream < 0)
-        return QStringList{offset, number(fileStart - from)} + guardedInput(plan.file);
+        return QStringList{offset, argumentNumber(fileStart - from)} + guardedInput(plan.file);
     // An input of its own also where it is the clip: a picture that began before is still shown.
     constexpr double longest = 120;
     const double begun = std::max(from - longest, 0.0);
-    QStringList input{offset, number(begun - from)};
+    QStringList input{offset, argumentNumber(begun - from)};
     if (begun > 0)
-        input << QStringLiteral("-ss") << number(begun);
+        input << QStringLiteral("-ss") << argumentNumber(begun);
     return input + guardedInput(media.file);
 }
 

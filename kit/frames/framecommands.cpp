@@ -10,6 +10,7 @@
 
 #include <zokit/subtitlescript.h>
 
+#include "argumentnumber_p.h"
 #include "pixelformat_p.h"
 #include "subtitleinput_p.h"
 
@@ -23,11 +24,6 @@ constexpr double halfMillisecond = 0.0005;
 QString word(const char* text)
 {
     return QString::fromLatin1(text);
-}
-
-QString number(double value)
-{
-    return QString::number(value, 'f', 6);
 }
 
 /// Begun at a hundredth of a second, the times of frames are cut off where those of a conversion are.
@@ -112,7 +108,7 @@ QStringList soughtInput(const FrameWindow& window, const MediaInfo& media)
 {
     QStringList options;
     if (window.from > 0)
-        options << word("-ss") << number(window.from);
+        options << word("-ss") << argumentNumber(window.from);
     else if (media.mayChangeSize())
         // Without the sound ffmpeg would count from where the picture begins, but not when its times are moved.
         options << word("-itsoffset") << word("0.000001");
@@ -226,7 +222,7 @@ Command keptCommand(const Tools& tools, const FrameQuestion& question, const Kep
     // Its time is counted as that of the clip is, so that a subtitle that begins with it is there.
     const QStringList inputs{word("-f"),         word("rawvideo"),
                              word("-pix_fmt"),   picture.pixelFormat,
-                             word("-s"),         QStringLiteral("%1x%2").arg(kept.size.width()).arg(kept.size.height()),
+                             word("-s"),         sizeText(kept.size),
                              word("-framerate"), QStringLiteral("%1/%2").arg(ticks.denominator).arg(ticks.numerator),
                              word("-i"),         word("pipe:0")};
     const QString graph = questionGraph(question, parts).text;

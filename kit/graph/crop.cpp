@@ -18,11 +18,6 @@ int evenBelow(int number)
     return number - number % 2;
 }
 
-QString sizeText(const QSize& size)
-{
-    return QStringLiteral("%1x%2").arg(size.width()).arg(size.height());
-}
-
 QRect wishedCrop(const Values& crop)
 {
     const auto number = [&](const char* key) { return crop.value(QLatin1String(key)).toInt(); };

@@ -26,11 +26,6 @@ Picture pictureOf(const Settings& settings, const MediaStream& stream)
     return {frame, stream.pixelFormat, stream.matrix, stream.range};
 }
 
-QString sizeText(const QSize& size)
-{
-    return QStringLiteral("%1x%2").arg(size.width()).arg(size.height());
-}
-
 QString inputOf(const MediaStream& stream)
 {
     return QStringLiteral("[0:%1]").arg(stream.track.index);

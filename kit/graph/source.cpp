@@ -13,7 +13,7 @@ namespace zokit {
 
 namespace {
 
-QString sizeText(const QSize& size)
+QString scaleOptions(const QSize& size)
 {
     return QStringLiteral("%1:%2").arg(size.width()).arg(size.height());
 }
@@ -84,7 +84,7 @@ void addRawSource(Chain& chain, const MediaStream& stream)
 
 void addScale(Chain& chain, Picture& picture, const QSize& size, const QString& pixelFormat)
 {
-    QString options = size.isEmpty() ? QString() : sizeText(size);
+    QString options = size.isEmpty() ? QString() : scaleOptions(size);
     if (picture.isFullRange())
         options += (options.isEmpty() ? QString() : QStringLiteral(":")) + QStringLiteral("in_range=pc:out_range=pc");
     if (!options.isEmpty())

@@ -23,7 +23,7 @@ using Code = Message::Code;
 
 constexpr qint64 mostMemory = qint64(2) * 1024 * 1024 * 1024;
 constexpr int mostProcessorSeconds = 20;
-constexpr int patience = 10; // Seconds.
+constexpr int secondsToProbe = 10;
 
 /// Each name of a demuxer must stand here for it to be used. None of them opens a second file.
 const char* const demuxers = "matroska,webm,mov,mp4,m4a,3gp,3g2,mj2,mpegts,mpeg,avi,flv,asf,ogg,wav,mp3,flac,aac,w64,"
@@ -41,7 +41,7 @@ Command limited(const Tools& tools, const QStringList& arguments, const QString&
     command.arguments = QStringList{word("-v"), word("error")} + arguments + guardedInput(file);
     command.memory = mostMemory;
     command.processorSeconds = mostProcessorSeconds;
-    command.seconds = patience;
+    command.seconds = secondsToProbe;
     return command;
 }
 

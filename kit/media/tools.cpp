@@ -15,7 +15,7 @@ namespace zokit {
 
 namespace {
 
-constexpr int patience = 10; // Seconds.
+constexpr int secondsToTell = 10;
 
 QString found(const QString& program, const QString& folder, Message& error)
 {
@@ -44,7 +44,7 @@ QByteArray said(const QString& program, const char* option)
     Command command;
     command.program = program;
     command.arguments << QStringLiteral("-hide_banner") << QString::fromLatin1(option);
-    command.seconds = patience;
+    command.seconds = secondsToTell;
     const ChildResult result = run(command);
     return *answers.insert(question, result.isGood() ? result.output : QByteArray());
 }

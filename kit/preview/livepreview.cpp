@@ -17,7 +17,7 @@ namespace {
 constexpr int margin = 12;      // Around the frame, in pixels of the view: handles can be seen and taken.
 constexpr double snapReach = 8; // In pixels of the view.
 
-QPoint rounded(const QPointF& point)
+QPoint nearestPixel(const QPointF& point)
 {
     return {qRound(point.x()), qRound(point.y())};
 }
@@ -166,7 +166,7 @@ void LivePreview::press(const QPointF& point)
     emit chosen(thing);
     if (!d->file || !d->file->owns(thing))
         return; // A listener has shown another file.
-    d->drag = isDrawing ? HandleDrag::drawing(*d->file, d->scene, rounded(d->view.toFrame(point)))
+    d->drag = isDrawing ? HandleDrag::drawing(*d->file, d->scene, nearestPixel(d->view.toFrame(point)))
                         : HandleDrag(*d->file, d->scene, thing, at.handle);
     d->pressed = point;
     d->history.beginGesture(d->drag.text());
@@ -182,7 +182,7 @@ void LivePreview::move(const QPointF& point, bool snaps)
                          && way.manhattanLength() < QGuiApplication::styleHints()->startDragDistance();
     if (isClick)
         return; // It cuts nothing off.
-    const Dragged dragged = d->drag.to(rounded(way / d->view.scale), snaps ? snapReach / d->view.scale : 0);
+    const Dragged dragged = d->drag.to(nearestPixel(way / d->view.scale), snaps ? snapReach / d->view.scale : 0);
     const Message refusal = d->file->setValues(thing, d->drag.values(dragged.place), this);
     if (!refusal.isEmpty())
         emit refused(refusal);

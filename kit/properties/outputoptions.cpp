@@ -26,7 +26,7 @@ enum Uses {
 
 constexpr int kept = InSettings | InPresets;
 
-struct Row {
+struct OptionRow {
     const char* name;
     const char* shortName;
     const char* valueName;
@@ -50,7 +50,7 @@ QStringList words(const char* list)
 #define T(text) QT_TRANSLATE_NOOP("zokit", text)
 
 /// A choice for people, where its word is one of the command line; null for the others.
-const char* choiceText(const QString& choice)
+const char* optionChoiceText(const QString& choice)
 {
     static const QHash<QString, const char*> names{
         {QStringLiteral("copy"), T("as it is")},
@@ -62,7 +62,7 @@ const char* choiceText(const QString& choice)
 }
 
 // clang-format off
-QVector<Row> rows()
+QVector<OptionRow> optionRows()
 {
     const QVariant none;
     return {
@@ -102,7 +102,7 @@ QVector<Row> rows()
 
 #undef T
 
-OutputOption optionOf(const Row& row)
+OutputOption optionOf(const OptionRow& row)
 {
     OutputOption option;
     Property& property = option.property;
@@ -116,7 +116,7 @@ OutputOption optionOf(const Row& row)
     property.lowest = row.lowest;
     property.highest = row.highest;
     for (const QString& choice : row.choices)
-        property.choices.append({choice, choiceText(choice)});
+        property.choices.append({choice, optionChoiceText(choice)});
     property.isPath = row.control == C::FileChooser;
     property.labelText = row.label;
     property.helpText = row.help;
@@ -139,7 +139,7 @@ const QVector<OutputOption>& outputOptions()
 {
     static const QVector<OutputOption> options = [] {
         QVector<OutputOption> made;
-        for (const Row& row : rows())
+        for (const OptionRow& row : optionRows())
             made.append(optionOf(row));
         return made;
     }();

@@ -129,7 +129,7 @@ const QHash<QString, QVector<NumberName>>& numberNames()
 }
 
 /// Choices of texts, by their English words; those of the catalogue, each once.
-const char* choiceText(const QString& choice)
+const char* valueChoiceText(const QString& choice)
 {
     static const QHash<QString, const char*> names{
         {QStringLiteral("Regular"), T("Regular")},
@@ -170,7 +170,7 @@ void addChoices(Property& property)
         const bool known = std::any_of(property.choices.cbegin(), property.choices.cend(),
                                        [&](const Choice& choice) { return choice.value == value; });
         if (!known) // The catalogue lists each ratio twice.
-            property.choices.append({value, choiceText(value.toString())});
+            property.choices.append({value, valueChoiceText(value.toString())});
     }
     const QVector<NumberName> names = numberNames().value(property.key);
     for (const NumberName& name : names)

@@ -29,7 +29,7 @@ const QString frameWidth = QStringLiteral("frame width");
 const QString frameHeight = QStringLiteral("frame height");
 const QVariant none;
 
-struct Row {
+struct TableRow {
     const char* type;
     const char* key;
     ValueKind kind;
@@ -46,7 +46,7 @@ struct Row {
 #define T(text) QT_TRANSLATE_NOOP("zokit", text)
 
 // clang-format off
-QVector<Row> rows()
+QVector<TableRow> tableRows()
 {
     return {
     // type, key, kind, control, unit, suits, group, lowest, highest, label, help
@@ -157,7 +157,7 @@ QVector<Row> rows()
 QVector<Property> propertyRows()
 {
     QVector<Property> result;
-    for (const Row& row : rows()) {
+    for (const TableRow& row : tableRows()) {
         Property property;
         property.type = QString::fromLatin1(row.type);
         property.key = QString::fromLatin1(row.key);

@@ -21,11 +21,6 @@ namespace {
 
 const QString ending = QStringLiteral(".zoeffect.json");
 
-QString text(const QSize& size)
-{
-    return QStringLiteral("%1x%2").arg(size.width()).arg(size.height());
-}
-
 } // namespace
 
 class ProjectFiles::Private {
@@ -137,7 +132,8 @@ void ProjectFiles::Private::take(const ReadMedia& read)
     if (loaded && read.media) {
         const Settings settings = settingsFor(*loaded, *read.media);
         if (settings.media.frame != loaded->media.frame)
-            emit q->told(Message(Message::Code::Rescaled, {text(loaded->media.frame), text(settings.media.frame)}));
+            emit q->told(
+                Message(Message::Code::Rescaled, {sizeText(loaded->media.frame), sizeText(settings.media.frame)}));
         add(settings);
     } else if (loaded) {
         add(*loaded);

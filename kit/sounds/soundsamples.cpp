@@ -13,6 +13,8 @@
 #include <zokit/soundgraph.h>
 #include <zokit/trackplan.h>
 
+#include "argumentnumber_p.h"
+
 namespace zokit {
 
 namespace {
@@ -49,11 +51,6 @@ QByteArray waveOf(const QByteArray& samples, int channels)
 int channelsOf(const MediaStream& sound)
 {
     return sound.channels == 1 ? 1 : mostChannels;
-}
-
-QString number(double value)
-{
-    return QString::number(value, 'f', 6);
 }
 
 const MediaStream* soundOf(const SoundQuestion& question)
@@ -152,9 +149,11 @@ void SoundSamples::Private::start(bool measuring, double gain)
     QStringList words{QStringLiteral("-hide_banner"), QStringLiteral("-nostdin"), QStringLiteral("-v"),
                       measuring ? QStringLiteral("info") : QStringLiteral("error"), QStringLiteral("-nostats")};
     if (!measuring)
-        words << QStringLiteral("-ss") << number(from) << QStringLiteral("-t") << number(m_question.seconds * speed);
+        words << QStringLiteral("-ss") << argumentNumber(from) << QStringLiteral("-t")
+              << argumentNumber(m_question.seconds * speed);
     else if (part.isTrimmed)
-        words << QStringLiteral("-ss") << number(part.from) << QStringLiteral("-t") << number(part.seconds);
+        words << QStringLiteral("-ss") << argumentNumber(part.from) << QStringLiteral("-t")
+              << argumentNumber(part.seconds);
     words << guardedInput(m_question.media.file) << QStringLiteral("-map")
           << QStringLiteral("0:%1").arg(sound.track.index);
     const QString graph = m_question.withEffects ? soundGraph(m_question.settings, sound, parts) : QString();
@@ -163,9 +162,9 @@ void SoundSamples::Private::start(bool measuring, double gain)
     if (measuring)
         words << QStringLiteral("-f") << QStringLiteral("null") << QStringLiteral("-");
     else
-        words << QStringLiteral("-t") << number(m_question.seconds) << QStringLiteral("-ar") << QString::number(rate)
-              << QStringLiteral("-ac") << QString::number(channelsOf(sound)) << QStringLiteral("-f")
-              << QStringLiteral("s16le") << QStringLiteral("pipe:1");
+        words << QStringLiteral("-t") << argumentNumber(m_question.seconds) << QStringLiteral("-ar")
+              << QString::number(rate) << QStringLiteral("-ac") << QString::number(channelsOf(sound))
+              << QStringLiteral("-f") << QStringLiteral("s16le") << QStringLiteral("pipe:1");
     constexpr qint64 gibibyte = qint64(1024) * 1024 * 1024;
     constexpr int patience = 300;
     m_command = Command();

@@ -299,6 +299,11 @@ QString onOneLine(const QString& text)
     return result;
 }
 
+QString sizeText(const QSize& size)
+{
+    return QStringLiteral("%1x%2").arg(size.width()).arg(size.height());
+}
+
 QString nearest(const QString& word, const QStringList& candidates)
 {
     constexpr int longest = 64; // Nobody misspells a novel.

@@ -6,6 +6,7 @@
 #include <QLocale>
 #include <QMetaType>
 #include <QObject>
+#include <QSize>
 #include <QString>
 #include <QStringList>
 #include <QVector>
@@ -215,6 +216,9 @@ using Messages = QVector<Message>;
 /// "\n",
 /// "\x1b", "\u202e".
 ZOKIT_EXPORT QString onOneLine(const QString& text);
+
+/// \a size as sentences and options say it: "1280x720".
+ZOKIT_EXPORT QString sizeText(const QSize& size);
 
 /// The one of \a candidates that \a word was probably meant to be: few letters differ, upper or lower case aside, or
 /// it is a part of one; empty when none is near.
