@@ -119,7 +119,7 @@ QStringList guardedInput(const QString& file)
             word("-format_whitelist"),
             word(demuxers),
             word("-max_pixels"),
-            word("67108864"),
+            QString::number(mostPixels),
             word("-max_streams"),
             word("100"),
             word("-probesize"),

@@ -15,7 +15,6 @@ namespace zokit {
 
 namespace {
 
-constexpr qint64 mostPixels = 67108864; // As guardedInput() has it: 8K and a half.
 constexpr int longestSide = 65535;
 constexpr double longest = 1e8; // Seconds, three years: a file that tells more lies.
 

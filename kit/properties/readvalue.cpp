@@ -13,6 +13,8 @@
 #include <QRegularExpression>
 #include <QSize>
 
+#include <zokit/probe.h>
+
 namespace zokit {
 
 namespace {
@@ -148,7 +150,13 @@ ReadValue size(const QVariant& given, const QString& where)
 {
     static const QRegularExpression form(QStringLiteral("^([1-9][0-9]{0,4})x([1-9][0-9]{0,4})(,exact)?$"));
     const QString text = given.toString().trimmed().toLower();
-    return form.match(text).hasMatch() ? ReadValue{text, Message()} : refused(Code::NotASize, {where, shown(given)});
+    const QRegularExpressionMatch match = form.match(text);
+    if (!match.hasMatch())
+        return refused(Code::NotASize, {where, shown(given)});
+    // Without ",exact" it is a box, which never enlarges.
+    if (!match.captured(3).isEmpty() && match.captured(1).toLongLong() * match.captured(2).toLongLong() > mostPixels)
+        return refused(Code::SizeTooLarge, {where, shown(given), QString::number(mostPixels)});
+    return {text, Message()};
 }
 
 ReadValue range(const QVariant& given, const QString& where)

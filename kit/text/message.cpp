@@ -57,6 +57,7 @@ constexpr Text texts[] = {
     {Code::NoSuchTrack,      QT_TRANSLATE_NOOP("zokit", "The clip has no such track %1. Choose one that it has.")},
     {Code::TrackRule,        QT_TRANSLATE_NOOP("zokit", "Tracks:%1: %2 is no value for this rule.")},
     {Code::NotAList,         QT_TRANSLATE_NOOP("zokit", "%1: %2 is no list. Write words with commas between them.")},
+    {Code::SizeTooLarge,     QT_TRANSLATE_NOOP("zokit", "%1: %2 has more than %3 pixels. Choose a smaller size.")},
     {Code::NotASize,         QT_TRANSLATE_NOOP("zokit", "%1: %2 is no size. Write WIDTHxHEIGHT, for example 1280x720, and ,exact behind it to force the shape.")},
     {Code::NotARange,        QT_TRANSLATE_NOOP("zokit", "%1: %2 is no range. Write FROM,TO in seconds, for example 12,40.5; TO comes after FROM.")},
     {Code::BelowLowest,      QT_TRANSLATE_NOOP("zokit", "%1: %2 is below %3.")},

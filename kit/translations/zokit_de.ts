@@ -1276,6 +1276,10 @@
         <translation>%1: %2 ist keine Größe. Schreiben Sie BREITExHÖHE, zum Beispiel 1280x720, und ,exact dahinter, um die Form zu erzwingen.</translation>
     </message>
     <message>
+        <source>%1: %2 has more than %3 pixels. Choose a smaller size.</source>
+        <translation>%1: %2 hat mehr als %3 Pixel. Wählen Sie eine kleinere Größe.</translation>
+    </message>
+    <message>
         <source>%1: %2 is no range. Write FROM,TO in seconds, for example 12,40.5; TO comes after FROM.</source>
         <translation>%1: %2 ist kein Bereich. Schreiben Sie VON,BIS in Sekunden, zum Beispiel 12,40.5; BIS liegt hinter VON.</translation>
     </message>

@@ -55,12 +55,13 @@ public:
         ChosenByLanguage, ///< 1: the language.
         ChosenAsForced,
         ChosenAsSidecar,
-        NoSuchTrack, ///< 1: the stream number.
-        TrackRule,   ///< 1: the rule, 2: the value.
-        NotAList,    ///< 1: the address, 2: the value.
-        NotASize,    ///< 1: the address, 2: the value.
-        NotARange,   ///< 1: the address, 2: the value.
-        BelowLowest, ///< 1: the address, 2: the value, 3: the lowest.
+        NoSuchTrack,  ///< 1: the stream number.
+        TrackRule,    ///< 1: the rule, 2: the value.
+        NotAList,     ///< 1: the address, 2: the value.
+        NotASize,     ///< 1: the address, 2: the value.
+        SizeTooLarge, ///< 1: the address, 2: the value, 3: the largest number of pixels.
+        NotARange,    ///< 1: the address, 2: the value.
+        BelowLowest,  ///< 1: the address, 2: the value, 3: the lowest.
         // Settings files
         JsonSyntax, ///< 1: the line, 2: the column, 3: what is wrong.
         FileTooLarge,

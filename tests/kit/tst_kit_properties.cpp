@@ -210,6 +210,8 @@ void TestKitProperties::valueIsRead_data()
         QStringList{QStringLiteral("fra"), QStringLiteral("eng")});
     row("a size", "Output:size", QStringLiteral("1280x720"), QStringLiteral("1280x720"));
     row("an exact size", "Output:size", QStringLiteral("1280x720,exact"), QStringLiteral("1280x720,exact"));
+    row("the largest exact size", "Output:size", QStringLiteral("8192x8192,exact"), QStringLiteral("8192x8192,exact"));
+    row("a box of any size", "Output:size", QStringLiteral("99999x99999"), QStringLiteral("99999x99999"));
     row("a range", "Output:trim", QStringLiteral("12,40.5"), QVariantList{12.0, 40.5});
     row("a range as list", "Output:trim", QVariantList{0, 1}, QVariantList{0.0, 1.0});
     row("a codec", "Output:video-codec", QStringLiteral("hevc"), QStringLiteral("hevc"));
@@ -267,6 +269,8 @@ void TestKitProperties::valueIsRefused_data()
     row("Output:size", QStringLiteral("1280*720"),
         "Output:size: 1280*720 is no size. Write WIDTHxHEIGHT, for example 1280x720, and ,exact behind it to force the "
         "shape.");
+    row("Output:size", QStringLiteral("8192x8193,exact"),
+        "Output:size: 8192x8193,exact has more than 67108864 pixels. Choose a smaller size.");
     row("Output:trim", QStringLiteral("5,2"),
         "Output:trim: 5,2 is no range. Write FROM,TO in seconds, for example 12,40.5; TO comes after FROM.");
     row("Output:container", QStringLiteral("mp5"),
