@@ -36,10 +36,12 @@ QStringList subtitlePicturesInput(const SubtitlePlan& plan, const MediaInfo& med
     // ffmpeg moves the first subtitle of a file to the beginning; it belongs where the file says.
     if (plan.stream < 0)
         return QStringList{offset, argumentNumber(fileStart - from)} + guardedInput(plan.file);
-    // An input of its own also where it is the clip: a picture that began before is still shown.
+    // An input of its own also where it is the clip: a picture that began before is still shown. A bit early: one that
+    // begins with the first frame would only be there with the second.
     constexpr double longest = 120;
+    constexpr double early = 0.001;
     const double begun = std::max(from - longest, 0.0);
-    QStringList input{offset, argumentNumber(begun - from)};
+    QStringList input{offset, argumentNumber(begun - from - early)};
     if (begun > 0)
         input << QStringLiteral("-ss") << argumentNumber(begun);
     return input + guardedInput(media.file);

@@ -132,8 +132,10 @@ int Frames::Private::ask(const FrameQuestion& question)
 {
     cancel();
     m_question = question;
+    const MediaStream* picture = question.media.picture();
+    const double first = picture ? picture->start - question.media.start : 0; // Before it the first frame is shown.
     const double end = question.media.seconds;
-    m_question.seconds = std::max(end > 0 ? std::min(question.seconds, end) : question.seconds, 0.0);
+    m_question.seconds = std::max({end > 0 ? std::min(question.seconds, end) : question.seconds, first, 0.0});
     m_answer = FrameAnswer();
     m_answer.number = ++m_number;
     m_isRunning = true;

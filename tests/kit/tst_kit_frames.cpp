@@ -432,6 +432,8 @@ void TestKitFrames::previewIsTheOutput_data()
     const int scenes = kitsupport::stepsOr("ZOKIT_SCENES", usual);
     for (int seed = 1; seed <= scenes; ++seed)
         QTest::newRow(qPrintable(QStringLiteral("scene %1").arg(seed))) << quint32(seed);
+    if (scenes == usual)
+        QTest::newRow("a subtitle's picture that begins with the first frame") << quint32(200);
 }
 
 void TestKitFrames::previewIsTheOutput()
