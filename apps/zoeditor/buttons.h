@@ -26,7 +26,10 @@ inline QPushButton* makeButton(QLayout* layout, const char* name, const QString&
 inline void showOnce(QDialog* dialog)
 {
     dialog->setAttribute(Qt::WA_DeleteOnClose);
-    QObject::connect(dialog, &QDialog::finished, dialog, [dialog] { dialog->setEnabled(false); });
+    QObject::connect(dialog, &QDialog::finished, dialog, [dialog] {
+        for (QAbstractButton* button : dialog->findChildren<QAbstractButton*>())
+            button->blockSignals(true);
+    });
     dialog->open();
 }
 

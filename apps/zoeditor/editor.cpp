@@ -3,11 +3,14 @@
 
 #include "editor.h"
 
+#include <utility>
+
 #include <QApplication>
 #include <QFileInfo>
 #include <QLocale>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTimer>
 
 #include "appearance.h"
 #include "instance.h"
@@ -96,17 +99,33 @@ QStringList Editor::offerLeft()
     return opened;
 }
 
+void Editor::openHandedOver(const QStringList& files)
+{
+    m_handedOver += files;
+    QWidget* asking = QApplication::activeModalWidget();
+    QWidget* front = asking ? asking : m_window.get();
+    front->raise();
+    front->activateWindow();
+    openWaiting();
+}
+
+void Editor::openWaiting()
+{
+    if (QApplication::activeModalWidget()) {
+        constexpr int soon = 100; // Milliseconds.
+        QTimer::singleShot(soon, this, &Editor::openWaiting);
+    } else if (!m_handedOver.isEmpty()) {
+        m_session->open(std::exchange(m_handedOver, {}));
+    }
+}
+
 int run(const QStringList& arguments)
 {
     Instance instance;
     if (instance.handOver(arguments.mid(1)))
         return 0;
     Editor editor;
-    QObject::connect(&instance, &Instance::filesHandedOver, &editor, [&editor](const QStringList& files) {
-        editor.session().open(files);
-        editor.window().raise();
-        editor.window().activateWindow();
-    });
+    QObject::connect(&instance, &Instance::filesHandedOver, &editor, &Editor::openHandedOver);
     editor.start(arguments.mid(1));
     return QApplication::exec();
 }

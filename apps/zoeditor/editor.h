@@ -26,16 +26,22 @@ public:
     /// Shows the window, offers what a session that died has left, and opens \a files.
     void start(const QStringList& files);
 
+    /// Opens \a files that another start of the program hands over, and brings the window to the front. While a
+    /// question or a dialog is open they wait: what is answered there means the files that were shown.
+    void openHandedOver(const QStringList& files);
+
     Session& session() const { return *m_session; }
     Window& window() const { return *m_window; }
 
 private:
     void makeWindow();
+    void openWaiting();
     /// Settings files that were chosen instead of what is left.
     QStringList offerLeft();
 
     std::unique_ptr<Session> m_session;
     std::unique_ptr<Window> m_window;
+    QStringList m_handedOver; ///< They wait.
 };
 
 /// The whole program: hands \a arguments over to an editor that runs, or is one until its window is closed. Its exit

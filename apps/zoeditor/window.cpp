@@ -134,9 +134,11 @@ void Window::connectFiles()
             endings += {QLatin1String("*.") + ending, QLatin1String("*.") + ending.toUpper()};
         const QStringList filters{tr("Films and sound (%1)").arg(endings.join(QLatin1Char(' '))),
                                   tr("Settings (*.zoeffect.json)"), tr("All files (*)")};
-        m_session->open(QFileDialog::getOpenFileNames(this, tr("Add files"), QString(),
-                                                      filters.join(QLatin1String(";;")), nullptr,
-                                                      QFileDialog::HideNameFilterDetails));
+        const QStringList files =
+            QFileDialog::getOpenFileNames(this, tr("Add files"), QString(), filters.join(QLatin1String(";;")), nullptr,
+                                          QFileDialog::HideNameFilterDetails);
+        if (!files.isEmpty())
+            m_session->open(files);
     });
     on("addFolder", [this] {
         const QString folder = QFileDialog::getExistingDirectory(this, tr("Add a folder"));

@@ -49,6 +49,7 @@ private slots:
     void recoveredSessionKnowsItsSettingsFile_data();
     void recoveredSessionKnowsItsSettingsFile();
     void secondStartHandsItsFilesOver();
+    void handedOverFilesWaitForAnOpenDialog();
 };
 
 namespace {
@@ -584,6 +585,22 @@ void TestEditorFiles::secondStartHandsItsFilesOver()
     zoeditor::Instance second(name);
     QVERIFY(second.handOver({QStringLiteral("/films/a b.mp4"), QStringLiteral("c.mp4")}));
     QTRY_COMPARE(heard, QStringList({QStringLiteral("/films/a b.mp4"), QDir().absoluteFilePath(key("c.mp4"))}));
+}
+
+void TestEditorFiles::handedOverFilesWaitForAnOpenDialog()
+{
+    const Stage stage({clips::clip(key("plain.mp4"))});
+    stage.trigger("presets");
+    auto* dialog = stage.find<QDialog>("presetsDialog");
+    stage.editor->openHandedOver({clips::clip(key("wide.mkv"))});
+    settle();
+    QCOMPARE(stage.session().files().rowCount(), 1);
+    dialog->reject();
+    QTRY_COMPARE(stage.session().files().rowCount(), 2);
+    stage.waitForFiles();
+    stage.editor->openHandedOver({clips::clip(key("plain.avi"))});
+    QCOMPARE(stage.session().files().rowCount(), 3);
+    stage.waitForFiles();
 }
 
 EDITOR_TEST_MAIN(TestEditorFiles)

