@@ -191,6 +191,7 @@ Message PartFile::finish(const QString& output, bool replaces, const QString& da
 
 Messages removeLeftovers(const QString& folder)
 {
+    constexpr qint64 secondsOfADay = 86400;
     Messages told;
     const QDir dir(folder);
     const QString ours = beginOf(hostWord());
@@ -199,7 +200,7 @@ Messages removeLeftovers(const QString& folder)
         const QString path = dir.absoluteFilePath(name);
         if (name.startsWith(ours))
             removeUnlocked(path);
-        else if (QFileInfo(path).lastModified().daysTo(QDateTime::currentDateTime()) >= 1)
+        else if (QFileInfo(path).lastModified().secsTo(QDateTime::currentDateTime()) >= secondsOfADay)
             told.append(Message(Code::ForeignPart, {path}));
     }
     const QDir temporary(temporaryFolder());

@@ -109,7 +109,7 @@ struct ZOKIT_EXPORT ReadMedia {
 /// Whether \a path can be handed to a child: a file that is there, ordinary, readable, not empty, with a name in UTF-8.
 /// Empty when it can. Starts nothing and never waits.
 ZOKIT_EXPORT Message checkInput(const QString& path);
-/// The most pixels that a frame may have, as it is read and as it is written: 8K and a half.
+/// The most pixels that a frame may have, as it is read and as it is written: 8192 times 8192.
 constexpr qint64 mostPixels = 67108864;
 
 /// What stands before and with each "-i" of ffmpeg and ffprobe: \a file is only ever a local file, read by one of the

@@ -657,20 +657,22 @@ void TestKitConversion::removesWhatADeadOneLeft()
     QVERIFY(part.open(QIODevice::WriteOnly));
     part.close();
     const QString output = path(QStringLiteral("result.mp4"));
-    // Of another computer, on which it may be locked: one of yesterday is told, one of now may still be written.
+    // Of another computer, on which it may be locked: one of two days ago is told, one of an hour ago may still be
+    // written.
     const QString foreign = path(QStringLiteral(".zo-another%1-01234567.part"));
-    for (const int days : {0, 1}) {
-        QFile other(foreign.arg(days));
+    for (const int hours : {1, 48}) {
+        QFile other(foreign.arg(hours));
         QVERIFY(other.open(QIODevice::WriteOnly));
-        QVERIFY(other.setFileTime(QDateTime::currentDateTime().addDays(-days), QFileDevice::FileModificationTime));
+        QVERIFY(
+            other.setFileTime(QDateTime::currentDateTime().addSecs(-3600 * hours), QFileDevice::FileModificationTime));
     }
     const Converted converted = convert(clips::clip(QStringLiteral("plain.mp4")), {}, output);
     QVERIFY2(converted.result.outcome == Outcome::Done, qPrintable(said(converted.result)));
     QVERIFY(!QFile::exists(left));
-    QCOMPARE(said(converted.result), foreign.arg(1)
+    QCOMPARE(said(converted.result), foreign.arg(48)
                                          + QStringLiteral(" was left by another computer more than a day ago. Remove "
                                                           "it if nothing runs there."));
-    QVERIFY(QFile::remove(foreign.arg(0)) && QFile::remove(foreign.arg(1)));
+    QVERIFY(QFile::remove(foreign.arg(1)) && QFile::remove(foreign.arg(48)));
     QVERIFY(QFile::remove(output));
 }
 
