@@ -18,7 +18,7 @@ last line counts the rows that passed and failed.
 
 With "kit" the same for the kit: its tests (tests/kit, tests/regressions.cpp) and those of the programs that drive it
 (tests/apps, tests/editor, tests/quick), built in build/coverage-kit, and tests/coverage/exceptions-kit.txt. Random
-tests take a tenth of their steps.
+tests of the kit take a tenth of their steps.
 TEXT
 }
 

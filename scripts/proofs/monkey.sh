@@ -48,7 +48,8 @@ while ((done < events)); do
         else
             failed=$((failed + 1))
             grep -v '^QWARN' <<< "$said" # Of the platform, which does not support this and that.
-            echo "monkey: ZOEDITOR_EVENTS=$run ZOEDITOR_SEED=$seed build/$preset/tests/editor/tst_editor_monkey plays it again"
+            echo "monkey: LSAN_OPTIONS=$LSAN_OPTIONS ZOEDITOR_PATIENCE=$patience ZOEDITOR_EVENTS=$run ZOEDITOR_SEED=$seed" \
+                "build/$preset/tests/editor/tst_editor_monkey -maxwarnings 0 plays it again"
         fi
         sed -n "s/^.*events; the window/$preset: the window/p" <<< "$said"
         if [[ $preset == dev ]]; then
