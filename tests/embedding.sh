@@ -3,8 +3,8 @@
 # SPDX-License-Identifier: MIT
 
 # embedding.sh BUILD: a host with Qt 6 can take the library's tree into its own build: it gets the target for its Qt, and
-# nothing else is built, tested or installed. The host builds several sources as one, which finds names that clash.
-# Works in BUILD/tests/embedding.
+# nothing else is built, tested or installed. The host builds its sources eight by eight, as CMake does in a
+# unity build. Works in BUILD/tests/embedding.
 set -euo pipefail
 here=$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")
 # shellcheck source-path=SCRIPTDIR source=support/rows.sh

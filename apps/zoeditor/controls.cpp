@@ -370,7 +370,7 @@ private:
         browse->setText(QStringLiteral("..."));
         add(browse, ":browse")->setAccessibleName(ValueControl::tr("Choose: %1").arg(label()));
         QObject::connect(browse, &QToolButton::clicked, m_control, [this_ = *this, edit] {
-            const QPointer<ValueControl> control(this_.m_control); // A second start may bring other files meanwhile.
+            const QPointer<ValueControl> control(this_.m_control); // A file that is read may become current meanwhile.
             const QString path = QFileDialog::getOpenFileName(edit->window(), this_.label(), edit->text());
             if (control && !path.isEmpty())
                 this_.send(path);

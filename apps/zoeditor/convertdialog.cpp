@@ -37,6 +37,7 @@ using zokit::FileSettings;
 ConvertDialog::ConvertDialog(Session* session, double seconds, QWidget* parent)
     : QDialog(parent)
     , m_session(session)
+    , m_selected(session->selected())
     , m_seconds(seconds)
     , m_options(new OptionsForm(session, this))
     , m_which(new QComboBox(this))
@@ -113,11 +114,10 @@ ConvertDialog::~ConvertDialog()
 
 void ConvertDialog::makeWhich(QLayout* layout)
 {
-    const QVector<FileSettings*> selected = m_session->selected();
     QStringList names;
-    for (const FileSettings* file : selected)
+    for (const FileSettings* file : m_selected)
         names.append(shownName(file->media().file));
-    const int count = static_cast<int>(selected.size());
+    const int count = static_cast<int>(m_selected.size());
     m_which->setObjectName(QStringLiteral("which"));
     m_which->setAccessibleName(tr("What is converted"));
     m_which->view()->setAccessibleName(m_which->accessibleName());
@@ -227,7 +227,7 @@ QWidget* ConvertDialog::makePlans()
 
 QVector<FileSettings*> ConvertDialog::files() const
 {
-    return m_which->currentIndex() == 1 ? m_session->project().files() : m_session->selected();
+    return m_which->currentIndex() == 1 ? m_session->project().files() : m_selected;
 }
 
 void ConvertDialog::update()

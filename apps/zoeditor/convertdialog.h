@@ -58,6 +58,7 @@ private:
     void endSample(const zokit::ConversionResult& result);
 
     Session* m_session;
+    QVector<zokit::FileSettings*> m_selected; ///< When it was opened: a file that is still being read may come.
     double m_seconds;
     OptionsForm* m_options;
     QComboBox* m_which; ///< The selected files or all; hidden where these are the same.

@@ -251,7 +251,7 @@ void EffectsPane::insertFile(const QString& type, const QString& title, const QS
 {
     const zokit::FileSettings* file = m_session->current();
     const QString path = QFileDialog::getOpenFileName(this, title, QString(), endings);
-    if (path.isEmpty() || m_session->current() != file) // A second start may have brought another one meanwhile.
+    if (path.isEmpty() || m_session->current() != file) // One that was read may be current now.
         return;
     zokit::Values all = values;
     all.insert(key, path);

@@ -139,6 +139,11 @@ void TestEditorConvert::whatIsSelectedIsConverted()
     QVERIFY(plans(stage)->topLevelItem(0)->text(0).startsWith(key("b.mp4 ")));
     QCOMPARE(stage.find<QPushButton>("start")->text(), key("Convert 1 file"));
     QCOMPARE(stage.find<QComboBox>("optionsOf")->count(), 2);
+    stage.session().setCurrent(stage.file(2)); // As when a file that is still being read becomes the current one.
+    stage.find<QComboBox>("optionsOf")->setCurrentIndex(1);
+    chooseNext(stage, "Output:container");
+    QCOMPARE(stage.file(1)->value(stage.file(1)->output(), key("container")), QVariant(key("mp4")));
+    QVERIFY(!stage.file(2)->value(stage.file(2)->output(), key("container")).isValid());
     which->setCurrentIndex(1);
     QCOMPARE(plans(stage)->topLevelItemCount(), 3);
     QCOMPARE(stage.find<QPushButton>("start")->text(), key("Convert 3 files"));

@@ -94,7 +94,8 @@ void TestEditorKills::initTestCase()
         file.write("#!/bin/sh\n" + script.toLocal8Bit() + '\n');
         QVERIFY(file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
     };
-    write("ffprobe", key("said=%1/said\n[ -e $said ] || { %2 \"$@\" > $said.$$ && mv $said.$$ $said; }\nexec cat $said")
+    write("ffprobe", key("said='%1/said'\n[ -e \"$said\" ] || { '%2' \"$@\" > \"$said.$$\" && mv \"$said.$$\" "
+                         "\"$said\"; }\nexec cat \"$said\"")
                          .arg(m_tools.path(), zokit::findTools().ffprobe));
     write("ffmpeg", key("exit 1"));
     QVERIFY(!clip().isEmpty()); // It is made by the real one, the first time.

@@ -671,7 +671,7 @@ void TestEditorPanel::chosenPlaceIsKeptFromFileToFile()
     QCOMPARE(stage.file(1)->value(stage.session().thing(), key("audio_echo_delay")), QVariant(500));
 }
 
-// As when a second start hands over its files.
+// As when a file that is still being read becomes the current one.
 void TestEditorPanel::fieldGoesWhileItsFileIsChosen()
 {
     const Stage stage({clips::clip(key("plain.mp4"))});
