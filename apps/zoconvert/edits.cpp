@@ -149,15 +149,7 @@ QString Editor::takePreset(const QString& word)
     const zokit::Presets::Named named = zokit::Presets().loadNamed(word);
     if (!named.error.isEmpty())
         return named.error.text();
-    zokit::CarryOver carry;
-    for (const zokit::TypeSettings& type : named.settings.effects)
-        carry.what.append(type.type);
-    if (!named.settings.output.isEmpty())
-        carry.what.append(QStringLiteral("Output"));
-    if (!named.settings.tracks.isEmpty())
-        carry.what.append(QStringLiteral("Tracks"));
-    if (!carry.what.isEmpty())
-        m_file.setSettings(zokit::carriedOver(named.settings, m_file.settings(), carry));
+    m_file.setSettings(zokit::carriedOver(named.settings, m_file.settings(), zokit::carryOfPreset(named.settings)));
     return QString();
 }
 

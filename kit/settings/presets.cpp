@@ -19,6 +19,7 @@
 
 #include "jsontext_p.h"
 #include "missingfiles_p.h"
+#include "names_p.h"
 #include "turn_p.h"
 
 namespace zokit {
@@ -309,6 +310,18 @@ Settings presetFrom(const Settings& settings, const QStringList& what)
     if (what.contains(QLatin1String("Tracks")))
         preset.tracks = settings.tracks;
     return preset;
+}
+
+CarryOver carryOfPreset(const Settings& preset)
+{
+    CarryOver carry;
+    for (const TypeSettings& type : preset.effects)
+        carry.what.append(type.type);
+    if (!preset.output.isEmpty())
+        carry.what.append(types::output);
+    if (!preset.tracks.isEmpty())
+        carry.what.append(types::tracks);
+    return carry;
 }
 
 } // namespace zokit

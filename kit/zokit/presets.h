@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <zokit/carryover.h>
 #include <zokit/message.h>
 #include <zokit/settings.h>
 #include <zokit/zokit_export.h>
@@ -62,5 +63,9 @@ private:
 
 /// What a preset made from \a settings holds: the types and items of \a what (as in CarryOver), without the clip.
 ZOKIT_EXPORT Settings presetFrom(const Settings& settings, const QStringList& what);
+
+/// What laying \a preset over a file carries: each type that it holds, and its output options and its rules for tracks
+/// where it has some.
+ZOKIT_EXPORT CarryOver carryOfPreset(const Settings& preset);
 
 } // namespace zokit

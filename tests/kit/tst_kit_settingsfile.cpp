@@ -629,6 +629,9 @@ void TestKitSettingsFile::presetHoldsWhatItIsMeantFor()
     QCOMPARE(part.effects.size(), 2);
     QCOMPARE(part.find(key("Color"))->values.size(), 1);
     QVERIFY(part.output.isEmpty());
+    QCOMPARE(zokit::carryOfPreset(part).what, QStringList({key("Watermark"), key("Color")}));
+    const Settings rules = zokit::presetFrom(settings, {key("Crop"), key("Output"), key("Tracks")});
+    QCOMPARE(zokit::carryOfPreset(rules).what, QStringList({key("Crop"), key("Output"), key("Tracks")}));
     QCOMPARE(zokit::readPreset(handWritten, QString()).error.text(),
              QStringLiteral("A preset has no \"media\": it is for any clip."));
 }
