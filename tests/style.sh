@@ -2,8 +2,9 @@
 # SPDX-FileCopyrightText: 2026 The libzoeffect developers
 # SPDX-License-Identifier: MIT
 
-# style.sh: all C++ sources are formatted as .clang-format says, shellcheck finds nothing in the shell scripts, each
-# file has its licence, the changelog goes with the version, and no test program is forgotten.
+# style.sh: all C++ sources are formatted as .clang-format says, shellcheck finds nothing in the shell scripts, codespell
+# no misspelt word in what is English, each file has its licence, the changelog goes with the version, and no test
+# program is forgotten.
 set -euo pipefail
 here=$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")
 # shellcheck source-path=SCRIPTDIR source=support/rows.sh
@@ -24,6 +25,7 @@ mapfile -t scripts <<< "$({
 
 check 'style: all C++ sources are formatted' clang-format --dry-run -Werror "${sources[@]}" || true
 check 'style: shellcheck finds nothing in the shell scripts' shellcheck --external-sources "${scripts[@]}" || true
+check 'style: codespell finds no misspelt word' codespell || true
 
 # Of a copy, since without git reuse would look at what was built, too.
 copy=$(mktemp -d)
