@@ -52,6 +52,7 @@ constexpr Text texts[] = {
     {Code::MovedByRounding,  QT_TRANSLATE_NOOP("zokit", "%1: rounding to whole pixels makes %3 of %2 there and back.")},
     {Code::ChosenByHand,     QT_TRANSLATE_NOOP("zokit", "chosen by hand")},
     {Code::ChosenByLanguage, QT_TRANSLATE_NOOP("zokit", "chosen for its language, %1")},
+    {Code::ChosenAsUsual,    QT_TRANSLATE_NOOP("zokit", "chosen as the one that players take, since none is in %1")},
     {Code::ChosenAsForced,   QT_TRANSLATE_NOOP("zokit", "chosen as forced subtitle")},
     {Code::ChosenAsSidecar,  QT_TRANSLATE_NOOP("zokit", "chosen as subtitle file beside the clip")},
     {Code::NoSuchTrack,      QT_TRANSLATE_NOOP("zokit", "The clip has no such track %1. Choose one that it has.")},

@@ -38,6 +38,19 @@ void choose(QVector<TrackChoice>& choices, int index, const Message& why)
     choices[index].why = why;
 }
 
+/// The track of sound that is heard where nobody chooses: the first that the file marks as default, else the first; -1
+/// when there is none.
+int usualSound(const QVector<TrackChoice>& choices)
+{
+    int found = -1;
+    for (int i = 0; i < choices.size(); ++i) {
+        const Track& track = choices.at(i).track;
+        if (track.kind == TrackKind::Audio && (found < 0 || (track.isDefault && !choices.at(found).track.isDefault)))
+            found = i;
+    }
+    return found;
+}
+
 void chooseAudio(const TrackRules& rules, QVector<TrackChoice>& choices, Message* error)
 {
     if (rules.audioTracks) {
@@ -63,6 +76,10 @@ void chooseAudio(const TrackRules& rules, QVector<TrackChoice>& choices, Message
         if (found)
             return;
     }
+    // None of them is there: the track that is heard without a choice.
+    const int found = rules.audioLanguages.isEmpty() ? -1 : usualSound(choices);
+    if (found >= 0)
+        choose(choices, found, Message(Code::ChosenAsUsual, {rules.audioLanguages.join(QStringLiteral(", "))}));
 }
 
 /// The first subtitle for which \a fits holds; -1 when there is none.
@@ -78,16 +95,12 @@ int firstSubtitle(const QVector<TrackChoice>& choices, Fits fits)
 
 QString languageOfSound(const QVector<TrackChoice>& choices)
 {
-    const TrackChoice* first = nullptr;
     for (const TrackChoice& choice : choices) {
-        if (choice.track.kind != TrackKind::Audio)
-            continue;
-        if (choice.selected)
+        if (choice.track.kind == TrackKind::Audio && choice.selected)
             return choice.track.language;
-        if (!first || (choice.track.isDefault && !first->track.isDefault))
-            first = &choice;
     }
-    return first ? first->track.language : QString();
+    const int usual = usualSound(choices);
+    return usual < 0 ? QString() : choices.at(usual).track.language;
 }
 
 void chooseSubtitle(const TrackRules& rules, QVector<TrackChoice>& choices, Message* error)
@@ -268,7 +281,7 @@ QVector<Message> missingLanguages(const TrackRules& rules, const QVector<TrackCh
         for (const TrackChoice& choice : choices) {
             if (choice.track.kind != kind)
                 continue;
-            isChosen = isChosen || choice.selected;
+            isChosen = isChosen || (choice.selected && choice.why.code() != Code::ChosenAsUsual);
             if (!choice.track.language.isEmpty() && !there.contains(choice.track.language))
                 there.append(choice.track.language);
         }

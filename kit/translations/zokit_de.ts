@@ -1252,6 +1252,10 @@
         <translation>wegen der Sprache gewählt, %1</translation>
     </message>
     <message>
+        <source>chosen as the one that players take, since none is in %1</source>
+        <translation>gewählt, weil Abspielprogramme ihn nehmen und keiner auf %1 ist</translation>
+    </message>
+    <message>
         <source>chosen as forced subtitle</source>
         <translation>als erzwungener Untertitel gewählt</translation>
     </message>

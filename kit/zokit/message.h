@@ -53,6 +53,7 @@ public:
         MovedByRounding,  ///< 1: the address, 2: the value before, 3: after.
         ChosenByHand,
         ChosenByLanguage, ///< 1: the language.
+        ChosenAsUsual,    ///< 1: the languages, none of which the clip has.
         ChosenAsForced,
         ChosenAsSidecar,
         NoSuchTrack,  ///< 1: the stream number.

@@ -30,8 +30,10 @@ struct ZOKIT_EXPORT Track {
 
 /// By which rule tracks are chosen. Choosing by hand comes first, and says so.
 struct ZOKIT_EXPORT TrackRules {
-    QStringList audioLanguages;    ///< In order of preference; all tracks of the first language that the clip has.
-    QStringList subtitleLanguages; ///< In order; one track.
+    /// In order of preference; all tracks of the first language that the clip has. Where it has none of them, the track
+    /// that it marks as default, else its first.
+    QStringList audioLanguages;
+    QStringList subtitleLanguages; ///< In order; one track, and none where the clip has none of them.
     bool forcedSubtitles = false;  ///< A forced subtitle in the sound's language is chosen, else one without language.
     bool sidecars = false;         ///< Subtitle files of the clip's name beside it count as tracks.
     std::optional<QVector<int>> audioTracks; ///< By hand: stream numbers.

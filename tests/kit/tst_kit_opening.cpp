@@ -107,9 +107,10 @@ void TestKitOpening::tracksFollowTheRules_data()
         << QVector<bool>{false, true, false, false} << "";
     QTest::newRow("language that it lacks")
         << "audio-language" << QVariant(QStringList{key("ita")})
-        << QStringList{first, second, third, fourth,
+        << QStringList{key("track 1 (audio, fra, aac): chosen as the one that players take, since none is in ita"),
+                       second, third, fourth,
                        key("No audio track is in ita. Ask for a language that the clip has: fra, eng.")}
-        << QVector<bool>{false, false, false, false} << "";
+        << QVector<bool>{true, false, false, false} << "";
     QTest::newRow("track that is not there")
         << "audio-tracks" << QVariant(QVariantList{7}) << QStringList() << QVector<bool>{false, false, false, false}
         << "The clip has no such track 7. Choose one that it has.";
@@ -150,7 +151,7 @@ void TestKitOpening::rulesWrittenByHandChoose_data()
         << QByteArray(R"({"type": "Audio", "items": [{"selected": false, "values": {"trackid": 2}}]})")
         << QByteArray(R"("audio-language": ["eng"])") << QVector<bool>{false} << QStringList();
     QTest::newRow("a language that is not there")
-        << QByteArray() << QByteArray(R"("audio-language": ["ita"])") << QVector<bool>{false, false, false, false}
+        << QByteArray() << QByteArray(R"("audio-language": ["ita"])") << QVector<bool>{true, false, false, false}
         << QStringList{"No audio track is in ita. Ask for a language that the clip has: fra, eng."};
     QTest::newRow("a track that is not there")
         << QByteArray() << QByteArray(R"("audio-tracks": [9])") << QVector<bool>()

@@ -32,6 +32,7 @@ private slots:
     void choice_data();
     void choice();
     void forcedOnesOfNoLanguageSuitAnySound();
+    void usualSoundIsTheOneMarkedAsDefault();
     void missingLanguageIsTold_data();
     void missingLanguageIsTold();
     void everyTrackOfSoundAndSubtitlesIsListed();
@@ -113,7 +114,13 @@ QVector<Row> rows()
          [](TrackRules& r) { r.audioLanguages = QStringList{key("FR")}; },
          {key("2: chosen for its language, FR"), key("3: chosen for its language, FR")},
          ""},
-        {"a language that is not there", [](TrackRules& r) { r.audioLanguages = QStringList{key("deu")}; }, {}, ""},
+        {"a language that is not there",
+         [](TrackRules& r) {
+             r.audioLanguages = QStringList{key("deu"), key("ita")};
+             r.subtitleLanguages = r.audioLanguages;
+         },
+         {key("1: chosen as the one that players take, since none is in deu, ita")},
+         ""},
         {"one subtitle, not the forced one",
          [](TrackRules& r) {
              r.subtitleLanguages = QStringList{key("ita"), key("fra"), key("eng")};
@@ -247,6 +254,21 @@ void TestKitTracks::forcedOnesOfNoLanguageSuitAnySound()
     rules.sidecars = true;
     QCOMPARE(selected(zokit::chosenTracks(rules, italian, film, sidecars())),
              QStringList{key("film.forced.srt: chosen as forced subtitle")});
+}
+
+void TestKitTracks::usualSoundIsTheOneMarkedAsDefault()
+{
+    QVector<Track> french = tracks();
+    french[1].isDefault = false;
+    french[2].isDefault = true;
+    french[3].isDefault = true;
+    TrackRules rules;
+    rules.audioLanguages = QStringList{key("deu")};
+    QCOMPARE(selected(zokit::chosenTracks(rules, french, film, {})),
+             QStringList{key("2: chosen as the one that players take, since none is in deu")});
+    rules.audioLanguages.clear();
+    rules.forcedSubtitles = true;
+    QCOMPARE(selected(zokit::chosenTracks(rules, french, film, {})), QStringList{key("7: chosen as forced subtitle")});
 }
 
 void TestKitTracks::missingLanguageIsTold_data()
