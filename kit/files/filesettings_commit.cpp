@@ -4,6 +4,7 @@
 #include "filesettings_p.h"
 
 #include <algorithm>
+#include <utility>
 
 #include <QScopedValueRollback>
 
@@ -58,7 +59,7 @@ Message FileSettings::Private::become(const Settings& target, const Settings& pr
 
 Message FileSettings::Private::carryOut(const Changes& changes, QObject* asker)
 {
-    if (announcing || (refusals && *refusals > 0))
+    if (announcing || storing || (refusals && *refusals > 0))
         return Message(Code::Busy);
     if (changes.isEmpty())
         return Message();
@@ -74,7 +75,8 @@ void FileSettings::Private::announce(const Changes& changes, QObject* asker)
     emit q->aboutToChange(changes, asker);
 }
 
-/// Takes \a changes over, brings the models to \a forModels, those that are not there already, and tells.
+/// Takes \a changes over, brings the models to \a forModels, those that are not there already, and tells. Until all of
+/// them are told nothing else may be changed: the history would have that before them.
 void FileSettings::Private::store(const Changes& changes, QObject* asker, const Changes& forModels)
 {
     QMap<QString, QVector<Identity>> before;
@@ -83,15 +85,21 @@ void FileSettings::Private::store(const Changes& changes, QObject* asker, const 
         if (!type.isEmpty())
             before.insert(type, things.items(type));
     }
-    things.apply(changes);
-    if (models) {
-        models->setFrame(things.baseFrame());
-        if (!forModels.isEmpty())
-            models->follow(things, forModels);
+    {
+        const QScopedValueRollback<bool> busy(storing, true);
+        things.apply(changes);
+        if (models) {
+            models->setFrame(things.baseFrame());
+            if (!forModels.isEmpty())
+                models->follow(things, forModels);
+        }
+        for (auto it = before.cbegin(); it != before.cend(); ++it)
+            tellItems(it.key(), it.value(), things.items(it.key()));
     }
-    for (auto it = before.cbegin(); it != before.cend(); ++it)
-        tellItems(it.key(), it.value(), things.items(it.key()));
+    const bool isMore = std::exchange(modelsChanged, false); // Whoever listens may delete the file.
     emit q->changed(changes, asker);
+    if (isMore)
+        q->syncFromModels();
 }
 
 void FileSettings::Private::tellItems(const QString& type, const QVector<Identity>& before,
@@ -122,6 +130,10 @@ void FileSettings::syncFromModels()
 {
     if (!d->models)
         return;
+    if (d->storing) {
+        d->modelsChanged = true;
+        return;
+    }
     for (const QString& type : effectTypes()) {
         TypeSettings target = d->models->read(type);
         const TypeSettings known = d->things.typeSettings(type);

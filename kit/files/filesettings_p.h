@@ -66,6 +66,8 @@ public:
     Things things;
     std::unique_ptr<Projection> models; // Null as long as nobody has asked for them.
     bool announcing = false;
+    bool storing = false;
+    bool modelsChanged = false;    ///< Directly, while storing: it is taken in after that.
     const int* refusals = nullptr; ///< Of the project; above 0 it carries out what its history would not see edited.
 };
 

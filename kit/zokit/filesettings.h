@@ -49,9 +49,10 @@ enum class State {
 /// of the picture when the frame changes; saving a default changes no value of an open file; an image keeps its
 /// transparency, and a text has 96 dots an inch.
 ///
-/// A refused call changes nothing, sends nothing and answers with the sentence that check() gives. A listener may edit,
-/// but not before a change is made, and not while the history of the project undoes or redoes: that is refused as Busy.
-/// All calls are for the thread of the object.
+/// A refused call changes nothing, sends nothing and answers with the sentence that check() gives. A listener of
+/// changed() may edit. One of aboutToChange(), of the signals of items and of the models below may not, and none may
+/// while the history of the project undoes or redoes: that is refused as Busy. All calls are for the thread of the
+/// object.
 class ZOKIT_EXPORT FileSettings : public QObject {
     Q_OBJECT
 
@@ -164,7 +165,8 @@ public:
 
     ZoEffectModel* pictureModel() const; ///< Of the picture's types; made when first asked for, lives as long as this.
     ZoEffectModel* soundModel() const;   ///< Of the sound's types; as above.
-    /// Takes in what a host changed in the models without a signal. Changes that are announced are taken in at once.
+    /// Takes in what a host changed in the models without a signal. Changes that are announced are taken in at once, or
+    /// when changed() was sent of what is just being changed.
     void syncFromModels();
     /// @}
 
@@ -174,7 +176,7 @@ Q_SIGNALS:
     /// Sent once after an operation: all values that changed, old and new. \a asker is who called; the model itself for
     /// a change that was made on it directly.
     void changed(const zokit::Changes& changes, QObject* asker);
-    /// Sent with changed() when an item came, went or moved.
+    /// Sent before changed() when an item came, went or moved.
     void itemInserted(const QString& type, quint64 item, int pos);
     /// As above; \a pos is where it stood.
     void itemRemoved(const QString& type, quint64 item, int pos);

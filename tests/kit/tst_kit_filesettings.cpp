@@ -12,10 +12,12 @@
 #include <zoeffectmodel.h>
 
 #include <zokit/filesettings.h>
+#include <zokit/history.h>
 #include <zokit/placement.h>
 #include <zokit/project.h>
 
 #include "kitsupport.h"
+#include "randomedits.h"
 #include "testapplication.h"
 
 using namespace kitsupport;
@@ -59,6 +61,8 @@ private slots:
     void drawingChangesNoSetting();
     void callsInsideAnAnnouncementAreRefused_data();
     void callsInsideAnAnnouncementAreRefused();
+    void listenerCannotEditBeforeAChangeIsTold();
+    void directChangeBeforeAChangeIsToldIsTheNextStep();
 };
 
 void TestKitFileSettings::freshFileHoldsTheDefaults()
@@ -604,6 +608,60 @@ void TestKitFileSettings::callsInsideAnAnnouncementAreRefused()
     QVERIFY(file.setValue(color, key("bcs_contrast"), 5).isEmpty());
     QCOMPARE(answer.code(), Code::Busy);
     QVERIFY(file.settings() == expected);
+}
+
+namespace {
+
+void compareWithUndoAndRedoOfAll(const zokit::Project& project)
+{
+    const QByteArray after = stateOf(project);
+    project.history().goTo(1);
+    QCOMPARE(project.files().first()->everything().size(), zokit::Project().add(clip())->everything().size());
+    project.history().goTo(project.history().count());
+    QCOMPARE(stateOf(project), after);
+    project.history().goTo(0);
+    QVERIFY(project.files().isEmpty());
+}
+
+} // namespace
+
+void TestKitFileSettings::listenerCannotEditBeforeAChangeIsTold()
+{
+    zokit::Project project;
+    FileSettings* file = project.add(clip());
+    QVector<Code> answers;
+    const auto edit = [&] {
+        answers.append(
+            file->setValue(file->type(key("Color")), key("bcs_contrast"), static_cast<int>(answers.size()) + 1).code());
+    };
+    connect(file, &FileSettings::itemInserted, this, edit);
+    connect(file, &FileSettings::itemMoved, this, edit);
+    connect(file, &FileSettings::itemRemoved, this, edit);
+    connect(file->pictureModel(),
+            QOverload<const QString&, const QString&, const QVariant&, int>::of(&ZoEffectModel::effectDataChanged),
+            this, edit);
+    const Identity text = file->insert(key("Watermark"), {{key("wm_textcontent"), QStringLiteral("a")}}).item;
+    file->insert(key("Watermark"), {{key("wm_textcontent"), QStringLiteral("b")}});
+    file->move(text, 1);
+    file->remove(text);
+    QCOMPARE(answers.size(), 8); // Of the model and of the item each time.
+    QCOMPARE(answers, QVector<Code>(answers.size(), Code::Busy));
+    QCOMPARE(project.history().count(), 5);
+    compareWithUndoAndRedoOfAll(project);
+}
+
+void TestKitFileSettings::directChangeBeforeAChangeIsToldIsTheNextStep()
+{
+    zokit::Project project;
+    FileSettings* file = project.add(clip());
+    ZoEffectModel* model = file->pictureModel();
+    connect(file, &FileSettings::itemInserted, this,
+            [model] { model->setData(key("bcs_contrast"), 9, key("Color"), -1); });
+    file->insert(key("Watermark"), {{key("wm_textcontent"), QStringLiteral("a")}});
+    QCOMPARE(file->value(file->type(key("Color")), key("bcs_contrast")), QVariant(9));
+    QCOMPARE(project.history().count(), 3);
+    QCOMPARE(project.history().undoText().text(), QStringLiteral("change Contrast"));
+    compareWithUndoAndRedoOfAll(project);
 }
 
 ZOEFFECT_TEST_MAIN(TestKitFileSettings)
