@@ -38,7 +38,7 @@ zokit::Message chooseTracks(const Invocation& invocation, const zokit::Settings&
         console::warning(say(Say::RulesNotTaken, {probed.error}));
         return {};
     }
-    const zokit::RuledTracks ruled = zokit::tracksByRule(after, *probed.media);
+    const zokit::RuledTracks ruled = zokit::tracksByRule(after, *probed.media, before.tracks);
     for (const zokit::Message& missing : ruled.warnings)
         console::warning(missing.text(), after.media.file);
     after = ruled.settings;

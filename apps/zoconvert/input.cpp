@@ -37,10 +37,11 @@ ProbedInput probeInput(const QString& name, const Invocation& invocation)
 
 namespace {
 
-/// \a input with the tracks of its clip: those of the rules selected, each an item. The sentence says why not.
-QString chooseTracks(Input& input, const zokit::MediaInfo& media)
+/// \a input with the tracks of its clip: those of the rules selected, each an item. \a before: the rules that it had.
+/// The sentence says why not.
+QString chooseTracks(Input& input, const zokit::MediaInfo& media, const zokit::Values& before)
 {
-    const zokit::RuledTracks ruled = zokit::tracksByRule(input.settings->settings(), media);
+    const zokit::RuledTracks ruled = zokit::tracksByRule(input.settings->settings(), media, before);
     if (ruled.error.isEmpty())
         input.settings->setSettings(ruled.settings);
     for (const zokit::Message& missing : ruled.warnings)
@@ -132,7 +133,7 @@ void edit(Input& input, const Invocation& invocation)
             input.warnings.append(say(Say::RulesNotTaken, {probed.error}));
     }
     if (choosesTracks && input.media)
-        error = chooseTracks(input, *input.media);
+        error = chooseTracks(input, *input.media, rules);
     else if (error.isEmpty() && !input.error.isEmpty())
         return; // The rules of the settings ask for what is not there.
     input.error = named(input.name, error);

@@ -39,16 +39,19 @@ Media mediaOf(const MediaInfo& media)
     return {QFileInfo(media.file).absoluteFilePath(), picture ? picture->shown : QSize(0, 0), media.seconds};
 }
 
-RuledTracks ruled(const Settings& settings, const MediaInfo& media, NewTracks fresh)
+RuledTracks ruled(const Settings& settings, const MediaInfo& media, const Values& before, NewTracks fresh)
 {
     Message error;
     const std::optional<TrackRules> rules = trackRulesFrom(settings.tracks, &error);
     if (!rules)
         return {{}, settings, {}, error};
     const QString clip = settings.media.file;
-    const QVector<TrackChoice> choices = chosenTracks(*rules, media.tracks(), clip, sidecarsOf(clip), &error);
+    const QVector<TrackChoice> byRules = chosenTracks(*rules, media.tracks(), clip, sidecarsOf(clip), &error);
     if (!error.isEmpty())
         return {{}, settings, {}, error};
+    Settings present = settings;
+    present.tracks = before;
+    const QVector<TrackChoice> choices = withTicked(byRules, present, *rules);
     return {choices, withTracks(settings, choices, *rules, fresh), missingLanguages(*rules, choices), {}};
 }
 
@@ -80,7 +83,7 @@ QStringList mediaFilesIn(const QString& folder, bool recursive)
 
 Settings settingsOf(const MediaInfo& media)
 {
-    return ruled(FileSettings(mediaOf(media)).settings(), media, NewTracks::SavedDefaults).settings;
+    return ruled(FileSettings(mediaOf(media)).settings(), media, {}, NewTracks::SavedDefaults).settings;
 }
 
 QStringList RuledTracks::lines() const
@@ -93,9 +96,9 @@ QStringList RuledTracks::lines() const
     return texts;
 }
 
-RuledTracks tracksByRule(const Settings& settings, const MediaInfo& media)
+RuledTracks tracksByRule(const Settings& settings, const MediaInfo& media, const Values& before)
 {
-    return ruled(settings, media, NewTracks::CatalogueDefaults);
+    return ruled(settings, media, before, NewTracks::CatalogueDefaults);
 }
 
 Settings settingsFor(const Settings& settings, const MediaInfo& media, RuledTracks* tracks)

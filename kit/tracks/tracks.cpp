@@ -181,6 +181,14 @@ Values itemFor(const TrackChoice& choice)
     return values;
 }
 
+/// Whether \a rules say anything of tracks of \a kind.
+bool haveRule(const TrackRules& rules, TrackKind kind)
+{
+    if (kind == TrackKind::Audio)
+        return rules.audioTracks || !rules.audioLanguages.isEmpty();
+    return rules.subtitleTrack || !rules.subtitleLanguages.isEmpty() || rules.forcedSubtitles || rules.sidecars;
+}
+
 bool isThatTrack(const QString& type, const Item& item, const Values& which)
 {
     const bool isFile = suitOf(type, true, item.values) == Suit::FileTrack;
@@ -292,6 +300,23 @@ QVector<Message> missingLanguages(const TrackRules& rules, const QVector<TrackCh
     look(TrackKind::Audio, rules.audioLanguages, rules.audioTracks.has_value(), Code::NoSoundInLanguage);
     look(TrackKind::Subtitle, rules.subtitleLanguages, rules.subtitleTrack.has_value(), Code::NoSubtitleInLanguage);
     return missing;
+}
+
+QVector<TrackChoice> withTicked(const QVector<TrackChoice>& choices, const Settings& settings, const TrackRules& rules)
+{
+    const TrackRules before = trackRulesFrom(settings.tracks).value_or(TrackRules());
+    QVector<TrackChoice> result = choices;
+    for (int i = 0; i < result.size(); ++i) {
+        const TrackKind kind = result.at(i).track.kind;
+        const TypeSettings* type = settings.find(kind == TrackKind::Audio ? types::audio : types::subtitle);
+        if (!type || haveRule(rules, kind) || haveRule(before, kind))
+            continue;
+        const Values which = itemFor(result.at(i));
+        const auto isTicked = [&](const Item& item) { return item.selected && isThatTrack(type->type, item, which); };
+        if (std::any_of(type->items.cbegin(), type->items.cend(), isTicked))
+            choose(result, i, Message(Code::ChosenByHand));
+    }
+    return result;
 }
 
 Settings withTracks(const Settings& settings, const QVector<TrackChoice>& choices, const TrackRules& rules,

@@ -35,8 +35,9 @@ struct ZOKIT_EXPORT RuledTracks {
     QStringList lines() const;
 };
 /// The tracks of \a media by the rules that \a settings hold, to be shown before they are taken. Looks for subtitle
-/// files beside the clip.
-ZOKIT_EXPORT RuledTracks tracksByRule(const Settings& settings, const MediaInfo& media);
+/// files beside the clip. Tracks of a kind without a rule stay as they are, chosen by hand; not where a rule of
+/// \a before, which the settings had until now, may have chosen them.
+ZOKIT_EXPORT RuledTracks tracksByRule(const Settings& settings, const MediaInfo& media, const Values& before = {});
 
 /// \a settings, as a settings file had them, for their clip as it was found: rescaled where its frame has another size.
 /// Where they hold rules for tracks and name no track, as when a person wrote them, the rules choose; \a tracks, if

@@ -65,6 +65,12 @@ ZOKIT_EXPORT QVector<TrackChoice> chosenTracks(const TrackRules& rules, const QV
                                                const QString& clip, const QStringList& sidecars,
                                                Message* error = nullptr);
 
+/// \a choices, made by \a rules, with the tracks besides that \a settings have selected, chosen by hand: who ticks a
+/// track makes no rule. Not of a kind, sound or subtitles, of which \a rules say something, or the rules of \a
+/// settings, by which they were selected.
+ZOKIT_EXPORT QVector<TrackChoice> withTicked(const QVector<TrackChoice>& choices, const Settings& settings,
+                                             const TrackRules& rules);
+
 /// Languages that \a rules ask for and none of \a choices has, as sentences; nothing where tracks were chosen by hand,
 /// and for subtitles where another rule chose one.
 ZOKIT_EXPORT QVector<Message> missingLanguages(const TrackRules& rules, const QVector<TrackChoice>& choices);

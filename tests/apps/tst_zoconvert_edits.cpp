@@ -9,6 +9,7 @@
 #include <zokit/settingsfile.h>
 
 #include "edits.h"
+#include "input.h"
 #include "kitsupport.h"
 #include "run.h"
 #include "testapplication.h"
@@ -67,6 +68,8 @@ private Q_SLOTS:
     void cropsAreMeasuredInTheFrameThatIsThere();
     void settingsOfAnotherFrameAreRescaled();
     void filesAreNamedByTheirWholePath();
+    void tickedTracksStay_data();
+    void tickedTracksStay();
 };
 
 void TestZoconvertEdits::editsDoWhatTheySay_data()
@@ -242,6 +245,53 @@ void TestZoconvertEdits::filesAreNamedByTheirWholePath()
                           "Watermark:0:wm_imageurl: (none) -> " + logo, "Watermark:0:wm_imagewidth: (none) -> 40",
                           "Subtitle:0:file: (none) -> " + logo, "Subtitle:0:selected: (none) -> true",
                           "Subtitle:0:sub_fromfile: (none) -> true"}));
+}
+
+void TestZoconvertEdits::tickedTracksStay_data()
+{
+    QTest::addColumn<QString>("line");
+    QTest::addColumn<QString>("next");
+    QTest::addColumn<QString>("selected");
+    const auto row = [](const char* line, const char* next, const char* selected) {
+        QTest::newRow(line) << QString::fromUtf8(line) << QString::fromUtf8(next) << QString::fromUtf8(selected);
+    };
+    row("--set Audio:1:selected=true --subtitle-language eng", "", "Audio:1 Subtitle:0");
+    row("--subtitle-language eng --set Audio:1:selected=true", "", "Audio:1 Subtitle:0");
+    row("--subtitle-language eng", "--set Audio:1:selected=true --subtitle-track none", "Audio:1");
+    row("--audio-language fra", "--reset Tracks:audio-language", "");
+}
+
+void TestZoconvertEdits::tickedTracksStay()
+{
+    QFETCH(QString, line);
+    QFETCH(QString, next);
+    zokit::MediaInfo media;
+    const auto add = [&media](zokit::TrackKind kind, const char* language) {
+        zokit::MediaStream stream;
+        stream.track.index = static_cast<int>(media.streams.size());
+        stream.track.kind = kind;
+        stream.track.language = QString::fromLatin1(language);
+        media.streams.append(stream);
+    };
+    add(zokit::TrackKind::Audio, "eng");
+    add(zokit::TrackKind::Audio, "fra");
+    add(zokit::TrackKind::Subtitle, "eng");
+    zoconvert::Input input = zoconvert::inputOf(QStringLiteral("clip.mkv"), media);
+    for (const QString& edits : {line, next}) {
+        zoconvert::Invocation invocation;
+        invocation.edits = editsOf(edits);
+        zoconvert::edit(input, invocation);
+        QCOMPARE(input.error, QString());
+    }
+    QStringList selected;
+    for (const char* type : {"Audio", "Subtitle"}) {
+        const QVector<zokit::Item> items = input.settings->settings().find(QLatin1String(type))->items;
+        for (int pos = 0; pos < items.size(); ++pos) {
+            if (items.at(pos).selected)
+                selected.append(QStringLiteral("%1:%2").arg(QLatin1String(type)).arg(pos));
+        }
+    }
+    QTEST(selected.join(QLatin1Char(' ')), "selected");
 }
 
 ZOEFFECT_TEST_MAIN(TestZoconvertEdits)

@@ -42,6 +42,7 @@ private slots:
     void sidecarsOfAClip();
     void sidecarIsChosenByHand();
     void listIsWhatIsApplied();
+    void tickedTracksStay();
     void appliedTwiceIsOnce();
     void newTracksHaveTheDefaultsThatAreMeant();
     void rulesAreReadAndWritten();
@@ -456,6 +457,32 @@ void TestKitTracks::listIsWhatIsApplied()
                                            key("Subtitle 6 +"), key("Subtitle 7 -"), key("Subtitle /mine.srt +")}));
     QCOMPARE(settings.find(key("Subtitle"))->items.at(1).values.value(key("sub_fontsize")), QVariant(50));
     QCOMPARE(settings.tracks, Values({{key("subtitle-track"), key("6")}}));
+}
+
+void TestKitTracks::tickedTracksStay()
+{
+    Settings settings = zokit::withTracks(newFilm(), zokit::chosenTracks({}, tracks(), film, {}), {});
+    settings.find(key("Audio"))->items[1].selected = true;
+    TrackRules rules;
+    rules.subtitleLanguages = QStringList{key("eng")};
+    const auto choices = [&] {
+        return zokit::withTicked(zokit::chosenTracks(rules, tracks(), film, {}), settings, rules);
+    };
+    QCOMPARE(selected(choices()), QStringList({key("2: chosen by hand"), key("4: chosen for its language, eng")}));
+    QCOMPARE(items(zokit::withTracks(settings, choices(), rules)).mid(0, 4),
+             QStringList({key("Audio 1 -"), key("Audio 2 +"), key("Audio 3 -"), key("Subtitle 4 +")}));
+    // Where a rule chooses sound, or chose it, it is not taken for chosen by hand.
+    settings.tracks = {{key("audio-language"), key("fra")}};
+    QCOMPARE(selected(choices()), QStringList({key("4: chosen for its language, eng")}));
+    settings.tracks.clear();
+    rules.audioTracks = QVector<int>{};
+    QCOMPARE(selected(choices()), QStringList({key("4: chosen for its language, eng")}));
+    // Subtitles, too.
+    rules = {};
+    settings.find(key("Subtitle"))->items[2].selected = true;
+    QCOMPARE(selected(choices()), QStringList({key("2: chosen by hand"), key("6: chosen by hand")}));
+    rules.sidecars = true;
+    QCOMPARE(selected(choices()), QStringList({key("2: chosen by hand")}));
 }
 
 void TestKitTracks::appliedTwiceIsOnce()
