@@ -14,7 +14,7 @@ constexpr bool no = false;
 
 // clang-format off
 const QVector<Mapping> rows = {
-    {"Crop", "crop_minwidth",        yes, "A crop of which less is left in the frame is refused.", "tst_kit_graph::cropIsCutToTheFrame"},
+    {"Crop", "crop_minwidth",        yes, "A crop of which less is left in the frame is refused.", "tst_kit_graph::refusedGraphHasNoText"},
     {"Crop", "crop_minheight",       yes, "As crop_minwidth.", "tst_kit_graph::refusedGraphHasNoText"},
     {"Crop", "crop_left",            yes, "crop=W:H:L:T:exact=1, last but the size; cut to the frame.", "tst_kit_picture::cropIsExact"},
     {"Crop", "crop_top",             yes, "As crop_left.", "tst_kit_picture::cropIsExact"},
@@ -47,7 +47,7 @@ const QVector<Mapping> rows = {
     {"Subtitle", "sub_hposition",       no,  "Subtitles are centred; the value follows no frame.", ""},
     {"Subtitle", "sub_transparency",    yes, "Opacity (100 - transparency) * sub_transfactor of 255, cut off; drawn on a canvas of its own.", "tst_kit_picture::subtitleHasItsColour"},
     {"Subtitle", "sub_transfactor",     yes, "As sub_transparency.", "tst_kit_subtitlescript::softScriptHoldsItsTransparency"},
-    {"Subtitle", "sub_vposfactor",      yes, "By way of sub_vposition, which follows from it until it is set.", "tst_kit_subtitlescript::styleIsWritten"},
+    {"Subtitle", "sub_vposfactor",      yes, "The saved default, by way of sub_vposition: where a new subtitle begins.", "tst_kit_subtitlescript::newSubtitleBeginsWhereItWasSaved"},
     {"Subtitle", "sub_fontstyle",       yes, "Bold and Italic of the own script.", "tst_kit_subtitlescript::styleIsWritten"},
     {"Subtitle", "sub_fontcolor",       yes, "PrimaryColour of the own script.", "tst_kit_picture::subtitleHasItsColour"},
     {"Subtitle", "sub_framecolor",      yes, "OutlineColour of the own script; the outline is a 16th of the size, at least a pixel.", "tst_kit_subtitlescript::styleIsWritten"},
@@ -60,10 +60,10 @@ const QVector<Mapping> rows = {
     {"Subtitle", "trackid",             yes, "The stream that is meant; the first selected item counts.", "tst_kit_subtitlescript::trackIsBurnedInOrSoft"},
     {"Subtitle", "dvdsubtitleposeditbyuser", no, "It says whether sub_vposition follows the frame; what comes out follows from that.", ""},
 
-    {"Audio", "play_loop",       yes, "The file begins again until the picture ends.", ""},
-    {"Audio", "audio_isfile",    yes, "The track comes from a file beside the clip.", ""},
-    {"Audio", "file",            yes, "That file.", ""},
-    {"Audio", "trackid",         yes, "The stream of the clip; selected tracks come first, in the order of the list.", ""},
+    {"Audio", "play_loop",       yes, "The file begins again until the picture ends.", "tst_kit_conversion::chosenSoundsComeOut"},
+    {"Audio", "audio_isfile",    yes, "The track comes from a file beside the clip.", "tst_kit_conversion::chosenSoundsComeOut"},
+    {"Audio", "file",            yes, "That file.", "tst_kit_conversion::chosenSoundsComeOut"},
+    {"Audio", "trackid",         yes, "The stream of the clip; selected tracks come first, in the order of the list.", "tst_kit_conversion::chosenSoundsComeOut"},
     {"Audio", "_playmeineffect", no,  "It says which track a preview plays.", ""},
 
     {"Color", "bcs_brightness", yes, "lutyuv: luma plus brightness/100 of the scale.", "tst_kit_picture::colourChangesLevels"},
@@ -90,10 +90,10 @@ const QVector<Mapping> rows = {
     {"Audio_BandPass", "audio_bandpass_steepness", yes, "Bands: a quality of 0.5 * 20^(s/100). Passes: one pole below 25, one section below 75, else two.", "tst_kit_sound::bandPassHasItsGains"},
 
     {"Audio_Chorus", "audio_effect_flag",    yes, "The effect is applied.", "tst_kit_sound::unusedEffectsLeaveTheSound"},
-    {"Audio_Chorus", "audio_chorus_gainin",  yes, "Percent; the sound itself comes out gain in times gain out.", "tst_kit_sound::chorusHasItsDelay"},
-    {"Audio_Chorus", "audio_chorus_gainout", yes, "Percent, of both voices.", "tst_kit_sound::chorusHasItsDelay"},
+    {"Audio_Chorus", "audio_chorus_gainin",  yes, "Percent; the sound itself comes out gain in times gain out.", "tst_kit_sound::textOfTheFilters"},
+    {"Audio_Chorus", "audio_chorus_gainout", yes, "Percent, of both voices.", "tst_kit_sound::textOfTheFilters"},
     {"Audio_Chorus", "audio_chorus_delay",   yes, "Milliseconds: adelay and vibrato.", "tst_kit_sound::chorusHasItsDelay"},
-    {"Audio_Chorus", "audio_chorus_decay",   yes, "Percent; the second voice comes out decay times gain out.", "tst_kit_sound::chorusHasItsDelay"},
+    {"Audio_Chorus", "audio_chorus_decay",   yes, "Percent; the second voice comes out decay times gain out.", "tst_kit_sound::textOfTheFilters"},
 
     {"Audio_Flanger", "audio_effect_flag",     yes, "The effect is applied.", "tst_kit_sound::unusedEffectsLeaveTheSound"},
     {"Audio_Flanger", "audio_flanger_gainin",  yes, "Percent: volume before.", "tst_kit_sound::textOfTheFilters"},

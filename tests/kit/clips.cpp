@@ -97,6 +97,7 @@ constexpr Recipe recipes[] = {
     {"languages.mkv",    "-i {plain.mp4} -f srt -i {text.srt} -map 0:v -map 0:a -map 0:a -map 1 -map 1 -c copy -c:s:1 ass "
                          "-metadata:s:a:0 language=fra -metadata:s:a:0 title=Original -metadata:s:a:1 language=eng -metadata:s:s:0 language=ger "
                          "-disposition:a:0 default -disposition:a:1 comment -disposition:s:0 forced -disposition:s:1 hearing_impaired"},
+    {"two-sounds.mka",   "-f lavfi -i sine=440:d=0.3 -f lavfi -i sine=880:d=0.3 -map 0 -map 1 -c:a pcm_s16le"},
     {"graphic.mkv",      "-i {plain.mp4} -f sup -i {graphic.sup} -map 0 -map 1 -c copy"},
     {"dvdsub.mkv",       "-i {plain.mp4} -f sup -i {graphic.sup} -map 0 -map 1 -c copy -c:s dvdsub"},
     {"cover-and-font.mkv", "-i {plain.mp4} -c copy -attach {still.jpg} -metadata:s:t:0 mimetype=image/jpeg -metadata:s:t:0 filename=cover.jpg "
@@ -114,6 +115,10 @@ constexpr Recipe recipes[] = {
     {"uneven.mp4",       "-i {uneven.mkv} -map 0 -c copy"},
     {"rare.mp4",         "-f lavfi -i testsrc2=s=160x120:r=30:d=2.1 -vf select=lt(n\\,3)+eq(n\\,30)+eq(n\\,60) -fps_mode vfr -bf 0 " X264},
     {"late-sound.mkv",   PICTURE "-itsoffset 0.2 -f lavfi -i sine=d=0.2 -c:v ffv1 -pix_fmt yuv420p -c:a pcm_s16le"},
+    {"two-sounds.mkv",   "-f lavfi -i testsrc2=s=64x48:r=5:d=3 -f lavfi -i aevalsrc=1/16:s=8000:d=3 -f lavfi -i aevalsrc=1/8:s=8000:d=3 "
+                         "-map 0 -map 1 -map 2 -c:v ffv1 -pix_fmt yuv420p -c:a pcm_s16le"},
+    {"rising.wav",       "-f lavfi -i aevalsrc=t:s=8000:d=1"}, // Sample N is 4.096 N.
+    {"deep.wav",         "-f lavfi -i aevalsrc=-1/2:s=8000:d=1"},
     {"talking.mkv",      "-f lavfi -i testsrc2=s=160x120:r=25:d=2 -f srt -i {talk.srt} " X264 "-c:s srt"},
     {"late-picture.mkv", "-itsoffset 0.5 -i {silent.mkv} -i {sound.wav} -map 0 -map 1 -c:v copy"},
     {"streamed.mkv",     "-i {plain.mp4} -c copy -seekable 0"}, // No length in it, as written to a pipe.

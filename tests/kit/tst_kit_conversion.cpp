@@ -12,6 +12,7 @@
 #include <QSignalSpy>
 #include <QSysInfo>
 #include <QTemporaryDir>
+#include <QtEndian>
 #include <QtTest>
 
 #include <zokit/conversion.h>
@@ -33,7 +34,7 @@ namespace {
 
 constexpr int patience = 60000; // Milliseconds; only a hang takes so long.
 
-using Edits = QMap<QString, QVariant>; // By address; "Watermark" inserts an item with these values.
+using Edits = QMap<QString, QVariant>; // By address; "Watermark" inserts items with these values.
 
 zokit::Settings settingsFor(const MediaInfo& media, const Edits& edits)
 {
@@ -43,10 +44,14 @@ zokit::Settings settingsFor(const MediaInfo& media, const Edits& edits)
     known.seconds = media.seconds;
     FileSettings file(known);
     for (auto it = edits.cbegin(); it != edits.cend(); ++it) {
-        if (it.value().userType() == QMetaType::QVariantMap) {
-            const FileSettings::Inserted made = file.insert(it.key(), it.value().toMap());
-            if (made.item == 0)
-                qWarning("%s: %s", qPrintable(it.key()), qPrintable(made.error.text()));
+        if (!it.key().contains(QLatin1Char(':'))) {
+            const bool isOne = it.value().userType() == QMetaType::QVariantMap;
+            const QVariantList items = isOne ? QVariantList{it.value()} : it.value().toList();
+            for (const QVariant& item : items) {
+                const FileSettings::Inserted made = file.insert(it.key(), item.toMap());
+                if (made.item == 0)
+                    qWarning("%s: %s", qPrintable(it.key()), qPrintable(made.error.text()));
+            }
             continue;
         }
         const zokit::ReadAddress address = zokit::readAddress(it.key());
@@ -124,6 +129,8 @@ private Q_SLOTS:
     }
     void tracksFollow_data();
     void tracksFollow();
+    void chosenSoundsComeOut_data();
+    void chosenSoundsComeOut();
     void lineOfATrack_data();
     void lineOfATrack();
     void timesAreKept_data();
@@ -238,6 +245,57 @@ void TestKitConversion::tracksFollow()
     QVERIFY2(converted.result.outcome == Outcome::Done, qPrintable(said(converted.result)));
     QTEST(codecs(converted.media), "expected");
     QCOMPARE(converted.left, QStringList());
+    QVERIFY(QFile::remove(output));
+}
+
+void TestKitConversion::chosenSoundsComeOut_data()
+{
+    QTest::addColumn<QVariantList>("sounds"); // Items of "Audio".
+    QTest::addColumn<QString>("tracks");
+    QTest::addColumn<QString>("first"); // How many samples the first sound has, and those at 0.5, 1.25 and 2.75 s.
+
+    const auto file = [](const char* name, bool loops) {
+        return QVariantMap{{QStringLiteral("audio_isfile"), true},
+                           {QStringLiteral("play_loop"), loops},
+                           {QStringLiteral("file"), clips::clip(QString::fromLatin1(name))}};
+    };
+    const QVariantMap one{{QStringLiteral("trackid"), 1}};
+    const QVariantMap two{{QStringLiteral("trackid"), 2}};
+    QTest::newRow("none") << QVariantList() << "ffv1 flac flac"
+                          << "24000: 2048 2048 2048";
+    QTest::newRow("the second track") << QVariantList{two} << "ffv1 flac pcm_s16le"
+                                      << "24000: 4096 4096 4096";
+    QTest::newRow("the first behind the second") << QVariantList{two, one} << "ffv1 flac flac"
+                                                 << "24000: 4096 4096 4096";
+    QTest::newRow("a file") << QVariantList{file("rising.wav", false)} << "ffv1 flac pcm_s16le pcm_s16le"
+                            << "8000: 16384";
+    QTest::newRow("another file") << QVariantList{file("deep.wav", false), one} << "ffv1 flac flac pcm_s16le"
+                                  << "8000: -16384";
+    QTest::newRow("a file that begins again")
+        << QVariantList{file("rising.wav", true)} << "ffv1 flac pcm_s16le pcm_s16le"
+        << "24000: 16384 8192 24576";
+}
+
+void TestKitConversion::chosenSoundsComeOut()
+{
+    QFETCH(QVariantList, sounds);
+    const QString output = path(QStringLiteral("result.mkv"));
+    QFile::remove(output);
+    const Converted converted = convert(
+        clips::clip(QStringLiteral("two-sounds.mkv")),
+        {{QStringLiteral("Audio"), sounds}, {QStringLiteral("Output:audio-codec"), QStringLiteral("flac")}}, output);
+    QVERIFY2(converted.result.outcome == Outcome::Done, qPrintable(said(converted.result)));
+    QTEST(codecs(converted.media), "tracks");
+    zokit::Command command;
+    command.program = zokit::findTools().ffmpeg;
+    command.arguments = QStringLiteral("-v error -i %1 -map 0:a:0 -f s16le pipe:1").arg(output).split(QLatin1Char(' '));
+    const QByteArray bytes = zokit::run(command).output;
+    QString first = QStringLiteral("%1:").arg(bytes.size() / 2);
+    for (const int sample : {4000, 10000, 22000}) {
+        if (2 * sample < bytes.size())
+            first += QStringLiteral(" %1").arg(qFromLittleEndian<qint16>(bytes.constData() + 2 * sample));
+    }
+    QTEST(first, "first");
     QVERIFY(QFile::remove(output));
 }
 

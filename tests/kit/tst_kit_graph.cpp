@@ -422,6 +422,22 @@ void TestKitGraph::refusedGraphHasNoText_data()
         << withCrop(hd, QRect(1270, 0, 400, 300))
         << "10x300 of the frame of 1280x720 is left of the crop. At least 24x24 is needed: move it into the frame or "
            "make it larger.";
+    QTest::newRow("crop below the frame")
+        << withCrop(hd, QRect(0, 710, 400, 300))
+        << "400x10 of the frame of 1280x720 is left of the crop. At least 24x24 is needed: move it into the frame or "
+           "make it larger.";
+    Settings strict = withCrop(hd, QRect(0, 0, 400, 300));
+    set(strict, "Crop", "crop_minwidth", 401);
+    QTest::newRow("crop narrower than it may be")
+        << strict
+        << "400x300 of the frame of 1280x720 is left of the crop. At least 401x24 is needed: move it into the frame or "
+           "make it larger.";
+    strict = withCrop(hd, QRect(0, 0, 400, 300));
+    set(strict, "Crop", "crop_minheight", 301);
+    QTest::newRow("crop lower than it may be")
+        << strict
+        << "400x300 of the frame of 1280x720 is left of the crop. At least 24x301 is needed: move it into the frame or "
+           "make it larger.";
     QTest::newRow("odd exact size")
         << withOutput(plain(hd), "size", QStringLiteral("201x200,exact"))
         << "201x200: with yuv420p width and height have to be even. Take another size, or a pixel format like yuv444p.";
@@ -469,6 +485,8 @@ void TestKitGraph::cropIsCutToTheFrame_data()
     QTest::newRow("no size") << QRect(0, 0, 0, 0) << true << QRect();
     QTest::newRow("too little left") << QRect(1257, 0, 400, 300) << true << QRect();
     QTest::newRow("just enough left") << QRect(1256, 0, 400, 300) << true << QRect(1256, 0, 24, 300);
+    QTest::newRow("too little above") << QRect(0, 697, 400, 300) << true << QRect();
+    QTest::newRow("just enough above") << QRect(0, 696, 400, 300) << true << QRect(0, 696, 400, 24);
 }
 
 void TestKitGraph::cropIsCutToTheFrame()

@@ -5,6 +5,9 @@
 #include <QFont>
 #include <QtTest>
 
+#include <zoeffectitemdefaultvalmgr.h>
+
+#include <zokit/filesettings.h>
 #include <zokit/subtitlescript.h>
 
 #include "graphsupport.h"
@@ -95,6 +98,7 @@ private slots:
     void wholeScriptIsWritten();
     void styleIsWritten_data();
     void styleIsWritten();
+    void newSubtitleBeginsWhereItWasSaved();
     void eventsAreTakenOver_data();
     void eventsAreTakenOver();
     void linesStandApart();
@@ -159,6 +163,15 @@ void TestKitSubtitleScript::styleIsWritten()
     QFETCH(const Values, style);
     QFETCH(const QString, name);
     QTEST(styleField(written(saying("H"), style), name.toLatin1().constData()), "value");
+}
+
+void TestKitSubtitleScript::newSubtitleBeginsWhereItWasSaved()
+{
+    ZoEffectItemDefaultValMgr::getInstance()->saveAsCustomDefaultVal(key("Subtitle"), {{key("sub_vposfactor"), 0.5}});
+    zokit::FileSettings file(kitsupport::clip());
+    const zokit::Identity track = file.insert(key("Subtitle"), {{key("trackid"), 1}}).item;
+    kitsupport::clearSavedDefaults();
+    QCOMPARE(styleField(written(saying("H"), file.values(track)), "MarginV"), QStringLiteral("360"));
 }
 
 void TestKitSubtitleScript::eventsAreTakenOver_data()
