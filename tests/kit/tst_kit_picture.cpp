@@ -3,6 +3,7 @@
 
 // What the real ffmpeg makes of pictures by the graphs of the kit.
 
+#include <algorithm>
 #include <cmath>
 
 #include <QColor>
@@ -32,7 +33,20 @@ using zokit::GraphParts;
 using zokit::MediaInfo;
 using zokit::Settings;
 
+namespace {
+
+/// What a sample of a plane is to be.
+struct Pixel {
+    int plane;
+    QPoint place;
+    int value;
+    int range = 0; ///< How far beside it is right, too.
+};
+
+} // namespace
+
 Q_DECLARE_METATYPE(zokit::Values)
+Q_DECLARE_METATYPE(Pixel)
 
 namespace {
 
@@ -113,6 +127,9 @@ private slots:
     void fullRangeStaysFullRange();
     void effectChangesLevels_data();
     void effectChangesLevels();
+    void effectHasItsPixels_data();
+    void effectHasItsPixels();
+    void noiseIsAsStrongAsItSays();
     void effectMovesPixels();
     void effectsRunAtEveryDepth_data();
     void effectsRunAtEveryDepth();
@@ -272,6 +289,111 @@ void TestKitPicture::effectChangesLevels()
     const Frame out = filtered(settings, clip(small), patched({16, 64, 128, 180, 235}, 100, 160));
     QCOMPARE(patches(out, 0), luma);
     QCOMPARE((QVector<int>{out.at(1, 40, 30), out.at(2, 40, 30)}), colours);
+}
+
+void TestKitPicture::effectHasItsPixels_data()
+{
+    QTest::addColumn<QVector<int>>("luma"); // Of the patches, with colours of 100 and 160; empty: the pattern.
+    QTest::addColumn<QVector<Pixel>>("pixels");
+
+    const QVector<int> step{100, 100, 120, 120, 120}; // From column 64 on it is lighter.
+    const QVector<int> flat(5, 100);
+    const QVector<int> light(5, 202);
+    const QVector<Pixel> sameColours{{1, {40, 30}, 100}, {2, {40, 30}, 160}};
+    // Column 63: -3 * 100 + 100 + 3 * 120; column 64: -3 * 100 + 4 * 120.
+    QTest::newRow("Emboss") << step
+                            << QVector<Pixel>{{0, {20, 60}, 100},
+                                              {0, {63, 60}, 160},
+                                              {0, {64, 60}, 180},
+                                              {0, {100, 60}, 120}}
+                                   + sameColours;
+    // Four times the step on both sides of it; black elsewhere.
+    QTest::newRow("Edge") << step
+                          << QVector<Pixel>{
+                                 {0, {20, 60}, 16}, {0, {63, 60}, 80}, {0, {64, 60}, 80}, {1, {40, 30}, 128}};
+    // Twice itself without the mean by 1, 4, 6, 4, 1 sixteenths: 101, 106, 114, 119.
+    QTest::newRow("Sharpen") << step
+                             << QVector<Pixel>{{0, {61, 60}, 100}, {0, {62, 60}, 99},  {0, {63, 60}, 94},
+                                               {0, {64, 60}, 126}, {0, {65, 60}, 121}, {0, {66, 60}, 120}}
+                                    + sameColours;
+    // The fourth power of the cosine of an eighth of a circle in the corner, 100 pixels from the middle: a quarter.
+    // Colours come nearer to 127.
+    QTest::newRow("Vignette") << light
+                              << QVector<Pixel>{{0, {80, 60}, 202}, {0, {120, 90}, 147}, {0, {0, 60}, 86},
+                                                {0, {0, 0}, 50},    {1, {0, 0}, 120},    {2, {0, 0}, 135}}
+                                     + sameColours;
+    // Colours of 110 and 146, seven levels of noise in both directions, and the vignette.
+    QTest::newRow("Old Film") << light
+                              << QVector<Pixel>{{0, {80, 60}, 202, 7}, {0, {120, 90}, 147, 5}, {0, {0, 0}, 50, 2},
+                                                {1, {40, 30}, 110},    {2, {40, 30}, 146},     {1, {0, 0}, 122},
+                                                {2, {0, 0}, 131}};
+    // What was 30 and 40 pixels from the middle, half of the way to the corner, was 1.08125 times as far.
+    QTest::newRow("Fisheye") << QVector<int>()
+                             << QVector<Pixel>{{0, {80, 60}, 182},   // Of the same place.
+                                               {0, {110, 100}, 143}, // Of (112, 103).
+                                               {0, {50, 20}, 183},   // Of (48, 17).
+                                               {0, {0, 0}, 16}};     // Of none.
+    // 100 on 100: 255 - 155 * 155 / 255 is 161; four tenths of the way there.
+    QTest::newRow("Glow") << flat << QVector<Pixel>{{0, {80, 60}, 124}} + sameColours;
+    // Two of 20 columns and of 15 rows are half white: 127 / 255 of the way from 100 to 235.
+    QTest::newRow("Grid") << flat << QVector<Pixel>{{0, {19, 8}, 100},  {0, {20, 8}, 167},  {0, {21, 8}, 167},
+                                                    {0, {22, 8}, 100},  {0, {10, 14}, 100}, {0, {10, 15}, 167},
+                                                    {0, {10, 16}, 167}, {0, {10, 17}, 100}, {0, {140, 105}, 167}};
+}
+
+void TestKitPicture::effectHasItsPixels()
+{
+    QFETCH(const QVector<int>, luma);
+    QFETCH(const QVector<Pixel>, pixels);
+    Settings settings = plain(small);
+    useEffect(settings, QString::fromLatin1(QTest::currentDataTag()));
+    const Frame out = filtered(settings, clip(small), luma.isEmpty() ? pattern(small) : patched(luma, 100, 160));
+    for (const Pixel& pixel : pixels) {
+        const int value = out.at(pixel.plane, pixel.place.x(), pixel.place.y());
+        const QString found = QStringLiteral("%1 instead of %2 at (%3, %4) of plane %5")
+                                  .arg(value)
+                                  .arg(pixel.value)
+                                  .arg(pixel.place.x())
+                                  .arg(pixel.place.y())
+                                  .arg(pixel.plane);
+        QVERIFY2(std::abs(value - pixel.value) <= pixel.range, qPrintable(found));
+    }
+}
+
+void TestKitPicture::noiseIsAsStrongAsItSays()
+{
+    Settings settings = plain(small);
+    useEffect(settings, QStringLiteral("Noise"));
+    const Frame out = filtered(settings, clip(small), patched(QVector<int>(5, 128), 128, 128));
+    for (int plane = 0; plane < 3; ++plane) {
+        const QSize size = out.planeSize(plane);
+        double sum = 0;
+        double squares = 0;
+        for (int i = 0; i < size.width() * size.height(); ++i) {
+            const int off = out.at(plane, i % size.width(), i / size.width()) - 128;
+            sum += off;
+            squares += off * off;
+        }
+        const double count = double(size.width()) * size.height();
+        QVERIFY2(std::abs(sum / count) < 1, QByteArray::number(sum / count));
+        // 20 divided by the root of 3, of which each sample loses what is behind the point.
+        const double deviation = std::sqrt(squares / count);
+        QVERIFY2(std::abs(deviation - 11.15) < 0.7, QByteArray::number(deviation));
+    }
+
+    // Up to seven levels in both directions, in the middle, of which the vignette takes less than one.
+    Settings film = plain(small);
+    useEffect(film, QStringLiteral("Old Film"));
+    const Frame old = filtered(film, clip(small), patched(QVector<int>(5, 202), 128, 128));
+    int lowest = 255;
+    int highest = 0;
+    for (int i = 0; i < 64; ++i) {
+        const int value = old.at(0, 76 + i % 8, 56 + i / 8);
+        lowest = std::min(lowest, value);
+        highest = std::max(highest, value);
+    }
+    QVERIFY2(lowest >= 194 && lowest <= 196, QByteArray::number(lowest));
+    QVERIFY2(highest >= 207 && highest <= 209, QByteArray::number(highest));
 }
 
 void TestKitPicture::effectMovesPixels()
