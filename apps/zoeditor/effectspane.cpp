@@ -17,6 +17,7 @@
 
 #include <zokit/filesettings.h>
 #include <zokit/settingsmodel.h>
+#include <zokit/tracks.h>
 
 #include "actions.h"
 #include "session.h"
@@ -189,7 +190,8 @@ void EffectsPane::connectActions(const Actions& actions)
                    {{QStringLiteral("wm_istextwatermark"), false}}, QStringLiteral("wm_imageurl"));
     });
     on("addSubtitle", [this] {
-        insertFile(QStringLiteral("Subtitle"), tr("Add a subtitle file"), tr("Subtitles (*.srt *.ass *.ssa *.vtt)"),
+        const QString endings = QLatin1String("*.") + zokit::subtitleEndings().join(QLatin1String(" *."));
+        insertFile(QStringLiteral("Subtitle"), tr("Add a subtitle file"), tr("Subtitles (%1)").arg(endings),
                    {{QStringLiteral("sub_fromfile"), true}}, QStringLiteral("file"));
     });
     on("addSound", [this] {
@@ -249,9 +251,8 @@ void EffectsPane::insert(const QString& type, const zokit::Values& values)
 void EffectsPane::insertFile(const QString& type, const QString& title, const QString& endings,
                              const zokit::Values& values, const QString& key)
 {
-    const zokit::FileSettings* file = m_session->current();
     const QString path = QFileDialog::getOpenFileName(this, title, QString(), endings);
-    if (path.isEmpty() || m_session->current() != file) // One that was read may be current now.
+    if (path.isEmpty())
         return;
     zokit::Values all = values;
     all.insert(key, path);

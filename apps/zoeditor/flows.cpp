@@ -75,6 +75,7 @@ void Flows::makeQueue()
     const auto guard = [this] { m_sleep->hold(m_session->queue().isRunning()); };
     connect(&m_session->queue(), &zokit::Queue::stateChanged, this, guard);
     connect(&m_session->queue(), &zokit::Queue::finished, this, guard);
+    guard(); // Another window was there when it began.
 }
 
 void Flows::update()

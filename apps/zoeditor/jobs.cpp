@@ -119,10 +119,14 @@ AddedJobs addTo(zokit::Queue* queue, const QVector<zokit::Job>& jobs)
             const zokit::RowState state = queue->state(row);
             if (queue->job(row).input != job.input || queue->job(row).output != job.output)
                 continue;
-            if (state == zokit::RowState::Interrupted)
+            const zokit::Job& there = queue->job(row);
+            const bool isSame =
+                there.settings == job.settings && there.replaces == job.replaces && there.skips == job.skips;
+            if (state == zokit::RowState::Interrupted || (state == zokit::RowState::Waiting && !isSame))
                 queue->remove(row);
-            isThere = isThere || state == zokit::RowState::Waiting || state == zokit::RowState::Running
-                      || state == zokit::RowState::Paused;
+            else
+                isThere = isThere || state == zokit::RowState::Waiting || state == zokit::RowState::Running
+                          || state == zokit::RowState::Paused;
         }
         if (isThere) {
             added.known.append(shownName(job.input));

@@ -36,7 +36,7 @@ struct AddedJobs {
     QStringList known; ///< Names of clips that have such a row already, and got none.
 };
 /// Adds \a jobs to \a queue. A clip whose row for the same result waits or runs gets no second one; a row that was
-/// interrupted gives way.
+/// interrupted gives way, and so does one that waits with other settings.
 AddedJobs addTo(zokit::Queue* queue, const QVector<zokit::Job>& jobs);
 
 /// What \a message says, with the remedies that the editor has where those of a command line are others.

@@ -195,8 +195,19 @@ void Panel::set(const QString& key, const QVariant& value)
     zokit::FileSettings* file = m_session->current();
     if (!file)
         return;
+    const zokit::Settings before = file->settings();
+    const bool isRule = m_thing == file->tracks();
+    if (isRule) // The rule and what it chooses are one step.
+        m_session->history().beginGesture(
+            Message(Message::Code::StepChange, {m_rows.value(key).control->field()->accessibleName()}));
     const bool isFreed = key == anchorKey && !value.isValid();
     m_isTaken = m_session->take(isFreed ? file->reset(m_thing, key, this) : file->setValue(m_thing, key, value, this));
+    if (isRule) {
+        zokit::Settings after = file->settings();
+        if (m_isTaken && m_session->take(m_session->chooseTracks(before, after)))
+            m_isTaken = m_session->take(file->setSettings(after, this));
+        m_session->history().endGesture();
+    }
     if (!m_isTaken)
         m_rows.value(key).control->setValue(file->value(m_thing, key));
 }

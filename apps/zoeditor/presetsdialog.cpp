@@ -14,10 +14,12 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
+#include <zokit/carryover.h>
 #include <zokit/differences.h>
 
 #include "buttons.h"
@@ -86,7 +88,7 @@ QWidget* PresetsDialog::makeList()
 
     connect(m_list, &QListWidget::currentRowChanged, this, &PresetsDialog::update);
     connect(m_layOver, &QPushButton::clicked, this, &PresetsDialog::layOver);
-    connect(m_remove, &QPushButton::clicked, this, [this] { take(m_presets.remove(chosen()), QString()); });
+    connect(m_remove, &QPushButton::clicked, this, &PresetsDialog::remove);
     const QString filter = tr("Presets (*.zoeffect.json)");
     connect(import, &QPushButton::clicked, this, [this, filter] {
         importFiles(QFileDialog::getOpenFileNames(this, tr("Import presets"), QString(), filter));
@@ -152,19 +154,20 @@ void PresetsDialog::update()
     const bool isChosen = !chosen().isEmpty();
     const bool hasName = !m_name->text().isEmpty();
     m_differences->clear();
-    bool isReadable = false;
+    Message refused;
     if (isChosen && file) {
         const zokit::Presets::Loaded loaded = m_presets.load(chosen());
-        isReadable = loaded.error.isEmpty();
-        const zokit::Settings before = file->settings();
-        if (isReadable) {
-            m_differences->add(zokit::differences(before, zokit::carriedOver(loaded.preset, before, {})));
-        } else {
-            m_problem->setText(loaded.error.text());
-            m_problem->show();
+        const zokit::CarryOver carry = zokit::carryOfPreset(loaded.preset);
+        refused = loaded.error.isEmpty() ? zokit::checkCarryOver(loaded.preset, carry) : loaded.error;
+        if (refused.isEmpty()) {
+            const zokit::Settings before = file->settings();
+            zokit::Settings after = zokit::carriedOver(loaded.preset, before, carry);
+            refused = m_session->chooseTracks(before, after);
+            m_differences->add(zokit::differences(before, after));
         }
     }
-    m_layOver->setEnabled(isReadable);
+    tell(refused);
+    m_layOver->setEnabled(isChosen && file && refused.isEmpty());
     for (QPushButton* button : {m_remove, m_export})
         button->setEnabled(isChosen);
     m_rename->setEnabled(isChosen && hasName);
@@ -174,10 +177,30 @@ void PresetsDialog::update()
 void PresetsDialog::layOver()
 {
     const zokit::Presets::Loaded loaded = m_presets.load(chosen());
+    const auto chooseTracks = [this](const zokit::Settings& before, zokit::Settings& after) {
+        return m_session->chooseTracks(before, after);
+    };
     const Message refused = loaded.error.isEmpty()
-                                ? m_session->project().apply(loaded.preset, m_session->selected(), {}, this)
+                                ? m_session->project().apply(loaded.preset, m_session->selected(),
+                                                             zokit::carryOfPreset(loaded.preset), this, chooseTracks)
                                 : loaded.error;
     take(refused, chosen());
+}
+
+/// Asks before: the history of the files does not bring it back.
+void PresetsDialog::remove()
+{
+    QMessageBox question(QMessageBox::Question, tr("Remove a preset"),
+                         tr("Remove the preset %1? This cannot be undone.").arg(chosen()), QMessageBox::NoButton, this);
+    question.setObjectName(QStringLiteral("removeQuestion"));
+    QPushButton* removing = question.addButton(tr("Remove"), QMessageBox::DestructiveRole);
+    removing->setObjectName(QStringLiteral("remove"));
+    QPushButton* keeping = question.addButton(tr("Keep"), QMessageBox::RejectRole);
+    keeping->setObjectName(QStringLiteral("keep"));
+    question.setDefaultButton(keeping);
+    question.exec();
+    if (question.clickedButton() == removing)
+        take(m_presets.remove(chosen()), QString());
 }
 
 void PresetsDialog::importFiles(const QStringList& files)
@@ -203,10 +226,16 @@ void PresetsDialog::exportTo(const QString& file)
 
 void PresetsDialog::take(const Message& refused, const QString& name)
 {
-    m_problem->setText(refused.text());
-    m_problem->setVisible(!refused.isEmpty());
     if (refused.isEmpty())
         fill(name);
+    else
+        tell(refused);
+}
+
+void PresetsDialog::tell(const Message& refused)
+{
+    m_problem->setText(refused.text());
+    m_problem->setVisible(!refused.isEmpty());
 }
 
 } // namespace zoeditor

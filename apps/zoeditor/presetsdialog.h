@@ -39,6 +39,8 @@ private:
     void fill(const QString& chosen);
     void update();
     void layOver();
+    void remove();
+    void tell(const zokit::Message& refused); ///< Shows it; empty: nothing is wrong.
     /// Shows what was refused; when nothing was, the list is read anew with \a name chosen.
     void take(const zokit::Message& refused, const QString& name);
     QString chosen() const;

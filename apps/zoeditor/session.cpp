@@ -18,6 +18,12 @@ using zokit::FileSettings;
 using zokit::Identity;
 using zokit::Message;
 
+namespace {
+
+const QString settingsEnding = QStringLiteral(".zoeffect.json");
+
+} // namespace
+
 Session::Session(const QString& journalFolder, QObject* parent)
     : QObject(parent), m_tools(zokit::findTools()), m_journalFolder(journalFolder), m_queue(m_tools)
 {
@@ -29,6 +35,10 @@ Session::Session(const QString& journalFolder, QObject* parent)
     connect(m_selection.get(), &zokit::Selection::currentChanged, this, &Session::noteCurrent);
     connect(m_selection.get(), &zokit::Selection::chosenChanged, this, &Session::thingChanged);
     connect(&m_model, &zokit::SettingsModel::refused, this, &Session::take);
+    constexpr int soonAgain = 100; // Milliseconds.
+    m_holding.setSingleShot(true);
+    m_holding.setInterval(soonAgain);
+    connect(&m_holding, &QTimer::timeout, this, &Session::takeMedia);
     m_workSoon.setSingleShot(true);
     m_workSoon.setInterval(0);
     const auto soon = QOverload<>::of(&QTimer::start);
@@ -167,9 +177,18 @@ QString Session::settingsFileOf(const FileSettings* file) const
     if (index < 0)
         return {};
     const FileRow& row = m_files.rows().at(index);
+    if (!row.settingsFile.isEmpty())
+        return row.settingsFile;
     const QFileInfo clip(row.path);
-    return row.settingsFile.isEmpty() ? clip.dir().filePath(clip.completeBaseName() + QStringLiteral(".zoeffect.json"))
-                                      : row.settingsFile;
+    const QString stem = clip.dir().filePath(clip.completeBaseName());
+    const QString usual = stem + settingsEnding;
+    const auto wantsIt = [&](const FileRow& other) {
+        const bool isLikeNamed = other.settingsFile.isEmpty() && other.path.startsWith(stem + QLatin1Char('.'))
+                                 && QFileInfo(other.path).completeBaseName() == clip.completeBaseName();
+        return other.file != row.file && (isLikeNamed || other.settingsFile == usual);
+    };
+    const bool isShared = std::any_of(m_files.rows().cbegin(), m_files.rows().cend(), wantsIt);
+    return isShared ? row.path + settingsEnding : usual; // film.mkv beside film.mp4.
 }
 
 bool Session::wouldReplace(const FileSettings* file) const

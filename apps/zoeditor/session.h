@@ -3,7 +3,9 @@
 
 #pragma once
 
+#include <functional>
 #include <memory>
+#include <optional>
 
 #include <QDateTime>
 #include <QJsonObject>
@@ -55,6 +57,11 @@ public:
     const zokit::Tools& tools() const { return m_tools; }
     /// Looks for the programs again; files that could not be read are read again.
     void findTools();
+    /// Files that were read come only while \a isBusy, asked now and then, answers no: what is open is about those that
+    /// are there.
+    void holdFilesWhile(std::function<bool()> isBusy) { m_isBusy = std::move(isBusy); }
+    /// Whether one waits for that.
+    bool isHoldingFiles() const { return m_holding.isActive(); }
 
     /// \name Files
     /// @{
@@ -122,7 +129,8 @@ public:
     zokit::Message save(zokit::FileSettings* file);
     /// Saves to \a path, which is the settings file from now on.
     zokit::Message saveAs(zokit::FileSettings* file, const QString& path);
-    /// Its settings file, or NAME.zoeffect.json beside the clip when it has none yet.
+    /// Its settings file, or NAME.zoeffect.json beside the clip when it has none yet; with the clip's own ending in it
+    /// where another file in the list has that one.
     QString settingsFileOf(const zokit::FileSettings* file) const;
     /// Whether save() would replace a file that is not known to be its own.
     bool wouldReplace(const zokit::FileSettings* file) const;
@@ -162,7 +170,7 @@ private:
     void openOne(const QString& path);
     void openSettings(const QString& path);
     void probeNext();
-    void takeMedia(const zokit::ReadMedia& read);
+    void takeMedia();
     void addToProject(int row);
     void noteWork();
     void noteAdded(zokit::FileSettings* file);
@@ -178,8 +186,11 @@ private:
     zokit::SettingsModel m_model;
     FilesModel m_files;
     std::unique_ptr<zokit::Prober> m_prober;
-    QStringList m_opened; ///< What was opened last, until one of it is shown.
-    QString m_probed;     ///< The clip that is being looked into; empty for none.
+    QStringList m_opened;    ///< What was opened last, until one of it is shown.
+    QString m_probed;        ///< The clip that is being looked into; empty for none.
+    zokit::ReadMedia m_read; ///< What was found in it, while that is held.
+    QTimer m_holding;
+    std::function<bool()> m_isBusy = [] { return false; };
     zokit::Queue m_queue;
     QString m_resultsFolder;
     QTimer m_workSoon; ///< Rows of the queue change many at a time.

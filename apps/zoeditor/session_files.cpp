@@ -13,6 +13,7 @@
 
 #include <zokit/opening.h>
 #include <zokit/settingsfile.h>
+#include <zokit/tracks.h>
 
 #include "jobs.h"
 #include "names.h"
@@ -31,7 +32,7 @@ bool endsIn(const QString& path, const QStringList& endings)
 
 bool isSubtitle(const QString& path)
 {
-    return endsIn(path, {QStringLiteral("srt"), QStringLiteral("ass"), QStringLiteral("ssa"), QStringLiteral("vtt")});
+    return endsIn(path, zokit::subtitleEndings());
 }
 
 /// Those that move may be films.
@@ -47,6 +48,7 @@ void Session::findTools()
     m_tools = zokit::findTools();
     m_prober.reset();
     m_probed.clear();
+    m_holding.stop();
     m_queue.setTools(m_tools);
     for (int i = 0; i < m_files.rows().size(); ++i) {
         FileRow row = m_files.rows().at(i);
@@ -165,13 +167,21 @@ void Session::probeNext()
     m_probed = next->path;
     if (!m_prober) {
         m_prober = std::make_unique<zokit::Prober>(m_tools);
-        connect(m_prober.get(), &zokit::Prober::finished, this, &Session::takeMedia);
+        connect(m_prober.get(), &zokit::Prober::finished, this, [this](const zokit::ReadMedia& read) {
+            m_read = read;
+            takeMedia();
+        });
     }
     m_prober->probe(m_probed);
 }
 
-void Session::takeMedia(const zokit::ReadMedia& read)
+void Session::takeMedia()
 {
+    if (m_isBusy()) {
+        m_holding.start();
+        return;
+    }
+    const zokit::ReadMedia read = std::exchange(m_read, {});
     const int index = m_files.rowOf(m_probed);
     m_probed.clear();
     if (index >= 0 && m_files.rows().at(index).isAsked) { // It may have been removed in the meantime.

@@ -220,7 +220,7 @@ void TimeLine::makeListening(const Actions& actions, QHBoxLayout* row)
     });
 }
 
-/// From the play head on; of the clip's tracks the first one that is chosen.
+/// From the play head on; of the clip's tracks the one that is shown in the list, else the first selected one.
 void TimeLine::listen(bool withEffects)
 {
     const zokit::FileSettings* file = m_session.current();
@@ -233,8 +233,10 @@ void TimeLine::listen(bool withEffects)
     question.from = m_frames.seconds();
     question.withEffects = withEffects;
     for (const zokit::Identity track : file->items(QStringLiteral("Audio"))) {
-        const bool isOfClip = !file->value(track, QStringLiteral("audio_isfile")).toBool();
-        if (question.stream < 0 && isOfClip && file->value(track, QStringLiteral("selected")).toBool())
+        const bool isChosen = track == m_session.thing(); // It is heard, so that tracks can be compared.
+        const bool isHeard =
+            isChosen || (question.stream < 0 && file->value(track, QStringLiteral("selected")).toBool());
+        if (isHeard && !file->value(track, QStringLiteral("audio_isfile")).toBool())
             question.stream = file->value(track, QStringLiteral("trackid")).toInt();
     }
     m_listening->start(question);

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QDropEvent>
 #include <QFileDialog>
@@ -64,6 +65,10 @@ Window::Window(Session* session, QWidget* parent)
     connectHistory();
     connectAppearance();
     m_flows = new Flows(session, this);
+    m_session->holdFilesWhile([session] {
+        const bool isDragging = session->isInGesture() && QApplication::mouseButtons() != Qt::NoButton;
+        return isDragging || QApplication::activeModalWidget() || QApplication::activePopupWidget();
+    });
     connect(session, &Session::message, this,
             [this](const QString& sentence) { statusBar()->showMessage(sentence, messageTime); });
     resize(1280, 800);
@@ -284,7 +289,7 @@ void Window::dragEnterEvent(QDragEnterEvent* event)
 
 void Window::dropEvent(QDropEvent* event)
 {
-    if (!isCopied(*event))
+    if (!isCopied(*event) || QApplication::activeModalWidget()) // A dialog is about the files that are there.
         return event->ignore();
     event->setDropAction(Qt::CopyAction);
     event->accept();

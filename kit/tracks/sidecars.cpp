@@ -12,14 +12,6 @@ namespace zokit {
 
 namespace {
 
-/// Endings of subtitle files that a clip can have beside it.
-const QStringList& subtitleEndings()
-{
-    static const QStringList endings{QStringLiteral("srt"), QStringLiteral("ass"), QStringLiteral("ssa"),
-                                     QStringLiteral("vtt"), QStringLiteral("sup"), QStringLiteral("idx")};
-    return endings;
-}
-
 bool isSubtitle(const QFileInfo& file)
 {
     return subtitleEndings().contains(file.suffix().toLower());
@@ -32,6 +24,12 @@ QString nameOf(const QFileInfo& file)
 }
 
 } // namespace
+
+QStringList subtitleEndings()
+{
+    return {QStringLiteral("srt"), QStringLiteral("ass"), QStringLiteral("ssa"),
+            QStringLiteral("vtt"), QStringLiteral("sup"), QStringLiteral("idx")};
+}
 
 TrackChoice choiceOf(const QString& sidecar, const QString& clip)
 {

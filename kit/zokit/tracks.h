@@ -55,6 +55,8 @@ struct ZOKIT_EXPORT TrackChoice {
     Message line() const;
 };
 
+/// The endings by which subtitle files are known, in small letters, without their dots.
+ZOKIT_EXPORT QStringList subtitleEndings();
 /// Subtitle files that belong to \a clip: beside it, "NAME.srt", "NAME.eng.srt", "NAME.eng.forced.ass"; in the order of
 /// the alphabet. Not those of a clip beside it whose name goes on.
 ZOKIT_EXPORT QStringList sidecarsOf(const QString& clip);

@@ -443,6 +443,14 @@ void TestEditorConvert::clipIsNotConvertedTwice()
     }
     QCOMPARE(stage.session().queue().rows().size(), 1);
     QCOMPARE(stage.status(), key("In the queue already: a.mp4."));
+    // What waits is converted as the settings are now.
+    stage.file(0)->setValue(stage.file(0)->type(key("Color")), key("bcs_contrast"), 10);
+    stage.trigger("convert");
+    click(stage, "start");
+    settle();
+    QCOMPARE(stage.session().queue().rows().size(), 1);
+    const int row = stage.session().queue().rows().first();
+    QVERIFY(stage.session().queue().job(row).settings == stage.file(0)->settings());
 }
 
 void TestEditorConvert::failedRowTellsWhyAndIsTriedAgain()

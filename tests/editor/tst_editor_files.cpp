@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The libzoeffect developers
 // SPDX-License-Identifier: MIT
 
+#include <QMenu>
 #include <QtTest>
 #include <QtWidgets>
 
@@ -50,6 +51,9 @@ private slots:
     void recoveredSessionKnowsItsSettingsFile();
     void secondStartHandsItsFilesOver();
     void handedOverFilesWaitForAnOpenDialog();
+    void filesThatAreReadWaitForWhatIsOpen_data();
+    void filesThatAreReadWaitForWhatIsOpen();
+    void filmsOfOneNameGetTheirOwnSettingsFiles();
 };
 
 namespace {
@@ -601,6 +605,53 @@ void TestEditorFiles::handedOverFilesWaitForAnOpenDialog()
     stage.editor->openHandedOver({clips::clip(key("plain.avi"))});
     QCOMPARE(stage.session().files().rowCount(), 3);
     stage.waitForFiles();
+}
+
+void TestEditorFiles::filesThatAreReadWaitForWhatIsOpen_data()
+{
+    QTest::addColumn<QByteArray>("action");
+    for (const char* action : {"applyTo", "presets", "tracks", "convert"})
+        QTest::newRow(action) << QByteArray(action);
+    QTest::newRow("a menu") << QByteArray();
+}
+
+void TestEditorFiles::filesThatAreReadWaitForWhatIsOpen()
+{
+    QFETCH(const QByteArray, action);
+    const Stage stage({clips::clip(key("plain.mp4")), clips::clip(key("plain.mkv"))});
+    stage.session().select({stage.file(0), stage.file(1)});
+    QMenu menu(&stage.window());
+    menu.addAction(key("anything"));
+    if (action.isEmpty())
+        menu.popup(stage.window().pos());
+    else
+        QVERIFY(stage.trigger(action.constData()));
+    stage.session().open({clips::clip(key("wide.mkv"))});
+    QTRY_VERIFY(stage.session().isHoldingFiles());
+    QCOMPARE(stage.session().project().files().size(), 2);
+    QCOMPARE(stage.session().selected().size(), 2);
+    if (QWidget* dialog = QApplication::activeModalWidget())
+        dialog->close();
+    menu.close();
+    QTRY_COMPARE(stage.session().project().files().size(), 3);
+    QCOMPARE(stage.session().current(), stage.file(2));
+}
+
+void TestEditorFiles::filmsOfOneNameGetTheirOwnSettingsFiles()
+{
+    const Stage stage;
+    const auto path = [&](const char* name) { return stage.folder.filePath(key(name)); };
+    stage.session().open({editorsupport::copyOf("plain.mp4", stage.folder, "film.mp4")});
+    stage.waitForFiles();
+    QCOMPARE(stage.session().settingsFileOf(stage.file(0)), path("film.zoeffect.json"));
+    stage.session().open({editorsupport::copyOf("plain.mkv", stage.folder, "film.mkv"),
+                          editorsupport::copyOf("plain.mkv", stage.folder, "film.2.mkv")});
+    stage.waitForFiles();
+    QCOMPARE(stage.session().settingsFileOf(stage.file(0)), path("film.mp4.zoeffect.json"));
+    QCOMPARE(stage.session().settingsFileOf(stage.file(1)), path("film.mkv.zoeffect.json"));
+    QCOMPARE(stage.session().settingsFileOf(stage.file(2)), path("film.2.zoeffect.json"));
+    QVERIFY(stage.session().saveAs(stage.file(0), path("film.zoeffect.json")).isEmpty());
+    QCOMPARE(stage.session().settingsFileOf(stage.file(1)), path("film.mkv.zoeffect.json"));
 }
 
 EDITOR_TEST_MAIN(TestEditorFiles)

@@ -28,6 +28,7 @@ private slots:
     void everyValueHasItsField();
     void fieldsSetTheirValue_data();
     void fieldsSetTheirValue();
+    void ruleForTracksChoosesAtOnce();
     void boundsAndUnitsAreTheTables();
     void sliderMoveIsOneStep();
     void heldKeyIsOneStep();
@@ -187,6 +188,27 @@ void TestEditorPanel::fieldsSetTheirValue()
     const QString plainKey = QString::fromLatin1(valueKey).section(QLatin1Char(':'), 0, 0);
     QCOMPARE(stage.file(0)->value(thing, plainKey), value);
     QCOMPARE(stage.steps(), steps + 1);
+}
+
+void TestEditorPanel::ruleForTracksChoosesAtOnce()
+{
+    const Stage stage({clips::clip(key("languages.mkv"))}); // Its sounds are fra and eng.
+    zokit::FileSettings* file = stage.file(0);
+    stage.session().setThing(file->tracks());
+    settle();
+    const int steps = stage.session().history().position();
+    auto* field = stage.find<QLineEdit>("Tracks:audio-language");
+    QVERIFY(field);
+    field->setFocus();
+    QTest::keyClicks(field, key("eng"));
+    stage.find<QWidget>("search")->setFocus();
+    settle();
+    const zokit::Identity english = file->item(key("Audio"), 1);
+    QVERIFY(file->value(english, key("selected")).toBool());
+    QCOMPARE(stage.session().history().position(), steps + 1);
+    stage.session().undo();
+    QVERIFY(!file->value(english, key("selected")).toBool());
+    QVERIFY(!file->value(file->tracks(), key("audio-language")).isValid());
 }
 
 void TestEditorPanel::boundsAndUnitsAreTheTables()

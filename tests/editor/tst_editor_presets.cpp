@@ -29,6 +29,8 @@ private slots:
     void presetGoesOutAndComesIn();
     void imagesGoWithTheirPreset();
     void brokenPresetIsASentence();
+    void presetOfAMissingImageIsNotLaidOver();
+    void rulesForTracksChooseAmongThoseOfTheFile();
     void defaultIsSavedAndForgotten();
     void closedDialogAsksForNothing();
 };
@@ -157,7 +159,11 @@ void TestEditorPresets::presetIsRenamedAndRemoved()
     stage.name(key("b"));
     stage.click("renamePreset");
     QVERIFY(!stage.problem().isEmpty());
-    stage.click("removePreset");
+    for (const char* button : {"keep", "remove"}) {
+        QCOMPARE(stage.names().size(), 2);
+        editorsupport::answer("removeQuestion", button);
+        stage.click("removePreset");
+    }
     QCOMPARE(stage.names(), QStringList{key("b")});
     QCOMPARE(stage.problem(), QString());
 }
@@ -222,6 +228,47 @@ void TestEditorPresets::brokenPresetIsASentence()
     stage.list()->setCurrentRow(0);
     QVERIFY(!stage.find<QPushButton>("layOver")->isEnabled());
     QVERIFY(!stage.problem().isEmpty());
+    stage.save("b");
+    stage.list()->setCurrentRow(1);
+    QVERIFY(stage.find<QPushButton>("layOver")->isEnabled());
+    QCOMPARE(stage.problem(), QString());
+}
+
+void TestEditorPresets::presetOfAMissingImageIsNotLaidOver()
+{
+    const Opened stage;
+    const QString logo = stage.folder.filePath(key("logo.png"));
+    QVERIFY(QFile::copy(kitsupport::logoPath(20, 10), logo));
+    stage.file(0)->insert(key("Watermark"), {{key("wm_istextwatermark"), false}, {key("wm_imageurl"), logo}});
+    const zokit::Settings preset = zokit::presetFrom(stage.file(0)->settings(), {key("Watermark")});
+    QVERIFY(zokit::Presets().save(key("a logo"), preset).isEmpty());
+    QVERIFY(QFile::remove(logo));
+    stage.dialog()->close();
+    settle();
+    stage.trigger("presets");
+    stage.list()->setCurrentRow(0);
+    QVERIFY(!stage.find<QPushButton>("layOver")->isEnabled());
+    QVERIFY2(stage.problem().contains(logo), qPrintable(stage.problem()));
+}
+
+void TestEditorPresets::rulesForTracksChooseAmongThoseOfTheFile()
+{
+    const Stage stage({clips::clip(key("languages.mkv"))});
+    zokit::Settings preset;
+    preset.media.frame = {160, 120};
+    preset.tracks.insert(key("audio-language"), QStringList{key("eng")});
+    QVERIFY(zokit::Presets().save(key("english"), preset).isEmpty());
+    stage.trigger("presets");
+    stage.find<QListWidget>("presetList")->setCurrentRow(0);
+    auto* layOver = stage.find<QPushButton>("layOver");
+    QVERIFY(layOver->isEnabled());
+    const auto isSelected = [&](int sound) {
+        const zokit::Identity item = stage.file(0)->items(key("Audio")).at(sound);
+        return stage.file(0)->value(item, key("selected")).toBool();
+    };
+    QVERIFY(!isSelected(0) && !isSelected(1));
+    layOver->click();
+    QVERIFY(isSelected(0) != isSelected(1));
 }
 
 void TestEditorPresets::defaultIsSavedAndForgotten()

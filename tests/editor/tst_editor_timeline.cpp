@@ -38,6 +38,7 @@ private slots:
     void withoutAFileThereIsNoTime();
     void subtitlesAreMarked();
     void soundIsListenedTo();
+    void trackThatIsShownIsHeard();
     void soundIsPlayedByWhatIsThere_data();
     void soundIsPlayedByWhatIsThere();
     void deviceEndsAndIsStopped();
@@ -287,6 +288,31 @@ void TestEditorTimeLine::soundIsListenedTo()
     QCOMPARE(withEffects.size(), plain.size());
     QVERIFY(withEffects != plain);
     QVERIFY2(std::abs(plain.size() - 2 * 14400) < 200, qPrintable(QString::number(plain.size()))); // 0.3 seconds.
+}
+
+void TestEditorTimeLine::trackThatIsShownIsHeard()
+{
+    const Player player("pw-play");
+    const Variable named("ZOEDITOR_PLAYER", QFile::encodeName(player.program));
+    const Stage stage({clips::clip(key("two-sounds.mka"))});
+    const QVector<zokit::Identity> tracks = stage.file(0)->items(key("Audio"));
+    QCOMPARE(tracks.size(), 2);
+    const auto crossings = [&](zokit::Identity chosen) { // Of its wave: twice as many for twice the pitch.
+        stage.session().setThing(chosen);
+        stage.trigger("listenPlain");
+        if (!QTest::qWaitFor([&] { return !stage.window().actions().action("listenPlain")->isChecked(); }, 60000))
+            qWarning("The player did not end");
+        const QByteArray wave = player.takeHeard();
+        int count = 0;
+        constexpr int header = 44;
+        for (int at = header + 3; at < wave.size(); at += 2)
+            count += (wave.at(at) < 0) != (wave.at(at - 2) < 0) ? 1 : 0;
+        return count;
+    };
+    const int first = crossings(tracks.at(0)); // 0.3 seconds of 440 Hz.
+    const int second = crossings(tracks.at(1));
+    QVERIFY2(std::abs(first - 264) < 10, qPrintable(QString::number(first)));
+    QVERIFY2(std::abs(second - 528) < 20, qPrintable(QString::number(second)));
 }
 
 void TestEditorTimeLine::soundIsPlayedByWhatIsThere_data()

@@ -299,8 +299,8 @@
         <translation>Untertiteldatei hinzufügen</translation>
     </message>
     <message>
-        <source>Subtitles (*.srt *.ass *.ssa *.vtt)</source>
-        <translation>Untertitel (*.srt *.ass *.ssa *.vtt)</translation>
+        <source>Subtitles (%1)</source>
+        <translation>Untertitel (%1)</translation>
     </message>
     <message>
         <source>Add a sound file</source>
@@ -534,6 +534,10 @@
         <translation>Bild</translation>
     </message>
     <message>
+        <source>Line between before and after</source>
+        <translation>Linie zwischen vorher und nachher</translation>
+    </message>
+    <message>
         <source>Crop</source>
         <translation>Zuschnitt</translation>
     </message>
@@ -640,12 +644,52 @@
         <translation>Tasten</translation>
     </message>
     <message>
-        <source>From pane to pane, from field to field</source>
-        <translation>Von Bereich zu Bereich, von Feld zu Feld</translation>
+        <source>From pane to pane, from field to field, from handle to handle</source>
+        <translation>Von Bereich zu Bereich, von Feld zu Feld, von Griff zu Griff</translation>
     </message>
     <message>
         <source>Tab, Shift+Tab</source>
         <translation>Tab, Umschalt+Tab</translation>
+    </message>
+    <message>
+        <source>Drag the handle that is marked, by a pixel or ten</source>
+        <translation>Den markierten Griff ziehen, um ein Pixel oder zehn</translation>
+    </message>
+    <message>
+        <source>Arrows, Shift+arrows</source>
+        <translation>Pfeile, Umschalt+Pfeile</translation>
+    </message>
+    <message>
+        <source>Take a drag back</source>
+        <translation>Ein Ziehen zurücknehmen</translation>
+    </message>
+    <message>
+        <source>Esc</source>
+        <translation>Esc</translation>
+    </message>
+    <message>
+        <source>Push a picture that is larger than its pane</source>
+        <translation>Ein Bild schieben, das größer als sein Bereich ist</translation>
+    </message>
+    <message>
+        <source>Alt+arrows</source>
+        <translation>Alt+Pfeile</translation>
+    </message>
+    <message>
+        <source>Remove what is chosen in a list</source>
+        <translation>Entfernen, was in einer Liste gewählt ist</translation>
+    </message>
+    <message>
+        <source>Del</source>
+        <translation>Entf</translation>
+    </message>
+    <message>
+        <source>Add files that were copied, in the list of files</source>
+        <translation>Kopierte Dateien hinzufügen, in der Dateiliste</translation>
+    </message>
+    <message>
+        <source>Ctrl+V</source>
+        <translation>Strg+V</translation>
     </message>
     <message>
         <source>Several files at once</source>
@@ -1283,6 +1327,22 @@ Von %2 bis %3.</translation>
     <message>
         <source>Re&amp;move</source>
         <translation>E&amp;ntfernen</translation>
+    </message>
+    <message>
+        <source>Remove a preset</source>
+        <translation>Vorlage entfernen</translation>
+    </message>
+    <message>
+        <source>Remove the preset %1? This cannot be undone.</source>
+        <translation>Die Vorlage %1 entfernen? Das lässt sich nicht rückgängig machen.</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>Behalten</translation>
     </message>
     <message>
         <source>&amp;Import...</source>
