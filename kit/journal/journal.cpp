@@ -87,6 +87,8 @@ void Journal::Private::follow()
         note(journalform::gestureCancelled(changes, unkept));
     });
     QObject::connect(history, &History::stepsForgotten, q, [this](int count) { note(journalform::forgotten(count)); });
+    QObject::connect(history, &History::redoForgotten, q,
+                     [this](int count) { note(journalform::redoForgotten(count)); });
     QObject::connect(history, &History::positionChanged, q, [this](int pos) { note(journalform::position(pos)); });
     QObject::connect(history, &History::selectionChanged, q,
                      [this](const QVector<Identity>& things) { note(journalform::selection(things)); });

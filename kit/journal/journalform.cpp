@@ -30,6 +30,7 @@ const QString stepsMember = QStringLiteral("steps");
 const QString gestureMember = QStringLiteral("gesture");
 const QString cancelledMember = QStringLiteral("cancelled");
 const QString forgottenMember = QStringLiteral("forgotten");
+const QString redoForgottenMember = QStringLiteral("redo-forgotten");
 const QString positionMember = QStringLiteral("position");
 const QString selectionMember = QStringLiteral("selection");
 const QString selectionsMember = QStringLiteral("selections");
@@ -176,6 +177,15 @@ void forget(HistoryState& history, int wanted)
     history.cleanPosition = std::max(history.cleanPosition - count, -1);
 }
 
+/// Leaves \a count steps.
+void shorten(HistoryState& history, int count)
+{
+    history.steps.resize(count);
+    history.selections.resize(count + 1);
+    if (history.cleanPosition > count)
+        history.cleanPosition = -1;
+}
+
 void moveTo(Session& session, int wanted)
 {
     HistoryState& history = session.history;
@@ -207,6 +217,10 @@ void take(Session& session, const QJsonObject& record)
         session.sinceThen += changesFrom(record.value(cancelledMember));
     } else if (record.contains(forgottenMember)) {
         forget(session.history, record.value(forgottenMember).toInt());
+    } else if (record.contains(redoForgottenMember)) {
+        const auto count = static_cast<int>(session.history.steps.size());
+        const int undone = count - session.history.position;
+        shorten(session.history, count - std::clamp(record.value(redoForgottenMember).toInt(), 0, undone));
     } else if (record.contains(positionMember)) {
         moveTo(session, record.value(positionMember).toInt());
     } else if (record.contains(selectionMember)) {
@@ -220,10 +234,7 @@ void take(Session& session, const QJsonObject& record)
 
 void addStep(HistoryState& history, const Step& step)
 {
-    history.steps.resize(history.position);
-    history.selections.resize(history.position + 1);
-    if (history.cleanPosition > history.position)
-        history.cleanPosition = -1;
+    shorten(history, history.position);
     history.steps.append(step);
     history.selections.append(history.selections.last());
     ++history.position;
@@ -312,6 +323,11 @@ QByteArray gestureCancelled(const Changes& changes, Changes& unkept)
 QByteArray forgotten(int count)
 {
     return lineOf({{forgottenMember, count}});
+}
+
+QByteArray redoForgotten(int count)
+{
+    return lineOf({{redoForgottenMember, count}});
 }
 
 QByteArray position(int position)

@@ -43,6 +43,7 @@ QByteArray step(const Step& step, Changes& unkept);
 QByteArray gesture(const Step& part, Changes& unkept);
 QByteArray gestureCancelled(const Changes& changes, Changes& unkept);
 QByteArray forgotten(int count);
+QByteArray redoForgotten(int count);
 QByteArray position(int position);
 QByteArray selection(const QVector<Identity>& things);
 QByteArray clean();

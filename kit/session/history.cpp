@@ -5,6 +5,13 @@
 
 #include <algorithm>
 
+#include <QDataStream>
+#include <QFont>
+#include <QHash>
+#include <QIODevice>
+#include <QImage>
+#include <QPair>
+
 #include <zokit/project.h>
 
 #include "steptext_p.h"
@@ -15,6 +22,19 @@ namespace zokit {
 namespace {
 
 constexpr qint64 defaultLimit = qint64(64) * 1024 * 1024;
+
+/// About what a value of any kind takes; 0 for one that cannot be streamed.
+qint64 streamedSize(const QVariant& value)
+{
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    const bool isWhole = QMetaType::save(stream, value.userType(), value.constData());
+#else
+    const bool isWhole = value.metaType().save(stream, value.constData());
+#endif
+    return isWhole ? bytes.size() : 0;
+}
 
 qint64 bytesOf(const QVariant& value)
 {
@@ -38,8 +58,20 @@ qint64 bytesOf(const QVariant& value)
             bytes += plain + 2 * it.key().size() + bytesOf(it.value());
         return bytes;
     }
-    default:
+    case QMetaType::UnknownType:
+    case QMetaType::Bool:
+    case QMetaType::Int:
+    case QMetaType::LongLong:
+    case QMetaType::ULongLong:
+    case QMetaType::Double:
+    case QMetaType::QColor:
         return plain;
+    case QMetaType::QImage: // Its stream is a PNG file, which takes long.
+        return plain + value.value<QImage>().sizeInBytes();
+    case QMetaType::QFont: // One without families cannot be streamed by Qt 6.
+        return plain + 2 * value.value<QFont>().toString().size();
+    default:
+        return plain + streamedSize(value);
     }
 }
 
@@ -60,6 +92,7 @@ public:
     void take(const Changes& changes);
     void push(const Step& step, bool wasClean);
     void forgetOldest();
+    void forgetRedo();
     void moveTo(int count);
     /// Sends changed(), and cleanChanged() when that is so.
     void tell(bool wasClean);
@@ -74,7 +107,8 @@ public:
     qint64 bytes = 0;
     qint64 limit = defaultLimit;
     int gestures = 0;
-    Step gesture;
+    Step gesture;                                       // Each value that was changed so far, once.
+    QHash<QPair<Identity, QString>, int> gestureValues; // Where they stand in there.
     bool replaying = false;
 };
 
@@ -87,7 +121,16 @@ void History::Private::take(const Changes& changes)
         push({describe(project, changes), merged(changes)}, wasClean);
         return;
     }
-    gesture.changes += changes;
+    for (const Change& change : changes) {
+        const QPair<Identity, QString> value(change.thing, change.key);
+        const auto known = gestureValues.constFind(value);
+        if (known != gestureValues.constEnd()) {
+            gesture.changes[*known].after = change.after;
+        } else {
+            gestureValues.insert(value, static_cast<int>(gesture.changes.size()));
+            gesture.changes.append(change);
+        }
+    }
     emit q->gestureChanged({gesture.text, changes});
     tellClean(wasClean);
 }
@@ -123,6 +166,21 @@ void History::Private::forgetOldest()
     position -= count;
     cleanPosition = std::max(cleanPosition - count, -1);
     emit q->stepsForgotten(count);
+}
+
+/// Frees what forgetOldest() cannot: steps that were undone, the last ones first. One step is always kept.
+void History::Private::forgetRedo()
+{
+    int count = 0;
+    for (; bytes > limit && steps.size() > std::max(position, 1); ++count) {
+        bytes -= bytesOf(steps.takeLast());
+        selections.removeLast();
+    }
+    if (count == 0)
+        return;
+    if (cleanPosition > steps.size())
+        cleanPosition = -1;
+    emit q->redoForgotten(count);
 }
 
 void History::Private::moveTo(int count)
@@ -227,6 +285,7 @@ void History::endGesture()
     Step step{d->gesture.text, merged(d->gesture.changes)};
     const bool wentOn = !d->gesture.changes.isEmpty();
     d->gesture = Step();
+    d->gestureValues.clear();
     if (step.changes.isEmpty()) {
         if (wentOn)
             emit gestureCancelled({});
@@ -247,6 +306,7 @@ void History::cancelGesture()
     const bool wentOn = !d->gesture.changes.isEmpty();
     d->gestures = 0;
     d->gesture = Step();
+    d->gestureValues.clear();
     if (!back.isEmpty()) {
         d->replaying = true;
         d->project.apply(back, this);
@@ -286,7 +346,10 @@ QVector<Identity> History::selection() const
 void History::setLimit(qint64 bytes)
 {
     d->limit = bytes;
+    if (d->replaying)
+        return; // The steps are being walked through; the next new one looks at the limit.
     d->forgetOldest();
+    d->forgetRedo();
     emit changed();
 }
 

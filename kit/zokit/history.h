@@ -72,7 +72,8 @@ public:
     /// What is selected at this place in the history.
     QVector<Identity> selection() const;
 
-    /// The oldest steps are forgotten beyond this many bytes; 64 MB by default.
+    /// The oldest steps are forgotten beyond this many bytes, counted about; 64 MB by default. Those that were undone
+    /// go at once where that is not enough. One step always stays.
     void setLimit(qint64 bytes);
 
     /// All that it holds.
@@ -93,6 +94,8 @@ Q_SIGNALS:
     void stepAdded(const zokit::Step& step);
     /// The oldest \a count steps are gone; the position is so much lower.
     void stepsForgotten(int count);
+    /// The last \a count of the steps that could be redone are gone.
+    void redoForgotten(int count);
     /// An open gesture went on: its text, and what it changed just now.
     void gestureChanged(const zokit::Step& part);
     /// A gesture ended without a step; \a changes took back what it had done.

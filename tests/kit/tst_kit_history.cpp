@@ -1,6 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The libzoeffect developers
 // SPDX-License-Identifier: MIT
 
+#include <QFont>
+#include <QImage>
+#include <QPolygonF>
 #include <QRandomGenerator>
 #include <QtTest>
 
@@ -37,6 +40,10 @@ private slots:
     void cleanStateIsFoundAgain();
     void selectionComesBack();
     void oldestStepsAreForgotten();
+    void stepsOfLargeValuesAreForgotten_data();
+    void stepsOfLargeValuesAreForgotten();
+    void undoneStepsAreForgottenToo();
+    void openGestureKeepsEachValueOnce();
     void goToAnyStep();
     void applyingToManyFilesIsOneStep();
     void whatApplyingWouldChangeIsALineAValue();
@@ -242,6 +249,97 @@ void TestKitHistory::oldestStepsAreForgotten()
     QCOMPARE(history.position(), history.count());
     history.goTo(0);
     QVERIFY(file->value(file->type(key("Color")), key("bcs_contrast")).toInt() >= 10); // What is forgotten stays done.
+}
+
+namespace {
+
+/// What no stream can tell the size of, and Qt's variants cannot compare.
+struct Unknown {
+    int number = 0;
+};
+
+} // namespace
+
+Q_DECLARE_METATYPE(Unknown)
+
+void TestKitHistory::stepsOfLargeValuesAreForgotten_data()
+{
+    QTest::addColumn<QVariant>("value"); // Of about 40000 bytes.
+    QTest::addColumn<int>("least");
+    QTest::addColumn<int>("most");
+    const auto font = [](int letters) { return QFont(QString(letters, QLatin1Char('f'))); };
+    QTest::newRow("a picture") << QVariant(QImage(100, 100, QImage::Format_RGB32)) << 8 << 12;
+    QTest::newRow("a font") << QVariant(font(20000)) << 8 << 12;
+    QTest::newRow("a polygon") << QVariant(QPolygonF(QVector<QPointF>(2500))) << 8 << 12;
+    QTest::newRow("a list of fonts") << QVariant(QVariantList{font(10000), font(10000)}) << 8 << 12;
+    QTest::newRow("of an unknown kind") << QVariant::fromValue(Unknown()) << 31 << 31;
+}
+
+void TestKitHistory::stepsOfLargeValuesAreForgotten()
+{
+    QFETCH(QVariant, value);
+    QFETCH(int, least);
+    QFETCH(int, most);
+    Project project;
+    FileSettings* file = project.add(clip());
+    project.history().setLimit(400000);
+    for (int i = 0; i < 30; ++i)
+        file->setValue(file->type(key("Color")), key("x-host"), i % 2 == 0 ? value : QVariant(i));
+    const int count = project.history().count();
+    QVERIFY2(count >= least && count <= most, QByteArray::number(count));
+}
+
+void TestKitHistory::undoneStepsAreForgottenToo()
+{
+    Project project;
+    FileSettings* file = project.add(clip());
+    const Identity color = file->type(key("Color"));
+    History& history = project.history();
+    for (int i = 0; i < 10; ++i)
+        file->setValue(color, key("x-host"), QString(100000, QLatin1Char(char('a' + i))));
+    history.setClean();
+    history.goTo(1);
+    QSignalSpy forgotten(&history, &History::redoForgotten);
+    history.setLimit(1200000); // The file's step, and those of the first three texts: 200 kB, then 400 each.
+    QCOMPARE(history.position(), 1);
+    QCOMPARE(history.count(), 4);
+    QCOMPARE(forgotten.size(), 1);
+    QCOMPARE(forgotten.first(), QVariantList({7}));
+    history.goTo(99);
+    QCOMPARE(file->value(color, key("x-host")).toString().at(0), QChar(QLatin1Char('c')));
+    QVERIFY(!history.isClean());
+    history.goTo(0);
+    history.setLimit(0);
+    QCOMPARE(history.count(), 1); // The file can be brought back.
+    QVERIFY(history.canRedo());
+}
+
+/// In a gesture that lasts for hours, too.
+void TestKitHistory::openGestureKeepsEachValueOnce()
+{
+    Project project;
+    FileSettings* file = project.add(clip());
+    const Identity color = file->type(key("Color"));
+    QVector<QImage> images;
+    for (int side = 1; side <= 4; ++side)
+        images.append(QImage(side, side, QImage::Format_RGB32));
+    file->setValue(color, key("x-host"), images.at(0));
+    const QByteArray before = stateOf(project);
+    project.history().beginGesture(zokit::Message());
+    for (int i = 1; i < 4; ++i) {
+        file->setValue(color, key("bcs_contrast"), i);
+        file->setValue(color, key("x-host"), images.at(i));
+    }
+    QVERIFY(!images.at(0).isDetached());
+    QVERIFY(images.at(1).isDetached() && images.at(2).isDetached()); // Nobody else has them.
+    project.history().endGesture();
+    const zokit::Changes changes = project.history().step(2).changes;
+    QCOMPARE(changes.size(), 2);
+    QCOMPARE(changes.at(0).after, QVariant(3));
+    QCOMPARE(changes.at(1).before.value<QImage>(), images.at(0));
+    QCOMPARE(changes.at(1).after.value<QImage>(), images.at(3));
+    project.history().undo();
+    QCOMPARE(stateOf(project), before);
 }
 
 void TestKitHistory::goToAnyStep()

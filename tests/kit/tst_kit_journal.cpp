@@ -246,6 +246,14 @@ const Case cases[] = {
          project.history().undo();
          project.history().undo();
      }},
+    {"undone steps that were forgotten",
+     [](Project& project, FileSettings&) {
+         for (int value = 1; value <= 40; ++value)
+             setContrast(project, value);
+         project.history().goTo(3);
+         project.history().setLimit(3000);
+         project.history().redo();
+     }},
     {"steps that were forgotten at once",
      [](Project& project, FileSettings&) {
          for (int value = 1; value <= 40; ++value)
