@@ -291,6 +291,8 @@ Message Project::apply(const Settings& from, const QVector<FileSettings*>& targe
         return error;
     d->history->beginGesture(targets.size() == 1 ? Message(Code::StepApplyToOne)
                                                  : Message(Code::StepApply, {QString::number(targets.size())}));
+    Changes done;
+    const auto noting = connect(this, &Project::changed, this, [&done](const Changes& changes) { done += changes; });
     Carrier carrier(from, carry);
     Message refused;
     for (FileSettings* target : targets) {
@@ -303,10 +305,11 @@ Message Project::apply(const Settings& from, const QVector<FileSettings*>& targe
         if (refused.isEmpty())
             refused = target->d->become(wanted, present, asker);
     }
-    if (refused.isEmpty())
-        d->history->endGesture();
-    else
-        d->history->cancelGesture();
+    disconnect(noting);
+    const Changes back = refused.isEmpty() ? Changes() : reversed(merged(done));
+    if (!back.isEmpty()) // No more than that: a gesture of the host may be open.
+        apply(back, asker);
+    d->history->endGesture();
     return refused;
 }
 

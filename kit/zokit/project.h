@@ -55,7 +55,7 @@ public:
     /// @{
 
     /// Carries settings of \a from over to \a targets, and then \a settle, if given, as one step of the history: to
-    /// all, or to none with the reason.
+    /// all, or to none with the reason. In a gesture that is open it is a part of that one.
     Message apply(const Settings& from, const QVector<FileSettings*>& targets, const CarryOver& carry,
                   QObject* asker = nullptr, const Settle& settle = {});
     /// What that would change: a line a value for people, "film.mkv: Colour: Contrast: 0 -> 20"; translated. None when

@@ -46,6 +46,7 @@ private slots:
     void openGestureKeepsEachValueOnce();
     void goToAnyStep();
     void applyingToManyFilesIsOneStep();
+    void refusedApplyingLeavesAnOpenGesture();
     void whatApplyingWouldChangeIsALineAValue();
     void filesComeAndGo();
     void savedDefaultsComeAndGo();
@@ -378,6 +379,36 @@ void TestKitHistory::applyingToManyFilesIsOneStep()
     for (const FileSettings* target : targets)
         QCOMPARE(target->value(target->type(key("Color")), key("bcs_contrast")), QVariant(0));
     QCOMPARE(project.apply(source->settings(), targets, {{key("Colour")}, false}).code(), Code::UnknownType);
+}
+
+void TestKitHistory::refusedApplyingLeavesAnOpenGesture()
+{
+    Project project;
+    FileSettings* source = project.add(clip());
+    FileSettings* other = project.add(zokit::Media{key("/films/other.mkv"), QSize(640, 360), 1.0});
+    const Identity color = source->type(key("Color"));
+    History& history = project.history();
+    const QByteArray before = stateOf(project);
+    history.beginGesture(zokit::Message(Code::StepAddFile));
+    source->setValue(color, key("bcs_contrast"), 25);
+    const QByteArray edited = stateOf(project);
+    const auto refuse = [&](const zokit::Settings& seen, zokit::Settings& after) {
+        after.find(key("Color"))->values.insert(key("bcs_brightness"), 10);
+        return seen.media.file == key("/films/other.mkv") ? zokit::Message(Code::NoSuchTrack) : zokit::Message();
+    };
+    const zokit::CarryOver carry{{key("Color")}, false};
+    QCOMPARE(project.apply(source->settings(), {source, other}, carry, nullptr, refuse).code(), Code::NoSuchTrack);
+    QCOMPARE(stateOf(project), edited);
+    QCOMPARE(history.count(), 2);
+    history.endGesture();
+    QCOMPARE(history.count(), 3);
+    QCOMPARE(history.undoText().code(), Code::StepAddFile);
+    QCOMPARE(history.step(2).changes.size(), 1);
+    QCOMPARE(project.apply(source->settings(), {source, other}, carry, nullptr, refuse).code(), Code::NoSuchTrack);
+    QCOMPARE(stateOf(project), edited); // Outside of a gesture, too.
+    QCOMPARE(history.count(), 3);
+    history.undo();
+    QCOMPARE(stateOf(project), before);
 }
 
 void TestKitHistory::whatApplyingWouldChangeIsALineAValue()
