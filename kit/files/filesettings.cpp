@@ -121,7 +121,7 @@ std::optional<Address> FileSettings::address(Identity thing, const QString& key)
     const QString type = d->things.typeOf(thing);
     if (type.isEmpty())
         return std::nullopt;
-    return Address{type, d->things.isItem(thing) ? d->things.position(thing) : Address::ofType, key};
+    return Address{type, d->things.isItem(thing) ? d->things.position(thing) : Address::ofType, asKept(key)};
 }
 
 bool FileSettings::owns(Identity thing) const
@@ -136,7 +136,7 @@ QMap<Identity, Values> FileSettings::everything() const
 
 QVariant FileSettings::value(Identity thing, const QString& key) const
 {
-    return isInternal(key) && key != own::name ? QVariant() : d->things.value(thing, key);
+    return isInternal(key) && key != own::name ? QVariant() : d->things.value(thing, asKept(key));
 }
 
 Values FileSettings::values(Identity thing) const

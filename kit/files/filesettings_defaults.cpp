@@ -71,8 +71,9 @@ Item FileSettings::Private::defaultItem(Identity item, bool withPlace) const
     return fresh;
 }
 
-QVariant FileSettings::Private::defaultOf(Identity thing, const QString& key) const
+QVariant FileSettings::Private::defaultOf(Identity thing, const QString& name) const
 {
+    const QString key = asKept(name);
     const QString type = things.typeOf(thing);
     if (!effectTypes().contains(type)) {
         const Property* known = findProperty(type, key);
@@ -86,8 +87,9 @@ QVariant FileSettings::Private::defaultOf(Identity thing, const QString& key) co
     return key == own::selected ? QVariant(fresh.selected) : fresh.values.value(key);
 }
 
-QVariant FileSettings::Private::catalogueDefaultOf(Identity thing, const QString& key) const
+QVariant FileSettings::Private::catalogueDefaultOf(Identity thing, const QString& name) const
 {
+    const QString key = asKept(name);
     const QString type = things.typeOf(thing);
     if (type == types::effect && things.isItem(thing))
         return key == own::selected ? QVariant(false) : things.value(thing, key);
@@ -99,18 +101,19 @@ QVariant FileSettings::Private::catalogueDefaultOf(Identity thing, const QString
 
 State FileSettings::state(Identity thing, const QString& key) const
 {
+    const QString kept = asKept(key);
     const QString type = d->things.typeOf(thing);
-    const Property* known = findProperty(type, key);
+    const Property* known = findProperty(type, kept);
     if (known && known->control == Control::None)
         return State::Default; // The program's own says nothing of what a person did.
-    const QVariant present = d->things.value(thing, key);
+    const QVariant present = d->things.value(thing, kept);
     const bool shownWhole = type == types::crop && (known && known->isGeometry)
                             && isWholeFrame(d->things.values(thing), d->things.baseFrame());
-    if (!shownWhole && !exactly(present, d->defaultOf(thing, key)))
+    if (!shownWhole && !exactly(present, d->defaultOf(thing, kept)))
         return State::Changed;
     if (!effectTypes().contains(type) || !ZoEffectItemDefaultValMgr::getInstance()->hasCustomDefaultVal(type))
         return State::Default;
-    return exactly(present, d->catalogueDefaultOf(thing, key)) ? State::Default : State::SavedDefault;
+    return exactly(present, d->catalogueDefaultOf(thing, kept)) ? State::Default : State::SavedDefault;
 }
 
 QVariant FileSettings::catalogueDefault(Identity thing, const QString& key) const
@@ -128,11 +131,12 @@ QVariant FileSettings::savedDefault(Identity thing, const QString& key) const
 
 Message FileSettings::reset(Identity thing, const QString& key, QObject* asker)
 {
-    const QVariant present = d->things.value(thing, key);
+    const QString kept = asKept(key);
+    const QVariant present = d->things.value(thing, kept);
     const QString type = d->things.typeOf(thing);
-    if (type.isEmpty() || isInternal(key))
+    if (type.isEmpty() || isInternal(kept))
         return Message(Code::NoSuchThing);
-    if (key.isEmpty()) {
+    if (kept.isEmpty()) {
         if (d->things.isItem(thing))
             return resetItem(thing, asker);
         if (effectTypes().contains(type))
@@ -143,12 +147,12 @@ Message FileSettings::reset(Identity thing, const QString& key, QObject* asker)
             changes.append({thing, it.key(), it.value(), QVariant()});
         return d->commit(changes, asker);
     }
-    const QVariant fresh = d->defaultOf(thing, key);
+    const QVariant fresh = d->defaultOf(thing, kept);
     const bool isOption = !effectTypes().contains(d->things.typeOf(thing));
-    if (!fresh.isValid() && key != own::anchor && !isOption)
-        return Message(Code::NoDefault, {d->addressText(thing, key)});
-    Changes changes{{thing, key, present, isOption ? QVariant() : fresh}};
-    if (isPlace(key) && d->things.values(thing).contains(own::anchor))
+    if (!fresh.isValid() && kept != own::anchor && !isOption)
+        return Message(Code::NoDefault, {d->addressText(thing, kept)});
+    Changes changes{{thing, kept, present, isOption ? QVariant() : fresh}};
+    if (isPlace(kept) && d->things.values(thing).contains(own::anchor))
         changes.append({thing, own::anchor, d->things.value(thing, own::anchor), QVariant()});
     return d->commit(changes, asker);
 }

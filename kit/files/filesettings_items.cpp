@@ -73,16 +73,17 @@ FileSettings::Inserted FileSettings::insert(const QString& type, const Values& v
     Item item = newItem(type, kindOf(type, wanted), d->things.baseFrame());
     item.name.clear();
     for (auto it = wanted.cbegin(); it != wanted.cend(); ++it) {
-        const QString where = Address{type, pos < 0 ? count : pos, it.key()}.toString();
-        const ReadValue read = d->read(type, suit, it.key(), it.value(), where);
+        const QString key = asKept(it.key());
+        const QString where = Address{type, pos < 0 ? count : pos, key}.toString();
+        const ReadValue read = d->read(type, suit, key, it.value(), where);
         if (!read.error.isEmpty())
             return {0, read.error};
-        if (it.key() == own::selected)
+        if (key == own::selected)
             item.selected = read.value.toBool();
-        else if (it.key() == own::anchor)
+        else if (key == own::anchor)
             item.anchor = read.value.toMap();
         else
-            item.values.insert(it.key(), read.value);
+            item.values.insert(key, read.value);
     }
     TypeSettings target = d->things.typeSettings(type);
     if (type == types::watermark) {

@@ -48,10 +48,10 @@ public:
 
     ReadValue read(const QString& type, Suit suit, const QString& key, const QVariant& given,
                    const QString& where) const;
-    ReadValue read(Identity thing, const QString& key, const QVariant& given) const;
+    ReadValue read(Identity thing, const QString& name, const QVariant& given) const;
     Item defaultItem(Identity item, bool withPlace) const;
-    QVariant defaultOf(Identity thing, const QString& key) const;
-    QVariant catalogueDefaultOf(Identity thing, const QString& key) const;
+    QVariant defaultOf(Identity thing, const QString& name) const;
+    QVariant catalogueDefaultOf(Identity thing, const QString& name) const;
     Changes meantWith(Identity thing, const Values& set) const;
     Changes consequences(const Changes& changes) const;
     Message commit(const Changes& wanted, QObject* asker);

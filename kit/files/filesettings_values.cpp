@@ -57,8 +57,9 @@ ReadValue FileSettings::Private::read(const QString& type, Suit suit, const QStr
     return read;
 }
 
-ReadValue FileSettings::Private::read(Identity thing, const QString& key, const QVariant& given) const
+ReadValue FileSettings::Private::read(Identity thing, const QString& name, const QVariant& given) const
 {
+    const QString key = asKept(name);
     const QString type = things.typeOf(thing);
     if (type.isEmpty() || isInternal(key))
         return {QVariant(), Message(Code::NoSuchThing)};
@@ -115,9 +116,10 @@ Message FileSettings::setValues(Identity thing, const Values& values, QObject* a
         const ReadValue read = d->read(thing, it.key(), it.value());
         if (!read.error.isEmpty())
             return read.error;
-        changesPlace = changesPlace || isPlace(it.key());
-        changes.append({thing, it.key(), d->things.value(thing, it.key()), read.value});
-        set.insert(it.key(), read.value);
+        const QString key = asKept(it.key());
+        changesPlace = changesPlace || isPlace(key);
+        changes.append({thing, key, d->things.value(thing, key), read.value});
+        set.insert(key, read.value);
     }
     changes = merged(changes);
     if (changes.isEmpty())
@@ -128,13 +130,13 @@ Message FileSettings::setValues(Identity thing, const Values& values, QObject* a
         if (selected.isValid() && !selected.toBool())
             changes.append({whose, own::selected, selected, true});
     };
-    if (!values.contains(own::selected)) {
+    if (!set.contains(own::selected)) {
         select(thing);
         if (d->things.isItem(thing))
             select(d->things.type(d->things.typeOf(thing)));
     }
     // Who places a watermark by hand takes it from its anchor.
-    if (changesPlace && !values.contains(own::anchor) && d->things.values(thing).contains(own::anchor))
+    if (changesPlace && !set.contains(own::anchor) && d->things.values(thing).contains(own::anchor))
         changes.append({thing, own::anchor, d->things.value(thing, own::anchor), QVariant()});
     return d->commit(changes, asker);
 }

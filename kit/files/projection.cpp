@@ -114,7 +114,7 @@ bool Projection::setOne(const Things& things, const Change& change)
         return true; // The models know nothing of these.
     ZoEffectModel& model = modelOf(type);
     const bool isSelection = change.key == own::selected;
-    const QString key = isSelection ? QStringLiteral("_checkstate") : change.key;
+    const QString key = isSelection ? own::checkState : change.key;
     const int pos = things.position(change.thing);
     const ZoEffectItemData* node = model.getDataItem(type, pos);
     if (!node || (!isSelection && !node->hasData(key)))

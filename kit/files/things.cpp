@@ -134,6 +134,11 @@ bool isInternal(const QString& key)
     return key.startsWith(QLatin1Char(':'));
 }
 
+QString asKept(const QString& key)
+{
+    return key == own::checkState ? own::selected : key;
+}
+
 Things::Things(const Settings& settings, Identities& identities)
 {
     m_file = identities.next();

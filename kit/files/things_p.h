@@ -17,6 +17,7 @@ class Identities;
 /// Keys that a thing holds beside its properties.
 namespace own {
 inline const QString selected = QStringLiteral("selected");
+inline const QString checkState = QStringLiteral("_checkstate"); ///< What the library calls "selected".
 inline const QString anchor = QStringLiteral("anchor");
 inline const QString items = QStringLiteral(":items");
 inline const QString of = QStringLiteral(":of");
@@ -27,6 +28,9 @@ inline const QString foreign = QStringLiteral(":foreign");
 
 /// Whether \a key is the kit's own and none that a person sets.
 bool isInternal(const QString& key);
+
+/// \a key as things keep it: "_checkstate" is taken for "selected".
+QString asKept(const QString& key);
 
 /// The truth of one file: its things and their values. Plain data; knows neither models nor signals.
 class Things {

@@ -49,11 +49,9 @@ std::optional<Wanted> wantedFrom(const QString& text)
         }
     }
     if (parts.size() > next)
-        wanted.key = parts.at(next++);
+        wanted.key = asKept(parts.at(next++));
     if (next < parts.size())
         return std::nullopt;
-    if (wanted.key == QLatin1String("_checkstate"))
-        wanted.key = own::selected;
     return wanted;
 }
 

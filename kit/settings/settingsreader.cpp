@@ -58,6 +58,7 @@ private:
     QJsonObject foreignOf(const QJsonObject& object, const QStringList& known, const QString& where);
     bool flag(const QJsonObject& object, const QString& member, bool fallback, const QString& where);
     TypeSettings readType(const QJsonValue& json, int index);
+    bool readSelected(const QJsonObject& object, bool fallback, const QString& where, Values& values);
     Item readItem(const QJsonValue& json, const QString& type, int pos);
     Values readValues(const QJsonValue& json, const QString& type, int pos);
     QVariant readKnown(const QJsonValue& json, const Property& property, const QString& where);
@@ -172,7 +173,7 @@ Values Reader::readValues(const QJsonValue& json, const QString& type, int pos)
     const QJsonObject object = json.toObject();
     for (auto it = object.begin(); it != object.end() && ok(); ++it) {
         const QString address = where + QLatin1Char(':') + it.key();
-        if (const Property* known = findProperty(type, it.key())) {
+        if (const Property* known = findProperty(it.key() == own::checkState ? types::effect : type, it.key())) {
             values.insert(it.key(), readKnown(it.value(), *known, address));
             continue;
         }
@@ -188,6 +189,13 @@ Values Reader::readValues(const QJsonValue& json, const QString& type, int pos)
     return values;
 }
 
+/// Whether \a object is selected: as it says, else as \a values of it say in the library's word, which is none of them.
+bool Reader::readSelected(const QJsonObject& object, bool fallback, const QString& where, Values& values)
+{
+    const QVariant state = values.take(own::checkState);
+    return flag(object, selectedMember, state.isValid() ? state.toBool() : fallback, where);
+}
+
 Item Reader::readItem(const QJsonValue& json, const QString& type, int pos)
 {
     const QString where = QStringLiteral("%1:%2").arg(type).arg(pos);
@@ -200,8 +208,8 @@ Item Reader::readItem(const QJsonValue& json, const QString& type, int pos)
         known.append(anchorMember);
     Item item;
     item.foreign = foreignOf(object, known, where);
-    item.selected = flag(object, selectedMember, type != types::effect, where);
     item.values = readValues(object.value(valuesMember), type, pos);
+    item.selected = readSelected(object, type != types::effect, where, item.values);
     if (type == types::effect) {
         item.name = object.value(nameMember).toString();
         QStringList names;
@@ -245,8 +253,8 @@ TypeSettings Reader::readType(const QJsonValue& json, int index)
     if (hasItems(type.type))
         known.append(itemsMember);
     type.foreign = foreignOf(object, known, type.type);
-    type.selected = flag(object, selectedMember, true, type.type);
     type.values = readValues(object.value(valuesMember), type.type, Address::ofType);
+    type.selected = readSelected(object, true, type.type, type.values);
     const QJsonValue items = object.value(itemsMember);
     expect(items.isArray() || items.isUndefined(), type.type + QStringLiteral(":items"), "a list");
     const QJsonArray array = items.toArray();

@@ -6,14 +6,14 @@
 #include <zokit/outputoptions.h>
 #include <zokit/properties.h>
 
+#include "things_p.h"
+
 namespace zokit {
 
 namespace {
 
 const QString outputType = QStringLiteral("Output");
 const QString tracksType = QStringLiteral("Tracks");
-const QString selectedKey = QStringLiteral("selected");
-const QString anchorKey = QStringLiteral("anchor");
 const QString watermarkType = QStringLiteral("Watermark");
 
 QStringList typeNames()
@@ -29,9 +29,9 @@ QStringList keysOf(const QString& type)
             keys.append(known.key);
     }
     if (type != outputType && type != tracksType)
-        keys.append(selectedKey);
+        keys.append(own::selected);
     if (type == watermarkType)
-        keys.append(anchorKey);
+        keys.append(own::anchor);
     return keys;
 }
 
@@ -80,7 +80,7 @@ ReadAddress readAddress(const QString& text)
     if (!wellFormed || parts.first().isEmpty() || parts.last().isEmpty())
         return {std::nullopt, Message(Message::Code::AddressMalformed, {text})};
     address.type = parts.first();
-    address.key = parts.last() == QLatin1String("_checkstate") ? selectedKey : parts.last();
+    address.key = asKept(parts.last());
     if (Message error = checked(address); !error.isEmpty())
         return {std::nullopt, error};
     return {address, Message()};

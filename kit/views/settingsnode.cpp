@@ -17,13 +17,6 @@
 
 namespace zokit {
 
-namespace {
-
-/// The check box of a frame effect's row stands for it.
-const QString switchKey = QStringLiteral("_checkstate");
-
-} // namespace
-
 int SettingsNode::row() const
 {
     int row = 0;
@@ -101,7 +94,8 @@ void appendValues(SettingsNode& node)
 {
     const bool isEffectType = effectTypes().contains(node.type);
     for (const Property& property : properties()) {
-        if (property.type != node.type || property.control == Control::None || property.key == switchKey
+        if (property.type != node.type || property.control == Control::None
+            || property.key == own::checkState // The check box of the item's row stands for it.
             || (isEffectType && !property.suits.testFlag(node.suit)))
             continue;
         const OutputOption* option = node.type == types::output ? outputOption(property.key) : nullptr;

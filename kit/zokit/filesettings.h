@@ -89,7 +89,8 @@ public:
     /// \name Values
     /// @{
 
-    /// The value of \a key; "selected" is a bool. Invalid when there is none.
+    /// The value of \a key; "selected" is a bool, and "_checkstate" is taken for it everywhere. Invalid when there is
+    /// none.
     QVariant value(Identity thing, const QString& key) const;
     /// All values of \a thing.
     Values values(Identity thing) const;

@@ -50,6 +50,7 @@ private slots:
     void savingADefaultChangesNoOpenFile();
     void resetGoesBackToTheDefaultsOfTheMoment();
     void resetWithoutAKeyIsOfAllOfAThing();
+    void checkStateIsTakenForSelected();
     void frameSizeKeepsThePartOfThePicture();
     void comesOutUnchanged_data();
     void comesOutUnchanged();
@@ -399,6 +400,32 @@ void TestKitFileSettings::resetWithoutAKeyIsOfAllOfAThing()
     QCOMPARE(file.reset(file.tracks(), QString()).text(), QString());
     QCOMPARE(file.values(file.tracks()), zokit::Values());
     QCOMPARE(file.reset(file.file(), QString()).code(), Code::NoSuchThing);
+}
+
+void TestKitFileSettings::checkStateIsTakenForSelected()
+{
+    const QString state = key("_checkstate");
+    const QString selected = key("selected");
+    FileSettings file(clip());
+    const Identity text =
+        file.insert(key("Watermark"), {{key("wm_textcontent"), QStringLiteral("Hello")}, {state, false}}).item;
+    QCOMPARE(file.value(text, selected), QVariant(false));
+    for (const char* address : {"Color:selected", "Watermark:0:selected", "Effect:0:selected"}) {
+        const Identity thing = at(file, address);
+        for (const bool wanted : {true, false}) {
+            QCOMPARE(file.setValue(thing, state, wanted).text(), QString());
+            QCOMPARE(file.value(thing, selected), QVariant(wanted));
+            QCOMPARE(file.value(thing, state), QVariant(wanted));
+            QVERIFY(file.state(thing, state) == file.state(thing, selected));
+        }
+        QVERIFY(!file.values(thing).contains(state));
+        QCOMPARE(file.check(thing, state, key("perhaps")).text(),
+                 QLatin1String(address) + key(": perhaps is neither true nor false."));
+        QCOMPARE(file.reset(thing, state).text(), QString());
+        QCOMPARE(file.value(thing, selected), file.catalogueDefault(thing, state));
+    }
+    QCOMPARE(file.value(at(file, "Effect:0:selected"), selected), QVariant(false));
+    QCOMPARE(file.value(text, selected), QVariant(true));
 }
 
 void TestKitFileSettings::frameSizeKeepsThePartOfThePicture()

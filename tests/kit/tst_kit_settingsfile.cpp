@@ -27,6 +27,7 @@ class TestKitSettingsFile : public QObject {
 
 private slots:
     void handWrittenFileIsRead();
+    void checkStateIsTakenForSelected();
     void whatIsMissingHasTheCataloguesDefault();
     void everyValueComesBack_data();
     void everyValueComesBack();
@@ -93,6 +94,24 @@ void TestKitSettingsFile::handWrittenFileIsRead()
              QVariant(QStringList({QStringLiteral("fra"), QStringLiteral("eng")})));
     QCOMPARE(read.settings->output.value(key("trim")), QVariant(QVariantList({12.0, 40.5})));
     QCOMPARE(read.settings->output.value(key("quality")), QVariant(22));
+}
+
+void TestKitSettingsFile::checkStateIsTakenForSelected()
+{
+    const ReadSettings read = zokit::readSettings(fileWith(R"({"type": "Color", "values": {"_checkstate": false}},
+            {"type": "Effect", "items": [{"name": "Sepia", "values": {"_checkstate": true}},
+                                         {"name": "Blur", "selected": false, "values": {"_checkstate": true}}]})"),
+                                                  QString());
+    QVERIFY2(read.settings, qPrintable(read.error.text()));
+    QVERIFY(!read.settings->find(key("Color"))->selected);
+    const QVector<zokit::Item> effects = read.settings->find(key("Effect"))->items;
+    QCOMPARE(effects.at(0).name, QStringLiteral("Sepia"));
+    QVERIFY(effects.at(0).selected);
+    QVERIFY(!effects.at(0).values.contains(key("_checkstate")));
+    QVERIFY(!effects.at(1).selected);
+    QCOMPARE(zokit::readSettings(fileWith(R"({"type": "Color", "values": {"_checkstate": "perhaps"}})"), QString())
+                 .error.text(),
+             QStringLiteral("Color:_checkstate: perhaps is neither true nor false."));
 }
 
 void TestKitSettingsFile::whatIsMissingHasTheCataloguesDefault()
