@@ -316,6 +316,8 @@ Message Project::apply(const Settings& from, const QVector<FileSettings*>& targe
 QStringList Project::changesOf(const Settings& from, const QVector<FileSettings*>& targets, const CarryOver& carry,
                                const Settle& settle) const
 {
+    if (!checkCarryOver(from, carry).isEmpty())
+        return QStringList();
     Carrier carrier(from, carry);
     QStringList lines;
     for (const FileSettings* target : targets) {

@@ -540,6 +540,7 @@ void TestKitCarryOver::missingImageIsNamedAtItsItem()
     for (const QStringList& what : {QStringList(), QStringList{key("Watermark")}, QStringList{key("Watermark:1")},
                                     QStringList{key("Watermark:1:wm_imageurl")}}) {
         QCOMPARE(zokit::checkCarryOver(source, {what, false}).text(), sentence);
+        QCOMPARE(project.changesOf(source, {target}, {what, false}), QStringList());
         QCOMPARE(project.apply(source, {target}, {what, false}).text(), sentence);
         QVERIFY(target->settings() == before);
     }
