@@ -26,6 +26,7 @@ namespace {
 using Code = Message::Code;
 
 constexpr int writeWithin = 100;                          // Milliseconds from an event to the file.
+constexpr int livesOnAfter = 10000;                       // Milliseconds: who dies then did not die at its start.
 constexpr int retryAfter = 1000;                          // Milliseconds, when the file could not be written.
 constexpr qint64 largeJournal = qint64(16) * 1024 * 1024; // Bytes; what is smaller is never made anew.
 constexpr int timesItsBeginning = 3; // Then a large one is made anew: its steps may be forgotten long since.
@@ -39,6 +40,14 @@ public:
     {
         timer.setSingleShot(true);
         QObject::connect(&timer, &QTimer::timeout, q, [this] { q->flush(); });
+        livesOn->setObjectName(QStringLiteral("livesOn"));
+        livesOn->setSingleShot(true);
+        livesOn->setInterval(livesOnAfter);
+        QObject::connect(livesOn, &QTimer::timeout, q, [this] {
+            starts = 0;
+            note(journalform::livedOn());
+        });
+        takeStarts();
         follow();
     }
 
@@ -48,9 +57,11 @@ public:
             ::close(file);
     }
 
+    void takeStarts();
     void follow();
     void note(const QByteArray& line);
-    QByteArray whole();
+    QByteArray everything();
+    QByteArray whole() { return journalform::beginning() + everything(); }
     bool write();
     bool writeAnew();
 
@@ -69,7 +80,17 @@ public:
     Changes unkept;
     QStringList toldUnkept;
     QTimer timer;
+    QTimer* livesOn = new QTimer(q);
+    int starts = 0; ///< Of what was recovered, until this session has lived on.
 };
+
+/// A session that soon dies of what it recovered leaves no other journal than the one it found.
+void Journal::Private::takeStarts()
+{
+    starts = project.history().state().starts;
+    if (starts > 0)
+        livesOn->start();
+}
 
 void Journal::Private::follow()
 {
@@ -97,7 +118,8 @@ void Journal::Private::follow()
             note(journalform::clean());
     });
     QObject::connect(history, &History::restored, q, [this] {
-        note(journalform::everything(project.everything(), project.history().state(), unkept));
+        takeStarts();
+        note(everything());
     });
 }
 
@@ -110,9 +132,10 @@ void Journal::Private::note(const QByteArray& line)
         timer.start(writeWithin);
 }
 
-QByteArray Journal::Private::whole()
+QByteArray Journal::Private::everything()
 {
-    return journalform::beginning() + journalform::everything(project.everything(), project.history().state(), unkept);
+    return journalform::everything(project.everything(), project.history().state(), unkept)
+           + journalform::start().repeated(starts);
 }
 
 /// Puts what is pending into the file. On failure errno tells why, and the file ends as it did.

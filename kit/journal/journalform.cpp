@@ -36,6 +36,7 @@ const QString selectionMember = QStringLiteral("selection");
 const QString selectionsMember = QStringLiteral("selections");
 const QString cleanMember = QStringLiteral("clean");
 const QString startMember = QStringLiteral("start");
+const QString livedOnMember = QStringLiteral("lived-on");
 const QString codeMember = QStringLiteral("code");
 const QString wordsMember = QStringLiteral("words");
 const QString changesMember = QStringLiteral("changes");
@@ -203,6 +204,7 @@ void take(Session& session, const QJsonObject& record)
         session.sinceThen.clear();
         session.gesture = Step();
         session.history = historyFrom(record);
+        session.starts = 0; // Marks that still count follow.
     } else if (record.contains(stepMember)) {
         session.gesture = Step();
         addStep(session.history, stepFrom(record.value(stepMember)));
@@ -227,6 +229,8 @@ void take(Session& session, const QJsonObject& record)
         session.history.selections[session.history.position] = thingsFrom(record.value(selectionMember));
     } else if (record.contains(cleanMember)) {
         session.history.cleanPosition = session.history.position;
+    } else if (record.contains(livedOnMember)) {
+        session.starts = 0;
     }
 }
 
@@ -348,6 +352,11 @@ QByteArray clean()
 QByteArray start()
 {
     return lineOf({{startMember, true}});
+}
+
+QByteArray livedOn()
+{
+    return lineOf({{livedOnMember, true}});
 }
 
 } // namespace zokit::journalform

@@ -20,7 +20,7 @@ struct Session {
     Changes sinceThen;    ///< All that was done, undone and redone after that, in order.
     HistoryState history; ///< Its clean position only as far as the journal saw it.
     Step gesture;         ///< One that had not ended.
-    int starts = 0;       ///< How often it was recovered without ending well.
+    int starts = 0;       ///< How often it was recovered by sessions that did not live long.
 
     /// The changes from nothing to the values to which the session had come. The steps behind them may be gone by a new
     /// branch, so what was done is taken record by record.
@@ -48,6 +48,7 @@ QByteArray position(int position);
 QByteArray selection(const QVector<Identity>& things);
 QByteArray clean();
 QByteArray start();
+QByteArray livedOn();
 /// @}
 
 } // namespace zokit::journalform

@@ -102,6 +102,7 @@ Message Journal::recover(const QString& path, Project& project)
         values.end());
     project.apply(values);
     HistoryState history = session.history;
+    history.starts = session.starts + 1;
     const Changes gesture = merged(session.gesture.changes);
     if (!gesture.isEmpty()) {
         const bool isNamed = !session.gesture.text.isEmpty();

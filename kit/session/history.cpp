@@ -104,6 +104,7 @@ public:
     QVector<QVector<Identity>> selections{{}}; // One more than steps: before the first, behind each.
     int position = 0;
     int cleanPosition = 0; // -1: not to be had any more.
+    int starts = 0;        // As restored.
     qint64 bytes = 0;
     qint64 limit = defaultLimit;
     int gestures = 0;
@@ -355,7 +356,7 @@ void History::setLimit(qint64 bytes)
 
 HistoryState History::state() const
 {
-    return {d->steps, d->selections, d->position, d->cleanPosition};
+    return {d->steps, d->selections, d->position, d->cleanPosition, d->starts};
 }
 
 void History::restore(const HistoryState& state)
@@ -367,6 +368,7 @@ void History::restore(const HistoryState& state)
     d->selections = state.selections;
     d->selections.resize(count + 1);
     d->cleanPosition = state.cleanPosition <= count ? std::max(state.cleanPosition, -1) : -1;
+    d->starts = state.starts;
     d->bytes = 0;
     Identity highest = 0;
     for (const Step& step : state.steps) {

@@ -28,6 +28,7 @@ struct ZOKIT_EXPORT HistoryState {
     QVector<QVector<Identity>> selections; ///< Before the first step, and behind each.
     int position = 0;                      ///< How many steps are done.
     int cleanPosition = -1;                ///< Where the project was clean; -1: nowhere in here.
+    int starts = 0;                        ///< How often a journal brought it back for a session that soon died.
 };
 
 /// Undo and redo of everything in a project. Each operation is a step; between beginGesture() and endGesture() all are

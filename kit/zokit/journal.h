@@ -21,17 +21,20 @@ class Project;
 /// ended, which comes back as a step. One file a session, locked by it as long as it lives.
 ///
 /// At its start a host asks left(), and for the journal that its user wants: recover() into a new project, a Journal
-/// for that, discard() of the old one. A journal grows with what is done; a large one is made anew now and then.
+/// for that, and when flush() of that one says true, discard() of the old one. A journal grows with what is done; a
+/// large one is made anew now and then.
 class ZOKIT_EXPORT Journal : public QObject {
     Q_OBJECT
 
 public:
     /// A session that left a journal and is not alive any more.
     struct Left {
-        QString path;           ///< Of the journal's file.
-        QDateTime changed;      ///< Last written by its session.
-        QStringList files;      ///< The clips it was about in the end; empty also for what recover() cannot read.
-        bool diedTwice = false; ///< It died at its start, twice: it was set aside and is not to be opened by itself.
+        QString path;      ///< Of the journal's file.
+        QDateTime changed; ///< Last written by its session.
+        QStringList files; ///< The clips it was about in the end; empty also for what recover() cannot read.
+        /// Sessions that recovered it died within their first ten seconds, twice: it was set aside and is not to be
+        /// opened by itself.
+        bool diedTwice = false;
     };
     /// Journals of dead sessions in \a folder (without one: "zoeffect/journal" in the user's state folder), newest
     /// first.

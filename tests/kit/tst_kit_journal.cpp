@@ -4,6 +4,8 @@
 #include <csignal>
 
 #include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <QFile>
 #include <QImage>
@@ -44,6 +46,7 @@ private slots:
     void sessionThatEndedWellLeavesNothing();
     void newerSavedFileBeatsAnOlderJournal();
     void sessionThatDiedTwiceIsSetAside();
+    void whatHostsDieOfIsSetAside();
     void folderThatCannotBeIsToldAndTriedAgain();
     void fullDiskIsToldAndTriedAgain();
     void removedJournalIsMadeAgain();
@@ -448,6 +451,67 @@ void TestKitJournal::sessionThatDiedTwiceIsSetAside()
         QCOMPARE(Journal::recover(found.first().path, asked).code(), Code::JournalCut);
         QCOMPARE(asked.files().size(), 1);
     }
+}
+
+namespace {
+
+/// A host that starts as Journal says: a project with what was left newest, and its own journal instead of that.
+struct StartedHost {
+    explicit StartedHost(const QString& folder)
+    {
+        const QString left = Journal::left(folder).first().path;
+        isRecovered = Journal::recover(left, project).isEmpty();
+        journal = std::make_unique<Journal>(project, folder);
+        if (journal->flush())
+            Journal::discard(left);
+    }
+
+    Project project;
+    bool isRecovered = false;
+    std::unique_ptr<Journal> journal;
+};
+
+/// Starts one that is killed as soon as it has its journal.
+bool startAndKill(const QString& folder)
+{
+    const pid_t host = ::fork();
+    if (host == 0) {
+        const StartedHost started(folder);
+        ::raise(started.isRecovered ? SIGKILL : SIGTERM);
+    }
+    int status = 0;
+    return ::waitpid(host, &status, 0) == host && WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL;
+}
+
+} // namespace
+
+void TestKitJournal::whatHostsDieOfIsSetAside()
+{
+    const QTemporaryDir folder;
+    {
+        Project project;
+        const Journal journal(project, folder.path());
+        project.add(clip());
+    }
+    QString left;
+    for (const int deaths : {1, 2}) {
+        QVERIFY(startAndKill(folder.path()));
+        const QVector<Journal::Left> found = Journal::left(folder.path());
+        QCOMPARE(found.size(), 1);
+        QCOMPARE(found.first().files, QStringList(QStringLiteral("/clips/clip.mkv")));
+        QCOMPARE(found.first().diedTwice, deaths == 2);
+        left = found.first().path;
+    }
+    Project project;
+    QVERIFY(Journal::recover(left, project).isEmpty());
+    auto journal = std::make_unique<Journal>(project, folder.path());
+    auto* living = journal->findChild<QTimer*>(QStringLiteral("livesOn"));
+    living->start(0);
+    QTRY_VERIFY(!living->isActive());
+    journal.reset(); // As if it had died, but not at its start.
+    const QVector<Journal::Left> found = Journal::left(folder.path());
+    QCOMPARE(found.size(), 1);
+    QVERIFY(!found.first().diedTwice);
 }
 
 void TestKitJournal::folderThatCannotBeIsToldAndTriedAgain()
