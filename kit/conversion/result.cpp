@@ -16,13 +16,20 @@ bool isInResult(const TrackPlan& plan)
     return plan.fate != TrackFate::LeftOut && plan.fate != TrackFate::BurnedIn;
 }
 
+/// As ffprobe will call it: mp4 has one number for mp2 and mp3, and which of them it is stands in the frames alone.
+QString nameInResult(const QString& codec, const QString& container)
+{
+    const bool isShared = container == QLatin1String("mp4") && codec == QLatin1String("mp2");
+    return isShared ? QStringLiteral("mp3") : codec;
+}
+
 /// Which codecs the result holds, one a track. Attachments may be listed as pictures, and pictures as attachments.
 QStringList codecsOf(const TracksPlan& plan, TrackKind kind)
 {
     QStringList codecs;
     for (const TrackPlan& track : plan.tracks)
         if (isInResult(track) && track.track.kind == kind && !track.isCover)
-            codecs.append(track.codec);
+            codecs.append(nameInResult(track.codec, plan.container));
     std::sort(codecs.begin(), codecs.end());
     return codecs;
 }

@@ -189,6 +189,7 @@ void TestKitConversion::tracksFollow_data()
     row("an attachment", "attachment.mkv", "mkv", nothing, "h264 aac ttf");
     row("a cover before a font", "cover-and-font.mkv", "mkv", nothing, "h264 aac ttf mjpeg(cover)");
     row("sound that mkv has no name for", "big-endian.mov", "mkv", nothing, "aac");
+    row("sound that mp4 has no name of its own for", "plain.mpg", "mp4", nothing, "mpeg2video mp3");
     row("HDR that says only half of it", "half-tagged.mkv", "mp4", grey, "h264");
     row("two videos", "two-videos.mkv", "mkv", grey, "h264 ffv1");
     row("sound alone", "sound.wav", "mkv", normalized, "aac");
