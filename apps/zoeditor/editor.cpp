@@ -3,6 +3,7 @@
 
 #include "editor.h"
 
+#include <algorithm>
 #include <utility>
 
 #include <QApplication>
@@ -55,7 +56,10 @@ QStringList Editor::offerLeft()
     const QVector<zokit::Journal::Left> all = m_session->left();
     if (all.isEmpty())
         return {};
-    const zokit::Journal::Left& left = all.first();
+    const auto found = std::find_if(all.cbegin(), all.cend(),
+                                    [](const zokit::Journal::Left& session) { return !session.files.isEmpty(); });
+    // A newer one that could not be written holds nothing.
+    const zokit::Journal::Left& left = found == all.cend() ? all.first() : *found;
     QStringList names;
     for (const QString& file : left.files)
         names.append(QFileInfo(file).fileName());

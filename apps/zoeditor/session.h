@@ -147,8 +147,9 @@ public:
     QVector<zokit::Journal::Left> left() const;
     /// The settings files of such a session that are there.
     static QVector<SavedSettings> savedBeside(const zokit::Journal::Left& left);
-    /// Brings back what a session left, and removes its journal. Before files are opened and the journal is begun. The
-    /// settings are saved where they came from; where those were saved later than the session's, that is asked again.
+    /// Brings back what a session left. Before files are opened and the journal is begun; what is left goes when that
+    /// holds all of it. The settings are saved where they came from; where those were saved later than the session's,
+    /// that is asked again.
     zokit::Message recover(const QString& journal);
     /// Removes what a session left.
     static void discard(const QString& journal);
@@ -177,6 +178,7 @@ private:
     void noteRemoved(zokit::FileSettings* file);
     void noteChanges(const zokit::Changes& changes);
     void noteEdited(int row, const zokit::FileSettings& file);
+    void discardRecovered();
     void noteSettingsFiles();
     void noteCurrent(zokit::FileSettings* file);
 
@@ -197,6 +199,7 @@ private:
     std::unique_ptr<zokit::QueueFile> m_queueFile;
     std::unique_ptr<zokit::Journal> m_journal;
     QJsonObject m_notedNames;           ///< As they stand beside the journal.
+    QString m_recoveredJournal;         ///< As long as this session's own does not hold all of it.
     QMap<QString, QString> m_recovered; ///< Settings files of what is being recovered, by the clip.
     QVector<FileRow> m_removed;         ///< Rows of files that the history may bring back.
     std::unique_ptr<zokit::Selection> m_selection;

@@ -5,6 +5,8 @@
 
 #include "session.h"
 
+#include <utility>
+
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
@@ -64,9 +66,8 @@ Message Session::recover(const QString& journal)
     }
     const Message trouble = zokit::Journal::recover(journal, m_project);
     m_recovered.clear();
-    if (m_project.files().isEmpty())
-        return trouble;
-    discard(journal);
+    if (!m_project.files().isEmpty())
+        m_recoveredJournal = journal;
     return trouble;
 }
 
@@ -79,13 +80,27 @@ void Session::discard(const QString& journal)
 void Session::keepJournal()
 {
     m_journal = std::make_unique<zokit::Journal>(m_project, m_journalFolder);
-    connect(m_journal.get(), &zokit::Journal::trouble, this, &Session::take);
+    connect(m_journal.get(), &zokit::Journal::trouble, this, [this](const Message& message) {
+        if (take(message))
+            discardRecovered(); // The journal can be written again.
+    });
     connect(m_journal.get(), &zokit::Journal::valueNotKept, this, &Session::take);
     noteSettingsFiles();
+    discardRecovered();
     m_queueFile = std::make_unique<zokit::QueueFile>(
         m_queue, m_journalFolder.isEmpty() ? QString() : m_journalFolder + QStringLiteral("/queue/queue.jsonl"));
     connect(m_queueFile.get(), &zokit::QueueFile::trouble, this, &Session::take);
     take(m_queueFile->open());
+}
+
+/// What was recovered is left until it stands in this session's journal: this one may be killed, too.
+void Session::discardRecovered()
+{
+    if (m_recoveredJournal.isEmpty() || !m_journal->flush())
+        return;
+    discard(std::exchange(m_recoveredJournal, {}));
+    m_notedNames = {}; // One that was set aside may have had this journal's name.
+    noteSettingsFiles();
 }
 
 /// Beside the journal stands where the settings of each clip are kept; without that a recovered session would only not
@@ -112,6 +127,8 @@ void Session::close()
     m_queue.cancelAll();
     if (!m_journal)
         return;
+    if (!m_recoveredJournal.isEmpty())
+        discard(m_recoveredJournal);
     QFile::remove(namesBeside(m_journal->path()));
     m_journal->close();
 }

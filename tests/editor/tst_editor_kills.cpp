@@ -3,10 +3,14 @@
 
 // Editors that are killed at any moment, and what the next start brings back.
 
+#include <csignal>
 #include <memory>
 #include <vector>
 
+#include <sys/resource.h>
+
 #include <QtTest>
+#include <QtWidgets>
 
 #include <zokit/history.h>
 #include <zokit/journal.h>
@@ -27,6 +31,9 @@ class TestEditorKills : public QObject {
 
 private slots:
     void initTestCase();
+    void whatEditorsDieOfIsSetAside();
+    void recoveredSessionStaysUntilItIsKeptAgain_data();
+    void recoveredSessionStaysUntilItIsKeptAgain();
     void nextStartBringsEverythingBack();
 
 private:
@@ -42,6 +49,33 @@ constexpr int longestWait = 30; // Milliseconds: longer than an edit.
 QString clip()
 {
     return clips::clip(QStringLiteral("plain.mp4"));
+}
+
+/// Leaves the journal of a session with one clip that died; its path.
+QString leave(const QString& folder)
+{
+    zokit::Project project;
+    const zokit::Journal journal(project, folder);
+    project.add(kitsupport::clip());
+    return journal.path();
+}
+
+/// The button with which the start of an editor offers to answer its question. It is answered by "later".
+QString offeredAnswer(const QString& folder)
+{
+    QString answer;
+    QTimer looking;
+    QObject::connect(&looking, &QTimer::timeout, &looking, [&answer] {
+        const auto* question = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (!question)
+            return;
+        answer = question->defaultButton()->objectName();
+        question->findChild<QPushButton*>(key("later"))->click();
+    });
+    looking.start(0);
+    zoeditor::Editor editor(folder);
+    editor.start({});
+    return answer;
 }
 
 /// What the next start shows when its question is answered by "Recover".
@@ -100,6 +134,56 @@ void TestEditorKills::initTestCase()
     write("ffmpeg", key("exit 1"));
     QVERIFY(!clip().isEmpty()); // It is made by the real one, the first time.
     QVERIFY(qputenv("ZOEFFECT_FFMPEG", QFile::encodeName(m_tools.path())));
+}
+
+void TestEditorKills::whatEditorsDieOfIsSetAside()
+{
+    const QTemporaryDir folder;
+    leave(folder.path());
+    for (int deaths = 0; deaths < 2; ++deaths) {
+        editorsupport::answer("recoverQuestion", "recover");
+        zoeditor::Editor editor(folder.path());
+        editor.start({});
+        QCOMPARE(editor.session().files().rowCount(), 1);
+    } // Without a good end.
+    QCOMPARE(offeredAnswer(folder.path()), key("later"));
+    QCOMPARE(QDir(folder.path()).entryList({key("*.aside")}).size(), 1);
+}
+
+void TestEditorKills::recoveredSessionStaysUntilItIsKeptAgain_data()
+{
+    QTest::addColumn<bool>("isKilled");
+    QTest::newRow("killed before") << true;
+    QTest::newRow("kept at last") << false;
+}
+
+void TestEditorKills::recoveredSessionStaysUntilItIsKeptAgain()
+{
+    QFETCH(const bool, isKilled);
+    const QTemporaryDir folder;
+    leave(folder.path());
+    rlimit limit{};
+    QCOMPARE(getrlimit(RLIMIT_FSIZE, &limit), 0);
+    const rlimit none{0, limit.rlim_max};
+    std::signal(SIGXFSZ, SIG_IGN);
+    editorsupport::answer("recoverQuestion", "recover");
+    auto editor = std::make_unique<zoeditor::Editor>(folder.path());
+    setrlimit(RLIMIT_FSIZE, &none); // As a full disk.
+    editor->start({});
+    const int left = static_cast<int>(editor->session().left().size());
+    if (isKilled)
+        editor.reset();
+    setrlimit(RLIMIT_FSIZE, &limit);
+    QCOMPARE(left, 1);
+    if (isKilled) {
+        editorsupport::answer("recoverQuestion", "recover");
+        editor = std::make_unique<zoeditor::Editor>(folder.path());
+        editor->start({});
+        QCOMPARE(editor->session().left().size(), 1); // The journal that could not be written.
+    } else {
+        QTRY_COMPARE_WITH_TIMEOUT(editor->session().left().size(), 0, 60000);
+    }
+    QCOMPARE(editor->session().files().rowCount(), 1);
 }
 
 void TestEditorKills::nextStartBringsEverythingBack()
