@@ -71,7 +71,8 @@ QStringList Editor::offerLeft()
         about.append(sentence.arg(QFileInfo(settings.file).fileName(), timeText(settings.saved)));
     }
     if (left.diedTwice)
-        about.append(tr("An editor that opened them has ended twice. It may happen again."));
+        about.append(tr("An editor that opened them has ended twice. It may happen again. They are set aside in %1.")
+                         .arg(left.path));
     QMessageBox question(QMessageBox::Question, tr("Recover"),
                          tr("An editor ended before its time, %1. Its settings are there:").arg(timeText(left.changed))
                              + QLatin1Char('\n') + names.join(QLatin1String(", ")),
@@ -87,9 +88,12 @@ QStringList Editor::offerLeft()
     }
     QPushButton* discarding = question.addButton(tr("Discard"), QMessageBox::DestructiveRole);
     discarding->setObjectName(QStringLiteral("discard"));
-    QPushButton* later = question.addButton(tr("Ask again later"), QMessageBox::RejectRole);
+    QPushButton* later =
+        question.addButton(left.diedTwice ? tr("Leave them there") : tr("Ask again later"), QMessageBox::RejectRole);
     later->setObjectName(QStringLiteral("later"));
-    question.setDefaultButton(left.diedTwice ? later : recovering);
+    const bool isSavedLater =
+        std::any_of(saved.cbegin(), saved.cend(), [](const SavedSettings& settings) { return settings.isNewer; });
+    question.setDefaultButton(left.diedTwice ? later : isSavedLater ? opening : recovering);
     question.exec();
     if (question.clickedButton() == recovering)
         m_session->take(m_session->recover(left.path));

@@ -31,6 +31,8 @@ class TestEditorKills : public QObject {
 
 private slots:
     void initTestCase();
+    void newerSavedFileIsTheAnswer_data();
+    void newerSavedFileIsTheAnswer();
     void whatEditorsDieOfIsSetAside();
     void recoveredSessionStaysUntilItIsKeptAgain_data();
     void recoveredSessionStaysUntilItIsKeptAgain();
@@ -134,6 +136,33 @@ void TestEditorKills::initTestCase()
     write("ffmpeg", key("exit 1"));
     QVERIFY(!clip().isEmpty()); // It is made by the real one, the first time.
     QVERIFY(qputenv("ZOEFFECT_FFMPEG", QFile::encodeName(m_tools.path())));
+}
+
+void TestEditorKills::newerSavedFileIsTheAnswer_data()
+{
+    QTest::addColumn<int>("hours"); // From the last edit to when it was saved; 0: never.
+    QTest::addColumn<QString>("answer");
+    QTest::newRow("never saved") << 0 << key("recover");
+    QTest::newRow("saved before") << -1 << key("recover");
+    QTest::newRow("saved later") << 1 << key("openSaved");
+}
+
+void TestEditorKills::newerSavedFileIsTheAnswer()
+{
+    QFETCH(const int, hours);
+    const QTemporaryDir folder;
+    const QString left = leave(folder.path());
+    QFile saved(folder.filePath(key("mine.zoeffect.json")));
+    if (hours != 0) {
+        QVERIFY(saved.open(QIODevice::WriteOnly));
+        constexpr int hour = 3600; // Seconds.
+        QVERIFY(saved.setFileTime(QFileInfo(left).lastModified().addSecs(qint64(hours) * hour),
+                                  QFileDevice::FileModificationTime));
+        QFile names(left + key(".settings"));
+        QVERIFY(names.open(QIODevice::WriteOnly));
+        names.write(QJsonDocument(QJsonObject{{kitsupport::clip().file, saved.fileName()}}).toJson());
+    }
+    QTEST(offeredAnswer(folder.path()), "answer");
 }
 
 void TestEditorKills::whatEditorsDieOfIsSetAside()

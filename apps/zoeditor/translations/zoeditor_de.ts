@@ -229,12 +229,16 @@
         <translation>Ein Editor endete vorzeitig, %1. Seine Einstellungen sind noch da:</translation>
     </message>
     <message>
-        <source>An editor that opened them has ended twice. It may happen again.</source>
-        <translation>Ein Editor, der sie öffnete, ist zweimal abgebrochen. Das kann wieder geschehen.</translation>
+        <source>An editor that opened them has ended twice. It may happen again. They are set aside in %1.</source>
+        <translation>Ein Editor, der sie öffnete, ist zweimal abgebrochen. Das kann wieder geschehen. Sie liegen in %1.</translation>
     </message>
     <message>
         <source>Discard</source>
         <translation>Verwerfen</translation>
+    </message>
+    <message>
+        <source>Leave them there</source>
+        <translation>Dort lassen</translation>
     </message>
     <message>
         <source>Ask again later</source>
