@@ -182,6 +182,7 @@ void EmbeddedPref::tryAgainLater()
                 save(longestWait);
         };
         m_timer = new QTimer(application);
+        m_timer->setObjectName(QStringLiteral("zoeffect-unsaved")); // By which the kit finds it.
         QObject::connect(m_timer, &QTimer::timeout, m_timer, [this] { save(0); });
         QObject::connect(application, &QCoreApplication::aboutToQuit, m_timer, saveAtLast);
         QObject::connect(m_timer, &QObject::destroyed, saveAtLast);

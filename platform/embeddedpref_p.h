@@ -23,7 +23,8 @@
 ///
 /// A change that could not be written stays in memory, is answered by hasKey() and value(), and is tried again by the
 /// next save, by a timer where an event loop runs, and when the application object goes. A value that the file cannot
-/// hold stays in memory until the process ends. A warning tells of either, once until a save succeeds.
+/// hold stays in memory until the process ends. A warning tells of either, once until a save succeeds. As long as the
+/// timer is active, a child "zoeffect-unsaved" of the application object, something could not be written.
 ///
 /// A file that is not of this form is renamed, with a warning, never overwritten; what this store had read from it
 /// before goes into a new one. A file of a higher version, and one that cannot be read, is left alone.

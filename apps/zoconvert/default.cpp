@@ -23,7 +23,7 @@ int codeOf(const Message& error)
     if (error.isEmpty())
         return Done;
     console::error(error.text());
-    return Usage;
+    return error.code() == Message::Code::FileUnwritable ? Failed : Usage;
 }
 
 int list(const zokit::Project& project)

@@ -359,7 +359,7 @@ Message Project::saveDefault(Identity thing, QObject* asker)
     const Changes changes = changesBetween(saved, before, after);
     if (!changes.isEmpty())
         d->tell(changes, asker, [&] { d->applyToDefaults(changes); });
-    return Message();
+    return whyUnwritten();
 }
 
 Message Project::forgetDefault(const QString& type, QObject* asker)
@@ -372,7 +372,7 @@ Message Project::forgetDefault(const QString& type, QObject* asker)
     const Changes changes = changesBetween(saved, savedDefaults().getCustomDefaultVal(type), Values());
     if (!changes.isEmpty())
         d->tell(changes, asker, [&] { d->applyToDefaults(changes); });
-    return Message();
+    return whyUnwritten();
 }
 
 void Project::apply(const Changes& changes, QObject* asker)

@@ -3,6 +3,13 @@
 
 #include "savingdefaults_p.h"
 
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QStandardPaths>
+#include <QTimer>
+
 #include <zoeffectmodel.h>
 
 #include <zokit/properties.h>
@@ -76,6 +83,28 @@ Values valuesToSave(const FileSettings& file, const Address& address, const Valu
     Values saved = values;
     saved.remove(QStringLiteral("selected"));
     return address.type == QLatin1String("Crop") || address.type == QLatin1String("Audio") ? Values() : saved;
+}
+
+Message whyUnwritten()
+{
+    const QCoreApplication* application = QCoreApplication::instance();
+    const auto* tryingAgain =
+        application ? application->findChild<QTimer*>(QStringLiteral("zoeffect-unsaved"), Qt::FindDirectChildrenOnly)
+                    : nullptr;
+    if (!tryingAgain || !tryingAgain->isActive())
+        return Message();
+    const QDir folder(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation));
+    const QString path = folder.filePath(QStringLiteral("effectdefaults.json"));
+    constexpr int more = 4096; // Than is there.
+    QSaveFile trial(path);     // It tells the reason, and is never put into place.
+    const bool isWritable = trial.open(QIODevice::WriteOnly)
+                            && trial.write(QByteArray(static_cast<int>(QFileInfo(path).size()) + more, ' ')) >= 0
+                            && trial.flush();
+    trial.cancelWriting();
+    const QString reason = isWritable
+                               ? QCoreApplication::translate("zokit", "it is locked, damaged or of a newer version")
+                               : trial.errorString();
+    return Message(Message::Code::FileUnwritable, {path, reason});
 }
 
 } // namespace zokit

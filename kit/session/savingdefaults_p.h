@@ -13,4 +13,8 @@ namespace zokit {
 /// Empty: there is nothing to save.
 Values valuesToSave(const FileSettings& file, const Address& address, const Values& before);
 
+/// Why saved defaults stay in memory by now: the library's own store could not be written, and tries again. Empty where
+/// that is not so, or the host has a store of its own.
+Message whyUnwritten();
+
 } // namespace zokit

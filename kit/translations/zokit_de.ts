@@ -1368,6 +1368,10 @@
         <translation>%1 hat schon die neuen Einstellungen. Die alten liegen in %2. %3</translation>
     </message>
     <message>
+        <source>it is locked, damaged or of a newer version</source>
+        <translation>sie ist gesperrt, beschädigt oder von einer neueren Version</translation>
+    </message>
+    <message>
         <source>it is a folder</source>
         <translation>es ist ein Ordner</translation>
     </message>

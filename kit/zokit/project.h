@@ -72,8 +72,10 @@ public:
     /// Those values; empty when none are saved.
     Values savedValues(const QString& type) const;
     /// Makes the values of \a thing (an item, or the type itself) the saved default of its type. No open file changes.
+    /// FileUnwritable tells that the library's own store could not be written: the default acts, until the program ends
+    /// or the store is written at last, which is tried every two seconds.
     Message saveDefault(Identity thing, QObject* asker = nullptr);
-    /// The catalogue's defaults act again for \a type. No open file changes.
+    /// The catalogue's defaults act again for \a type. No open file changes. FileUnwritable as above.
     Message forgetDefault(const QString& type, QObject* asker = nullptr);
     /// @}
 

@@ -3,6 +3,10 @@
 
 // Command lines of zoconvert: what they print, what they say, how they end.
 
+#include <csignal>
+
+#include <sys/resource.h>
+
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -39,6 +43,7 @@ private Q_SLOTS:
     void appliedToAllOrToNone();
     void presetsAreKeptUnderTheirNames();
     void defaultsAreSavedShownAndForgotten();
+    void defaultThatCannotBeWrittenFails();
     void theLogIsExplained();
     void germanIsSpokenWhereItIsWanted();
     void aFullDiskIsNoSuccess();
@@ -433,6 +438,21 @@ void TestZoconvert::defaultsAreSavedShownAndForgotten()
     QCOMPARE(program.err, QStringLiteral("zoconvert: Watermark has no item 1; it has 0, counted from 0.\n"));
     program.run({"default", "remove", "Color"});
     QCOMPARE(program.code, 0);
+    program.run({"default", "list"});
+    QCOMPARE(program.out, QString());
+}
+
+void TestZoconvert::defaultThatCannotBeWrittenFails()
+{
+    ProgramRun program;
+    rlimit limit{};
+    QCOMPARE(getrlimit(RLIMIT_FSIZE, &limit), 0);
+    const rlimit none{0, limit.rlim_max};
+    std::signal(SIGXFSZ, SIG_IGN);
+    setrlimit(RLIMIT_FSIZE, &none); // As a full disk.
+    program.run({"default", "save", "Color", "b.zoeffect.json"});
+    setrlimit(RLIMIT_FSIZE, &limit);
+    QCOMPARE(program.code, 1);
     program.run({"default", "list"});
     QCOMPARE(program.out, QString());
 }

@@ -50,6 +50,7 @@ private slots:
     void whatApplyingWouldChangeIsALineAValue();
     void filesComeAndGo();
     void savedDefaultsComeAndGo();
+    void defaultThatCannotBeWrittenIsTold();
     void directChangeOfAModelIsAStep();
     void listenerCannotEditWhileAStepIsReplayed_data();
     void listenerCannotEditWhileAStepIsReplayed();
@@ -482,6 +483,43 @@ void TestKitHistory::savedDefaultsComeAndGo()
     QCOMPARE(project.saveDefault(file->type(key("Crop"))).code(), Code::NothingToSave);
 }
 
+namespace {
+
+/// A host with a preference store or, at times, with the library's own.
+class Host : public TestApplication {
+public:
+    using TestApplication::TestApplication;
+
+    ZoPref* preferences() override { return hasStore ? TestApplication::preferences() : nullptr; }
+
+    bool hasStore = true;
+};
+
+} // namespace
+
+void TestKitHistory::defaultThatCannotBeWrittenIsTold()
+{
+    auto* host = dynamic_cast<Host*>(QCoreApplication::instance());
+    const QScopedValueRollback<bool> withoutStore(host->hasStore, false);
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation);
+    QFile obstacle(folder); // A file in the place of the folder.
+    QVERIFY(obstacle.open(QIODevice::WriteOnly));
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(key("effectdefaults.json\" cannot be locked")));
+    Project project;
+    FileSettings* file = project.add(clip());
+    const Identity color = file->type(key("Color"));
+    file->setValue(color, key("bcs_contrast"), 11);
+    const zokit::Message unwritable(
+        Code::FileUnwritable, {folder + QStringLiteral("/effectdefaults.json"), QStringLiteral("Not a directory")});
+    QCOMPARE(project.saveDefault(color), unwritable);
+    QCOMPARE(project.saveDefault(color), unwritable); // Still.
+    QCOMPARE(project.savedValues(key("Color")).value(key("bcs_contrast")), QVariant(11));
+    QCOMPARE(project.forgetDefault(key("Color")), unwritable);
+    QVERIFY(obstacle.remove());
+    QCOMPARE(project.saveDefault(color), zokit::Message());
+    QCOMPARE(project.forgetDefault(key("Color")), zokit::Message());
+}
+
 void TestKitHistory::directChangeOfAModelIsAStep()
 {
     Project project;
@@ -596,5 +634,12 @@ void TestKitHistory::undoAllIsExact()
     }
 }
 
-ZOEFFECT_TEST_MAIN(TestKitHistory)
+int main(int argc, char** argv)
+{
+    const TestFolders folders;
+    Host host(argc, argv);
+    TestKitHistory test;
+    return QTest::qExec(&test, argc, argv);
+}
+
 #include "tst_kit_history.moc"
