@@ -68,6 +68,8 @@ void addEnd(Chain& chain, Picture& picture, const Settings& settings, const QStr
     const bool even = asksForEven(wanted);
     const QRect kept = croppedTo(settings, picture.frame, even, &graph.error);
     const QSize whole = kept.isValid() ? kept.size() : picture.frame;
+    const QRect asked = croppedTo(settings, picture.frame, false);
+    const QSize before = asked.isValid() ? asked.size() : picture.frame;
     if (kept.isValid() && leavesFrame(settings, picture.frame))
         graph.warnings.append(Message(Code::CropCut, {sizeText(kept.size()), sizeText(picture.frame)}));
     if (cropsNothing(settings))
@@ -84,6 +86,9 @@ void addEnd(Chain& chain, Picture& picture, const Settings& settings, const QStr
         graph.size = QSize(whole.width() - whole.width() % 2, whole.height() - whole.height() % 2);
         chain.add(QStringLiteral("crop=%1:%2:0:0:exact=1").arg(graph.size.width()).arg(graph.size.height()));
     }
+    const QSize after = kept.isValid() || isScaled ? whole : graph.size;
+    if (graph.error.isEmpty() && after != before)
+        graph.warnings.append(Message(Code::MadeEven, {sizeText(after), sizeText(before), wanted}));
     if (even && graph.error.isEmpty() && (graph.size.width() % 2 != 0 || graph.size.height() % 2 != 0))
         graph.error = Message(Code::OddSize, {sizeText(graph.size), wanted});
     const double speed = speedFactor(settings);

@@ -23,14 +23,15 @@ HandleDrag HandleDrag::drawing(const FileSettings& file, const PreviewScene& sce
 Message HandleDrag::text() const
 {
     const bool isCrop = m_thing == m_began.cropThing;
-    return Message(Message::Code::StepChange,
-                   {displayName(isCrop ? QStringLiteral("Crop") : QStringLiteral("Watermark"))});
+    return Message(Message::Code::StepChange, {isCrop ? QStringLiteral("Crop") : QStringLiteral("Watermark")});
 }
 
 Dragged HandleDrag::to(const QPoint& by, double reach) const
 {
-    return m_from ? drawnCrop(m_began, *m_from, *m_from + by, reach, m_rule)
-                  : dragged(m_began, m_thing, m_handle, by, reach, m_rule);
+    CropRule rule = m_rule;
+    rule.even = rule.even && reach > 0; // Who suspends snapping means each pixel.
+    return m_from ? drawnCrop(m_began, *m_from, *m_from + by, reach, rule)
+                  : dragged(m_began, m_thing, m_handle, by, reach, rule);
 }
 
 Values HandleDrag::values(const QRect& place) const

@@ -34,9 +34,10 @@ int room(int edge, int from, int size, int areaFrom, int areaSize)
     return std::max({there, size, 1});
 }
 
-int evenBelow(int length, int smallest)
+/// What is as long as the \a frame stays: nothing is cut off there.
+int evenBelow(int length, int smallest, int frame)
 {
-    return length % 2 != 0 && length - 1 >= smallest ? length - 1 : length;
+    return length % 2 != 0 && length != frame && length - 1 >= smallest ? length - 1 : length;
 }
 
 /// Where a side of \a size begins: where the other edge stays, or around the same middle.
@@ -73,8 +74,8 @@ QRect sized(const QRect& start, Handle handle, const QPoint& by, const SizeRule&
             height = std::clamp(height, std::min(rule.smallest.height(), mostHeight), mostHeight);
     }
     if (rule.even) {
-        width = evenBelow(width, rule.smallest.width());
-        height = evenBelow(height, rule.smallest.height());
+        width = evenBelow(width, rule.smallest.width(), area.width());
+        height = evenBelow(height, rule.smallest.height(), area.height());
     }
     return {beginning(edges.x, start.left(), start.width(), width, area.left(), area.width()),
             beginning(edges.y, start.top(), start.height(), height, area.top(), area.height()), width, height};

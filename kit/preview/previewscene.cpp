@@ -10,6 +10,7 @@
 #include <zokit/properties.h>
 
 #include "names_p.h"
+#include "pixelformat_p.h"
 #include "things_p.h"
 
 namespace zokit {
@@ -113,6 +114,7 @@ CropRule cropRule(const FileSettings& file)
     const Settings settings = file.settings();
     const QSize frame = baseFrame(settings);
     CropRule rule;
+    rule.even = asksForEven(settings.output.value(QStringLiteral("pixel-format")).toString());
     rule.smallest = {values.value(QStringLiteral("crop_minwidth")).toInt(),
                      values.value(QStringLiteral("crop_minheight")).toInt()};
     if (!values.value(QStringLiteral("crop_keepaspectratio")).toBool() || frame.isEmpty())

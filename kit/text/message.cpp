@@ -12,6 +12,8 @@
 #include <QPointer>
 #include <QTranslator>
 
+#include <zokit/properties.h>
+
 namespace zokit {
 
 namespace {
@@ -115,6 +117,7 @@ constexpr Text texts[] = {
     {Code::CropIncomplete,   QT_TRANSLATE_NOOP("zokit", "The crop has no width or no height, so nothing is cut off. Set Crop:crop_width and Crop:crop_height, too.")},
     {Code::CropCut,          QT_TRANSLATE_NOOP("zokit", "The crop leaves the frame of %2. %1 is kept of it.")},
     {Code::OddSize,          QT_TRANSLATE_NOOP("zokit", "%1: with %2 width and height have to be even. Take another size, or a pixel format like yuv444p.")},
+    {Code::MadeEven,         QT_TRANSLATE_NOOP("zokit", "With %3 width and height are even: %1 is kept of %2. Take a pixel format like yuv444p to keep all of it.")},
     {Code::MakesEightBits,   QT_TRANSLATE_NOOP("zokit", "%1 leaves eight bits of a picture that has more.")},
     {Code::WatermarkOutside, QT_TRANSLATE_NOOP("zokit", "%1 lies outside of the part that is kept and cannot be seen. Move it, or make the crop larger.")},
     {Code::SubtitlePictures, QT_TRANSLATE_NOOP("zokit", "This track of subtitles consists of pictures: font and colours stay as they are, only place and transparency follow.")},
@@ -210,6 +213,24 @@ QString filled(const QString& text, const QStringList& arguments)
     return result;
 }
 
+/// What a step is about: it is kept as "Color:bcs_contrast" or "Color" and said as people call that, in the language of
+/// the moment. A host or an older journal gives words of its own.
+QStringList named(QStringList words)
+{
+    if (!words.isEmpty()) {
+        const QString thing = words.first();
+        const Property* known = findProperty(thing.section(QLatin1Char(':'), 0, 0), thing.section(QLatin1Char(':'), 1));
+        words.first() = known ? known->label() : displayName(thing);
+    }
+    return words;
+}
+
+bool isAboutAThing(Code code)
+{
+    return code == Code::StepChange || code == Code::StepSelect || code == Code::StepAdd || code == Code::StepRemove
+           || code == Code::StepMove;
+}
+
 /// How many letters have to be changed, added or left out to make \a b of \a a.
 int distance(const QString& a, const QString& b)
 {
@@ -253,7 +274,7 @@ QString Message::text() const
     const QString whole = textOf(m_code);
     const int optional = static_cast<int>(whole.indexOf(QLatin1Char('|')));
     if (optional < 0)
-        return filled(whole, m_arguments);
+        return filled(whole, isAboutAThing(m_code) ? named(m_arguments) : m_arguments);
     const QString always = filled(whole.left(optional), m_arguments);
     const QString wordMissing = m_arguments.value(m_arguments.size() - 1);
     return wordMissing.isEmpty() ? always : always + filled(whole.mid(optional + 1), m_arguments);

@@ -620,8 +620,8 @@
         <translation>Ganzes Bild</translation>
     </message>
     <message>
-        <source>Shape of the frame</source>
-        <translation>Form des Bildes</translation>
+        <source>As the frame</source>
+        <translation>Wie das Bild</translation>
     </message>
     <message>
         <source>as it is</source>
@@ -636,16 +636,16 @@
         <translation>weggelassen</translation>
     </message>
     <message>
-        <source>for every screen</source>
-        <translation>für jeden Bildschirm</translation>
+        <source>mapped</source>
+        <translation>umgerechnet</translation>
     </message>
     <message>
         <source>Free</source>
         <translation>Frei</translation>
     </message>
     <message>
-        <source>Shape of the rectangle</source>
-        <translation>Form des Rechtecks</translation>
+        <source>As it is</source>
+        <translation>Wie es ist</translation>
     </message>
     <message>
         <source>px</source>
@@ -1602,6 +1602,10 @@
     <message>
         <source>%1: with %2 width and height have to be even. Take another size, or a pixel format like yuv444p.</source>
         <translation>%1: bei %2 müssen Breite und Höhe gerade sein. Nehmen Sie eine andere Größe oder ein Pixelformat wie yuv444p.</translation>
+    </message>
+    <message>
+        <source>With %3 width and height are even: %1 is kept of %2. Take a pixel format like yuv444p to keep all of it.</source>
+        <translation>Bei %3 sind Breite und Höhe gerade: Von %2 bleibt %1. Ein Pixelformat wie yuv444p behält alles.</translation>
     </message>
     <message>
         <source>%1 leaves eight bits of a picture that has more.</source>

@@ -119,6 +119,7 @@ public:
         CropIncomplete,
         CropCut,          ///< 1: what is kept of the crop, 2: the frame.
         OddSize,          ///< 1: the size, 2: the pixel format.
+        MadeEven,         ///< 1: what is kept, 2: what it was, 3: the pixel format.
         MakesEightBits,   ///< 1: the frame effect.
         WatermarkOutside, ///< 1: the watermark.
         SubtitlePictures,
@@ -178,9 +179,10 @@ public:
         CodecUnknown,
         LettersNotUtf8,
         SubtitleNotDrawn, ///< 1: the stream number, 2: its codec.
-        // Steps of the history, as a menu says them behind "Undo" and "Redo"
+        // Steps of the history, as a menu says them behind "Undo" and "Redo". A property "Color:bcs_contrast" and a
+        // type "Color" are said as people call them, other words as they are.
         StepChange, ///< 1: the property.
-        StepSelect, ///< 1: what.
+        StepSelect, ///< 1: the type.
         StepAdd,    ///< 1: the type.
         StepRemove, ///< 1: the type.
         StepMove,   ///< 1: the type.

@@ -111,7 +111,8 @@ ZOKIT_EXPORT QVector<PreviewHandle> previewHandles(const PreviewScene& scene, co
 /// rectangle can be drawn.
 ZOKIT_EXPORT PreviewHandle handleAt(const PreviewScene& scene, const PreviewView& view, const QPointF& point);
 
-/// What the crop of \a file keeps to while it is dragged: shape and smallest size, as its values say; odd sides stay.
+/// What the crop of \a file keeps to while it is dragged: shape and smallest size, as its values say, and even sides,
+/// but where the pixel format of the output is one that takes odd ones.
 ZOKIT_EXPORT CropRule cropRule(const FileSettings& file);
 
 /// What a drag makes of a rectangle.
@@ -160,7 +161,8 @@ public:
     bool isDrawing() const { return m_from.has_value(); }       ///< Whether the crop is drawn anew.
     QRect startPlace() const { return m_began.place(m_thing); } ///< Where \a thing was.
     Message text() const;                                       ///< For History::beginGesture().
-    /// As dragged() or drawnCrop(), by \a by from where it was taken; a crop keeps to cropRule() as it was.
+    /// As dragged() or drawnCrop(), by \a by from where it was taken; a crop keeps to cropRule() as it was, with \a
+    /// reach 0 odd sides, too.
     Dragged to(const QPoint& by, double reach) const;
     /// For FileSettings::setValues() of thing(), which is to be at \a place.
     Values values(const QRect& place) const;

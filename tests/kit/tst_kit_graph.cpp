@@ -89,6 +89,14 @@ QVector<Code> codes(const zokit::Messages& messages)
     return result;
 }
 
+QStringList texts(const zokit::Messages& messages)
+{
+    QStringList result;
+    for (const zokit::Message& message : messages)
+        result.append(message.text());
+    return result;
+}
+
 } // namespace
 
 class TestKitGraph : public QObject {
@@ -458,6 +466,20 @@ void TestKitGraph::warningsAreGiven()
     QCOMPARE(codes(cut.warnings), QVector<Code>{Code::CropCut});
     QCOMPARE(cut.warnings.first().text(),
              QStringLiteral("The crop leaves the frame of 1280x720. 280x220 is kept of it."));
+
+    const QString even = QStringLiteral("With yuv420p width and height are even: %1 is kept of %2. Take a pixel format "
+                                        "like yuv444p to keep all of it.");
+    const Settings odd = withCrop(hd, QRect(101, 51, 401, 301));
+    const PictureGraph column = zokit::pictureGraph(odd, clip(hd), {});
+    QCOMPARE(column.size, QSize(400, 300));
+    QCOMPARE(texts(column.warnings), QStringList{even.arg(QLatin1String("400x300"), QLatin1String("401x301"))});
+    QVERIFY(zokit::pictureGraph(odd, clip(hd, QStringLiteral("yuv444p")), {}).warnings.isEmpty());
+    QVERIFY(zokit::pictureGraph(withCrop(hd, QRect(101, 51, 400, 300)), clip(hd), {}).warnings.isEmpty());
+    const QSize uneven(853, 481);
+    QCOMPARE(texts(zokit::pictureGraph(plain(uneven), clip(uneven), {}).warnings),
+             QStringList{even.arg(QLatin1String("852x480"), QLatin1String("853x481"))});
+    const Settings scaled = withOutput(plain(uneven), "size", QStringLiteral("400x400"));
+    QVERIFY(zokit::pictureGraph(scaled, clip(uneven), {}).warnings.isEmpty());
 
     Settings deep = plain(hd);
     useEffect(deep, QStringLiteral("Blur"));

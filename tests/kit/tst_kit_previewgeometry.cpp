@@ -40,6 +40,7 @@ private slots:
     void pressTakes();
     void cropIsDragged_data();
     void cropIsDragged();
+    void wholeOddFrameStaysWhole();
     void cropIsDrawn_data();
     void cropIsDrawn();
     void watermarkIsDragged_data();
@@ -330,6 +331,20 @@ void TestKitPreviewGeometry::cropIsDragged()
     QCOMPARE(zokit::dragged(shown, 9, handle, by, 0, rule).place, expected);
 }
 
+void TestKitPreviewGeometry::wholeOddFrameStaysWhole()
+{
+    PreviewScene shown = scene();
+    shown.frame = QSize(853, 481);
+    shown.crop = QRect(0, 0, 853, 400);
+    CropRule rule;
+    rule.even = true;
+    QCOMPARE(zokit::dragged(shown, crop, Handle::Bottom, {0, 500}, 0, rule).place, QRect(0, 0, 853, 481));
+    QCOMPARE(zokit::dragged(shown, crop, Handle::Bottom, {0, 79}, 0, rule).place, QRect(0, 0, 853, 478));
+    QCOMPARE(zokit::dragged(shown, crop, Handle::Right, {-2, 0}, 0, rule).place, QRect(0, 0, 850, 400));
+    shown.crop = QRect(2, 1, 400, 480);
+    QCOMPARE(zokit::dragged(shown, crop, Handle::Right, {500, 0}, 0, rule).place, QRect(2, 1, 850, 480));
+}
+
 void TestKitPreviewGeometry::cropIsDrawn_data()
 {
     QTest::addColumn<QPoint>("from");
@@ -487,7 +502,20 @@ void TestKitPreviewGeometry::ruleOfTheCropFollowsItsValues()
     const CropRule rule = zokit::cropRule(file);
     QCOMPARE(rule.ratio, expected);
     QCOMPARE(rule.smallest, QSize(24, 40));
-    QVERIFY(!rule.even);
+    QVERIFY(rule.even);
+    PreviewScene shown = scene();
+    shown.cropThing = file.type(key("Crop"));
+    const zokit::HandleDrag drag(file, shown, shown.cropThing, Handle::Left);
+    if (!keepsShape) {
+        QCOMPARE(drag.to({7, 0}, 0.5).place, QRect(108, 100, 792, 400));
+        QCOMPARE(drag.to({7, 0}, 0).place, QRect(107, 100, 793, 400)); // By each pixel.
+    }
+    for (const char* odd : {"yuv444p", "gray"}) {
+        QVERIFY(file.setValue(file.output(), key("pixel-format"), key(odd)).isEmpty());
+        QVERIFY(!zokit::cropRule(file).even);
+    }
+    QVERIFY(file.setValue(file.output(), key("pixel-format"), key("source")).isEmpty());
+    QVERIFY(zokit::cropRule(file).even);
 }
 
 void TestKitPreviewGeometry::placeOfAnImageTellsItsAnchor_data()
