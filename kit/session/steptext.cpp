@@ -44,15 +44,15 @@ const Change* fileIn(const Project& project, const Changes& changes)
     return found == changes.cend() ? nullptr : &*found;
 }
 
-/// What kind of thing a change of values of \a thing concerns, as a person calls it.
-QString nameOfKey(const Project& project, const Change& change)
+/// What kind of thing a change of values concerns: "Color:bcs_contrast", or the type.
+QString aboutWhat(const Project& project, const Change& change)
 {
     const FileSettings* file = project.fileOf(change.thing);
     const std::optional<Address> address = file ? file->address(change.thing, change.key) : std::nullopt;
     if (!address)
         return change.key;
-    const Property* known = findProperty(address->type, change.key);
-    return known ? known->label() : displayName(address->type);
+    const bool isKnown = findProperty(address->type, change.key);
+    return isKnown ? Address{address->type, Address::ofType, change.key}.toString() : address->type;
 }
 
 } // namespace
@@ -68,20 +68,20 @@ Message describe(const Project& project, const Changes& changes)
         const std::optional<Address> address = file ? file->address(list->thing, list->key) : std::nullopt;
         if (std::count_if(changes.cbegin(), changes.cend(), isList) > 1)
             return Message(Code::StepMany, {QString::number(changes.size())});
-        return Message(codeOfList(*list), {address ? displayName(address->type) : QString()});
+        return Message(codeOfList(*list), {address ? address->type : QString()});
     }
     // Values that only follow ("selected", the place of an anchored item) do not name the step.
     Changes named;
     std::copy_if(changes.cbegin(), changes.cend(), std::back_inserter(named),
                  [](const Change& change) { return change.key != own::selected && !isInternal(change.key); });
     if (named.isEmpty())
-        return changes.isEmpty() ? Message() : Message(Code::StepSelect, {nameOfKey(project, changes.first())});
+        return changes.isEmpty() ? Message() : Message(Code::StepSelect, {aboutWhat(project, changes.first())});
     if (!project.fileOf(named.first().thing))
         return Message(Code::StepDefault);
     const bool oneThing = std::all_of(named.cbegin(), named.cend(),
                                       [&](const Change& change) { return change.thing == named.first().thing; });
     if (oneThing)
-        return Message(Code::StepChange, {nameOfKey(project, named.first())});
+        return Message(Code::StepChange, {aboutWhat(project, named.first())});
     return Message(Code::StepMany, {QString::number(named.size())});
 }
 

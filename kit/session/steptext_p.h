@@ -11,6 +11,7 @@ namespace zokit {
 class Project;
 
 /// What a step that makes \a changes is called in a menu, as things stand after it: "change Contrast", "add Watermark".
+/// It keeps what it is about, and so speaks the language of whoever asks for its text.
 Message describe(const Project& project, const Changes& changes);
 
 } // namespace zokit

@@ -33,6 +33,7 @@ private slots:
 
     void everyOperationIsAStep_data();
     void everyOperationIsAStep();
+    void textsFollowTheLanguage();
     void gestureIsOneStep();
     void gestureThatChangesNothingIsNone();
     void cancelledGestureLeavesNothing();
@@ -132,6 +133,25 @@ void TestKitHistory::everyOperationIsAStep()
     QCOMPARE(history.redoText(), history.step(before).text);
     history.redo();
     QCOMPARE(stateOf(project), is);
+}
+
+void TestKitHistory::textsFollowTheLanguage()
+{
+    Project project;
+    FileSettings* file = project.add(clip());
+    History& history = project.history();
+    file->insert(key("Watermark"), {{key("wm_textcontent"), QStringLiteral("Hello")}});
+    file->setValue(file->type(key("Color")), key("bcs_contrast"), 9);
+    file->setValue(file->type(key("Color")), key("selected"), false);
+    const auto texts = [&] {
+        return history.step(1).text.text() + key(", ") + history.step(2).text.text() + key(", ")
+               + history.undoText().text();
+    };
+    QCOMPARE(texts(), key("add Watermarks, change Contrast, switch Colour"));
+    zokit::useLanguage(QLocale(QLocale::German));
+    QCOMPARE(texts(), QString::fromUtf8("Wasserzeichen hinzuf\u00fcgen, Kontrast \u00e4ndern, Farbe umschalten"));
+    zokit::useLanguage(QLocale::c());
+    QCOMPARE(texts(), key("add Watermarks, change Contrast, switch Colour"));
 }
 
 void TestKitHistory::gestureIsOneStep()

@@ -639,6 +639,9 @@ void TestKitJournal::stepsAreKeptByName_data()
     QTest::newRow("a name") << QByteArray(
         R"(6b25fd9c {"step":{"changes":[],"code":"StepChange","words":["Contrast"]}})")
                             << QStringLiteral("change Contrast");
+    QTest::newRow("a name and an address")
+        << QByteArray(R"(82bd7d96 {"step":{"changes":[],"code":"StepChange","words":["Color:bcs_contrast"]}})")
+        << QStringLiteral("change Contrast");
     QTest::newRow("a name of another version")
         << QByteArray(R"(bf558ee6 {"step":{"changes":[],"code":"StepOfTomorrow","words":["Contrast"]}})") << QString();
     QTest::newRow("a number") << QByteArray(R"(251515b3 {"step":{"changes":[],"code":7,"words":["Contrast"]}})")
