@@ -5,6 +5,9 @@
 #include <QImage>
 #include <QPolygonF>
 #include <QRandomGenerator>
+#include <QRegularExpression>
+#include <QScopedValueRollback>
+#include <QStandardPaths>
 #include <QtTest>
 
 #include <zoeffectmodel.h>
