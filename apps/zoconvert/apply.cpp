@@ -83,6 +83,10 @@ int apply(const Invocation& invocation)
         console::error(plan.error.text());
         return Usage;
     }
+    for (const zokit::ApplyTarget& target : plan.targets) {
+        for (const zokit::Message& moved : target.moved)
+            console::warning(moved.text(), target.name);
+    }
     const bool isDry = invocation.has("dry-run");
     if (!isDry) {
         const zokit::Message error = zokit::applyPlan(plan);

@@ -326,8 +326,11 @@ QStringList Project::changesOf(const Settings& from, const QVector<FileSettings*
         if (settle && !settle(present, wanted).isEmpty())
             return QStringList();
         const QString name = QFileInfo(present.media.file).fileName();
-        for (const Difference& difference : differences(present, wanted))
+        const QVector<Difference> changing = differences(present, wanted);
+        for (const Difference& difference : changing)
             lines.append(name + QStringLiteral(": ") + differenceLabel(difference));
+        for (const Message& moved : changing.isEmpty() ? Messages() : movedByCarrying(from, carry, wanted))
+            lines.append(name + QStringLiteral(": ") + moved.text());
     }
     return lines;
 }

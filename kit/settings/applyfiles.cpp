@@ -234,6 +234,8 @@ ApplyPlan planApply(const Settings& from, const QStringList& names, const CarryO
             break;
         }
         target.differences = differences(*read.settings, result);
+        if (!target.differences.isEmpty())
+            target.moved = movedByCarrying(from, carry, result);
         target.before = *text;
         Message unwritten;
         target.after = target.differences.isEmpty() ? *text : writeSettings(result, folder, &unwritten);

@@ -11,6 +11,7 @@
 
 #include <zokit/address.h>
 #include <zokit/placement.h>
+#include <zokit/presets.h>
 #include <zokit/properties.h>
 
 #include "anchoring_p.h"
@@ -21,6 +22,7 @@
 #include "names_p.h"
 #include "newitem_p.h"
 #include "things_p.h"
+#include "turn_p.h"
 
 namespace zokit {
 
@@ -258,6 +260,12 @@ Settings Carrier::over(const Settings& to, const QSize& frame)
 Settings carriedOver(const Settings& from, const Settings& to, const CarryOver& carry)
 {
     return Carrier(from, carry).over(to);
+}
+
+Messages movedByCarrying(const Settings& from, const CarryOver& carry, const Settings& after)
+{
+    const Settings carried = presetFrom(from, carry.what);
+    return movedByRounding(carried, turnOf(carried).of(baseFrame(after)));
 }
 
 } // namespace zokit

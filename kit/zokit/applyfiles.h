@@ -22,6 +22,7 @@ struct ZOKIT_EXPORT ApplyTarget {
     QByteArray before;               ///< Text of the file.
     QByteArray after;                ///< Text that it will have.
     QVector<Difference> differences; ///< From one to the other.
+    Messages moved;                  ///< The movedByCarrying() of a target that changes.
 };
 
 /// What applying will do. With an error it holds no target.

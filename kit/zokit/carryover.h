@@ -38,6 +38,10 @@ ZOKIT_EXPORT Message checkCarryOver(const Settings& from, const CarryOver& carry
 /// what happens. What checkCarryOver() refuses by its form changes nothing; for images it does not look.
 ZOKIT_EXPORT Settings carriedOver(const Settings& from, const Settings& to, const CarryOver& carry);
 
+/// What rounding to whole pixels moves of that, as movedByRounding(), in the frame of \a after, which is the result: to
+/// be told before.
+ZOKIT_EXPORT Messages movedByCarrying(const Settings& from, const CarryOver& carry, const Settings& after);
+
 /// What a host makes of the settings of a target besides: it is given them as they were, and changes them as they are
 /// to be. A message refuses all targets.
 using Settle = std::function<Message(const Settings& before, Settings& after)>;

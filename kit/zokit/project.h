@@ -58,8 +58,9 @@ public:
     /// all, or to none with the reason. In a gesture that is open it is a part of that one.
     Message apply(const Settings& from, const QVector<FileSettings*>& targets, const CarryOver& carry,
                   QObject* asker = nullptr, const Settle& settle = {});
-    /// What that would change: a line a value for people, "film.mkv: Colour: Contrast: 0 -> 20"; translated. None where
-    /// it would be refused, as for an image that is not there: apply() says why.
+    /// What that would change: a line a value for people, "film.mkv: Colour: Contrast: 0 -> 20", then what rounding
+    /// moves (movedByCarrying()); translated. None where it would be refused, as for an image that is not there:
+    /// apply() says why.
     QStringList changesOf(const Settings& from, const QVector<FileSettings*>& targets, const CarryOver& carry,
                           const Settle& settle = {}) const;
     /// @}

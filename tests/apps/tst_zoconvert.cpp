@@ -360,6 +360,15 @@ void TestZoconvert::appliedToAllOrToNone()
     program.run({"diff", "a.zoeffect.json", "b.zoeffect.json"});
     QCOMPARE(program.code, 0);
     QCOMPARE(program.files(), QStringLiteral("a.zoeffect.json b.zoeffect.json broken.json logo.png"));
+
+    program.write("odd.json", R"({"zoeffect": 1, "media": {"width": 1280, "height": 720}, "effects": [{"type": "Crop",
+        "values": {"crop_left": 10, "crop_top": 20, "crop_width": 101, "crop_height": 200}}]})");
+    program.write("half.json", R"({"zoeffect": 1, "media": {"width": 640, "height": 360}})");
+    program.run({"apply", "odd.json", "half.json", "--items", "Crop", "-n"});
+    QCOMPARE(program.err, QStringLiteral("zoconvert: half.json: warning: Crop:crop_width: rounding to whole pixels "
+                                         "makes 102 of 101 there and back.\n"));
+    QCOMPARE(program.out.section(QLatin1Char('\n'), -2, -2),
+             QStringLiteral("half.json: Crop:crop_width: source_val -> 51"));
 }
 
 void TestZoconvert::presetsAreKeptUnderTheirNames()

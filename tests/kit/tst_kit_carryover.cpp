@@ -32,6 +32,7 @@ private slots:
     void refusedWithAReason_data();
     void refusedWithAReason();
     void missingImageIsNamedAtItsItem();
+    void roundingIsToldBefore();
     void presetOfNoFrameTakesThePlacesOfTheTarget();
     void measureOfATextIsNoSetting();
     void unplacedItemComesOnce();
@@ -564,6 +565,28 @@ void TestKitCarryOver::missingImageIsNamedAtItsItem()
     QVERIFY(loaded.error.isEmpty());
     QCOMPARE(loaded.warnings.size(), 1);
     QCOMPARE(loaded.warnings.first().text(), sentence);
+}
+
+void TestKitCarryOver::roundingIsToldBefore()
+{
+    Project project;
+    FileSettings* file = project.add(clip());
+    insertLogo(*file, {{key("wm_hposition"), 301}, {key("wm_vposition"), 100}});
+    file->setValue(file->type(key("Color")), key("bcs_contrast"), 5);
+    const Settings source = file->settings();
+    FileSettings* half = project.add(zokit::Media{key("/films/half.mkv"), QSize(640, 360), 1.0});
+    FileSettings* same = project.add(zokit::Media{key("/films/same.mkv"), QSize(1280, 720), 1.0});
+    const QString sentence =
+        key("half.mkv: Watermark:0:wm_hposition: rounding to whole pixels makes 302 of 301 there and back.");
+    for (const QStringList& what : {QStringList(), QStringList{key("Watermark:0")}}) {
+        const QStringList lines = project.changesOf(source, {same, half}, {what, false});
+        QCOMPARE(lines.filter(key("rounding")), QStringList{sentence});
+        QCOMPARE(lines.last(), sentence);
+    }
+    QCOMPARE(project.changesOf(source, {half}, {{key("Color")}, false}),
+             QStringList{key("half.mkv: Colour: Contrast: 0 -> 5")});
+    QVERIFY(project.apply(source, {half}, {}).isEmpty());
+    QCOMPARE(project.changesOf(source, {half}, {}), QStringList());
 }
 
 void TestKitCarryOver::presetOfNoFrameTakesThePlacesOfTheTarget()
