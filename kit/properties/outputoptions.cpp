@@ -56,7 +56,7 @@ const char* optionChoiceText(const QString& choice)
         {QStringLiteral("copy"), T("as it is")},
         {QStringLiteral("keep"), T("kept")},
         {QStringLiteral("drop"), T("left out")},
-        {QStringLiteral("map"), T("for every screen")},
+        {QStringLiteral("map"), T("mapped")},
     };
     return names.value(choice, nullptr);
 }

@@ -137,9 +137,9 @@ const char* valueChoiceText(const QString& choice)
         {QStringLiteral("Bold"), T("Bold")},
         {QStringLiteral("Bold Italic"), T("Bold Italic")},
         {QStringLiteral("Original"), T("Whole frame")},
-        {QStringLiteral("Original Ratio"), T("Shape of the frame")},
+        {QStringLiteral("Original Ratio"), T("As the frame")},
         {QStringLiteral("Crop Area"), T("Free")},
-        {QStringLiteral("Crop Ratio"), T("Shape of the rectangle")},
+        {QStringLiteral("Crop Ratio"), T("As it is")},
     };
     return names.value(choice, nullptr);
 }
