@@ -115,6 +115,7 @@ Actions::Actions(QMainWindow* window) : QObject(window)
     for (const Row& row : actionRows()) {
         auto* action = new QAction(row.text, window);
         action->setObjectName(QString::fromLatin1(row.name));
+        action->setData(QString(row.text).remove(QLatin1Char('&'))); // Its text may come to say more.
         action->setShortcut(QKeySequence(QString::fromLatin1(row.shortcut)));
         const QString group = QString::fromLatin1(row.group);
         action->setCheckable(!group.isEmpty());

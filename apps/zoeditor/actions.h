@@ -23,7 +23,7 @@ public:
 
     /// The action of that object name. It must be in the table.
     QAction* action(const char* name) const;
-    /// All of them, in the order of the menus.
+    /// All of them, in the order of the menus. The data() of each is what it does, in words.
     QVector<QAction*> all() const { return m_actions; }
 
 private:

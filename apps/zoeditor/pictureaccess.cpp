@@ -34,7 +34,7 @@ QString translated(const char* text)
     return QCoreApplication::translate("zoeditor::PictureAccess", text);
 }
 
-/// A handle. An edge is a value, too: where it stands.
+/// A handle. An edge is a value, too, and so is the line between before and after: where it stands.
 class HandleAccess : public QAccessibleInterface, public QAccessibleActionInterface, public QAccessibleValueInterface {
 public:
     HandleAccess(PictureView* view, const zokit::PreviewHandle& handle) : m_view(view), m_handle(handle) {}
@@ -47,7 +47,10 @@ public:
     QAccessibleInterface* child(int) const override { return nullptr; }
     QAccessibleInterface* childAt(int, int) const override { return nullptr; }
     int indexOfChild(const QAccessibleInterface*) const override { return -1; }
-    QAccessible::Role role() const override { return QAccessible::Grip; }
+    QAccessible::Role role() const override
+    {
+        return PictureView::isSplit(m_handle) ? QAccessible::Splitter : QAccessible::Grip;
+    }
 
     QString text(QAccessible::Text kind) const override
     {
@@ -57,6 +60,8 @@ public:
             return m_view->handleName(handle());
         if (kind != QAccessible::Value)
             return QString();
+        if (PictureView::isSplit(m_handle))
+            return QString::number(at());
         const QRect place = m_view->scene().place(handle().thing);
         return translated("left %1, top %2, %3 wide, %4 high")
             .arg(place.left())
@@ -97,8 +102,10 @@ public:
     QStringList actionNames() const override
     {
         QStringList names{setFocusAction()};
-        for (const Way& way : ways)
-            names.append(translated(way.name));
+        for (const Way& way : ways) {
+            if (way.y == 0 || !PictureView::isSplit(m_handle))
+                names.append(translated(way.name));
+        }
         return names;
     }
 
@@ -156,7 +163,7 @@ private:
     bool isUpright() const
     {
         const zokit::Handle which = handle().handle;
-        return which == zokit::Handle::Left || which == zokit::Handle::Right;
+        return which == zokit::Handle::Left || which == zokit::Handle::Right || PictureView::isSplit(m_handle);
     }
 
     bool isEdge() const
@@ -170,6 +177,8 @@ private:
     /// Where the edge stands in the frame.
     int at() const
     {
+        if (PictureView::isSplit(m_handle))
+            return m_view->split();
         const QRect place = m_view->scene().place(handle().thing);
         switch (handle().handle) {
         case zokit::Handle::Left:
@@ -250,7 +259,7 @@ QAccessibleInterface* PictureAccess::childAt(int x, int y) const
 {
     if (!view())
         return nullptr;
-    return childFor(zokit::handleAt(view()->scene(), view()->view(), view()->mapFromGlobal(QPoint(x, y))));
+    return childFor(view()->handleAt(view()->mapFromGlobal(QPoint(x, y))));
 }
 
 QAccessibleInterface* PictureAccess::focusChild() const

@@ -162,7 +162,26 @@ QVector<zokit::PreviewHandle> PictureView::handles() const
     };
     std::stable_sort(all.begin(), all.end(),
                      [&](const auto& left, const auto& right) { return rank(left) < rank(right); });
+    if (m_show == Show::Split && !m_scene.frame.isEmpty())
+        all.prepend({0, zokit::Handle::Move, splitArea()});
     return all;
+}
+
+bool PictureView::isSplit(const zokit::PreviewHandle& handle)
+{
+    return handle.thing == 0 && handle.handle != zokit::Handle::None;
+}
+
+int PictureView::split() const
+{
+    return qRound(m_split * m_scene.frame.width());
+}
+
+void PictureView::setSplit(double at)
+{
+    m_split = std::clamp(at / std::max(m_scene.frame.width(), 1), 0.0, 1.0);
+    update();
+    emit handlesChanged();
 }
 
 zokit::PreviewHandle PictureView::currentHandle() const
@@ -192,6 +211,8 @@ void PictureView::setCurrentHandle(const zokit::PreviewHandle& handle)
 
 void PictureView::step(const zokit::PreviewHandle& handle, const QPoint& by)
 {
+    if (isSplit(handle))
+        return setSplit(split() + by.x());
     m_drag.begin(m_scene, handle.thing, handle.handle);
     m_drag.step(m_scene, by);
     m_drag.end();
@@ -199,6 +220,8 @@ void PictureView::step(const zokit::PreviewHandle& handle, const QPoint& by)
 
 QString PictureView::handleName(const zokit::PreviewHandle& handle) const
 {
+    if (isSplit(handle))
+        return tr("Line between before and after");
     QString name = tr("Crop");
     for (int row = 0; row < m_scene.marks.size(); ++row) {
         if (m_scene.marks.at(row).thing == handle.thing)

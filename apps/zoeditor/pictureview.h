@@ -22,7 +22,7 @@ class Session;
 /// Mouse: what is pressed is dragged; beside it, or with Ctrl anywhere, a new crop is drawn; Alt suspends snapping; the
 /// middle button pushes the picture, the wheel with Ctrl zooms.
 /// Keys: Tab goes from handle to handle, arrows drag the one that is marked by a pixel, with Shift by 10, Escape takes
-/// a drag back. A held key is one step of the history.
+/// a drag back. A held key is one step of the history. Arrows with Alt push a picture that is larger than the view.
 class PictureView : public QWidget {
     Q_OBJECT
 
@@ -44,12 +44,19 @@ public:
 
     const zokit::PreviewScene& scene() const { return m_scene; }
     const zokit::PreviewView& view() const { return m_view; }
-    /// The handles of the moment, as keys go through them: those of the crop, then of each watermark, its place first.
+    /// The handles of the moment, as keys go through them: the line between before and after, those of the crop, then
+    /// of each watermark, its place first.
     QVector<zokit::PreviewHandle> handles() const;
+    /// The handle that a press there takes; none where a new crop is drawn.
+    zokit::PreviewHandle handleAt(const QPointF& point) const;
+    /// Whether it is the line between before and after: no thing's, and no setting.
+    static bool isSplit(const zokit::PreviewHandle& handle);
+    /// Where that line stands in the frame.
+    int split() const;
     /// The handle that keys drag; none as long as none was taken, or when it is gone.
     zokit::PreviewHandle currentHandle() const;
     void setCurrentHandle(const zokit::PreviewHandle& handle);
-    /// Drags a handle as an arrow key would, as a step of its own.
+    /// Drags a handle as an arrow key would, as a step of its own where it is a setting.
     void step(const zokit::PreviewHandle& handle, const QPoint& by);
     /// What a handle is called.
     QString handleName(const zokit::PreviewHandle& handle) const;
@@ -86,6 +93,10 @@ private:
     void setSnapLines(const QVector<zokit::SnapLine>& lines);
     void showCursor(const QPointF& point, Qt::KeyboardModifiers modifiers);
     double splitAt() const;
+    void setSplit(double at);
+    QRectF splitArea() const;
+    void push(const QPointF& by);
+    void showCurrentHandle();
     double reach(Qt::KeyboardModifiers modifiers) const;
     void paintScene(QPainter& painter, const QRegion& region);
     void paintBefore(QPainter& painter, const QRect& part);

@@ -21,6 +21,7 @@ namespace {
 constexpr double snapReach = 8; // In pixels of the view.
 constexpr double splitGrip = 6; // So near the split can be taken.
 constexpr int wheelStep = 120;  // Eighths of a degree.
+constexpr double pushStep = 60; // Pixels of the view for an arrow key: as a step of the wheel.
 
 QPointF positionOf(const QMouseEvent& event)
 {
@@ -43,6 +44,35 @@ double PictureView::splitAt() const
     return m_view.toView(QPointF(m_scene.frame.width() * m_split, 0)).x();
 }
 
+QRectF PictureView::splitArea() const
+{
+    constexpr double inside = 6; // The mark around it is seen at its ends, too.
+    return {splitAt() - splitGrip, inside, 2 * splitGrip, height() - 2 * inside};
+}
+
+zokit::PreviewHandle PictureView::handleAt(const QPointF& point) const
+{
+    if (m_show == Show::Split && std::abs(point.x() - splitAt()) <= splitGrip)
+        return handles().value(0);
+    return m_show == Show::Before ? zokit::PreviewHandle() : zokit::handleAt(m_scene, m_view, point);
+}
+
+void PictureView::push(const QPointF& by)
+{
+    m_view = zokit::scrolled(m_view, by, margin);
+    update();
+    emit handlesChanged();
+}
+
+/// A picture that is larger than the view is pushed to where the handle that keys drag is seen.
+void PictureView::showCurrentHandle()
+{
+    const zokit::PreviewHandle current = currentHandle();
+    const QPointF middle = current.area.center();
+    if (current.handle != zokit::Handle::None && !QRectF(rect()).contains(middle))
+        push(QRectF(rect()).center() - middle);
+}
+
 double PictureView::reach(Qt::KeyboardModifiers modifiers) const
 {
     return modifiers.testFlag(Qt::AltModifier) ? 0 : snapReach / m_view.scale;
@@ -61,20 +91,16 @@ void PictureView::mousePressEvent(QMouseEvent* event)
     }
     if (event->button() != Qt::LeftButton || m_show == Show::Before)
         return;
-    if (m_show == Show::Split && std::abs(m_pressed.x() - splitAt()) <= splitGrip) {
-        m_press = Press::Split;
-        return;
-    }
-    const zokit::PreviewHandle taken = event->modifiers().testFlag(Qt::ControlModifier)
-                                           ? zokit::PreviewHandle()
-                                           : zokit::handleAt(m_scene, m_view, m_pressed);
-    if (taken.handle == zokit::Handle::None) {
+    const zokit::PreviewHandle taken = handleAt(m_pressed);
+    const bool isDrawing = event->modifiers().testFlag(Qt::ControlModifier) && !isSplit(taken);
+    if (isDrawing || taken.handle == zokit::Handle::None) {
         m_press = Press::Draw; // Begins when the mouse has moved: a click cuts nothing off.
         return;
     }
-    m_press = Press::Drag;
+    m_press = isSplit(taken) ? Press::Split : Press::Drag;
     setCurrentHandle(taken);
-    m_drag.begin(m_scene, taken.thing, taken.handle);
+    if (m_press == Press::Drag)
+        m_drag.begin(m_scene, taken.thing, taken.handle);
 }
 
 void PictureView::mouseMoveEvent(QMouseEvent* event)
@@ -86,14 +112,11 @@ void PictureView::mouseMoveEvent(QMouseEvent* event)
         showCursor(point, event->modifiers());
         return;
     case Press::Push:
-        m_view = zokit::scrolled(m_view, way, margin);
         m_pressed = point;
-        update();
-        emit handlesChanged();
+        push(way);
         return;
     case Press::Split:
-        m_split = std::clamp(m_view.toFrame(point).x() / std::max(m_scene.frame.width(), 1), 0.0, 1.0);
-        update();
+        setSplit(m_view.toFrame(point).x());
         return;
     case Press::Draw:
         if (!m_drag.isActive()) {
@@ -124,11 +147,10 @@ void PictureView::showCursor(const QPointF& point, Qt::KeyboardModifiers modifie
 {
     if (!m_file || m_show == Show::Before)
         return setCursor(Qt::ArrowCursor);
-    if (m_show == Show::Split && std::abs(point.x() - splitAt()) <= splitGrip)
+    const zokit::PreviewHandle below = handleAt(point);
+    if (isSplit(below))
         return setCursor(Qt::SplitHCursor);
-    setCursor(modifiers.testFlag(Qt::ControlModifier)
-                  ? Qt::CrossCursor
-                  : zokit::cursorOf(zokit::handleAt(m_scene, m_view, point).handle));
+    setCursor(modifiers.testFlag(Qt::ControlModifier) ? Qt::CrossCursor : zokit::cursorOf(below.handle));
 }
 
 void PictureView::wheelEvent(QWheelEvent* event)
@@ -137,9 +159,7 @@ void PictureView::wheelEvent(QWheelEvent* event)
     if (event->modifiers().testFlag(Qt::ControlModifier) && turned.y() != 0) {
         zoomBy(turned.y() / wheelStep != 0 ? turned.y() / wheelStep : (turned.y() > 0 ? 1 : -1));
     } else {
-        m_view = zokit::scrolled(m_view, QPointF(turned) / 2, margin);
-        update();
-        emit handlesChanged();
+        push(QPointF(turned) / 2);
     }
     event->accept();
 }
@@ -155,11 +175,19 @@ void PictureView::keyPressEvent(QKeyEvent* event)
         return;
     }
     const zokit::PreviewHandle current = currentHandle();
-    if (by.isNull() || current.handle == zokit::Handle::None || m_press != Press::None)
+    const Qt::KeyboardModifiers with = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    if (!by.isNull() && with == Qt::AltModifier && m_press == Press::None)
+        return push(-QPointF(by) * pushStep); // To the right: more of the picture's right side is seen.
+    if (by.isNull() || with != Qt::NoModifier || current.handle == zokit::Handle::None || m_press != Press::None)
         return QWidget::keyPressEvent(event);
-    if (!m_drag.isActive())
-        m_drag.begin(m_scene, current.thing, current.handle);
-    m_drag.step(m_scene, by);
+    if (isSplit(current)) {
+        step(current, by);
+    } else {
+        if (!m_drag.isActive())
+            m_drag.begin(m_scene, current.thing, current.handle);
+        m_drag.step(m_scene, by);
+    }
+    showCurrentHandle();
 }
 
 void PictureView::keyReleaseEvent(QKeyEvent* event)
@@ -193,6 +221,7 @@ bool PictureView::focusNextPrevChild(bool next)
         return QWidget::focusNextPrevChild(next);
     }
     setCurrentHandle(all.at(row));
+    showCurrentHandle();
     return true;
 }
 

@@ -26,10 +26,14 @@ ShortcutsDialog::ShortcutsDialog(const Actions& actions, QWidget* parent) : QDia
     const auto add = [list](const QString& what, const QString& keys) { new QTreeWidgetItem(list, {what, keys}); };
     for (const QAction* action : actions.all()) {
         if (!action->shortcut().isEmpty())
-            add(QString(action->text()).remove(QLatin1Char('&')),
-                action->shortcut().toString(QKeySequence::NativeText));
+            add(action->data().toString(), action->shortcut().toString(QKeySequence::NativeText));
     }
-    add(tr("From pane to pane, from field to field"), tr("Tab, Shift+Tab"));
+    add(tr("From field to field, from handle to handle"), tr("Tab, Shift+Tab"));
+    add(tr("Drag the marked handle by a pixel, by ten"), tr("Arrows, Shift+arrows"));
+    add(tr("Take a drag back"), tr("Esc"));
+    add(tr("Push a picture that is larger than its pane"), tr("Alt+arrows"));
+    add(tr("Remove what is chosen in a list"), tr("Del"));
+    add(tr("Add files that were copied, in the list of files"), tr("Ctrl+V"));
     add(tr("Several files at once"), tr("Ctrl+click, Shift+click"));
     list->header()->setStretchLastSection(false);
     list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
@@ -41,7 +45,7 @@ ShortcutsDialog::ShortcutsDialog(const Actions& actions, QWidget* parent) : QDia
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(list);
     layout->addWidget(buttons);
-    resize(520, 460);
+    resize(700, 520);
 }
 
 } // namespace zoeditor

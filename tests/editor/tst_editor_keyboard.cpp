@@ -7,6 +7,7 @@
 #include <QtWidgets>
 
 #include <zokit/history.h>
+#include <zokit/presets.h>
 
 #include <actions.h>
 #include <pictureview.h>
@@ -31,6 +32,12 @@ private slots:
     void textIsAddedWrittenAndPlaced();
     void historyIsGoneThrough();
     void timeIsStepped();
+    void lineBetweenBeforeAndAfterIsMoved();
+    void settingsAreAppliedToTheOtherFile();
+    void presetIsSavedAndApplied();
+    void trackIsChosen();
+    void filesAreConverted();
+    void soundIsListenedTo();
     void everyMenuEntryCanBeChosen();
     void everyDialogIsOpenedAndLeft();
 };
@@ -42,7 +49,8 @@ constexpr int mostTabs = 300; // More than there are fields.
 /// Two clips in a window that has the focus, and a person with a keyboard.
 class Typist : public Stage {
 public:
-    Typist() : Stage({clips::clip(key("plain.mp4")), clips::clip(key("wide.mkv"))})
+    explicit Typist(const QStringList& files = {clips::clip(key("plain.mp4")), clips::clip(key("wide.mkv"))})
+        : Stage(files)
     {
         window().activateWindow();
         if (!QTest::qWaitForWindowActive(&window()))
@@ -89,6 +97,35 @@ public:
         return hasFocus(name);
     }
 
+    /// Presses the button of that name when Tab has come to it; false when it never does.
+    bool tabToAndPress(const char* button) const
+    {
+        if (!tabTo(button))
+            return false;
+        press(Qt::Key_Space);
+        return true;
+    }
+
+    /// Presses \a keys, and waits until the dialog of that name listens.
+    bool openDialog(const QKeySequence& keys, const char* dialog) const
+    {
+        press(keys);
+        return QTest::qWaitFor([&] {
+            QWidget* focused = QApplication::focusWidget();
+            return focused && focused->window()->objectName() == key(dialog);
+        });
+    }
+
+    /// Waits until the window listens again, which the last dialog has left.
+    bool comeBack() const
+    {
+        return QTest::qWaitFor([this] {
+            if (!QApplication::activeWindow())
+                window().activateWindow(); // As window managers do.
+            return QApplication::activeWindow() == &window();
+        });
+    }
+
     /// Chooses what \a action stands for in the menus. False when it cannot be come to.
     bool chooseFromMenu(const QAction* action) const
     {
@@ -113,9 +150,9 @@ public:
         return nullptr;
     }
 
-    QVariant value(const char* type, const char* valueKey) const
+    QVariant value(const char* type, const char* valueKey, int row = 0) const
     {
-        return file(0)->value(file(0)->type(key(type)), key(valueKey));
+        return file(row)->value(file(row)->type(key(type)), key(valueKey));
     }
     int steps() const { return session().history().position(); }
 };
@@ -287,6 +324,106 @@ void TestEditorKeyboard::timeIsStepped()
     QCOMPARE(bar->value(), 40); // 25 frames a second.
     typist.press(Qt::Key_Left, Qt::ControlModifier);
     QCOMPARE(bar->value(), 0);
+}
+
+void TestEditorKeyboard::lineBetweenBeforeAndAfterIsMoved()
+{
+    const Typist typist;
+    const auto* picture = typist.find<zoeditor::PictureView>("pictureView");
+    typist.press(Qt::Key_3, Qt::ControlModifier);
+    QVERIFY(typist.tabTo("pictureView"));
+    typist.press(Qt::Key_Tab);
+    typist.press(Qt::Key_Left, Qt::ShiftModifier);
+    QCOMPARE(picture->split(), 70); // Of 160.
+}
+
+void TestEditorKeyboard::settingsAreAppliedToTheOtherFile()
+{
+    const Typist typist;
+    typist.file(0)->setValue(typist.file(0)->type(key("Color")), key("bcs_contrast"), 12);
+    QVERIFY(typist.openDialog(key("Ctrl+Shift+A"), "applyDialog"));
+    QVERIFY(typist.tabTo("what"));
+    typist.press(Qt::Key_Home); // The crop: not meant.
+    typist.press(Qt::Key_Space);
+    typist.press(Qt::Key_Space);
+    QVERIFY(typist.tabTo("differences"));
+    QVERIFY(typist.tabToAndPress("apply"));
+    QVERIFY(typist.comeBack());
+    QCOMPARE(typist.value("Color", "bcs_contrast", 1), QVariant(12));
+    typist.press(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(typist.value("Color", "bcs_contrast", 1), QVariant(0));
+}
+
+void TestEditorKeyboard::presetIsSavedAndApplied()
+{
+    const Typist typist;
+    typist.file(0)->setValue(typist.file(0)->type(key("Color")), key("bcs_contrast"), 12);
+    QVERIFY(typist.openDialog(key("Ctrl+P"), "presetsDialog"));
+    QVERIFY(typist.tabTo("presetName"));
+    typist.type("Warm");
+    QVERIFY(typist.tabToAndPress("savePreset"));
+    typist.press(Qt::Key_Escape);
+    QVERIFY(typist.comeBack());
+
+    QVERIFY(typist.tabTo("fileList"));
+    typist.press(Qt::Key_Down);
+    QVERIFY(typist.openDialog(key("Ctrl+P"), "presetsDialog"));
+    QVERIFY(typist.tabTo("presetList"));
+    typist.press(Qt::Key_Home);
+    QVERIFY(typist.tabToAndPress("layOver"));
+    QCOMPARE(typist.value("Color", "bcs_contrast", 1), QVariant(12));
+    zokit::Presets().remove(key("Warm"));
+}
+
+void TestEditorKeyboard::trackIsChosen()
+{
+    const Typist typist({clips::clip(key("languages.mkv"))});
+    QVERIFY(typist.openDialog(key("Ctrl+K"), "tracksDialog"));
+    QVERIFY(typist.tabTo("tracks"));
+    typist.press(Qt::Key_Home);
+    typist.press(Qt::Key_Down); // French, English.
+    typist.press(Qt::Key_Space);
+    QVERIFY(typist.tabToAndPress("apply"));
+    QVERIFY(typist.comeBack());
+    QVector<bool> used;
+    for (const zokit::Identity track : typist.file(0)->items(key("Audio")))
+        used.append(typist.file(0)->value(track, key("selected")).toBool());
+    QCOMPARE(used, QVector<bool>({false, true}));
+}
+
+void TestEditorKeyboard::filesAreConverted()
+{
+    const Typist typist;
+    QVERIFY(typist.openDialog(key("Ctrl+Return"), "convertDialog"));
+    QVERIFY(typist.tabTo("folder"));
+    typist.type(QFile::encodeName(typist.folder.filePath(key("results"))).constData());
+    QVERIFY(typist.tabToAndPress("start"));
+    QVERIFY(typist.comeBack());
+    const zokit::Queue& queue = typist.session().queue();
+    QCOMPARE(queue.rows().size(), 1);
+    QTRY_COMPARE_WITH_TIMEOUT(queue.state(queue.rows().value(0)), zokit::RowState::Done, 60000);
+    QVERIFY(QFile::exists(queue.job(queue.rows().value(0)).output));
+    QVERIFY(typist.tabTo("queueList"));
+    typist.press(Qt::Key_Delete);
+    QVERIFY(queue.rows().isEmpty());
+    typist.press(Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+    QVERIFY(!typist.find("queueDock"));
+}
+
+void TestEditorKeyboard::soundIsListenedTo()
+{
+    qputenv("ZOEDITOR_PLAYER", "sleep"); // It hears nothing, and ends at once.
+    const Typist typist;
+    const QAction* listen = typist.window().actions().action("listen");
+    const QAction* plain = typist.window().actions().action("listenPlain");
+    typist.press(Qt::Key_L, Qt::ControlModifier);
+    QVERIFY(listen->isChecked());
+    typist.press(Qt::Key_L, Qt::ControlModifier | Qt::ShiftModifier);
+    QVERIFY(plain->isChecked());
+    QVERIFY(!listen->isChecked());
+    typist.press(Qt::Key_L, Qt::ControlModifier | Qt::ShiftModifier);
+    QVERIFY(!plain->isChecked());
+    qunsetenv("ZOEDITOR_PLAYER");
 }
 
 void TestEditorKeyboard::everyMenuEntryCanBeChosen()

@@ -38,6 +38,9 @@ private slots:
     void keysDragByPixels();
     void heldKeyIsOneStep();
     void tabGoesFromHandleToHandle();
+    void keysMoveTheLineBetweenBeforeAndAfter();
+    void keysPushAPictureThatIsLarger();
+    void handleThatKeysTakeIsSeen();
     void numbersAndHandlesAreOneValue();
     void pixelsAreMagnifiedWhileAnEdgeIsDragged();
     void zoomStepsAndFits();
@@ -46,6 +49,7 @@ private slots:
     void watermarkOutsideTheCropIsToldOf();
     void handlesAreAccessible();
     void edgesAreAccessibleValues();
+    void lineBetweenBeforeAndAfterIsAccessible();
 };
 
 namespace {
@@ -352,6 +356,63 @@ void TestEditorPicture::tabGoesFromHandleToHandle()
     QCOMPARE(scene.picture->handleName(scene.picture->currentHandle()), key("Watermark 1: place"));
 }
 
+void TestEditorPicture::keysMoveTheLineBetweenBeforeAndAfter()
+{
+    const Scene scene;
+    QVERIFY(scene.trigger("showSplit"));
+    const int steps = scene.session().history().position();
+    scene.picture->setFocus();
+    QTest::keyClick(scene.picture, Qt::Key_Tab);
+    QCOMPARE(scene.picture->handleName(scene.picture->currentHandle()), key("Line between before and after"));
+    QCOMPARE(scene.picture->split(), 80);
+    QTest::keyClick(scene.picture, Qt::Key_Right);
+    QCOMPARE(scene.picture->split(), 81);
+    QTest::keyClick(scene.picture, Qt::Key_Left, Qt::ShiftModifier);
+    QCOMPARE(scene.picture->split(), 71);
+    QTest::keyClick(scene.picture, Qt::Key_Up);
+    QCOMPARE(scene.picture->split(), 71);
+    for (int i = 0; i < 8; ++i)
+        QTest::keyClick(scene.picture, Qt::Key_Left, Qt::ShiftModifier);
+    QCOMPARE(scene.picture->split(), 0); // Not out of the frame.
+    QCOMPARE(scene.session().history().position(), steps);
+    QCOMPARE(scene.picture->scene().crop, QRect(0, 0, 160, 120));
+    QTest::keyClick(scene.picture, Qt::Key_Tab);
+    QCOMPARE(scene.picture->handleName(scene.picture->currentHandle()), key("Crop: upper left corner"));
+}
+
+void TestEditorPicture::keysPushAPictureThatIsLarger()
+{
+    const Scene scene;
+    const auto seen = [&] { return scene.picture->view().toFrame(QPointF(scene.picture->rect().center())); };
+    const auto push = [&](Qt::Key to, Qt::KeyboardModifiers with = Qt::AltModifier) {
+        const QPointF before = seen();
+        QTest::keyClick(scene.picture, to, with);
+        return (seen() - before) * scene.picture->view().scale;
+    };
+    scene.takeHandle(key("Crop: left edge")); // It stays where it is.
+    QCOMPARE(push(Qt::Key_Right), QPointF(0, 0));
+    scene.picture->setZoom(16);
+    QCOMPARE(push(Qt::Key_Right), QPointF(60, 0));
+    QCOMPARE(push(Qt::Key_Up), QPointF(0, -60));
+    QCOMPARE(push(Qt::Key_Down, Qt::AltModifier | Qt::ShiftModifier), QPointF(0, 600));
+    QCOMPARE(push(Qt::Key_Left), QPointF(-60, 0));
+    QCOMPARE(push(Qt::Key_Left, Qt::AltModifier | Qt::ControlModifier), QPointF(0, 0)); // Another key.
+    QCOMPARE(scene.picture->scene().crop, QRect(0, 0, 160, 120));
+}
+
+void TestEditorPicture::handleThatKeysTakeIsSeen()
+{
+    const Scene scene;
+    scene.picture->setZoom(16);
+    scene.picture->setFocus();
+    for (int i = 0; i < scene.picture->handles().size(); ++i) {
+        QTest::keyClick(scene.picture, Qt::Key_Tab);
+        const zokit::PreviewHandle handle = scene.picture->currentHandle();
+        QVERIFY2(scene.picture->rect().contains(handle.area.center().toPoint()),
+                 qPrintable(scene.picture->handleName(handle)));
+    }
+}
+
 void TestEditorPicture::numbersAndHandlesAreOneValue()
 {
     const Scene scene;
@@ -475,6 +536,30 @@ void TestEditorPicture::edgesAreAccessibleValues()
     QCOMPARE(values.join(key(", ")), key("0 0-120, 160 0-160, 120 0-120, 0 0-160"));
     picture->child(3)->valueInterface()->setCurrentValue(140);
     QCOMPARE(scene.cropNow(), QRect(0, 0, 140, 120));
+}
+
+void TestEditorPicture::lineBetweenBeforeAndAfterIsAccessible()
+{
+    const Scene scene;
+    QAccessibleInterface* picture = QAccessible::queryAccessibleInterface(scene.picture);
+    QCOMPARE(picture->childCount(), 8);
+    QVERIFY(scene.trigger("showSplit"));
+    QCOMPARE(picture->childCount(), 9);
+    QAccessibleInterface* line = picture->child(0);
+    QCOMPARE(line->role(), QAccessible::Splitter);
+    QCOMPARE(line->text(QAccessible::Name), key("Line between before and after"));
+    QCOMPARE(line->text(QAccessible::Value), key("80"));
+    const QPoint global = scene.picture->mapToGlobal(scene.point(80, 60));
+    QCOMPARE(picture->childAt(global.x(), global.y()), line);
+    QVERIFY(line->rect().contains(global));
+    line->actionInterface()->doAction(key("One pixel right"));
+    QCOMPARE(scene.picture->split(), 81);
+    QCOMPARE(line->valueInterface()->maximumValue(), QVariant(160));
+    line->valueInterface()->setCurrentValue(40);
+    QCOMPARE(line->valueInterface()->currentValue(), QVariant(40));
+    QCOMPARE(scene.picture->split(), 40);
+    QVERIFY(scene.trigger("showAfter"));
+    QVERIFY(!line->isValid());
 }
 
 EDITOR_TEST_MAIN(TestEditorPicture)

@@ -271,10 +271,6 @@
         <translation>geändert</translation>
     </message>
     <message>
-        <source>, changed</source>
-        <translation>, geändert</translation>
-    </message>
-    <message>
         <source>Search all values</source>
         <translation>Alle Werte durchsuchen</translation>
     </message>
@@ -343,23 +339,23 @@
     </message>
     <message>
         <source>as added</source>
-        <translation>hinzugefügt</translation>
+        <translation>unsortiert</translation>
     </message>
     <message>
         <source>by name</source>
-        <translation>nach Name</translation>
+        <translation>Name</translation>
     </message>
     <message>
         <source>by size</source>
-        <translation>nach Größe</translation>
+        <translation>Größe</translation>
     </message>
     <message>
         <source>by length</source>
-        <translation>nach Länge</translation>
+        <translation>Länge</translation>
     </message>
     <message>
         <source>by state</source>
-        <translation>nach Zustand</translation>
+        <translation>Zustand</translation>
     </message>
 </context>
 <context>
@@ -648,16 +644,16 @@
         <translation>Tasten</translation>
     </message>
     <message>
-        <source>From pane to pane, from field to field, from handle to handle</source>
-        <translation>Von Bereich zu Bereich, von Feld zu Feld, von Griff zu Griff</translation>
+        <source>From field to field, from handle to handle</source>
+        <translation>Von Feld zu Feld, von Griff zu Griff</translation>
     </message>
     <message>
         <source>Tab, Shift+Tab</source>
         <translation>Tab, Umschalt+Tab</translation>
     </message>
     <message>
-        <source>Drag the handle that is marked, by a pixel or ten</source>
-        <translation>Den markierten Griff ziehen, um ein Pixel oder zehn</translation>
+        <source>Drag the marked handle by a pixel, by ten</source>
+        <translation>Markierten Griff um ein Pixel ziehen, um zehn</translation>
     </message>
     <message>
         <source>Arrows, Shift+arrows</source>
@@ -665,7 +661,7 @@
     </message>
     <message>
         <source>Take a drag back</source>
-        <translation>Ein Ziehen zurücknehmen</translation>
+        <translation>Ziehen zurücknehmen</translation>
     </message>
     <message>
         <source>Esc</source>
@@ -673,7 +669,7 @@
     </message>
     <message>
         <source>Push a picture that is larger than its pane</source>
-        <translation>Ein Bild schieben, das größer als sein Bereich ist</translation>
+        <translation>Bild schieben, das größer als sein Bereich ist</translation>
     </message>
     <message>
         <source>Alt+arrows</source>
