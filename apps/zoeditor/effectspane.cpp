@@ -20,6 +20,7 @@
 #include <zokit/tracks.h>
 
 #include "actions.h"
+#include "filesmodel.h"
 #include "session.h"
 #include "undokeys.h"
 
@@ -29,7 +30,8 @@ using Model = zokit::SettingsModel;
 
 namespace {
 
-/// Types and items; values only where a search finds them. The second column says what is changed.
+/// Types and items; values only where a search finds them. The second column says what is changed, shortly where names
+/// need the room.
 class Shown : public QSortFilterProxyModel {
 public:
     explicit Shown(QObject* parent) : QSortFilterProxyModel(parent) { setRecursiveFilteringEnabled(true); }
@@ -42,16 +44,17 @@ public:
 
     QVariant data(const QModelIndex& index, int role) const override
     {
-        if (role != Qt::DisplayRole || index.column() != Model::ValueColumn
+        const bool inWords = role == Qt::AccessibleTextRole || role == Qt::ToolTipRole;
+        if ((role != Qt::DisplayRole && !inWords) || index.column() != Model::ValueColumn
             || index.data(Model::KindRole).toInt() == Model::PropertyRow)
             return QSortFilterProxyModel::data(index, role);
         QStringList marks;
         const int count = index.data(Model::ItemCountRole).toInt();
         if (count > 0 && index.data(Model::TypeRole).toString() != QLatin1String("Effect"))
-            marks.append(EffectsPane::tr("%n item(s)", nullptr, count));
+            marks.append(inWords ? EffectsPane::tr("%n item(s)", nullptr, count) : QString::number(count));
         if (index.data(Model::StateRole).toInt() == static_cast<int>(zokit::State::Changed))
-            return marks.isEmpty() ? EffectsPane::tr("changed") : marks.first() + EffectsPane::tr(", changed");
-        return marks.value(0);
+            marks.append(EffectsPane::tr("changed"));
+        return marks.join(inWords ? QStringLiteral(", ") : FilesModel::separator());
     }
 
     /// Behind the last item lie values that are not shown: what is dropped there is dropped on the type, and goes to
@@ -110,8 +113,8 @@ EffectsPane::EffectsPane(Session* session, const Actions& actions, QWidget* pare
     m_tree->header()->setSectionResizeMode(Model::ValueColumn, QHeaderView::Fixed);
     constexpr int indentation = 14; // In a narrow window names need the room.
     m_tree->setIndentation(indentation);
-    m_tree->setColumnWidth(Model::ValueColumn,
-                           fontMetrics().horizontalAdvance(tr("%n item(s)", nullptr, 9) + tr(", changed")) + 8);
+    const QString longest = QStringLiteral("99") + FilesModel::separator() + tr("changed");
+    m_tree->setColumnWidth(Model::ValueColumn, fontMetrics().horizontalAdvance(longest) + 8);
     m_tree->setHeaderHidden(true);
 
     auto* buttons = new QHBoxLayout;

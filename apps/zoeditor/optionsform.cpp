@@ -7,9 +7,11 @@
 
 #include <QGridLayout>
 #include <QLabel>
+#include <QScrollBar>
 #include <QToolButton>
 
 #include <zokit/properties.h>
+#include <zokit/resultname.h>
 #include <zokit/valuetext.h>
 
 #include "controls.h"
@@ -114,6 +116,10 @@ void OptionsForm::makeRows()
             title->setContentsMargins(0, 6, 0, 0);
         group = own;
         ValueControl* control = makeControl(value, page);
+        if (key == QLatin1String("name")) { // The pattern that is taken where none is set can be read.
+            constexpr int frame = 12;       // Pixels on both sides together.
+            control->field()->setMinimumWidth(fontMetrics().horizontalAdvance(zokit::usualPattern()) + frame);
+        }
         title->setBuddy(control->field());
         auto* mark = new QLabel(page);
         mark->setObjectName(QStringLiteral("Output:%1:mark").arg(key));
@@ -139,6 +145,7 @@ void OptionsForm::makeRows()
     }
     grid->setRowStretch(grid->rowCount(), 1);
     setWidget(page);
+    setMinimumWidth(page->minimumSizeHint().width() + verticalScrollBar()->sizeHint().width());
 }
 
 /// In all files or in none; an invalid value and an empty text take the option back.

@@ -5,12 +5,9 @@
 // German, large and small, to be looked at; with QT_SCALE_FACTOR=2 at twice the size. With FILEs instead those of the
 // guide: the window with these, editor.png, and the dialogs, editor-*.png.
 
+#include <QDialog>
 #include <QDir>
-#include <QPushButton>
-#include <QTabWidget>
-#include <QTreeWidget>
 
-#include <actions.h>
 #include <appearance.h>
 
 #include "editorsupport.h"
@@ -27,41 +24,6 @@ void take(QWidget* widget, const QDir& folder, const QString& name)
     widget->grab().save(folder.filePath(name + key(".png")));
 }
 
-/// The queue with a row that is done, one that failed and one that waits.
-void takeQueue(const Stage& stage, const QDir& folder, const QString& prefix)
-{
-    zokit::Queue& queue = stage.session().queue();
-    const auto add = [&](const QString& input, const char* output) {
-        zokit::Job job;
-        job.settings = stage.file(0)->settings();
-        job.input = input;
-        job.output = stage.folder.filePath(key(output));
-        queue.add(job);
-    };
-    add(stage.file(0)->media().file, "done.mkv");
-    add(stage.folder.filePath(key("gone.mkv")), "gone.mkv");
-    queue.start();
-    if (!QTest::qWaitFor([&] { return !queue.isRunning(); }, 30000))
-        qFatal("The queue does not end");
-    queue.pause();
-    add(stage.file(0)->media().file, "later.mkv");
-    auto* list = stage.find<QTreeWidget>("queueList");
-    list->setCurrentItem(list->topLevelItem(1));
-    take(&stage.window(), folder, prefix + key("queue"));
-    queue.resume();
-}
-
-/// What is asked when settings are not saved.
-void takeQuestion(const Stage& stage, const QDir& folder, const QString& name)
-{
-    QTimer::singleShot(0, &stage.window(), [&] {
-        QWidget* question = QApplication::activeModalWidget();
-        take(question, folder, name);
-        question->close();
-    });
-    stage.window().close();
-}
-
 void takeAll(const QDir& folder, const QString& prefix, const QSize& size,
              Qt::LayoutDirection direction = Qt::LeftToRight)
 {
@@ -70,31 +32,11 @@ void takeAll(const QDir& folder, const QString& prefix, const QSize& size,
     stage.window().resize(size);
     QTest::qWait(1500); // Small pictures come from a child.
     stage.file(0)->setValue(stage.file(0)->type(key("Color")), key("bcs_contrast"), 12);
-    stage.visitAll([&](const QString& what) { take(&stage.window(), folder, prefix + what); });
-    stage.window().findChild<QTabWidget*>(key("pages"))->setCurrentIndex(1);
-    take(&stage.window(), folder, prefix + key("history"));
-    stage.visitDialogs([&](QWidget& dialog) {
-        QTest::qWait(500); // Plans and pictures come from children.
-        take(&dialog, folder, prefix + dialog.objectName());
-        if (auto* pages = dialog.findChild<QTabWidget*>(key("presetPages"))) {
-            pages->setCurrentIndex(1);
-            take(&dialog, folder, prefix + key("defaults"));
-        }
-        if (auto* command = dialog.findChild<QPushButton*>(key("showCommand"))) {
-            command->click();
-            QTest::qWait(1500);
-            take(&dialog, folder, prefix + key("command"));
-        }
+    stage.visitEverything([&](QWidget& shown, const QString& name) {
+        if (qobject_cast<QDialog*>(&shown))
+            QTest::qWait(500); // Plans and pictures come from children.
+        take(&shown, folder, prefix + name);
     });
-    takeQueue(stage, folder, prefix);
-    takeQuestion(stage, folder, prefix + key("question"));
-    const QTemporaryDir empty;
-    qputenv("ZOEFFECT_FFMPEG", QFile::encodeName(empty.path()));
-    const Stage without;
-    QGuiApplication::setLayoutDirection(direction);
-    without.window().resize(size);
-    take(&without.window(), folder, prefix + key("missing"));
-    qunsetenv("ZOEFFECT_FFMPEG");
 }
 
 /// The window with \a files, as the guide shows it: a watermark of the first one is chosen. And the dialogs.

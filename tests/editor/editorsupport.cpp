@@ -7,9 +7,13 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QLineEdit>
 #include <QMouseEvent>
+#include <QPushButton>
 #include <QStatusBar>
+#include <QTabWidget>
 #include <QTimer>
+#include <QTreeWidget>
 
 #include <zokit/properties.h>
 
@@ -18,6 +22,18 @@
 namespace editorsupport {
 
 using kitsupport::key;
+
+namespace {
+
+/// Until \a holds, which never takes that long.
+void wait(const std::function<bool()>& holds)
+{
+    constexpr int patience = 60000; // Milliseconds.
+    if (!QTest::qWaitFor(holds, patience))
+        qFatal("What was waited for never came");
+}
+
+} // namespace
 
 Stage::Stage(const QStringList& files) : editor(std::make_unique<zoeditor::Editor>(folder.filePath(key("journal"))))
 {
@@ -113,6 +129,97 @@ void Full::visitAll(const std::function<void(const QString& what)>& look) const
     }
 }
 
+/// A file that was saved and edited later, of a session that died: all that can be asked is.
+void Full::visitRecovery(const std::function<void(QWidget&, const QString&)>& look) const
+{
+    const QString journals = folder.filePath(key("left"));
+    const auto isKept = [&journals] {
+        QFile journal(QDir(journals).entryInfoList({key("*.journal")}).value(0).filePath());
+        return journal.open(QIODevice::ReadOnly) && journal.readAll().contains("written last");
+    };
+    {
+        zoeditor::Editor dying(journals);
+        dying.start({copyOf("plain.mp4", folder, "film.mp4")});
+        zoeditor::Session& died = dying.session();
+        wait([&] { return died.mediaOf(died.current()) != nullptr; });
+        died.save(died.current());
+        died.current()->insert(key("Watermark"), {{key("wm_textcontent"), key("written last")}});
+        wait(isKept);
+    } // Without a good end.
+    const Qt::LayoutDirection direction = QGuiApplication::layoutDirection();
+    zoeditor::Editor asking(journals);
+    QGuiApplication::setLayoutDirection(direction); // An editor sets that of its language.
+    answer("recoverQuestion", "later", [&](QWidget& question) { look(question, question.objectName()); });
+    asking.start({});
+}
+
+void Full::visitEverything(const std::function<void(QWidget&, const QString&)>& look) const
+{
+    const Qt::LayoutDirection direction = QGuiApplication::layoutDirection();
+    const auto see = [&look](QWidget& shown, const QString& name) {
+        settle();
+        look(shown, name);
+    };
+    visitAll([&](const QString& what) { look(window(), what); });
+    window().findChild<QTabWidget*>(key("pages"))->setCurrentIndex(1);
+    see(window(), key("history"));
+
+    zokit::Queue& queue = session().queue();
+    const auto add = [&](const QString& input, const char* output) {
+        zokit::Job job;
+        job.settings = file(0)->settings();
+        job.input = input;
+        job.output = folder.filePath(key(output));
+        queue.add(job);
+    };
+    add(file(0)->media().file, "done.mkv");
+    add(folder.filePath(key("gone.mkv")), "gone.mkv");
+    queue.start();
+    wait([&] { return !queue.isRunning(); });
+    queue.pause();
+    add(file(0)->media().file, "later.mkv");
+    queue.start();
+    auto* list = find<QTreeWidget>("queueList");
+    list->setCurrentItem(list->topLevelItem(1)); // It failed.
+    see(window(), key("queue"));
+
+    visitDialogs([&](QWidget& dialog) {
+        const auto press = [&dialog](const char* button) { dialog.findChild<QPushButton*>(key(button))->click(); };
+        auto* presets = dialog.findChild<QTabWidget*>(key("presetPages"));
+        if (presets) {
+            dialog.findChild<QLineEdit*>(key("presetName"))->setText(key("Films"));
+            press("savePreset");
+        }
+        see(dialog, dialog.objectName());
+        if (presets) {
+            answer("removeQuestion", "remove", [&](QWidget& question) { look(question, question.objectName()); });
+            press("removePreset");
+            presets->setCurrentIndex(1);
+            see(dialog, key("defaults"));
+        }
+        if (dialog.objectName() == key("convertDialog")) {
+            press("showCommand");
+            press("sample");
+            for (const char* done : {"copyCommand", "showSample"})
+                wait([&] { return dialog.findChild<QPushButton*>(key(done))->isEnabled(); });
+            see(dialog, key("command"));
+        }
+    });
+    for (const auto& [question, button] :
+         {std::pair<const char*, const char*>{"closeQuestion", "discard"}, {"convertingQuestion", "goOn"}})
+        answer(question, button, [&](QWidget& shown) { look(shown, shown.objectName()); });
+    window().close();
+    visitRecovery(look);
+
+    const QTemporaryDir empty;
+    qputenv("ZOEFFECT_FFMPEG", QFile::encodeName(empty.path()));
+    const Stage without;
+    QGuiApplication::setLayoutDirection(direction);
+    without.window().resize(window().size());
+    see(without.window(), key("missing"));
+    qunsetenv("ZOEFFECT_FFMPEG");
+}
+
 void drag(QWidget* widget, const QPoint& from, const QPoint& to)
 {
     constexpr int moves = 10;
@@ -127,7 +234,7 @@ void drag(QWidget* widget, const QPoint& from, const QPoint& to)
     send(QEvent::MouseButtonRelease, to, Qt::LeftButton, Qt::NoButton);
 }
 
-void answer(const char* dialog, const char* button)
+void answer(const char* dialog, const char* button, const std::function<void(QWidget&)>& look)
 {
     auto* looking = new QTimer(qApp);
     QObject::connect(looking, &QTimer::timeout, looking, [=] {
@@ -137,7 +244,12 @@ void answer(const char* dialog, const char* button)
         auto* wanted = shown->findChild<QAbstractButton*>(QString::fromLatin1(button));
         if (!wanted)
             qFatal("The dialog has no such button");
+        looking->stop(); // Whoever looks may let events be done.
         looking->deleteLater();
+        if (look) {
+            settle();
+            look(*shown);
+        }
         wanted->click();
     });
     looking->start(0);

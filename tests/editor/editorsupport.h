@@ -69,6 +69,13 @@ public:
 
     /// Each thing of the first file in turn is shown in the panel, laid out, and \a look is called with its name.
     void visitAll(const std::function<void(const QString& what)>& look) const;
+    /// All that the editor shows of its own: what visitAll() shows, the history, a queue, each dialog on each of its
+    /// pages, each question, and the window without ffmpeg. \a look is called with the window, dialog or question, laid
+    /// out, and with a name for it. Nothing can be done with this afterwards.
+    void visitEverything(const std::function<void(QWidget& shown, const QString& name)>& look) const;
+
+private:
+    void visitRecovery(const std::function<void(QWidget& shown, const QString& name)>& look) const;
 };
 
 /// Lets everything be done that waits in the event loop, and what waits for that.
@@ -80,8 +87,8 @@ QString copyOf(const char* clip, const QTemporaryDir& folder, const char* name);
 /// Drags with the left button, in ten moves.
 void drag(QWidget* widget, const QPoint& from, const QPoint& to);
 
-/// Clicks \a button in the dialog of that object name, as soon as it is there.
-void answer(const char* dialog, const char* button);
+/// Clicks \a button in the dialog of that object name, as soon as it is there and \a look has seen it.
+void answer(const char* dialog, const char* button, const std::function<void(QWidget& dialog)>& look = {});
 
 } // namespace editorsupport
 
