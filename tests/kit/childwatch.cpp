@@ -9,6 +9,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QtTest>
 
 namespace childwatch {
 
@@ -45,14 +46,23 @@ void begin()
 QStringList takeFindings()
 {
     QStringList findings = std::exchange(complaints, QStringList());
+    for (const qint64 child : children()) {
+        const QString state = status(QString::number(child)).value(0);
+        findings.append(QStringLiteral("child %1 lives, in state %2").arg(child).arg(state));
+    }
+    return findings;
+}
+
+QVector<qint64> children()
+{
+    QVector<qint64> result;
     const QString self = QString::number(getpid());
     const QStringList entries = QDir(QStringLiteral("/proc")).entryList(QDir::Dirs);
     for (const QString& entry : entries) {
-        const QStringList told = status(entry);
-        if (told.value(1) == self)
-            findings.append(QStringLiteral("child %1 lives, in state %2").arg(entry, told.value(0)));
+        if (status(entry).value(1) == self)
+            result.append(entry.toLongLong());
     }
-    return findings;
+    return result;
 }
 
 bool isAlive(qint64 process)
@@ -64,6 +74,17 @@ bool isAlive(qint64 process)
 bool isStopped(qint64 process)
 {
     return status(QString::number(process)).value(0) == QLatin1String("T");
+}
+
+void Test::initTestCase()
+{
+    begin();
+}
+
+void Test::cleanup()
+{
+    const QStringList findings = takeFindings();
+    QVERIFY2(findings.isEmpty(), qPrintable(findings.join(QStringLiteral("; "))));
 }
 
 } // namespace childwatch

@@ -29,13 +29,10 @@ using zokit::Command;
 
 constexpr int patience = 60000; // Milliseconds, for what takes few.
 
-class TestKitChild : public QObject {
+class TestKitChild : public childwatch::Test {
     Q_OBJECT
 
 private slots:
-    void initTestCase() { childwatch::begin(); }
-    void cleanup() { QCOMPARE(childwatch::takeFindings(), QStringList()); }
-
     void endIsTold_data();
     void endIsTold();
     void outputIsLimited();

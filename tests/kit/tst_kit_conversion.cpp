@@ -19,6 +19,7 @@
 #include <zokit/filesettings.h>
 #include <zokit/queue.h>
 
+#include "childwatch.h"
 #include "clips.h"
 #include "kitsupport.h"
 #include "testapplication.h"
@@ -118,12 +119,13 @@ QString codecs(const MediaInfo& media)
 
 } // namespace
 
-class TestKitConversion : public QObject {
+class TestKitConversion : public childwatch::Test {
     Q_OBJECT
 
 private Q_SLOTS:
     void initTestCase()
     {
+        Test::initTestCase();
         QVERIFY(m_folder.isValid());
         QVERIFY(zokit::findTools().error.isEmpty());
     }

@@ -13,6 +13,7 @@
 #include <zokit/frames.h>
 #include <zokit/properties.h>
 
+#include "childwatch.h"
 #include "clips.h"
 #include "graphsupport.h"
 #include "kitsupport.h"
@@ -65,7 +66,7 @@ int placeOf(const QByteArray& bytes, const QByteArray& frames)
 
 } // namespace
 
-class TestKitFrames : public QObject {
+class TestKitFrames : public childwatch::Test {
     Q_OBJECT
 
 private Q_SLOTS:

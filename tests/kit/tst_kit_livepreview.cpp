@@ -3,6 +3,8 @@
 
 // A preview that is edited by hand: what pressing, dragging and letting go does to crop and watermarks.
 
+#include <algorithm>
+
 #include <QPainter>
 #include <QtTest>
 
@@ -10,6 +12,7 @@
 #include <zokit/livepreview.h>
 #include <zokit/project.h>
 
+#include "childwatch.h"
 #include "clips.h"
 #include "kitsupport.h"
 #include "testapplication.h"
@@ -66,7 +69,7 @@ struct Stage {
 
 } // namespace
 
-class TestKitLivePreview : public QObject {
+class TestKitLivePreview : public childwatch::Test {
     Q_OBJECT
 
 private slots:
@@ -88,6 +91,7 @@ private slots:
     void withoutAFileNothingCanBeTaken();
     void whatChangesIsToldAsARegion();
     void framesAreShownWhenTheyCome();
+    void viewHasTwoChildrenAtMost();
 };
 
 void TestKitLivePreview::cropIsDragged_data()
@@ -304,6 +308,46 @@ void TestKitLivePreview::framesAreShownWhenTheyCome()
     QPainter painter(&image);
     stage.preview.paint(painter);
     QVERIFY(image.pixelColor(332, 192).red() - image.pixelColor(332, 192).blue() > 60);
+}
+
+void TestKitLivePreview::viewHasTwoChildrenAtMost()
+{
+    Stage stage;
+    stage.tools = zokit::findTools();
+    const zokit::MediaInfo media = *zokit::probe(stage.tools, clips::clip(key("counting.mkv"))).media;
+    zokit::FileSettings* file = stage.project.add(zokit::Media{media.file, QSize(64, 48), media.seconds});
+    stage.preview.setFile(file, &media);
+    zokit::ShownFrames& frames = stage.preview.frames();
+    frames.setBeforeWanted(true);
+    int most = 0;
+    const auto look = [&] {
+        most = std::max(most, static_cast<int>(childwatch::children().size()));
+        QTest::qWait(10);
+        most = std::max(most, static_cast<int>(childwatch::children().size()));
+    };
+    for (int round = 0; round < 4; ++round) {
+        for (const double seconds : {0.4, 0.8, 3.6, 0.2, 2.0}) { // Far apart: each takes another decoder.
+            frames.setSeconds(seconds + round / 25.0);
+            look();
+        }
+        stage.preview.press(QPointF(200, 100));
+        for (const int x : {300, 400, 500}) {
+            stage.preview.move(QPointF(x, 300), withoutSnapping);
+            look();
+        }
+        stage.preview.release();
+        file->setValue(file->type(key("Color")), key("bcs_contrast"), 10 + round);
+        look();
+        if (round % 2 == 1) {
+            QVERIFY(QTest::qWaitFor(
+                [&] {
+                    look();
+                    return !frames.output().isNull() && !frames.before().isNull();
+                },
+                60000));
+        }
+    }
+    QVERIFY2(most == 1 || most == 2, QByteArray::number(most));
 }
 
 ZOEFFECT_TEST_MAIN(TestKitLivePreview)

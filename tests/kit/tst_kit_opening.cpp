@@ -8,13 +8,14 @@
 #include <zokit/project.h>
 #include <zokit/settingsfile.h>
 
+#include "childwatch.h"
 #include "clips.h"
 #include "kitsupport.h"
 #include "testapplication.h"
 
 using kitsupport::key;
 
-class TestKitOpening : public QObject {
+class TestKitOpening : public childwatch::Test {
     Q_OBJECT
 
 private slots:

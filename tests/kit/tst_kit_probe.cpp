@@ -24,12 +24,11 @@ Q_DECLARE_METATYPE(zokit::Message::Code)
 
 constexpr int patience = 60000; // Milliseconds, for what takes few.
 
-class TestKitProbe : public QObject {
+class TestKitProbe : public childwatch::Test {
     Q_OBJECT
 
 private slots:
     void initTestCase();
-    void cleanup() { QCOMPARE(childwatch::takeFindings(), QStringList()); }
 
     void clipIsTold_data();
     void clipIsTold();
@@ -119,7 +118,7 @@ QString asText(const ReadMedia& read)
 
 void TestKitProbe::initTestCase()
 {
-    childwatch::begin();
+    Test::initTestCase();
     m_tools = zokit::findTools();
     QVERIFY2(m_tools.error.isEmpty(), qPrintable(m_tools.error.text()));
 }

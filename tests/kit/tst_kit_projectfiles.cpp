@@ -10,6 +10,7 @@
 #include <zokit/projectfiles.h>
 #include <zokit/settingsfile.h>
 
+#include "childwatch.h"
 #include "clips.h"
 #include "kitsupport.h"
 #include "testapplication.h"
@@ -67,7 +68,7 @@ struct Stage {
 
 } // namespace
 
-class TestKitProjectFiles : public QObject {
+class TestKitProjectFiles : public childwatch::Test {
     Q_OBJECT
 
 private slots:

@@ -13,6 +13,7 @@
 #include <zokit/probe.h>
 #include <zokit/scrubber.h>
 
+#include "childwatch.h"
 #include "clips.h"
 #include "graphsupport.h"
 #include "kitsupport.h"
@@ -70,7 +71,7 @@ struct Watched {
 
 } // namespace
 
-class TestKitScrubber : public QObject {
+class TestKitScrubber : public childwatch::Test {
     Q_OBJECT
 
 private Q_SLOTS:

@@ -11,6 +11,7 @@
 #include <zokit/previewgeometry.h>
 #include <zokit/shownframes.h>
 
+#include "childwatch.h"
 #include "clips.h"
 #include "kitsupport.h"
 #include "testapplication.h"
@@ -55,7 +56,7 @@ struct Stage {
 
 } // namespace
 
-class TestKitShownFrames : public QObject {
+class TestKitShownFrames : public childwatch::Test {
     Q_OBJECT
 
 private slots:

@@ -10,6 +10,7 @@
 #include <zokit/filesettings.h>
 #include <zokit/soundsamples.h>
 
+#include "childwatch.h"
 #include "clips.h"
 #include "kitsupport.h"
 #include "testapplication.h"
@@ -19,7 +20,7 @@ using zokit::FileSettings;
 using zokit::SoundAnswer;
 using zokit::SoundQuestion;
 
-class TestKitSoundSamples : public QObject {
+class TestKitSoundSamples : public childwatch::Test {
     Q_OBJECT
 
 private slots:

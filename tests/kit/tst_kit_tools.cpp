@@ -29,7 +29,7 @@ using Code = zokit::Message::Code;
 
 constexpr int patience = 60000; // Milliseconds, for what takes few.
 
-class TestKitTools : public QObject {
+class TestKitTools : public childwatch::Test {
     Q_OBJECT
 
 private slots:
@@ -57,7 +57,7 @@ private:
 
 void TestKitTools::initTestCase()
 {
-    childwatch::begin();
+    Test::initTestCase();
     m_path = qgetenv("PATH");
     m_tools = zokit::findTools();
 }
@@ -66,7 +66,7 @@ void TestKitTools::cleanup()
 {
     qputenv("PATH", m_path);
     qunsetenv("ZOEFFECT_FFMPEG");
-    QCOMPARE(childwatch::takeFindings(), QStringList());
+    Test::cleanup();
 }
 
 /// ffmpeg with \a arguments, words with blanks between.

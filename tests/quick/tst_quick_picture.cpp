@@ -8,6 +8,7 @@
 #include <zokitquick/filesettings.h>
 #include <zokitquick/previewpicture.h>
 
+#include "childwatch.h"
 #include "clips.h"
 #include "testapplication.h"
 
@@ -20,6 +21,7 @@ class TestQuickPicture : public QObject {
 
 private Q_SLOTS:
     void initTestCase();
+    void cleanupTestCase();
     void init();
     void frameFitsIntoTheMiddle();
     void cropIsShownAtOnceAndThenTruly();
@@ -64,6 +66,7 @@ bool TestQuickPicture::isTrueSoon()
 
 void TestQuickPicture::initTestCase()
 {
+    childwatch::begin();
     m_view.resize(200, 100);
     m_picture = new PreviewPicture(m_view.contentItem());
     m_picture->setSize(QSizeF(200, 100));
@@ -74,6 +77,13 @@ void TestQuickPicture::initTestCase()
     // The clip's own frame comes last: what a stand-in is made of is there, too.
     m_picture->setShow(PreviewPicture::Before);
     QVERIFY(isTrueSoon());
+}
+
+void TestQuickPicture::cleanupTestCase()
+{
+    delete m_picture;
+    const QStringList findings = childwatch::takeFindings();
+    QVERIFY2(findings.isEmpty(), qPrintable(findings.join(QStringLiteral("; "))));
 }
 
 void TestQuickPicture::init()
