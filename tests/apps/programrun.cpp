@@ -5,12 +5,16 @@
 
 #include <csignal>
 
+#include <fcntl.h>
+#include <sys/ioctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <QDir>
 #include <QFile>
 #include <QImage>
+
+#include <zokit/tools.h>
 
 ProgramRun::ProgramRun()
 {
@@ -29,6 +33,16 @@ void ProgramRun::write(const char* name, const QByteArray& text) const
     QFile file(path(name));
     if (file.open(QIODevice::WriteOnly))
         file.write(text);
+}
+
+void ProgramRun::setFfmpeg(const QByteArray& script)
+{
+    qunsetenv("ZOEFFECT_FFMPEG"); // What another run has named.
+    QDir().mkpath(path("tools"));
+    write("tools/ffmpeg", "#!/bin/sh\n" + script);
+    QFile::setPermissions(path("tools/ffmpeg"), QFile::ReadOwner | QFile::ExeOwner);
+    QFile::link(zokit::findTools().ffprobe, path("tools/ffprobe"));
+    setTools(QFile::encodeName(path("tools")));
 }
 
 QByteArray ProgramRun::content(const char* name) const
@@ -63,19 +77,28 @@ qint64 ProgramRun::start(const QList<QByteArray>& arguments, const char* languag
     QByteArray script = "cd \"$1\" && shift && exec env ";
     script += "\"$1\" \"$2\" \"$3\" \"${@:6}\" > \"$4\" 2> \"$5\" < /dev/null";
     QList<QByteArray> words{"bash", "-c", script, "bash", folder, configuration, lcAll, ZOCONVERT};
-    words << QFile::encodeName(outFile()) << QFile::encodeName(errFile()) << arguments;
+    words << QFile::encodeName(outFile()) << (m_err.isEmpty() ? QFile::encodeName(errFile()) : m_err) << arguments;
     std::vector<char*> argv;
     for (QByteArray& word : words)
         argv.push_back(word.data());
     argv.push_back(nullptr);
 
+    // A signal that comes before the program does must not run the handlers of Qt Test.
+    sigset_t all;
+    sigset_t before;
+    ::sigfillset(&all);
+    ::pthread_sigmask(SIG_SETMASK, &all, &before);
     m_child = ::fork();
     if (m_child == 0) {
-        for (const int ignored : {SIGINT, SIGHUP, SIGTSTP}) // As tests in the background may have them.
-            std::signal(ignored, SIG_DFL);
+        for (const int number : {SIGINT, SIGTERM, SIGHUP, SIGTSTP}) // Tests in the background may ignore them.
+            std::signal(number, SIG_DFL);
+        ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
+        if (!m_err.isEmpty() && ::setsid() > 0)
+            ::ioctl(::open(m_err.constData(), O_RDWR | O_NOCTTY | O_CLOEXEC), TIOCSCTTY, 0);
         ::execvp("bash", argv.data());
         ::_exit(127);
     }
+    ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
     return m_child;
 }
 
@@ -89,7 +112,7 @@ void ProgramRun::wait()
         return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QStringLiteral("unreadable");
     };
     out = read(outFile());
-    err = read(errFile());
+    err = m_err.isEmpty() ? read(errFile()) : QString();
 }
 
 void ProgramRun::run(const QList<QByteArray>& arguments, const char* language)

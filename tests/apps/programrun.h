@@ -8,7 +8,7 @@
 #include <QTemporaryDir>
 
 /// A folder in which zoconvert runs, with a configuration of its own: "a.zoeffect.json", which sets nothing for a clip
-/// of 1280x720, "b.zoeffect.json" with contrast 20 and a text in the corner, "broken.json", and "logo.png".
+/// of 1280x720, "b.zoeffect.json" with contrast 20, "broken.json", and "logo.png".
 class ProgramRun {
 public:
     ProgramRun();
@@ -22,6 +22,11 @@ public:
     QByteArray printed() const;
     /// What ZOEFFECT_FFMPEG names from now on.
     void setTools(const QByteArray& folder) { m_tools = folder; }
+    /// From now on ffmpeg is this script of sh, in the folder "tools".
+    void setFfmpeg(const QByteArray& script);
+    /// Where standard error goes from now on, instead of to err: a pipe with a name, or a terminal, which becomes that
+    /// of the program.
+    void setErr(const QByteArray& path) { m_err = path; }
 
     QString path(const char* name) const { return m_folder.filePath(QString::fromLatin1(name)); }
     QByteArray content(const char* name) const;
@@ -38,6 +43,7 @@ private:
     QString errFile() const { return m_configuration.filePath(QStringLiteral("err")); }
 
     QByteArray m_tools;
+    QByteArray m_err;
     int m_child = 0;
     QTemporaryDir m_folder;
     QTemporaryDir m_configuration;

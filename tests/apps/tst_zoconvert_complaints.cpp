@@ -139,12 +139,8 @@ void TestZoconvertComplaints::theExitCodeTellsTheAim()
     ProgramRun run;
     put(run, "plain.mp4", "clip.mp4");
     // A child that ends well and has written nothing.
-    QDir().mkpath(run.path("tools"));
-    run.write("tools/ffmpeg", "#!/bin/sh\nexit 0\n");
-    QVERIFY(QFile::setPermissions(run.path("tools/ffmpeg"), QFile::ReadOwner | QFile::ExeOwner));
-    QVERIFY(QFile::link(zokit::findTools().ffprobe, run.path("tools/ffprobe")));
+    run.setFfmpeg("exit 0\n");
     const QString before = run.files();
-    run.setTools(QFile::encodeName(run.path("tools")));
     run.run({"convert", "clip.mp4", "-o", "new.mp4", "-q"});
     QCOMPARE(run.code, 1);
     QVERIFY2(run.err.startsWith(QStringLiteral("zoconvert: clip.mp4: The result cannot be read: ")),
@@ -317,12 +313,7 @@ void TestZoconvertComplaints::progressGoesThroughAPipe()
     ProgramRun run;
     put(run, "plain.mp4", "clip.mp4");
     // A child that is half done, and stays there.
-    QDir().mkpath(run.path("tools"));
-    run.write("tools/ffmpeg",
-              "#!/bin/sh\nprintf 'out_time_us=200000\\nspeed=1x\\nprogress=continue\\n'\nexec sleep 600\n");
-    QVERIFY(QFile::setPermissions(run.path("tools/ffmpeg"), QFile::ReadOwner | QFile::ExeOwner));
-    QVERIFY(QFile::link(zokit::findTools().ffprobe, run.path("tools/ffprobe")));
-    run.setTools(QFile::encodeName(run.path("tools")));
+    run.setFfmpeg("printf 'out_time_us=200000\\nspeed=1x\\nprogress=continue\\n'\nexec sleep 600\n");
     const qint64 process = run.start({"convert", "clip.mp4", "-o", "new.mp4", "--progress", "json", "-q"});
     // No terminal is there, and the end is far: the number comes nevertheless.
     const bool isTold =
