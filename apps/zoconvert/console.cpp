@@ -3,6 +3,7 @@
 
 #include "console.h"
 
+#include <csignal>
 #include <cstdio>
 
 #include <unistd.h>
@@ -17,6 +18,30 @@ namespace zoconvert::console {
 
 namespace {
 
+/// What waits for a slow reader is lost when Qt is told of the end of a child meanwhile: that has to wait, too.
+class NoChildEnds {
+public:
+    NoChildEnds()
+    {
+        sigset_t ends;
+        ::sigemptyset(&ends);
+        ::sigaddset(&ends, SIGCHLD);
+        ::pthread_sigmask(SIG_BLOCK, &ends, &m_before);
+    }
+    ~NoChildEnds() { ::pthread_sigmask(SIG_SETMASK, &m_before, nullptr); }
+    NoChildEnds(const NoChildEnds&) = delete;
+    NoChildEnds& operator=(const NoChildEnds&) = delete;
+
+private:
+    sigset_t m_before = {};
+};
+
+void put(const QByteArray& bytes, std::FILE* stream)
+{
+    const NoChildEnds later;
+    std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stream);
+}
+
 bool isColoured()
 {
     return ::isatty(STDERR_FILENO) != 0 && qEnvironmentVariableIsEmpty("NO_COLOR");
@@ -29,7 +54,7 @@ void complain(const char* colour, const QString& sentence, const QString& file)
     if (!file.isEmpty())
         line += zokit::onOneLine(file).toUtf8() + ": ";
     line += zokit::onOneLine(sentence).toUtf8() + '\n';
-    std::fwrite(line.constData(), 1, static_cast<std::size_t>(line.size()), stderr);
+    put(line, stderr);
 }
 
 } // namespace
@@ -49,9 +74,14 @@ void note(const QString& sentence, const QString& file)
     complain("32;1", sentence, file);
 }
 
+void draw(const QByteArray& bytes)
+{
+    put(bytes, stderr);
+}
+
 void print(const QByteArray& text)
 {
-    std::fwrite(text.constData(), 1, static_cast<std::size_t>(text.size()), stdout);
+    put(text, stdout);
 }
 
 void printLine(const QString& line)
@@ -66,6 +96,7 @@ void printJson(const QJsonArray& array)
 
 bool allPrinted()
 {
+    const NoChildEnds later;
     return std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
 }
 

@@ -18,6 +18,9 @@ void warning(const QString& sentence, const QString& file = {});
 /// "zoconvert: FILE: sentence", of what goes well.
 void note(const QString& sentence, const QString& file = {});
 
+/// Bytes on standard error, as they are.
+void draw(const QByteArray& bytes);
+
 /// What was asked for.
 void print(const QByteArray& text);
 /// A line of it; control characters are spelled.

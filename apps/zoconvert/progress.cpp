@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
 #include <cwchar>
 
 #include <sys/ioctl.h>
@@ -67,12 +66,6 @@ bool beginsWith(const QString& sentence, const QString& name)
     const QString shown = zokit::onOneLine(name);
     const QString next = sentence.mid(shown.size(), 1);
     return sentence.startsWith(shown) && (next == QLatin1String(":") || next == QLatin1String(" "));
-}
-
-void write(const QByteArray& bytes)
-{
-    std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stderr);
-    std::fflush(stderr);
 }
 
 void printObject(const QJsonObject& object)
@@ -232,7 +225,7 @@ void Progress::summary()
 void Progress::hide()
 {
     if (m_isDrawn)
-        write("\r\x1b[K");
+        console::draw("\r\x1b[K");
     m_isDrawn = false;
 }
 
@@ -248,7 +241,7 @@ void Progress::draw()
         ended += counted;
     const double fraction = std::min((ended + sum) / std::max(m_files, 1), 1.0);
     // The last column stays free: some terminals go on in the next line with it.
-    write("\r\x1b[K" + barLine(columns() - 1, fraction, ended, m_files, m_secondsLeft, m_latest).toUtf8());
+    console::draw("\r\x1b[K" + barLine(columns() - 1, fraction, ended, m_files, m_secondsLeft, m_latest).toUtf8());
     m_isDrawn = true;
 }
 
