@@ -12,8 +12,9 @@ usage: conversions [MOMENTS [FILES]]
 
 Builds zoconvert in build/dev.
 
-  kills   it, or a child of it, is ended at MOMENTS random moments (200): there is a whole result or none, nothing else is
-          left, and no child lives on after two seconds
+  kills   at MOMENTS random moments (200) it, or a child of it, is ended, its folder removed or its disk full, alone or
+          while another one does the same: there is a whole result or what was there before, nothing else is left, and
+          no child lives on after two seconds
   files   FILES media files (100) of 26 pairs of container and codecs, made by ffmpeg, are converted, each by a random
           scene: none fails, none is told to be damaged, and each track that is told to be copied has the same packets;
           where it leaves a transport stream for a container in which its codec has another form, it is the same decoded
@@ -56,6 +57,7 @@ fail() {
 echo "== $moments moments"
 if ZOCONVERT_KILLS=$moments timeout 3600 build/dev/tests/apps/tst_zoconvert_kills anyMomentLeavesAllOrNothing \
     > "$work/kills.txt" 2>&1; then
+    sed -n 's/^QINFO.*() //p' "$work/kills.txt"
     pass "$moments"
 else
     grep -A 3 '^FAIL' "$work/kills.txt" || cat "$work/kills.txt"

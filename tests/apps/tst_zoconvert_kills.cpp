@@ -3,11 +3,20 @@
 
 // What is left when a conversion is ended: by a signal, by the death of the program or of its child, at any moment.
 
+#include <algorithm>
+#include <cerrno>
 #include <csignal>
+#include <optional>
 
+#include <fcntl.h>
+#include <sys/prctl.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QProcess>
 #include <QRandomGenerator>
 #include <QtTest>
@@ -36,14 +45,133 @@ QList<qint64> childrenOf(qint64 process)
     return children;
 }
 
-QStringList parts(const ProgramRun& run)
+QStringList parts(const QString& folder)
 {
-    return QDir(run.path("")).entryList({QStringLiteral(".zo-*")}, QDir::AllEntries | QDir::Hidden);
+    return QDir(folder).entryList({QStringLiteral(".zo-*")}, QDir::AllEntries | QDir::Hidden);
 }
 
 void send(qint64 process, int signal)
 {
     ::kill(static_cast<pid_t>(process), signal);
+}
+
+/// As long as it lives, what is started writes no file of more bytes, as on a disk that is full.
+class FullDisk {
+public:
+    explicit FullDisk(qint64 bytes) : m_ignored(std::signal(SIGXFSZ, SIG_IGN))
+    {
+        ::getrlimit(RLIMIT_FSIZE, &m_old);
+        const rlimit limit = {static_cast<rlim_t>(bytes), m_old.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FullDisk()
+    {
+        ::setrlimit(RLIMIT_FSIZE, &m_old);
+        std::signal(SIGXFSZ, m_ignored);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+private:
+    void (*m_ignored)(int);
+    rlimit m_old = {};
+};
+
+/// Standard error of what runs from now on: a pipe that is full until it is read.
+class FullPipe {
+public:
+    explicit FullPipe(ProgramRun& run)
+    {
+        const QByteArray path = QFile::encodeName(run.path("pipe"));
+        ::mkfifo(path.constData(), S_IRUSR | S_IWUSR);
+        m_ends = ::open(path.constData(), O_RDWR | O_NONBLOCK | O_CLOEXEC);
+        while (::write(m_ends, "\n", 1) == 1) {
+        }
+        run.setErr(path);
+    }
+    ~FullPipe() { ::close(m_ends); }
+    FullPipe(const FullPipe&) = delete;
+    FullPipe& operator=(const FullPipe&) = delete;
+
+    /// What is there; at first the empty lines that fill it.
+    QByteArray read()
+    {
+        QByteArray all;
+        char piece[4096];
+        for (ssize_t size = 0; (size = ::read(m_ends, piece, sizeof piece)) > 0;)
+            all.append(piece, static_cast<int>(size));
+        return all;
+    }
+
+private:
+    int m_ends = -1;
+};
+
+const QByteArray none = "no file";
+const QByteArray another = "another's file";
+
+QByteArray contentOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : none;
+}
+
+/// Each frame and sound that is decoded of a file, with its time.
+QByteArray framesOf(const QString& file)
+{
+    QProcess ffmpeg;
+    ffmpeg.start(zokit::findTools().ffmpeg, {"-v", "error", "-i", file, "-map", "0", "-f", "framemd5", "-"});
+    const bool isRead = ffmpeg.waitForFinished(patience) && ffmpeg.exitCode() == 0;
+    return isRead ? ffmpeg.readAllStandardOutput() : "failed: " + ffmpeg.readAllStandardError();
+}
+
+/// Makes a file where there is none.
+bool makeNew(const QString& path, const QByteArray& content)
+{
+    constexpr mode_t usual = 0600;
+    const int file = ::open(QFile::encodeName(path).constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, usual);
+    const bool isMade = file >= 0 && ::write(file, content.constData(), size_t(content.size())) == content.size();
+    ::close(file);
+    return isMade;
+}
+
+/// Whether this process has no child any more. Takes those that have ended.
+bool hasNoChild()
+{
+    pid_t taken = 0;
+    while ((taken = ::waitpid(-1, nullptr, WNOHANG)) > 0) {
+    }
+    return taken < 0 && errno == ECHILD;
+}
+
+/// What is done to a conversion at a moment.
+enum How { Kill, Terminate, Interrupt, KillChildren, RemoveFolder, FillDisk, KillOneOfTwo, Ways, LeaveAlone = Ways };
+
+void disturb(How how, qint64 process, const QString& folder)
+{
+    switch (how) {
+    case Kill:
+    case KillOneOfTwo:
+        send(process, SIGKILL);
+        break;
+    case Terminate:
+        send(process, SIGTERM);
+        break;
+    case Interrupt:
+        send(process, SIGINT);
+        break;
+    case KillChildren:
+        for (const qint64 child : childrenOf(process))
+            send(child, SIGKILL);
+        break;
+    case RemoveFolder:
+        while (!QDir(folder).removeRecursively()) { // A file may have been made meanwhile.
+        }
+        break;
+    case FillDisk: // From the beginning.
+    case LeaveAlone:
+        break;
+    }
 }
 
 } // namespace
@@ -55,6 +183,9 @@ private Q_SLOTS:
     void initTestCase();
     void aSignalEndsTheRun_data();
     void aSignalEndsTheRun();
+    void whatIsSaidWaitsForItsReader();
+    void aSecondInterruptDoesNotWait();
+    void aStallIsAFailure();
     void stoppingStopsTheChildren();
     void aKilledChildIsAFailure();
     void aFullDiskIsAFailure();
@@ -84,7 +215,7 @@ qint64 TestZoconvertKills::begin(ProgramRun& run)
     const qint64 process = run.start({"convert", QFile::encodeName(m_long), "-o", "new.mp4", "--video-codec", "h264",
                                       "--encoder-speed", "veryslow", "--set", "Color:bcs_contrast=20", "-q"});
     const bool began =
-        QTest::qWaitFor([&] { return !parts(run).isEmpty() && !childrenOf(process).isEmpty(); }, patience);
+        QTest::qWaitFor([&] { return !parts(run.path("")).isEmpty() && !childrenOf(process).isEmpty(); }, patience);
     if (!began)
         qWarning("the conversion does not begin");
     return process;
@@ -97,6 +228,7 @@ void TestZoconvertKills::aSignalEndsTheRun_data()
     QTest::newRow("SIGINT") << SIGINT << 130;
     QTest::newRow("SIGTERM") << SIGTERM << 143;
     QTest::newRow("SIGHUP") << SIGHUP << 143;
+    QTest::newRow("SIGKILL") << SIGKILL << -1;
 }
 
 void TestZoconvertKills::aSignalEndsTheRun()
@@ -110,10 +242,65 @@ void TestZoconvertKills::aSignalEndsTheRun()
     send(process, signal);
     run.wait();
     QCOMPARE(run.code, code);
-    QCOMPARE(run.err, QStringLiteral("zoconvert: %1: Cancelled.\n").arg(m_long));
-    QCOMPARE(run.files(), before);
+    if (signal != SIGKILL) {
+        QCOMPARE(run.err, QStringLiteral("zoconvert: %1: Cancelled.\n").arg(m_long));
+        QCOMPARE(run.files(), before);
+    }
     for (const qint64 child : children)
         QTRY_VERIFY_WITH_TIMEOUT(!childwatch::isAlive(child), 2000);
+}
+
+void TestZoconvertKills::whatIsSaidWaitsForItsReader()
+{
+    ProgramRun run;
+    FullPipe pipe(run);
+    const qint64 process = begin(run);
+    const QList<qint64> children = childrenOf(process);
+    send(process, SIGTERM);
+    for (const qint64 child : children)
+        QTRY_VERIFY_WITH_TIMEOUT(!childwatch::isAlive(child), patience);
+    QByteArray said;
+    const auto hasEnded = [&] {
+        said += pipe.read();
+        return !childwatch::isAlive(process);
+    };
+    QVERIFY(QTest::qWaitFor(hasEnded, patience));
+    run.wait();
+    said += pipe.read();
+    QCOMPARE(QString::fromUtf8(said.trimmed()), QStringLiteral("zoconvert: %1: Cancelled.").arg(m_long));
+}
+
+void TestZoconvertKills::aSecondInterruptDoesNotWait()
+{
+    ProgramRun run;
+    const FullPipe pipe(run); // For ever: it cannot come to say that it was cancelled.
+    const QString before = run.files();
+    const qint64 process = begin(run);
+    const QList<qint64> children = childrenOf(process);
+    send(process, SIGINT);
+    for (const qint64 child : children)
+        QTRY_VERIFY_WITH_TIMEOUT(!childwatch::isAlive(child), patience);
+    QVERIFY(childwatch::isAlive(process));
+    send(process, SIGINT);
+    const bool hasEnded = QTest::qWaitFor([&] { return !childwatch::isAlive(process); }, patience);
+    send(process, SIGKILL);
+    run.wait();
+    QVERIFY(hasEnded);
+    QCOMPARE(run.code, 130);
+    QCOMPARE(run.files(), before);
+}
+
+void TestZoconvertKills::aStallIsAFailure()
+{
+    ProgramRun run;
+    run.setFfmpeg("exec sleep 600\n");
+    const QString before = run.files();
+    run.run({"convert", QFile::encodeName(m_long), "-o", "new.mp4", "--stall", "1", "-q"});
+    QCOMPARE(run.err, QStringLiteral("zoconvert: %1: There was no progress for 1 s. Check the disk, or give --stall a "
+                                     "larger number.\n")
+                          .arg(m_long));
+    QCOMPARE(run.code, 1);
+    QCOMPARE(run.files(), before);
 }
 
 void TestZoconvertKills::stoppingStopsTheChildren()
@@ -152,18 +339,13 @@ void TestZoconvertKills::aFullDiskIsAFailure()
     run.run({"plan", QFile::encodeName(m_long), "-o", "new.mkv", "--plan", "p"});
     QCOMPARE(run.code, 0);
     const QString before = run.files();
-    rlimit old = {};
-    ::getrlimit(RLIMIT_FSIZE, &old);
-    constexpr rlim_t little = 100 * 1024;
-    const rlimit limit = {little, old.rlim_max};
-    const auto ignored = std::signal(SIGXFSZ, SIG_IGN);
-    ::setrlimit(RLIMIT_FSIZE, &limit);
+    constexpr int little = 100 * 1024;
+    std::optional<FullDisk> disk(little);
     run.run({"convert", QFile::encodeName(m_long), "-o", "new.mkv", "-q"});
     const int codeOfConvert = run.code;
     const QString said = run.err;
     run.run({"work", "p", "-q"});
-    ::setrlimit(RLIMIT_FSIZE, &old);
-    std::signal(SIGXFSZ, ignored);
+    disk.reset();
     QCOMPARE(codeOfConvert, 1);
     QVERIFY2(said.startsWith(QStringLiteral("zoconvert: ") + m_long), qPrintable(said));
     QVERIFY2(run.code == 75, qPrintable(run.err));
@@ -192,47 +374,100 @@ void TestZoconvertKills::anyMomentLeavesAllOrNothing()
 {
     // Two seconds, where nothing else runs; a busy machine takes its time to let a killed process go.
     const int childrenLive = qEnvironmentVariableIsSet("ZOCONVERT_KILLS") ? 2000 : patience;
-    const int rounds =
-        qEnvironmentVariableIsSet("ZOCONVERT_KILLS") ? qEnvironmentVariableIntValue("ZOCONVERT_KILLS") : 30;
-    QRandomGenerator random(20240229);
-    const QString clip = clips::clip(QStringLiteral("plain.mp4"));
-    int ended = 0;
+    const int rounds = qEnvironmentVariableIsSet("ZOCONVERT_KILLS")
+                           ? std::max(qEnvironmentVariableIntValue("ZOCONVERT_KILLS"), 2)
+                           : 30;
+    ::prctl(PR_SET_CHILD_SUBREAPER, 1); // What a program leaves behind becomes a child of this one.
     ProgramRun run;
+    ProgramRun other;
     const QString before = run.files();
-    for (int round = 0; round < rounds; ++round) {
-        constexpr int longest = 400; // Milliseconds: about as long as the whole conversion.
-        const int moment = random.bounded(longest);
-        const int how = random.bounded(4);
-        const QStringList leftBefore = parts(run);
-        const qint64 process = run.start(
-            {"convert", QFile::encodeName(clip), "-o", "new.mp4", "--text", "Hello", "--burn-subtitles", "-q"});
-        QTest::qWait(moment);
-        const QList<qint64> children = childrenOf(process);
-        if (how == 3) {
-            for (const qint64 child : children)
-                send(child, SIGKILL);
-        } else {
-            send(process, how == 0 ? SIGKILL : how == 1 ? SIGTERM : SIGINT);
-        }
-        run.wait();
-        const QByteArray what = QByteArray::number(how) + " at " + QByteArray::number(moment);
-        const bool isThere = QFile::exists(run.path("new.mp4"));
-        if (isThere)
-            QVERIFY2(zokit::probe(zokit::findTools(), run.path("new.mp4")).media, what);
-        QVERIFY2(run.code != 0 || isThere, what);
-        ended += isThere ? 0 : 1;
-        for (const qint64 child : children)
-            QVERIFY2(QTest::qWaitFor([&] { return !childwatch::isAlive(child); }, childrenLive), what);
-        if (how != 0) { // What was killed before may still lie there: this one may have ended before it looked.
-            for (const QString& part : parts(run))
-                QVERIFY2(leftBefore.contains(part), what);
-        }
-        QFile::remove(run.path("new.mp4"));
-    }
-    QVERIFY2(ended > rounds / 4, "most moments lie within the conversion");
-    run.run({"convert", QFile::encodeName(clip), "-o", "new.mp4", "--text", "Hello", "-q"});
+    const QString folder = run.path("new");
+    const QString result = run.path("new/new.mp4");
+    const QList<QByteArray> line{"convert", QFile::encodeName(clips::clip(QStringLiteral("plain.mp4"))),
+                                 "-o",      QFile::encodeName(result),
+                                 "--text",  "Hello",
+                                 "-q"};
+    QElapsedTimer clock;
+    clock.start();
+    run.run(line); // Not disturbed: how long it takes, and what it makes.
+    qint64 whole = clock.elapsed();
     QCOMPARE(run.err, QString());
-    QVERIFY(QFile::remove(run.path("new.mp4")));
+    const QByteArray frames = framesOf(result);
+    QVERIFY2(frames.count("\n0,") == 10, frames); // Of the picture.
+    const qint64 size = QFileInfo(result).size();
+    QVERIFY(QFile::remove(result));
+
+    QRandomGenerator random(20240229);
+    int cutOff = 0;
+    for (int round = 0; round < rounds; ++round) {
+        // The first one has no room at all, and the last one is left alone: some are cut off, and some end, however
+        // busy the machine is.
+        const bool isFirst = round == 0;
+        const bool isLast = round == rounds - 1;
+        const double drawn = random.generateDouble() * 1.2; // Of the time that one takes, or of what it writes.
+        const auto drawnHow = static_cast<How>(random.bounded(Ways));
+        const double part = isFirst ? 0 : drawn;
+        const How how = isFirst ? FillDisk : isLast ? LeaveAlone : drawnHow;
+        const bool replaces = round % 2 == 0;
+        const bool comes = random.bounded(2) == 0 && !replaces && !isLast; // Another's file, meanwhile.
+
+        QVERIFY(QDir().mkpath(folder));
+        QByteArray kept = replaces ? QByteArray("an older file") : none;
+        QVERIFY(!replaces || makeNew(result, kept));
+        const QStringList leftBefore = parts(folder);
+        const QList<QByteArray> wholeLine = replaces ? line + QList<QByteArray>{"--overwrite"} : line;
+        const int moment = static_cast<int>(part * static_cast<double>(whole));
+        std::optional<FullDisk> disk;
+        if (how == FillDisk)
+            disk.emplace(static_cast<qint64>(part * static_cast<double>(size)));
+        clock.start();
+        const qint64 process = run.start(wholeLine);
+        disk.reset();
+        if (how == KillOneOfTwo)
+            other.start(wholeLine);
+        const auto endsBefore = [&](int milliseconds) {
+            return QTest::qWaitFor([&] { return !childwatch::isAlive(process); },
+                                   std::max(milliseconds - static_cast<int>(clock.elapsed()), 0));
+        };
+        if (comes && !endsBefore(moment / 2) && makeNew(result, another))
+            kept = another;
+        const bool isTooLate = how != LeaveAlone && endsBefore(moment);
+        const qint64 took = clock.elapsed();
+        disturb(how, process, folder);
+        run.wait();
+        if (how == KillOneOfTwo)
+            other.wait();
+        if (how == RemoveFolder)
+            kept = none;
+        // So that the moments lie all over it when the machine becomes slower or faster.
+        if (!isTooLate)
+            whole = std::max(whole, qint64(moment));
+        else if (run.code == 0)
+            whole = took;
+
+        const QByteArray what = QByteArray::number(round) + ": " + QByteArray::number(how) + " at "
+                                + QByteArray::number(part) + ", ended " + QByteArray::number(run.code) + ": "
+                                + (run.err + other.err).toUtf8();
+        QVERIFY2(QTest::qWaitFor(hasNoChild, childrenLive), what);
+        const bool isNew = contentOf(result) != kept;
+        QVERIFY2(!isNew || (kept != another && framesOf(result) == frames), what);
+        QVERIFY2((!isFirst && !isLast) || isNew == isLast, what);
+        if (how == KillOneOfTwo) // The other one is left alone.
+            QVERIFY2(isNew == (kept != another), what);
+        else if (run.code == 1 || (run.code == 0 && how != RemoveFolder))
+            QVERIFY2(isNew == (run.code == 0), what);
+        if (how != Kill && how != KillOneOfTwo) { // What was killed before may lie there until a later one is done.
+            for (const QString& left : parts(folder))
+                QVERIFY2(run.code != 0 && leftBefore.contains(left), what);
+        }
+        cutOff += isNew ? 0 : 1;
+        QFile::remove(result);
+    }
+    qInfo("%d of %d left no result", cutOff, rounds);
+    run.run(line);
+    QCOMPARE(run.err, QString());
+    QCOMPARE(parts(folder) + parts(QDir::tempPath()), QStringList());
+    QVERIFY(QDir(folder).removeRecursively());
     QCOMPARE(run.files(), before);
 }
 
