@@ -81,6 +81,8 @@ private Q_SLOTS:
     void aRunMakesItsFiles();
     void whatIsReplacedIsReplaced();
     void aFolderWithoutSecondNamesTakesResults();
+    void optionsReachFfmpegAndTheResult_data();
+    void optionsReachFfmpegAndTheResult();
     void everyEventIsTold();
     void settingsOfAFileAreUsed();
     void softSubtitlesKeepTimesAndStyle_data();
@@ -287,6 +289,51 @@ void TestZoconvertConvert::aFolderWithoutSecondNamesTakesResults()
     QCOMPARE(run.err, QString());
     QCOMPARE(run.code, 0);
     QVERIFY(zokit::probe(zokit::findTools(), run.path("new.mp4")).media);
+}
+
+void TestZoconvertConvert::optionsReachFfmpegAndTheResult_data()
+{
+    QTest::addColumn<Arguments>("arguments");
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<QString>("entries");
+    QTest::addColumn<QString>("result");
+    QTest::newRow("frames a second") << Arguments{"--fps", "10"} << " -r:v:0 10 "
+                                     << "v:0:r_frame_rate,avg_frame_rate"
+                                     << "10/1,10/1";
+    QTest::newRow("a broken number of them") << Arguments{"--fps", "12.5"} << " -r:v:0 12.5 "
+                                             << "v:0:r_frame_rate,avg_frame_rate"
+                                             << "25/2,25/2";
+    QTest::newRow("bitrate") << Arguments{"--audio-codec", "mp3", "--audio-bitrate", "64"} << " -b:a:0 64k "
+                             << "a:0:codec_name,bit_rate"
+                             << "mp3,64000";
+    QTest::newRow("bitrate alone") << Arguments{"--audio-bitrate", "40"} << " -c:a:0 aac -b:a:0 40k "
+                                   << "a:0:codec_name"
+                                   << "aac";
+    QTest::newRow("neither") << Arguments{} << " -c:v:0 copy "
+                             << "v:0:r_frame_rate,avg_frame_rate"
+                             << "25/1,25/1";
+}
+
+void TestZoconvertConvert::optionsReachFfmpegAndTheResult()
+{
+    QFETCH(Arguments, arguments);
+    QFETCH(QString, command);
+    QFETCH(QString, entries);
+    ProgramRun run;
+    fill(run);
+    run.run(Arguments{"convert", "clip.mp4", "-o", "new.mkv", "-v"} + arguments);
+    QCOMPARE(run.code, 0);
+    // Of a run that talks, the last line is what was run.
+    const QString last = run.err.trimmed().section(QLatin1Char('\n'), -1);
+    QVERIFY2(last.startsWith(QStringLiteral("zoconvert: clip.mp4: %1 ").arg(zokit::findTools().ffmpeg)),
+             qPrintable(last));
+    QVERIFY2(last.contains(command), qPrintable(last));
+    QProcess ffprobe;
+    ffprobe.start(zokit::findTools().ffprobe,
+                  {"-v", "error", "-select_streams", entries.left(3), "-show_entries",
+                   QStringLiteral("stream=") + entries.mid(4), "-of", "csv=p=0", run.path("new.mkv")});
+    QVERIFY(ffprobe.waitForFinished());
+    QTEST(QString::fromUtf8(ffprobe.readAllStandardOutput()).trimmed(), "result");
 }
 
 void TestZoconvertConvert::everyEventIsTold()
