@@ -76,7 +76,7 @@ Message QueueFile::Private::readAll()
         return {};
     const queueform::Read read = queueform::read(text);
     if (!read.isQueue)
-        return Message(Code::InFile, {file.fileName(), Message(Code::NotThisForm).text()});
+        return Message(Code::InFile, {file.fileName()}, Message(Code::NotThisForm));
     for (const queueform::Kept& row : read.rows)
         queue.restore(row.job, row.state, row.result);
     return read.unreadable == 0 ? Message()

@@ -148,7 +148,7 @@ private:
             if (renameOver(part(i, oldPart), m_targets.at(i).path))
                 continue;
             m_stuck.append(i);
-            error = Message(Code::NotPutBack, {m_targets.at(i).name, part(i, oldPart), why.text()});
+            error = Message(Code::NotPutBack, {m_targets.at(i).name, part(i, oldPart)}, why);
         }
         return error;
     }
@@ -219,7 +219,7 @@ ApplyPlan planApply(const Settings& from, const QStringList& names, const CarryO
         const QString folder = QFileInfo(target.path).absolutePath();
         const ReadSettings read = readSettings(*text, folder);
         if (!read.settings) {
-            plan.error = Message(Code::InFile, {name, read.error.text()});
+            plan.error = Message(Code::InFile, {name}, read.error);
             break;
         }
         const Media& media = read.settings->media;
@@ -230,7 +230,7 @@ ApplyPlan planApply(const Settings& from, const QStringList& names, const CarryO
         Settings result = completed(carriedOver(from, *read.settings, carry));
         const Message refused = settle ? settle(*read.settings, result) : Message();
         if (!refused.isEmpty()) {
-            plan.error = Message(Code::InFile, {name, refused.text()});
+            plan.error = Message(Code::InFile, {name}, refused);
             break;
         }
         target.differences = differences(*read.settings, result);
@@ -240,7 +240,7 @@ ApplyPlan planApply(const Settings& from, const QStringList& names, const CarryO
         Message unwritten;
         target.after = target.differences.isEmpty() ? *text : writeSettings(result, folder, &unwritten);
         if (!unwritten.isEmpty()) {
-            plan.error = Message(Code::InFile, {name, unwritten.text()});
+            plan.error = Message(Code::InFile, {name}, unwritten);
             break;
         }
         plan.targets.append(target);

@@ -55,12 +55,43 @@ int offsetOf(const QJsonParseError& error)
     }
 }
 
+/// What is wrong; the message says it in the language of the moment.
+const char* textOf(QJsonParseError::ParseError error)
+{
+    switch (error) {
+    case QJsonParseError::UnterminatedObject:
+        return QT_TRANSLATE_NOOP("zokit", "a closing brace } is missing");
+    case QJsonParseError::UnterminatedArray:
+        return QT_TRANSLATE_NOOP("zokit", "a closing bracket ] is missing");
+    case QJsonParseError::UnterminatedString:
+        return QT_TRANSLATE_NOOP("zokit", "a closing quotation mark is missing");
+    case QJsonParseError::MissingNameSeparator:
+        return QT_TRANSLATE_NOOP("zokit", "a colon is missing behind a name");
+    case QJsonParseError::MissingValueSeparator:
+        return QT_TRANSLATE_NOOP("zokit", "a comma is missing between values");
+    case QJsonParseError::MissingObject:
+        return QT_TRANSLATE_NOOP("zokit", "behind a comma something is missing");
+    case QJsonParseError::IllegalNumber:
+    case QJsonParseError::TerminationByNumber:
+        return QT_TRANSLATE_NOOP("zokit", "this is no value; a text stands in quotation marks");
+    case QJsonParseError::IllegalEscapeSequence:
+        return QT_TRANSLATE_NOOP("zokit", "behind a backslash stands what means nothing");
+    case QJsonParseError::IllegalUTF8String:
+        return QT_TRANSLATE_NOOP("zokit", "this is not UTF-8");
+    case QJsonParseError::GarbageAtEnd:
+        return QT_TRANSLATE_NOOP("zokit", "the text goes on behind its end");
+    default:
+        return QT_TRANSLATE_NOOP("zokit", "a value is missing");
+    }
+}
+
 Message syntaxError(const QByteArray& json, const QJsonParseError& error)
 {
     const QByteArray before = json.left(offsetOf(error));
     const auto line = before.count('\n') + 1;
     const auto column = before.size() - before.lastIndexOf('\n');
-    return Message(Code::JsonSyntax, {QString::number(line), QString::number(column), error.errorString()});
+    return Message(Code::JsonSyntax,
+                   {QString::number(line), QString::number(column), QString::fromLatin1(textOf(error.error))});
 }
 
 QByteArray indented(const QByteArray& text)
@@ -127,7 +158,7 @@ std::optional<QByteArray> load(const QString& path, Message* error)
     else if (!file.open(QIODevice::ReadOnly))
         *error = Message(Code::FileUnreadable, {path, file.errorString()});
     else if (info.size() > largestFile)
-        *error = Message(Code::InFile, {path, Message(Code::FileTooLarge).text()});
+        *error = Message(Code::InFile, {path}, Message(Code::FileTooLarge));
     else {
         const QByteArray text = file.read(file.size()); // Not more, for which QFile would make room.
         if (file.error() == QFileDevice::NoError)

@@ -173,7 +173,7 @@ Presets::Named Presets::loadNamed(const QString& word) const
     const QString folder = QFileInfo(word).absolutePath();
     const ReadSettings read = named.isPreset ? readPreset(*text, folder) : readSettings(*text, folder);
     named.settings = read.settings.value_or(Settings());
-    named.error = read.error.isEmpty() ? Message() : Message(Code::InFile, {word, read.error.text()});
+    named.error = read.error.isEmpty() ? Message() : Message(Code::InFile, {word}, read.error);
     return named;
 }
 
@@ -186,7 +186,7 @@ Message Presets::save(const QString& name, const Settings& preset, bool replace)
     Message error;
     const QByteArray text = writePreset(preset, m_folder, &error);
     if (!error.isEmpty())
-        return Message(Code::InFile, {name, error.text()});
+        return Message(Code::InFile, {name}, error);
     QDir().mkpath(m_folder);
     return jsontext::save(path(name), text);
 }
@@ -222,7 +222,7 @@ Message Presets::import(const QStringList& files, bool replace, Messages* missin
             return error;
         const ReadSettings read = readPreset(*text, QFileInfo(file).absolutePath());
         if (!read.settings)
-            return Message(Code::InFile, {file, read.error.text()});
+            return Message(Code::InFile, {file}, read.error);
         const QString fileName = QFileInfo(file).fileName();
         const QString name =
             decoded(fileName.endsWith(ending) ? fileName.chopped(ending.size()) : QFileInfo(file).completeBaseName());
@@ -259,7 +259,7 @@ Message Presets::exportWithFiles(const QString& name, const QString& file, bool 
         return refused;
     Message error;
     const QByteArray text = writePreset(preset, QFileInfo(file).absolutePath(), &error);
-    return error.isEmpty() ? jsontext::save(file, text) : Message(Code::InFile, {file, error.text()});
+    return error.isEmpty() ? jsontext::save(file, text) : Message(Code::InFile, {file}, error);
 }
 
 Message Presets::exportTo(const QString& name, const QString& file, bool replace) const
@@ -271,7 +271,7 @@ Message Presets::exportTo(const QString& name, const QString& file, bool replace
         return Message(Code::FileExists, {file});
     Message error;
     const QByteArray text = writePreset(loaded.preset, QFileInfo(file).absolutePath(), &error);
-    return error.isEmpty() ? jsontext::save(file, text) : Message(Code::InFile, {file, error.text()});
+    return error.isEmpty() ? jsontext::save(file, text) : Message(Code::InFile, {file}, error);
 }
 
 Settings presetFrom(const Settings& settings, const QStringList& what)

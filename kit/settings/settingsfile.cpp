@@ -51,7 +51,7 @@ ReadSettings loadSettings(const QString& path)
         return {std::nullopt, error, {}};
     ReadSettings read = readSettings(*text, QFileInfo(path).absolutePath());
     if (!read.error.isEmpty())
-        read.error = Message(Message::Code::InFile, {path, read.error.text()});
+        read.error = Message(Message::Code::InFile, {path}, read.error);
     if (read.settings)
         read.warnings += missingFiles(*read.settings);
     return read;
@@ -61,7 +61,7 @@ Message saveSettings(const Settings& settings, const QString& path)
 {
     Message error;
     const QByteArray text = writeSettings(settings, QFileInfo(path).absolutePath(), &error);
-    return error.isEmpty() ? jsontext::save(path, text) : Message(Message::Code::InFile, {path, error.text()});
+    return error.isEmpty() ? jsontext::save(path, text) : Message(Message::Code::InFile, {path}, error);
 }
 
 } // namespace zokit

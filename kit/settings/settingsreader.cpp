@@ -3,6 +3,7 @@
 
 #include "settingsform_p.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFont>
 #include <QJsonArray>
@@ -27,6 +28,11 @@ bool mayLieBeyondBounds(const Property& property)
 namespace {
 
 using Code = Message::Code;
+
+// What is expected, in the language of the moment when it is said.
+constexpr const char* anObject = QT_TRANSLATE_NOOP("zokit", "an object");
+constexpr const char* aList = QT_TRANSLATE_NOOP("zokit", "a list");
+constexpr const char* aValue = QT_TRANSLATE_NOOP("zokit", "a value");
 
 bool isHostsOwn(const QString& member)
 {
@@ -85,7 +91,7 @@ bool Reader::flag(const QJsonObject& object, const QString& member, bool fallbac
     const QJsonValue json = object.value(member);
     if (json.isUndefined())
         return fallback;
-    expect(json.isBool(), where + QLatin1Char(':') + member, "true or false");
+    expect(json.isBool(), where + QLatin1Char(':') + member, QT_TRANSLATE_NOOP("zokit", "true or false"));
     return json.toBool(fallback);
 }
 
@@ -114,12 +120,13 @@ void Reader::readVersion(const QJsonObject& root)
 void Reader::readFrame(const QJsonValue& json)
 {
     const QString where = m_isPreset ? baseMember : mediaMember;
-    expect(json.isObject() || json.isUndefined(), where, "an object");
+    expect(json.isObject() || json.isUndefined(), where, anObject);
     const QJsonObject media = json.toObject();
     const auto side = [&](const char* name) {
         const QJsonValue value = media.value(QLatin1String(name));
         const bool isSide = value.isUndefined() || (value.isDouble() && value.toInt(-1) >= 0);
-        expect(isSide, where + QLatin1Char(':') + QLatin1String(name), "a number of pixels");
+        expect(isSide, where + QLatin1Char(':') + QLatin1String(name),
+               QT_TRANSLATE_NOOP("zokit", "a number of pixels"));
         return value.toInt();
     };
     m_settings.media.frame = QSize(side("width"), side("height"));
@@ -128,11 +135,12 @@ void Reader::readFrame(const QJsonValue& json)
     foreign.remove(QStringLiteral("height"));
     if (!m_isPreset) {
         const QJsonValue file = media.value(QStringLiteral("file"));
-        expect(file.isString() || file.isUndefined(), QStringLiteral("media:file"), "a path");
+        expect(file.isString() || file.isUndefined(), QStringLiteral("media:file"),
+               QT_TRANSLATE_NOOP("zokit", "a path"));
         m_settings.media.file = path(file.toString());
         const QJsonValue seconds = media.value(QStringLiteral("seconds"));
         expect(seconds.isUndefined() || (seconds.isDouble() && seconds.toDouble() >= 0),
-               QStringLiteral("media:seconds"), "a number of seconds");
+               QStringLiteral("media:seconds"), QT_TRANSLATE_NOOP("zokit", "a number of seconds"));
         m_settings.media.seconds = seconds.toDouble();
         foreign.remove(QStringLiteral("file"));
         foreign.remove(QStringLiteral("seconds"));
@@ -148,7 +156,7 @@ QVariant Reader::readKnown(const QJsonValue& json, const Property& property, con
     const std::optional<QVariant> exact = valuejson::fromJson(json, modelValue(property));
     if (wrapped) {
         if (!exact)
-            fail(Message(Code::MemberType, {where, property.label()}));
+            fail(Message(Code::MemberType, {where, QString::fromLatin1(aValue)}));
         return exact.value_or(QVariant());
     }
     if (exact && json.isObject())
@@ -168,7 +176,7 @@ QVariant Reader::readKnown(const QJsonValue& json, const Property& property, con
 Values Reader::readValues(const QJsonValue& json, const QString& type, int pos)
 {
     const QString where = pos < 0 ? type : QStringLiteral("%1:%2").arg(type).arg(pos);
-    expect(json.isObject() || json.isUndefined(), where + QStringLiteral(":values"), "an object");
+    expect(json.isObject() || json.isUndefined(), where + QStringLiteral(":values"), anObject);
     Values values;
     const QJsonObject object = json.toObject();
     for (auto it = object.begin(); it != object.end() && ok(); ++it) {
@@ -184,7 +192,7 @@ Values Reader::readValues(const QJsonValue& json, const QString& type, int pos)
         else
             fail(readAddress(type + QLatin1Char(':') + it.key()).error);
         if (!own && ok())
-            fail(Message(Code::MemberType, {address, QStringLiteral("a value")}));
+            fail(Message(Code::MemberType, {address, QString::fromLatin1(aValue)}));
     }
     return values;
 }
@@ -199,7 +207,7 @@ bool Reader::readSelected(const QJsonObject& object, bool fallback, const QStrin
 Item Reader::readItem(const QJsonValue& json, const QString& type, int pos)
 {
     const QString where = QStringLiteral("%1:%2").arg(type).arg(pos);
-    expect(json.isObject(), where, "an object");
+    expect(json.isObject(), where, anObject);
     const QJsonObject object = json.toObject();
     QStringList known{selectedMember, valuesMember};
     if (type == types::effect)
@@ -220,7 +228,7 @@ Item Reader::readItem(const QJsonValue& json, const QString& type, int pos)
     }
     const QJsonValue anchor = object.value(anchorMember);
     if (!anchor.isUndefined() && ok()) {
-        expect(anchor.isObject(), where + QStringLiteral(":anchor"), "an object");
+        expect(anchor.isObject(), where + QStringLiteral(":anchor"), anObject);
         item.anchor = anchor.toObject().toVariantMap();
         QVariant& margin = item.anchor[QStringLiteral("margin")]; // 0 would be another number than 0.0.
         if (!margin.isValid())
@@ -231,7 +239,7 @@ Item Reader::readItem(const QJsonValue& json, const QString& type, int pos)
                   where + QStringLiteral(":anchor"));
         Message error;
         if (!anchorFrom(item.anchor, &error))
-            fail(Message(Code::InFile, {where + QStringLiteral(":anchor"), error.text()}));
+            fail(Message(Code::InFile, {where + QStringLiteral(":anchor")}, error));
     }
     return item;
 }
@@ -239,7 +247,7 @@ Item Reader::readItem(const QJsonValue& json, const QString& type, int pos)
 TypeSettings Reader::readType(const QJsonValue& json, int index)
 {
     const QString where = QStringLiteral("effects[%1]").arg(index);
-    expect(json.isObject(), where, "an object");
+    expect(json.isObject(), where, anObject);
     const QJsonObject object = json.toObject();
     TypeSettings type;
     type.type = object.value(typeMember).toString();
@@ -256,7 +264,7 @@ TypeSettings Reader::readType(const QJsonValue& json, int index)
     type.values = readValues(object.value(valuesMember), type.type, Address::ofType);
     type.selected = readSelected(object, true, type.type, type.values);
     const QJsonValue items = object.value(itemsMember);
-    expect(items.isArray() || items.isUndefined(), type.type + QStringLiteral(":items"), "a list");
+    expect(items.isArray() || items.isUndefined(), type.type + QStringLiteral(":items"), aList);
     const QJsonArray array = items.toArray();
     m_items += static_cast<int>(array.size());
     if (m_items > mostItems)
@@ -268,7 +276,7 @@ TypeSettings Reader::readType(const QJsonValue& json, int index)
 
 void Reader::readTracks(const QJsonValue& json)
 {
-    expect(json.isObject() || json.isUndefined(), tracksMember, "an object");
+    expect(json.isObject() || json.isUndefined(), tracksMember, anObject);
     const Values given = json.toObject().toVariantMap();
     Message error;
     if (!trackRulesFrom(given, &error))
@@ -283,7 +291,7 @@ void Reader::readTracks(const QJsonValue& json)
 
 void Reader::readOutput(const QJsonValue& json)
 {
-    expect(json.isObject() || json.isUndefined(), outputMember, "an object");
+    expect(json.isObject() || json.isUndefined(), outputMember, anObject);
     const QJsonObject object = json.toObject();
     for (auto it = object.begin(); it != object.end() && ok(); ++it) {
         const OutputOption* option = outputOption(it.key());
@@ -318,7 +326,7 @@ ReadSettings Reader::read(const QJsonObject& root)
     if (ok())
         readFrame(root.value(frameMember));
     const QJsonValue effects = root.value(effectsMember);
-    expect(effects.isArray() || effects.isUndefined(), effectsMember, "a list");
+    expect(effects.isArray() || effects.isUndefined(), effectsMember, aList);
     const QJsonArray types = effects.toArray();
     for (int index = 0; index < types.size() && ok(); ++index) {
         TypeSettings type = readType(types.at(index), index);

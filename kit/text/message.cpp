@@ -231,6 +231,12 @@ bool isAboutAThing(Code code)
            || code == Code::StepMove;
 }
 
+/// Whether its last word is one of the kit's, to be said in the language of the moment.
+bool endsInAWord(Code code)
+{
+    return code == Code::MemberType || code == Code::JsonSyntax;
+}
+
 /// How many letters have to be changed, added or left out to make \a b of \a a.
 int distance(const QString& a, const QString& b)
 {
@@ -253,6 +259,11 @@ int distance(const QString& a, const QString& b)
 
 Message::Message(Code code, QStringList arguments) : m_code(code), m_arguments(std::move(arguments)) {}
 
+Message::Message(Code code, QStringList arguments, const Message& inner)
+    : m_code(code), m_arguments(std::move(arguments)), m_inner(std::make_shared<const Message>(inner))
+{
+}
+
 Message::Code Message::code() const
 {
     return m_code;
@@ -260,7 +271,12 @@ Message::Code Message::code() const
 
 QStringList Message::arguments() const
 {
-    return m_arguments;
+    return m_inner ? m_arguments + QStringList{m_inner->text()} : m_arguments;
+}
+
+Message Message::inner() const
+{
+    return m_inner ? *m_inner : Message();
 }
 
 bool Message::isEmpty() const
@@ -272,12 +288,15 @@ bool Message::isEmpty() const
 QString Message::text() const
 {
     const QString whole = textOf(m_code);
+    QStringList words = isAboutAThing(m_code) ? named(m_arguments) : arguments();
+    if (endsInAWord(m_code) && !words.isEmpty())
+        words.last() = QCoreApplication::translate("zokit", words.last().toUtf8().constData());
     const int optional = static_cast<int>(whole.indexOf(QLatin1Char('|')));
     if (optional < 0)
-        return filled(whole, isAboutAThing(m_code) ? named(m_arguments) : m_arguments);
-    const QString always = filled(whole.left(optional), m_arguments);
-    const QString wordMissing = m_arguments.value(m_arguments.size() - 1);
-    return wordMissing.isEmpty() ? always : always + filled(whole.mid(optional + 1), m_arguments);
+        return filled(whole, words);
+    const QString always = filled(whole.left(optional), words);
+    const QString wordMissing = words.value(words.size() - 1);
+    return wordMissing.isEmpty() ? always : always + filled(whole.mid(optional + 1), words);
 }
 
 bool operator==(const Message& left, const Message& right)

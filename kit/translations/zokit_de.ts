@@ -1316,6 +1316,78 @@
         <translation>Diese Datei hat Version %1; dieses Programm kennt Versionen bis %2. Nehmen Sie ein neueres Programm.</translation>
     </message>
     <message>
+        <source>an object</source>
+        <translation>ein Objekt</translation>
+    </message>
+    <message>
+        <source>a list</source>
+        <translation>eine Liste</translation>
+    </message>
+    <message>
+        <source>true or false</source>
+        <translation>true oder false</translation>
+    </message>
+    <message>
+        <source>a path</source>
+        <translation>ein Pfad</translation>
+    </message>
+    <message>
+        <source>a number of pixels</source>
+        <translation>eine Anzahl Pixel</translation>
+    </message>
+    <message>
+        <source>a number of seconds</source>
+        <translation>eine Anzahl Sekunden</translation>
+    </message>
+    <message>
+        <source>a value</source>
+        <translation>ein Wert</translation>
+    </message>
+    <message>
+        <source>a closing brace } is missing</source>
+        <translation>eine schließende Klammer } fehlt</translation>
+    </message>
+    <message>
+        <source>a closing bracket ] is missing</source>
+        <translation>eine schließende Klammer ] fehlt</translation>
+    </message>
+    <message>
+        <source>a closing quotation mark is missing</source>
+        <translation>ein schließendes Anführungszeichen fehlt</translation>
+    </message>
+    <message>
+        <source>a colon is missing behind a name</source>
+        <translation>hinter einem Namen fehlt ein Doppelpunkt</translation>
+    </message>
+    <message>
+        <source>a comma is missing between values</source>
+        <translation>zwischen Werten fehlt ein Komma</translation>
+    </message>
+    <message>
+        <source>behind a comma something is missing</source>
+        <translation>hinter einem Komma fehlt etwas</translation>
+    </message>
+    <message>
+        <source>this is no value; a text stands in quotation marks</source>
+        <translation>das ist kein Wert; ein Text steht in Anführungszeichen</translation>
+    </message>
+    <message>
+        <source>behind a backslash stands what means nothing</source>
+        <translation>hinter einem Backslash steht, was nichts bedeutet</translation>
+    </message>
+    <message>
+        <source>this is not UTF-8</source>
+        <translation>das ist kein UTF-8</translation>
+    </message>
+    <message>
+        <source>the text goes on behind its end</source>
+        <translation>der Text geht hinter seinem Ende weiter</translation>
+    </message>
+    <message>
+        <source>a value is missing</source>
+        <translation>ein Wert fehlt</translation>
+    </message>
+    <message>
         <source>%1: %2 is expected.</source>
         <translation>%1: erwartet wird %2.</translation>
     </message>

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <memory>
+
 #include <QLocale>
 #include <QMetaType>
 #include <QObject>
@@ -64,13 +66,13 @@ public:
         NotARange,    ///< 1: the address, 2: the value.
         BelowLowest,  ///< 1: the address, 2: the value, 3: the lowest.
         // Settings files
-        JsonSyntax, ///< 1: the line, 2: the column, 3: what is wrong.
+        JsonSyntax, ///< 1: the line, 2: the column, 3: what is wrong, in English.
         FileTooLarge,
         FileTooDeep,  ///< 1: how deep is allowed.
         TooManyItems, ///< 1: how many are allowed.
         NotThisForm,
         NewerVersion,       ///< 1: the file's version, 2: the latest known.
-        MemberType,         ///< 1: where, 2: what was expected.
+        MemberType,         ///< 1: where, 2: what was expected, in English: "a list".
         UnknownMember,      ///< 1: where, 2: the member, 3: the nearest one.
         UnknownFrameEffect, ///< 1: where, 2: the name, 3: the nearest one.
         TypeTwice,          ///< 1: the type.
@@ -85,9 +87,9 @@ public:
         PresetName,
         PresetAsTarget,    ///< 1: the path.
         FileExists,        ///< 1: the path.
-        NotPutBack,        ///< 1: the path, 2: where the old content is, 3: why it was to come back, a sentence.
+        NotPutBack,        ///< 1: the path, 2: where the old content is, 3: why it was to come back, its inner().
         FileChanged,       ///< 1: the path of a file that changed since it was read.
-        InFile,            ///< 1: the file, 2: what is wrong in it, already a sentence.
+        InFile,            ///< 1: the file, 2: what is wrong in it, its inner().
         JournalInUse,      ///< 1: the path.
         JournalUnreadable, ///< 1: the path.
         JournalCut,
@@ -199,9 +201,12 @@ public:
     Message() = default;
     /// Says \a code of \a arguments, as the code's comment counts them.
     explicit Message(Code code, QStringList arguments = {});
+    /// The same, and last of what \a inner says: what is wrong in a file.
+    Message(Code code, QStringList arguments, const Message& inner);
 
     Code code() const;             ///< What is said.
-    QStringList arguments() const; ///< Of which words.
+    QStringList arguments() const; ///< Of which words; last is the text of inner(), where there is one.
+    Message inner() const;         ///< Of which other message; empty for most.
     /// Whether anything is said.
     bool isEmpty() const;
     /// The sentence, on one line, in the language of the installed translation, else in English.
@@ -210,6 +215,7 @@ public:
 private:
     Code m_code = Code::None;
     QStringList m_arguments;
+    std::shared_ptr<const Message> m_inner;
 };
 
 ZOKIT_EXPORT bool operator==(const Message& left, const Message& right);

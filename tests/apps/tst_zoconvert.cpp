@@ -72,7 +72,7 @@ void TestZoconvert::aLineEndsAsItShould_data()
     row("show a missing one", {"show", "c.zoeffect.json"}, 1, "",
         "zoconvert: c.zoeffect.json: no such file. There is a.zoeffect.json.\n");
     row("show a broken one", {"show", "broken.json"}, 2, "",
-        "zoconvert: broken.json: Line 2, column 10: missing name separator.\n");
+        "zoconvert: broken.json: Line 2, column 10: a colon is missing behind a name.\n");
     row("show what looks like an option", {"show", "--", "-x"}, 1, "", "zoconvert: -x: no such file.\n");
     row("show what looks like a list", {"show", "[x,y]"}, 1, "", "zoconvert: [x,y]: no such file.\n");
     row("show a name with a newline", {"show", "x\ny\x1b[31m"}, 1, "", "zoconvert: x\\ny\\x1b[31m: no such file.\n");
@@ -134,7 +134,7 @@ void TestZoconvert::aLineEndsAsItShould_data()
         "zoconvert: lgo.png: no such file. There is logo.png.\n"
         "zoconvert: a.zoeffect.json: It names no clip. Give the clip, and this file by --settings.\n");
     row("probe by settings that are none", {"probe", "logo.png", "broken.json"}, 2, "",
-        "zoconvert: broken.json: Line 2, column 10: missing name separator.\n");
+        "zoconvert: broken.json: Line 2, column 10: a colon is missing behind a name.\n");
     row("show a missing clip", {"show", "clip.mkv"}, 1, "", "zoconvert: clip.mkv: no such file.\n");
 }
 
@@ -350,7 +350,7 @@ void TestZoconvert::appliedToAllOrToNone()
     ProgramRun program;
     const QByteArray before = program.content("a.zoeffect.json");
     program.run({"apply", "b.zoeffect.json", "a.zoeffect.json", "broken.json", "--items", "Color"});
-    QCOMPARE(program.err, QStringLiteral("zoconvert: broken.json: Line 2, column 10: missing name separator.\n"));
+    QCOMPARE(program.err, QStringLiteral("zoconvert: broken.json: Line 2, column 10: a colon is missing behind a name.\n"));
     QCOMPARE(program.code, 2);
     QCOMPARE(program.content("a.zoeffect.json"), before);
 

@@ -44,6 +44,7 @@ private slots:
     void randomSettingsComeBack();
     void savedWholeOrNotAtAll();
     void errorsNameTheFile();
+    void errorsAreSaidInTheLanguageOfTheMoment();
     void presetsByName();
     void presetNameMayHoldAnything_data();
     void presetNameMayHoldAnything();
@@ -269,13 +270,14 @@ void TestKitSettingsFile::refusedFileNamesThePlace_data()
     const auto row = [](const char* name, const QByteArray& file, const char* sentence) {
         QTest::newRow(name) << file << QString::fromUtf8(sentence);
     };
-    row("no JSON", "{\n  \"zoeffect\" 1}", "Line 2, column 14: missing name separator.");
-    row("a value without quotes", "{\n  \"media\": x}", "Line 2, column 12: illegal number.");
-    row("more behind the end", "{} x", "Line 1, column 4: garbage at the end of the document.");
-    row("no end", "{\n", "Line 1, column 2: unterminated object.");
-    row("nothing", "", "Line 1, column 1: illegal value.");
+    row("no JSON", "{\n  \"zoeffect\" 1}", "Line 2, column 14: a colon is missing behind a name.");
+    row("a value without quotes", "{\n  \"media\": x}",
+        "Line 2, column 12: this is no value; a text stands in quotation marks.");
+    row("more behind the end", "{} x", "Line 1, column 4: the text goes on behind its end.");
+    row("no end", "{\n", "Line 1, column 2: a closing brace } is missing.");
+    row("nothing", "", "Line 1, column 1: a value is missing.");
     row("a null byte", QByteArray("{\"zoeffect\": 1,\n\"later\": {\"a\0\0b\": 4, \"a\0c\": 1}}", 47),
-        "Line 2, column 13: invalid UTF8 string.");
+        "Line 2, column 13: this is not UTF-8.");
     row("a list", "[]", R"(This is no settings file: a JSON object with "zoeffect": 1 is expected.)");
     row("another form", R"({"version": 1})",
         R"(This is no settings file: a JSON object with "zoeffect": 1 is expected.)");
@@ -634,6 +636,28 @@ void TestKitSettingsFile::importTellsWhatIsMissing()
     QCOMPARE(missing.first().text(),
              key("Watermark:1:wm_imageurl: ") + gone + key(": no such file. Bring it back, or choose another."));
     QCOMPARE(presets.names(), QStringList({key("one")}));
+}
+
+void TestKitSettingsFile::errorsAreSaidInTheLanguageOfTheMoment()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(key("a.json"));
+    write(path, R"({"zoeffect": 7})");
+    const zokit::Message newer = zokit::loadSettings(path).error;
+    QCOMPARE(newer.code(), zokit::Message::Code::InFile);
+    QCOMPARE(newer.inner().code(), zokit::Message::Code::NewerVersion);
+    QCOMPARE(newer.arguments(), QStringList({path, newer.inner().text()}));
+    QCOMPARE(newer.inner().inner().code(), zokit::Message::Code::None);
+    const zokit::Message list = zokit::readSettings(R"({"zoeffect": 1, "effects": {}})", QString()).error;
+    const zokit::Message syntax = zokit::readSettings("{\n  \"zoeffect\" 1}", QString()).error;
+    QVERIFY(zokit::useLanguage(QLocale(QLocale::German)));
+    const QStringList german{newer.text(), list.text(), syntax.text()};
+    QVERIFY(zokit::useLanguage(QLocale(QLocale::English)));
+    QCOMPARE(german, QStringList({path
+                                      + key(": Diese Datei hat Version 7; dieses Programm kennt Versionen bis 1. "
+                                            "Nehmen Sie ein neueres Programm."),
+                                  key("effects: erwartet wird eine Liste."),
+                                  key("Zeile 2, Spalte 14: hinter einem Namen fehlt ein Doppelpunkt.")}));
 }
 
 void TestKitSettingsFile::presetHoldsWhatItIsMeantFor()
