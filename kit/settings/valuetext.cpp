@@ -81,7 +81,8 @@ QString valueLabel(const Address& address, const QVariant& value)
     if (!value.isValid())
         return QString();
     if (address.key == QLatin1String("selected") || (property && property->kind == ValueKind::Bool))
-        return QCoreApplication::translate("zokit", value.toBool() ? "Yes" : "No");
+        return value.toBool() ? QCoreApplication::translate("zokit", "Yes")
+                              : QCoreApplication::translate("zokit", "No");
     if (property && !property->choices.isEmpty())
         return property->choiceName(value);
     if (address.key == QLatin1String("anchor"))

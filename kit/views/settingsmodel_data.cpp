@@ -18,11 +18,6 @@ namespace zokit {
 
 namespace {
 
-QString translated(const char* text)
-{
-    return QCoreApplication::translate("zokit", text);
-}
-
 QVariant values(const QVector<Choice>& choices)
 {
     QVariantList list;
@@ -209,7 +204,8 @@ QVariant SettingsModel::headerData(int section, Qt::Orientation orientation, int
 {
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
         return QVariant();
-    return section == NameColumn ? translated("Setting") : translated("Value");
+    return section == NameColumn ? QCoreApplication::translate("zokit", "Setting")
+                                 : QCoreApplication::translate("zokit", "Value");
 }
 
 bool SettingsModel::setData(const QModelIndex& index, const QVariant& value, int role)
