@@ -11,6 +11,7 @@ void Planner::plan(const QVector<zokit::Job>& jobs)
 {
     if (m_conversion) {
         m_conversion->disconnect(this);
+        m_conversion->cancel(); // With nobody to stop it once it is planned, it would convert until it is deleted.
         m_conversion.release()->deleteLater();
     }
     m_jobs = jobs;
