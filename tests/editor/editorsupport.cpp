@@ -19,11 +19,15 @@
 
 #include <actions.h>
 
+#include "childwatch.h"
+
 namespace editorsupport {
 
 using kitsupport::key;
 
 namespace {
+
+int stages = 0; ///< That are there.
 
 /// Until \a holds, which never takes that long.
 void wait(const std::function<bool()>& holds)
@@ -37,8 +41,19 @@ void wait(const std::function<bool()>& holds)
 
 Stage::Stage(const QStringList& files) : editor(std::make_unique<zoeditor::Editor>(folder.filePath(key("journal"))))
 {
+    childwatch::begin();
+    ++stages;
     editor->start(files);
     waitForFiles();
+}
+
+Stage::~Stage()
+{
+    editor.reset();
+    if (--stages > 0)
+        return; // Another editor may have children.
+    const QStringList findings = childwatch::takeFindings();
+    QVERIFY2(findings.isEmpty(), qPrintable(findings.join(key("; "))));
 }
 
 zokit::FileSettings* Stage::file(int row) const

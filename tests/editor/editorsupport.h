@@ -34,6 +34,8 @@ class Stage {
 public:
     /// Starts with \a files and waits until all are read.
     explicit Stage(const QStringList& files = {});
+    /// Fails the test when the editor leaves a child behind.
+    ~Stage();
 
     zoeditor::Session& session() const { return editor->session(); }
     zoeditor::Window& window() const { return editor->window(); }
