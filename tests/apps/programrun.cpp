@@ -28,6 +28,14 @@ ProgramRun::ProgramRun()
     logo.save(path("logo.png"));
 }
 
+ProgramRun::~ProgramRun()
+{
+    if (m_child <= 0)
+        return;
+    ::kill(m_child, SIGKILL);
+    wait();
+}
+
 void ProgramRun::write(const char* name, const QByteArray& text) const
 {
     QFile file(path(name));
@@ -106,6 +114,7 @@ void ProgramRun::wait()
 {
     int status = 0;
     ::waitpid(m_child, &status, 0);
+    m_child = 0;
     code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     const auto read = [](const QString& name) {
         QFile file(name);

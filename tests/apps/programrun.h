@@ -12,6 +12,9 @@
 class ProgramRun {
 public:
     ProgramRun();
+    ~ProgramRun(); ///< What still runs is killed.
+    ProgramRun(const ProgramRun&) = delete;
+    ProgramRun& operator=(const ProgramRun&) = delete;
 
     /// Runs the program to its end. Arguments are bytes, as the shell gives them.
     void run(const QList<QByteArray>& arguments, const char* language = "C.UTF-8");
