@@ -12,9 +12,13 @@
 #include <QJsonObject>
 #include <QtTest>
 
+#include <zokit/schema.h>
+
 #include "clips.h"
 #include "programrun.h"
 #include "testapplication.h"
+
+Q_DECLARE_METATYPE(zokit::SchemaOf)
 
 namespace {
 
@@ -41,9 +45,13 @@ private Q_SLOTS:
     void whatIsMissingIsNamed();
     void foldersAndSettingsFilesAreInputs();
     void appliedToAllOrToNone();
+    void listsAreReplacedOrAppendedTo_data();
+    void listsAreReplacedOrAppendedTo();
     void presetsAreKeptUnderTheirNames();
     void defaultsAreSavedShownAndForgotten();
     void defaultThatCannotBeWrittenFails();
+    void schemasArePrinted_data();
+    void schemasArePrinted();
     void theLogIsExplained();
     void germanIsSpokenWhereItIsWanted();
     void aFullDiskIsNoSuccess();
@@ -350,7 +358,8 @@ void TestZoconvert::appliedToAllOrToNone()
     ProgramRun program;
     const QByteArray before = program.content("a.zoeffect.json");
     program.run({"apply", "b.zoeffect.json", "a.zoeffect.json", "broken.json", "--items", "Color"});
-    QCOMPARE(program.err, QStringLiteral("zoconvert: broken.json: Line 2, column 10: a colon is missing behind a name.\n"));
+    QCOMPARE(program.err,
+             QStringLiteral("zoconvert: broken.json: Line 2, column 10: a colon is missing behind a name.\n"));
     QCOMPARE(program.code, 2);
     QCOMPARE(program.content("a.zoeffect.json"), before);
 
@@ -369,6 +378,34 @@ void TestZoconvert::appliedToAllOrToNone()
                                          "makes 102 of 101 there and back.\n"));
     QCOMPARE(program.out.section(QLatin1Char('\n'), -2, -2),
              QStringLiteral("half.json: Crop:crop_width: source_val -> 51"));
+}
+
+void TestZoconvert::listsAreReplacedOrAppendedTo_data()
+{
+    QTest::addColumn<Arguments>("options");
+    QTest::addColumn<QString>("texts");
+    QTest::newRow("replaced") << Arguments{} << QStringLiteral("Watermark:0:wm_textcontent = New  (changed)\n");
+    QTest::newRow("appended") << Arguments{"--add"}
+                              << QStringLiteral("Watermark:0:wm_textcontent = Old  (changed)\n"
+                                                "Watermark:1:wm_textcontent = New  (changed)\n");
+}
+
+void TestZoconvert::listsAreReplacedOrAppendedTo()
+{
+    QFETCH(Arguments, options);
+    QFETCH(QString, texts);
+    const QByteArray file = R"({"zoeffect": 1, "media": {"width": 1280, "height": 720}, "effects": [
+        {"type": "Watermark", "items": [{"values": {"wm_textcontent": "TEXT"}}]}]})";
+    ProgramRun program;
+    program.write("old.json", QByteArray(file).replace("TEXT", "Old"));
+    program.write("new.json", QByteArray(file).replace("TEXT", "New"));
+    for (int time = 0; time < 2; ++time) { // Once more changes nothing more.
+        program.run(Arguments{"apply", "new.json", "old.json", "--items", "Watermark"} + options);
+        QCOMPARE(program.err + program.out, QString());
+        QCOMPARE(program.code, 0);
+        program.run({"show", "old.json"});
+        QCOMPARE(program.out, texts);
+    }
 }
 
 void TestZoconvert::presetsAreKeptUnderTheirNames()
@@ -464,6 +501,26 @@ void TestZoconvert::defaultThatCannotBeWrittenFails()
     QCOMPARE(program.code, 1);
     program.run({"default", "list"});
     QCOMPARE(program.out, QString());
+}
+
+void TestZoconvert::schemasArePrinted_data()
+{
+    QTest::addColumn<zokit::SchemaOf>("what");
+    QTest::newRow("catalogue") << zokit::SchemaOf::Catalogue;
+    QTest::newRow("settings") << zokit::SchemaOf::Settings;
+    QTest::newRow("preset") << zokit::SchemaOf::Preset;
+}
+
+void TestZoconvert::schemasArePrinted()
+{
+    QFETCH(zokit::SchemaOf, what);
+    ProgramRun program;
+    program.run({"schema", QTest::currentDataTag()});
+    QVERIFY2(program.out.contains(QStringLiteral("\"$schema\": \"https://json-schema.org/draft/2020-12/schema\"")),
+             qPrintable(program.out.left(200)));
+    QVERIFY(QJsonDocument::fromJson(program.out.toUtf8()).object() == zokit::schema(what));
+    QCOMPARE(program.err, QString());
+    QCOMPARE(program.code, 0);
 }
 
 void TestZoconvert::theLogIsExplained()
