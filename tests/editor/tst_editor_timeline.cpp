@@ -295,6 +295,7 @@ void TestEditorTimeLine::trackThatIsShownIsHeard()
     const Player player("pw-play");
     const Variable named("ZOEDITOR_PLAYER", QFile::encodeName(player.program));
     const Stage stage({clips::clip(key("two-sounds.mka"))});
+    stage.find<TimeBar>("time")->setValue(0);
     const QVector<zokit::Identity> tracks = stage.file(0)->items(key("Audio"));
     QCOMPARE(tracks.size(), 2);
     const auto crossings = [&](zokit::Identity chosen) { // Of its wave: twice as many for twice the pitch.
