@@ -4,9 +4,11 @@
 #include "sidecars_p.h"
 
 #include <algorithm>
+#include <utility>
 
-#include <QDir>
+#include <QDirIterator>
 #include <QFileInfo>
+#include <QVector>
 
 namespace zokit {
 
@@ -89,10 +91,19 @@ QVector<TrackChoice> withSidecar(const QVector<TrackChoice>& choices, const QStr
 QStringList sidecarsOf(const QString& clip)
 {
     const QFileInfo info(clip);
-    const QFileInfoList there = info.dir().entryInfoList(QDir::Files, QDir::Name);
+    const QString stem = nameOf(info) + QLatin1Char('.');
+    QVector<QFileInfo> there;
+    for (QDirIterator all(info.path(), QDir::Files); all.hasNext();) {
+        all.next();
+        if (all.fileName().startsWith(nameOf(info)
+                                      + QLatin1Char('.'))) // Few of a large folder: only they are looked at.
+            there.append(all.fileInfo());
+    }
+    std::sort(there.begin(), there.end(),
+              [](const QFileInfo& a, const QFileInfo& b) { return a.fileName() < b.fileName(); });
     QStringList found;
-    for (const QFileInfo& file : there) {
-        if (!isSidecarOf(file.filePath(), clip)) // Most files of a large folder.
+    for (const QFileInfo& file : std::as_const(there)) {
+        if (!isSidecarOf(file.filePath(), clip))
             continue;
         // "film.extended.srt" belongs to "film.extended.mkv" where that is there, and not to "film.mkv".
         const bool isOfAnother = std::any_of(there.cbegin(), there.cend(), [&](const QFileInfo& other) {
