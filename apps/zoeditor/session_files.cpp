@@ -290,7 +290,7 @@ Message Session::chooseTracks(const zokit::Settings& before, zokit::Settings& af
     const int index = m_files.rowOf(after.media.file);
     if (after.tracks == before.tracks || index < 0 || !m_files.rows().at(index).media)
         return {};
-    const zokit::RuledTracks ruled = zokit::tracksByRule(after, *m_files.rows().at(index).media);
+    const zokit::RuledTracks ruled = zokit::tracksByRule(after, *m_files.rows().at(index).media, before.tracks);
     after = ruled.settings;
     return ruled.error;
 }

@@ -191,7 +191,7 @@ QVector<TrackChoice> TracksDialog::choices(const FileSettings* file, zokit::Mess
     const QStringList sidecars = zokit::sidecarsOf(clip);
     const QVector<TrackChoice> byRules =
         zokit::chosenTracks(rules(), media ? media->tracks() : QVector<zokit::Track>(), clip, sidecars, error);
-    return zokit::withSidecar(byRules, clip, sidecars, m_sidecar);
+    return zokit::withSidecar(zokit::withTicked(byRules, file->settings(), rules()), clip, sidecars, m_sidecar);
 }
 
 void TracksDialog::update()

@@ -27,6 +27,7 @@ private slots:
     void rulesReachAllFilesAsOneStep();
     void sidecarsAreOffered();
     void sidecarIsChosenByHand();
+    void tickedTracksStay();
     void cancelChangesNothing();
 };
 
@@ -88,6 +89,18 @@ void TestEditorTracks::languageRuleChoosesTracks()
     QCOMPARE(stage.file(0)->settings().tracks.value(key("audio-language")), QVariant(QStringList{key("eng")}));
     stage.session().undo();
     QCOMPARE(usedSounds(stage.file(0)), QVector<int>());
+}
+
+void TestEditorTracks::tickedTracksStay()
+{
+    const Stage stage({clips::clip(key("languages.mkv"))});
+    stage.file(0)->setValue(stage.file(0)->item(key("Audio"), 1), key("selected"), true);
+    stage.trigger("tracks");
+    QCOMPARE(tracks(stage)->topLevelItem(English)->checkState(0), Qt::Checked);
+    QCOMPARE(why(stage, English), key("chosen by hand"));
+    add(stage, "subtitleLanguages", "ger");
+    stage.find<QPushButton>("apply")->click();
+    QCOMPARE(usedSounds(stage.file(0)), QVector<int>{1});
 }
 
 void TestEditorTracks::lineTellsWhatBecomesOfATrack()
