@@ -36,16 +36,6 @@ void dress(Item& to, const Item& from, const QString& type)
     }
 }
 
-/// The track whose style is meant: the first that is selected, else the first.
-const Item* styled(const TypeSettings& type)
-{
-    const auto chosen =
-        std::find_if(type.items.cbegin(), type.items.cend(), [](const Item& item) { return item.selected; });
-    if (chosen != type.items.cend())
-        return &*chosen;
-    return type.items.isEmpty() ? nullptr : &type.items.first();
-}
-
 /// Frame effects are always there: those that \a from uses and \a to does not come to its end, in their order.
 void addFrameEffects(const QVector<Item>& from, QVector<Item>& to)
 {
@@ -92,6 +82,15 @@ void mergeItems(const QVector<Item>& items, const QVector<int>& positions, QVect
 }
 
 } // namespace
+
+const Item* styled(const TypeSettings& type)
+{
+    const auto chosen =
+        std::find_if(type.items.cbegin(), type.items.cend(), [](const Item& item) { return item.selected; });
+    if (chosen != type.items.cend())
+        return &*chosen;
+    return type.items.isEmpty() ? nullptr : &type.items.first();
+}
 
 void tracks(const TypeSettings& from, const Wanted& wanted, bool add, TypeSettings& to)
 {

@@ -27,6 +27,9 @@ void type(const TypeSettings& from, bool add, TypeSettings& to);
 /// The watermarks or frame effects at \a positions.
 void items(const TypeSettings& from, const QVector<int>& positions, bool add, TypeSettings& to);
 
+/// The track whose style is meant: the first that is selected, else the first; null where there is none.
+const Item* styled(const TypeSettings& type);
+
 /// One style on every track that it suits. Which tracks there are, and which are chosen, is the clip's.
 void tracks(const TypeSettings& from, const Wanted& wanted, bool add, TypeSettings& to);
 

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QJsonArray>
 
 #include <zokit/differences.h>
@@ -13,6 +14,8 @@
 #include <zokit/properties.h>
 
 #include "jsontext_p.h"
+#include "names_p.h"
+#include "newitem_p.h"
 #include "settingsform_p.h"
 #include "valuejson_p.h"
 
@@ -73,6 +76,33 @@ QString addressLabel(const Address& address)
     else if (!property && address.key == QLatin1String("name"))
         label = QCoreApplication::translate("zokit", "Name");
     return thing + QStringLiteral(": ") + label;
+}
+
+QString itemLabel(const QString& type, const Item& item)
+{
+    const Values& values = item.values;
+    const auto fileName = [](const QVariant& path) { return QFileInfo(path.toString()).fileName(); };
+    QString name;
+    switch (suitOf(type, true, values)) {
+    case Suit::TextWatermark:
+        name = values.value(keys::textContent).toString().simplified();
+        break;
+    case Suit::ImageWatermark:
+        name = fileName(values.value(keys::imageUrl));
+        break;
+    case Suit::FileTrack:
+        name = fileName(values.value(keys::trackFile));
+        break;
+    case Suit::EmbeddedTrack:
+        name = QCoreApplication::translate("zokit", "Track %1").arg(values.value(keys::trackId).toInt());
+        break;
+    case Suit::FrameEffect:
+        name = displayName(item.name);
+        break;
+    case Suit::Type:
+        break;
+    }
+    return name.isEmpty() ? displayName(type) : name;
 }
 
 QString valueLabel(const Address& address, const QVariant& value)

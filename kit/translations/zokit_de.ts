@@ -620,6 +620,10 @@
         <translation>Ganzes Bild</translation>
     </message>
     <message>
+        <source>As by default: %1</source>
+        <translation>Wie voreingestellt: %1</translation>
+    </message>
+    <message>
         <source>As the frame</source>
         <translation>Wie das Bild</translation>
     </message>

@@ -5,11 +5,9 @@
 
 #include <algorithm>
 
-#include <QCoreApplication>
-#include <QFileInfo>
-
 #include <zokit/filesettings.h>
 #include <zokit/outputoptions.h>
+#include <zokit/valuetext.h>
 
 #include "names_p.h"
 #include "newitem_p.h"
@@ -113,29 +111,7 @@ void appendValues(SettingsNode& node)
 
 QString itemName(const FileSettings& file, const QString& type, Identity item)
 {
-    const Values values = file.values(item);
-    const auto fileName = [](const QVariant& path) { return QFileInfo(path.toString()).fileName(); };
-    QString name;
-    switch (suitOf(type, true, values)) {
-    case Suit::TextWatermark:
-        name = values.value(keys::textContent).toString().simplified();
-        break;
-    case Suit::ImageWatermark:
-        name = fileName(values.value(keys::imageUrl));
-        break;
-    case Suit::FileTrack:
-        name = fileName(values.value(keys::trackFile));
-        break;
-    case Suit::EmbeddedTrack:
-        name = QCoreApplication::translate("zokit", "Track %1").arg(values.value(keys::trackId).toInt());
-        break;
-    case Suit::FrameEffect:
-        name = displayName(file.value(item, own::name).toString());
-        break;
-    case Suit::Type:
-        break;
-    }
-    return name.isEmpty() ? displayName(type) : name;
+    return itemLabel(type, {file.value(item, own::name).toString(), true, file.values(item), {}, {}});
 }
 
 } // namespace zokit

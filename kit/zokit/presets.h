@@ -64,6 +64,11 @@ private:
 /// What a preset made from \a settings holds: the types and items of \a what (as in CarryOver), without the clip.
 ZOKIT_EXPORT Settings presetFrom(const Settings& settings, const QStringList& what);
 
+/// What \a preset holds, to be shown before it is saved or laid over a file: a line a type with what is not as the
+/// catalogue has it, "Crop: Left: 96 px, Width: 800 px", a line an item, "Watermark 1: Hello", and at the end the types
+/// that are all as the catalogue has them. Translated.
+ZOKIT_EXPORT QStringList contentsOf(const Settings& preset);
+
 /// What laying \a preset over a file carries: each type that it holds, and its output options and its rules for tracks
 /// where it has some.
 ZOKIT_EXPORT CarryOver carryOfPreset(const Settings& preset);

@@ -8,6 +8,7 @@
 #include <QVariant>
 
 #include <zokit/address.h>
+#include <zokit/settings.h>
 #include <zokit/zokit_export.h>
 
 namespace zokit {
@@ -23,6 +24,8 @@ ZOKIT_EXPORT QString valueAsText(const Address& address, const QVariant& value);
 /// What stands at \a address, as people call it: "Colours: Contrast", "Watermarks 2: Font size". Positions count from 1
 /// here. Translated.
 ZOKIT_EXPORT QString addressLabel(const Address& address);
+/// What people call \a item of \a type: its text, its file, its track, its effect; else the type. Translated.
+ZOKIT_EXPORT QString itemLabel(const QString& type, const Item& item);
 /// \a value as a panel shows it: "Yes", the name of a choice, "12 px". Empty for an invalid value. Translated.
 ZOKIT_EXPORT QString valueLabel(const Address& address, const QVariant& value);
 

@@ -53,6 +53,7 @@ private slots:
     void exportOverItsOwnImagesKeepsThem();
     void importTellsWhatIsMissing();
     void presetHoldsWhatItIsMeantFor();
+    void contentsOfAPresetAreLines();
 };
 
 namespace {
@@ -677,6 +678,29 @@ void TestKitSettingsFile::presetHoldsWhatItIsMeantFor()
     QCOMPARE(zokit::carryOfPreset(rules).what, QStringList({key("Crop"), key("Output"), key("Tracks")}));
     QCOMPARE(zokit::readPreset(handWritten, QString()).error.text(),
              QStringLiteral("A preset has no \"media\": it is for any clip."));
+}
+
+void TestKitSettingsFile::contentsOfAPresetAreLines()
+{
+    zokit::FileSettings file(*zokit::readSettings(handWritten, QString()).settings);
+    file.setValue(file.type(key("Crop")), key("crop_width"), 800);
+    const zokit::Identity image = file.insert(key("Watermark"), {{key("wm_imageurl"), key("/pictures/logo.png")}}).item;
+    file.setValue(image, key("selected"), false);
+    file.setValue(file.item(key("Effect"), 4), key("selected"), true);
+    for (const int track : {2, 3})
+        file.insert(key("Subtitle"), {{key("trackid"), track}, {key("sub_fontsize"), 20 * track}});
+    file.insert(key("Audio"), {{key("audio_isfile"), true}, {key("file"), key("/music/song.flac")}});
+    file.setValue(file.type(key("Color")), key("selected"), false);
+    QCOMPARE(zokit::contentsOf(zokit::presetFrom(file.settings(), {})),
+             QStringList({key("Crop: Height: 720 px, Left: 96 px, Width: 800 px"),
+                          key("Watermarks 1: Hello, bottom right, 2 %"), key("Watermarks 2: logo.png, In use: No"),
+                          key("Subtitles: Size: 40 pt"), key("Sound tracks 1: song.flac"), key("Colour: In use: No"),
+                          key("Frame effects: Sepia"), key("Output: Container: mkv, Quality: 22, Video codec: hevc"),
+                          key("As by default: Fade in and out, Normalize, Band pass, Chorus, Flanger, Echo, Speed")}));
+    const Settings part = zokit::presetFrom(file.settings(), {key("Audio_Speed"), key("Tracks")});
+    QCOMPARE(zokit::contentsOf(part),
+             QStringList({key("Choice of tracks: Sound languages: fra,eng"), key("As by default: Speed")}));
+    QCOMPARE(zokit::contentsOf(Settings()), QStringList());
 }
 
 ZOEFFECT_TEST_MAIN(TestKitSettingsFile)
