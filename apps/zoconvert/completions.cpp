@@ -135,12 +135,18 @@ QString quoted(QString text)
     return QLatin1Char('\'') + text.replace(QLatin1Char('\''), QLatin1String("'\\''")) + QLatin1Char('\'');
 }
 
-/// In the descriptions of zsh's _arguments and _describe colons and brackets mean something.
+/// Between the colons of zsh's _arguments and _describe.
 QString zshText(QString text)
 {
-    for (const char letter : {'\\', ':', '[', ']'})
+    return text.replace(QLatin1Char(':'), QLatin1String("\\:"));
+}
+
+/// Between brackets, which end at the first one.
+QString zshHelp(QString text)
+{
+    for (const char letter : {'\\', '[', ']'})
         text.replace(QLatin1Char(letter), QStringLiteral("\\") + QLatin1Char(letter));
-    return text;
+    return zshText(text);
 }
 
 QString zshOf(Takes takes, const QStringList& choices)
@@ -175,9 +181,10 @@ QString zshOption(const Option& option)
     const QString value =
         option.isFlag() ? QString()
                         : QStringLiteral(":%1:%2").arg(zshText(option.value), zshOf(option.takes, option.choices));
-    const QString rest = QStringLiteral("[%1]%2").arg(zshText(option.help), value);
-    QString result =
-        QLatin1String("      ") + quoted(QStringLiteral("*--%1%2").arg(option.name, rest)) + QLatin1String(" \\\n");
+    const QString rest = QStringLiteral("[%1]%2").arg(zshHelp(option.help), value);
+    const QString glued = option.isFlag() ? QString() : QStringLiteral("="); // The value may stand behind it, or next.
+    QString result = QLatin1String("      ") + quoted(QStringLiteral("*--%1%2%3").arg(option.name, glued, rest))
+                     + QLatin1String(" \\\n");
     if (!option.letter.isEmpty())
         result += QLatin1String("      ") + quoted(QStringLiteral("*-%1%2").arg(option.letter, rest))
                   + QLatin1String(" \\\n");

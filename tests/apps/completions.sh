@@ -100,9 +100,11 @@ zsh_offers 'options with values' '--audio --audio-bitrate --audio-codec --audio-
 zsh_offers 'help' '--help' 'show --he'
 zsh_offers 'actions' 'remove rename' 'preset re'
 zsh_offers 'choices' 'skip' 'settings --existing s'
+zsh_offers 'choices behind an equals sign' 'replace' 'settings --existing=rep'
 zsh_offers 'types' 'Color' 'apply a b --items Col'
 zsh_offers 'the key of an address' 'Color:bcs_brightness=' 'settings --set Color:bcs_b'
-zsh_offers 'of an item' 'Watermark:0:wm_fontsize= Watermark:0:wm_fontstyle=' 'settings --set Watermark:0:wm_fonts'
+zsh_offers 'of an item, behind an equals sign' 'Watermark:0:wm_fontsize= Watermark:0:wm_fontstyle=' \
+    'settings --set=Watermark:0:wm_fonts'
 zsh_offers 'corners' 'bottom bottom-left bottom-right' 'settings --place bo'
 zsh_offers 'presets' 'my\ logo' 'preset show my'
 zsh_offers 'files' 'a.mkv b.mkv' 'settings films/'

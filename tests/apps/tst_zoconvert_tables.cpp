@@ -85,7 +85,9 @@ void TestZoconvertTables::everyOptionIsToldEverywhere()
             QVERIFY2(page.contains(manualName(option)) || option.name == QLatin1String("help"), where);
             const QString ofCommand =
                 zsh.section(QStringLiteral("\n    %1)\n").arg(name), 1).section(QStringLiteral(";;"), 0, 0);
-            QVERIFY2(ofCommand.contains(QStringLiteral("'*%1[").arg(dashed)), where);
+            QVERIFY2(
+                ofCommand.contains(QStringLiteral("'*%1%2[").arg(dashed, QLatin1String(option.isFlag() ? "" : "="))),
+                where);
             const QString inBash =
                 bash.section(QStringLiteral("\n    %1)\n").arg(name), 1).section(QStringLiteral(";;"), 0, 0);
             QVERIFY2(inBash.contains(dashed), where);
