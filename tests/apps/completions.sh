@@ -109,6 +109,10 @@ zsh_offers 'corners' 'bottom bottom-left bottom-right' 'settings --place bo'
 zsh_offers 'presets' 'my\ logo' 'preset show my'
 zsh_offers 'files' 'a.mkv b.mkv' 'settings films/'
 
+if [[ ! -e /dev/pts/ptmx ]]; then
+    echo 'completions: zsh needs a pseudo-terminal: mount devpts to /dev/pts'
+    finish
+fi
 ZDOTDIR=$work/zsh TERM=dumb zsh -fc 'zmodload zsh/zpty; zpty shell zsh -i; while zpty -r shell; do :; done' \
     > zsh/typed < /dev/null 2>&1 || true
 mapfile -t zsh_offered < zsh/offered

@@ -95,7 +95,8 @@ void TestZoconvertTerminal::theBarKeepsToItsLine()
 {
     qputenv("TERM", "xterm");
     Terminal terminal;
-    QVERIFY2(terminal.isGood(), "there is no pseudo-terminal");
+    if (!terminal.isGood())
+        QSKIP("There are no pseudo-terminals here: mount devpts to /dev/pts.");
     ProgramRun run;
     QVERIFY(QFile::copy(clips::clip(QStringLiteral("plain.mp4")), run.path("clip.mp4")));
     // Half done, it waits to be told to do the work.
@@ -174,7 +175,8 @@ void TestZoconvertTerminal::coloursAndBarsAreForTerminals()
     qputenv("TERM", term);
     qputenv("NO_COLOR", noColor); // An empty one does not count.
     Terminal terminal;
-    QVERIFY2(terminal.isGood(), "there is no pseudo-terminal");
+    if (!terminal.isGood())
+        QSKIP("There are no pseudo-terminals here: mount devpts to /dev/pts.");
     ProgramRun run;
     QVERIFY(QFile::copy(clips::clip(QStringLiteral("plain.mp4")), run.path("clip.mp4")));
     run.setErr(terminal.path());
