@@ -329,7 +329,7 @@ void TestKitHistory::undoneStepsAreForgottenToo()
     QCOMPARE(history.position(), 1);
     QCOMPARE(history.count(), 4);
     QCOMPARE(forgotten.size(), 1);
-    QCOMPARE(forgotten.first(), QVariantList({7}));
+    QCOMPARE(forgotten.first(), QVariantList{QVariant(7)});
     history.goTo(99);
     QCOMPARE(file->value(color, key("x-host")).toString().at(0), QChar(QLatin1Char('c')));
     QVERIFY(!history.isClean());
