@@ -27,14 +27,17 @@ Watchdog::~Watchdog()
 
 void Watchdog::ask()
 {
-    const qint64 asked = m_clock.elapsed();
+    const qint64 asked = m_clock.nsecsElapsed();
     const int generation = m_generation;
     QMetaObject::invokeMethod(
         &m_answering,
         [this, asked, generation] {
-            const int took = static_cast<int>(m_clock.elapsed() - asked);
+            constexpr double nanoseconds = 1e6;
+            const double took = double(m_clock.nsecsElapsed() - asked) / nanoseconds;
+            if (generation == m_generation)
+                m_blocks.push_back(took);
             if (generation == m_generation && took > m_longest) {
-                m_longest = took;
+                m_longest = static_cast<int>(took);
                 m_longestDuring = m_doing;
             }
             m_isAnswered = true;

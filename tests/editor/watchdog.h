@@ -5,6 +5,7 @@
 
 #include <atomic>
 #include <thread>
+#include <vector>
 
 #include <QElapsedTimer>
 #include <QObject>
@@ -26,6 +27,8 @@ public:
 
     int longest() const { return m_longest; }                 ///< Milliseconds.
     QString longestDuring() const { return m_longestDuring; } ///< What was done meanwhile.
+    /// How long each sign of life took, in milliseconds.
+    const std::vector<double>& blocks() const { return m_blocks; }
 
 private:
     void ask();
@@ -34,6 +37,7 @@ private:
     QString m_doing;
     QString m_longestDuring;
     int m_longest = 0;
+    std::vector<double> m_blocks;
     std::atomic<int> m_generation{0};
     std::atomic<bool> m_isAnswered{true};
     std::atomic<bool> m_ends{false};
