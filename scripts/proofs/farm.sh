@@ -13,9 +13,10 @@ usage: scripts/prove farm
 
 Sets up a farm of one node with the daemons of Slurm, and two ssh servers on the loopback address; takes root. A plan
 of 40 jobs goes over each, with the files of docs/farm: three clips are no media, two jobs lose their ffmpeg twice, one
-needs an image that is not there, and the node crashes in the middle. In the end each good file must have been
-converted once, none half, and nothing tried for ever. Takes some eight minutes, most of them Slurm's pauses before a
-second try. Closes with a table and "N passed, N failed".
+needs an image that is not there, and the node, or one of the two hosts, crashes in the middle. Slurm tries again by
+itself, and goes on when the image is there and the job released; over ssh the same command is run once more. In the end
+each good file must have been converted once, none half, and nothing tried for ever. Slurm also does a part of its plan.
+Takes some eight minutes, most of them Slurm's pauses before a second try. Closes with a table and "N passed, N failed".
 TEXT
 }
 
@@ -36,15 +37,52 @@ build release zoconvert
 real_ffmpeg=$(command -v ffmpeg)
 work=$(mktemp -d /tmp/zofarm.XXXXXX)
 chmod 755 "$work"
+export SLURM_CONF=$work/slurm/slurm.conf
 daemons=()
 finish() {
-    scancel --state=PENDING,RUNNING --user=root 2> /dev/null || true
+    [[ ! -e $SLURM_CONF ]] || scancel --state=PENDING,RUNNING --user=root 2> /dev/null || true
     for pidfile in "${daemons[@]}"; do
         [[ ! -e $pidfile ]] || kill "$(cat "$pidfile")" 2> /dev/null || true
+    done
+    for node in slurm 2231 2232; do
+        end "$node"
     done
     rm -rf "$work"
 }
 trap finish EXIT
+
+# with_descendants PID...: these processes, and those that they have begun.
+with_descendants() {
+    local pid
+    for pid; do
+        echo "$pid"
+        # shellcheck disable=SC2046 # numbers
+        with_descendants $(pgrep -P "$pid")
+    done
+}
+# processes_of NODE: the node's daemon with all that it has begun, and what has the node in its environment.
+processes_of() {
+    [[ ! -e $work/$1.pid ]] || with_descendants "$(cat "$work/$1.pid")"
+    grep -lzxF "ZO_NODE=$work/$1" /proc/[0-9]*/environ 2> /dev/null | cut -d / -f 3 || true
+}
+# end NODE: as when it loses its power: everything of it dies at once.
+end() {
+    local processes
+    until processes=$(processes_of "$1"); [[ -z $processes ]]; do
+        # shellcheck disable=SC2086 # numbers
+        kill -KILL $processes 2> /dev/null || true
+        rm -f "$work/$1.pid"
+        sleep 0.1
+    done
+}
+# converts_long NODE: whether it is in the middle of the long clip.
+converts_long() {
+    local process
+    for process in $(processes_of "$1"); do
+        ! tr '\0' ' ' 2> /dev/null < "/proc/$process/cmdline" | grep -q 'long\.mkv.*/\.zo-.*\.part' || return 0
+    done
+    return 1
+}
 
 export QT_QPA_PLATFORM=offscreen ZOEFFECT_FFMPEG=$work/bin
 export PATH=$work/bin:$PATH
@@ -100,7 +138,7 @@ make_clips() {
         cp "$folder/clip 10.mkv" "$folder/bad $bad.mkv"
     done
     ffmpeg -v error -nostdin -f lavfi -i testsrc=size=1280x720:rate=25:duration=40 -c:v mpeg4 -q:v 3 \
-        "$folder/long.mkv"
+        "$folder/clip 25 long.mkv"
     "$real_ffmpeg" -v error -nostdin -f lavfi -i color=red:size=32x32 -frames:v 1 "$folder/logo.png"
 }
 
@@ -123,7 +161,7 @@ make_plan() {
 # results FOLDER OUTCOME: how many jobs ended so, and how often they were begun.
 outcomes() {
     local count
-    count=$(zoconvert work --report "$1/plan" | awk '{print $2}' | grep -c "^$2\$" || true)
+    count=$(zoconvert work --report "$1/plan" | awk '{print $2}' | grep -cE "^($2)\$" || true)
     echo "$count"
 }
 begun() {
@@ -171,7 +209,7 @@ SlurmUser=slurm
 StateSaveLocation=$work/slurm/state
 SlurmdSpoolDir=$work/slurm/spool
 SlurmctldPidFile=$work/slurm/slurmctld.pid
-SlurmdPidFile=$work/slurm/slurmd.pid
+SlurmdPidFile=$work/slurm.pid
 SlurmctldLogFile=$work/slurm/slurmctld.log
 SlurmdLogFile=$work/slurm/slurmd.log
 ProctrackType=proctrack/linuxproc
@@ -193,10 +231,9 @@ MinJobAge=600
 NodeName=$host NodeAddr=127.0.0.1 CPUs=$cpus RealMemory=4000 State=UNKNOWN
 PartitionName=main Nodes=$host Default=YES MaxTime=60 State=UP
 CONF
-    export SLURM_CONF=$work/slurm/slurm.conf
     slurmctld
-    slurmd
-    daemons+=("$work/slurm/slurmctld.pid" "$work/slurm/slurmd.pid")
+    ZO_NODE=$work/slurm slurmd
+    daemons+=("$work/slurm/slurmctld.pid" "$work/slurm.pid")
     until_seconds 60 node_is idle
 }
 node_is() { sinfo --noheader --format=%T | grep -q "$1"; }
@@ -204,25 +241,12 @@ state_of() { squeue --noheader --array --states=all --format='%K %T' | awk -v n=
 has_state() { [[ $(state_of "$1") == "$2" ]]; }
 all_ended() { [[ -z $(squeue --noheader --states=PENDING,RUNNING,COMPLETING,CONFIGURING --format=%i) ]]; }
 
-# A node that loses its power: everything of it dies at once.
-crash() {
-    pkill -KILL -x slurmd || true
-    pkill -KILL -x slurmstepd || true
-    pkill -KILL -f "$work/slurm/spool/job" || true
-    pkill -KILL -f 'zoconvert work --threads 1 plan ' || true
-    pkill -KILL -f "^$real_ffmpeg .*$slurm/" || true
-    scontrol update nodename="$(hostname -s)" state=down reason=crashed
-    slurmd
-    until_seconds 60 node_is 'idle\|mixed\|allocated'
-}
-
 echo '== a farm of Slurm'
 slurm=$work/over-slurm
 make_clips "$slurm"
 make_plan "$slurm"
 flaky=$(number_of "$slurm" 'clip 12-converted')
 flaky_too=$(number_of "$slurm" 'clip 13-converted')
-long=$(number_of "$slurm" 'long-converted')
 bad=$(number_of "$slurm" 'bad 46-converted')
 logo=$(number_of "$slurm" 'out/logo')
 printf 'x\nx\n' | tee "$work/killed/clip 12.mkv" > "$work/killed/clip 13.mkv"
@@ -231,11 +255,14 @@ start_munge
 start_slurm
 check 'jobs in the plan' equal "$(wc -l < "$slurm/plan")" 40
 began=$SECONDS
-(cd "$slurm" && sbatch --quiet --array="1-$(wc -l < plan)" "$OLDPWD/docs/farm/zoconvert.sbatch" plan)
-check 'the long job runs' until_seconds 300 has_state "$long" RUNNING
-until_seconds 60 compgen -G "$slurm/out/.zo-*.part" > /dev/null || true
+submit() { (cd "$slurm" && ZO_NODE=$work/slurm sbatch --quiet --array="1-$1" "$tree/docs/farm/zoconvert.sbatch" "${@:2}"); }
+submit 40 plan
+check 'the long job runs' until_seconds 300 converts_long slurm
 echo '== the node crashes'
-crash
+end slurm
+scontrol update nodename="$(hostname -s)" state=down reason=crashed
+ZO_NODE=$work/slurm slurmd
+check 'the node comes back' until_seconds 60 node_is 'idle\|mixed\|allocated'
 check 'the job that needs a logo is held' until_seconds 400 has_state "$logo" SPECIAL_EXIT
 echo '== the logo comes'
 mv "$slurm/logo.away" "$slurm/logo.png"
@@ -243,50 +270,86 @@ held=$(squeue --noheader --array --states=all --format='%K %A_%K' | awk -v n="$l
 scontrol release "$held"
 check 'all jobs end' until_seconds 900 all_ended
 took=$((SECONDS - began))
+
+echo '== a part of the plan'
+split --lines=10 --numeric-suffixes --suffix-length=4 "$slurm/plan" "$slurm/plan."
+rm "$slurm"/out/clip\ 4[01]-converted.mkv
+submit 10 plan.0003 30
+check 'its jobs end' until_seconds 300 all_ended
+check 'its jobs are the last ten' equal "$(sed 's/.*"job":\([0-9]*\),.*/\1/' "$slurm/plan.0003.results" | sort -n | xargs)" \
+    '31 32 33 34 35 36 37 38 39 40'
+check 'of which two were to be done' equal "$(grep -c '"done"' "$slurm/plan.0003.results")" 2
+
 check_outputs "$slurm"
-check 'done' equal "$(outcomes "$slurm" 'done')" 37
+check 'done' equal "$(outcomes "$slurm" 'done|skipped')" 37
 check 'failed' equal "$(outcomes "$slurm" failed)" 3
 check 'tries of a bad file' equal "$(begun "$slurm" "$bad" failed)" 1
 check 'tries that lost their ffmpeg' equal "$(begun "$slurm" "$flaky" failed) $(begun "$slurm" "$flaky_too" failed)" '2 2'
 check 'tries without the logo' equal "$(begun "$slurm" "$logo" failed)" 1
-row_slurm="| Slurm, 1 node | 40 | $(outcomes "$slurm" 'done') | $(outcomes "$slurm" failed) | $(wc -l < "$slurm/plan.results") | $took s |"
-kill "$(cat "$work/slurm/slurmd.pid")" "$(cat "$work/slurm/slurmctld.pid")"
+row_slurm="| Slurm, 1 node | 40 | $(outcomes "$slurm" 'done|skipped') | $(outcomes "$slurm" failed) | $(wc -l < "$slurm/plan.results") | $took s |"
+kill "$(cat "$work/slurm.pid")" "$(cat "$work/slurm/slurmctld.pid")"
 
 echo '== GNU parallel over ssh'
 over=$work/"over ssh's"
 make_clips "$over"
 make_plan "$over"
-printf 'x\n' > "$work/killed/clip 12.mkv"
+printf 'x\nx\n' | tee "$work/killed/clip 12.mkv" > "$work/killed/clip 13.mkv"
+mv "$over/logo.png" "$over/logo.away"
 ssh-keygen -q -t ed25519 -N '' -f "$work/key"
 ssh-keygen -q -t ed25519 -N '' -f "$work/hostkey"
 cp "$work/key.pub" "$work/authorized"
 mkdir -p /run/sshd
-for port in 2231 2232; do
+start_worker() {
+    local port=$1
     cat > "$work/sshd.$port" <<CONF
 Port $port
 ListenAddress 127.0.0.1
 HostKey $work/hostkey
-PidFile $work/sshd.$port.pid
+PidFile $work/$port.pid
 AuthorizedKeysFile $work/authorized
 StrictModes no
 PermitRootLogin prohibit-password
-SetEnv PATH=$PATH ZOEFFECT_FFMPEG=$work/bin QT_QPA_PLATFORM=offscreen
+SetEnv PATH=$PATH ZOEFFECT_FFMPEG=$work/bin QT_QPA_PLATFORM=offscreen ZO_NODE=$work/$port
 CONF
     /usr/sbin/sshd -f "$work/sshd.$port"
-    daemons+=("$work/sshd.$port.pid")
-done
+    daemons+=("$work/$port.pid")
+}
+start_worker 2231
+start_worker 2232
 ssh="ssh -i $work/key -o StrictHostKeyChecking=no -o UserKnownHostsFile=/dev/null -o LogLevel=ERROR 127.0.0.1"
 export PARALLEL_HOME=$work/parallel
 mkdir -p "$PARALLEL_HOME"
 touch "$PARALLEL_HOME/will-cite"
+over_ssh() { docs/farm/over-ssh "$over/plan" "$ssh -p 2231,$ssh -p 2232"; }
+find_long() {
+    for worker in 2231 2232; do
+        ! converts_long "$worker" || return 0
+    done
+    return 1
+}
 began=$SECONDS
-docs/farm/over-ssh "$over/plan" "$ssh -p 2231,$ssh -p 2232" > "$work/parallel.log" 2>&1 || true
+over_ssh > "$work/parallel.log" 2>&1 &
+running=$!
+echo "$running" > "$work/parallel.pid"
+daemons+=("$work/parallel.pid")
+check 'the long job runs over ssh' until_seconds 300 find_long
+echo '== one of the hosts crashes, and stays away'
+end "$worker"
+status=0
+wait "$running" || status=$?
+rm "$work/parallel.pid"
+check 'failed at first' equal "$(outcomes "$over" failed), ended $status" '6, ended 6'
+check 'both workers worked' equal "$(cut -f 2 "$over/plan.joblog" | sort -u | grep -c 'p 223')" 2
+echo '== the host and the logo come, and the same once more'
+start_worker "$worker"
+mv "$over/logo.away" "$over/logo.png"
+status=0
+over_ssh >> "$work/parallel.log" 2>&1 || status=$?
 took=$((SECONDS - began))
 check_outputs "$over"
-check 'done' equal "$(outcomes "$over" 'done')" 37
-check 'failed' equal "$(outcomes "$over" failed)" 3
-check 'both workers worked' equal "$(cut -f 2 "$over/plan.joblog" | grep -c 'p 223' > /dev/null && cut -f 2 "$over/plan.joblog" | sort -u | grep -c 'p 223')" 2
-row_ssh="| GNU parallel, 2 workers by ssh | 40 | $(outcomes "$over" 'done') | $(outcomes "$over" failed) | $(wc -l < "$over/plan.results") | $took s |"
+check 'done' equal "$(outcomes "$over" 'done|skipped')" 37
+check 'failed' equal "$(outcomes "$over" failed), ended $status" '3, ended 3'
+row_ssh="| GNU parallel, 2 workers by ssh | 40 | $(outcomes "$over" 'done|skipped') | $(outcomes "$over" failed) | $(wc -l < "$over/plan.results") | $took s |"
 
 echo
 echo '| engine | jobs | done | failed | tries | took |'
