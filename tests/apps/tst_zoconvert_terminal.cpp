@@ -96,7 +96,7 @@ void TestZoconvertTerminal::theBarKeepsToItsLine()
     qputenv("TERM", "xterm");
     Terminal terminal;
     if (!terminal.isGood())
-        QSKIP("There are no pseudo-terminals here: mount devpts to /dev/pts.");
+        return QTest::qSkip("There are no pseudo-terminals here: mount devpts to /dev/pts.", __FILE__, __LINE__);
     ProgramRun run;
     QVERIFY(QFile::copy(clips::clip(QStringLiteral("plain.mp4")), run.path("clip.mp4")));
     // Half done, it waits to be told to do the work.
@@ -176,7 +176,7 @@ void TestZoconvertTerminal::coloursAndBarsAreForTerminals()
     qputenv("NO_COLOR", noColor); // An empty one does not count.
     Terminal terminal;
     if (!terminal.isGood())
-        QSKIP("There are no pseudo-terminals here: mount devpts to /dev/pts.");
+        return QTest::qSkip("There are no pseudo-terminals here: mount devpts to /dev/pts.", __FILE__, __LINE__);
     ProgramRun run;
     QVERIFY(QFile::copy(clips::clip(QStringLiteral("plain.mp4")), run.path("clip.mp4")));
     run.setErr(terminal.path());
