@@ -23,6 +23,7 @@ them that reach what the others do not, and the files named, to tests/fuzz/corpu
   summary      the saved text of the frame effects
   settingsfile settings files and presets
   journal      the journal of a session
+  plan         a line of a plan of conversions
   probe        what ffprobe and ffmpeg tell of a file, of themselves and of how far they are
 
 A finding ends the run of its target; its input is kept in build/fuzz/findings/TARGET. Ends with the line
@@ -30,7 +31,7 @@ A finding ends the run of its target; its input is kept in build/fuzz/findings/T
 TEXT
 }
 
-readonly targets=(operations storefile imagefile catalogue summary settingsfile journal probe)
+readonly targets=(operations storefile imagefile catalogue summary settingsfile journal plan probe)
 if [[ ${1:-} == --help || ${1:-} == -h ]]; then
     usage
     exit 0
