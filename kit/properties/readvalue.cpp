@@ -84,6 +84,9 @@ Message outOfBounds(const Property& property, double number, const QVariant& giv
     const std::optional<double> highest = boundIn(property.highest, frame);
     if ((!lowest || number >= *lowest) && (!highest || number <= *highest))
         return Message();
+    const std::optional<double> usual = numberFrom(property.defaultValue());
+    if (usual && !(number < *usual) && !(number > *usual)) // In a small frame, too: it stands in what was saved.
+        return Message();
     if (!highest)
         return Message(Code::BelowLowest, {where, shown(given), QString::number(*lowest)});
     const QString from = lowest ? QString::number(*lowest) : QString::number(std::numeric_limits<int>::min());

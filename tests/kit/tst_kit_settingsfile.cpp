@@ -54,6 +54,7 @@ private slots:
     void importTellsWhatIsMissing();
     void presetHoldsWhatItIsMeantFor();
     void contentsOfAPresetAreLines();
+    void settingsOfASmallFrameAreReadAgain();
 };
 
 namespace {
@@ -678,6 +679,20 @@ void TestKitSettingsFile::presetHoldsWhatItIsMeantFor()
     QCOMPARE(zokit::carryOfPreset(rules).what, QStringList({key("Crop"), key("Output"), key("Tracks")}));
     QCOMPARE(zokit::readPreset(handWritten, QString()).error.text(),
              QStringLiteral("A preset has no \"media\": it is for any clip."));
+}
+
+void TestKitSettingsFile::settingsOfASmallFrameAreReadAgain()
+{
+    zokit::Settings empty;
+    empty.media.frame = {10, 8}; // Smaller than the smallest crop is by default.
+    zokit::FileSettings file(empty);
+    file.insert(key("Subtitle"), {{key("trackid"), 2}});
+    file.insert(key("Watermark"), {{key("wm_textcontent"), key("Hello")}});
+    const zokit::ReadSettings read = zokit::readSettings(zokit::writeSettings(file.settings(), QString()), QString());
+    QCOMPARE(read.error.text(), QString());
+    QVERIFY(*read.settings == file.settings());
+    QCOMPARE(file.check(file.type(key("Crop")), key("crop_minwidth"), 25).text(),
+             key("Crop:crop_minwidth: 25 is not between 1 and 10."));
 }
 
 void TestKitSettingsFile::contentsOfAPresetAreLines()
