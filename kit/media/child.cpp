@@ -184,6 +184,27 @@ Child::~Child()
 
 bool Child::start(const Command& command)
 {
+    return startProcess(command, false);
+}
+
+bool Child::startAhead(const Command& command)
+{
+    return startProcess(command, true);
+}
+
+void Child::feed(const QByteArray& input)
+{
+    if (!m_isRunning || !m_isAhead)
+        return;
+    m_isAhead = false;
+    if (m_hasEnded)
+        return;
+    m_process->write(input);
+    m_process->closeWriteChannel();
+}
+
+bool Child::startProcess(const Command& command, bool isAhead)
+{
     Q_ASSERT_X(QThread::currentThread() == QCoreApplication::instance()->thread(), "Child::start",
                "a child dies with the thread that started it");
     if (m_isRunning)
@@ -194,6 +215,7 @@ bool Child::start(const Command& command)
     m_hasEnded = false;
     m_isEnding = false;
     m_isPaused = false;
+    m_isAhead = isAhead;
     m_group = 0;
     m_ticks = 0;
     m_silentTicks = 0;
@@ -202,7 +224,7 @@ bool Child::start(const Command& command)
     m_process = std::make_unique<Process>(Preparation{getpid(), command.memory, command.processorSeconds});
     m_process->setProcessEnvironment(environment());
     m_process->setWorkingDirectory(command.folder);
-    if (command.input.isEmpty())
+    if (command.input.isEmpty() && !isAhead)
         m_process->setStandardInputFile(QProcess::nullDevice());
     connect(m_process.get(), &QProcess::readyReadStandardOutput, this, &Child::readOutput);
     connect(m_process.get(), &QProcess::readyReadStandardError, this, &Child::readWords);
@@ -224,7 +246,7 @@ bool Child::start(const Command& command)
     m_process->start(command.program, command.arguments);
     starting = 0;
     m_group = m_process->processId();
-    if (!command.input.isEmpty() && !m_hasEnded) {
+    if (!command.input.isEmpty() && !isAhead && !m_hasEnded) {
         m_process->write(command.input);
         m_process->closeWriteChannel();
     }
@@ -295,7 +317,7 @@ void Child::countTime()
     if (m_hasEnded)
         return;
     remindOfEnd(m_group);
-    if (m_isPaused)
+    if (m_isPaused || m_isAhead)
         return;
     ++m_ticks;
     ++m_silentTicks;

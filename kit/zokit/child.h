@@ -70,6 +70,12 @@ public:
     /// Starts \a command. False, and nothing happens, while one runs. That a program cannot be started is told by
     /// finished(), like every other end.
     bool start(const Command& command);
+    /// The same, but its standard input stays open until feed(), whatever Command::input is, and no time counts before:
+    /// for a program that is loaded ahead, and waits to be told what to do.
+    bool startAhead(const Command& command);
+    /// Writes \a input to a child that was started ahead, and closes its standard input. Nothing happens when none runs
+    /// that waits for it.
+    void feed(const QByteArray& input);
     /// From start() on until finished() is sent.
     bool isRunning() const;
     /// 0 when none runs.
@@ -96,6 +102,7 @@ Q_SIGNALS:
 private:
     class ZOKIT_NO_EXPORT Process;
 
+    bool startProcess(const Command& command, bool isAhead);
     void readOutput();
     void readWords();
     void countTime();
@@ -113,6 +120,7 @@ private:
     bool m_hasEnded = false;
     bool m_isEnding = false; ///< We killed it; the result says why.
     bool m_isPaused = false;
+    bool m_isAhead = false; ///< It waits for its input.
     bool m_collected = true;
     qint64 m_group = 0;    ///< Number of the child and its group.
     int m_ticks = 0;       ///< Since the start.

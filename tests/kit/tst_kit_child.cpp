@@ -3,6 +3,7 @@
 
 #include <csignal>
 #include <memory>
+#include <vector>
 
 #include <pthread.h>
 #include <sys/stat.h>
@@ -47,6 +48,7 @@ private slots:
     void talkingChildDoesNotStall();
     void childThatWritesDoesNotStall();
     void pausedTimeDoesNotCount();
+    void childAheadWaitsForItsInput();
     void finishedIsSentOnceAndLater_data();
     void finishedIsSentOnceAndLater();
     void oneRunsAtATime();
@@ -284,6 +286,30 @@ void TestKitChild::pausedTimeDoesNotCount()
     QTRY_VERIFY_WITH_TIMEOUT(result, patience);
     QCOMPARE(result->end, ChildEnd::Finished);
     QCOMPARE(result->output, QByteArray("begun..end"));
+}
+
+void TestKitChild::childAheadWaitsForItsInput()
+{
+    Child child;
+    std::vector<ChildResult> results;
+    QObject::connect(&child, &Child::finished, [&](const ChildResult& result) { results.push_back(result); });
+    Command command = shell("cat; sleep 60");
+    command.seconds = 1;
+    QVERIFY(child.startAhead(command));
+    QTest::qWait(1600); // Longer than it may take.
+    QVERIFY(child.isRunning());
+    child.feed("told late");
+    child.feed("and again");
+    QTRY_COMPARE_WITH_TIMEOUT(results.size(), std::size_t(1), patience);
+    QCOMPARE(results.back().output, QByteArray("told late"));
+    QVERIFY(results.back().end == ChildEnd::TimedOut);
+    child.feed("nobody");
+
+    command.input = "at once";
+    QVERIFY(child.start(command));
+    child.feed("not ahead");
+    QTRY_COMPARE_WITH_TIMEOUT(results.size(), std::size_t(2), patience);
+    QCOMPARE(results.back().output, QByteArray("at once"));
 }
 
 void TestKitChild::finishedIsSentOnceAndLater_data()
