@@ -19,8 +19,9 @@ namespace zokit {
 namespace {
 
 constexpr int picturesPerSecond = 25;
-// Kept on both sides of the wish: going back a little takes no new decoder.
-constexpr qint64 behind = 15;
+// Pictures kept on both sides of the wish: going back takes a new decoder, which begins at a key frame far before, only
+// now and then.
+constexpr qint64 behind = 40;
 constexpr qint64 ahead = 15;
 
 /// The picture that is shown at \a seconds; a time that was typed or added up may lack a little.
