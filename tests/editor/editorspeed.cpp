@@ -222,7 +222,9 @@ void measureDrop(Figures& figures)
     Painted painted(list->viewport());
     QMimeData data;
     data.setUrls(urls);
+    QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QDropEvent drop(QPointF(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&stage.window(), &enter);
     const Watchdog watchdog;
     rest(100);
     painted.forget();
