@@ -70,6 +70,7 @@ QString screenFilter(const FrameQuestion& question)
 }
 
 const QString output = QStringLiteral("[picture]");
+const QString filterOption = QStringLiteral("-filter_complex");
 
 /// \a graph with the times of what comes out told among the words, which the filter does of frames that have tags.
 QString telling(const QString& graph, const QString& conversion)
@@ -81,6 +82,9 @@ QString telling(const QString& graph, const QString& conversion)
     return text + QStringLiteral(",metadata=mode=add:key=frame:value=1,metadata=mode=print:file=pipe\\\\:2") + output;
 }
 
+/// More are not quicker on small machines, and each takes memory of its own.
+constexpr int decoderThreads = 4;
+
 Command commandOf(const Tools& tools, const QStringList& inputs, const QString& graph, const QStringList& outputs)
 {
     constexpr qint64 gibibyte = qint64(1024) * 1024 * 1024;
@@ -88,7 +92,7 @@ Command commandOf(const Tools& tools, const QStringList& inputs, const QString& 
     Command command;
     command.program = tools.ffmpeg;
     command.arguments << word("-hide_banner") << word("-nostdin") << word("-v") << word("error") << word("-threads")
-                      << word("1") << inputs << word("-filter_complex") << graph << word("-map") << output
+                      << QString::number(decoderThreads) << inputs << filterOption << graph << word("-map") << output
                       << word("-fps_mode") << word("passthrough") << outputs;
     command.memory = 2 * gibibyte;
     command.seconds = patience;
@@ -224,13 +228,20 @@ Command keptCommand(const Tools& tools, const FrameQuestion& question, const Kep
                              word("-pix_fmt"),   picture.pixelFormat,
                              word("-s"),         sizeText(kept.size),
                              word("-framerate"), QStringLiteral("%1/%2").arg(ticks.denominator).arg(ticks.numerator),
-                             word("-i"),         word("pipe:0")};
+                             word("-i"),         QStringLiteral("file:") + kept.file};
     const QString graph = questionGraph(question, parts).text;
-    Command command =
-        commandOf(tools, inputs + helpers, telling(graph, question.forScreen ? screenFilter(question) : QString()),
-                  rawOutput(FrameWindow()));
-    command.input = kept.bytes;
-    return command;
+    return commandOf(tools, inputs + helpers, telling(graph, question.forScreen ? screenFilter(question) : QString()),
+                     rawOutput(FrameWindow()));
+}
+
+Command readingItsGraph(const Command& command)
+{
+    Command reading = command;
+    const auto at = reading.arguments.indexOf(filterOption);
+    reading.input = reading.arguments.at(at + 1).toUtf8();
+    reading.arguments[at] = word("-filter_complex_script");
+    reading.arguments[at + 1] = word("pipe:0");
+    return reading;
 }
 
 Command runningCommand(const Tools& tools, const FrameQuestion& question, double from, const QSize& size, int rate)

@@ -24,7 +24,7 @@ struct FrameWindow {
 
 /// A frame of the clip, as sourceGraph() gave it.
 struct KeptFrame {
-    QByteArray bytes;
+    QString file; ///< Its bytes.
     QSize size;
     double seconds = 0; ///< Its time, from the clip's beginning.
 };
@@ -56,6 +56,10 @@ Command sourceCommand(const Tools& tools, const FrameQuestion& question, const F
 Command locateCommand(const Tools& tools, const FrameQuestion& question, const FrameWindow& window);
 /// What a graph makes of a frame that was kept.
 Command keptCommand(const Tools& tools, const FrameQuestion& question, const KeptFrame& kept, const FrameFiles& files);
+
+/// The same for a program that is loaded ahead: it reads its graph, which is the input, from standard input, and opens
+/// no other file before.
+Command readingItsGraph(const Command& command);
 
 /// A decoder from \a from on that does not end before the clip does: what the question asks for, but for its time, made
 /// into \a size, four bytes a pixel, \a rate pictures a second; the first one is of \a from.

@@ -4,6 +4,7 @@
 #include <zokit/frames.h>
 
 #include <algorithm>
+#include <utility>
 
 #include <QBuffer>
 #include <QDateTime>
@@ -79,7 +80,9 @@ public:
     }
 
     int ask(const FrameQuestion& question);
+    void drop();
     void cancel();
+    void expectMore();
     bool isRunning() const { return m_isRunning; }
 
 private:
@@ -96,6 +99,8 @@ private:
     bool write(const QString& name, const QByteArray& bytes, QString* path);
     void decode();
     void run(Step step, const Command& command);
+    void runKept();
+    std::unique_ptr<Child> newChild();
     void ended(const ChildResult& result);
     void extracted(const ChildResult& result);
     void probed(const ReadMedia& read);
@@ -109,7 +114,11 @@ private:
     Frames* m_owner;
     Prober m_prober;
     std::unique_ptr<Child> m_child;
+    std::unique_ptr<Child> m_ahead; ///< Loaded ahead; null: none.
+    QStringList m_aheadArguments;
+    Command m_expected; ///< What it is loaded for; without arguments: nothing.
     Command m_command;
+    bool m_wasAhead = false; ///< The child that works was loaded ahead.
     Step m_step = Step::Near;
     FrameQuestion m_question;
     FrameAnswer m_answer;
@@ -130,7 +139,7 @@ private:
 
 int Frames::Private::ask(const FrameQuestion& question)
 {
-    cancel();
+    drop();
     m_question = question;
     const MediaStream* picture = question.media.picture();
     const double first = picture ? picture->start - question.media.start : 0; // Before it the first frame is shown.
@@ -147,12 +156,18 @@ int Frames::Private::ask(const FrameQuestion& question)
 }
 
 /// A child that still runs is killed here, and what it had to say is lost with it.
-void Frames::Private::cancel()
+void Frames::Private::drop()
 {
     m_isRunning = false;
     m_prober.cancel();
     if (m_child && m_child->isRunning())
         m_child.reset();
+}
+
+void Frames::Private::cancel()
+{
+    drop();
+    m_ahead.reset();
 }
 
 void Frames::Private::begin()
@@ -261,7 +276,7 @@ void Frames::Private::makeFiles()
 void Frames::Private::decode()
 {
     if (!m_keptKey.isEmpty() && m_keptKey == keyOf(m_question) && canBeKept(m_question))
-        return run(Step::Kept, keptCommand(m_tools, m_question, m_kept, m_files));
+        return runKept();
     m_isSource = m_question.isKept && canBeKept(m_question);
     m_attempt = 0;
     read(nearWindow(m_question.media, m_question.seconds, m_framesBefore), Step::Near);
@@ -278,11 +293,51 @@ void Frames::Private::run(Step step, const Command& command)
 {
     m_step = step;
     m_command = command;
-    if (!m_child) {
-        m_child = std::make_unique<Child>();
-        connect(m_child.get(), &Child::finished, this, &Private::ended);
-    }
+    m_wasAhead = false;
+    if (!m_child)
+        m_child = newChild();
     m_child->start(command);
+}
+
+/// With the program that was loaded ahead, where it is there and was meant for the same files.
+void Frames::Private::runKept()
+{
+    const Command command = keptCommand(m_tools, m_question, m_kept, m_files);
+    const Command reading = readingItsGraph(command);
+    if (m_question.kind == FrameKind::After)
+        m_expected = reading;
+    if (!m_ahead || !m_ahead->isRunning() || m_aheadArguments != reading.arguments)
+        return run(Step::Kept, command);
+    m_step = Step::Kept;
+    m_command = command;
+    m_wasAhead = true;
+    std::swap(m_child, m_ahead);
+    m_child->feed(reading.input);
+}
+
+void Frames::Private::expectMore()
+{
+    if (m_isRunning || m_expected.arguments.isEmpty())
+        return;
+    if (m_ahead && m_ahead->isRunning()) {
+        if (m_aheadArguments == m_expected.arguments)
+            return;
+        m_ahead.reset();
+    }
+    if (!m_ahead)
+        m_ahead = newChild();
+    m_aheadArguments = m_expected.arguments;
+    m_ahead->startAhead(m_expected);
+}
+
+std::unique_ptr<Child> Frames::Private::newChild()
+{
+    auto child = std::make_unique<Child>();
+    connect(child.get(), &Child::finished, this, [this, made = child.get()](const ChildResult& result) {
+        if (made == m_child.get())
+            ended(result);
+    });
+    return child;
 }
 
 void Frames::Private::ended(const ChildResult& result)
@@ -301,7 +356,10 @@ void Frames::Private::ended(const ChildResult& result)
         return run(Step::Locate, locateCommand(m_tools, m_question, m_window));
     }
     case Step::Found:
+        return took(result);
     case Step::Kept:
+        if (std::exchange(m_wasAhead, false) && !result.isGood())
+            return run(Step::Kept, m_command); // What was loaded ahead may have come to harm meanwhile.
         return took(result);
     }
 }
@@ -336,11 +394,13 @@ void Frames::Private::took(const ChildResult& result)
         m_answer.frame.bytes = bytes;
         return answer(m_answer.frame);
     }
-    m_kept.bytes = bytes;
+    m_keptKey.clear();
+    if (!write(QStringLiteral("frame.raw"), bytes, &m_kept.file))
+        return;
     m_kept.size = sourceGraph(m_question.settings, m_question.media).size;
     m_kept.seconds = secondsOf(ticks.at(count - 1), m_window, m_question.media);
     m_keptKey = keyOf(m_question);
-    run(Step::Kept, keptCommand(m_tools, m_question, m_kept, m_files));
+    runKept();
 }
 
 void Frames::Private::answer(const ClipFrame& frame)
@@ -369,6 +429,11 @@ int Frames::ask(const FrameQuestion& question)
 void Frames::cancel()
 {
     d->cancel();
+}
+
+void Frames::expectMore()
+{
+    d->expectMore();
 }
 
 bool Frames::isRunning() const

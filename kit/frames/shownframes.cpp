@@ -18,7 +18,8 @@ namespace zokit {
 
 namespace {
 
-constexpr int restTime = 100; // Milliseconds without a change: then nothing moves any more.
+constexpr int restTime =
+    50; // Milliseconds without a change: longer than from one picture of a clip that plays to the next.
 constexpr QSize largestOnTheWay(960, 540);
 
 /// The settings that a frame without crop and watermarks depends on.
@@ -110,6 +111,8 @@ void ShownFrames::Private::askNext()
         ask(FrameKind::Whole, settings);
     else if (beforeWanted && !before.isOf(ofBefore(settings), seconds))
         ask(FrameKind::Before, settings);
+    else if (frames)
+        frames->expectMore();
 }
 
 /// The true frames wait until the moment has come to rest.

@@ -62,8 +62,8 @@ struct ZOKIT_EXPORT FrameAnswer {
 /// the watermarks on top. Null for a null picture. Takes a QGuiApplication.
 ZOKIT_EXPORT QImage previewPicture(const Settings& settings, const QImage& whole);
 
-/// Gets frames out of clips: exactly those that a conversion hands to its encoder, by the same graph. One child at a
-/// time. To be used on the main thread, with a QGuiApplication.
+/// Gets frames out of clips: exactly those that a conversion hands to its encoder, by the same graph. One child works
+/// at a time. To be used on the main thread, with a QGuiApplication.
 class ZOKIT_EXPORT Frames : public QObject {
     Q_OBJECT
 
@@ -75,8 +75,12 @@ public:
 
     /// Asks; a question that is open is dropped and gets no answer. The number of the question, from 1.
     int ask(const FrameQuestion& question);
-    /// Drops the open question.
+    /// Drops the open question, and what was loaded ahead.
     void cancel();
+    /// Loads ffmpeg ahead for the next question of the frame that was kept last: in an editor the same one with other
+    /// values, which is answered sooner then. A child waits until it comes. Nothing happens while a question is open,
+    /// or where no frame of FrameKind::After was kept.
+    void expectMore();
     /// Whether a question is open.
     bool isRunning() const;
 

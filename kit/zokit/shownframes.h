@@ -20,7 +20,8 @@ class FileSettings;
 /// The frames of a clip at one moment that a view shows while its settings are edited. It asks Frames for them one
 /// after the other, as soon as settings and moment have come to rest; meanwhile output() is null, and paintPreview()
 /// makes a stand-in out of whole(). While somebody drags through the clip, a decoder that runs on brings small pictures
-/// for whole(). To be used on the main thread, with a QGuiApplication.
+/// for whole(). One child works on a frame, one on the way, and one waits, loaded for the next change of a value. To be
+/// used on the main thread, with a QGuiApplication.
 class ZOKIT_EXPORT ShownFrames : public QObject {
     Q_OBJECT
 

@@ -3,6 +3,8 @@
 
 // Frames out of clips: the right one at each time, and the very one that a conversion hands to its encoder.
 
+#include <csignal>
+
 #include <QRandomGenerator>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -77,6 +79,7 @@ private Q_SLOTS:
     void screenShowsItsColours();
     void wholeFrameIsNeitherCutNorScaled();
     void keptFrameTakesNoDecoding();
+    void loadedAheadAnswersTheSame();
     void onlyTheLatestIsTold();
     void fileOfPicturesKeepsItsTimes();
     void correctedSubtitlesAreShown();
@@ -208,6 +211,57 @@ void TestKitFrames::keptFrameTakesNoDecoding()
     QCOMPARE(flipped.left(160), first.mid(160 * 119, 160));
     question.seconds = 0.3;
     QVERIFY(!zokit::frame(frames, question).error.isEmpty());
+}
+
+void TestKitFrames::loadedAheadAnswersTheSame()
+{
+    zokit::Tools tools = zokit::findTools();
+    const QString log = m_folder.filePath(QStringLiteral("starts"));
+    QFile told(m_folder.filePath(QStringLiteral("ffmpeg")));
+    QVERIFY(told.open(QIODevice::WriteOnly));
+    told.write(QStringLiteral("#!/bin/sh\necho $$ >> '%1'\nexec %2 \"$@\"\n").arg(log, tools.ffmpeg).toLocal8Bit());
+    told.close();
+    QVERIFY(told.setPermissions(QFile::ReadOwner | QFile::ExeOwner));
+    tools.ffmpeg = told.fileName();
+    const auto starts = [&log] {
+        QFile file(log);
+        return file.open(QIODevice::ReadOnly) ? file.readAll().trimmed().split('\n') : QList<QByteArray>();
+    };
+    FrameQuestion question = questionOf(QStringLiteral("lossless.mkv"), 0.2);
+    question.isKept = true;
+    Frames frames(tools);
+    frames.expectMore(); // There is nothing yet that it could be loaded for.
+    const QByteArray first = zokit::frame(frames, question).frame.bytes;
+    QCOMPARE(starts().size(), 2); // The clip's frame, and what comes out.
+
+    frames.expectMore();
+    frames.expectMore();
+    QTRY_COMPARE(starts().size(), 3);
+    graphsupport::useEffect(question.settings, QStringLiteral("Flip"));
+    const QByteArray flipped = zokit::frame(frames, question).frame.bytes;
+    QCOMPARE(flipped.left(160), first.mid(160 * 119, 160));
+    QCOMPARE(starts().size(), 3);
+
+    frames.expectMore();
+    QTRY_COMPARE(starts().size(), 4);
+    QCOMPARE(kill(starts().constLast().toInt(), SIGKILL), 0);
+    QCOMPARE(zokit::frame(frames, question).frame.bytes, flipped);
+    QCOMPARE(starts().size(), 5);
+
+    frames.expectMore();
+    QTRY_COMPARE(starts().size(), 6);
+    graphsupport::append(question.settings, "Watermark", // Another file, for which it was not loaded.
+                         {{QStringLiteral("wm_imageurl"), kitsupport::logoPath(40, 30)},
+                          {QStringLiteral("wm_imagewidth"), 40},
+                          {QStringLiteral("wm_imageheight"), 30}});
+    QVERIFY(zokit::frame(frames, question).frame.bytes != flipped);
+    QCOMPARE(starts().size(), 7);
+    frames.expectMore();
+    QTRY_COMPARE(starts().size(), 8);
+    frames.cancel();
+    QCOMPARE(childwatch::children(), QVector<qint64>());
+    question.settings.find(QStringLiteral("Watermark"))->items.clear();
+    QCOMPARE(zokit::frame(frames, question).frame.bytes, flipped);
 }
 
 void TestKitFrames::onlyTheLatestIsTold()
