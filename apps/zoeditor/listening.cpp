@@ -67,7 +67,7 @@ Listening::Listening(const zokit::Tools& tools, std::unique_ptr<SoundDevice> dev
     });
 }
 
-void Listening::start(const zokit::SoundQuestion& question)
+void Listening::start(const zokit::SoundQuestion& question, const QString& file)
 {
     const bool wasActive = isActive();
     silence();
@@ -75,8 +75,22 @@ void Listening::start(const zokit::SoundQuestion& question)
     if (!m_samples) {
         m_samples = std::make_unique<zokit::SoundSamples>(m_tools);
         connect(m_samples.get(), &zokit::SoundSamples::answered, this, &Listening::play);
+        m_prober = std::make_unique<zokit::Prober>(m_tools);
+        connect(m_prober.get(), &zokit::Prober::finished, this, [this](const zokit::ReadMedia& read) {
+            if (!read.media)
+                return fail(read.error.text());
+            m_question.media = *read.media;
+            m_question.stream = -1;
+            m_samples->ask(m_question);
+        });
     }
-    m_samples->ask(question);
+    m_samples->cancel();
+    m_prober->cancel();
+    m_question = question;
+    if (file.isEmpty())
+        m_samples->ask(question);
+    else
+        m_prober->probe(file);
     if (!wasActive)
         emit activeChanged(true);
 }
@@ -85,8 +99,10 @@ void Listening::stop()
 {
     const bool wasMaking = isMaking();
     const bool wasPlaying = silence();
-    if (m_samples)
+    if (m_samples) {
         m_samples->cancel();
+        m_prober->cancel();
+    }
     if (m_player.isRunning())
         m_player.cancel(); // Its end is told.
     else if (wasMaking || wasPlaying)

@@ -220,7 +220,8 @@ void TimeLine::makeListening(const Actions& actions, QHBoxLayout* row)
     });
 }
 
-/// From the play head on; of the clip's tracks the one that is shown in the list, else the first selected one.
+/// From the play head on: the track that is shown in the list, also that of a file beside the clip, else the first
+/// selected one.
 void TimeLine::listen(bool withEffects)
 {
     const zokit::FileSettings* file = m_session.current();
@@ -232,14 +233,20 @@ void TimeLine::listen(bool withEffects)
     question.media = *media;
     question.from = m_frames.seconds();
     question.withEffects = withEffects;
-    for (const zokit::Identity track : file->items(QStringLiteral("Audio"))) {
-        const bool isChosen = track == m_session.thing(); // It is heard, so that tracks can be compared.
-        const bool isHeard =
-            isChosen || (question.stream < 0 && file->value(track, QStringLiteral("selected")).toBool());
-        if (isHeard && !file->value(track, QStringLiteral("audio_isfile")).toBool())
-            question.stream = file->value(track, QStringLiteral("trackid")).toInt();
-    }
-    m_listening->start(question);
+    const QVector<zokit::Identity> tracks = file->items(QStringLiteral("Audio"));
+    const auto isChosen = [this](zokit::Identity track) { return track == m_session.thing(); };
+    const auto isSelected = [file](zokit::Identity track) {
+        return file->value(track, QStringLiteral("selected")).toBool();
+    };
+    auto heard = std::find_if(tracks.cbegin(), tracks.cend(), isChosen); // So that tracks can be compared.
+    if (heard == tracks.cend())
+        heard = std::find_if(tracks.cbegin(), tracks.cend(), isSelected);
+    QString beside;
+    if (heard != tracks.cend() && file->value(*heard, QStringLiteral("audio_isfile")).toBool())
+        beside = file->value(*heard, QStringLiteral("file")).toString();
+    else if (heard != tracks.cend())
+        question.stream = file->value(*heard, QStringLiteral("trackid")).toInt();
+    m_listening->start(question, beside);
 }
 
 double TimeLine::length() const
