@@ -129,3 +129,19 @@ void ProgramRun::run(const QList<QByteArray>& arguments, const char* language)
     start(arguments, language);
     wait();
 }
+
+FullDisk::FullDisk(qint64 bytes) : m_ignored(std::signal(SIGXFSZ, SIG_IGN))
+{
+    ::getrlimit(RLIMIT_FSIZE, &m_old);
+    const rlimit limit = {static_cast<rlim_t>(bytes), m_old.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+    // A build that counts which lines run would cut the files that all its programs count in.
+    qputenv("GCOV_PREFIX", QFile::encodeName(m_counts.path()));
+}
+
+FullDisk::~FullDisk()
+{
+    qunsetenv("GCOV_PREFIX");
+    ::setrlimit(RLIMIT_FSIZE, &m_old);
+    std::signal(SIGXFSZ, m_ignored);
+}

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <sys/resource.h>
+
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
@@ -50,4 +52,18 @@ private:
     int m_child = 0;
     QTemporaryDir m_folder;
     QTemporaryDir m_configuration;
+};
+
+/// As long as it lives, what is started writes no file of more bytes, as on a disk that is full.
+class FullDisk {
+public:
+    explicit FullDisk(qint64 bytes);
+    ~FullDisk();
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+private:
+    void (*m_ignored)(int);
+    rlimit m_old = {};
+    QTemporaryDir m_counts;
 };

@@ -3,10 +3,6 @@
 
 // Command lines of zoconvert: what they print, what they say, how they end.
 
-#include <csignal>
-
-#include <sys/resource.h>
-
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -491,13 +487,10 @@ void TestZoconvert::defaultsAreSavedShownAndForgotten()
 void TestZoconvert::defaultThatCannotBeWrittenFails()
 {
     ProgramRun program;
-    rlimit limit{};
-    QCOMPARE(getrlimit(RLIMIT_FSIZE, &limit), 0);
-    const rlimit none{0, limit.rlim_max};
-    std::signal(SIGXFSZ, SIG_IGN);
-    setrlimit(RLIMIT_FSIZE, &none); // As a full disk.
-    program.run({"default", "save", "Color", "b.zoeffect.json"});
-    setrlimit(RLIMIT_FSIZE, &limit);
+    {
+        const FullDisk disk(0);
+        program.run({"default", "save", "Color", "b.zoeffect.json"});
+    }
     QCOMPARE(program.code, 1);
     program.run({"default", "list"});
     QCOMPARE(program.out, QString());

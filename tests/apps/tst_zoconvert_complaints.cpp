@@ -5,8 +5,6 @@
 
 #include <csignal>
 
-#include <sys/resource.h>
-
 #include <QDateTime>
 #include <QDir>
 #include <QDirIterator>
@@ -77,15 +75,10 @@ void TestZoconvertComplaints::aFullDiskIsNoSuccess()
     ProgramRun run;
     put(run, "long.ts", "long.ts");
     const QString before = run.files();
-    rlimit old = {};
-    ::getrlimit(RLIMIT_FSIZE, &old);
-    constexpr rlim_t little = 20 * 1024;
-    const rlimit limit = {little, old.rlim_max};
-    const auto ignored = std::signal(SIGXFSZ, SIG_IGN); // Writing fails, as on a disk that is full.
-    ::setrlimit(RLIMIT_FSIZE, &limit);
-    run.run({"convert", "long.ts", "-o", "new.mkv", "--progress", "json"});
-    ::setrlimit(RLIMIT_FSIZE, &old);
-    std::signal(SIGXFSZ, ignored);
+    {
+        const FullDisk disk(20 * 1024);
+        run.run({"convert", "long.ts", "-o", "new.mkv", "--progress", "json"});
+    }
     QCOMPARE(run.code, 1);
     const QStringList events = eventsOf(run.out);
     QVERIFY2(events.filter(QRegularExpression(QStringLiteral("^failed: "))).size() == 1, qPrintable(run.out));

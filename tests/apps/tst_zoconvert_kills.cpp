@@ -10,7 +10,6 @@
 
 #include <fcntl.h>
 #include <sys/prctl.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -54,28 +53,6 @@ void send(qint64 process, int signal)
 {
     ::kill(static_cast<pid_t>(process), signal);
 }
-
-/// As long as it lives, what is started writes no file of more bytes, as on a disk that is full.
-class FullDisk {
-public:
-    explicit FullDisk(qint64 bytes) : m_ignored(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        ::getrlimit(RLIMIT_FSIZE, &m_old);
-        const rlimit limit = {static_cast<rlim_t>(bytes), m_old.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FullDisk()
-    {
-        ::setrlimit(RLIMIT_FSIZE, &m_old);
-        std::signal(SIGXFSZ, m_ignored);
-    }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-
-private:
-    void (*m_ignored)(int);
-    rlimit m_old = {};
-};
 
 /// Standard error of what runs from now on: a pipe that is full until it is read.
 class FullPipe {

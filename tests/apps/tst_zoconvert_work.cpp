@@ -3,10 +3,6 @@
 
 // zoconvert command, plan and work: conversions as data, done elsewhere or later.
 
-#include <csignal>
-
-#include <sys/resource.h>
-
 #include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -133,15 +129,10 @@ void TestZoconvertWork::aFullDiskLeavesNoPlan()
 {
     ProgramRun run;
     fill(run);
-    rlimit old = {};
-    ::getrlimit(RLIMIT_FSIZE, &old);
-    constexpr rlim_t little = 600; // Room for a sentence, and for a part of a job.
-    const rlimit limit = {little, old.rlim_max};
-    const auto ignored = std::signal(SIGXFSZ, SIG_IGN); // Writing fails, as on a disk that is full.
-    ::setrlimit(RLIMIT_FSIZE, &limit);
-    run.run({"plan", "clip.mp4", "--plan", "p"});
-    ::setrlimit(RLIMIT_FSIZE, &old);
-    std::signal(SIGXFSZ, ignored);
+    {
+        const FullDisk disk(600); // Room for a sentence, and for a part of a job.
+        run.run({"plan", "clip.mp4", "--plan", "p"});
+    }
     QVERIFY2(run.err.startsWith(QStringLiteral("zoconvert: p cannot be written: ")), qPrintable(run.err));
     QCOMPARE(run.code, 1);
     QVERIFY(!QFile::exists(run.path("p")));
