@@ -3,6 +3,7 @@
 
 #include <QtTest>
 
+#include <zokit/conversion.h>
 #include <zokit/trackplan.h>
 
 #include "graphsupport.h"
@@ -27,6 +28,12 @@ private slots:
     void hdrIsKeptWhereTheCodecTells();
     void takenOptions_data();
     void takenOptions();
+    void eachTrackHasItsFate_data();
+    void eachTrackHasItsFate();
+    void arguments_data();
+    void arguments();
+    void resultIsHeldAgainstThePlan_data();
+    void resultIsHeldAgainstThePlan();
 };
 
 namespace {
@@ -141,6 +148,310 @@ void TestKitTrackPlan::takenOptions()
     QFETCH(const TracksPlan, plan);
     QFETCH(const Values, taken);
     QCOMPARE(zokit::takenOptions(plan), taken);
+}
+
+namespace {
+
+/// What a row changes of a clip with a picture in H.264, two sounds in AAC, a subtitle of text and a picture beside.
+struct Given {
+    zokit::Settings settings = graphsupport::plain(QSize(1280, 720));
+    zokit::MediaInfo media = graphsupport::clip(QSize(1280, 720));
+    QMap<QString, zokit::MediaInfo> files;
+
+    Given()
+    {
+        media.streams.first().track.codec = key("h264");
+        for (const auto& [kind, codec] :
+             {std::pair(TrackKind::Audio, "aac"), std::pair(TrackKind::Audio, "aac"),
+              std::pair(TrackKind::Subtitle, "subrip"), std::pair(TrackKind::Video, "mjpeg")}) {
+            zokit::MediaStream stream;
+            stream.track.index = int(media.streams.size());
+            stream.track.kind = kind;
+            stream.track.codec = key(codec);
+            stream.sampleRate = 48000;
+            stream.channels = 2;
+            stream.coded = stream.shown = QSize(64, 48);
+            media.streams.append(stream);
+        }
+    }
+    zokit::MediaStream& stream(int index) { return media.streams[index]; }
+    void option(const char* name, const QVariant& value) { settings.output.insert(key(name), value); }
+    void item(const char* type, const Values& values) { graphsupport::append(settings, type, values); }
+};
+
+struct Fates {
+    const char* name;
+    const char* container;
+    void (*set)(Given& given);
+    const char* lines; ///< Of the tracks that are told, or the warning or the error behind them.
+};
+
+const Fates allFates[] = {
+    {"everything stays", "mkv", [](Given&) {},
+     "track 0 (video, h264): copied\ntrack 4 (video, mjpeg): copied\ntrack 1 (audio, aac): copied\n"
+     "track 2 (audio, aac): copied\ntrack 3 (subtitle, subrip): copied"},
+    {"a picture that is to be copied where it does not fit", "webm",
+     [](Given& g) { g.option("video-codec", key("copy")); },
+     "error: webm cannot hold h264. Choose another container, for example mkv, or another codec."},
+    {"a sound that is to be copied where it does not fit", "webm",
+     [](Given& g) { g.option("audio-codec", key("copy")); },
+     "error: webm cannot hold aac. Choose another container, for example mkv, or another codec."},
+    {"a codec of sound that does not fit", "webm", [](Given& g) { g.option("audio-codec", key("aac")); },
+     "error: webm cannot hold aac. Choose another container, for example mkv, or another codec."},
+    {"a turned picture that is to be copied", "mkv",
+     [](Given& g) {
+         g.stream(0).rotation = 90;
+         g.option("video-codec", key("copy"));
+     },
+     "warning: mkv cannot say that the picture is turned; players will show it lying. Leave out video-codec copy, or "
+     "take mp4."},
+    {"a copy at another bit rate", "mkv",
+     [](Given& g) {
+         g.option("audio-codec", key("copy"));
+         g.option("audio-bitrate", 96);
+     },
+     "error: audio-codec copy leaves the track as it is, but another setting changes it. Leave out one of the two."},
+    {"HDR without the words of its screen", "mkv",
+     [](Given& g) {
+         g.stream(0).isHdr = true;
+         g.stream(0).hdr.insert(key("max-cll"), key("1000,400"));
+         g.option("video-codec", key("vp9"));
+     },
+     "warning: What the clip says of the screen it was made on is lost in vp9. Take video-codec hevc to keep it."},
+    {"a pixel format of the source that the codec lacks", "mkv",
+     [](Given& g) {
+         g.stream(0).pixelFormat = key("yuv411p");
+         g.option("pixel-format", key("source"));
+     },
+     "warning: h264 takes no yuv411p; yuv420p is taken."},
+    {"a pixel format that the codec lacks", "mkv",
+     [](Given& g) {
+         g.option("video-codec", key("vp9"));
+         g.option("pixel-format", key("gray"));
+     },
+     "error: vp9 takes no pixel format gray. Take yuv420p, or source."},
+    {"a quality of what has none", "mkv",
+     [](Given& g) {
+         g.option("video-codec", key("ffv1"));
+         g.option("quality", 20);
+     },
+     "error: quality means nothing to ffv1. Leave it out."},
+    {"a speed of an encoder that has none", "mkv",
+     [](Given& g) {
+         g.option("video-codec", key("ffv1"));
+         g.option("encoder-speed", key("fast"));
+     },
+     "error: encoder-speed means nothing to ffv1. Leave it out."},
+    {"pictures beside that do not fit", "mp4", [](Given&) {},
+     "track 4 (video, mjpeg): left out, because mp4 holds no mjpeg"},
+    {"pictures beside of an unknown kind", "mkv", [](Given& g) { g.stream(4).track.codec.clear(); },
+     "track 4 (video): left out, because ffmpeg does not know its codec"},
+    {"another speed", "mkv",
+     [](Given& g) {
+         graphsupport::set(g.settings, "Audio_Speed", "audio_effect_flag", true);
+         graphsupport::set(g.settings, "Audio_Speed", "audio_speed_factor", 200);
+         g.stream(3).track.codec = key("hdmv_pgs_subtitle");
+     },
+     "track 4 (video, mjpeg): left out, because it cannot follow the change of speed\n"
+     "track 1 (audio, aac): converted to aac\ntrack 2 (audio, aac): converted to aac\n"
+     "track 3 (subtitle, hdmv_pgs_subtitle): left out, because it cannot follow the change of speed"},
+    {"the others are dropped", "mkv",
+     [](Given& g) {
+         g.option("other-tracks", key("drop"));
+         g.item("Audio", {{key("trackid"), 2}});
+         g.stream(4).isCover = true;
+     },
+     "track 0 (video, h264): copied\ntrack 2 (audio, aac): copied\n"
+     "track 1 (audio, aac): left out, because other tracks are dropped\n"
+     "track 3 (subtitle, subrip): left out, because other tracks are dropped\n"
+     "track 4 (cover, mjpeg): left out, because other tracks are dropped"},
+    {"pictures beside are dropped", "mkv", [](Given& g) { g.option("other-tracks", key("drop")); },
+     "track 4 (video, mjpeg): left out, because other tracks are dropped"},
+    {"data", "mkv", [](Given& g) { g.stream(4).track.kind = TrackKind::Data; },
+     "track 4 (data, mjpeg): left out, because data cannot be carried over"},
+    {"a sound that is chosen twice", "mkv",
+     [](Given& g) {
+         g.item("Audio", {{key("trackid"), 2}});
+         g.item("Audio", {{key("trackid"), 2}});
+     },
+     "track 2 (audio, aac): copied\ntrack 1 (audio, aac): copied\ntrack 3 (subtitle, subrip): copied"},
+    {"a sound that is none", "mkv",
+     [](Given& g) {
+         g.item("Audio", {{key("trackid"), 3}});
+     },
+     "error: The clip has no such track 3. Choose one that it has."},
+    {"a file without sound", "mkv",
+     [](Given& g) {
+         g.item("Audio", {{key("audio_isfile"), true}, {key("file"), key("/a.mkv")}});
+         g.files.insert(key("/a.mkv"), graphsupport::clip(QSize(64, 48)));
+     },
+     "error: /a.mkv has no sound. Choose another file."},
+    {"nothing to burn into", "mkv",
+     [](Given& g) {
+         g.media.streams.removeLast();
+         g.stream(0).track.kind = TrackKind::Data;
+         g.item("Subtitle", {{key("trackid"), 3}});
+         g.option("burn-subtitles", true);
+     },
+     "error: The clip has no picture to burn subtitles into. Use --soft-subtitles, or leave them out."},
+    {"a file that is burned in", "mkv",
+     [](Given& g) {
+         g.item("Subtitle", {{key("sub_fromfile"), true}, {key("file"), key("/a.srt")}});
+     },
+     "track a.srt (subtitle): burned in\ntrack 3 (subtitle, subrip): copied"},
+    {"a style that is lost", "mp4",
+     [](Given& g) {
+         g.item("Subtitle", {{key("trackid"), 3}, {key("sub_fontsize"), 40}});
+         g.option("soft-subtitles", true);
+     },
+     "warning: mp4 keeps no style of subtitles. Take mkv to keep it, or burn them in."},
+};
+
+} // namespace
+
+void TestKitTrackPlan::eachTrackHasItsFate_data()
+{
+    QTest::addColumn<int>("row");
+    for (std::size_t row = 0; row < std::size(allFates); ++row)
+        QTest::newRow(allFates[row].name) << int(row);
+}
+
+void TestKitTrackPlan::eachTrackHasItsFate()
+{
+    QFETCH(const int, row);
+    const Fates& expected = allFates[row];
+    Given given;
+    expected.set(given);
+    const TracksPlan plan = zokit::planTracks(given.settings, given.media, given.files, key(expected.container));
+    QStringList said;
+    for (const TrackPlan& track : plan.tracks)
+        said.append(track.line().text());
+    for (const Message& warning : plan.warnings)
+        said.append(key("warning: ") + warning.text());
+    said.append(key("error: ") + plan.error.text());
+    const QString lines = said.join(QLatin1Char('\n')) + QLatin1Char('\n');
+    QVERIFY2(lines.contains(key(expected.lines) + QLatin1Char('\n')), qPrintable(lines));
+    QCOMPARE(plan.error.isEmpty(), !key(expected.lines).startsWith(QLatin1String("error: ")));
+}
+
+namespace {
+
+struct Words {
+    const char* name;
+    const char* container;
+    void (*set)(Given& given);
+    const char* words; ///< That stand somewhere among the arguments, in this order.
+};
+
+const Words allWords[] = {
+    {"an encoded picture keeps its name", "mkv",
+     [](Given& g) {
+         g.option("video-codec", key("h264"));
+         g.stream(0).track.language = key("fra");
+         g.stream(0).track.title = key("Two cats");
+     },
+     "-metadata:s:v:0|language=fra|-metadata:s:v:0|title=Two cats"},
+    {"a sound without end, and a clip of unknown length", "mkv",
+     [](Given& g) {
+         g.item("Audio", {{key("audio_isfile"), true}, {key("play_loop"), true}, {key("file"), key("/a.wav")}});
+         g.files.insert(key("/a.wav"), Given().media);
+     },
+     "-shortest|-max_muxing_queue_size"},
+    {"the same, and a known length", "mkv",
+     [](Given& g) {
+         g.item("Audio", {{key("audio_isfile"), true}, {key("play_loop"), true}, {key("file"), key("/a.wav")}});
+         g.files.insert(key("/a.wav"), Given().media);
+         g.media.seconds = 7;
+     },
+     "-t|7.000000|-max_muxing_queue_size"},
+    {"pictures of a file as subtitles, in a part", "mkv",
+     [](Given& g) {
+         g.item("Subtitle", {{key("sub_fromfile"), true}, {key("file"), key("/a.sup")}});
+         g.option("trim", QVariantList{2.0, 3.0});
+         g.files.insert(key("/a.sup"), {});
+         g.files[key("/a.sup")].start = 0.5;
+     },
+     "-itsoffset|-1.500000|"},
+    {"pictures of the clip as subtitles, in a part far inside", "mkv",
+     [](Given& g) {
+         g.stream(3).track.codec = key("hdmv_pgs_subtitle");
+         g.item("Subtitle", {{key("trackid"), 3}});
+         g.option("burn-subtitles", true);
+         g.option("trim", QVariantList{200.0, 201.0});
+     },
+     "-itsoffset|-120.001000|-ss|80.000000|"},
+    {"other encoders of sound", "mkv", [](Given& g) { g.option("audio-codec", key("mp3")); },
+     "-c:a:0|libmp3lame|-b:a:0|192k|"},
+    {"more channels than MP3 has", "mkv",
+     [](Given& g) {
+         g.option("audio-codec", key("mp3"));
+         g.stream(1).channels = 6;
+     },
+     "-filter:a:0|aformat=channel_layouts=stereo|-c:a:0|libmp3lame|"},
+    {"channels that Opus takes", "mkv",
+     [](Given& g) {
+         g.option("audio-codec", key("opus"));
+         g.stream(1).channels = 6;
+     },
+     "-filter:a:0|aformat=channel_layouts=7.1|6.1|5.1|5.0|quad|3.0|stereo|-c:a:0|libopus|-b:a:0|384k|"},
+    {"channels that FLAC takes", "mkv",
+     [](Given& g) {
+         g.option("audio-codec", key("flac"));
+         g.stream(1).channels = 6;
+     },
+     "-map|0:1|-c:a:0|flac|-disposition:a:0|"},
+};
+
+} // namespace
+
+void TestKitTrackPlan::arguments_data()
+{
+    QTest::addColumn<int>("row");
+    for (std::size_t row = 0; row < std::size(allWords); ++row)
+        QTest::newRow(allWords[row].name) << int(row);
+}
+
+void TestKitTrackPlan::arguments()
+{
+    QFETCH(const int, row);
+    const Words& expected = allWords[row];
+    Given given;
+    expected.set(given);
+    const TracksPlan plan = zokit::planTracks(given.settings, given.media, given.files, key(expected.container));
+    QCOMPARE(plan.error.text(), QString());
+    zokit::Job job;
+    job.settings = given.settings;
+    const QString words = zokit::convertCommand({}, job, given.media, given.files, plan, {}, key("/out.mkv"))
+                              .arguments.join(QLatin1Char('|'));
+    QVERIFY2(words.contains(key(expected.words)), qPrintable(words));
+}
+
+void TestKitTrackPlan::resultIsHeldAgainstThePlan_data()
+{
+    QTest::addColumn<QString>("codec"); // Of the sound.
+    QTest::addColumn<double>("seconds");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("as it should be") << "aac" << 60.0 << "";
+    QTest::newRow("another sound") << "mp3" << 60.0 << "The result should hold aac, and holds mp3. It was not kept.";
+    QTest::newRow("a frame short") << "aac" << 58.8 << "";
+    QTest::newRow("too short") << "aac" << 58.7 << "The result has 58.7 s of 60.0 s.";
+}
+
+void TestKitTrackPlan::resultIsHeldAgainstThePlan()
+{
+    QFETCH(const QString, codec);
+    QFETCH(const double, seconds);
+    QFETCH(const QString, expected);
+    TracksPlan plan;
+    plan.tracks = {track(TrackKind::Audio, TrackFate::Encoded, "aac"), track(TrackKind::Audio, TrackFate::LeftOut, "")};
+    zokit::MediaInfo result;
+    result.streams.resize(1);
+    result.streams.first().track.kind = TrackKind::Audio;
+    result.streams.first().track.codec = codec;
+    result.seconds = seconds;
+    bool isShort = false;
+    QCOMPARE(zokit::checkResult(result, plan, 60, &isShort).text(), expected);
+    QCOMPARE(isShort, expected.startsWith(QLatin1String("The result has")));
 }
 
 ZOEFFECT_TEST_MAIN(TestKitTrackPlan)
