@@ -81,10 +81,7 @@ QString dispositionOf(const MediaStream* stream, bool isDefault)
         for (auto it = stream->dispositions.cbegin(); it != stream->dispositions.cend(); ++it)
             if (it.value() && it.key() != QLatin1String("default"))
                 flags.append(it.key());
-        if (stream->track.forced && !flags.contains(QStringLiteral("forced")))
-            flags.append(QStringLiteral("forced"));
     }
-    flags.removeDuplicates();
     return flags.isEmpty() ? QStringLiteral("0") : flags.join(QLatin1Char('+'));
 }
 
