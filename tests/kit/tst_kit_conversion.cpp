@@ -31,6 +31,8 @@ using zokit::Job;
 using zokit::MediaInfo;
 using zokit::Outcome;
 
+Q_DECLARE_METATYPE(zokit::FailureKind)
+
 namespace {
 
 constexpr int patience = 60000; // Milliseconds; only a hang takes so long.
@@ -147,6 +149,8 @@ private Q_SLOTS:
     void memoryGrowsWithFrameAndThreads();
     void isRefused_data();
     void isRefused();
+    void failureTellsItsReason_data();
+    void failureTellsItsReason();
     void skipsWhatIsThere();
     void leavesNothingWhenCancelled_data();
     void leavesNothingWhenCancelled();
@@ -611,6 +615,75 @@ void TestKitConversion::isRefused()
     QCOMPARE(there.readAll(), QByteArray("mine"));
     QVERIFY(there.remove());
     QVERIFY(QDir(path(QStringLiteral("folder.mp4"))).removeRecursively());
+    QCOMPARE(QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), QStringList());
+}
+
+void TestKitConversion::failureTellsItsReason_data()
+{
+    QTest::addColumn<QString>("script"); // Instead of ffmpeg; empty: there is no such program.
+    QTest::addColumn<Edits>("edits");
+    QTest::addColumn<zokit::FailureKind>("kind");
+    QTest::addColumn<QString>("expected"); // With the warnings.
+
+    const auto row = [](const char* name, const char* script, const Edits& edits, zokit::FailureKind kind,
+                        const char* expected) {
+        QTest::newRow(name) << QString::fromUtf8(script) << edits << kind << QString::fromUtf8(expected);
+    };
+    using zokit::FailureKind;
+    const QVariantMap file{{QStringLiteral("sub_fromfile"), true},
+                           {QStringLiteral("file"), clips::clip(QStringLiteral("text.srt"))}};
+    row("a full disk", "echo 'av_interleaved_write_frame(): No space left on device' >&2; exit 1", {},
+        FailureKind::Temporary, "ffmpeg failed: av_interleaved_write_frame(): No space left on device");
+    row("an encoder that this ffmpeg lacks", "echo \"Unknown encoder 'libx264'\" >&2; exit 1", {}, FailureKind::Setup,
+        "ffmpeg failed: Unknown encoder 'libx264'");
+    row("what it says of the file", "echo 'Invalid data found' >&2; exit 1", {}, FailureKind::Lasting,
+        "ffmpeg failed: Invalid data found");
+    row("killed", "kill -9 $$", {}, FailureKind::Temporary,
+        "ffmpeg was ended by signal 9. Try again, with more memory at hand.");
+    row("killed while it measures", "kill -9 $$", {{QStringLiteral("Audio_Normalize:audio_effect_flag"), true}},
+        FailureKind::Temporary, "ffmpeg was ended by signal 9. Try again, with more memory at hand.");
+    row("a peak that it does not tell", "exit 0", {{QStringLiteral("Audio_Normalize:audio_effect_flag"), true}},
+        FailureKind::Lasting, "The peak of the sound could not be measured. Leave Audio_Normalize out.");
+    row("subtitles without a line", "case \"$*\" in *-progress*) exit 1;; esac", {{QStringLiteral("Subtitle"), file}},
+        FailureKind::Lasting, "ffmpeg failed: \nThe subtitles hold no line.");
+    row("another result", "for last; do :; done; cp SILENT \"${last#file:}\"", {}, FailureKind::Lasting,
+        "The result should hold h264, and holds ffv1. It was not kept.");
+    row("no program", "", {}, FailureKind::Setup, "ffmpeg could not be started");
+    row("a sound file that is none", "exit 0",
+        {{QStringLiteral("Audio"),
+          QVariantMap{{QStringLiteral("audio_isfile"), true}, {QStringLiteral("file"), QStringLiteral("/gone.wav")}}}},
+        FailureKind::Setup, "/gone.wav: no such file.");
+}
+
+void TestKitConversion::failureTellsItsReason()
+{
+    QFETCH(QString, script);
+    QFETCH(Edits, edits);
+    QFETCH(zokit::FailureKind, kind);
+    QFETCH(QString, expected);
+    const QTemporaryDir folder;
+    zokit::Tools tools = zokit::findTools();
+    tools.ffmpeg = folder.filePath(QStringLiteral("ffmpeg"));
+    if (!script.isEmpty()) {
+        QFile program(tools.ffmpeg);
+        QVERIFY(program.open(QIODevice::WriteOnly));
+        script.replace(QLatin1String("SILENT"), clips::clip(QStringLiteral("silent.mkv")));
+        program.write("#!/bin/sh\n" + script.toUtf8() + '\n');
+        QVERIFY(program.setPermissions(QFile::ReadOwner | QFile::ExeOwner));
+    }
+    Conversion conversion(tools);
+    QSignalSpy ended(&conversion, &Conversion::finished);
+    Job job;
+    job.input = clips::clip(QStringLiteral("plain.mp4"));
+    job.output = path(QStringLiteral("result.mp4"));
+    job.media = zokit::probe(tools, job.input).media;
+    job.settings = settingsFor(*job.media, edits);
+    conversion.start(job);
+    QVERIFY(ended.wait(patience));
+    const auto result = ended.first().first().value<ConversionResult>();
+    QCOMPARE(result.outcome, Outcome::Failed);
+    QCOMPARE(result.kind, kind);
+    QVERIFY2(said(result).startsWith(expected), qPrintable(said(result)));
     QCOMPARE(QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), QStringList());
 }
 
