@@ -87,6 +87,8 @@ public:
 
     void start(const Job& job, const QString& folder);
     void cancel();
+    void pause();
+    void resume();
     void finish(Outcome outcome, FailureKind kind = FailureKind::None, const Message& reason = {});
 
     Tools m_tools;
@@ -122,6 +124,7 @@ private:
     bool makeHelpers();
     bool writeHelper(const QString& name, const QByteArray& bytes, QString* path);
     void nextStep();
+    void startChild(bool collected);
     void convert();
     void ended(const ChildResult& result);
     void took(const Step& step, const ChildResult& result);
@@ -141,6 +144,7 @@ private:
     ProgressReader m_progress;
     double m_fraction = 0;
     bool m_hasDamage = false;
+    bool m_isPaused = false; ///< What begins now is stopped as soon as it is there.
     ConversionResult m_result;
 };
 
@@ -352,8 +356,15 @@ void Conversion::Private::nextStep()
     const Step::What what = m_steps.first().what;
     if (what != Step::KeyFrame) // It tells, and makes nothing.
         m_commands.append(m_command);
-    m_child.collect(what == Step::Extract || what == Step::KeyFrame);
+    startChild(what == Step::Extract || what == Step::KeyFrame);
+}
+
+void Conversion::Private::startChild(bool collected)
+{
+    m_child.collect(collected);
     m_child.start(m_command);
+    if (m_isPaused)
+        m_child.pause();
 }
 
 void Conversion::Private::took(const Step& step, const ChildResult& result)
@@ -416,8 +427,7 @@ void Conversion::Private::convert()
     if (m_preparesOnly)
         return finish(Outcome::Done);
     m_phase = Phase::Convert;
-    m_child.collect(false);
-    m_child.start(m_command);
+    startChild(false);
 }
 
 void Conversion::Private::readProgress(const QByteArray& piece)
@@ -491,6 +501,18 @@ void Conversion::Private::cancel()
         finish(Outcome::Cancelled, FailureKind::None, Message(Code::Cancelled));
 }
 
+void Conversion::Private::pause()
+{
+    m_isPaused = true;
+    m_child.pause();
+}
+
+void Conversion::Private::resume()
+{
+    m_isPaused = false;
+    m_child.resume();
+}
+
 void Conversion::Private::finish(Outcome outcome, FailureKind kind, const Message& reason)
 {
     if (!m_isRunning)
@@ -531,12 +553,12 @@ void Conversion::cancel()
 
 void Conversion::pause()
 {
-    d->m_child.pause();
+    d->pause();
 }
 
 void Conversion::resume()
 {
-    d->m_child.resume();
+    d->resume();
 }
 
 bool Conversion::isRunning() const

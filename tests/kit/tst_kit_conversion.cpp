@@ -151,6 +151,7 @@ private Q_SLOTS:
     void isRefused();
     void failureTellsItsReason_data();
     void failureTellsItsReason();
+    void pauseHoldsWhatHasNotBegun();
     void skipsWhatIsThere();
     void leavesNothingWhenCancelled_data();
     void leavesNothingWhenCancelled();
@@ -685,6 +686,32 @@ void TestKitConversion::failureTellsItsReason()
     QCOMPARE(result.kind, kind);
     QVERIFY2(said(result).startsWith(expected), qPrintable(said(result)));
     QCOMPARE(QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), QStringList());
+}
+
+void TestKitConversion::pauseHoldsWhatHasNotBegun()
+{
+    Conversion conversion(zokit::findTools());
+    QSignalSpy ended(&conversion, &Conversion::finished);
+    Job job;
+    job.input = clips::clip(QStringLiteral("plain.mp4"));
+    job.output = path(QStringLiteral("result.mkv"));
+    job.makeSettings = [](const MediaInfo& media) {
+        zokit::ReadSettings made;
+        made.settings = settingsFor(media, {{QStringLiteral("Color:bcs_contrast"), 10}});
+        return made;
+    };
+    const auto isHeld = [] {
+        const QVector<qint64> children = childwatch::children();
+        return children.size() == 1 && childwatch::isStopped(children.first());
+    };
+    conversion.start(job);
+    conversion.pause();
+    QTRY_VERIFY(isHeld());
+    QVERIFY(ended.isEmpty());
+    conversion.resume();
+    QVERIFY(ended.wait(patience));
+    QCOMPARE(ended.first().first().value<ConversionResult>().outcome, Outcome::Done);
+    QVERIFY(QFile::remove(job.output));
 }
 
 void TestKitConversion::skipsWhatIsThere()
