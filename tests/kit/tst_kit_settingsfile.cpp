@@ -46,6 +46,7 @@ private slots:
     void errorsNameTheFile();
     void errorsAreSaidInTheLanguageOfTheMoment();
     void presetsByName();
+    void presetIsRefusedWithAReason();
     void presetNameMayHoldAnything_data();
     void presetNameMayHoldAnything();
     void importIsAllOrNothing();
@@ -73,6 +74,14 @@ const char* const handWritten = R"({
   "tracks": { "audio-language": ["fra", "eng"] },
   "output": { "container": "mkv", "video-codec": "hevc", "quality": 22, "trim": [12.0, 40.5] }
 })";
+
+void write(const QString& path, const QByteArray& content)
+{
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+        qFatal("A file cannot be written");
+}
 
 /// A file whose one effect is \a effect.
 QByteArray fileWith(const QByteArray& effect)
@@ -206,6 +215,11 @@ const Unwritable unwritables[] = {
      "Output:trim: no settings file can hold this value. Set another one."},
     {"a colour in a rule", [](Settings& settings) { settings.tracks.insert(key("audio-language"), QColor(1, 2, 3)); },
      "Tracks:audio-language: no settings file can hold this value. Set another one."},
+    {"a colour in a map",
+     [](Settings& settings) {
+         settings.output.insert(key("container"), QVariantMap{{key("a"), QColor(1, 2, 3)}});
+     },
+     "Output:container: no settings file can hold this value. Set another one."},
     {"an endless clip", [](Settings& settings) { settings.media.seconds = qInf(); },
      "media:seconds: no settings file can hold this value. Set another one."},
     {"more than a file may have",
@@ -280,6 +294,7 @@ void TestKitSettingsFile::refusedFileNamesThePlace_data()
     row("nothing", "", "Line 1, column 1: a value is missing.");
     row("a null byte", QByteArray("{\"zoeffect\": 1,\n\"later\": {\"a\0\0b\": 4, \"a\0c\": 1}}", 47),
         "Line 2, column 13: this is not UTF-8.");
+    row("a wrong escape", R"({"later": "\uZZZZ"})", "Line 1, column 13: behind a backslash stands what means nothing.");
     row("a list", "[]", R"(This is no settings file: a JSON object with "zoeffect": 1 is expected.)");
     row("another form", R"({"version": 1})",
         R"(This is no settings file: a JSON object with "zoeffect": 1 is expected.)");
@@ -306,6 +321,13 @@ void TestKitSettingsFile::refusedFileNamesThePlace_data()
         "Color:bcs_contrast: null is no whole number.");
     row("half a number", fileWith(R"({"type": "Color", "values": {"bcs_contrast": 20.5}})"),
         "Color:bcs_contrast: 20.5 is no whole number.");
+    row("a value with a type that it is not",
+        fileWith(R"({"type": "Color", "values": {"bcs_contrast": {"int": "x"}}})"),
+        "Color:bcs_contrast: a value is expected.");
+    row("a member among the values", fileWith(R"({"type": "Color", "values": {"selected": true}})"),
+        "Color:selected: a value is expected.");
+    row("too many items", fileWith(R"({"type": "Subtitle", "items": [)" + QByteArray("{},").repeated(100000) + "{}]}"),
+        "A settings file has at most 100000 items.");
     row("an unknown choice", fileWith(R"({"type": "Crop", "values": {"crop_aspectratio": "16:8"}})"),
         "Crop:crop_aspectratio: 16:8 is none of Original, Original Ratio, Crop Area, Crop Ratio, 16:9, 4:3, 3:2. Did "
         "you mean 16:9?");
@@ -443,6 +465,8 @@ void TestKitSettingsFile::savedWholeOrNotAtAll()
     QCOMPARE(zokit::loadSettings(folder.filePath(QStringLiteral("b.json"))).error.text(),
              folder.filePath(QStringLiteral("b.json")) + QStringLiteral(": no such file."));
     QVERIFY(!zokit::loadSettings(folder.path()).settings);
+    QCOMPARE(zokit::loadSettings(key("/dev/null")).error.text(),
+             key("/dev/null cannot be read: it is no regular file."));
 }
 
 void TestKitSettingsFile::errorsNameTheFile()
@@ -478,6 +502,33 @@ void TestKitSettingsFile::presetsByName()
     QCOMPARE(presets.names(), QStringList({QStringLiteral("Logo")}));
     QVERIFY(presets.remove(QStringLiteral("Logo")).isEmpty());
     QVERIFY(presets.names().isEmpty());
+}
+
+void TestKitSettingsFile::presetIsRefusedWithAReason()
+{
+    const QTemporaryDir folder;
+    const auto path = [&](const char* name) { return folder.filePath(key(name)); };
+    const zokit::Presets presets(path("presets"));
+    QVERIFY(presets.save(key("Corner"), Settings()).isEmpty());
+    const QString nameless = key("A preset needs a name.");
+    QCOMPARE(presets.save(QString(), Settings()).text(), nameless);
+    QCOMPARE(presets.rename(key("Corner"), QString()).text(), nameless);
+    write(path(".zoeffect.json"), zokit::writePreset(Settings(), QString()));
+    QCOMPARE(presets.import({path(".zoeffect.json")}).text(), nameless);
+    const QString missing = key("There is no preset Cornr. Did you mean Corner?");
+    QCOMPARE(presets.remove(key("Cornr")).text(), missing);
+    QCOMPARE(presets.rename(key("Cornr"), key("Logo")).text(), missing);
+    QCOMPARE(presets.exportTo(key("Cornr"), path("out.json")).text(), missing);
+    QCOMPARE(presets.exportWithFiles(key("Cornr"), path("out.json")).text(), missing);
+    QVERIFY(!QFile::exists(path("out.json")));
+    QCOMPARE(presets.import({path("gone.json")}).text(), path("gone.json") + key(": no such file."));
+    QVERIFY(QDir().mkpath(presets.path(key("Folder"))));
+    QCOMPARE(presets.load(key("Folder")).error.text(),
+             presets.path(key("Folder")) + key(" cannot be read: it is a folder."));
+    write(path("good.json"), zokit::writePreset(Settings(), QString()));
+    const zokit::Presets nowhere(path("good.json/presets"));
+    QCOMPARE(nowhere.import({path("good.json")}).code(), zokit::Message::Code::FileUnwritable);
+    QCOMPARE(presets.names(), QStringList({key("Corner")}));
 }
 
 void TestKitSettingsFile::presetNameMayHoldAnything_data()
@@ -570,14 +621,6 @@ QByteArray contentOf(const QString& path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("none");
 }
 
-void write(const QString& path, const QByteArray& content)
-{
-    QDir().mkpath(QFileInfo(path).absolutePath());
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-        qFatal("A file cannot be written");
-}
-
 } // namespace
 
 void TestKitSettingsFile::exportTakesFilesAlong()
@@ -604,6 +647,17 @@ void TestKitSettingsFile::exportTakesFilesAlong()
                                   path("elsewhere/away.files/logo.png")}));
     QCOMPARE(contentOf(images.at(0)), QByteArray("first"));
     QCOMPARE(contentOf(images.at(1)), QByteArray("second"));
+    // Nor is a copy that is there overwritten unasked.
+    write(path("fresh.files/logo.png"), "mine");
+    write(path("a/logo.png"), "first");
+    zokit::Settings mixed = withImages({path("a/logo.png")});
+    mixed.effects.first().items.prepend(zokit::Item());
+    mixed.effects.first().items.first().values = {{key("wm_istextwatermark"), true}};
+    QVERIFY(presets.save(key("mixed"), mixed).isEmpty());
+    QCOMPARE(presets.exportWithFiles(key("mixed"), path("fresh.zoeffect.json")).text(),
+             path("fresh.files/logo.png") + key(" exists. Choose another name, or replace it."));
+    QCOMPARE(contentOf(path("fresh.files/logo.png")), QByteArray("mine"));
+    QDir(path("a")).removeRecursively();
     // What is missing cannot be taken along.
     QCOMPARE(presets.exportWithFiles(key("logos"), path("elsewhere/new.zoeffect.json")).text(),
              key("Watermark:0:wm_imageurl: ") + path("a/logo.png")
