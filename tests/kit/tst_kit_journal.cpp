@@ -51,6 +51,7 @@ private slots:
     void folderThatCannotBeIsToldAndTriedAgain();
     void fullDiskIsToldAndTriedAgain();
     void removedJournalIsMadeAgain();
+    void largeJournalIsMadeAnew_data();
     void largeJournalIsMadeAnew();
     void valueThatNoFileHoldsIsTold();
     void stepsAreKeptByName_data();
@@ -382,7 +383,11 @@ void TestKitJournal::livingSessionIsLocked()
     QVERIFY(!left.first().diedTwice);
     QVERIFY(Journal::recover(path, back).isEmpty());
     Journal::discard(path);
+    const QString half = path + QStringLiteral(".new"); // Of one that was killed while it made its journal anew.
+    QFile halfFile(half);
+    QVERIFY(halfFile.open(QIODevice::WriteOnly));
     QVERIFY(Journal::left(folder.path()).isEmpty());
+    QVERIFY(!QFile::exists(half));
 }
 
 void TestKitJournal::sessionThatEndedWellLeavesNothing()
@@ -531,6 +536,11 @@ void TestKitJournal::folderThatCannotBeIsToldAndTriedAgain()
     const auto message = trouble.first().first().value<Message>();
     QCOMPARE(message.code(), Code::FileUnwritable);
     QCOMPARE(message.arguments().last(), QStringLiteral("Not a directory"));
+    {
+        Journal other(project, place);
+        other.close(); // Without a file there is none to remove.
+        QVERIFY(other.flush());
+    }
     QVERIFY(obstacle.remove());
     QVERIFY(trouble.wait()); // Tried again by itself.
     QCOMPARE(trouble.last().first().value<Message>(), Message());
@@ -587,19 +597,29 @@ void TestKitJournal::removedJournalIsMadeAgain()
     compareHistories(project, back);
 }
 
+void TestKitJournal::largeJournalIsMadeAnew_data()
+{
+    QTest::addColumn<bool>("canBe");
+    QTest::newRow("beside the old one") << true;
+    QTest::newRow("where there is no place for it") << false;
+}
+
 void TestKitJournal::largeJournalIsMadeAnew()
 {
+    QFETCH(const bool, canBe);
     constexpr int megabyte = 1024 * 1024;
     const QTemporaryDir folder;
     Project project;
     Journal journal(project, folder.path());
     FileSettings* file = project.add(clip());
     project.history().setLimit(8 * megabyte);
+    if (!canBe)
+        QVERIFY(QDir().mkpath(journal.path() + QStringLiteral(".new")));
     for (int i = 0; i < 20; ++i) { // Two megabytes each, of the value before and the one after.
         file->setValue(file->type(key("Color")), key("x-note"), QString(megabyte, QLatin1Char(char('a' + i))));
         QVERIFY(journal.flush());
     }
-    QVERIFY2(QFileInfo(journal.path()).size() < 30 * megabyte, "all 40 MB are kept");
+    QCOMPARE(QFileInfo(journal.path()).size() < 30 * megabyte, canBe); // Of 40 MB.
     Project back;
     QVERIFY(Journal::recover(leftBy(journal, folder), back).isEmpty());
     compareHistories(project, back);
@@ -774,6 +794,9 @@ void TestKitJournal::whatIsNoJournalIsRefused()
     QCOMPARE(Journal::left(folder.path()).size(), 1); // It is not passed over.
     const QString missing = folder.filePath(QStringLiteral("missing"));
     QCOMPARE(Journal::recover(missing, project), Message(Code::FileMissing, {missing}));
+    const QString device = QStringLiteral("/dev/null");
+    QCOMPARE(Journal::recover(device, project),
+             Message(Code::FileUnreadable, {device, QStringLiteral("Invalid argument")}));
 }
 
 ZOEFFECT_TEST_MAIN(TestKitJournal)

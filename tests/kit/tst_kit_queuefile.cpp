@@ -83,6 +83,11 @@ private slots:
     void otherFilesAreLeftAlone();
     void queueOfARunningEditorIsNotTaken();
     void folderThatCannotBeMadeIsTold();
+    void linesThatMeanNothingAreCounted_data();
+    void linesThatMeanNothingAreCounted();
+    void jobThatIsMadeLaterIsNotKept();
+    void rowsAreMovedAndTakenOut();
+    void firstFailureEndsTheRun();
 
 private:
     QByteArray content() const
@@ -264,6 +269,90 @@ void TestKitQueueFile::folderThatCannotBeMadeIsTold()
     Queue queue(m_tools);
     QueueFile file(queue, key("/dev/null/queue.jsonl"));
     QCOMPARE(file.open().code(), Message::Code::FileUnwritable);
+    const QString folder = m_folder->filePath(key("queue"));
+    QVERIFY(QDir().mkpath(folder));
+    QueueFile ofFolder(queue, folder);
+    QCOMPARE(ofFolder.open().code(), Message::Code::FileUnreadable);
+}
+
+void TestKitQueueFile::linesThatMeanNothingAreCounted_data()
+{
+    QTest::addColumn<QByteArray>("from"); // Of the line of row b.
+    QTest::addColumn<QByteArray>("to");
+    QTest::newRow("an unknown state") << QByteArray("\"state\":\"done\"") << QByteArray("\"state\":\"resting\"");
+    QTest::newRow("an input that lies anywhere") << QByteArray("\"/films/b.mkv\"") << QByteArray("\"b.mkv\"");
+    QTest::newRow("an output that lies anywhere")
+        << QByteArray("\"/films/b-converted.mkv\"") << QByteArray("\"b-converted.mkv\"");
+    QTest::newRow("settings that are none")
+        << QByteArray("2,\"input\":\"/films/b.mkv\",\"output\":\"/films/b-converted.mkv\",\"settings\":{")
+        << QByteArray(
+               "2,\"input\":\"/films/b.mkv\",\"output\":\"/films/b-converted.mkv\",\"settings\":{\"tracks\":5,");
+    QTest::newRow("a number that is taken") << QByteArray("{\"row\":2,") << QByteArray("{\"row\":1,");
+}
+
+void TestKitQueueFile::linesThatMeanNothingAreCounted()
+{
+    QFETCH(QByteArray, from);
+    QFETCH(QByteArray, to);
+    QVERIFY(QDir(m_folder->path()).mkpath(key("in")));
+    QByteArray text = left("waiting", "done", "waiting");
+    QCOMPARE(text.count(from), 1);
+    write(text.replace(from, to));
+    Queue queue(m_tools);
+    QueueFile file(queue, m_path);
+    const Message told = file.open();
+    QCOMPARE(told.code(), Message::Code::QueueCut);
+    QCOMPARE(told.arguments(), QStringList({m_path, key("1")}));
+    QCOMPARE(namesOf(queue), QStringList({key("a"), key("c")}));
+}
+
+void TestKitQueueFile::jobThatIsMadeLaterIsNotKept()
+{
+    Queue queue(m_tools);
+    QueueFile file(queue, m_path);
+    file.open();
+    Job later = job("a");
+    later.makeSettings = [](const zokit::MediaInfo&) { return zokit::ReadSettings(); };
+    queue.add(later);
+    QCOMPARE(content(), QByteArray("{\"zoeffect-queue\":1}\n"));
+}
+
+void TestKitQueueFile::rowsAreMovedAndTakenOut()
+{
+    Queue queue(m_tools);
+    for (const char* name : {"a", "b", "c", "d"})
+        queue.add(job(name));
+    QVERIFY(queue.move(1, 2));
+    QCOMPARE(namesOf(queue), QStringList({key("b"), key("c"), key("a"), key("d")}));
+    QVERIFY(!queue.move(1, -1));
+    QVERIFY(!queue.move(1, 4));
+    QVERIFY(!queue.move(9, 0));
+    QVERIFY(!queue.remove(9));
+    QCOMPARE(namesOf(queue), QStringList({key("b"), key("c"), key("a"), key("d")}));
+    QVERIFY(!queue.retry(1)); // It waits.
+    QVERIFY(!queue.retry(9));
+    queue.cancel(9);
+    queue.cancel(1);
+    QCOMPARE(queue.state(1), RowState::Cancelled);
+    connect(&queue, &Queue::stateChanged, this, [] { QFAIL("It is told twice"); });
+    queue.cancel(1);
+}
+
+void TestKitQueueFile::firstFailureEndsTheRun()
+{
+    Queue queue(m_tools);
+    for (const char* name : {"a", "b", "c"})
+        queue.add(job(name));
+    queue.setStopsAtFailure(true);
+    QSignalSpy ended(&queue, &Queue::finished);
+    queue.start();
+    QVERIFY(ended.wait());
+    QCOMPARE(statesOf(queue), QVector<RowState>({RowState::Failed, RowState::Skipped, RowState::Skipped}));
+    QCOMPARE(queue.result(3).outcome, zokit::Outcome::Skipped);
+    queue.setStopsAtFailure(false);
+    queue.start();
+    QVERIFY(queue.retry(2)); // The run goes on with it.
+    QTRY_COMPARE(statesOf(queue), QVector<RowState>({RowState::Failed, RowState::Failed, RowState::Skipped}));
 }
 
 ZOEFFECT_TEST_MAIN(TestKitQueueFile)
