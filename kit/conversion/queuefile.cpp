@@ -94,7 +94,8 @@ Message QueueFile::Private::writeAll()
     rows = queue.rows();
     for (const int row : rows)
         out.write(queueform::jobLine(row, queue.job(row), queue.state(row), queue.result(row)));
-    if (!out.commit())
+    // A full disk may show when the last bytes go out, which commit() does not look at.
+    if (!out.flush() || !out.commit())
         return fails(out.errorString());
     if (!file.open(QIODevice::WriteOnly | QIODevice::Append))
         return fails(file.errorString());

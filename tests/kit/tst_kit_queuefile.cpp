@@ -3,6 +3,10 @@
 
 // A queue that outlives its session.
 
+#include <csignal>
+
+#include <sys/resource.h>
+
 #include <QtTest>
 
 #include <zokit/queuefile.h>
@@ -85,6 +89,7 @@ private slots:
     void folderThatCannotBeMadeIsTold();
     void linesThatMeanNothingAreCounted_data();
     void linesThatMeanNothingAreCounted();
+    void fullDiskCostsNoRow();
     void jobThatIsMadeLaterIsNotKept();
     void rowsAreMovedAndTakenOut();
     void firstFailureEndsTheRun();
@@ -304,6 +309,41 @@ void TestKitQueueFile::linesThatMeanNothingAreCounted()
     QCOMPARE(told.code(), Message::Code::QueueCut);
     QCOMPARE(told.arguments(), QStringList({m_path, key("1")}));
     QCOMPARE(namesOf(queue), QStringList({key("a"), key("c")}));
+}
+
+void TestKitQueueFile::fullDiskCostsNoRow()
+{
+    QVERIFY(QDir(m_folder->path()).mkpath(key("in")));
+    const QByteArray before = left("waiting", "done", "waiting");
+    write(before);
+    rlimit usual{};
+    QCOMPARE(getrlimit(RLIMIT_FSIZE, &usual), 0);
+    const auto limitTo = [&](rlim_t bytes) {
+        const rlimit limit{bytes, usual.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    };
+    std::signal(SIGXFSZ, SIG_IGN);
+    {
+        Queue queue(m_tools);
+        QueueFile file(queue, m_path);
+        limitTo(100);
+        const Message told = file.open();
+        limitTo(usual.rlim_cur);
+        QCOMPARE(told.code(), Message::Code::FileUnwritable);
+        QCOMPARE(content(), before);
+    }
+    Queue queue(m_tools);
+    QueueFile file(queue, m_path);
+    QCOMPARE(file.open(), Message());
+    QSignalSpy trouble(&file, &QueueFile::trouble);
+    limitTo(rlim_t(content().size()) + 10);
+    queue.add(job("d"));
+    limitTo(usual.rlim_cur);
+    QCOMPARE(trouble.size(), 1);
+    QCOMPARE(trouble.first().first().value<Message>().arguments().first(), m_path);
+    queue.add(job("e"));
+    QCOMPARE(trouble.size(), 1); // Told once: nothing is kept from there on.
+    QCOMPARE(namesOf(queue), QStringList({key("a"), key("b"), key("c"), key("d"), key("e")}));
 }
 
 void TestKitQueueFile::jobThatIsMadeLaterIsNotKept()
