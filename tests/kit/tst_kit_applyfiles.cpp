@@ -5,9 +5,11 @@
 
 #include <csignal>
 
+#include <sys/file.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <QImage>
 #include <QtTest>
 
 #include <zokit/applyfiles.h>
@@ -82,6 +84,7 @@ private Q_SLOTS:
     void aLinkStaysALink();
     void whatDoesNotChangeIsNotWritten();
     void oneThatCannotBeReadRefusesAll();
+    void whatADeadOneWasAtIsToldOfEachFile();
     void oneThatChangedMeanwhilePutsTheOthersBack();
     void oneThatCannotBeWrittenChangesNothing();
     void aKilledOneLeavesWholeFilesAndTellsWhichAreNew();
@@ -180,6 +183,44 @@ void TestKitApplyFiles::oneThatCannotBeReadRefusesAll()
              qPrintable(plan.error.text()));
     QVERIFY(!zokit::applyPlan(plan, files.notes()).isEmpty());
     QCOMPARE(contrastIn(files.names.at(1)), 1);
+    const ApplyPlan unknown = zokit::planApply(withContrast(20), files.names, {{QStringLiteral("Colour")}, false});
+    QCOMPARE(unknown.error.text(), QStringLiteral("There is no effect type Colour. Did you mean Color?"));
+    QVERIFY(unknown.targets.isEmpty());
+    Settings picture = withContrast(20);
+    picture.find(QStringLiteral("Color"))
+        ->values.insert(QStringLiteral("x-picture"), QImage(1, 1, QImage::Format_RGB32));
+    const ApplyPlan unwritten = zokit::planApply(picture, files.names, colour);
+    QCOMPARE(unwritten.error.text(),
+             files.names.at(0)
+                 + QStringLiteral(": Color:x-picture: no settings file can hold this value. Set another one."));
+    QVERIFY(unwritten.targets.isEmpty());
+}
+
+void TestKitApplyFiles::whatADeadOneWasAtIsToldOfEachFile()
+{
+    const Files files(0);
+    QVERIFY(QDir().mkpath(files.notes()));
+    QByteArray noted; // With the checksums of "old" and "new".
+    for (const char* content : {"new", "old", "else"}) {
+        QFile target(files.path(content));
+        QVERIFY(target.open(QIODevice::WriteOnly));
+        target.write(content);
+        noted += QByteArray(noted.isEmpty() ? "[" : ",") + "{\"path\":\"" + QFile::encodeName(target.fileName())
+                 + "\",\"old\":\"cba06b5736faf67e54b07b561eae94395e774c517a7d910a54369e1263ccfbd4\",\"new\":"
+                   "\"11507a0e2f5e69d5dfa40a62a1bd7b6ee57e6bcd85c67c9b8431b36fff21c437\"}";
+    }
+    QFile note(files.notes() + QStringLiteral("/0123456789ab.json"));
+    QVERIFY(note.open(QIODevice::WriteOnly));
+    note.write(noted + ']');
+    note.flush();
+    QCOMPARE(::flock(note.handle(), LOCK_EX | LOCK_NB), 0);
+    QVERIFY(zokit::takeLeftTargets(files.notes()).isEmpty()); // It is still at work.
+    note.close();
+    QVector<LeftTarget::State> states;
+    for (const LeftTarget& left : zokit::takeLeftTargets(files.notes()))
+        states.append(left.state);
+    QCOMPARE(states, QVector<LeftTarget::State>({LeftTarget::New, LeftTarget::Old, LeftTarget::Other}));
+    QVERIFY(!note.exists());
 }
 
 void TestKitApplyFiles::oneThatChangedMeanwhilePutsTheOthersBack()
@@ -319,6 +360,10 @@ void TestKitApplyFiles::valuesReadAsAFileHasThem()
     QCOMPARE(zokit::valueAsText(languages, QStringList{QStringLiteral("fra"), QStringLiteral("eng")}),
              QStringLiteral("fra,eng"));
     QCOMPARE(zokit::valueAsText(contrast, QVariant()), QString());
+    QCOMPARE(zokit::addressLabel({QStringLiteral("Effect"), 0, QStringLiteral("name")}),
+             QStringLiteral("Frame effects 1: Name"));
+    const QVariantMap nowhere{{QStringLiteral("corner"), QStringLiteral("outside")}};
+    QCOMPARE(zokit::valueLabel({QStringLiteral("Watermark"), 0, QStringLiteral("anchor")}, nowhere), QString());
     QVERIFY(zokit::valueAsJson(contrast, QVariant()).isNull());
     QCOMPARE(zokit::valueAsJson(contrast, QStringLiteral("20")),
              QJsonValue(QJsonObject{{QStringLiteral("string"), QStringLiteral("20")}}));

@@ -58,6 +58,7 @@ private slots:
     void modelsFollow();
     void modelsMayBeAskedForAtAnyTime();
     void directChangesAreTold();
+    void whatIsNotThereIsRefused();
     void silentChangesAreTakenInWhenAskedFor();
     void drawingChangesNoSetting();
     void callsInsideAnAnnouncementAreRefused_data();
@@ -285,6 +286,18 @@ void TestKitFileSettings::placingByHandTakesFromTheAnchor()
     file.setValue(text, key("wm_hposition"), 300);
     QCOMPARE(placeOf(file, text), QPoint(300, 14));
     QVERIFY(!file.value(text, key("anchor")).isValid());
+
+    const QVariantMap corner{{key("corner"), QStringLiteral("bottom-right")}};
+    file.setValue(text, key("anchor"), corner);
+    QVERIFY(placeOf(file, text) != QPoint(26, 14));
+    QCOMPARE(file.reset(text, key("wm_hposition")).text(), QString());
+    QVERIFY(!file.value(text, key("anchor")).isValid());
+    // By the host on its model, too; another value leaves it.
+    file.setValue(text, key("anchor"), corner);
+    file.pictureModel()->setData(key("wm_fontcolor"), QColor(Qt::red), key("Watermark"), 0);
+    QVERIFY(file.value(text, key("anchor")).isValid());
+    file.pictureModel()->setData(key("wm_vposition"), 7, key("Watermark"), 0);
+    QVERIFY(!file.value(text, key("anchor")).isValid());
 }
 
 void TestKitFileSettings::untouchedWatermarkIsDefaultAtEveryFrameSize()
@@ -458,6 +471,8 @@ void TestKitFileSettings::comesOutUnchanged_data()
     QTest::newRow("a speed that is not in use") << "Audio_Speed:audio_speed_factor" << QVariant(150) << true;
     QTest::newRow("another container") << "Output:container" << QVariant(QStringLiteral("mkv")) << false;
     QTest::newRow("the date kept") << "Output:keep-date" << QVariant(true) << true;
+    QTest::newRow("a text") << "Watermark:0:wm_textcontent" << QVariant(QStringLiteral("a")) << false;
+    QTest::newRow("a text that is empty") << "Watermark:0:wm_textcontent" << QVariant(QString()) << true;
     QTest::newRow("another sound track") << "Tracks:audio-tracks" << QVariant(QStringLiteral("2")) << false;
 }
 
@@ -467,8 +482,10 @@ void TestKitFileSettings::comesOutUnchanged()
     QFETCH(QVariant, value);
     QFETCH(bool, unchanged);
     FileSettings file(clip());
+    if (address.startsWith(QLatin1String("Watermark")))
+        file.insert(key("Watermark"), {{key("wm_textcontent"), QStringLiteral("Hello")}});
     if (!address.isEmpty())
-        QCOMPARE(file.setValue(at(file, address.toLatin1()), address.section(QLatin1Char(':'), 1), value).text(),
+        QCOMPARE(file.setValue(at(file, address.toLatin1()), address.section(QLatin1Char(':'), -1), value).text(),
                  QString());
     QCOMPARE(file.comesOutUnchanged(), unchanged);
 }
@@ -565,6 +582,16 @@ void TestKitFileSettings::directChangesAreTold()
     QCOMPARE(file.items(key("Watermark")), QVector<Identity>({second, text}));
     model->delDataItem(key("Watermark"), 0);
     QCOMPARE(file.items(key("Watermark")), QVector<Identity>({text}));
+}
+
+void TestKitFileSettings::whatIsNotThereIsRefused()
+{
+    FileSettings file(clip());
+    QCOMPARE(file.insert(key("Effect"), {}).error.text(),
+             key("The items of Effect are always there. Select or clear them instead."));
+    QCOMPARE(file.resetItem(file.type(key("Color"))).code(), zokit::Message::Code::NoSuchThing);
+    zokit::Project project;
+    QCOMPARE(project.forgetDefault(key("Colour")).text(), key("There is no effect type Colour. Did you mean Color?"));
 }
 
 void TestKitFileSettings::silentChangesAreTakenInWhenAskedFor()

@@ -40,6 +40,7 @@ private slots:
     void gestureIsOneStep();
     void gestureThatChangesNothingIsNone();
     void cancelledGestureLeavesNothing();
+    void changesThatCancelEachOtherAreNoStep();
     void newStepEndsWhatCouldBeRedone();
     void cleanStateIsFoundAgain();
     void selectionComesBack();
@@ -207,6 +208,19 @@ void TestKitHistory::cancelledGestureLeavesNothing()
     history.cancelGesture();
     QCOMPARE(stateOf(project), before);
     QCOMPARE(history.count(), 1);
+}
+
+void TestKitHistory::changesThatCancelEachOtherAreNoStep()
+{
+    Project project;
+    const FileSettings* file = project.add(clip());
+    const Identity color = file->type(key("Color"));
+    const int before = project.history().count();
+    project.history().cancelGesture(); // None is open.
+    const QVariant here = file->value(color, key("bcs_contrast"));
+    project.apply({{color, key("bcs_contrast"), here, 9}, {color, key("bcs_contrast"), 9, here}});
+    QCOMPARE(project.history().count(), before);
+    QCOMPARE(file->value(color, key("bcs_contrast")), here);
 }
 
 void TestKitHistory::newStepEndsWhatCouldBeRedone()

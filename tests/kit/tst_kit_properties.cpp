@@ -271,6 +271,10 @@ void TestKitProperties::valueIsRefused_data()
         "shape.");
     row("Output:size", QStringLiteral("8192x8193,exact"),
         "Output:size: 8192x8193,exact has more than 67108864 pixels. Choose a smaller size.");
+    row("Subtitle:trackid", QStringLiteral("3000000000"),
+        "Subtitle:trackid: 3000000000 is not between -2147483648 and 2147483647.");
+    row("Tracks:audio-language", QVariantMap{{QStringLiteral("a"), 1}},
+        "Tracks:audio-language: QVariantMap is no list. Write words with commas between them.");
     row("Output:trim", QStringLiteral("5,2"),
         "Output:trim: 5,2 is no range. Write FROM,TO in seconds, for example 12,40.5; TO comes after FROM.");
     row("Output:container", QStringLiteral("mp5"),
@@ -355,6 +359,8 @@ void TestKitProperties::wordsOfAPersonStayAsTheyAre()
 {
     const Message message(Code::NotAWholeNumber, {QStringLiteral("%2"), QStringLiteral("a%1\nb")});
     QCOMPARE(message.text(), QStringLiteral("%2: a%1\\nb is no whole number."));
+    QCOMPARE(zokit::onOneLine(QString::fromUtf8("a\tb\x07 \xe2\x80\xae!\xe2\x80\xa8 \xc3\xa4")),
+             QString::fromUtf8("a\\tb\\x07 \\u202e!\\u2028 \xc3\xa4"));
 }
 
 void TestKitProperties::germanIsComplete()

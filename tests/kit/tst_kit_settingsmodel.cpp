@@ -35,6 +35,7 @@ private slots:
     void init() { clearSavedDefaults(); }
 
     void emptyWithoutAFile();
+    void columnsHaveNames();
     void typesStandInTheOrderOfTheTree();
     void itemsStandBeforeValues();
     void frameEffectsHaveNoValues();
@@ -104,6 +105,18 @@ void TestKitSettingsModel::emptyWithoutAFile()
     QCOMPARE(model.columnCount(), 2);
     QVERIFY(!model.index(0, 0).isValid());
     QVERIFY(!model.indexOf(1).isValid());
+}
+
+void TestKitSettingsModel::columnsHaveNames()
+{
+    const zokit::SettingsModel model;
+    const auto name = [&](int column, Qt::Orientation orientation, int role) {
+        return model.headerData(column, orientation, role).toString();
+    };
+    QCOMPARE(name(0, Qt::Horizontal, Qt::DisplayRole), key("Setting"));
+    QCOMPARE(name(1, Qt::Horizontal, Qt::DisplayRole), key("Value"));
+    QCOMPARE(name(0, Qt::Vertical, Qt::DisplayRole), QString());
+    QCOMPARE(name(0, Qt::Horizontal, Qt::ToolTipRole), QString());
 }
 
 void TestKitSettingsModel::typesStandInTheOrderOfTheTree()

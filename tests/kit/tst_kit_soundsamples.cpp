@@ -29,6 +29,8 @@ private slots:
     void pieceIsAWaveFile();
     void effectsAreHeardOrNot();
     void speedCountsInTheClip();
+    void failureTellsItsReason_data();
+    void failureTellsItsReason();
     void levelIsThatOfTheWholeSound();
     void whatCannotBeHeardIsTold_data();
     void whatCannotBeHeardIsTold();
@@ -40,9 +42,9 @@ namespace {
 
 constexpr int rate = 48000;
 
-SoundAnswer answerTo(const SoundQuestion& question)
+SoundAnswer answerTo(const SoundQuestion& question, const zokit::Tools& tools = zokit::findTools())
 {
-    zokit::SoundSamples samples(zokit::findTools());
+    zokit::SoundSamples samples(tools);
     SoundAnswer answer;
     QObject::connect(&samples, &zokit::SoundSamples::answered, &samples,
                      [&](const SoundAnswer& given) { answer = given; });
@@ -138,6 +140,44 @@ void TestKitSoundSamples::speedCountsInTheClip()
     asked.from = 0.1;
     const double heard = double(samplesOf(answerTo(asked).wave).size()) / double(rate);
     QVERIFY2(std::abs(heard - (length - 0.1) / 2) < 0.05, qPrintable(key("%1 of %2").arg(heard).arg(length)));
+}
+
+void TestKitSoundSamples::failureTellsItsReason_data()
+{
+    QTest::addColumn<QString>("script"); // Instead of ffmpeg; empty: there is no such program.
+    QTest::addColumn<QString>("sentence");
+    QTest::newRow("missing") << QString() << key("ffmpeg could not be started");
+    QTest::newRow("killed") << key("kill -9 $$") << key("ffmpeg was ended by signal 9.");
+    QTest::newRow("failed") << key("echo 'No such filter' >&2; exit 1") << key("ffmpeg failed: No such filter");
+    QTest::newRow("nothing measured") << key("exit 0") << key("The peak of the sound could not be measured.");
+    QTest::newRow("measured in the part alone")
+        << key("case \"$*\" in *'-ss 0.100000 -t 0.200000'*) exit 1;; esac") << key("ffmpeg failed: ");
+    QTest::newRow("tools that are missing") << key("tools") << key("ffmpeg is missing.");
+}
+
+void TestKitSoundSamples::failureTellsItsReason()
+{
+    QFETCH(const QString, script);
+    QFETCH(const QString, sentence);
+    const QTemporaryDir folder;
+    zokit::Tools tools = zokit::findTools();
+    tools.ffmpeg = folder.filePath(key("ffmpeg"));
+    if (script == key("tools"))
+        tools.error = zokit::Message(zokit::Message::Code::ToolMissing, {key("ffmpeg"), key("ffmpeg")});
+    QFile program(tools.ffmpeg);
+    if (!script.isEmpty()) {
+        QVERIFY(program.open(QIODevice::WriteOnly));
+        program.write("#!/bin/sh\n" + script.toUtf8() + '\n');
+        QVERIFY(program.setPermissions(QFile::ReadOwner | QFile::ExeOwner));
+        program.close();
+    }
+    FileSettings file(kitsupport::clip());
+    use(file, "Audio_Normalize", {{key("audio_normalize_maxLevel"), 50}});
+    SoundQuestion asked = question(file);
+    asked.settings.output.insert(key("trim"), QVariantList{0.1, 0.3});
+    const SoundAnswer answer = answerTo(asked, tools);
+    QVERIFY(answer.wave.isEmpty());
+    QVERIFY2(answer.error.text().startsWith(sentence), qPrintable(answer.error.text()));
 }
 
 void TestKitSoundSamples::levelIsThatOfTheWholeSound()

@@ -51,6 +51,7 @@ private slots:
     void init() { kitsupport::clearSavedDefaults(); }
 
     void firstFileIsCurrent();
+    void firstFileOfAProjectIsCurrent();
     void tracksOfAnUnknownClipAreNone();
     void filesAreRows();
     void anotherFileIsShownEverywhere();
@@ -90,6 +91,17 @@ void TestKitWorkbench::firstFileIsCurrent()
     QCOMPARE(stage.bench.preview().scene().chosen, stage.bench.chosen());
     QCOMPARE(current.count(), 1);
     QCOMPARE(chosen.count(), 1);
+}
+
+void TestKitWorkbench::firstFileOfAProjectIsCurrent()
+{
+    zokit::Project project;
+    FileSettings* file = project.add(kitsupport::clip());
+    project.add(kitsupport::clip());
+    zokit::SettingsModel model;
+    const zokit::Selection selection(project, model);
+    QCOMPARE(selection.current(), file);
+    QCOMPARE(selection.chosen(), file->type(key("Crop")));
 }
 
 void TestKitWorkbench::tracksOfAnUnknownClipAreNone()
