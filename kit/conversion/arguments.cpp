@@ -487,9 +487,7 @@ Command measureCommand(const Tools& tools, const Job& job, const MediaInfo& medi
               << QStringLiteral("-filter:a:0") << soundGraph(job.settings, *source.stream(track.track.index), parts)
               << QStringLiteral("-progress") << QStringLiteral("pipe:1") << QStringLiteral("-f")
               << QStringLiteral("null") << QStringLiteral("-");
-    Command command = commandOf(tools, arguments);
-    command.stallSeconds = job.stallSeconds;
-    return command;
+    return commandOf(tools, arguments);
 }
 
 Command convertCommand(const Tools& tools, const Job& job, const MediaInfo& media,

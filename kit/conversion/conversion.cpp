@@ -345,6 +345,8 @@ bool Conversion::Private::makeHelpers()
             m_steps.append({Step::Measure, i, measureCommand(m_tools, m_job, m_media, m_files, track)});
         }
     }
+    for (Step& step : m_steps)
+        step.command.stallSeconds = m_job.stallSeconds;
     return true;
 }
 

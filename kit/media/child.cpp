@@ -105,13 +105,14 @@ void remindOfEnd(qint64 child)
         ::kill(getpid(), SIGCHLD);
 }
 
-/// How many bytes a process has written anywhere; 0 where the system does not tell.
-qint64 writtenBy(qint64 process)
+/// How many bytes a process has read and written anywhere; 0 where the system does not tell.
+qint64 movedBy(qint64 process)
 {
     QFile file(QStringLiteral("/proc/%1/io").arg(process));
-    static const QRegularExpression form(QStringLiteral("^wchar: (\\d+)$"), QRegularExpression::MultilineOption);
-    return file.open(QIODevice::ReadOnly) ? form.match(QString::fromLatin1(file.readAll())).captured(1).toLongLong()
-                                          : 0;
+    static const QRegularExpression form(QStringLiteral("rchar: (\\d+)\nwchar: (\\d+)\n"));
+    const QString told = file.open(QIODevice::ReadOnly) ? QString::fromLatin1(file.readAll()) : QString();
+    const QRegularExpressionMatch match = form.match(told);
+    return match.captured(1).toLongLong() + match.captured(2).toLongLong();
 }
 
 /// This process's environment, without what makes ffmpeg write further files or colour its words.
@@ -219,7 +220,7 @@ bool Child::startProcess(const Command& command, bool isAhead)
     m_group = 0;
     m_ticks = 0;
     m_silentTicks = 0;
-    m_written = 0;
+    m_moved = 0;
 
     m_process = std::make_unique<Process>(Preparation{getpid(), command.memory, command.processorSeconds});
     m_process->setProcessEnvironment(environment());
@@ -327,17 +328,18 @@ void Child::countTime()
         lookForStall();
 }
 
-/// Behind its last words of progress ffmpeg may move all of a large file, so that its index comes to the front.
+/// Behind its last words of progress ffmpeg may move all of a large file, so that its index comes to the front; before
+/// its first ones it may read all of one for a few lines of subtitles.
 void Child::lookForStall()
 {
     const bool isAtItsLimit = m_silentTicks > ticksOf(m_command.stallSeconds);
     if (m_silentTicks > 1 && !isAtItsLimit)
         return;
-    const qint64 before = m_written;
-    m_written = writtenBy(m_group);
+    const qint64 before = m_moved;
+    m_moved = movedBy(m_group);
     if (!isAtItsLimit)
         return;
-    if (m_written == before)
+    if (m_moved == before)
         end(ChildEnd::Stalled);
     else
         m_silentTicks = 0;

@@ -23,8 +23,8 @@ struct ZOKIT_EXPORT Command {
     qint64 memory = 0;        ///< Bytes of address space; 0: no limit. What is above it, the program cannot get.
     int processorSeconds = 0; ///< Of processor time; the system ends it there, as Killed. 0: no limit.
     int seconds = 0;      ///< It is ended as TimedOut after so long, without the time that it was paused; 0: no limit.
-    int stallSeconds = 0; ///< Ended as Stalled when its standard output was silent for so long and it wrote nothing
-                          ///< else; 0: no limit.
+    int stallSeconds = 0; ///< Ended as Stalled when its standard output was silent for so long and it read and wrote
+                          ///< nothing else; 0: no limit.
     QByteArray input;     ///< Written to its standard input, which is then closed; empty: it reads /dev/null.
     qint64 largestOutput = qint64(64) * 1024 * 1024; ///< Bytes on standard output, where it is collected; then Flooded.
 };
@@ -125,7 +125,7 @@ private:
     qint64 m_group = 0;    ///< Number of the child and its group.
     int m_ticks = 0;       ///< Since the start.
     int m_silentTicks = 0; ///< Since the last output.
-    qint64 m_written = 0;  ///< Bytes, when that was looked at last.
+    qint64 m_moved = 0;    ///< Bytes read and written, when that was looked at last.
 };
 
 /// Runs \a command and waits for its end, in an event loop of its own: for tests and command lines.

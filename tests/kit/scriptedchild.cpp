@@ -101,6 +101,11 @@ int main(int argc, char** argv)
                 file << std::string(4096, 'w') << std::flush;
                 rest(100);
             }
+        } else if (what == "read") {
+            const int file = open(word().c_str(), O_RDONLY);
+            char piece[4096];
+            for (long left = number(); left > 0 && read(file, piece, sizeof piece) > 0; --left)
+                rest(100);
         } else if (what == "flood") {
             for (;;)
                 put(STDOUT_FILENO, std::string(4096, 'f'));
