@@ -42,7 +42,7 @@ FailureKind kindOf(const ChildResult& result)
 {
     if (result.end == ChildEnd::NotStarted)
         return FailureKind::Setup;
-    if (result.end == ChildEnd::Killed)
+    if (result.end == ChildEnd::Killed || result.end == ChildEnd::Stalled)
         return FailureKind::Temporary;
     for (const char* words : {"No space left on device", "Cannot allocate memory", "Disk quota exceeded"})
         if (result.words.contains(words))
@@ -51,6 +51,20 @@ FailureKind kindOf(const ChildResult& result)
         if (result.words.contains(words))
             return FailureKind::Setup;
     return FailureKind::Lasting;
+}
+
+/// Of a file of which nothing was found out.
+FailureKind kindOf(const Message& error, FailureKind ofFile)
+{
+    switch (error.code()) {
+    case Code::ChildKilled:
+    case Code::ProbeTooLong:
+        return FailureKind::Temporary;
+    case Code::ChildNotStarted:
+        return FailureKind::Setup;
+    default:
+        return ofFile;
+    }
 }
 
 Message reasonOf(const ChildResult& result, const Command& command)
@@ -230,12 +244,12 @@ void Conversion::Private::probed(const ReadMedia& read)
         return checked(read);
     if (m_phase == Phase::Clip) {
         if (!read.media)
-            return fail(read.error);
+            return fail(read.error, kindOf(read.error, FailureKind::Lasting));
         return takeClip(*read.media);
     }
     const QString file = m_waitingFiles.takeFirst();
     if (!read.media)
-        return fail(read.error, FailureKind::Setup);
+        return fail(read.error, kindOf(read.error, FailureKind::Setup));
     m_files.insert(file, *read.media);
     probeNextFile();
 }
@@ -472,7 +486,7 @@ void Conversion::Private::converted(const ChildResult& result)
 void Conversion::Private::checked(const ReadMedia& read)
 {
     if (!read.media)
-        return fail(Message(Code::ResultUnreadable, {read.error.text()}));
+        return fail(Message(Code::ResultUnreadable, {read.error.text()}), kindOf(read.error, FailureKind::Lasting));
     bool isShort = false;
     const bool isWhole = std::all_of(m_plan.tracks.cbegin(), m_plan.tracks.cend(),
                                      [](const TrackPlan& track) { return track.fate != TrackFate::LeftOut; });

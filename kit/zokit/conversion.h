@@ -82,7 +82,7 @@ enum class Outcome {
 enum class FailureKind {
     None,
     Lasting,   ///< The file or the settings are the reason.
-    Temporary, ///< Disk or memory were full, or the child was killed.
+    Temporary, ///< Disk or memory were full, or a child was killed or did not get on.
     Setup      ///< A program, an encoder or a needed file is missing.
 };
 

@@ -59,6 +59,8 @@ private Q_SLOTS:
     void twoRunsShareAPlan();
     void parallelDoesAPlan();
     void whatIsNeededIsChecked();
+    void exitCodesSayWhatToDo_data();
+    void exitCodesSayWhatToDo();
     void brokenPlansAreRefused_data();
     void brokenPlansAreRefused();
     void jobsThatNobodyAskedForAreNotRead();
@@ -226,6 +228,61 @@ void TestZoconvertWork::whatIsNeededIsChecked()
     QCOMPARE(run.err, QStringLiteral("zoconvert: %1/clip.mp4: no such file.\n").arg(folder));
     QCOMPARE(run.code, 76);
     QVERIFY(!QFile::exists(run.path("clip-converted.mp4")));
+}
+
+void TestZoconvertWork::exitCodesSayWhatToDo_data()
+{
+    QTest::addColumn<QByteArray>("ffmpeg"); // What goes before the program.
+    QTest::addColumn<QByteArray>("ffprobe");
+    QTest::addColumn<int>("code");
+    const auto row = [](const char* name, const QByteArray& ffmpeg, const QByteArray& ffprobe, int code) {
+        QTest::newRow(name) << ffmpeg << ffprobe << code;
+    };
+    const auto of = [](const char* file, const char* what) {
+        return "case \"$*\" in *" + QByteArray(file) + ") " + what + ";; esac";
+    };
+    row("all is well", "", "", 0);
+    row("the preparation is killed", of("pipe:1", "kill -KILL $$"), "", 75);
+    row("the preparation stalls", of("pipe:1", "exec sleep 600"), "", 75);
+    row("the preparation fails", of("pipe:1", "exit 1"), "", 1);
+    row("the conversion is killed", of(".part", "kill -KILL $$"), "", 75);
+    row("the conversion stalls", of(".part", "exec sleep 600"), "", 75);
+    row("the conversion fails", of(".part", "exit 1"), "", 1);
+    row("there is no converting", "#!/nowhere", "", 76);
+    row("the probe of the clip is killed", "", of("/clip.mp4", "kill -KILL $$"), 75);
+    row("the probe of the clip takes too long", "", of("/clip.mp4", "exec sleep 600"), 75);
+    row("the probe of the clip fails", "", of("/clip.mp4", "exit 1"), 1);
+    row("the probe of a needed file is killed", "", of("/text.srt", "kill -KILL $$"), 75);
+    row("the probe of a needed file fails", "", of("/text.srt", "exit 1"), 76);
+    row("the probe of the result is killed", "", of(".part", "kill -KILL $$"), 75);
+    row("the probe of the result fails", "", of(".part", "exit 1"), 1);
+    row("there is no probing", "", "#!/nowhere", 76);
+}
+
+void TestZoconvertWork::exitCodesSayWhatToDo()
+{
+    QFETCH(QByteArray, ffmpeg);
+    QFETCH(QByteArray, ffprobe);
+    QFETCH(int, code);
+    ProgramRun run;
+    fill(run);
+    run.run({"plan", "clip.mp4", "--subtitle", "text.srt", "--plan", "p"});
+    const zokit::Tools tools = zokit::findTools();
+    QDir().mkpath(run.path("tools"));
+    const auto write = [&](const char* tool, const QByteArray& before, const QString& program) {
+        run.write(tool, (before.startsWith("#!") ? "" : "#!/bin/sh\n") + before + "\nexec " + QFile::encodeName(program)
+                            + " \"$@\"\n");
+        QFile::setPermissions(run.path(tool), QFile::ReadOwner | QFile::ExeOwner);
+    };
+    write("tools/ffmpeg", ffmpeg, tools.ffmpeg);
+    write("tools/ffprobe", ffprobe, tools.ffprobe);
+    run.setTools(QFile::encodeName(run.path("tools")));
+    run.run({"work", "p", "--stall", ffmpeg.contains("sleep") ? "1" : "60"});
+    QVERIFY2(run.code == code, qPrintable(QString::number(run.code) + run.err));
+    QVERIFY(run.files().contains(QStringLiteral("clip-converted.mp4")) == (code == 0));
+    run.setTools({});
+    run.run({"work", "p"});
+    QVERIFY2(run.code == 0, qPrintable(run.err));
 }
 
 void TestZoconvertWork::brokenPlansAreRefused_data()
