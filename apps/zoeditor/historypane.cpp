@@ -43,6 +43,7 @@ QString valuesOfStep(const zokit::Project& project, const zokit::Step& step)
 {
     constexpr int most = 4;
     constexpr int longest = 40; // Letters.
+    QStringList kinds;
     QStringList names;
     QStringList values;
     for (const zokit::Change& change : step.changes) {
@@ -53,10 +54,11 @@ QString valuesOfStep(const zokit::Project& project, const zokit::Step& step)
             continue;
         const QString value = change.after.isValid() ? zokit::onOneLine(zokit::valueLabel(*address, change.after))
                                                      : HistoryPane::tr("not set");
+        kinds.append(zokit::Address{address->type, zokit::Address::ofType, change.key}.toString());
         names.append(property->label());
         values.append(value.size() > longest ? value.left(longest) + QChar(0x2026) : value);
     }
-    const auto meant = names.indexOf(step.text.arguments().value(0)); // The others follow from it.
+    const auto meant = kinds.indexOf(step.text.arguments().value(0)); // The others follow from it.
     if (meant >= 0)
         return values.at(meant);
     if (values.size() == 1)

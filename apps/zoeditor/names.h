@@ -5,6 +5,7 @@
 
 #include <QFileInfo>
 
+#include <zokit/address.h>
 #include <zokit/message.h>
 
 namespace zoeditor {
@@ -13,6 +14,13 @@ namespace zoeditor {
 inline QString shownName(const QString& path)
 {
     return zokit::onOneLine(QFileInfo(path).fileName());
+}
+
+/// The step that changes a value, for the history: it is said in the language of the moment.
+inline zokit::Message changeOf(const QString& type, const QString& key)
+{
+    return zokit::Message(zokit::Message::Code::StepChange,
+                          {zokit::Address{type, zokit::Address::ofType, key}.toString()});
 }
 
 } // namespace zoeditor

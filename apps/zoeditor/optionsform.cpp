@@ -154,8 +154,7 @@ void OptionsForm::set(const QString& key, const QVariant& given)
     const bool isEmpty = given.userType() == QMetaType::QString && given.toString().trimmed().isEmpty();
     const QVariant value = isEmpty ? QVariant() : given;
     zokit::History& history = m_session->history();
-    history.beginGesture(
-        Message(Message::Code::StepChange, {zokit::findProperty(QStringLiteral("Output"), key)->label()}));
+    history.beginGesture(changeOf(QStringLiteral("Output"), key));
     Message refused;
     for (FileSettings* file : m_files) {
         if (refused.isEmpty())

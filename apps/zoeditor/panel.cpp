@@ -20,6 +20,7 @@
 
 #include "anchorcontrol.h"
 #include "controls.h"
+#include "names.h"
 #include "session.h"
 #include "valuecontrol.h"
 
@@ -179,15 +180,20 @@ void Panel::addRow(QGridLayout* grid, const QString& key, const QString& label, 
     m_rows.insert(key, {control, mark, revert});
 
     connect(control, &ValueControl::edited, this, [this, key](const QVariant& given) { set(key, given); });
-    connect(control, &ValueControl::gestureBegun, this, [this, control, label] {
+    connect(control, &ValueControl::gestureBegun, this, [this, control, key] {
         if (m_session->gestureOwner() != control)
-            m_session->beginGesture(control, Message(Message::Code::StepChange, {label}));
+            m_session->beginGesture(control, stepOf(key));
     });
     connect(control, &ValueControl::gestureEnded, this, [this, control] { m_session->endGesture(control); });
     connect(revert, &QToolButton::clicked, this, [this, key] {
         if (m_session->current())
             m_session->take(m_session->current()->reset(m_thing, key, this));
     });
+}
+
+Message Panel::stepOf(const QString& key) const
+{
+    return changeOf(m_session->model().indexOf(m_thing).data(Model::TypeRole).toString(), key);
 }
 
 void Panel::set(const QString& key, const QVariant& value)
@@ -198,8 +204,7 @@ void Panel::set(const QString& key, const QVariant& value)
     const zokit::Settings before = file->settings();
     const bool isRule = m_thing == file->tracks();
     if (isRule) // The rule and what it chooses are one step.
-        m_session->history().beginGesture(
-            Message(Message::Code::StepChange, {m_rows.value(key).control->field()->accessibleName()}));
+        m_session->history().beginGesture(stepOf(key));
     const bool isFreed = key == anchorKey && !value.isValid();
     m_isTaken = m_session->take(isFreed ? file->reset(m_thing, key, this) : file->setValue(m_thing, key, value, this));
     if (isRule) {

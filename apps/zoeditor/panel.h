@@ -8,6 +8,7 @@
 #include <QTimer>
 
 #include <zokit/changes.h>
+#include <zokit/message.h>
 
 class QGridLayout;
 class QLabel;
@@ -43,6 +44,7 @@ private:
     void update();
     void addGroup(QGridLayout* grid, const QString& name) const;
     void addRow(QGridLayout* grid, const QString& key, const QString& label, ValueControl* control);
+    zokit::Message stepOf(const QString& key) const;
     void set(const QString& key, const QVariant& value);
 
     Session* m_session;

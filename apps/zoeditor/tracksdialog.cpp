@@ -287,7 +287,7 @@ void TracksDialog::accept()
     else if (m_where->currentData().toInt() == All)
         files = m_session->project().files();
     zokit::History& history = m_session->history();
-    history.beginGesture(zokit::Message(zokit::Message::Code::StepChange, {windowTitle()}));
+    history.beginGesture(zokit::Message(zokit::Message::Code::StepChange, {QStringLiteral("Tracks")}));
     QString problem;
     for (FileSettings* file : std::as_const(files)) {
         zokit::Message refused;

@@ -219,8 +219,14 @@ QStringList named(QStringList words)
 {
     if (!words.isEmpty()) {
         const QString thing = words.first();
-        const Property* known = findProperty(thing.section(QLatin1Char(':'), 0, 0), thing.section(QLatin1Char(':'), 1));
-        words.first() = known ? known->label() : displayName(thing);
+        const QString key = thing.section(QLatin1Char(':'), 1);
+        const Property* known = findProperty(thing.section(QLatin1Char(':'), 0, 0), key);
+        if (known)
+            words.first() = known->label();
+        else if (key == QLatin1String("anchor")) // The kit's own, and no property of the library.
+            words.first() = QCoreApplication::translate("zokit", "Anchor");
+        else
+            words.first() = displayName(thing);
     }
     return words;
 }

@@ -7,6 +7,7 @@
 #include <zokit/history.h>
 
 #include <actions.h>
+#include <appearance.h>
 
 #include "editorsupport.h"
 
@@ -17,7 +18,8 @@ class TestEditorUndo : public QObject {
     Q_OBJECT
 
 private slots:
-    void init() { kitsupport::clearSavedDefaults(); }
+    void init();
+    void cleanup() { init(); }
 
     void menuSaysWhatIsUndone();
     void undoGoesAcrossFilesAndShowsWhatItUndoes();
@@ -28,6 +30,8 @@ private slots:
     void gestureThatIsOpenIsUndoneAsAStep_data();
     void gestureThatIsOpenIsUndoneAsAStep();
     void gestureThatIsOpenIsAStepToJumpFrom();
+    void stepIsSaidInTheLanguageOfTheMoment_data();
+    void stepIsSaidInTheLanguageOfTheMoment();
 };
 
 namespace {
@@ -67,6 +71,12 @@ void jumpTo(QListView* list, int row)
 }
 
 } // namespace
+
+void TestEditorUndo::init()
+{
+    kitsupport::clearSavedDefaults();
+    zoeditor::appearance::setLanguage(key("en"));
+}
 
 void TestEditorUndo::menuSaysWhatIsUndone()
 {
@@ -217,6 +227,58 @@ void TestEditorUndo::gestureThatIsOpenIsAStepToJumpFrom()
     QVERIFY(stage.trigger("redo"));
     QVERIFY(stage.trigger("redo"));
     QCOMPARE(value(stage, 0, "bcs_contrast"), QVariant(5));
+}
+
+void TestEditorUndo::stepIsSaidInTheLanguageOfTheMoment_data()
+{
+    QTest::addColumn<QString>("english");
+    QTest::addColumn<QString>("german");
+    QTest::addColumn<QString>("listed");
+    const auto row = [](const char* where, const char* english, const char* german, const char* listed) {
+        QTest::newRow(where) << key(english) << QString::fromUtf8(german) << QString::fromUtf8(listed);
+    };
+    row("Color:bcs_contrast:slider", "change Contrast", "Kontrast \303\244ndern", "Kontrast \303\244ndern: 1");
+    row("Watermark:anchor", "change Anchor", "Anker \303\244ndern", "Anker \303\244ndern: Links 3 px, Oben 2 px");
+    row("Tracks:forced-subtitles", "change Forced subtitles", "Erzwungene Untertitel \303\244ndern",
+        "Erzwungene Untertitel \303\244ndern: Ja");
+    row("apply", "change Choice of tracks", "Wahl der Spuren \303\244ndern", "Wahl der Spuren \303\244ndern: Ja");
+    row("Output:container", "change Container", "Container \303\244ndern", "Container \303\244ndern: mp4");
+}
+
+void TestEditorUndo::stepIsSaidInTheLanguageOfTheMoment()
+{
+    QFETCH(const QString, english);
+    QFETCH(const QString, german);
+    QFETCH(const QString, listed);
+    const QByteArray where = QTest::currentDataTag();
+    const Stage stage({clips::clip(key("languages.mkv"))});
+    const zokit::FileSettings* file = stage.file(0);
+    const zokit::Identity mark = stage.file(0)->insert(key("Watermark"), {{key("wm_textcontent"), key("Hello")}}).item;
+    const QString type = QString::fromLatin1(where).section(QLatin1Char(':'), 0, 0);
+    if (type == key("apply") || type == key("Output"))
+        stage.trigger(type == key("apply") ? "tracks" : "convert");
+    else
+        stage.session().setThing(type == key("Watermark") ? mark
+                                 : type == key("Tracks")  ? file->tracks()
+                                                          : file->type(type));
+    settle();
+    if (where == "apply")
+        stage.find<QCheckBox>("forcedSubtitles")->click();
+    auto* field = stage.find(where);
+    if (auto* button = qobject_cast<QAbstractButton*>(field))
+        button->click();
+    else
+        QTest::keyClick(field, qobject_cast<QSlider*>(field) ? Qt::Key_Right : Qt::Key_Down);
+    settle();
+    QCOMPARE(text(stage, "undo"), key("Undo: ") + english);
+    for (auto* dialog : stage.window().findChildren<QDialog*>())
+        dialog->close();
+    settle();
+    stage.trigger("german");
+    settle();
+    QCOMPARE(text(stage, "undo"), QString::fromUtf8("R\303\274ckg\303\244ngig: ") + german);
+    const QListView* list = history(stage);
+    QCOMPARE(list->currentIndex().data().toString(), listed);
 }
 
 EDITOR_TEST_MAIN(TestEditorUndo)
