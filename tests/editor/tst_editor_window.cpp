@@ -25,8 +25,6 @@ private slots:
 
     void everyActionStandsInAMenu();
     void shortcutsAreListedAndDiffer();
-    void everyControlHasNameAndRole_data();
-    void everyControlHasNameAndRole();
     void valuesAreReadAndSetByAssistiveTools();
     void everythingIsReachedByTab();
     void screenReadersSwitch();
@@ -37,54 +35,7 @@ private slots:
     void dimmedTextsAreDrawnInEachTheme();
     void sizesAreRemembered();
     void missingToolsAreTold();
-    void nothingIsCutOff_data();
-    void nothingIsCutOff();
 };
-
-namespace {
-
-/// What is wrong with the controls below \a object for who cannot see them.
-void collectFaults(QAccessibleInterface* object, const QString& path, QStringList* faults)
-{
-    if (!object || object->state().invisible)
-        return;
-    const QString name = object->text(QAccessible::Name);
-    const auto* widget = qobject_cast<QWidget*>(object->object());
-    const bool isControl = widget && widget->focusPolicy() != Qt::NoFocus && widget->isEnabled();
-    const QString own = path + QLatin1Char('/')
-                        + (object->object() ? QString::fromLatin1(object->object()->metaObject()->className())
-                                                  + QLatin1Char('#') + object->object()->objectName()
-                                            : QString());
-    if (isControl && (name.isEmpty() || object->role() == QAccessible::NoRole))
-        faults->append(own);
-    for (int i = 0; i < object->childCount(); ++i)
-        collectFaults(object->child(i), own, faults);
-}
-
-/// Labels, buttons and boxes below \a window that have less room than their text takes, and siblings that overlap.
-QStringList cutOff(const QWidget& window)
-{
-    QStringList faults;
-    for (const QWidget* widget : window.findChildren<QWidget*>()) {
-        if (!widget->isVisibleTo(&window) || widget->width() == 0)
-            continue;
-        const auto* label = qobject_cast<const QLabel*>(widget);
-        const auto* button = qobject_cast<const QAbstractButton*>(widget);
-        const QString text = label ? label->text() : button ? button->text() : QString();
-        if (text.isEmpty() || widget->objectName() == key("qt_toolbar_ext_button"))
-            continue;
-        const int needed = label && label->wordWrap() ? label->heightForWidth(label->width()) : 0;
-        const bool isNarrow = !(label && label->wordWrap()) && widget->width() < widget->minimumSizeHint().width();
-        if (isNarrow || widget->height() < needed)
-            faults.append(QStringLiteral("%1 (%2): %3x%4")
-                              .arg(widget->objectName(), text)
-                              .arg(widget->width())
-                              .arg(widget->height()));
-    }
-    return faults;
-}
-
-} // namespace
 
 void TestEditorWindow::init()
 {
@@ -130,36 +81,6 @@ void TestEditorWindow::shortcutsAreListedAndDiffer()
     QCOMPARE(keys.value(key("Ctrl+Z")), key("Undo"));
     QCOMPARE(keys.value(key("Ctrl+O")), key("Add files..."));
     dialog->close();
-}
-
-void TestEditorWindow::everyControlHasNameAndRole_data()
-{
-    QTest::addColumn<QString>("language");
-    QTest::newRow("English") << key("en");
-    QTest::newRow("German") << key("de");
-}
-
-void TestEditorWindow::everyControlHasNameAndRole()
-{
-    QFETCH(const QString, language);
-    appearance::setLanguage(language);
-    const Full stage;
-    QStringList faults;
-    int pages = 0;
-    stage.visitAll([&](const QString& what) {
-        ++pages;
-        collectFaults(QAccessible::queryAccessibleInterface(&stage.window()), what, &faults);
-    });
-    QCOMPARE(pages, 23); // 13 types, 8 items, tracks and output.
-    stage.window().findChild<QTabWidget*>(key("pages"))->setCurrentIndex(1);
-    collectFaults(QAccessible::queryAccessibleInterface(&stage.window()), key("history"), &faults);
-    stage.trigger("queue");
-    collectFaults(QAccessible::queryAccessibleInterface(&stage.window()), key("queue"), &faults);
-    stage.visitDialogs([&](QWidget& dialog) {
-        collectFaults(QAccessible::queryAccessibleInterface(&dialog), dialog.objectName(), &faults);
-    });
-    faults.removeDuplicates();
-    QVERIFY2(faults.isEmpty(), qPrintable(faults.join(QLatin1Char('\n'))));
 }
 
 void TestEditorWindow::valuesAreReadAndSetByAssistiveTools()
@@ -358,51 +279,6 @@ void TestEditorWindow::missingToolsAreTold()
     QVERIFY(!stage.find("missingTools"));
     stage.waitForFiles();
     QVERIFY(stage.file(0));
-}
-
-void TestEditorWindow::nothingIsCutOff_data()
-{
-    QTest::addColumn<QString>("language");
-    QTest::addColumn<QSize>("size");
-    for (const char* language : {"en", "de"}) {
-        QTest::addRow("%s, smallest", language) << key(language) << QSize(1024, 640);
-        QTest::addRow("%s, usual", language) << key(language) << QSize(1280, 800);
-    }
-}
-
-void TestEditorWindow::nothingIsCutOff()
-{
-    QFETCH(const QString, language);
-    QFETCH(const QSize, size);
-    appearance::setLanguage(language);
-    const Full stage;
-    stage.window().resize(size);
-    QStringList faults;
-    for (const char* name : {"window", "files", "picture", "timeline", "effects", "panel", "pages"}) {
-        const QWidget* widget = key(name) == key("window") ? &stage.window() : stage.find(name);
-        const QSize least = widget->minimumSizeHint().expandedTo(widget->minimumSize());
-        faults.append(QStringLiteral("%1 %2x%3").arg(key(name)).arg(least.width()).arg(least.height()));
-    }
-    QVERIFY2(stage.window().size() == size, qPrintable(faults.join(QLatin1Char(' '))));
-    faults.clear();
-    const auto* bar = stage.find<QToolBar>("toolBar");
-    for (QAction* action : bar->actions()) {
-        if (!bar->widgetForAction(action)->isVisible())
-            faults += action->objectName();
-    }
-    const auto* panel = stage.find<QScrollArea>("panel");
-    stage.visitAll([&](const QString& what) {
-        faults += cutOff(stage.window());
-        if (panel->widget()->width() > panel->viewport()->width())
-            faults += what;
-    });
-    stage.visitDialogs([&](QWidget& dialog) {
-        faults += cutOff(dialog);
-        if (dialog.width() > size.width() || dialog.height() > size.height())
-            faults += dialog.objectName();
-    });
-    faults.removeDuplicates();
-    QVERIFY2(faults.isEmpty(), qPrintable(faults.join(QLatin1Char('\n'))));
 }
 
 EDITOR_TEST_MAIN(TestEditorWindow)
