@@ -6,14 +6,15 @@
 #include <QApplication>
 #include <QLibraryInfo>
 #include <QLocale>
-#include <QMainWindow>
 #include <QPalette>
 #include <QPointer>
+#include <QScreen>
 #include <QSettings>
 #include <QSplitter>
 #include <QStyle>
 #include <QStyleFactory>
 #include <QTranslator>
+#include <QWidget>
 
 #include <zokit/message.h>
 
@@ -28,7 +29,6 @@ namespace {
 
 const QString themeKey = QStringLiteral("theme");
 const QString languageKey = QStringLiteral("language");
-const QString windowKey = QStringLiteral("window");
 
 QSettings settings()
 {
@@ -156,18 +156,22 @@ void restore()
     applyLanguage(language());
 }
 
-void saveSizes(const QMainWindow& window)
+void saveSizes(const QWidget& window)
 {
     QSettings kept = settings();
-    kept.setValue(windowKey, window.saveGeometry());
+    kept.setValue(window.objectName(), window.parentWidget() ? QVariant(window.size()) : window.saveGeometry());
     for (const QSplitter* splitter : window.findChildren<QSplitter*>())
         kept.setValue(splitter->objectName(), splitter->saveState());
 }
 
-void restoreSizes(QMainWindow* window)
+void restoreSizes(QWidget* window)
 {
     const QSettings kept = settings();
-    window->restoreGeometry(kept.value(windowKey).toByteArray());
+    const QVariant shape = kept.value(window->objectName());
+    if (!window->parentWidget())
+        window->restoreGeometry(shape.toByteArray());
+    else if (const QSize size = shape.toSize(); !size.isEmpty())
+        window->resize(size.boundedTo(window->screen()->availableSize().expandedTo(window->parentWidget()->size())));
     for (QSplitter* splitter : window->findChildren<QSplitter*>())
         splitter->restoreState(kept.value(splitter->objectName()).toByteArray());
 }

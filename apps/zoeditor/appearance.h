@@ -5,9 +5,7 @@
 
 #include <QString>
 
-class QLocale;
-class QMainWindow;
-class QSplitter;
+class QWidget;
 
 /// How the editor looks and which language it speaks: kept in the user's configuration.
 namespace zoeditor::appearance {
@@ -27,9 +25,10 @@ void setLanguage(const QString& language);
 /// Takes theme and language as they were chosen last. At the start, when the application object is there.
 void restore();
 
-/// Remembers the size of \a window and of all QSplitters in it under their object names.
-void saveSizes(const QMainWindow& window);
+/// Remembers the size of \a window, a dialog's, too, and of all QSplitters in it under their object names; of a window
+/// of its own also the place.
+void saveSizes(const QWidget& window);
 /// Gives them back what was remembered, if anything was.
-void restoreSizes(QMainWindow* window);
+void restoreSizes(QWidget* window);
 
 } // namespace zoeditor::appearance

@@ -9,6 +9,8 @@
 #include <QPushButton>
 #include <QToolButton>
 
+#include "appearance.h"
+
 namespace zoeditor {
 
 /// A button of a dialog at the end of \a layout, with its object name. Return in a text does not press it.
@@ -21,12 +23,14 @@ inline QPushButton* makeButton(QLayout* layout, const char* name, const QString&
     return button;
 }
 
-/// Shows \a dialog until it is closed, and deletes it then. A button of it that was pressed by a key, which takes a
-/// moment, does nothing any more once it is closed.
+/// Shows \a dialog, as large as it was last, until it is closed, and deletes it then. A button of it that was pressed
+/// by a key, which takes a moment, does nothing any more once it is closed.
 inline void showOnce(QDialog* dialog)
 {
     dialog->setAttribute(Qt::WA_DeleteOnClose);
+    appearance::restoreSizes(dialog);
     QObject::connect(dialog, &QDialog::finished, dialog, [dialog] {
+        appearance::saveSizes(*dialog);
         for (QAbstractButton* button : dialog->findChildren<QAbstractButton*>())
             button->blockSignals(true);
     });

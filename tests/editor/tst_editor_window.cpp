@@ -34,6 +34,7 @@ private slots:
     void themeIsChosenAndRemembered();
     void dimmedTextsAreDrawnInEachTheme();
     void sizesAreRemembered();
+    void sizesOfDialogsAreRemembered();
     void missingToolsAreTold();
 };
 
@@ -261,6 +262,32 @@ void TestEditorWindow::sizesAreRemembered()
     QCOMPARE(stage.window().size(), QSize(1100, 700));
     QCOMPARE(stage.find<QSplitter>("columns")->sizes(), sizes);
     stage.window().resize(1280, 800);
+}
+
+/// From one opening to the next, in whatever way they are closed.
+void TestEditorWindow::sizesOfDialogsAreRemembered()
+{
+    QMap<QString, QPair<QSize, QList<int>>> left;
+    const auto splitterOf = [](QWidget& dialog) { return dialog.findChild<QSplitter*>(); };
+    {
+        const Full stage;
+        stage.visitDialogs([&](QWidget& dialog) {
+            dialog.resize(dialog.size() + QSize(20 + 10 * left.size(), 30));
+            settle();
+            if (auto* splitter = splitterOf(dialog))
+                splitter->setSizes({splitter->sizes().at(0) + 15, splitter->sizes().at(1) - 15});
+            settle();
+            left.insert(dialog.objectName(),
+                        {dialog.size(), splitterOf(dialog) ? splitterOf(dialog)->sizes() : QList<int>()});
+        });
+    }
+    QCOMPARE(left.size(), 5);
+    const Full stage;
+    stage.visitDialogs([&](QWidget& dialog) {
+        QCOMPARE(dialog.size(), left.value(dialog.objectName()).first);
+        if (splitterOf(dialog))
+            QCOMPARE(splitterOf(dialog)->sizes(), left.value(dialog.objectName()).second);
+    });
 }
 
 void TestEditorWindow::missingToolsAreTold()
