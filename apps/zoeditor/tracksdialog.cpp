@@ -16,6 +16,7 @@
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QSplitter>
+#include <QStyledItemDelegate>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -51,6 +52,26 @@ QString describe(const TrackChoice& choice)
         track.kind == TrackKind::Audio ? TracksDialog::tr("Sound %1: %2") : TracksDialog::tr("Subtitles %1: %2");
     return text.arg(track.index).arg(about.join(QStringLiteral(", ")));
 }
+
+/// Gives a row the height that its texts take in columns as they are: the tree itself would give it one line.
+class Wrapping : public QStyledItemDelegate {
+public:
+    explicit Wrapping(QTreeView* tree) : QStyledItemDelegate(tree), m_tree(tree) {}
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        const QStyle& style = *m_tree->style();
+        const int margin = style.pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, m_tree) + 1;
+        const bool hasBox = index.data(Qt::CheckStateRole).isValid();
+        const int box = hasBox ? style.pixelMetric(QStyle::PM_IndicatorWidth, nullptr, m_tree) + 2 * margin : 0;
+        QStyleOptionViewItem inColumn(option);
+        inColumn.rect = QRect(0, 0, m_tree->columnWidth(index.column()) - box, 1);
+        return QStyledItemDelegate::sizeHint(inColumn, index);
+    }
+
+private:
+    const QTreeView* m_tree;
+};
 
 } // namespace
 
@@ -140,9 +161,12 @@ QWidget* TracksDialog::makeTracks()
     m_tracks->setAccessibleName(tr("Tracks"));
     m_tracks->setRootIsDecorated(false);
     m_tracks->setHeaderLabels({tr("Track"), tr("Chosen"), tr("What becomes of it")});
-    for (const int column : {TrackColumn, WhyColumn, FateColumn})
-        m_tracks->header()->setSectionResizeMode(column, QHeaderView::ResizeToContents);
+    m_tracks->setWordWrap(true);
+    m_tracks->setItemDelegate(new Wrapping(m_tracks));
+    m_tracks->header()->setSectionResizeMode(QHeaderView::Stretch);
     m_tracks->header()->setStretchLastSection(false);
+    connect(m_tracks->header(), &QHeaderView::sectionResized, m_tracks, &QTreeWidget::doItemsLayout,
+            Qt::QueuedConnection);
     m_byRule = new QPushButton(tr("By the &rules again"), page);
     m_byRule->setObjectName(QStringLiteral("byRule"));
     m_byRule->setAutoDefault(false);

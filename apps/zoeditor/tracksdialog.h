@@ -24,8 +24,8 @@ class LanguageList;
 class Session;
 
 /// Which tracks of the files are used, and which subtitle files beside them: by rules, or by hand with the check boxes
-/// of the list. A line a track tells by
-/// what it is chosen and what becomes of it in the current file. Applied as one step.
+/// of the list. A line a track tells by what it is chosen and what becomes of it in the current file. Applied as one
+/// step.
 class TracksDialog : public QDialog {
     Q_OBJECT
 

@@ -147,6 +147,7 @@ void Full::visitAll(const std::function<void(const QString& what)>& look) const
 /// A file that was saved and edited later, of a session that died: all that can be asked is.
 void Full::visitRecovery(const std::function<void(QWidget&, const QString&)>& look) const
 {
+    const Qt::LayoutDirection direction = QGuiApplication::layoutDirection();
     const QString journals = folder.filePath(key("left"));
     const auto isKept = [&journals] {
         QFile journal(QDir(journals).entryInfoList({key("*.journal")}).value(0).filePath());
@@ -161,7 +162,6 @@ void Full::visitRecovery(const std::function<void(QWidget&, const QString&)>& lo
         died.current()->insert(key("Watermark"), {{key("wm_textcontent"), key("written last")}});
         wait(isKept);
     } // Without a good end.
-    const Qt::LayoutDirection direction = QGuiApplication::layoutDirection();
     zoeditor::Editor asking(journals);
     QGuiApplication::setLayoutDirection(direction); // An editor sets that of its language.
     answer("recoverQuestion", "later", [&](QWidget& question) { look(question, question.objectName()); });
@@ -205,6 +205,8 @@ void Full::visitEverything(const std::function<void(QWidget&, const QString&)>& 
             dialog.findChild<QLineEdit*>(key("presetName"))->setText(key("Films"));
             press("savePreset");
         }
+        if (const auto* tracks = dialog.findChild<QTreeWidget*>(key("tracks")))
+            wait([&] { return !tracks->topLevelItem(0)->text(2).isEmpty(); }); // It is planned by a child.
         see(dialog, dialog.objectName());
         if (presets) {
             answer("removeQuestion", "remove", [&](QWidget& question) { look(question, question.objectName()); });

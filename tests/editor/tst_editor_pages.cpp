@@ -105,15 +105,31 @@ QVector<Text> textsOf(const QLineEdit& field)
     return {{field.isReadOnly() ? field.text() : field.text().isEmpty() ? field.placeholderText() : QString(), room}};
 }
 
+/// How many pixels are lacking for what stands at \a index: of its width, or of its height where lines wrap.
+int lackingAt(const QTreeView& tree, const QModelIndex& index)
+{
+    const QRect room = tree.visualRect(index);
+    if (!tree.wordWrap())
+        return tree.sizeHintForIndex(index).width() - room.width();
+    const QStyle& style = *tree.style();
+    const int margin = style.pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, &tree) + 1;
+    const bool hasBox = index.data(Qt::CheckStateRole).isValid();
+    const int box = hasBox ? style.pixelMetric(QStyle::PM_IndicatorWidth, nullptr, &tree) + 2 * margin : 0;
+    const QRect line(0, 0, room.width() - box - 2 * margin, QWIDGETSIZE_MAX);
+    return tree.fontMetrics().boundingRect(line, Qt::TextWordWrap, index.data().toString()).height() - room.height();
+}
+
 /// What stands in the rows that are open, but for what can be read in full in a tip.
 QVector<Text> textsOf(const QTreeView& tree)
 {
     QVector<Text> texts;
+    if (const int beyond = tree.horizontalScrollBar()->maximum(); beyond > 0)
+        texts.append({QString(), -beyond});
     for (QModelIndex row = tree.model()->index(0, 0); row.isValid(); row = tree.indexBelow(row)) {
         for (int column = 0; column < tree.model()->columnCount(row.parent()); ++column) {
             const QModelIndex index = row.sibling(row.row(), column);
             const QString text = index.data().toString();
-            const int lacking = tree.sizeHintForIndex(index).width() - tree.visualRect(index).width();
+            const int lacking = lackingAt(tree, index);
             if (lacking > 0 && !index.data(Qt::ToolTipRole).toString().contains(text))
                 texts.append({text, tree.fontMetrics().horizontalAdvance(text) - lacking});
         }
@@ -275,7 +291,8 @@ void TestEditorPages::nothingIsCutOff()
 void TestEditorPages::cutOffIsFound_data()
 {
     QTest::addColumn<QByteArray>("kind");
-    for (const char* kind : {"label", "box", "tabs", "header", "row", "placeholder", "line", "overlap"})
+    for (const char* kind :
+         {"label", "box", "tabs", "header", "row", "wrapped row", "wide list", "placeholder", "line", "overlap"})
         QTest::addRow("%s", kind) << QByteArray(kind);
 }
 
@@ -287,6 +304,7 @@ void TestEditorPages::cutOffIsFound()
     QWidget window;
     auto* layout = new QVBoxLayout(&window);
     QWidget* narrow = nullptr;
+    const bool isList = kind == "header" || kind.endsWith("row") || kind == "wide list";
     if (kind == "box") {
         auto* box = new QComboBox(&window);
         box->addItems({key("Few"), text});
@@ -295,10 +313,11 @@ void TestEditorPages::cutOffIsFound()
         auto* bar = new QTabBar(&window);
         bar->addTab(text);
         narrow = bar;
-    } else if (kind == "header" || kind == "row") {
+    } else if (isList) {
         auto* tree = new QTreeWidget(&window);
-        tree->setHeaderLabels({kind == "row" ? key("What") : text, text});
-        if (kind == "row")
+        tree->setHeaderLabels({kind == "header" ? text : key("What"), text});
+        tree->setWordWrap(kind == "wrapped row");
+        if (kind != "header")
             new QTreeWidgetItem(tree, {text});
         tree->header()->resizeSection(0, 300);
         layout->addWidget(tree);
@@ -320,8 +339,8 @@ void TestEditorPages::cutOffIsFound()
     QCOMPARE(cutOff(window), QStringList());
     if (kind == "overlap")
         below->move(narrow->pos());
-    else if (kind == "header" || kind == "row")
-        static_cast<QTreeWidget*>(narrow)->header()->resizeSection(0, 60);
+    else if (isList)
+        static_cast<QTreeWidget*>(narrow)->header()->resizeSection(0, kind == "wide list" ? 900 : 60);
     else
         narrow->setFixedWidth(40);
     settle();
