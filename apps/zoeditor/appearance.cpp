@@ -6,13 +6,14 @@
 #include <QApplication>
 #include <QLibraryInfo>
 #include <QLocale>
+#include <QPainter>
 #include <QPalette>
 #include <QPointer>
+#include <QProxyStyle>
 #include <QScreen>
 #include <QSettings>
 #include <QSplitter>
-#include <QStyle>
-#include <QStyleFactory>
+#include <QStyleOption>
 #include <QTranslator>
 #include <QWidget>
 
@@ -87,10 +88,31 @@ QPalette systemPalette()
     return palette;
 }
 
+/// The style with boxes to check whose outline can be seen on every ground.
+class Style : public QProxyStyle {
+public:
+    Style() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override
+    {
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        if (element != PE_IndicatorCheckBox)
+            return;
+        constexpr double half = 0.5; // The middle of a pixel.
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->setPen(option->palette.color(QPalette::PlaceholderText));
+        painter->setBrush(Qt::NoBrush);
+        painter->drawRect(QRectF(option->rect).adjusted(half, half, -half, -half));
+        painter->restore();
+    }
+};
+
 void applyTheme(Theme theme)
 {
     static const QPalette system = systemPalette();
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(new Style);
     QApplication::setPalette(theme == Theme::System ? system : paletteOf(theme == Theme::Light ? light : dark));
 }
 

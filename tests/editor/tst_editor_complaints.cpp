@@ -40,6 +40,7 @@ private slots:
     void orderOfTheQueueIsChangedWhileItRuns();
     void themesCanBeRead_data();
     void themesCanBeRead();
+    void boxesAreSeenInEachTheme();
     void deleteRemovesWhatIsChosen();
     void copiedFilesArePastedIntoTheList();
     void pointAndCommaStandBeforeDecimals_data();
@@ -293,6 +294,39 @@ void TestEditorComplaints::themesCanBeRead()
     for (const Pair& pair : pairs) {
         const double found = contrast(palette.color(pair.group, pair.text), palette.color(pair.group, pair.ground));
         QVERIFY2(found >= pair.least, qPrintable(QStringLiteral("%1: %2").arg(key(pair.what)).arg(found)));
+    }
+}
+
+// In dark colours a box that is not checked is hardly seen. An outline stands out by 3 to 1.
+void TestEditorComplaints::boxesAreSeenInEachTheme()
+{
+    for (const char* theme : {"themeLight", "themeDark"}) {
+        const Stage stage;
+        QVERIFY(stage.trigger(theme));
+        QWidget window;
+        auto* layout = new QVBoxLayout(&window);
+        auto* box = new QCheckBox(&window);
+        auto* list = new QListWidget(&window);
+        auto* row = new QListWidgetItem(list);
+        row->setCheckState(Qt::Unchecked);
+        layout->addWidget(box);
+        layout->addWidget(list);
+        window.show();
+        settle();
+        const auto strongest = [](const QImage& drawn, const QColor& around) {
+            double found = 1;
+            for (int x = 0; x < drawn.width(); ++x) {
+                for (int y = 0; y < drawn.height(); ++y)
+                    found = std::max(found, contrast(drawn.pixelColor(x, y), around));
+            }
+            return found;
+        };
+        const QRect sign(0, 0, 20, 20); // The row of the list has no text.
+        const double ofBox = strongest(box->grab().toImage(), QApplication::palette().color(QPalette::Window));
+        const double ofRow =
+            strongest(list->viewport()->grab(sign).toImage(), QApplication::palette().color(QPalette::Base));
+        QVERIFY2(ofBox >= 3, qPrintable(QStringLiteral("%1: %2").arg(key(theme)).arg(ofBox)));
+        QVERIFY2(ofRow >= 3, qPrintable(QStringLiteral("%1: %2").arg(key(theme)).arg(ofRow)));
     }
 }
 
