@@ -7,6 +7,7 @@
 #include <QBoxLayout>
 #include <QDialog>
 #include <QPushButton>
+#include <QResizeEvent>
 #include <QToolButton>
 
 #include "appearance.h"
@@ -61,6 +62,23 @@ inline void addToolButton(QBoxLayout* row, QAction* action, const QString& short
     letSwitch(button);
     row->addWidget(button);
 }
+
+/// A list whose current row stays in sight when its room changes, if it was.
+template <typename List>
+class KeepsInSight : public List {
+public:
+    using List::List;
+
+protected:
+    void resizeEvent(QResizeEvent* event) override
+    {
+        const QRect row = this->visualRect(this->currentIndex());
+        const bool wasSeen = QRect(QPoint(), event->oldSize()).intersects(row);
+        List::resizeEvent(event);
+        if (wasSeen)
+            this->scrollTo(this->currentIndex());
+    }
+};
 
 /// \a name for a label that has a buddy, where "&" would mark the letter behind it.
 inline QString inLabel(QString name)

@@ -20,6 +20,7 @@
 #include <zokit/tracks.h>
 
 #include "actions.h"
+#include "buttons.h"
 #include "filesmodel.h"
 #include "session.h"
 #include "undokeys.h"
@@ -92,7 +93,7 @@ private:
 } // namespace
 
 EffectsPane::EffectsPane(Session* session, const Actions& actions, QWidget* parent)
-    : QWidget(parent), m_session(session), m_shown(new Shown(this)), m_tree(new QTreeView(this))
+    : QWidget(parent), m_session(session), m_shown(new Shown(this)), m_tree(new KeepsInSight<QTreeView>(this))
 {
     setObjectName(QStringLiteral("effects"));
     m_shown->setSourceModel(&session->model());

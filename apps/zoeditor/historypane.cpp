@@ -131,7 +131,7 @@ private:
 
 } // namespace
 
-HistoryPane::HistoryPane(Session* session, QWidget* parent) : QListView(parent)
+HistoryPane::HistoryPane(Session* session, QWidget* parent) : KeepsInSight(parent)
 {
     setObjectName(QStringLiteral("history"));
     setAccessibleName(tr("History"));

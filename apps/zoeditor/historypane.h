@@ -5,12 +5,14 @@
 
 #include <QListView>
 
+#include "buttons.h"
+
 namespace zoeditor {
 
 class Session;
 
 /// All steps that can be undone and redone, as a list to jump in: choosing one undoes or redoes up to it.
-class HistoryPane : public QListView {
+class HistoryPane : public KeepsInSight<QListView> {
     Q_OBJECT
 
 public:

@@ -53,8 +53,9 @@ QueuePane::QueuePane(zokit::Queue* queue, QWidget* parent)
     m_list->setUniformRowHeights(true);
     m_list->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_list->setHeaderLabels({tr("File"), tr("Result"), tr("State"), tr("Progress"), tr("Time left")});
-    for (const int column : {FileColumn, ResultColumn, StateColumn})
-        m_list->header()->setSectionResizeMode(column, QHeaderView::Stretch);
+    m_list->header()->setSectionResizeMode(QHeaderView::Stretch);
+    for (const int column : {ProgressColumn, LeftColumn})
+        m_list->header()->setSectionResizeMode(column, QHeaderView::ResizeToContents);
     m_list->header()->setStretchLastSection(false);
     m_log->setObjectName(QStringLiteral("queueLog"));
     m_log->setAccessibleName(tr("Log of the chosen file"));

@@ -35,6 +35,7 @@ private slots:
     void dimmedTextsAreDrawnInEachTheme();
     void sizesAreRemembered();
     void sizesOfDialogsAreRemembered();
+    void chosenRowsStayInSight();
     void missingToolsAreTold();
 };
 
@@ -288,6 +289,34 @@ void TestEditorWindow::sizesOfDialogsAreRemembered()
         if (splitterOf(dialog))
             QCOMPARE(splitterOf(dialog)->sizes(), left.value(dialog.objectName()).second);
     });
+}
+
+void TestEditorWindow::chosenRowsStayInSight()
+{
+    const Full stage;
+    stage.window().resize(1024, 640);
+    for (int i = 0; i < 20; ++i)
+        stage.file(0)->setValue(stage.file(0)->type(key("Color")), key("bcs_contrast"), i + 1);
+    stage.session().setThing(stage.file(0)->output());
+    auto* pages = stage.find<QTabWidget>("pages");
+    pages->setCurrentIndex(1);
+    settle();
+    const auto isInSight = [&](const char* name) {
+        auto* list = stage.find<QAbstractItemView>(name);
+        return list->currentIndex().row() > 0
+               && list->viewport()->rect().contains(list->visualRect(list->currentIndex()));
+    };
+    for (const char* name : {"effectTree", "history"})
+        QVERIFY2(isInSight(name), name);
+    stage.trigger("queue"); // It takes its room from them.
+    settle();
+    for (const char* name : {"effectTree", "history"})
+        QVERIFY2(isInSight(name), name);
+    auto* tree = stage.find<QTreeView>("effectTree");
+    tree->scrollToTop();
+    stage.trigger("queue");
+    settle();
+    QCOMPARE(tree->verticalScrollBar()->value(), 0); // Whoever looks elsewhere goes on looking there.
 }
 
 void TestEditorWindow::missingToolsAreTold()
