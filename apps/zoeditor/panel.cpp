@@ -48,6 +48,26 @@ QString markText(zokit::State state)
     return Panel::tr("default");
 }
 
+/// The values of \a thing: those of a group together, and the groups in the order in which they begin.
+QVector<QModelIndex> valuesInGroups(const Model& model, const QModelIndex& thing)
+{
+    QVector<QModelIndex> values;
+    QStringList groups;
+    for (int i = 0; i < model.rowCount(thing) && thing.isValid(); ++i) {
+        const QModelIndex value = model.index(i, Model::ValueColumn, thing);
+        if (value.data(Model::KindRole).toInt() != Model::PropertyRow)
+            continue;
+        values.append(value);
+        groups.append(value.data(Model::GroupRole).toString());
+    }
+    const auto place = [&groups](const QModelIndex& value) {
+        return groups.indexOf(value.data(Model::GroupRole).toString());
+    };
+    std::stable_sort(values.begin(), values.end(),
+                     [&](const QModelIndex& a, const QModelIndex& b) { return place(a) < place(b); });
+    return values;
+}
+
 } // namespace
 
 Panel::Panel(Session* session, QWidget* parent) : QScrollArea(parent), m_session(session)
@@ -109,11 +129,15 @@ void Panel::rebuild()
             grid->addWidget(text, 1, 0, 1, Columns);
         }
     }
-    QString group;
-    for (int i = 0; i < model.rowCount(chosen) && chosen.isValid(); ++i) {
-        const QModelIndex value = model.index(i, Model::ValueColumn, chosen);
-        if (value.data(Model::KindRole).toInt() != Model::PropertyRow)
-            continue;
+    const QVector<QModelIndex> values = valuesInGroups(model, chosen);
+    if (chosen.isValid() && values.isEmpty()) {
+        auto* text = new QLabel(tr("There is nothing to set here: the box in the list above switches it."), page);
+        text->setObjectName(QStringLiteral("noValues"));
+        text->setWordWrap(true);
+        grid->addWidget(text, grid->rowCount(), 0, 1, Columns);
+    }
+    QString group = chosen.data(Model::LabelRole).toString(); // A group of the same name needs no title of its own.
+    for (const QModelIndex& value : values) {
         if (const QString own = value.data(Model::GroupRole).toString(); own != group)
             addGroup(grid, group = own);
         const QString type = value.data(Model::TypeRole).toString();

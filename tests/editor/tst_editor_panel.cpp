@@ -26,6 +26,9 @@ private slots:
     void init() { kitsupport::clearSavedDefaults(); }
 
     void everyValueHasItsField();
+    void headingsStandOnceAndSaySomething_data();
+    void headingsStandOnceAndSaySomething();
+    void whatHasNoValuesSaysSo();
     void fieldsSetTheirValue_data();
     void fieldsSetTheirValue();
     void ruleForTracksChoosesAtOnce();
@@ -122,6 +125,49 @@ void TestEditorPanel::everyValueHasItsField()
         ++fields;
     }
     QVERIFY(fields > 40);
+}
+
+void TestEditorPanel::headingsStandOnceAndSaySomething_data()
+{
+    QTest::addColumn<QStringList>("headings");
+    const auto row = [](const char* type, const char* headings) {
+        QTest::newRow(type) << key(headings).split(key("; "));
+    };
+    row("Color", "Colour"); // Its only group is called the same.
+    row("Audio_Speed", "Speed; Use; Speed");
+    row("Audio_Fade_Inout", "Fade in and out; Use; Beginning; End"); // Its values take turns.
+    row("Audio_Echo", "Echo; Use; Gain; Second voice");
+}
+
+void TestEditorPanel::headingsStandOnceAndSaySomething()
+{
+    QFETCH(const QStringList, headings);
+    const Edited stage;
+    stage.session().setThing(stage.file(0)->type(QString::fromLatin1(QTest::currentDataTag())));
+    settle();
+    QMap<int, QString> found; // By their place from above.
+    for (const auto* label : stage.find<QScrollArea>("panel")->widget()->findChildren<QLabel*>()) {
+        if (label->font().bold())
+            found.insert(label->y(), label->text());
+    }
+    QCOMPARE(QStringList(found.values()), headings);
+}
+
+void TestEditorPanel::whatHasNoValuesSaysSo()
+{
+    const Stage stage({clips::clip(key("languages.mkv"))});
+    const zokit::FileSettings* file = stage.file(0);
+    const auto isSaid = [&] {
+        settle();
+        return stage.find("noValues") != nullptr;
+    };
+    for (const zokit::Identity thing :
+         {file->type(key("Audio")), file->item(key("Audio"), 0), file->item(key("Effect"), 0)}) {
+        stage.session().setThing(thing);
+        QVERIFY(isSaid());
+    }
+    stage.session().setThing(file->type(key("Color")));
+    QVERIFY(!isSaid());
 }
 
 void TestEditorPanel::fieldsSetTheirValue_data()

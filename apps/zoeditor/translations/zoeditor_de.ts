@@ -453,6 +453,10 @@
         <translation>Werte</translation>
     </message>
     <message>
+        <source>There is nothing to set here: the box in the list above switches it.</source>
+        <translation>Hier gibt es nichts einzustellen: Das Kästchen in der Liste darüber schaltet es ein und aus.</translation>
+    </message>
+    <message>
         <source>Add a file to begin.</source>
         <translation>Fügen Sie zuerst eine Datei hinzu.</translation>
     </message>
