@@ -261,7 +261,7 @@
     </message>
     <message>
         <source>Fade in and out</source>
-        <translation>Blenden</translation>
+        <translation>Ein-/Ausblenden</translation>
     </message>
     <message>
         <source>Normalize</source>
@@ -365,7 +365,7 @@
     </message>
     <message>
         <source>Glow</source>
-        <translation>Schein</translation>
+        <translation>Leuchten</translation>
     </message>
     <message>
         <source>Kaleidoscope</source>
@@ -393,7 +393,7 @@
     </message>
     <message>
         <source>Place</source>
-        <translation>Ort</translation>
+        <translation>Position</translation>
     </message>
     <message>
         <source>Look</source>
@@ -417,7 +417,7 @@
     </message>
     <message>
         <source>Use</source>
-        <translation>Gebrauch</translation>
+        <translation>Verwendung</translation>
     </message>
     <message>
         <source>Beginning</source>
@@ -621,7 +621,7 @@
     </message>
     <message>
         <source>As by default: %1</source>
-        <translation>Wie voreingestellt: %1</translation>
+        <translation>Wie die Vorgabe: %1</translation>
     </message>
     <message>
         <source>As the frame</source>
@@ -773,7 +773,7 @@
     </message>
     <message>
         <source>Default top</source>
-        <translation>Oben am Anfang</translation>
+        <translation>Vorgabe oben</translation>
     </message>
     <message>
         <source>Where a new watermark begins, as a part of the frame's height.</source>
@@ -781,7 +781,7 @@
     </message>
     <message>
         <source>Default left</source>
-        <translation>Links am Anfang</translation>
+        <translation>Vorgabe links</translation>
     </message>
     <message>
         <source>Where a new watermark begins, as a part of the frame's width.</source>
@@ -797,11 +797,11 @@
     </message>
     <message>
         <source>Strength of full opacity</source>
-        <translation>Stärke voller Deckung</translation>
+        <translation>Faktor der Deckkraft</translation>
     </message>
     <message>
         <source>Opacity in percent times this is the alpha value. 2.55 reaches full opacity.</source>
-        <translation>Deckung in Prozent mal diese Zahl ist der Alphawert. 2,55 ist volle Deckung.</translation>
+        <translation>Deckkraft in Prozent mal diese Zahl ist der Alphawert. 2,55 ist volle Deckkraft.</translation>
     </message>
     <message>
         <source>Style</source>
@@ -937,11 +937,11 @@
     </message>
     <message>
         <source>Place is set</source>
-        <translation>Ort ist gesetzt</translation>
+        <translation>Position ist gesetzt</translation>
     </message>
     <message>
         <source>Whether the place was set, or follows the frame.</source>
-        <translation>Ob der Ort gesetzt wurde oder dem Bild folgt.</translation>
+        <translation>Ob die Position gesetzt wurde oder dem Bild folgt.</translation>
     </message>
     <message>
         <source>Repeat</source>
@@ -997,7 +997,7 @@
     </message>
     <message>
         <source>In use</source>
-        <translation>In Gebrauch</translation>
+        <translation>Eingeschaltet</translation>
     </message>
     <message>
         <source>Whether the frame effect is applied.</source>
@@ -1017,11 +1017,11 @@
     </message>
     <message>
         <source>Clockwise. Setting it switches on "Turn the picture", which stands with the crop.</source>
-        <translation>Im Uhrzeigersinn. Schaltet "Bild drehen" ein, das beim Zuschnitt steht.</translation>
+        <translation>Im Uhrzeigersinn. Schaltet „Bild drehen“ ein, das beim Zuschnitt steht.</translation>
     </message>
     <message>
         <source>After turning. Setting it switches on "Turn the picture", which stands with the crop.</source>
-        <translation>Nach dem Drehen. Schaltet "Bild drehen" ein, das beim Zuschnitt steht.</translation>
+        <translation>Nach dem Drehen. Schaltet „Bild drehen“ ein, das beim Zuschnitt steht.</translation>
     </message>
     <message>
         <source>Whether the effect is applied to the sound.</source>
@@ -1197,7 +1197,7 @@
     </message>
     <message>
         <source>%1: %2 is no colour. Write a name, #rrggbb, or #aarrggbb with the opacity first.</source>
-        <translation>%1: %2 ist keine Farbe. Schreiben Sie einen Namen, #rrggbb oder #aarrggbb mit der Deckung zuerst.</translation>
+        <translation>%1: %2 ist keine Farbe. Schreiben Sie einen Namen, #rrggbb oder #aarrggbb mit der Deckkraft zuerst.</translation>
     </message>
     <message>
         <source>%1: %2 is no font. Write the name of a family.</source>
@@ -1229,11 +1229,11 @@
     </message>
     <message>
         <source>%1 has no default to go back to.</source>
-        <translation>%1 hat keinen Standardwert.</translation>
+        <translation>%1 hat keine Vorgabe, zu der es zurückgehen könnte.</translation>
     </message>
     <message>
         <source>%1 is none of %2.| Did you mean %3?</source>
-        <translation>%1 ist nichts von %2.| Meinten Sie %3?</translation>
+        <translation>%1 ist keins von %2.| Meinten Sie %3?</translation>
     </message>
     <message>
         <source>%1 is no margin. Write pixels (10) or percent (2%).</source>
@@ -1497,7 +1497,7 @@
     </message>
     <message>
         <source>Of %1 nothing can be saved as a default. Choose one of its items.</source>
-        <translation>Von %1 lässt sich kein Standard speichern. Wählen Sie eins seiner Elemente.</translation>
+        <translation>Von %1 lässt sich keine Vorgabe speichern. Wählen Sie eins seiner Elemente.</translation>
     </message>
     <message>
         <source>%1: no settings file can hold this value. Set another one.</source>
@@ -1525,15 +1525,15 @@
     </message>
     <message>
         <source>add a file</source>
-        <translation>eine Datei hinzufügen</translation>
+        <translation>Datei hinzufügen</translation>
     </message>
     <message>
         <source>remove a file</source>
-        <translation>eine Datei entfernen</translation>
+        <translation>Datei entfernen</translation>
     </message>
     <message>
         <source>change a saved default</source>
-        <translation>einen gespeicherten Standard ändern</translation>
+        <translation>gespeicherte Vorgabe ändern</translation>
     </message>
     <message>
         <source>apply to %1 files</source>
@@ -1545,7 +1545,7 @@
     </message>
     <message>
         <source>%1: %2 is none of %3.| Did you mean %4?</source>
-        <translation>%1: %2 ist nichts von %3.| Meinten Sie %4?</translation>
+        <translation>%1: %2 ist keins von %3.| Meinten Sie %4?</translation>
     </message>
     <message>
         <source>Sound languages</source>

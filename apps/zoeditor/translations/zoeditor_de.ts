@@ -47,15 +47,15 @@
     </message>
     <message>
         <source>&amp;Save settings</source>
-        <translation>Einstellungen &amp;sichern</translation>
+        <translation>Einstellungen &amp;speichern</translation>
     </message>
     <message>
         <source>Save settings &amp;as...</source>
-        <translation>Einstellungen sichern &amp;als...</translation>
+        <translation>Einstellu&amp;ngen speichern unter...</translation>
     </message>
     <message>
         <source>Sa&amp;ve settings of all</source>
-        <translation>Einstellungen a&amp;ller sichern</translation>
+        <translation>Einstellungen a&amp;ller speichern</translation>
     </message>
     <message>
         <source>&amp;Quit</source>
@@ -195,7 +195,7 @@
     </message>
     <message>
         <source>Convert the &amp;whole clip</source>
-        <translation>Den &amp;ganzen Film umwandeln</translation>
+        <translation>Den &amp;ganzen Clip umwandeln</translation>
     </message>
     <message>
         <source>&amp;Convert...</source>
@@ -226,7 +226,7 @@
     </message>
     <message>
         <source>An editor ended before its time, %1. Its settings are there:</source>
-        <translation>Ein Editor endete vorzeitig, %1. Seine Einstellungen sind noch da:</translation>
+        <translation>Ein Editor wurde vorzeitig beendet (%1). Seine Einstellungen sind noch da:</translation>
     </message>
     <message>
         <source>An editor that opened them has ended twice. It may happen again. They are set aside in %1.</source>
@@ -442,7 +442,7 @@
     </message>
     <message>
         <source>saved</source>
-        <translation>gesichert</translation>
+        <translation>gespeichert</translation>
     </message>
     <message>
         <source>default</source>
@@ -583,7 +583,7 @@
     </message>
     <message>
         <source>%1: place</source>
-        <translation>%1: Ort</translation>
+        <translation>%1: Position</translation>
     </message>
     <message>
         <source>%1, becomes %2</source>
@@ -595,7 +595,7 @@
     </message>
     <message>
         <source>Drop films here, or add files.</source>
-        <translation>Legen Sie Filme hier ab, oder fügen Sie Dateien hinzu.</translation>
+        <translation>Legen Sie Clips hier ab oder fügen Sie Dateien hinzu.</translation>
     </message>
     <message>
         <source>This file has no picture.</source>
@@ -610,7 +610,7 @@
     </message>
     <message>
         <source>There are no clips in %1.</source>
-        <translation>In %1 sind keine Filme.</translation>
+        <translation>In %1 sind keine Clips.</translation>
     </message>
     <message>
         <source>%1 is open already.</source>
@@ -618,11 +618,11 @@
     </message>
     <message>
         <source>Saved as %1</source>
-        <translation>Gesichert als %1</translation>
+        <translation>Gespeichert als %1</translation>
     </message>
     <message>
         <source>No film: %1. Subtitles and pictures belong to one. Choose it, then Add subtitle file or Add image in the menu Edit.</source>
-        <translation>Kein Film: %1. Untertitel und Bilder gehören zu einem. Wählen Sie ihn, dann „Untertiteldatei hinzufügen“ oder „Bild hinzufügen“ im Menü „Bearbeiten“.</translation>
+        <translation>Kein Clip: %1. Untertitel und Bilder gehören zu einem. Wählen Sie ihn, dann „Untertiteldatei hinzufügen“ oder „Bild hinzufügen“ im Menü „Bearbeiten“.</translation>
     </message>
     <message>
         <source>%1 is a subtitle of %2 now.</source>
@@ -815,7 +815,7 @@ Von %2 bis %3.</translation>
     </message>
     <message>
         <source>Save settings</source>
-        <translation>Einstellungen sichern</translation>
+        <translation>Einstellungen speichern</translation>
     </message>
     <message>
         <source>Close</source>
@@ -824,17 +824,17 @@ Von %2 bis %3.</translation>
     <message numerus="yes">
         <source>The settings of %n file(s) are not saved.</source>
         <translation>
-            <numerusform>Die Einstellungen von %n Datei sind nicht gesichert.</numerusform>
-            <numerusform>Die Einstellungen von %n Dateien sind nicht gesichert.</numerusform>
+            <numerusform>Die Einstellungen von %n Datei sind nicht gespeichert.</numerusform>
+            <numerusform>Die Einstellungen von %n Dateien sind nicht gespeichert.</numerusform>
         </translation>
     </message>
     <message>
         <source>Save all</source>
-        <translation>Alle sichern</translation>
+        <translation>Alle speichern</translation>
     </message>
     <message>
         <source>Close without saving</source>
-        <translation>Schließen, ohne zu sichern</translation>
+        <translation>Ohne Speichern schließen</translation>
     </message>
     <message>
         <source>Stay</source>
@@ -843,13 +843,13 @@ Von %2 bis %3.</translation>
     <message numerus="yes">
         <source>The settings of %n file(s) are saved.</source>
         <translation>
-            <numerusform>Die Einstellungen von %n Datei sind gesichert.</numerusform>
-            <numerusform>Die Einstellungen von %n Dateien sind gesichert.</numerusform>
+            <numerusform>Die Einstellungen von %n Datei sind gespeichert.</numerusform>
+            <numerusform>Die Einstellungen von %n Dateien sind gespeichert.</numerusform>
         </translation>
     </message>
     <message>
         <source>Films and sound (%1)</source>
-        <translation>Filme und Ton (%1)</translation>
+        <translation>Clips und Ton (%1)</translation>
     </message>
     <message>
         <source>Settings (*.zoeffect.json)</source>
@@ -900,7 +900,7 @@ Von %2 bis %3.</translation>
     </message>
     <message>
         <source>There is no other file here. Add or select some first.</source>
-        <translation>Hier ist keine andere Datei. Fügen Sie erst welche hinzu, oder wählen Sie welche aus.</translation>
+        <translation>Es gibt keine andere Datei. Fügen Sie zuerst welche hinzu oder wählen Sie welche aus.</translation>
     </message>
     <message>
         <source>Check what is to be applied.</source>
@@ -957,7 +957,7 @@ Von %2 bis %3.</translation>
     </message>
     <message>
         <source>beside each clip</source>
-        <translation>neben jedem Film</translation>
+        <translation>neben jedem Clip</translation>
     </message>
     <message>
         <source>C&amp;hoose...</source>
@@ -1017,7 +1017,7 @@ Von %2 bis %3.</translation>
     </message>
     <message>
         <source>%1 has %2; all of the clip would have about %3. It is removed when this window is closed.</source>
-        <translation>%1 hat %2; der ganze Film hätte etwa %3. Die Datei wird entfernt, wenn dieses Fenster geschlossen wird.</translation>
+        <translation>%1 hat %2; der ganze Clip hätte etwa %3. Die Datei wird entfernt, wenn dieses Fenster geschlossen wird.</translation>
     </message>
     <message>
         <source>an unknown size</source>
@@ -1058,11 +1058,11 @@ Von %2 bis %3.</translation>
     </message>
     <message>
         <source>It begins at %1 s: less than ten seconds come after the picture shown.</source>
-        <translation>Er beginnt bei %1 s: nach dem gezeigten Bild kommen keine zehn Sekunden mehr.</translation>
+        <translation>Sie beginnt bei %1 s: Nach dem gezeigten Bild kommen weniger als zehn Sekunden.</translation>
     </message>
     <message>
         <source>It begins at %1 s.</source>
-        <translation>Er beginnt bei %1 s.</translation>
+        <translation>Sie beginnt bei %1 s.</translation>
     </message>
 </context>
 <context>
@@ -1093,23 +1093,23 @@ Von %2 bis %3.</translation>
     </message>
     <message>
         <source>No default is saved: new files get the values that are built in.</source>
-        <translation>Keine Vorgabe ist gesichert: Neue Dateien bekommen die eingebauten Werte.</translation>
+        <translation>Keine Vorgabe ist gespeichert: Neue Dateien bekommen die eingebauten Werte.</translation>
     </message>
     <message>
         <source>Files that are added from now on get the saved values, and so does what is taken back.</source>
-        <translation>Dateien, die von nun an hinzukommen, bekommen die gesicherten Werte, und ebenso, was zurückgesetzt wird.</translation>
+        <translation>Dateien, die von nun an hinzukommen, bekommen die gespeicherten Werte, und ebenso, was zurückgesetzt wird.</translation>
     </message>
     <message>
         <source>&amp;Save number %1 of the current file as default</source>
-        <translation>Nummer %1 der aktuellen Datei als Vorgabe &amp;sichern</translation>
+        <translation>Nummer %1 der aktuellen Datei als Vorgabe &amp;speichern</translation>
     </message>
     <message>
         <source>&amp;Save those of the current file as default</source>
-        <translation>Werte der aktuellen Datei als Vorgabe &amp;sichern</translation>
+        <translation>Werte der aktuellen Datei als Vorgabe &amp;speichern</translation>
     </message>
     <message>
         <source>saved default</source>
-        <translation>gesicherte Vorgabe</translation>
+        <translation>gespeicherte Vorgabe</translation>
     </message>
     <message>
         <source>built in</source>
@@ -1181,7 +1181,7 @@ Von %2 bis %3.</translation>
     </message>
     <message>
         <source>%1 is one of the clips. Choose another name.</source>
-        <translation>%1 ist einer der Filme. Wählen Sie einen anderen Namen.</translation>
+        <translation>%1 ist einer der Clips. Wählen Sie einen anderen Namen.</translation>
     </message>
     <message>
         <source>%1 and %2 would both become %3. Put {name} or {number} into the name.</source>
@@ -1189,7 +1189,7 @@ Von %2 bis %3.</translation>
     </message>
     <message>
         <source>There is nothing to convert. Add files first.</source>
-        <translation>Es gibt nichts umzuwandeln. Fügen Sie erst Dateien hinzu.</translation>
+        <translation>Es gibt nichts umzuwandeln. Fügen Sie zuerst Dateien hinzu.</translation>
     </message>
     <message>
         <source>waiting</source>
@@ -1241,7 +1241,7 @@ Von %2 bis %3.</translation>
     </message>
     <message>
         <source>The clip has no picture to burn subtitles into. Tick &quot;Soft subtitles&quot; in Convert, or leave them out.</source>
-        <translation>Der Film hat kein Bild, in das Untertitel eingebrannt werden könnten. Wählen Sie unter „Umwandeln“ „Abschaltbare Untertitel“, oder lassen Sie sie weg.</translation>
+        <translation>Der Clip hat kein Bild, in das Untertitel eingebrannt werden könnten. Wählen Sie unter „Umwandeln“ „Abschaltbare Untertitel“, oder lassen Sie sie weg.</translation>
     </message>
 </context>
 <context>
@@ -1252,15 +1252,15 @@ Von %2 bis %3.</translation>
     </message>
     <message>
         <source>Add</source>
-        <translation>Dazu</translation>
+        <translation>Hinzufügen</translation>
     </message>
     <message>
         <source>Remove</source>
-        <translation>Weg</translation>
+        <translation>Entfernen</translation>
     </message>
     <message>
         <source>Up</source>
-        <translation>Höher</translation>
+        <translation>Nach oben</translation>
     </message>
 </context>
 <context>
@@ -1322,7 +1322,7 @@ Von %2 bis %3.</translation>
     </message>
     <message>
         <source>Saved defaults</source>
-        <translation>Gesicherte Vorgaben</translation>
+        <translation>Gespeicherte Vorgaben</translation>
     </message>
     <message>
         <source>Close</source>
@@ -1390,7 +1390,7 @@ Von %2 bis %3.</translation>
     </message>
     <message>
         <source>&amp;Save what is checked</source>
-        <translation>Angekreuztes &amp;sichern</translation>
+        <translation>Angekreuztes &amp;speichern</translation>
     </message>
     <message>
         <source>Re&amp;name the chosen one</source>
@@ -1421,7 +1421,7 @@ Von %2 bis %3.</translation>
     </message>
     <message>
         <source>State</source>
-        <translation>Stand</translation>
+        <translation>Zustand</translation>
     </message>
     <message>
         <source>Progress</source>
@@ -1457,7 +1457,7 @@ Von %2 bis %3.</translation>
     </message>
     <message>
         <source>&amp;Open folder</source>
-        <translation>&amp;Ordner öffnen</translation>
+        <translation>&amp;Ordner zeigen</translation>
     </message>
     <message>
         <source>&amp;Go on</source>
@@ -1492,7 +1492,7 @@ Von %2 bis %3.</translation>
     <name>zoeditor::SleepGuard</name>
     <message>
         <source>Films are being converted</source>
-        <translation>Filme werden umgewandelt</translation>
+        <translation>Clips werden umgewandelt</translation>
     </message>
 </context>
 <context>
@@ -1527,7 +1527,7 @@ Von %2 bis %3.</translation>
     </message>
     <message>
         <source>Subtitle files &amp;beside the clip</source>
-        <translation>Untertiteldateien &amp;neben dem Film</translation>
+        <translation>Untertiteldateien &amp;neben dem Clip</translation>
     </message>
     <message>
         <source>Tracks</source>
@@ -1588,8 +1588,8 @@ Von %2 bis %3.</translation>
     <message numerus="yes">
         <source>Subtitle files &amp;beside the clip (%n)</source>
         <translation>
-            <numerusform>Untertiteldatei &amp;neben dem Film (%n)</numerusform>
-            <numerusform>Untertiteldateien &amp;neben dem Film (%n)</numerusform>
+            <numerusform>Untertiteldatei &amp;neben dem Clip (%n)</numerusform>
+            <numerusform>Untertiteldateien &amp;neben dem Clip (%n)</numerusform>
         </translation>
     </message>
     <message>
