@@ -18,8 +18,9 @@ namespace zokit {
 
 namespace {
 
-constexpr int restTime =
-    50; // Milliseconds without a change: longer than from one picture of a clip that plays to the next.
+// Milliseconds without a change: then nothing moves any more.
+constexpr int valueRest = 50;
+constexpr int momentRest = 100; // A clip that plays on a busy machine does not rest between two pictures.
 constexpr QSize largestOnTheWay(960, 540);
 
 /// The settings that a frame without crop and watermarks depends on.
@@ -180,7 +181,6 @@ ShownFrames::ShownFrames(const Tools& tools, QObject* parent)
     : QObject(parent), d(std::make_unique<Private>(this, tools))
 {
     d->rest.setSingleShot(true);
-    d->rest.setInterval(restTime);
     connect(&d->rest, &QTimer::timeout, this, [this] { d->askNext(); });
 }
 
@@ -197,7 +197,7 @@ void ShownFrames::setFile(const FileSettings* file, const MediaInfo* media)
     d->file = file;
     if (file) {
         connect(file, &FileSettings::changed, this, [this] {
-            d->rest.start();
+            d->rest.start(valueRest);
             emit changed();
         });
     }
@@ -229,7 +229,7 @@ void ShownFrames::setSeconds(double seconds)
         d->drag();
     else if (!d->isAsking())
         d->askNext();
-    d->rest.start();
+    d->rest.start(momentRest);
     emit secondsChanged(moment);
     emit changed();
 }
