@@ -64,6 +64,7 @@ void Session::findTools()
 void Session::open(const QStringList& paths)
 {
     m_opened.clear();
+    history().expectFiles();
     QStringList others;
     for (const QString& word : paths) {
         const QFileInfo info(word);
@@ -218,7 +219,7 @@ void Session::addToProject(int index)
     endAnyGesture();
     const QString path = row.path;
     m_openingRow = index;
-    FileSettings* added = m_project.add(settings, this);
+    FileSettings* added = m_project.addExpected(settings, this);
     m_openingRow = -1;
     if (m_opened.contains(path)) {
         m_opened.clear();

@@ -99,6 +99,8 @@ void Journal::Private::follow()
         inGesture = false;
         note(journalform::step(step, unkept));
     });
+    QObject::connect(history, &History::stepInserted, q,
+                     [this](const Step& step, int place) { note(journalform::stepBelow(step, place, unkept)); });
     QObject::connect(history, &History::gestureChanged, q, [this](const Step& part) {
         inGesture = true;
         note(journalform::gesture(part, unkept));

@@ -26,6 +26,7 @@ constexpr Identity highestIdentity = Identity(1) << 52; // A number of JSON hold
 const QString formMember = QStringLiteral("zoeffect-journal");
 const QString everythingMember = QStringLiteral("everything");
 const QString stepMember = QStringLiteral("step");
+const QString placeMember = QStringLiteral("place"); // Of a step below others.
 const QString stepsMember = QStringLiteral("steps");
 const QString gestureMember = QStringLiteral("gesture");
 const QString cancelledMember = QStringLiteral("cancelled");
@@ -187,6 +188,16 @@ void shorten(HistoryState& history, int count)
         history.cleanPosition = -1;
 }
 
+void insertStep(HistoryState& history, const Step& step, int wanted)
+{
+    const int place = std::clamp(wanted, 0, history.position);
+    history.steps.insert(place, step);
+    history.selections.insert(place + 1, history.selections.at(place));
+    ++history.position;
+    if (history.cleanPosition > place)
+        history.cleanPosition = -1;
+}
+
 void moveTo(Session& session, int wanted)
 {
     HistoryState& history = session.history;
@@ -205,6 +216,10 @@ void take(Session& session, const QJsonObject& record)
         session.gesture = Step();
         session.history = historyFrom(record);
         session.starts = 0; // Marks that still count follow.
+    } else if (record.contains(placeMember)) {
+        const Step step = stepFrom(record.value(stepMember));
+        insertStep(session.history, step, record.value(placeMember).toInt());
+        session.sinceThen += step.changes;
     } else if (record.contains(stepMember)) {
         session.gesture = Step();
         addStep(session.history, stepFrom(record.value(stepMember)));
@@ -312,6 +327,11 @@ QByteArray everything(const Changes& values, const HistoryState& history, Change
 QByteArray step(const Step& step, Changes& unkept)
 {
     return lineOf({{stepMember, toJson(step, unkept)}});
+}
+
+QByteArray stepBelow(const Step& step, int place, Changes& unkept)
+{
+    return lineOf({{stepMember, toJson(step, unkept)}, {placeMember, place}});
 }
 
 QByteArray gesture(const Step& part, Changes& unkept)

@@ -40,6 +40,7 @@ void addStep(HistoryState& history, const Step& step);
 QByteArray beginning();
 QByteArray everything(const Changes& values, const HistoryState& history, Changes& unkept);
 QByteArray step(const Step& step, Changes& unkept);
+QByteArray stepBelow(const Step& step, int place, Changes& unkept);
 QByteArray gesture(const Step& part, Changes& unkept);
 QByteArray gestureCancelled(const Changes& changes, Changes& unkept);
 QByteArray forgotten(int count);

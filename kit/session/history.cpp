@@ -91,6 +91,7 @@ public:
 
     void take(const Changes& changes);
     void push(const Step& step, bool wasClean);
+    void insert(const Step& step, int place, bool wasClean);
     void forgetOldest();
     void forgetRedo();
     void moveTo(int count);
@@ -111,6 +112,8 @@ public:
     Step gesture;                                       // Each value that was changed so far, once.
     QHash<QPair<Identity, QString>, int> gestureValues; // Where they stand in there.
     bool replaying = false;
+    bool isBelow = false;  // What comes now stands where files are expected.
+    int expectedPlace = 0; // There.
 };
 
 void History::Private::take(const Changes& changes)
@@ -118,6 +121,11 @@ void History::Private::take(const Changes& changes)
     if (replaying || changes.isEmpty())
         return;
     const bool wasClean = q->isClean();
+    const int place = std::min(expectedPlace, position);
+    if (gestures == 0 && isBelow && place < steps.size()) {
+        insert({describe(project, changes), merged(changes)}, place, wasClean);
+        return;
+    }
     if (gestures == 0) {
         push({describe(project, changes), merged(changes)}, wasClean);
         return;
@@ -146,11 +154,29 @@ void History::Private::push(const Step& step, bool wasClean)
     }
     if (cleanPosition > position)
         cleanPosition = -1;
+    expectedPlace = std::min(expectedPlace, position);
     steps.append(step);
     selections.append(selections.last());
     bytes += bytesOf(step);
     ++position;
+    if (isBelow)
+        expectedPlace = position;
     emit q->stepAdded(step);
+    forgetOldest();
+    tell(wasClean);
+}
+
+/// The changes of a file that comes touch nothing of other steps: they can be undone and redone as before.
+void History::Private::insert(const Step& step, int place, bool wasClean)
+{
+    if (cleanPosition > place)
+        cleanPosition = -1;
+    steps.insert(place, step);
+    selections.insert(place + 1, selections.at(place));
+    bytes += bytesOf(step);
+    ++position;
+    expectedPlace = place + 1;
+    emit q->stepInserted(step, place);
     forgetOldest();
     tell(wasClean);
 }
@@ -165,6 +191,7 @@ void History::Private::forgetOldest()
     steps.remove(0, count);
     selections.remove(0, count);
     position -= count;
+    expectedPlace = std::max(expectedPlace - count, 0);
     cleanPosition = std::max(cleanPosition - count, -1);
     emit q->stepsForgotten(count);
 }
@@ -318,6 +345,16 @@ void History::cancelGesture()
     d->tellClean(wasClean);
 }
 
+void History::expectFiles()
+{
+    d->expectedPlace = d->position;
+}
+
+void History::takeBelow(bool isBelow)
+{
+    d->isBelow = isBelow;
+}
+
 bool History::isClean() const
 {
     return d->position == d->cleanPosition && d->gesture.changes.isEmpty();
@@ -369,6 +406,7 @@ void History::restore(const HistoryState& state)
     d->selections.resize(count + 1);
     d->cleanPosition = state.cleanPosition <= count ? std::max(state.cleanPosition, -1) : -1;
     d->starts = state.starts;
+    d->expectedPlace = d->position;
     d->bytes = 0;
     Identity highest = 0;
     for (const Step& step : state.steps) {

@@ -262,6 +262,14 @@ FileSettings* Project::add(const Settings& settings, QObject* asker)
     return addFile(std::make_unique<FileSettings>(settings, d->identities), asker);
 }
 
+FileSettings* Project::addExpected(const Settings& settings, QObject* asker)
+{
+    d->history->takeBelow(true);
+    FileSettings* added = add(settings, asker);
+    d->history->takeBelow(false);
+    return added;
+}
+
 FileSettings* Project::addFile(std::unique_ptr<FileSettings> file, QObject* asker)
 {
     if (d->refusals > 0)

@@ -146,7 +146,7 @@ void ProjectFiles::Private::take(const ReadMedia& read)
 void ProjectFiles::Private::add(const Settings& settings)
 {
     const bool wasClean = project.history().isClean();
-    FileSettings* file = project.add(settings, q);
+    FileSettings* file = project.addExpected(settings, q);
     if (!file)
         return;
     if (loaded)
@@ -165,6 +165,7 @@ ProjectFiles::~ProjectFiles() = default;
 
 void ProjectFiles::open(const QStringList& paths)
 {
+    d->project.history().expectFiles();
     for (const QString& path : paths) {
         const QFileInfo info(path);
         d->waiting += info.isDir() ? mediaFilesIn(info.absoluteFilePath(), true) : QStringList{info.absoluteFilePath()};

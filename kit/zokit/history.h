@@ -62,6 +62,11 @@ public:
     /// Takes back what the gesture did so far and ends it.
     void cancelGesture();
 
+    /// Files that are asked for now come later, when they have been read: the steps of those that
+    /// Project::addExpected() adds stand here, below what is done meanwhile, so that undo takes back what a person did
+    /// last.
+    void expectFiles();
+
     /// Whether the project is as it was when setClean() was called last. Never in a gesture that has changed something:
     /// what is called clean there is not to be found again.
     bool isClean() const;
@@ -93,6 +98,8 @@ Q_SIGNALS:
 
     /// A new step, which ends what could be redone.
     void stepAdded(const zokit::Step& step);
+    /// A new step stands at \a place, below others; what could be redone still can be.
+    void stepInserted(const zokit::Step& step, int place);
     /// The oldest \a count steps are gone; the position is so much lower.
     void stepsForgotten(int count);
     /// The last \a count of the steps that could be redone are gone.
@@ -110,6 +117,9 @@ Q_SIGNALS:
     /// @}
 
 private:
+    friend class Project;
+    void takeBelow(bool isBelow);
+
     class ZOKIT_NO_EXPORT Private;
     std::unique_ptr<Private> d;
 };

@@ -46,6 +46,8 @@ public:
     FileSettings* add(const Media& media, QObject* asker = nullptr);
     /// Adds a file with exactly these settings. The project owns it. Null while the history undoes or redoes.
     FileSettings* add(const Settings& settings, QObject* asker = nullptr);
+    /// The same for a file that had to be read first: its step stands where History::expectFiles() was called last.
+    FileSettings* addExpected(const Settings& settings, QObject* asker = nullptr);
     /// Removes \a file, which is deleted when the event loop is back. Of another project, or while the history
     /// undoes or redoes: nothing.
     void remove(FileSettings* file, QObject* asker = nullptr);

@@ -23,6 +23,7 @@ private slots:
 
     void menuSaysWhatIsUndone();
     void undoGoesAcrossFilesAndShowsWhatItUndoes();
+    void fileThatComesIsNotWhatIsUndone();
     void undoAllGivesTheFirstState();
     void historyIsAListToJumpIn();
     void historyNamesFilesAndValues();
@@ -110,6 +111,23 @@ void TestEditorUndo::undoGoesAcrossFilesAndShowsWhatItUndoes()
     stage.trigger("redo");
     QCOMPARE(stage.session().current(), stage.file(1));
     QCOMPARE(value(stage, 1, "bcs_contrast"), QVariant(6));
+}
+
+void TestEditorUndo::fileThatComesIsNotWhatIsUndone()
+{
+    const Stage stage({clips::clip(key("plain.mp4"))});
+    stage.session().open({clips::clip(key("wide.mkv")), clips::clip(key("lossless.mkv"))});
+    set(stage, 0, "bcs_contrast", 5);
+    set(stage, 0, "bcs_contrast", 6);
+    QVERIFY(stage.trigger("undo"));
+    stage.waitForFiles(); // They have been read only now.
+    QCOMPARE(stage.session().files().rowCount(), 3);
+    QCOMPARE(text(stage, "redo"), key("Redo: change Contrast"));
+    QVERIFY(stage.trigger("undo"));
+    QCOMPARE(value(stage, 0, "bcs_contrast"), QVariant(0));
+    QCOMPARE(stage.session().project().files().size(), 3);
+    QVERIFY(stage.trigger("undo")); // The last one that came.
+    QCOMPARE(stage.session().project().files().size(), 2);
 }
 
 void TestEditorUndo::undoAllGivesTheFirstState()

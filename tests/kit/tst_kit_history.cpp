@@ -42,6 +42,7 @@ private slots:
     void cancelledGestureLeavesNothing();
     void changesThatCancelEachOtherAreNoStep();
     void newStepEndsWhatCouldBeRedone();
+    void expectedFileStandsBelow();
     void cleanStateIsFoundAgain();
     void selectionComesBack();
     void oldestStepsAreForgotten();
@@ -236,6 +237,61 @@ void TestKitHistory::newStepEndsWhatCouldBeRedone()
     QVERIFY(!project.history().canRedo());
     QCOMPARE(project.history().count(), 3);
     QCOMPARE(file->value(color, key("bcs_contrast")), QVariant(1));
+}
+
+void TestKitHistory::expectedFileStandsBelow()
+{
+    Project project;
+    zokit::History& history = project.history();
+    FileSettings* file = project.add(clip());
+    const zokit::Identity color = file->type(key("Color"));
+    const auto contrast = [&] { return file->value(color, key("bcs_contrast")).toInt(); };
+    const auto comes = [&] {
+        return project.addExpected(FileSettings(zokit::Media{key("/films/late.mkv"), QSize(640, 360), 1.0}).settings());
+    };
+    history.expectFiles();
+    comes(); // With nothing above it.
+    file->setValue(color, key("bcs_contrast"), 1);
+    history.setClean();
+    file->setValue(color, key("bcs_contrast"), 2);
+    history.setSelection({color});
+    comes();
+    QCOMPARE(history.count(), 5);
+    QCOMPARE(history.undoText().text(), key("change Contrast"));
+    QCOMPARE(history.selection(), QVector<zokit::Identity>{color});
+    history.undo();
+    QCOMPARE(contrast(), 1);
+    QVERIFY(!history.isClean()); // A file more than there was.
+    comes();                     // What was undone is not forgotten.
+    QCOMPARE(project.files().size(), 4);
+    history.redo();
+    QCOMPARE(contrast(), 2);
+    QCOMPARE(history.count(), 6);
+    for (const char* text : {"change Contrast", "change Contrast", "add a file", "add a file", "add a file"}) {
+        QCOMPARE(history.undoText().text(), key(text));
+        history.undo();
+    }
+    QCOMPARE(project.files(), QVector<FileSettings*>{file});
+    comes(); // Where files were expected has been undone.
+    QCOMPARE(history.position(), 2);
+    history.goTo(history.count());
+    QCOMPARE(project.files().size(), 5);
+    QCOMPARE(contrast(), 2);
+    history.goTo(0);
+    QVERIFY(project.files().isEmpty());
+
+    history.beginGesture(zokit::Message(Code::StepApply, {key("2")}));
+    comes();
+    comes();
+    history.endGesture();
+    QCOMPARE(history.count(), 1); // A gesture is one step, whatever was expected.
+    history.setLimit(1);
+    comes();
+    history.expectFiles();
+    project.add(clip()); // Its step is the only one that is kept.
+    comes();
+    QCOMPARE(history.count(), 1);
+    QCOMPARE(project.files().size(), 5);
 }
 
 void TestKitHistory::cleanStateIsFoundAgain()
@@ -655,12 +711,20 @@ void TestKitHistory::undoAllIsExact()
     for (int done = 0; done < total;) {
         clearSavedDefaults();
         Project project;
+        const bool areExpected = random.bounded(2) == 1; // Files, whose steps may stand below that of the first one.
+        const QByteArray empty = stateOf(project);
         project.add(clip());
-        const int start = project.history().position();
-        const QByteArray before = stateOf(project);
+        const int start = areExpected ? 0 : project.history().position();
+        const QByteArray before = areExpected ? empty : stateOf(project);
         const int steps = 1 + random.bounded(500);
-        for (int i = 0; i < steps; ++i)
+        for (int i = 0; i < steps; ++i) {
             randomEdit(project, random);
+            const int what = areExpected ? random.bounded(20) : 0;
+            if (what == 1)
+                project.history().expectFiles();
+            else if (what == 2)
+                project.addExpected(FileSettings(clip()).settings());
+        }
         done += steps;
         const QByteArray after = stateOf(project);
         const int end = project.history().position();

@@ -195,6 +195,18 @@ const Case cases[] = {
          project.history().undo();
          file.setValue(file.type(key("Color")), key("bcs_saturation"), 7);
      }},
+    {"files that were expected",
+     [](Project& project, FileSettings&) {
+         project.history().expectFiles();
+         setContrast(project, 9);
+         project.history().setClean();
+         project.addExpected(FileSettings(zokit::Media{key("/films/late.mkv"), QSize(640, 360), 1.0}).settings());
+         setContrast(project, 8);
+         project.history().undo();
+         project.addExpected(FileSettings(zokit::Media{key("/films/later.mkv"), QSize(320, 180), 1.0}).settings());
+         project.history().redo();
+         project.history().undo();
+     }},
     {"a gesture",
      [](Project& project, FileSettings&) {
          project.history().beginGesture(Message());
