@@ -19,6 +19,7 @@
 #include <zokit/settingsfile.h>
 
 #include "assscript_p.h"
+#include "childreason_p.h"
 #include "codecs_p.h"
 #include "damage_p.h"
 #include "keyframe_p.h"
@@ -65,21 +66,6 @@ FailureKind kindOf(const Message& error, FailureKind ofFile)
     default:
         return ofFile;
     }
-}
-
-Message reasonOf(const ChildResult& result, const Command& command)
-{
-    switch (result.end) {
-    case ChildEnd::NotStarted:
-        return Message(Code::ChildNotStarted, {QFileInfo(command.program).fileName(), result.lastWords()});
-    case ChildEnd::Stalled:
-        return Message(Code::ChildStalled, {QString::number(command.stallSeconds)});
-    case ChildEnd::Killed:
-        return Message(Code::ChildKilled, {QFileInfo(command.program).fileName(), QString::number(result.signal)});
-    default:
-        break;
-    }
-    return Message(Code::ChildFailed, {QFileInfo(command.program).fileName(), result.lastWords()});
 }
 
 bool isSameFile(const QString& left, const QString& right)

@@ -17,6 +17,7 @@
 #include <zokit/probe.h>
 #include <zokit/subtitlescript.h>
 
+#include "childreason_p.h"
 #include "framecommands_p.h"
 #include "partfile_p.h"
 
@@ -26,21 +27,10 @@ namespace {
 
 using Code = Message::Code;
 
-Message reasonOf(ChildResult result, const Command& command)
+Message reasonWithoutTicks(ChildResult result, const Command& command)
 {
     result.words = withoutTicks(result.words);
-    const QString program = QFileInfo(command.program).fileName();
-    switch (result.end) {
-    case ChildEnd::NotStarted:
-        return Message(Code::ChildNotStarted, {program, result.lastWords()});
-    case ChildEnd::Killed:
-        return Message(Code::ChildKilled, {program, QString::number(result.signal)});
-    case ChildEnd::TimedOut:
-        return Message(Code::ChildStalled, {QString::number(command.seconds)});
-    default:
-        break;
-    }
-    return Message(Code::ChildFailed, {program, result.lastWords()});
+    return reasonOf(result, command);
 }
 
 /// What a frame that is kept belongs to.
@@ -221,7 +211,7 @@ void Frames::Private::extracted(const ChildResult& result)
 {
     if (!result.isGood()) {
         m_subtitleKey.clear();
-        return fail(reasonOf(result, m_command));
+        return fail(reasonWithoutTicks(result, m_command));
     }
     m_subtitle = result.output;
     makeFiles();
@@ -367,7 +357,7 @@ void Frames::Private::ended(const ChildResult& result)
 void Frames::Private::located(const ChildResult& result)
 {
     if (result.end != ChildEnd::Finished)
-        return fail(reasonOf(result, m_command));
+        return fail(reasonWithoutTicks(result, m_command));
     const QVector<qint64> ticks = toldTicks(result.words);
     if (ticks.size() <= m_framesBefore && m_window.from > 0) {
         m_window = wideWindow(m_question.seconds, ++m_attempt);
@@ -382,7 +372,7 @@ void Frames::Private::located(const ChildResult& result)
 void Frames::Private::took(const ChildResult& result)
 {
     if (!result.isGood())
-        return fail(reasonOf(result, m_command));
+        return fail(reasonWithoutTicks(result, m_command));
     // Where one frame was asked for, the filters may have seen the next one, too.
     const QVector<qint64> ticks = toldTicks(result.words);
     const bool isOne = m_step == Step::Kept || m_window.to <= 0;

@@ -6,7 +6,6 @@
 #include <algorithm>
 
 #include <QDataStream>
-#include <QFileInfo>
 #include <QTimer>
 
 #include <zokit/child.h>
@@ -14,6 +13,7 @@
 #include <zokit/trackplan.h>
 
 #include "argumentnumber_p.h"
+#include "childreason_p.h"
 
 namespace zokit {
 
@@ -61,18 +61,6 @@ const MediaStream* soundOf(const SoundQuestion& question)
                    && (question.stream < 0 || stream.track.index == question.stream);
         });
     return found == question.media.streams.cend() ? nullptr : &*found;
-}
-
-Message reasonOf(const ChildResult& result, const Command& command)
-{
-    const QString program = QFileInfo(command.program).fileName();
-    if (result.end == ChildEnd::NotStarted)
-        return Message(Code::ChildNotStarted, {program, result.lastWords()});
-    if (result.end == ChildEnd::Killed)
-        return Message(Code::ChildKilled, {program, QString::number(result.signal)});
-    if (result.end == ChildEnd::TimedOut)
-        return Message(Code::ChildStalled, {QString::number(command.seconds)});
-    return Message(Code::ChildFailed, {program, result.lastWords()});
 }
 
 } // namespace
