@@ -99,9 +99,8 @@ bool holds(const QString& container, TrackKind kind, const QString& codec)
     case TrackKind::Subtitle:
         return isAmong(codec, form.subtitles);
     case TrackKind::Attachment:
-        return container == QLatin1String("mkv");
     case TrackKind::Data:
-        break;
+        break; // They are copied or left out whatever their codec is.
     }
     return false;
 }
@@ -136,8 +135,6 @@ QString usualAudioCodec(const QString& container)
 
 QString encoderOf(const QString& codec)
 {
-    if (const Encoder* encoder = videoEncoder(codec))
-        return QString::fromLatin1(encoder->name);
     if (codec == QLatin1String("opus"))
         return QStringLiteral("libopus");
     if (codec == QLatin1String("mp3"))

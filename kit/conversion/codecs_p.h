@@ -26,7 +26,7 @@ QString usualVideoCodec(const QString& container);
 QString usualAudioCodec(const QString& container);
 /// @}
 
-/// ffmpeg's encoder for a codec that an output option names.
+/// ffmpeg's encoder for a codec of sound or of subtitles.
 QString encoderOf(const QString& codec);
 /// The Debian package of ffmpeg has all of them; another one may lack some.
 bool takesPixelFormat(const QString& videoCodec, const QString& format);

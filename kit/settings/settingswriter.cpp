@@ -6,9 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include <QColor>
 #include <QDir>
-#include <QFont>
 
 #include <zokit/address.h>
 
@@ -27,14 +25,7 @@ QVariant modelValue(const Property& property)
         return false;
     case ValueKind::Integer:
         return 0;
-    case ValueKind::Number:
-    case ValueKind::Range:
-        return 0.0;
-    case ValueKind::Color:
-        return QColor();
-    case ValueKind::Font:
-        return QFont();
-    default:
+    default: // Other numbers, colours and fonts have one.
         return QString();
     }
 }
