@@ -17,6 +17,7 @@
 
 #include <zokit/conversion.h>
 #include <zokit/filesettings.h>
+#include <zokit/placement.h>
 #include <zokit/queue.h>
 
 #include "childwatch.h"
@@ -152,6 +153,9 @@ private Q_SLOTS:
     void failureTellsItsReason_data();
     void failureTellsItsReason();
     void pauseHoldsWhatHasNotBegun();
+    void settingsAreFittedToTheClip();
+    void helperThatCannotBeWrittenIsTold_data();
+    void helperThatCannotBeWrittenIsTold();
     void skipsWhatIsThere();
     void leavesNothingWhenCancelled_data();
     void leavesNothingWhenCancelled();
@@ -714,6 +718,85 @@ void TestKitConversion::pauseHoldsWhatHasNotBegun()
     QVERIFY(QFile::remove(job.output));
 }
 
+void TestKitConversion::settingsAreFittedToTheClip()
+{
+    const QTemporaryDir folder;
+    Job job;
+    job.input = folder.filePath(QStringLiteral("clip.mp4"));
+    QVERIFY(QFile::copy(clips::clip(QStringLiteral("plain.mp4")), job.input));
+    job.output = job.input;
+    job.replaces = true;
+    job.media = zokit::probe(zokit::findTools(), job.input).media;
+    job.settings = settingsFor(*job.media, {{QStringLiteral("Crop:crop_left"), 40}});
+    job.settings = zokit::rescaled(job.settings, QSize(320, 240));
+    const auto run = [&](void (*start)(Conversion&, const Job&, const QString&)) {
+        Conversion conversion(zokit::findTools());
+        QSignalSpy ended(&conversion, &Conversion::finished);
+        start(conversion, job, folder.path());
+        if (!ended.wait(patience))
+            qWarning("the conversion does not end");
+        const auto result = ended.value(0).value(0).value<ConversionResult>();
+        const zokit::TypeSettings* crop = conversion.job().settings.find(QStringLiteral("Crop"));
+        return said(result)
+               + QStringLiteral("|%1").arg(crop ? crop->values.value(QStringLiteral("crop_left")).toInt() : -1);
+    };
+    const auto convert = [](Conversion& conversion, const Job& of, const QString&) { conversion.start(of); };
+    const auto prepare = [](Conversion& conversion, const Job& of, const QString& helpers) {
+        conversion.prepare(of, helpers);
+    };
+    QCOMPARE(run(convert), job.input + QStringLiteral(" is the input itself. Give another output.|80"));
+    QCOMPARE(run(prepare), QStringLiteral("The settings are for 320x240, the clip has 160x120: what is measured in the "
+                                          "frame was rescaled.|40"));
+    job.makeSettings = [](const MediaInfo&) {
+        zokit::ReadSettings made;
+        made.warnings = {zokit::Message(zokit::Message::Code::CropIncomplete)};
+        made.error = zokit::Message(zokit::Message::Code::NothingToConvert);
+        return made;
+    };
+    QCOMPARE(run(prepare), QStringLiteral("There is neither picture nor sound to convert. Choose another file.\nThe "
+                                          "crop has no width or no height, so nothing is cut off. Set "
+                                          "Crop:crop_width and Crop:crop_height, too.|80"));
+}
+
+void TestKitConversion::helperThatCannotBeWrittenIsTold_data()
+{
+    QTest::addColumn<QString>("clip");
+    QTest::addColumn<Edits>("edits");
+    QTest::addColumn<QString>("helper");
+    QTest::newRow("a watermark") << "plain.mp4"
+                                 << Edits{{QStringLiteral("Watermark"),
+                                           QVariantMap{{QStringLiteral("wm_textcontent"), QStringLiteral("Hi")}}}}
+                                 << "/watermark.png";
+    QTest::newRow("chapters") << "chapters.mkv" << Edits{{QStringLiteral("Output:trim"), QVariantList{0.1, 0.3}}}
+                              << "/chapters.txt";
+    QTest::newRow("subtitles") << "plain.mp4"
+                               << Edits{{QStringLiteral("Subtitle"),
+                                         QVariantMap{
+                                             {QStringLiteral("sub_fromfile"), true},
+                                             {QStringLiteral("file"), clips::clip(QStringLiteral("text.srt"))}}}}
+                               << "/subtitles.ass";
+}
+
+void TestKitConversion::helperThatCannotBeWrittenIsTold()
+{
+    QFETCH(QString, clip);
+    QFETCH(Edits, edits);
+    QFETCH(QString, helper);
+    Job job;
+    job.input = clips::clip(clip);
+    job.output = path(QStringLiteral("result.mkv"));
+    job.media = zokit::probe(zokit::findTools(), job.input).media;
+    job.settings = settingsFor(*job.media, edits);
+    const QString nowhere = path(QStringLiteral("nowhere"));
+    Conversion conversion(zokit::findTools());
+    QSignalSpy ended(&conversion, &Conversion::finished);
+    conversion.prepare(job, nowhere);
+    QVERIFY(ended.wait(patience));
+    const auto result = ended.first().first().value<ConversionResult>();
+    QCOMPARE(result.kind, zokit::FailureKind::Temporary);
+    QCOMPARE(said(result), nowhere + helper + QStringLiteral(" cannot be written: No such file or directory."));
+}
+
 void TestKitConversion::skipsWhatIsThere()
 {
     const QTemporaryDir folder;
@@ -768,7 +851,7 @@ void TestKitConversion::chaptersFollowPartAndSpeed()
 {
     MediaInfo media;
     media.seconds = 10;
-    media.chapters = {{0, 4, {{QStringLiteral("title"), QStringLiteral("a=b;c")}}}, {4, 10, {}}};
+    media.chapters = {{0, 3, {}}, {3, 4, {{QStringLiteral("title"), QStringLiteral("a=b;c")}}}, {4, 10, {}}};
     const zokit::Settings settings = settingsFor(media, {{QStringLiteral("Output:trim"), QVariantList{3.0, 9.0}},
                                                          {QStringLiteral("Audio_Speed:audio_effect_flag"), true},
                                                          {QStringLiteral("Audio_Speed:audio_speed_factor"), 200}});
