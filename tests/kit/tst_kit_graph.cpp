@@ -167,6 +167,13 @@ void TestKitGraph::textOfTheGraph_data()
         parts([](GraphParts& given) { given.pixelFormat = QStringLiteral("yuv420p"); }),
         "[0:0]scale=out_color_matrix=bt709:out_range=tv:flags=accurate_rnd+full_chroma_int+full_chroma_inp,"
         "format=yuv444p,setparams=colorspace=bt709:range=tv,format=yuv420p[picture]");
+    const GraphParts toRgb = parts([](GraphParts& given) { given.pixelFormat = QStringLiteral("gbrp"); });
+    row("to rgb", plain(hd), clip(hd), toRgb,
+        "[0:0]scale=in_color_matrix=bt709:in_range=tv:flags=accurate_rnd+full_chroma_int+full_chroma_inp,setsar=1,"
+        "format=gbrp[picture]");
+    row("to rgb of another size", withOutput(plain(hd), "size", QStringLiteral("640x640")), clip(hd), toRgb,
+        "[0:0]scale=640:360:in_color_matrix=bt709:in_range=tv:flags=accurate_rnd+full_chroma_int+full_chroma_inp,"
+        "setsar=1,format=gbrp[picture]");
     row("turned by 90", withTurn(90, 0), clip(hd), none, "[0:0]transpose=clock,format=yuv420p[picture]");
     row("turned by 180", withTurn(180, 0), clip(hd), none, "[0:0]hflip,vflip,format=yuv420p[picture]");
     row("turned by 270 and mirrored", withTurn(270, 1), clip(hd), none,
@@ -291,6 +298,10 @@ void TestKitGraph::textOfTheGraph_data()
         }),
         parts([](GraphParts& given) { given.rawInput = true; }),
         "[0:v]setparams=range=tv:colorspace=bt709:color_primaries=bt709:color_trc=bt709,format=yuv420p[picture]");
+    row("a kept frame of the old European matrix", plain(hd),
+        changed([](zokit::MediaStream& picture) { picture.matrix = QStringLiteral("bt470"); }),
+        parts([](GraphParts& given) { given.rawInput = true; }),
+        "[0:v]setparams=range=tv:colorspace=bt470bg,format=yuv420p[picture]");
 }
 
 void TestKitGraph::textOfTheGraph()

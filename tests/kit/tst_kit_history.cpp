@@ -365,6 +365,7 @@ void TestKitHistory::stepsOfLargeValuesAreForgotten_data()
     const auto font = [](int letters) { return QFont(QString(letters, QLatin1Char('f'))); };
     QTest::newRow("a picture") << QVariant(QImage(100, 100, QImage::Format_RGB32)) << 8 << 12;
     QTest::newRow("a font") << QVariant(font(20000)) << 8 << 12;
+    QTest::newRow("bytes") << QVariant(QByteArray(40000, 'x')) << 8 << 12;
     QTest::newRow("a polygon") << QVariant(QPolygonF(QVector<QPointF>(2500))) << 8 << 12;
     QTest::newRow("a list of fonts") << QVariant(QVariantList{font(10000), font(10000)}) << 8 << 12;
     QTest::newRow("of an unknown kind") << QVariant::fromValue(Unknown()) << 31 << 31;
@@ -500,6 +501,8 @@ void TestKitHistory::refusedApplyingLeavesAnOpenGesture()
     QCOMPARE(history.step(2).changes.size(), 1);
     QCOMPARE(project.apply(source->settings(), {source, other}, carry, nullptr, refuse).code(), Code::NoSuchTrack);
     QCOMPARE(stateOf(project), edited); // Outside of a gesture, too.
+    QCOMPARE(project.apply(source->settings(), {other, source}, carry, nullptr, refuse).code(), Code::NoSuchTrack);
+    QCOMPARE(stateOf(project), edited);
     QCOMPARE(history.count(), 3);
     history.undo();
     QCOMPARE(stateOf(project), before);

@@ -759,12 +759,14 @@ void TestKitSettingsFile::contentsOfAPresetAreLines()
     for (const int track : {2, 3})
         file.insert(key("Subtitle"), {{key("trackid"), track}, {key("sub_fontsize"), 20 * track}});
     file.insert(key("Audio"), {{key("audio_isfile"), true}, {key("file"), key("/music/song.flac")}});
+    file.setValue(file.type(key("Color")), key("bcs_contrast"), 20);
     file.setValue(file.type(key("Color")), key("selected"), false);
     QCOMPARE(zokit::contentsOf(zokit::presetFrom(file.settings(), {})),
              QStringList({key("Crop: Height: 720 px, Left: 96 px, Width: 800 px"),
                           key("Watermarks 1: Hello, bottom right, 2 %"), key("Watermarks 2: logo.png, In use: No"),
-                          key("Subtitles: Size: 40 pt"), key("Sound tracks 1: song.flac"), key("Colour: In use: No"),
-                          key("Frame effects: Sepia"), key("Output: Container: mkv, Quality: 22, Video codec: hevc"),
+                          key("Subtitles: Size: 40 pt"), key("Sound tracks 1: song.flac"),
+                          key("Colour: Contrast: 20, In use: No"), key("Frame effects: Sepia"),
+                          key("Output: Container: mkv, Quality: 22, Video codec: hevc"),
                           key("As by default: Fade in and out, Normalize, Band pass, Chorus, Flanger, Echo, Speed")}));
     const Settings part = zokit::presetFrom(file.settings(), {key("Audio_Speed"), key("Tracks")});
     QCOMPARE(zokit::contentsOf(part),

@@ -258,6 +258,9 @@ void TestKitSound::unusedEffectsLeaveTheSound()
     QCOMPARE(textOf(plain(QSize(1280, 720))), QString());
     QCOMPARE(textOf(with("Audio_Speed", {})), QString());
     QCOMPARE(textOf(with("Audio_Normalize", {})), QString()); // A gain of 0.
+    SoundParts silent;
+    silent.gain = -qInf();
+    QCOMPARE(textOf(with("Audio_Normalize", {}), silent), QStringLiteral("aformat=sample_fmts=fltp,volume=0"));
     QCOMPARE(textOf(with("Audio_Fade_Inout", values({{"audio_fade_out_enable", false}}))), QString());
     QCOMPARE(textOf(with("Audio_Echo", values({{"audio_echo_delay", 0}}))), QString());
     Settings unflagged = with("Audio_Chorus", {});

@@ -171,6 +171,8 @@ void TestKitWatermarkPicture::watermarkIsDrawnByTheLibrary()
     set(settings, "Crop", "crop_height", 40);
     append(settings, "Watermark",
            {{QStringLiteral("wm_imageurl"), QStringLiteral("/none/logo.png")}, {QStringLiteral("wm_imagewidth"), 5}});
+    settings.find(QStringLiteral("Watermark"))->items.append(settings.find(QStringLiteral("Watermark"))->items.last());
+    settings.find(QStringLiteral("Watermark"))->items.last().selected = false;
     const zokit::Messages warnings = zokit::watermarkWarnings(settings);
     QCOMPARE(warnings.size(), 2);
     QCOMPARE(warnings.at(0).text(), QStringLiteral("Watermark:0 lies outside of the part that is kept and cannot be "
