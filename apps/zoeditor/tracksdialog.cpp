@@ -64,9 +64,12 @@ public:
         const int margin = style.pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, m_tree) + 1;
         const bool hasBox = index.data(Qt::CheckStateRole).isValid();
         const int box = hasBox ? style.pixelMetric(QStyle::PM_IndicatorWidth, nullptr, m_tree) + 2 * margin : 0;
-        QStyleOptionViewItem inColumn(option);
-        inColumn.rect = QRect(0, 0, m_tree->columnWidth(index.column()) - box, 1);
-        return QStyledItemDelegate::sizeHint(inColumn, index);
+        const QRect line(0, 0, m_tree->columnWidth(index.column()) - box - 2 * margin, QWIDGETSIZE_MAX);
+        const QRect text = option.fontMetrics.boundingRect(line, Qt::TextWordWrap, index.data().toString());
+        constexpr int between = 6; // Pixels: which lines belong together has to be seen.
+        QSize size = QStyledItemDelegate::sizeHint(option, index);
+        size.setHeight(std::max(size.height(), text.height()) + between);
+        return size;
     }
 
 private:

@@ -8,6 +8,8 @@
 
 #include <zokit/history.h>
 
+#include <appearance.h>
+
 #include "editorsupport.h"
 
 using namespace editorsupport;
@@ -17,10 +19,13 @@ class TestEditorTracks : public QObject {
     Q_OBJECT
 
 private slots:
-    void init() { kitsupport::clearSavedDefaults(); }
+    void init();
+    void cleanup() { init(); }
 
     void languageRuleChoosesTracks();
     void lineTellsWhatBecomesOfATrack();
+    void rowsAreAsHighAsTheirTexts_data();
+    void rowsAreAsHighAsTheirTexts();
     void tracksAreChosenByHand();
     void oneSubtitleAtMost();
     void orderOfLanguagesCounts();
@@ -73,6 +78,12 @@ void check(const Stage& stage, int row, bool isOn)
 
 } // namespace
 
+void TestEditorTracks::init()
+{
+    kitsupport::clearSavedDefaults();
+    zoeditor::appearance::setLanguage(key("en"));
+}
+
 void TestEditorTracks::languageRuleChoosesTracks()
 {
     const Stage stage({clips::clip(key("languages.mkv"))});
@@ -114,6 +125,34 @@ void TestEditorTracks::lineTellsWhatBecomesOfATrack()
     add(stage, "audioLanguages", "eng");
     QTRY_VERIFY_WITH_TIMEOUT(fate(English).endsWith(key("copied")), 60000);
     QVERIFY2(fate(French).contains(key("left out")), qPrintable(fate(French)));
+}
+
+void TestEditorTracks::rowsAreAsHighAsTheirTexts_data()
+{
+    QTest::addColumn<QString>("language");
+    QTest::newRow("English") << key("en");
+    QTest::newRow("German") << key("de");
+}
+
+/// In the width that they have, whatever it was before.
+void TestEditorTracks::rowsAreAsHighAsTheirTexts()
+{
+    QFETCH(const QString, language);
+    zoeditor::appearance::setLanguage(language);
+    const Stage stage({clips::clip(key("languages.mkv"))});
+    stage.trigger("tracks");
+    auto* dialog = stage.find("tracksDialog");
+    QTreeWidget* list = tracks(stage);
+    QTRY_VERIFY_WITH_TIMEOUT(!list->topLevelItem(Captions)->text(2).isEmpty(), 60000);
+    const auto linesOf = [&](int row) {
+        return list->visualItemRect(list->topLevelItem(row)).height() / list->fontMetrics().lineSpacing();
+    };
+    for (const auto& [width, lines] : {std::pair(1000, 2), std::pair(2000, 1), std::pair(1000, 2)}) {
+        dialog->resize(width, 560);
+        settle();
+        QCOMPARE(linesOf(French), lines);
+        QCOMPARE(linesOf(German), lines);
+    }
 }
 
 void TestEditorTracks::tracksAreChosenByHand()
