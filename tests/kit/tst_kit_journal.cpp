@@ -611,27 +611,27 @@ void TestKitJournal::removedJournalIsMadeAgain()
 
 void TestKitJournal::largeJournalIsMadeAnew_data()
 {
-    QTest::addColumn<bool>("canBe");
+    QTest::addColumn<bool>("isMadeAnew");
     QTest::newRow("beside the old one") << true;
     QTest::newRow("where there is no place for it") << false;
 }
 
 void TestKitJournal::largeJournalIsMadeAnew()
 {
-    QFETCH(const bool, canBe);
+    QFETCH(const bool, isMadeAnew);
     constexpr int megabyte = 1024 * 1024;
     const QTemporaryDir folder;
     Project project;
     Journal journal(project, folder.path());
     FileSettings* file = project.add(clip());
     project.history().setLimit(8 * megabyte);
-    if (!canBe)
+    if (!isMadeAnew)
         QVERIFY(QDir().mkpath(journal.path() + QStringLiteral(".new")));
     for (int i = 0; i < 20; ++i) { // Two megabytes each, of the value before and the one after.
         file->setValue(file->type(key("Color")), key("x-note"), QString(megabyte, QLatin1Char(char('a' + i))));
         QVERIFY(journal.flush());
     }
-    QCOMPARE(QFileInfo(journal.path()).size() < 30 * megabyte, canBe); // Of 40 MB.
+    QCOMPARE(QFileInfo(journal.path()).size() < 30 * megabyte, isMadeAnew); // Of 40 MB.
     Project back;
     QVERIFY(Journal::recover(leftBy(journal, folder), back).isEmpty());
     compareHistories(project, back);

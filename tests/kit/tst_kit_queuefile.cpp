@@ -290,8 +290,7 @@ void TestKitQueueFile::linesThatMeanNothingAreCounted_data()
         << QByteArray("\"/films/b-converted.mkv\"") << QByteArray("\"b-converted.mkv\"");
     QTest::newRow("settings that are none")
         << QByteArray("2,\"input\":\"/films/b.mkv\",\"output\":\"/films/b-converted.mkv\",\"settings\":{")
-        << QByteArray(
-               "2,\"input\":\"/films/b.mkv\",\"output\":\"/films/b-converted.mkv\",\"settings\":{\"tracks\":5,");
+        << QByteArray("2,\"input\":\"/films/b.mkv\",\"output\":\"/films/b-converted.mkv\",\"settings\":{\"tracks\":5,");
     QTest::newRow("a number that is taken") << QByteArray("{\"row\":2,") << QByteArray("{\"row\":1,");
 }
 
