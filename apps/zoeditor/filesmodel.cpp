@@ -15,8 +15,8 @@ namespace zoeditor {
 
 namespace {
 
-constexpr int thumbnailWidth = 96;
-constexpr int thumbnailHeight = 54;
+constexpr int thumbnailWidth = 128;
+constexpr int thumbnailHeight = 72;
 
 /// What stands where the picture is still to come, of the same size.
 QPixmap emptyThumbnail()

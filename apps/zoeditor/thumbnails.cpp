@@ -14,8 +14,8 @@ namespace zoeditor {
 
 namespace {
 
-constexpr QSize small{96, 54};
-constexpr double place = 0.1; ///< Of the length: the very beginning is black in most films.
+constexpr QSize small{128, 72}; // Twice what the list shows: sharp on fine screens, too.
+constexpr double place = 0.1;   ///< Of the length: the very beginning is black in most films.
 
 } // namespace
 
