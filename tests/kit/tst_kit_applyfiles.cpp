@@ -194,6 +194,13 @@ void TestKitApplyFiles::oneThatCannotBeReadRefusesAll()
              files.names.at(0)
                  + QStringLiteral(": Color:x-picture: no settings file can hold this value. Set another one."));
     QVERIFY(unwritten.targets.isEmpty());
+    const QString gone = files.path("gone.json");
+    const ApplyPlan missing = zokit::planApply(withContrast(20), files.names + QStringList{gone}, colour);
+    QCOMPARE(missing.error.text(), gone + QStringLiteral(": no such file."));
+    QVERIFY(missing.targets.isEmpty());
+    const ApplyPlan good = zokit::planApply(withContrast(20), files.names, colour);
+    QCOMPARE(zokit::applyPlan(good, QStringLiteral("/dev/null/notes")).code(), zokit::Message::Code::FileUnwritable);
+    QCOMPARE(contrastIn(files.names.at(1)), 1);
 }
 
 void TestKitApplyFiles::whatADeadOneWasAtIsToldOfEachFile()

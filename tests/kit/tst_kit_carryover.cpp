@@ -36,6 +36,7 @@ private slots:
     void presetOfNoFrameTakesThePlacesOfTheTarget();
     void measureOfATextIsNoSetting();
     void unplacedItemComesOnce();
+    void typeThatTheTargetLacksComes();
     void busyTargetLeavesAllAsTheyWere();
 };
 
@@ -633,6 +634,18 @@ void TestKitCarryOver::unplacedItemComesOnce()
     QCOMPARE(once.find(key("Watermark"))->items.size(), 2);
     QVERIFY(once.find(key("Watermark"))->items == file.settings().find(key("Watermark"))->items);
     QVERIFY(zokit::carriedOver(source, once, carry) == once);
+}
+
+void TestKitCarryOver::typeThatTheTargetLacksComes()
+{
+    Settings bare;
+    bare.media = clip();
+    Settings source = zokit::completed(bare);
+    source.find(key("Color"))->values.insert(key("bcs_contrast"), 25);
+    const Settings result = zokit::carriedOver(source, bare, {{key("Color")}, false});
+    QCOMPARE(result.effects.size(), 1);
+    QCOMPARE(result.find(key("Color"))->values.value(key("bcs_contrast")), QVariant(25));
+    QCOMPARE(result.find(key("Color"))->values.value(key("bcs_brightness")), QVariant(0));
 }
 
 void TestKitCarryOver::busyTargetLeavesAllAsTheyWere()

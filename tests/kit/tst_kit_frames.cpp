@@ -83,6 +83,8 @@ private Q_SLOTS:
     void onlyTheLatestIsTold();
     void fileOfPicturesKeepsItsTimes();
     void correctedSubtitlesAreShown();
+    void failureTellsItsReason_data();
+    void failureTellsItsReason();
     void frameIsRefused_data();
     void frameIsRefused();
     void previewIsTheOutput_data();
@@ -319,6 +321,54 @@ void TestKitFrames::correctedSubtitlesAreShown()
     const QByteArray before = shown("Helo\n");
     QCOMPARE(before.size(), 160 * 120 * 3 / 2);
     QVERIFY(shown("Hello\n") != before);
+}
+
+void TestKitFrames::failureTellsItsReason_data()
+{
+    QTest::addColumn<QString>("script");      // Instead of ffmpeg.
+    QTest::addColumn<zokit::Values>("track"); // Of subtitles; empty: none.
+    QTest::addColumn<QString>("sentence");
+
+    const auto file = [](const QString& path) {
+        return zokit::Values{{QStringLiteral("sub_fromfile"), true}, {QStringLiteral("file"), path}};
+    };
+    QTest::newRow("killed") << QStringLiteral("kill -9 $$") << zokit::Values()
+                            << QStringLiteral("ffmpeg was ended by signal 9. Try again, with more memory at hand.");
+    QTest::newRow("nothing comes") << QStringLiteral("exit 0") << zokit::Values()
+                                   << clips::clip(QStringLiteral("plain.mp4"))
+                                          + QStringLiteral(" has no picture that can be shown. Choose another file.");
+    QTest::newRow("subtitles that it cannot read")
+        << QStringLiteral("echo 'Invalid data' >&2; exit 1") << file(clips::clip(QStringLiteral("text.srt")))
+        << QStringLiteral("ffmpeg failed: Invalid data");
+    QTest::newRow("pictures as subtitles that are gone")
+        << QStringLiteral("exit 0") << file(QStringLiteral("/gone.sup")) << QStringLiteral("/gone.sup: no such file.");
+    QTest::newRow("subtitles that the clip lacks")
+        << QStringLiteral("exit 0") << zokit::Values{{QStringLiteral("trackid"), 9}}
+        << QStringLiteral("The clip has no such track 9. Choose one that it has.");
+}
+
+void TestKitFrames::failureTellsItsReason()
+{
+    QFETCH(const QString, script);
+    QFETCH(const zokit::Values, track);
+    QFETCH(const QString, sentence);
+    const QTemporaryDir folder;
+    zokit::Tools tools = zokit::findTools();
+    tools.ffmpeg = folder.filePath(QStringLiteral("ffmpeg"));
+    QFile program(tools.ffmpeg);
+    QVERIFY(program.open(QIODevice::WriteOnly));
+    program.write("#!/bin/sh\n" + script.toUtf8() + '\n');
+    QVERIFY(program.setPermissions(QFile::ReadOwner | QFile::ExeOwner));
+    program.close();
+    Frames frames(tools);
+    FrameQuestion question = questionOf(QStringLiteral("plain.mp4"), 0);
+    if (!track.isEmpty())
+        graphsupport::append(question.settings, "Subtitle", track);
+    for (int time = 1; time <= 2; ++time) { // What failed is tried again.
+        const FrameAnswer answer = zokit::frame(frames, question);
+        QCOMPARE(answer.error.text(), sentence);
+        QVERIFY(answer.frame.bytes.isEmpty());
+    }
 }
 
 void TestKitFrames::frameIsRefused_data()

@@ -332,6 +332,7 @@ void TestKitTrackPlan::eachTrackHasItsFate()
     const QString lines = said.join(QLatin1Char('\n')) + QLatin1Char('\n');
     QVERIFY2(lines.contains(key(expected.lines) + QLatin1Char('\n')), qPrintable(lines));
     QCOMPARE(plan.error.isEmpty(), !key(expected.lines).startsWith(QLatin1String("error: ")));
+    QCOMPARE(plan.copiesAll(), !lines.contains(key("converted to")) && !lines.contains(key("burned in")));
 }
 
 namespace {

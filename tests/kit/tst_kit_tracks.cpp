@@ -461,6 +461,7 @@ void TestKitTracks::listIsWhatIsApplied()
 
 void TestKitTracks::tickedTracksStay()
 {
+    QVERIFY(zokit::withTracks(Settings(), zokit::chosenTracks({}, tracks(), film, {}), {}).effects.isEmpty());
     Settings settings = zokit::withTracks(newFilm(), zokit::chosenTracks({}, tracks(), film, {}), {});
     settings.find(key("Audio"))->items[1].selected = true;
     TrackRules rules;

@@ -78,6 +78,7 @@ void TestKitWorkbench::firstFileIsCurrent()
     QCOMPARE(stage.bench.current(), nullptr);
     QCOMPARE(stage.bench.chosen(), Identity(0));
     QCOMPARE(stage.bench.media(), nullptr);
+    QCOMPARE(stage.bench.tools().ffmpeg, zokit::findTools().ffmpeg);
     QVERIFY(stage.bench.tracksByRule().choices.isEmpty());
     const QSignalSpy current(&stage.bench, &Workbench::currentChanged);
     const QSignalSpy chosen(&stage.bench, &Workbench::chosenChanged);
@@ -122,6 +123,7 @@ void TestKitWorkbench::filesAreRows()
     QCOMPARE(model.index(1).data(Qt::ToolTipRole).toString(), key("/films/b.mkv"));
     QCOMPARE(model.index(1).data(zokit::FilesModel::FileRole).toULongLong(), stage.file(1)->file());
     QVERIFY(!model.index(1).data(Qt::EditRole).isValid());
+    QVERIFY(!model.data(QModelIndex(), Qt::DisplayRole).isValid());
     QCOMPARE(model.file(model.index(2)), stage.file(2));
     QCOMPARE(model.file(QModelIndex()), nullptr);
     QCOMPARE(model.indexOf(stage.file(2)), model.index(2));
