@@ -41,14 +41,14 @@ scripts/install-packages build test python3 gcovr || exit 1
 source scripts/proofs/support/build.sh
 if [[ $part == kit ]]; then
     build=$PWD/build/coverage-kit with_kit=ON target=zoeffectkit exceptions=tests/coverage/exceptions-kit.txt
-    folders=(kit/)
+    folders=(kit/) proofs=OFF
     mapfile -t programs <<< "$(find tests/kit tests/apps tests/editor tests/quick -name 'tst_*.cpp' -printf '%f\n' |
         sed 's/\.cpp$//' | LC_ALL=C sort)"
     programs+=(tst_regressions)
     export ZOKIT_STEPS=10000
 else
     build=$PWD/build/coverage with_kit=OFF target=zoeffect_objects exceptions=tests/coverage/exceptions.txt
-    folders=(catalogue/ defaults/ log/ model/ platform/ values/)
+    folders=(catalogue/ defaults/ log/ model/ platform/ values/) proofs=ON
     mapfile -t programs <<< "$(find tests tests/internal tests/values tests/faults tests/faults/internal -maxdepth 1 \
         -name 'tst_*.cpp' -printf '%f\n' | sed 's/\.cpp$//' | LC_ALL=C sort -u)"
 fi
@@ -66,7 +66,7 @@ echo '== coverage: building'
 quietly cmake -G Ninja -S . -B "$build" -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_COMPILER=g++ \
     '-DCMAKE_CXX_FLAGS=--coverage -O0' "-DCMAKE_PROJECT_zoeffect_INCLUDE=$build/flags.cmake" \
     -DZOEFFECT_QT_MAJOR=5 -DZOEFFECT_BUILD_TESTS=ON -DZOEFFECT_WARNINGS_AS_ERRORS=ON \
-    -DZOEFFECT_TEST_PACKAGE=OFF -DZOEFFECT_TEST_SOURCES=OFF -DZOEFFECT_TEST_PROOFS=OFF \
+    -DZOEFFECT_TEST_PACKAGE=OFF -DZOEFFECT_TEST_SOURCES=OFF "-DZOEFFECT_TEST_PROOFS=$proofs" \
     "-DZOEFFECT_BUILD_KIT=$with_kit" "-DZOEFFECT_BUILD_PROGRAMS=$with_kit"
 quietly cmake --build "$build" --target "${programs[@]}"
 
