@@ -12,11 +12,12 @@ usage() {
 usage: scripts/prove farm
 
 Sets up a farm of one node with the daemons of Slurm, and two ssh servers on the loopback address; takes root. A plan
-of 40 jobs goes over each, with the files of docs/farm: three clips are no media, two jobs lose their ffmpeg twice, one
-needs an image that is not there, and the node, or one of the two hosts, crashes in the middle. Slurm tries again by
-itself, and goes on when the image is there and the job released; over ssh the same command is run once more. In the end
-each good file must have been converted once, none half, and nothing tried for ever. Slurm also does a part of its plan.
-Takes some eight minutes, most of them Slurm's pauses before a second try. Closes with a table and "N passed, N failed".
+of 40 jobs goes over each, with the files of docs/farm: three clips are no media, two jobs lose their ffmpeg twice, a
+third one loses zoconvert itself, one needs an image that is not there, and the node, or one of the two hosts, crashes in
+the middle. Slurm tries again by itself, and goes on when the image is there and the job released; over ssh the same
+command is run once more. In the end each good file must have been converted once, none half, and nothing tried for
+ever. Slurm also does a part of its plan. Takes some eight minutes, most of them Slurm's pauses before a second try; when
+something failed, plans and logs are kept in build/farm. Closes with a table and "N passed, N failed".
 TEXT
 }
 
@@ -34,55 +35,54 @@ scripts/install-packages build run slurmctld slurmd slurm-client munge openssh-s
 source scripts/proofs/support/build.sh
 build release zoconvert
 
+# until_seconds N COMMAND...: waits until it succeeds.
+until_seconds() {
+    local end=$((SECONDS + $1))
+    shift
+    until "$@"; do
+        ((SECONDS < end)) || return 1
+        sleep 0.5
+    done
+}
+
 real_ffmpeg=$(command -v ffmpeg)
 work=$(mktemp -d /tmp/zofarm.XXXXXX)
 chmod 755 "$work"
 export SLURM_CONF=$work/slurm/slurm.conf
 daemons=()
+declare -A nodes=()
 finish() {
+    local status=$?
+    if [[ $status != 0 ]]; then
+        rm -rf build/farm
+        cp -r "$work" build/farm || true
+    fi
     [[ ! -e $SLURM_CONF ]] || scancel --state=PENDING,RUNNING --user=root 2> /dev/null || true
     for pidfile in "${daemons[@]}"; do
         [[ ! -e $pidfile ]] || kill "$(cat "$pidfile")" 2> /dev/null || true
     done
-    for node in slurm 2231 2232; do
+    for node in "${!nodes[@]}"; do
         end "$node"
     done
-    rm -rf "$work"
+    # The daemons may still write.
+    until_seconds 30 rm -rf "$work" 2> /dev/null || true
 }
 trap finish EXIT
 
-# with_descendants PID...: these processes, and those that they have begun.
-with_descendants() {
-    local pid
-    for pid; do
-        echo "$pid"
-        # shellcheck disable=SC2046 # numbers
-        with_descendants $(pgrep -P "$pid")
-    done
+# begin NODE DAEMON...: a node has its processes for itself. Its first one takes what others leave behind.
+begin() {
+    unshare --pid --fork --kill-child --mount-proc bash -c '"$@" && sleep infinity & wait' "$@" &>> "$work/$1.log" &
+    nodes[$1]=$!
 }
-# processes_of NODE: the node's daemon with all that it has begun, and what has the node in its environment.
-processes_of() {
-    [[ ! -e $work/$1.pid ]] || with_descendants "$(cat "$work/$1.pid")"
-    grep -lzxF "ZO_NODE=$work/$1" /proc/[0-9]*/environ 2> /dev/null | cut -d / -f 3 || true
-}
-# end NODE: as when it loses its power: everything of it dies at once.
+first_of() { pgrep --parent "${nodes[$1]}"; }
+# end NODE: as when it loses its power: all of it dies at once, and nothing is left to tell of it.
 end() {
-    local processes
-    until processes=$(processes_of "$1"); [[ -z $processes ]]; do
-        # shellcheck disable=SC2086 # numbers
-        kill -KILL $processes 2> /dev/null || true
-        rm -f "$work/$1.pid"
-        sleep 0.1
-    done
+    kill -KILL "$(first_of "$1")" 2> /dev/null || true
+    wait "${nodes[$1]}" 2> /dev/null || true
+    unset "nodes[$1]"
 }
 # converts_long NODE: whether it is in the middle of the long clip.
-converts_long() {
-    local process
-    for process in $(processes_of "$1"); do
-        ! tr '\0' ' ' 2> /dev/null < "/proc/$process/cmdline" | grep -q 'long\.mkv.*/\.zo-.*\.part' || return 0
-    done
-    return 1
-}
+converts_long() { pgrep --ns "$(first_of "$1")" --nslist pid --full 'long\.mkv.*/\.zo-.*\.part' > /dev/null; }
 
 export QT_QPA_PLATFORM=offscreen ZOEFFECT_FFMPEG=$work/bin
 export PATH=$work/bin:$PATH
@@ -99,17 +99,8 @@ check() {
     fi
 }
 equal() { [[ $1 == "$2" ]]; }
-# until_seconds N COMMAND...: waits until it succeeds.
-until_seconds() {
-    local end=$((SECONDS + $1))
-    shift
-    until "$@"; do
-        ((SECONDS < end)) || return 1
-        sleep 0.5
-    done
-}
 
-# An ffmpeg that is killed as often as killed/NAME has lines.
+# An ffmpeg that is killed, or its zoconvert, as often as killed/NAME has lines: BASHPID or PPID.
 mkdir -p "$work/bin" "$work/killed"
 ln -s "$PWD/build/release/apps/zoconvert/zoconvert" "$work/bin/zoconvert"
 ln -s "$(command -v ffprobe)" "$work/bin/ffprobe"
@@ -118,12 +109,23 @@ cat > "$work/bin/ffmpeg" <<SCRIPT
 for argument; do
     lives=$work/killed/\$(basename -- "\${argument#file:}")
     case \$argument in
-    *.mkv) if [[ -s \$lives ]]; then sed -i 1d "\$lives"; kill -KILL \$\$; fi ;;
+    *.mkv)
+        if read -r whom 2> /dev/null < "\$lives"; then
+            sed -i 1d "\$lives"
+            kill -KILL "\${!whom}"
+        fi
+        ;;
     esac
 done
 exec $real_ffmpeg "\$@"
 SCRIPT
 chmod +x "$work/bin/ffmpeg"
+
+# lose_processes: two jobs lose their ffmpeg twice, one its zoconvert.
+lose_processes() {
+    printf 'BASHPID\nBASHPID\n' | tee "$work/killed/clip 12.mkv" > "$work/killed/clip 13.mkv"
+    echo PPID > "$work/killed/clip 14.mkv"
+}
 
 # 40 clips: three that are none, one that takes a while, odd names.
 make_clips() {
@@ -209,7 +211,7 @@ SlurmUser=slurm
 StateSaveLocation=$work/slurm/state
 SlurmdSpoolDir=$work/slurm/spool
 SlurmctldPidFile=$work/slurm/slurmctld.pid
-SlurmdPidFile=$work/slurm.pid
+SlurmdPidFile=$work/slurm/slurmd.pid
 SlurmctldLogFile=$work/slurm/slurmctld.log
 SlurmdLogFile=$work/slurm/slurmd.log
 ProctrackType=proctrack/linuxproc
@@ -232,14 +234,14 @@ NodeName=$host NodeAddr=127.0.0.1 CPUs=$cpus RealMemory=4000 State=UNKNOWN
 PartitionName=main Nodes=$host Default=YES MaxTime=60 State=UP
 CONF
     slurmctld
-    ZO_NODE=$work/slurm slurmd
-    daemons+=("$work/slurm/slurmctld.pid" "$work/slurm.pid")
+    daemons+=("$work/slurm/slurmctld.pid")
+    begin slurm slurmd
     until_seconds 60 node_is idle
 }
 node_is() { sinfo --noheader --format=%T | grep -q "$1"; }
 state_of() { squeue --noheader --array --states=all --format='%K %T' | awk -v n="$1" '$1 == n { print $2 }'; }
 has_state() { [[ $(state_of "$1") == "$2" ]]; }
-all_ended() { [[ -z $(squeue --noheader --states=PENDING,RUNNING,COMPLETING,CONFIGURING --format=%i) ]]; }
+all_ended() { ! squeue --noheader --array --states=all --format=%T | grep -qvx 'COMPLETED\|FAILED'; }
 
 echo '== a farm of Slurm'
 slurm=$work/over-slurm
@@ -247,21 +249,22 @@ make_clips "$slurm"
 make_plan "$slurm"
 flaky=$(number_of "$slurm" 'clip 12-converted')
 flaky_too=$(number_of "$slurm" 'clip 13-converted')
+lost=$(number_of "$slurm" 'clip 14-converted')
 bad=$(number_of "$slurm" 'bad 46-converted')
 logo=$(number_of "$slurm" 'out/logo')
-printf 'x\nx\n' | tee "$work/killed/clip 12.mkv" > "$work/killed/clip 13.mkv"
+lose_processes
 mv "$slurm/logo.png" "$slurm/logo.away"
 start_munge
 start_slurm
 check 'jobs in the plan' equal "$(wc -l < "$slurm/plan")" 40
 began=$SECONDS
-submit() { (cd "$slurm" && ZO_NODE=$work/slurm sbatch --quiet --array="1-$1" "$tree/docs/farm/zoconvert.sbatch" "${@:2}"); }
+submit() { (cd "$slurm" && sbatch --quiet --array="1-$1" "$tree/docs/farm/zoconvert.sbatch" "${@:2}"); }
 submit 40 plan
 check 'the long job runs' until_seconds 300 converts_long slurm
 echo '== the node crashes'
 end slurm
 scontrol update nodename="$(hostname -s)" state=down reason=crashed
-ZO_NODE=$work/slurm slurmd
+begin slurm slurmd
 check 'the node comes back' until_seconds 60 node_is 'idle\|mixed\|allocated'
 check 'the job that needs a logo is held' until_seconds 400 has_state "$logo" SPECIAL_EXIT
 echo '== the logo comes'
@@ -285,15 +288,17 @@ check 'done' equal "$(outcomes "$slurm" 'done|skipped')" 37
 check 'failed' equal "$(outcomes "$slurm" failed)" 3
 check 'tries of a bad file' equal "$(begun "$slurm" "$bad" failed)" 1
 check 'tries that lost their ffmpeg' equal "$(begun "$slurm" "$flaky" failed) $(begun "$slurm" "$flaky_too" failed)" '2 2'
+check 'tries, one of which lost its zoconvert' equal "$(grep -c 'track 0' "$slurm/zoconvert-1_$lost.log")" 2
 check 'tries without the logo' equal "$(begun "$slurm" "$logo" failed)" 1
 row_slurm="| Slurm, 1 node | 40 | $(outcomes "$slurm" 'done|skipped') | $(outcomes "$slurm" failed) | $(wc -l < "$slurm/plan.results") | $took s |"
-kill "$(cat "$work/slurm.pid")" "$(cat "$work/slurm/slurmctld.pid")"
+end slurm
+kill "$(cat "$work/slurm/slurmctld.pid")"
 
 echo '== GNU parallel over ssh'
 over=$work/"over ssh's"
 make_clips "$over"
 make_plan "$over"
-printf 'x\nx\n' | tee "$work/killed/clip 12.mkv" > "$work/killed/clip 13.mkv"
+lose_processes
 mv "$over/logo.png" "$over/logo.away"
 ssh-keygen -q -t ed25519 -N '' -f "$work/key"
 ssh-keygen -q -t ed25519 -N '' -f "$work/hostkey"
@@ -305,14 +310,13 @@ start_worker() {
 Port $port
 ListenAddress 127.0.0.1
 HostKey $work/hostkey
-PidFile $work/$port.pid
+PidFile none
 AuthorizedKeysFile $work/authorized
 StrictModes no
 PermitRootLogin prohibit-password
-SetEnv PATH=$PATH ZOEFFECT_FFMPEG=$work/bin QT_QPA_PLATFORM=offscreen ZO_NODE=$work/$port
+SetEnv PATH=$PATH ZOEFFECT_FFMPEG=$work/bin QT_QPA_PLATFORM=offscreen
 CONF
-    /usr/sbin/sshd -f "$work/sshd.$port"
-    daemons+=("$work/$port.pid")
+    begin "$port" /usr/sbin/sshd -f "$work/sshd.$port"
 }
 start_worker 2231
 start_worker 2232
