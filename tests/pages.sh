@@ -33,6 +33,8 @@ for name in CropData EffectDefaultVal SubEffectItem EffectControlItem zokit_1_1{
     [[ -e $html/struct$name.html ]] || missing+="$name "
 done
 same 'pages: each public class has one' '' "$missing" || true
+check 'pages: the functions of the kit have one' grep -q 'carriedOver' "$html/namespacezokit.html" || true
+check 'pages: so has that of the kit for QML' grep -q 'registerTypes' "$html/namespacezokitquick.html" || true
 missing=
 for picture in "$tree"/docs/pictures/*.png; do
     [[ -e $html/$(basename "$picture") ]] || missing+="$(basename "$picture") "

@@ -26,6 +26,7 @@ struct ZOKIT_EXPORT Address {
     QString toString() const;
 };
 
+/// Whether both name the same place.
 ZOKIT_EXPORT bool operator==(const Address& left, const Address& right);
 
 /// An address read, or why it is none.

@@ -38,7 +38,7 @@ ZOKIT_EXPORT ApplyPlan planApply(const Settings& from, const QStringList& target
 
 /// Does what \a plan says, for all targets or for none: everything is written beside them before the first is renamed,
 /// and an error puts back those that were. An empty message: it is done. While it works, a note in \a folder
-/// ("zoeffect/ apply" in the user's configuration folder when empty) says what is being done.
+/// ("zoeffect/apply" in the user's configuration folder when empty) says what is being done.
 ZOKIT_EXPORT Message applyPlan(const ApplyPlan& plan, const QString& folder = {});
 
 /// A target of an application that was killed.

@@ -23,6 +23,7 @@ struct Change {
     QVariant after;     ///< Invalid: there is none any more.
 };
 
+/// Those of one operation.
 using Changes = QVector<Change>;
 
 } // namespace zokit

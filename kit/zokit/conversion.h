@@ -51,6 +51,7 @@ struct ZOKIT_EXPORT HelperFiles {
 
 /// \name What is started, as data
 /// @{
+
 /// Writes the subtitle of \a plan to standard output as ASS.
 ZOKIT_EXPORT Command extractCommand(const Tools& tools, const MediaInfo& media, const SubtitlePlan& plan);
 /// Writes a cover to \a file as it is.
@@ -66,8 +67,8 @@ ZOKIT_EXPORT Command convertCommand(const Tools& tools, const Job& job, const Me
 ZOKIT_EXPORT QByteArray chaptersText(const Settings& settings, const MediaInfo& media);
 /// @}
 
-/// What is wrong with a result that was to be \a plan's, \a wanted seconds long; empty: nothing. \a isShort says
-/// whether only the length lacks.
+/// What is wrong with a result that was to be \a plan's, \a wanted seconds long; empty: nothing. \a isShort, which has
+/// to be given, says whether only the length lacks.
 ZOKIT_EXPORT Message checkResult(const MediaInfo& result, const TracksPlan& plan, double wanted, bool* isShort);
 
 /// What became of a job.
@@ -75,7 +76,7 @@ enum class Outcome {
     Done,
     Failed,
     Cancelled,
-    Skipped ///< Not begun: a queue that stops at the first failure.
+    Skipped ///< Its result is there, and Job::skips; or not begun, in a queue that stops at the first failure.
 };
 
 /// Whether trying again may help.
@@ -128,7 +129,8 @@ public:
 Q_SIGNALS:
     /// All is decided: plan() tells what becomes of each track.
     void planned();
-    /// \a fraction from 0 to 1 never falls; \a secondsLeft and \a speed are 0 while they are unknown.
+    /// \a fraction from 0 to 1 never falls; \a secondsLeft and \a speed, seconds of output a second, are 0 while they
+    /// are unknown.
     void progressed(double fraction, double secondsLeft, double speed);
     /// What comes out otherwise than one may think; each once.
     void warned(const zokit::Message& warning);

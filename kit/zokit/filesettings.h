@@ -58,6 +58,7 @@ class ZOKIT_EXPORT FileSettings : public QObject {
 
 public:
     /// A new file: the saved defaults act here.
+    /// \a identities are shared by files whose things must differ; without them the file has its own.
     explicit FileSettings(const Media& media, std::shared_ptr<Identities> identities = {}, QObject* parent = nullptr);
     /// Exactly \a settings, completed; no saved default acts.
     explicit FileSettings(const Settings& settings, std::shared_ptr<Identities> identities = {},
@@ -120,11 +121,11 @@ public:
         Message error;     ///< Why it was refused.
     };
     /// A new item of \a type before position \a pos (-1: at the end) with the defaults of the moment and \a values over
-    /// them. A watermark without a position in \a values gets a free place.
+    /// them. A watermark without a position in \a values gets a free place. A position behind the end is refused.
     Inserted insert(const QString& type, const Values& values, int pos = -1, QObject* asker = nullptr);
     /// Removes \a item. Frame effects are always there, and refuse.
     Message remove(Identity item, QObject* asker = nullptr);
-    /// Moves \a item so that it ends at position \a to.
+    /// Moves \a item so that it ends at position \a to, one that the list has: any other is refused.
     Message move(Identity item, int to, QObject* asker = nullptr);
     /// @}
 

@@ -46,7 +46,8 @@ public:
     bool canRedo() const; ///< Whether a step was undone and nothing done since.
     void undo();          ///< Takes the last step back; without one nothing happens.
     void redo();          ///< Does the next step again; without one nothing happens.
-    /// Undoes or redoes until \a count steps are done.
+    /// Undoes or redoes until \a count steps are done, from 0 to count(); beyond them as far as it goes. Like undo()
+    /// and redo() it does nothing in a gesture.
     void goTo(int count);
 
     int count() const;          ///< Steps that are kept.

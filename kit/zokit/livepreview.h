@@ -30,14 +30,16 @@ class ZOKIT_EXPORT LivePreview : public QObject {
 public:
     /// Without a file and of no size. Both outlive it; \a tools says which ffmpeg makes the frames.
     LivePreview(History& history, const Tools& tools, QObject* parent = nullptr);
+    /// What runs is ended. Not while something is dragged: the gesture of the history would stay open.
     ~LivePreview() override;
 
-    /// Shows \a file, which is one of the history's project and may be deleted, and of which \a media tells the clip:
-    /// null where nothing is known of it, then there are no frames. Null: nothing is shown. A drag ends.
+    /// Shows \a file, which is one of the history's project and may be deleted, and of which \a media, which is copied,
+    /// tells the clip: null where nothing is known of it, then there are no frames. Null: nothing is shown. A drag
+    /// ends.
     void setFile(FileSettings* file, const MediaInfo* media);
     /// The handles of \a thing, the type "Crop" or a watermark, come first; of another one none do.
     void choose(Identity thing);
-    /// The moment that is shown, errors and warnings.
+    /// The moment that is shown, errors and warnings. Lives as long as this.
     ShownFrames& frames() const;
 
     /// The view has \a size now, and \a devicePixels pixels of the screen for one of its own along a side.

@@ -218,13 +218,14 @@ private:
     std::shared_ptr<const Message> m_inner;
 };
 
+/// Whether both say the same of the same words.
 ZOKIT_EXPORT bool operator==(const Message& left, const Message& right);
 
+/// Several of them.
 using Messages = QVector<Message>;
 
-/// \a text as it stands in a sentence: control characters and those that turn the direction of a line are spelled,
-/// "\n",
-/// "\x1b", "\u202e".
+/// \a text as it stands in a sentence. Control characters and those that turn the direction of a line are spelled, as
+/// in C: a line feed becomes a backslash and an "n".
 ZOKIT_EXPORT QString onOneLine(const QString& text);
 
 /// \a size as sentences and options say it: "1280x720".

@@ -24,6 +24,7 @@ struct ZOKIT_EXPORT OutputOption {
 
 /// All options, in the order of the help.
 ZOKIT_EXPORT const QVector<OutputOption>& outputOptions();
+/// The option \a name, in its long form without dashes; null when there is none.
 ZOKIT_EXPORT const OutputOption* outputOption(const QString& name);
 
 } // namespace zokit

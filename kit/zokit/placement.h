@@ -17,6 +17,7 @@
 
 namespace zokit {
 
+/// A place at the edge or in the middle of the frame.
 enum class Corner { TopLeft, Top, TopRight, Left, Centre, Right, BottomLeft, Bottom, BottomRight };
 
 /// What people call it: "top left", "middle". Translated.
@@ -31,9 +32,10 @@ struct ZOKIT_EXPORT Anchor {
     double widthInPercent = 0; ///< Of the frame; 0: the size is not the anchor's. A text's font size is chosen to fit.
 };
 
-/// From and to the values of a settings file's "anchor". Nothing for values that are no anchor, with the reason in
-/// \a error if given.
+/// From the values of a settings file's "anchor": "corner", "margin" and "size". Nothing for values that are no anchor,
+/// with the reason in \a error if given.
 ZOKIT_EXPORT std::optional<Anchor> anchorFrom(const Values& values, Message* error = nullptr);
+/// Back to those values.
 ZOKIT_EXPORT Values toValues(const Anchor& anchor);
 /// Left and top of a watermark of \a size pixels in \a frame.
 ZOKIT_EXPORT QPoint anchoredPosition(const Anchor& anchor, const QSize& size, const QSize& frame);

@@ -40,12 +40,12 @@ struct ZOKIT_EXPORT PreviewView {
     QRectF toView(const QRectF& inFrame) const;   ///< As above.
     QPointF toFrame(const QPointF& inView) const; ///< Which point of the frame is shown there.
 };
-/// The whole frame, as large as it gets in \a size with \a margin around it, in the middle.
+/// The whole frame, as large as it gets in \a size with \a margin pixels of the view around it, in the middle.
 ZOKIT_EXPORT PreviewView fitted(const QSize& frame, const QSize& size, double devicePixels, int margin);
 /// \a view with another zoom (1/16 to 32), the point of the frame under \a kept staying there as far as it can: a frame
 /// that is smaller than the view, with \a margin around it, lies in the middle, a larger one leaves no gap.
 ZOKIT_EXPORT PreviewView zoomed(const PreviewView& view, double zoom, const QPointF& kept, int margin);
-/// \a view with the frame pushed by \a by, as far as it can.
+/// \a view with the frame pushed by \a by pixels of the view, as far as it can; \a margin as above.
 ZOKIT_EXPORT PreviewView scrolled(const PreviewView& view, const QPointF& by, int margin);
 
 /// What each selected watermark looks like by itself, drawn again only when its look has changed: not when it is
@@ -121,16 +121,16 @@ struct ZOKIT_EXPORT Dragged {
     QVector<SnapLine> lines; ///< What it snapped to.
 };
 /// \a scene's rectangle of \a thing when \a handle is dragged by \a by pixels of the frame, measured from where the
-/// drag began, as \a scene is. Edges that are nearer than \a reach to an edge or the middle of the frame, to the usual
-/// margin (of watermarks), to the crop or to another watermark, snap to it; 0 suspends that. A crop keeps to \a rule
-/// and to the frame, and the opposite corner or edge stays. A watermark keeps its shape where it has to, is at least 8
-/// pixels large, and 8 pixels of it stay in the frame.
+/// drag began, as \a scene is. Edges that are within \a reach, pixels of the frame, of an edge or the middle of the
+/// frame, to the usual margin (of watermarks), to the crop or to another watermark, snap to it; 0 suspends that. A crop
+/// keeps to \a rule and to the frame, and the opposite corner or edge stays. A watermark keeps its shape where it has
+/// to, is at least 8 pixels large, and 8 pixels of it stay in the frame.
 ZOKIT_EXPORT Dragged dragged(const PreviewScene& scene, Identity thing, Handle handle, const QPoint& by, double reach,
                              const CropRule& rule = CropRule());
 /// A crop that is drawn anew from \a from to \a to, points of the frame; otherwise as above.
 ZOKIT_EXPORT Dragged drawnCrop(const PreviewScene& scene, const QPoint& from, const QPoint& to, double reach,
                                const CropRule& rule = CropRule());
-/// By how much an arrow key drags: 1 pixel, with Shift 10; null for another key.
+/// By how much an arrow key drags: 1 pixel of the frame, with Shift 10; null for another key.
 ZOKIT_EXPORT QPoint keyStep(int key, Qt::KeyboardModifiers modifiers);
 
 /// For FileSettings::setValues() of the type "Crop".

@@ -47,6 +47,7 @@ enum class Control {
     ListEdit
 };
 
+/// In which unit a number is stored and shown.
 enum class Unit {
     None,
     Pixels,
@@ -71,6 +72,7 @@ enum class Suit {
     FileTrack = 0x10,
     FrameEffect = 0x20
 };
+/// Several of them.
 Q_DECLARE_FLAGS(Suits, Suit)
 Q_DECLARE_OPERATORS_FOR_FLAGS(Suits)
 
@@ -123,6 +125,8 @@ ZOKIT_EXPORT const QVector<Property>& properties();
 ZOKIT_EXPORT const Property* findProperty(const QString& type, const QString& key);
 /// The 13 effect types in the order of the tree: the picture's, then the sound's.
 ZOKIT_EXPORT QStringList effectTypes();
+/// Whether \a type is one of the seven effects on the sound, "Audio_Fade_Inout" to "Audio_Speed"; not so "Audio", the
+/// list of tracks.
 ZOKIT_EXPORT bool isSoundType(const QString& type);
 /// Whether a type has items: "Watermark", "Subtitle", "Audio", "Effect".
 ZOKIT_EXPORT bool hasItems(const QString& type);
@@ -136,6 +140,7 @@ struct ZOKIT_EXPORT FrameEffect {
     const char* helpText; ///< English source of help().
     QString help() const; ///< Translated.
 };
+/// All 20, in the order that a new file has without a saved default. Made once.
 ZOKIT_EXPORT const QVector<FrameEffect>& frameEffects();
 
 /// The table of the 13 effect types and the 20 frame effects, to be registered with ZoEffectModel::InitEffectModel().

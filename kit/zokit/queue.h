@@ -52,14 +52,14 @@ public:
     RowState state(int row) const;
     /// Empty for a row that is not there.
     Job job(int row) const;
-    /// What became of a row that has ended.
+    /// What became of a row that has ended; one that says nothing for others.
     ConversionResult result(int row) const;
     /// The conversion of a row that runs; null for others. Owned by the queue.
     Conversion* conversion(int row) const;
 
     /// What rows that begin from now on are converted with.
     void setTools(const Tools& tools);
-    /// How many run at once, 1 or more; from now on.
+    /// How many run at once from now on, 1 at first; less counts as 1. What runs goes on.
     void setJobs(int count);
     /// A row that fails keeps those that wait from being begun: they become Skipped.
     void setStopsAtFailure(bool stops);

@@ -12,6 +12,7 @@
 
 #include <zokit/zokit_export.h>
 
+/// The kit: what every host needs beside the settings. Its guide begins with "From nothing to a host".
 namespace zokit {
 
 /// Values by key, as the library keeps them: int, double, bool, QString, QColor, QFont, and whatever a host brings.
@@ -60,10 +61,13 @@ struct ZOKIT_EXPORT Settings {
 /// picture is turned by 90 or 270 degrees.
 ZOKIT_EXPORT QSize baseFrame(const Settings& settings);
 
-ZOKIT_EXPORT bool operator==(const Media& left, const Media& right);
-ZOKIT_EXPORT bool operator==(const Item& left, const Item& right);
-ZOKIT_EXPORT bool operator==(const TypeSettings& left, const TypeSettings& right);
 /// Exact: values of other types differ, also where Qt would convert one to the other.
+ZOKIT_EXPORT bool operator==(const Media& left, const Media& right);
+/// As above.
+ZOKIT_EXPORT bool operator==(const Item& left, const Item& right);
+/// As above.
+ZOKIT_EXPORT bool operator==(const TypeSettings& left, const TypeSettings& right);
+/// As above.
 ZOKIT_EXPORT bool operator==(const Settings& left, const Settings& right);
 
 } // namespace zokit

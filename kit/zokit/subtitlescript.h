@@ -39,8 +39,9 @@ struct ZOKIT_EXPORT SubtitlePlan {
 /// The first selected track. A file is burned in unless output option "soft-subtitles" is set; an embedded track stays
 /// soft unless its style differs from the catalogue's, or "burn-subtitles" is set.
 ZOKIT_EXPORT SubtitlePlan subtitlePlan(const Settings& settings, const MediaInfo& media);
-/// Whether a codec of subtitles, by ffmpeg's name, or a file, by its ending, holds pictures.
+/// Whether a codec of subtitles, by ffmpeg's name, holds pictures.
 ZOKIT_EXPORT bool isBitmapSubtitle(const QString& codec);
+/// Whether a subtitle file, by its ending, holds pictures: "sup" and "idx".
 ZOKIT_EXPORT bool isBitmapSubtitleFile(const QString& path);
 
 /// An ASS script as ownSubtitles() writes it.

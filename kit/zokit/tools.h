@@ -24,12 +24,14 @@ ZOKIT_EXPORT Tools findTools();
 /// The version of that ffmpeg, for example "5.1.9-0+deb12u1"; empty when it does not say. Each of these questions
 /// starts a child, about 60 ms, the first time in a process.
 ZOKIT_EXPORT QString toolVersion(const Tools& tools);
-/// The names of its filters and encoders; empty when it does not say.
+/// The names of its filters; empty when it does not say.
 ZOKIT_EXPORT QStringList toolFilters(const Tools& tools);
+/// The names of its encoders; empty when it does not say.
 ZOKIT_EXPORT QStringList toolEncoders(const Tools& tools);
 
-/// The same, of what ffmpeg wrote to standard output for -version, -filters or -encoders.
+/// toolVersion() of what ffmpeg wrote to standard output for -version.
 ZOKIT_EXPORT QString readToolVersion(const QByteArray& output);
+/// toolFilters() or toolEncoders() of what it wrote for -filters or -encoders.
 ZOKIT_EXPORT QStringList readToolNames(const QByteArray& output);
 
 } // namespace zokit

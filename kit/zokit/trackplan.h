@@ -88,10 +88,11 @@ ZOKIT_EXPORT Values takenOptions(const TracksPlan& plan);
 /// The part of the clip that is converted.
 struct ZOKIT_EXPORT ClipPart {
     double from = 0;        ///< Seconds from the clip's beginning.
-    double seconds = 0;     ///< Of the clip; 0: to its end, which is not known.
+    double seconds = 0;     ///< Of the clip; 0: to its end, which is not known, or, where it is trimmed, nothing.
     double result = 0;      ///< Length of the result, after a change of speed; 0: unknown.
     bool isTrimmed = false; ///< By output option "trim".
 };
+/// By output option "trim", as far as \a media reaches, and the change of speed; the whole clip without a trim.
 ZOKIT_EXPORT ClipPart clipPart(const Settings& settings, const MediaInfo& media);
 
 } // namespace zokit

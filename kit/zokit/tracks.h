@@ -15,6 +15,7 @@
 
 namespace zokit {
 
+/// What a track holds.
 enum class TrackKind { Video, Audio, Subtitle, Attachment, Data };
 
 /// A track of a clip, as a probe found it.
@@ -40,8 +41,9 @@ struct ZOKIT_EXPORT TrackRules {
     std::optional<int> subtitleTrack;        ///< By hand: a stream number; -1: none.
 };
 
-/// From and to the values of a settings file's "tracks"; nothing for what is no rule, with the reason in \a error.
+/// From the values of a settings file's "tracks"; nothing for what is no rule, with the reason in \a error if given.
 ZOKIT_EXPORT std::optional<TrackRules> trackRulesFrom(const Values& values, Message* error = nullptr);
+/// Back to those values; what is not set has none.
 ZOKIT_EXPORT Values toValues(const TrackRules& rules);
 
 /// One track and what becomes of it, to be shown before it is applied.

@@ -5,6 +5,7 @@
 
 #include <zokitquick/zokitquick_export.h>
 
+/// The kit for QML. The guide shows it in "Settings and previews in QML".
 namespace zokitquick {
 
 /// Registers FileSettings, SettingsModel and PreviewPicture for QML as version 1.1 of the module \a uri. The plugin of
