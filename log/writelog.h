@@ -7,6 +7,9 @@
 
 #include "zoeffect_export.h"
 
+/// \file
+/// The diagnostic log: entries of the library, and lines of the host's own.
+
 /// Appends one line to the diagnostic log of the running application.
 ///
 /// \a format and the arguments after it are those of printf: null-terminated strings and plain numbers. The

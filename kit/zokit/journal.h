@@ -36,7 +36,7 @@ public:
         /// opened by itself.
         bool diedTwice = false;
     };
-    /// Journals of dead sessions in \a folder (without one: "zoeffect/journal" in the user's state folder), newest
+    /// Journals of dead sessions in \a folder (without one: "zoeffect/journal" in the user's data folder), newest
     /// first.
     static QVector<Left> left(const QString& folder = {});
     /// Brings \a project, a new one, to what \a path holds: settings, history, selections, and where it was clean.
