@@ -51,6 +51,7 @@ public:
 
     /// Keeps a journal of \a project from now on. When that cannot be, trouble() says so from the event loop.
     explicit Journal(Project& project, const QString& folder = {});
+    /// Writes what is not written yet; without close() the file stays, and left() names it.
     ~Journal() override;
 
     /// The file. Another one from when somebody has removed it.

@@ -138,6 +138,7 @@ class ZOKIT_EXPORT Prober : public QObject {
 public:
     /// Asks nothing yet; \a tools says which ffprobe is asked.
     explicit Prober(const Tools& tools, QObject* parent = nullptr);
+    /// What runs is ended; finished() is not sent.
     ~Prober() override;
 
     /// Asks about \a file. A question that is open is dropped: it gets no answer.

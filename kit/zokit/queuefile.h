@@ -24,10 +24,12 @@ public:
     /// Of \a queue, which outlives this, in the file at \a path; without one, "zoeffect/queue.jsonl" in the user's data
     /// folder. Nothing is read or written before open().
     explicit QueueFile(Queue& queue, const QString& path = {}, QObject* parent = nullptr);
+    /// The file stays, as the queue was last.
     ~QueueFile() override;
 
-    /// Adds the rows that the file holds to the queue, and keeps all from now on. Nothing begins by this. What could
-    /// not be read is told, and all else is there; with QueueInUse, or where the file cannot be written, none is kept.
+    /// Adds the rows that the file holds to the queue, and keeps all from now on; once. Nothing begins by this. What
+    /// could not be read is told, and all else is there; with QueueInUse, or where the file cannot be written, none is
+    /// kept.
     Message open();
     QString path() const; ///< Of the file.
 
