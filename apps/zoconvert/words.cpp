@@ -93,7 +93,7 @@ constexpr Text texts[] = {
     {Say::MoreHelp,       QT_TRANSLATE_NOOP("zoconvert", "zoconvert COMMAND -h tells more of a command, and --help tells all, with examples.")},
     {Say::MoreOfCommand,  QT_TRANSLATE_NOOP("zoconvert", "zoconvert %1 --help tells all, with examples.")},
     {Say::AboutProgram,   QT_TRANSLATE_NOOP("zoconvert", "Sets what happens to films: crop, watermarks, subtitles, colours, frame effects and sound.")},
-    {Say::AboutEdits,     QT_TRANSLATE_NOOP("zoconvert", "They act in the order of the command line. Each takes exactly one value.")},
+    {Say::AboutEdits,     QT_TRANSLATE_NOOP("zoconvert", "They act in the order of the command line. One that takes a value takes exactly one.")},
     {Say::AboutOutputs,   QT_TRANSLATE_NOOP("zoconvert", "They go before what a settings file says under \"output\".")},
     {Say::AboutAddresses, QT_TRANSLATE_NOOP("zoconvert", "TYPE:KEY is a type's own property, TYPE:POS:KEY an item's, counted from 0, Output:OPTION an output option, Tracks:KEY a rule for tracks. The key \"selected\" says whether a type or item takes part.")},
     {Say::AboutExit,      QT_TRANSLATE_NOOP("zoconvert", "0: all done, or skipped. 1: the only file, or all files, failed. 2: wrong usage, nothing was begun. 3: some failed, some did not. work: 75 when all that failed may be tried again, 76 when a program or a needed file is missing. 130 and 143: ended by a signal. diff: 0 for equal, 1 for different, 2 for trouble.")},

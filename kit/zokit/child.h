@@ -76,7 +76,7 @@ public:
     /// Writes \a input to a child that was started ahead, and closes its standard input. Nothing happens when none runs
     /// that waits for it.
     void feed(const QByteArray& input);
-    /// From start() on until finished() is sent.
+    /// From start() or startAhead() on until finished() is sent.
     bool isRunning() const;
     /// 0 when none runs.
     qint64 processId() const;
@@ -95,8 +95,8 @@ public:
 Q_SIGNALS:
     /// A piece of standard output, of any length.
     void outputReady(const QByteArray& piece);
-    /// Exactly once for each start() that was true, never from within start(), cancel() or the destructor. None runs
-    /// any more; a slot may start the next one.
+    /// Exactly once for each start() or startAhead() that was true, never from within start(), cancel() or the
+    /// destructor. None runs any more; a slot may start the next one.
     void finished(const zokit::ChildResult& result);
 
 private:

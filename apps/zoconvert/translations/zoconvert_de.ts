@@ -220,8 +220,8 @@
         <translation>Legt fest, was mit Filmen geschieht: Zuschnitt, Wasserzeichen, Untertitel, Farben, Bildeffekte und Ton.</translation>
     </message>
     <message>
-        <source>They act in the order of the command line. Each takes exactly one value.</source>
-        <translation>Sie wirken in der Reihenfolge der Befehlszeile. Jede nimmt genau einen Wert.</translation>
+        <source>They act in the order of the command line. One that takes a value takes exactly one.</source>
+        <translation>Sie wirken in der Reihenfolge der Befehlszeile. Wo ein Wert stehen kann, steht genau einer.</translation>
     </message>
     <message>
         <source>They go before what a settings file says under "output".</source>
