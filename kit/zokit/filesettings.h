@@ -104,10 +104,10 @@ public:
     /// The sentence with which setValue() would refuse \a candidate; empty: it would take it.
     Message check(Identity thing, const QString& key, const QVariant& candidate) const;
     /// Sets a value, read as readValue() does. A type, or an item with its type, that was not selected becomes
-    /// selected, unless "selected" itself is set; a watermark that is placed so is not held by its anchor any more. An
-    /// equal value changes nothing. What follows from it (the place of an anchored watermark) changes with it, and what
-    /// somebody means besides: with one edge of a crop that was not set, the others are set to where the frame has
-    /// them; with a turn or a mirroring, "player_map_flag" is set, without which it would not take place.
+    /// selected, unless "selected" itself is set; a watermark whose left or top is set is not held by its anchor any
+    /// more. An equal value changes nothing. What follows from it (the place of an anchored watermark) changes with it,
+    /// and what somebody means besides: with one edge of a crop that was not set, the others are set to where the frame
+    /// has them; with a turn or a mirroring, "player_map_flag" is set, without which it would not take place.
     Message setValue(Identity thing, const QString& key, const QVariant& value, QObject* asker = nullptr);
     /// Several values at once: all or none, one signal.
     Message setValues(Identity thing, const Values& values, QObject* asker = nullptr);
