@@ -350,6 +350,7 @@ void Child::end(ChildEnd how)
 {
     if (!m_isEnding || how == ChildEnd::Cancelled)
         m_result.end = how;
+    m_result.exitCode = -1; // Also of one that has come to its end, which is not told yet.
     m_isEnding = true;
     send(SIGKILL);
 }

@@ -409,10 +409,19 @@ void TestKitChild::cancelAtAnyMoment()
     for (int round = 0; round < 30; ++round) {
         Child child;
         QVector<ChildEnd> ends;
-        connect(&child, &Child::finished, this, [&](const ChildResult& result) { ends.append(result.end); });
-        QVERIFY(child.start(scripted("err x out y ticks 100000")));
-        QTest::qWait(random.bounded(20));
-        child.cancel();
+        connect(&child, &Child::finished, this, [&](const ChildResult& result) {
+            ends.append(result.end);
+            QCOMPARE(result.exitCode, -1);
+        });
+        if (round % 2 == 0) {
+            QVERIFY(child.start(scripted("err x out y ticks 100000")));
+            QTest::qWait(random.bounded(20));
+            child.cancel();
+        } else { // It has mostly ended by itself when its words are read: that is noticed then, and not told yet.
+            connect(&child, &Child::outputReady, &child, &Child::cancel, Qt::QueuedConnection);
+            QVERIFY(child.start(shell("echo x; exit 3")));
+            QThread::msleep(50);
+        }
         QTRY_VERIFY_WITH_TIMEOUT(!child.isRunning(), patience);
         QCOMPARE(ends, QVector<ChildEnd>{ChildEnd::Cancelled});
         QCOMPARE(childwatch::takeFindings(), QStringList());
