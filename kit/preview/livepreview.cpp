@@ -106,7 +106,11 @@ LivePreview::LivePreview(History& history, const Tools& tools, QObject* parent)
     connect(&d->frames, &ShownFrames::changed, this, [this] { d->updateFrames(); });
 }
 
-LivePreview::~LivePreview() = default;
+LivePreview::~LivePreview()
+{
+    if (isDragging())
+        d->history.endGesture();
+}
 
 void LivePreview::setFile(FileSettings* file, const MediaInfo* media)
 {

@@ -30,7 +30,7 @@ class ZOKIT_EXPORT LivePreview : public QObject {
 public:
     /// Without a file and of no size. Both outlive it; \a tools says which ffmpeg makes the frames.
     LivePreview(History& history, const Tools& tools, QObject* parent = nullptr);
-    /// What runs is ended. Not while something is dragged: the gesture of the history would stay open.
+    /// What runs is ended, and so is a drag.
     ~LivePreview() override;
 
     /// Shows \a file, which is one of the history's project and may be deleted, and of which \a media, which is copied,

@@ -84,6 +84,7 @@ private slots:
     void watermarkThatIsChosenIsSized();
     void cancelTakesTheDragBack();
     void anotherFileEndsTheDrag();
+    void endOfTheViewEndsTheDrag();
     void fileThatIsDeletedCanBeLetGo();
     void refusalIsTold();
     void pointerSaysWhatWouldBeTaken_data();
@@ -211,6 +212,20 @@ void TestKitLivePreview::anotherFileEndsTheDrag()
     QVERIFY(stage.preview.scene().frame.isEmpty());
     stage.file->setValue(stage.crop(), key("crop_left"), 4); // Is not shown any more.
     QVERIFY(stage.preview.scene().frame.isEmpty());
+}
+
+void TestKitLivePreview::endOfTheViewEndsTheDrag()
+{
+    Stage stage;
+    {
+        LivePreview preview(stage.project.history(), stage.tools);
+        preview.resize(QSize(664, 384), 1);
+        preview.setFile(stage.file, nullptr);
+        preview.press(QPointF(12, 192));
+        preview.move(QPointF(60, 192), withoutSnapping);
+    }
+    QCOMPARE(stage.newSteps(), 1);
+    QVERIFY(stage.project.history().canUndo()); // No gesture is open.
 }
 
 void TestKitLivePreview::fileThatIsDeletedCanBeLetGo()
