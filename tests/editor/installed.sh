@@ -40,4 +40,11 @@ speaks German de_DE.UTF-8 'size: 1024x640
 menus: Datei, Bearbeiten, Ansicht, Zeit, Hilfe
 things: Zuschnitt, Wasserzeichen, Untertitel, Tonspuren, Farbe, Bildeffekte, Ein-/Ausblenden, Normalisieren, Bandpass, Chorus, Flanger, Echo, Tempo, Wahl der Spuren, Ausgabe
 dialogs: Tastenkürzel, Auf andere Dateien anwenden, Vorlagen und Vorgaben, Spuren, Umwandeln'
+
+same 'installed: its version' "zoeditor $(sed -n 's/^Version: //p' "$build/zoeffect.pc")" \
+    "$("$prefix/bin/zoeditor" --version 2> /dev/null)" || true
+check 'installed: its help' grep -q 'Films, folders of films' <("$prefix/bin/zoeditor" --help 2> /dev/null)
+status=0
+"$prefix/bin/zoeditor" --speed 2> "$work/errors" || status=$?
+same 'installed: an option that is none' 2 "$status" || true
 finish

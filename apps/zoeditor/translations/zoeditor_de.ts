@@ -221,6 +221,18 @@
 <context>
     <name>zoeditor::Editor</name>
     <message>
+        <source>Edits how films will be converted, and converts them.</source>
+        <translation>Bearbeitet, wie Filme umgewandelt werden, und wandelt sie um.</translation>
+    </message>
+    <message>
+        <source>Films, folders of films and settings files.</source>
+        <translation>Filme, Ordner mit Filmen und Einstellungsdateien.</translation>
+    </message>
+    <message>
+        <source>[files...]</source>
+        <translation>[Dateien...]</translation>
+    </message>
+    <message>
         <source>Recover</source>
         <translation>Wiederherstellen</translation>
     </message>
