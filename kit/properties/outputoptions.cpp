@@ -71,7 +71,7 @@ QVector<OptionRow> optionRows()
     {"output-folder", "",  "FOLDER",  K::Text,    C::FileChooser, U::None, "file", none, none, {}, CommandOnly, T("Output folder"), T("Where the results go; without it each lies beside its input.")},
     {"name",          "",  "PATTERN", K::Text,    C::LineEdit,    U::None, "file", none, none, {}, kept, T("Name"), T("Of each result: {name} of the input, {number} from 1, {ending} of the container. {name}-converted.{ending} when not given.")},
     {"existing",      "",  "WHAT",    K::Text,    C::ComboBox,    U::None, "file", none, none, words("refuse|skip|replace"), CommandOnly, T("Existing files"), T("What happens when the result is there already: nothing is begun, the input is left out, or the file is replaced.")},
-    {"overwrite",     "",  "",        K::Bool,    C::CheckBox,    U::None, "file", none, none, {}, CommandOnly, T("Overwrite"), T("Short for --existing replace.")},
+    {"overwrite",     "",  "",        K::Bool,    C::CheckBox,    U::None, "file", none, none, {}, CommandOnly, T("Overwrite"), T("What is there already is replaced.")},
     {"container",     "",  "NAME",    K::Text,    C::ComboBox,    U::None, "file", none, none, words("mp4|mkv|webm|mov"), kept | ChangesOutput, T("Container"), T("Form of the file; the input's if it is one of these, else mkv.")},
     {"keep-date",     "",  "",        K::Bool,    C::CheckBox,    U::None, "file", none, none, {}, kept, T("Keep the date"), T("The result gets the date of its input.")},
     {"video-codec",   "",  "NAME",    K::Text,    C::ComboBox,    U::None, "picture", none, none, words("h264|hevc|vp9|av1|ffv1|copy"), kept | ChangesOutput, T("Video codec"), T("How the picture is encoded; copy leaves it as it is.")},

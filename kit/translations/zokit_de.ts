@@ -40,8 +40,8 @@
         <translation>Überschreiben</translation>
     </message>
     <message>
-        <source>Short for --existing replace.</source>
-        <translation>Kurz für --existing replace.</translation>
+        <source>What is there already is replaced.</source>
+        <translation>Was schon da ist, wird ersetzt.</translation>
     </message>
     <message>
         <source>Container</source>

@@ -101,7 +101,8 @@ public:
     QVariant catalogueDefault(Identity thing, const QString& key) const;
     /// What the user's saved default of the type gives one; invalid when none is saved.
     QVariant savedDefault(Identity thing, const QString& key) const;
-    /// The sentence with which setValue() would refuse \a candidate; empty: it would take it.
+    /// The sentence with which setValue() would refuse \a candidate; empty: it would take it, as soon as it is not
+    /// Busy.
     Message check(Identity thing, const QString& key, const QVariant& candidate) const;
     /// Sets a value, read as readValue() does. A type, or an item with its type, that was not selected becomes
     /// selected, unless "selected" itself is set; a watermark whose left or top is set is not held by its anchor any

@@ -42,14 +42,14 @@ public:
     /// The file that \a thing belongs to; null when there is none.
     FileSettings* fileOf(Identity thing) const;
     /// Adds a new file for a clip: the saved defaults act. The project owns it.
-    /// Null while the history undoes or redoes.
+    /// Null while edits are refused as Busy: while the history undoes or redoes, and while files come or go.
     FileSettings* add(const Media& media, QObject* asker = nullptr);
-    /// Adds a file with exactly these settings. The project owns it. Null while the history undoes or redoes.
+    /// Adds a file with exactly these settings. The project owns it. Null as above.
     FileSettings* add(const Settings& settings, QObject* asker = nullptr);
     /// The same for a file that had to be read first: its step stands where History::expectFiles() was called last.
     FileSettings* addExpected(const Settings& settings, QObject* asker = nullptr);
-    /// Removes \a file, which is deleted when the event loop is back. Of another project, or while the history
-    /// undoes or redoes: nothing.
+    /// Removes \a file, which is deleted when the event loop is back. Of another project, or while edits are
+    /// refused: nothing.
     void remove(FileSettings* file, QObject* asker = nullptr);
     /// @}
 
