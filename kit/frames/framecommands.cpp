@@ -52,21 +52,22 @@ bool isMapped(const FrameQuestion& question)
            && question.settings.output.value(word("hdr")).toString() == QLatin1String("map");
 }
 
-/// RGB for the screen. All of it is said, since a frame may have lost its tags.
-QString screenFilter(const FrameQuestion& question)
+const QString exactly = QStringLiteral("flags=accurate_rnd+full_chroma_int+full_chroma_inp");
+
+/// RGB for the screen, by the scaler with \a options. All of it is said, since a frame may have lost its tags.
+QString screenFilter(const FrameQuestion& question, const QString& options = exactly)
 {
     const MediaStream& picture = *question.media.picture();
     const bool isSource = question.kind == FrameKind::Before;
     const QString format = isSource || question.pixelFormat.isEmpty() ? picture.pixelFormat : question.pixelFormat;
     if (isRgb(format))
-        return word("format=rgb0");
+        return (options == exactly ? QString() : QStringLiteral("scale=%1,").arg(options)) + word("format=rgb0");
     const bool isConverted = isRgb(picture.pixelFormat) && !isSource;
     const bool mapped = isMapped(question) && !isSource;
     const QString range = isConverted || mapped ? word("tv") : picture.range;
     const QString matrix = mapped ? word("bt709") : picture.matrix;
-    return QStringLiteral("scale=in_color_matrix=%1:in_range=%2:out_range=pc:flags=accurate_rnd+full_chroma_int+"
-                          "full_chroma_inp,format=rgb0")
-        .arg(matrix, range);
+    return QStringLiteral("scale=%1:in_color_matrix=%2:in_range=%3:out_range=pc,format=rgb0")
+        .arg(options, matrix, range);
 }
 
 const QString output = QStringLiteral("[picture]");
@@ -250,11 +251,9 @@ Command runningCommand(const Tools& tools, const FrameQuestion& question, double
     parts.from = from;
     QString graph = questionGraph(question, parts).text;
     graph.chop(output.size());
-    graph += QStringLiteral(",fps=%1:start_time=0:round=up,scale=%2:%3:flags=fast_bilinear,%4%5")
-                 .arg(rate)
-                 .arg(size.width())
-                 .arg(size.height())
-                 .arg(screenFilter(question), output);
+    const QString quickly = QStringLiteral("%1:%2:flags=fast_bilinear").arg(size.width()).arg(size.height());
+    graph +=
+        QStringLiteral(",fps=%1:start_time=0:round=up,%2%3").arg(rate).arg(screenFilter(question, quickly), output);
     Command command = commandOf(tools, soughtInput({from, from, 0}, question.media), graph,
                                 {word("-f"), word("rawvideo"), word("pipe:1")});
     command.seconds = 0; // As long as somebody looks.

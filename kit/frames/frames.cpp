@@ -59,7 +59,8 @@ QImage ClipFrame::image() const
     if (size.isEmpty() || bytes.size() != qint64(size.width()) * size.height() * pixel)
         return QImage();
     const auto* first = reinterpret_cast<const uchar*>(bytes.constData());
-    return QImage(first, size.width(), size.height(), size.width() * pixel, QImage::Format_RGBX8888).copy();
+    return QImage(first, size.width(), size.height(), size.width() * pixel, QImage::Format_RGBX8888)
+        .convertToFormat(QImage::Format_RGB32);
 }
 
 class Frames::Private : public QObject {

@@ -171,7 +171,8 @@ void Scrubber::Private::read(const QByteArray& piece)
     int taken = 0;
     for (; m_bytes.size() - taken >= whole; taken += whole) {
         const auto* pixels = reinterpret_cast<const uchar*>(m_bytes.constData() + taken);
-        m_pictures.push_back(QImage(pixels, m_size.width(), m_size.height(), bytesALine, QImage::Format_RGB32).copy());
+        m_pictures.push_back(QImage(pixels, m_size.width(), m_size.height(), bytesALine, QImage::Format_RGBX8888)
+                                 .convertToFormat(QImage::Format_RGB32));
     }
     m_bytes.remove(0, taken);
     if (taken > 0)

@@ -19,7 +19,7 @@ namespace zokit {
 namespace {
 
 // Milliseconds without a change: then nothing moves any more.
-constexpr int valueRest = 50;
+constexpr int valueRest = 40;
 constexpr int momentRest = 100; // A clip that plays on a busy machine does not rest between two pictures.
 constexpr QSize largestOnTheWay(960, 540);
 
@@ -171,8 +171,7 @@ void ShownFrames::Private::take(const FrameAnswer& answer)
     if (askedKind != FrameKind::Before && asked.seconds == seconds)
         onTheWay = QImage();
     // Also after an error: the same question would end the same way.
-    shot(askedKind) = {answer.frame.image().convertToFormat(QImage::Format_RGB32), asked.settings, asked.seconds,
-                       answer.error};
+    shot(askedKind) = {answer.frame.image(), asked.settings, asked.seconds, answer.error};
     askNext();
     emit q->changed();
 }

@@ -81,6 +81,8 @@ private Q_SLOTS:
     void theWayThereIsSeen();
     void picturesFit_data();
     void picturesFit();
+    void coloursAreThoseOfTheClip_data();
+    void coloursAreThoseOfTheClip();
     void effectsAreSeenAndNoCrop();
     void nothingComesOfNothing();
     void listenerMayClose();
@@ -155,6 +157,30 @@ void TestKitScrubber::picturesFit()
     watched.scrubber.want(0.2);
     QVERIFY(QTest::qWaitFor([&] { return !watched.last.isNull(); }, patience));
     QTEST(watched.last.size(), "size");
+}
+
+void TestKitScrubber::coloursAreThoseOfTheClip_data()
+{
+    QTest::addColumn<QString>("clip");
+    QTest::addColumn<bool>("isSource");
+    for (const char* clip : {"red709.mkv", "red601.mkv", "red-full.mkv", "red-deep.mkv"}) {
+        QTest::addRow("%s, before", clip) << key(clip) << true;
+        QTest::addRow("%s, whole", clip) << key(clip) << false;
+    }
+}
+
+void TestKitScrubber::coloursAreThoseOfTheClip()
+{
+    QFETCH(const QString, clip);
+    QFETCH(const bool, isSource);
+    Watched watched;
+    FrameQuestion question = questionOf(clip);
+    question.kind = isSource ? FrameKind::Before : FrameKind::Whole;
+    watched.scrubber.open(question, QSize(32, 24));
+    watched.scrubber.want(0);
+    QVERIFY(QTest::qWaitFor([&] { return !watched.last.isNull(); }, patience));
+    const QColor colour = watched.last.pixelColor(10, 10);
+    QVERIFY2(colour.red() >= 252 && colour.green() <= 3 && colour.blue() <= 3, qPrintable(colour.name()));
 }
 
 void TestKitScrubber::effectsAreSeenAndNoCrop()
