@@ -21,8 +21,9 @@ namespace {
 constexpr int picturesPerSecond = 25;
 // Pictures kept on both sides of the wish: going back takes a new decoder, which begins at a key frame far before, only
 // now and then.
-constexpr qint64 behind = 40;
+constexpr qint64 behind = 75;
 constexpr qint64 ahead = 15;
+constexpr qint64 reach = 75; // So far ahead of its last picture a decoder is sooner than a new one.
 
 /// The picture that is shown at \a seconds; a time that was typed or added up may lack a little.
 qint64 numberAt(double seconds)
@@ -139,7 +140,7 @@ void Scrubber::Private::startWhereNeeded()
     }
     if (m_wanted < m_first)
         startAt(std::max(m_wanted - behind, qint64(0)));
-    else if (m_wanted >= end() + ahead && !m_hasEnded)
+    else if (m_wanted >= end() + reach && !m_hasEnded)
         startAt(m_wanted);
 }
 

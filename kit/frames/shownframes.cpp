@@ -20,8 +20,8 @@ namespace {
 
 // Milliseconds without a change: then nothing moves any more.
 constexpr int valueRest = 40;
-constexpr int momentRest = 100; // A clip that plays on a busy machine does not rest between two pictures.
-constexpr QSize largestOnTheWay(960, 540);
+constexpr int momentRest = 100;            // A clip that plays on a busy machine does not rest between two pictures.
+constexpr QSize largestOnTheWay(640, 360); // Ninety of them are kept.
 
 /// The settings that a frame without crop and watermarks depends on.
 Settings ofWhole(Settings settings)
