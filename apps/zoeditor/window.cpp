@@ -77,8 +77,9 @@ Window::Window(Session* session, QWidget* parent)
 
 Window::~Window()
 {
-    m_session->endAnyGesture();
     appearance::saveSizes(*this);
+    hide(); // The field that is being edited gives its value now, while all that hears of it is there.
+    m_session->endAnyGesture();
 }
 
 void Window::makePanes()
@@ -265,15 +266,11 @@ void Window::closeEvent(QCloseEvent* event)
         question.exec();
         const bool isDone =
             question.clickedButton() == leaving || (question.clickedButton() == saving && save(unsaved));
-        if (!isDone) {
-            event->ignore();
-            return;
-        }
+        if (!isDone)
+            return event->ignore();
     }
-    if (!m_flows->mayClose()) { // The last question: what runs ends when it is answered so, and goes on until then.
-        event->ignore();
-        return;
-    }
+    if (!m_flows->mayClose()) // The last question: what runs ends when it is answered so, and goes on until then.
+        return event->ignore();
     m_session->close();
     event->accept();
     emit closed();

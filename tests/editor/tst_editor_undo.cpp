@@ -31,6 +31,7 @@ private slots:
     void gestureThatIsOpenIsUndoneAsAStep_data();
     void gestureThatIsOpenIsUndoneAsAStep();
     void gestureThatIsOpenIsAStepToJumpFrom();
+    void whatIsTypedIsAStepWhenTheWindowGoes();
     void stepIsSaidInTheLanguageOfTheMoment_data();
     void stepIsSaidInTheLanguageOfTheMoment();
 };
@@ -245,6 +246,27 @@ void TestEditorUndo::gestureThatIsOpenIsAStepToJumpFrom()
     QVERIFY(stage.trigger("redo"));
     QVERIFY(stage.trigger("redo"));
     QCOMPARE(value(stage, 0, "bcs_contrast"), QVariant(5));
+}
+
+/// A field gives its value when it loses the focus, and the window has to be whole then.
+void TestEditorUndo::whatIsTypedIsAStepWhenTheWindowGoes()
+{
+    const Full stage;
+    auto second = std::make_unique<zoeditor::Window>(&stage.session());
+    second->show();
+    second->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(second.get()));
+    stage.session().setThing(stage.file(0)->type(key("Color")));
+    settle();
+    auto* field = second->findChild<QSpinBox*>(key("Color:bcs_contrast"));
+    field->setFocus();
+    field->selectAll();
+    QTest::keyClicks(field, key("7"));
+    QCOMPARE(value(stage, 0, "bcs_contrast"), QVariant(0));
+    second.reset();
+    QCOMPARE(value(stage, 0, "bcs_contrast"), QVariant(7));
+    QVERIFY(stage.trigger("undo"));
+    QCOMPARE(value(stage, 0, "bcs_contrast"), QVariant(0));
 }
 
 void TestEditorUndo::stepIsSaidInTheLanguageOfTheMoment_data()
