@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include <QDataStream>
+#include <QIODevice>
 #include <QTimer>
 
 #include <zokit/child.h>
