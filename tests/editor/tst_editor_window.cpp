@@ -273,7 +273,7 @@ void TestEditorWindow::sizesOfDialogsAreRemembered()
     {
         const Full stage;
         stage.visitDialogs([&](QWidget& dialog) {
-            dialog.resize(dialog.size() + QSize(20 + 10 * left.size(), 30));
+            dialog.resize(dialog.size() + QSize(20 + 10 * int(left.size()), 30));
             settle();
             if (auto* splitter = splitterOf(dialog))
                 splitter->setSizes({splitter->sizes().at(0) + 15, splitter->sizes().at(1) - 15});
