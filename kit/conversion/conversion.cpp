@@ -54,6 +54,15 @@ FailureKind kindOf(const ChildResult& result)
     return FailureKind::Lasting;
 }
 
+/// ffmpeg 5.1 ends well when it could not write the last bytes, and only says so.
+bool isWritten(const ChildResult& result)
+{
+    const QList<QByteArray> lines = result.words.split('\n');
+    return std::none_of(lines.cbegin(), lines.cend(), [](const QByteArray& line) {
+        return line.startsWith("Error writing trailer of ") || line.startsWith("Error closing file ");
+    });
+}
+
 /// Of a file of which nothing was found out.
 FailureKind kindOf(const Message& error, FailureKind ofFile)
 {
@@ -371,7 +380,7 @@ void Conversion::Private::startChild(bool collected)
 
 void Conversion::Private::took(const Step& step, const ChildResult& result)
 {
-    if (!result.isGood() && step.what != Step::KeyFrame)
+    if (!(result.isGood() && isWritten(result)) && step.what != Step::KeyFrame)
         return fail(reasonOf(result, step.command), kindOf(result));
     if (step.what == Step::Extract) {
         const QVector<Item>& tracks = m_job.settings.find(QStringLiteral("Subtitle"))->items;
@@ -459,7 +468,7 @@ void Conversion::Private::ended(const ChildResult& result)
 
 void Conversion::Private::converted(const ChildResult& result)
 {
-    if (!result.isGood())
+    if (!result.isGood() || !isWritten(result))
         return fail(reasonOf(result, m_command), kindOf(result));
     if (!damageIn(result.words, m_media, clipPart(m_job.settings, m_media).from > 0).isEmpty()) {
         m_hasDamage = true;

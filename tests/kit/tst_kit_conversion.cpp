@@ -639,6 +639,14 @@ void TestKitConversion::failureTellsItsReason_data()
                            {QStringLiteral("file"), clips::clip(QStringLiteral("text.srt"))}};
     row("a full disk", "echo 'av_interleaved_write_frame(): No space left on device' >&2; exit 1", {},
         FailureKind::Temporary, "ffmpeg failed: av_interleaved_write_frame(): No space left on device");
+    row("a disk that is full at the very end", // ffmpeg 5.1 ends well then.
+        "for last; do :; done; cp \"CLIP\" \"${last#file:}\"; "
+        "echo 'Error writing trailer of file:x: No space left on device' >&2; exit 0",
+        {}, FailureKind::Temporary, "ffmpeg failed: Error writing trailer of file:x: No space left on device");
+    row("a file that cannot be closed",
+        "for last; do :; done; cp \"CLIP\" \"${last#file:}\"; "
+        "echo 'Error closing file file:x: Input/output error' >&2; exit 0",
+        {}, FailureKind::Lasting, "ffmpeg failed: Error closing file file:x: Input/output error");
     row("an encoder that this ffmpeg lacks", "echo \"Unknown encoder 'libx264'\" >&2; exit 1", {}, FailureKind::Setup,
         "ffmpeg failed: Unknown encoder 'libx264'");
     row("what it says of the file", "echo 'Invalid data found' >&2; exit 1", {}, FailureKind::Lasting,
@@ -673,6 +681,7 @@ void TestKitConversion::failureTellsItsReason()
         QFile program(tools.ffmpeg);
         QVERIFY(program.open(QIODevice::WriteOnly));
         script.replace(QLatin1String("SILENT"), clips::clip(QStringLiteral("silent.mkv")));
+        script.replace(QLatin1String("CLIP"), clips::clip(QStringLiteral("plain.mp4")));
         program.write("#!/bin/sh\n" + script.toUtf8() + '\n');
         QVERIFY(program.setPermissions(QFile::ReadOwner | QFile::ExeOwner));
     }
