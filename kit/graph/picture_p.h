@@ -59,6 +59,8 @@ bool leavesFrame(const Settings& settings, const QSize& frame);
 /// Whether a part of a crop is set, and nothing is cut off, since its width or height is not.
 bool cropsNothing(const Settings& settings);
 bool isTurned(const Settings& settings);
+/// Turns by \a angle degrees clockwise, where they are one, two or three quarters.
+void addTurn(Chain& chain, int angle);
 void addTurning(Chain& chain, Picture& picture, const Settings& settings);
 bool changesColour(const Settings& settings);
 void addColour(Chain& chain, const Picture& picture, const Settings& settings);

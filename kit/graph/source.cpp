@@ -59,9 +59,13 @@ QString spaceOf(const QString& matrix)
 void addSource(Chain& chain, Picture& picture, const MediaStream& stream, const MediaInfo& media,
                const GraphParts& parts)
 {
-    // ffmpeg turns the picture upright by itself, before the first filter.
-    if (stream.isInterlaced)
+    // ffmpeg turns the picture upright by itself, before the first filter. Fields are lines only as they are stored.
+    if (stream.isInterlaced) {
+        constexpr int whole = 360;
+        addTurn(chain, whole - stream.rotation);
         chain.add(QStringLiteral("bwdif=mode=send_frame:deint=interlaced")); // One frame of each, so the timing stays.
+        addTurn(chain, stream.rotation);
+    }
     addWindow(chain, stream, media, parts); // Behind what looks at the frames before and after.
     if (!hasSquarePixels(stream) || stream.shown != picture.frame || media.mayChangeSize()) {
         // In a stream that changes its size in the middle this keeps the frame that geometry is measured in.

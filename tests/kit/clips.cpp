@@ -70,6 +70,9 @@ constexpr Recipe recipes[] = {
     {"variable.mp4",     "-f lavfi -i testsrc2=s=160x120:r=30:d=1 -vf select=lt(n\\,10)+not(mod(n\\,2)) -fps_mode vfr " X264},
     {"top-first.mkv",    PICTURE "-vf setfield=tff -c:v mpeg2video -flags +ildct+ilme -top 1"},
     {"bottom-first.mkv", PICTURE "-vf setfield=bff -c:v mpeg2video -flags +ildct+ilme -top 0"},
+    {"fields90.mp4",     "-i {top-first.mkv} -c copy -metadata:s:v:0 rotate=90"},
+    {"fields180.mp4",    "-i {top-first.mkv} -c copy -metadata:s:v:0 rotate=180"},
+    {"fields270.mp4",    "-i {top-first.mkv} -c copy -metadata:s:v:0 rotate=270"},
     // Colours
     {"bt709.mkv",        PICTURE X264 "-colorspace bt709 -color_primaries bt709 -color_trc bt709 -color_range tv"},
     {"bt601.mkv",        PICTURE X264 "-colorspace smpte170m -color_primaries smpte170m -color_trc smpte170m -color_range pc"},

@@ -430,7 +430,7 @@ public:
                                 key("top-first.mkv"), key("ten-bit.mkv"),    key("plain.avi"),    key("full-range.mkv"),
                                 key("rotate90.mp4"),  key("anamorphic.mp4"), key("graphic.mkv"),  key("bt601.mkv"),
                                 key("plain.webm"),    key("languages.mkv"),  key("hlg.mkv"),      key("plain.mpg"),
-                                key("gap.mkv"),       key("chapters.mkv")};
+                                key("gap.mkv"),       key("chapters.mkv"),   key("fields90.mp4")};
         name = clips.at(m_random.bounded(clips.size()));
         media = probed(name);
         settings = graphsupport::plain(media.picture()->shown);

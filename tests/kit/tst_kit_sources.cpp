@@ -79,6 +79,8 @@ private slots:
     void pictureComesOutUpright_data();
     void pictureComesOutUpright();
     void interlacedFramesStayAsMany();
+    void turnedFieldsAreFields_data();
+    void turnedFieldsAreFields();
     void fullRangeIsKept();
     void greysKeepTheirRange();
     void pictureSubtitleIsLaidOver();
@@ -146,6 +148,33 @@ void TestKitSources::interlacedFramesStayAsMany()
     const double from = (5 - graph.framesBefore - 0.5) / 25;
     const QVector<Frame> later = frames(media, graph, {QStringLiteral("-ss"), QString::number(from)});
     QVERIFY(later.value(graph.framesBefore).bytes == all.at(5).bytes);
+}
+
+void TestKitSources::turnedFieldsAreFields_data()
+{
+    QTest::addColumn<QString>("turn"); // That makes it upright.
+
+    QTest::newRow("fields90.mp4") << key("transpose=cclock");
+    QTest::newRow("fields180.mp4") << key("hflip,vflip");
+    QTest::newRow("fields270.mp4") << key("transpose=clock");
+}
+
+/// ffmpeg turns a clip before the first filter, and fields are lines only as they are stored.
+void TestKitSources::turnedFieldsAreFields()
+{
+    QFETCH(const QString, turn);
+    const MediaInfo lying = probed("top-first.mkv");
+    const MediaInfo media = probed(QTest::currentDataTag());
+    QVERIFY(lying.picture() && media.picture() && media.picture()->isInterlaced);
+    zokit::PictureGraph expected = zokit::pictureGraph(plain(QSize(160, 120)), lying, eightBits());
+    expected.text.replace(key("[picture]"), QLatin1Char(',') + turn + key("[picture]"));
+    expected.size = media.picture()->shown;
+    const QVector<Frame> all = frames(media, zokit::pictureGraph(plain(media.picture()->shown), media, eightBits()));
+    const QVector<Frame> lines = frames(lying, expected);
+    QCOMPARE(all.size(), 10);
+    QCOMPARE(lines.size(), 10);
+    for (int number = 0; number < all.size(); ++number)
+        QVERIFY2(all.at(number).bytes == lines.at(number).bytes, QByteArray::number(number));
 }
 
 void TestKitSources::fullRangeIsKept()
