@@ -137,8 +137,7 @@ private:
         if (copies && (touched || named))
             refuse(Message(Code::CopyTouched, {QStringLiteral("video-codec")}));
         const bool isTurnedAway =
-            stream->rotation != 0
-            && (m_plan.container == QLatin1String("mkv") || m_plan.container == QLatin1String("webm"));
+            stream->isTurned && (m_plan.container == QLatin1String("mkv") || m_plan.container == QLatin1String("webm"));
         if (touched || named || (m_part.isTrimmed && !copies)) {
             plan.fate = TrackFate::Encoded;
         } else if (!copies && !isHeld(plan)) {

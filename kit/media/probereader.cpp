@@ -86,20 +86,24 @@ TrackKind kindOf(const QString& type)
 }
 
 /// ffprobe counts counter-clockwise, from -180 to 180. What is no quarter turn leaves the frame as it is.
-int rotationOf(const QJsonObject& stream)
+void readTurn(const QJsonObject& told, MediaStream& stream)
 {
     constexpr int whole = 360;
     constexpr int quarter = 90;
-    for (const QJsonValue& data : stream.value(QLatin1String("side_data_list")).toArray()) {
-        if (!data.toObject().contains(QLatin1String("rotation")))
+    constexpr int downOfY = 6; // "00000000: 65536 0 0 00000001: 0 -65536 0 ..."
+    for (const QJsonValue& data : told.value(QLatin1String("side_data_list")).toArray()) {
+        const QJsonObject turn = data.toObject();
+        if (!turn.contains(QLatin1String("rotation")))
             continue;
-        const double told = number(data.toObject(), "rotation");
-        if (std::abs(told) > whole)
-            return 0;
-        const int clockwise = (whole - static_cast<int>(std::lround(told))) % whole;
-        return clockwise % quarter == 0 ? clockwise : 0;
+        const double degrees = number(turn, "rotation");
+        if (std::abs(degrees) > whole)
+            return;
+        const int clockwise = (whole - static_cast<int>(std::lround(degrees))) % whole;
+        const QStringList matrix = text(turn, "displaymatrix").simplified().split(QLatin1Char(' '));
+        stream.isTurned = clockwise != 0 || matrix.value(downOfY).toInt() < 0;
+        stream.rotation = clockwise % quarter == 0 ? clockwise : 0;
+        return;
     }
-    return 0;
 }
 
 /// "DURATION": "00:01:02.500000000", which Matroska keeps of each track: not how long it lasts, but where it ends.
@@ -152,7 +156,7 @@ void readPicture(const QJsonObject& told, MediaStream& stream)
     if (!coded.isEmpty() && qint64(coded.width()) * coded.height() <= mostPixels)
         stream.coded = coded;
     stream.sampleAspect = rational(text(told, "sample_aspect_ratio"), Rational{1, 1});
-    stream.rotation = rotationOf(told);
+    readTurn(told, stream);
     if (!stream.coded.isEmpty())
         stream.shown = shownSize(stream);
     stream.pixelFormat = text(told, "pix_fmt");

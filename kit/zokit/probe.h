@@ -43,6 +43,7 @@ struct ZOKIT_EXPORT MediaStream {
     QSize coded;                 ///< As it is stored. Empty only where the picture cannot be decoded.
     Rational sampleAspect{1, 1}; ///< Width of a stored pixel to its height.
     int rotation = 0;            ///< Degrees clockwise, 0, 90, 180 or 270, by which it is turned to be upright.
+    bool isTurned = false;       ///< It is turned, by whatever angle, or mirrored to be upright.
     QSize shown;                 ///< Upright and with square pixels: the frame in which all geometry is measured.
     QString pixelFormat;         ///< "yuv420p".
     QString matrix;     ///< "bt709", "bt601", "bt2020", ...: as told, else by the size. As filter scale takes it.

@@ -77,7 +77,7 @@ QString described(const MediaStream& picture)
     words << QStringLiteral("%1x%2").arg(picture.coded.width()).arg(picture.coded.height());
     if (picture.shown != picture.coded)
         words << QStringLiteral("shown %1x%2").arg(picture.shown.width()).arg(picture.shown.height());
-    if (picture.rotation != 0)
+    if (picture.isTurned)
         words << QStringLiteral("turned %1").arg(picture.rotation);
     words << picture.pixelFormat << picture.matrix << picture.range << fraction(picture.frameRate);
     if (picture.hasVariableRate)
@@ -439,7 +439,16 @@ void TestKitProbe::answerIsRead_data()
         key("mkv 0.00 s: 0 h264 100x50 shown 50x100 turned 90  bt601 tv 0/1"));
     row("turned by 180 backwards", video(R"("side_data_list": [{"rotation": -180}])"),
         key("mkv 0.00 s: 0 h264 100x50 turned 180  bt601 tv 0/1"));
-    row("turned by no quarter", video(R"("side_data_list": [{"rotation": 45}])"), plain);
+    const QString turnedByNone = key("mkv 0.00 s: 0 h264 100x50 turned 0  bt601 tv 0/1");
+    row("turned by no quarter", video(R"("side_data_list": [{"rotation": 45}])"), turnedByNone);
+    row("upside down in a mirror",
+        video(R"("side_data_list": [{"displaymatrix": "\n00000000:  65536  0  0\n00000001:  0  -65536  0\n", )"
+              R"("rotation": 0}])"),
+        turnedByNone);
+    row("upright",
+        video(R"("side_data_list": [{"displaymatrix": "\n00000000:  65536  0  0\n00000001:  0  65536  0\n", )"
+              R"("rotation": 0}])"),
+        plain);
     row("turned for ever", video(R"("side_data_list": [{"rotation": 1e300}])"), plain);
     row("wide pixels", video(R"("sample_aspect_ratio": "64:45")"),
         key("mkv 0.00 s: 0 h264 100x50 shown 142x50  bt601 tv 0/1"));

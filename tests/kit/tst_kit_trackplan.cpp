@@ -200,7 +200,7 @@ const Fates allFates[] = {
      "error: webm cannot hold aac. Choose another container, for example mkv, or another codec."},
     {"a turned picture that is to be copied", "mkv",
      [](Given& g) {
-         g.stream(0).rotation = 90;
+         g.stream(0).isTurned = true;
          g.option("video-codec", key("copy"));
      },
      "warning: mkv cannot say that the picture is turned; players will show it lying. Leave out video-codec copy, or "
