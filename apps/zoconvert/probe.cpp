@@ -47,6 +47,7 @@ QJsonObject jsonOf(const zokit::MediaStream& stream)
         json.insert(QStringLiteral("fps"), stream.averageRate.value());
         json.insert(QStringLiteral("pixel_format"), stream.pixelFormat);
         json.insert(QStringLiteral("rotation"), stream.rotation);
+        json.insert(QStringLiteral("interlaced"), stream.isInterlaced);
         json.insert(QStringLiteral("hdr"), stream.isHdr);
     } else if (stream.track.kind == zokit::TrackKind::Audio) {
         json.insert(QStringLiteral("sample_rate"), stream.sampleRate);
@@ -78,8 +79,8 @@ QString textOf(const zokit::MediaStream& stream)
     if (!stream.track.title.isEmpty())
         words.append(QLatin1Char('"') + stream.track.title + QLatin1Char('"'));
     for (const auto& [isSo, word] :
-         {std::make_pair(stream.isCover, "cover"), std::make_pair(stream.track.isDefault, "default"),
-          std::make_pair(stream.track.forced, "forced")}) {
+         {std::make_pair(stream.isInterlaced, "interlaced"), std::make_pair(stream.isCover, "cover"),
+          std::make_pair(stream.track.isDefault, "default"), std::make_pair(stream.track.forced, "forced")}) {
         if (isSo)
             words.append(QString::fromLatin1(word));
     }

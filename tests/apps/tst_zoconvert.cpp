@@ -577,6 +577,10 @@ void TestZoconvert::clipsAreProbed()
     QCOMPARE(picture.value(QStringLiteral("kind")).toString(), QStringLiteral("video"));
     QCOMPARE(picture.value(QStringLiteral("width")).toInt(), 160);
     QCOMPARE(picture.value(QStringLiteral("height")).toInt(), 120);
+
+    QVERIFY(QFile::link(clips::clip(QStringLiteral("fields90.mp4")), program.path("turned.mp4")));
+    program.run({"probe", "turned.mp4"});
+    QCOMPARE(program.out, QStringLiteral("turned.mp4: mp4, 0.4 s\n  0 video mpeg2video 120x160 interlaced default\n"));
 }
 
 void TestZoconvert::settingsOfAClipKnowItsTracks()
