@@ -230,6 +230,7 @@ private:
             parts.shownTo = m_part.from + m_part.seconds;
         parts.subtitleScript = m_helpers.subtitleScript;
         parts.subtitleInColour = m_helpers.subtitleInColour;
+        parts.subtitleFonts = m_helpers.subtitleFonts;
         if (!m_helpers.watermark.isEmpty())
             parts.watermarkInput = addInput({}, m_helpers.watermark);
         if (m_plan.subtitle.use == SubtitleUse::BurnBitmap) {
@@ -449,15 +450,23 @@ private:
 
 } // namespace
 
-Command extractCommand(const Tools& tools, const MediaInfo& media, const SubtitlePlan& plan)
+Command extractCommand(const Tools& tools, const MediaInfo& media, const SubtitlePlan& plan, const QString& fonts)
 {
     const bool isFile = plan.stream < 0;
     QStringList arguments = begun("error");
     if (isFile)
-        arguments << letterOptions(plan.file);
-    arguments << guardedInput(isFile ? plan.file : media.file) << QStringLiteral("-map")
-              << (isFile ? QStringLiteral("0:s:0") : QStringLiteral("0:%1").arg(plan.stream)) << QStringLiteral("-c:s")
-              << QStringLiteral("ass") << QStringLiteral("-f") << QStringLiteral("ass") << QStringLiteral("pipe:1");
+        arguments << letterOptions(plan.file) << guardedInput(plan.file);
+    if (!isFile || !fonts.isEmpty()) {
+        for (const MediaStream& stream : media.streams) {
+            if (!fonts.isEmpty() && isFont(stream))
+                arguments << QStringLiteral("-dump_attachment:%1").arg(stream.track.index)
+                          << fileArgument(fonts + QStringLiteral("/font%1").arg(stream.track.index));
+        }
+        arguments << guardedInput(media.file);
+    }
+    arguments << QStringLiteral("-map") << (isFile ? QStringLiteral("0:s:0") : QStringLiteral("0:%1").arg(plan.stream))
+              << QStringLiteral("-c:s") << QStringLiteral("ass") << QStringLiteral("-f") << QStringLiteral("ass")
+              << QStringLiteral("pipe:1");
     return commandOf(tools, arguments);
 }
 

@@ -24,6 +24,7 @@
 #include "damage_p.h"
 #include "keyframe_p.h"
 #include "partfile_p.h"
+#include "subtitleinput_p.h"
 #include "trackplan_p.h"
 
 namespace zokit {
@@ -340,8 +341,10 @@ bool Conversion::Private::makeHelpers()
     const ClipPart part = clipPart(m_job.settings, m_media);
     if (part.isTrimmed && part.from > 0 && m_media.picture() && m_plan.videoCodec.isEmpty())
         m_steps.append({Step::KeyFrame, 0, keyFrameCommand(m_tools, m_media, part.from)});
-    if (extracts)
-        m_steps.append({Step::Extract, 0, extractCommand(m_tools, m_media, m_plan.subtitle)});
+    if (extracts) {
+        m_helpers.subtitleFonts = fontsFolder(m_plan.subtitle, m_media, m_folder);
+        m_steps.append({Step::Extract, 0, extractCommand(m_tools, m_media, m_plan.subtitle, m_helpers.subtitleFonts)});
+    }
     for (int i = 0; i < m_plan.tracks.size(); ++i) {
         const TrackPlan& track = m_plan.tracks.at(i);
         if (track.fate == TrackFate::Attached) {

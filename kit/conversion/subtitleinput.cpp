@@ -5,7 +5,9 @@
 
 #include <algorithm>
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <zokit/probe.h>
 #include <zokit/subtitlescript.h>
@@ -13,6 +15,25 @@
 #include "argumentnumber_p.h"
 
 namespace zokit {
+
+bool isFont(const MediaStream& stream)
+{
+    // Files name them in many ways, of which ffmpeg knows some.
+    const QStringList names{QStringLiteral("ttf"), QStringLiteral("otf"), QStringLiteral("ttc")};
+    return stream.track.kind == TrackKind::Attachment
+           && (names.contains(stream.track.codec) || stream.mimeType.contains(QLatin1String("font"))
+               || names.contains(QFileInfo(stream.fileName).suffix().toLower()));
+}
+
+QString fontsFolder(const SubtitlePlan& plan, const MediaInfo& media, const QString& folder)
+{
+    const bool needsFonts = plan.use == SubtitleUse::BurnText && plan.hasOwnStyles
+                            && std::any_of(media.streams.cbegin(), media.streams.cend(), isFont);
+    if (!needsFonts)
+        return QString();
+    QDir(folder).mkdir(QStringLiteral("fonts")); // Where it cannot be made, what writes into it says so.
+    return folder + QStringLiteral("/fonts");
+}
 
 bool isUtf8File(const QString& path)
 {

@@ -134,6 +134,7 @@ QStringList helperInputs(const FrameQuestion& question, const FrameFiles& files,
     }
     parts.subtitleScript = files.subtitleScript;
     parts.subtitleInColour = files.subtitleInColour;
+    parts.subtitleFonts = files.subtitleFonts;
     const SubtitlePlan plan = subtitlePlan(question.settings, question.media);
     if (plan.use != SubtitleUse::BurnBitmap)
         return inputs;

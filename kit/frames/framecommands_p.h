@@ -34,6 +34,7 @@ struct FrameFiles {
     QString watermark;
     QString subtitleScript;
     bool subtitleInColour = false;
+    QString subtitleFonts;    ///< Folder.
     double subtitleStart = 0; ///< MediaInfo::start of a file with subtitles of pictures.
 };
 

@@ -8,6 +8,7 @@
 
 #include <QBuffer>
 #include <QDateTime>
+#include <QDir>
 #include <QEventLoop>
 #include <QFile>
 #include <QFileInfo>
@@ -20,6 +21,7 @@
 #include "childreason_p.h"
 #include "framecommands_p.h"
 #include "partfile_p.h"
+#include "subtitleinput_p.h"
 
 namespace zokit {
 
@@ -87,6 +89,7 @@ private:
 
     void begin();
     void makeFiles();
+    bool hasFolder();
     bool write(const QString& name, const QByteArray& bytes, QString* path);
     void decode();
     void run(Step step, const Command& command);
@@ -125,6 +128,7 @@ private:
     FrameFiles m_files;
     QString m_subtitleKey;      ///< What the following was made from.
     QByteArray m_subtitle;      ///< As ASS.
+    QString m_fonts;            ///< Folder of those that the clip brings for it; empty: none.
     double m_subtitleStart = 0; ///< Of a file with pictures.
 };
 
@@ -183,8 +187,8 @@ void Frames::Private::begin()
         return fail(plan.error);
     // Somebody may correct the file meanwhile.
     const QFileInfo source(plan.file.isEmpty() ? m_question.media.file : plan.file);
-    const QString key = QStringLiteral("%1\n%2\n%3\n%4")
-                            .arg(source.filePath())
+    const QString key = QStringLiteral("%1\n%2\n%3\n%4\n%5")
+                            .arg(m_question.media.file, source.filePath())
                             .arg(plan.stream)
                             .arg(source.size())
                             .arg(source.lastModified().toMSecsSinceEpoch());
@@ -193,9 +197,13 @@ void Frames::Private::begin()
         return makeFiles();
     m_subtitleKey = key;
     if (isFileOfPictures)
-        m_prober.probe(plan.file);
-    else
-        run(Step::Extract, extractCommand(m_tools, m_question.media, plan));
+        return m_prober.probe(plan.file);
+    if (!hasFolder())
+        return;
+    if (!m_fonts.isEmpty())
+        QDir(m_fonts).removeRecursively(); // Those of another clip.
+    m_fonts = fontsFolder(plan, m_question.media, m_folder.path());
+    run(Step::Extract, extractCommand(m_tools, m_question.media, plan, m_fonts));
 }
 
 void Frames::Private::probed(const ReadMedia& read)
@@ -218,14 +226,19 @@ void Frames::Private::extracted(const ChildResult& result)
     makeFiles();
 }
 
+/// Makes the folder for helper files where there is none; without one the question has failed.
+bool Frames::Private::hasFolder()
+{
+    const Message wrong = m_folder.path().isEmpty() ? m_folder.create() : Message();
+    if (!wrong.isEmpty())
+        fail(wrong);
+    return wrong.isEmpty();
+}
+
 bool Frames::Private::write(const QString& name, const QByteArray& bytes, QString* path)
 {
-    if (m_folder.path().isEmpty()) {
-        if (const Message wrong = m_folder.create(); !wrong.isEmpty()) {
-            fail(wrong);
-            return false;
-        }
-    }
+    if (!hasFolder())
+        return false;
     *path = m_folder.path() + QLatin1Char('/') + name;
     QFile file(*path);
     if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush())
@@ -244,6 +257,7 @@ void Frames::Private::makeFiles()
         const Item& track = m_question.settings.find(QStringLiteral("Subtitle"))->items.at(plan.position);
         const OwnSubtitles own = ownSubtitles(m_subtitle, track.values, parts);
         m_files.subtitleInColour = own.inColour;
+        m_files.subtitleFonts = m_fonts;
         if (!write(QStringLiteral("subtitles.ass"), own.script, &m_files.subtitleScript))
             return;
     }

@@ -58,7 +58,9 @@ void addWatermark(Chain& chain, const Picture& picture, int input)
 void addSubtitleText(Chain& chain, const Picture& picture, const Item& track, const GraphParts& parts)
 {
     const int alpha = subtitleAlpha(track.values);
-    const QString filter = QStringLiteral("subtitles=filename=") + filterEscaped(parts.subtitleScript);
+    QString filter = QStringLiteral("subtitles=filename=") + filterEscaped(parts.subtitleScript);
+    if (!parts.subtitleFonts.isEmpty())
+        filter += QStringLiteral(":fontsdir=") + filterEscaped(parts.subtitleFonts);
     // The filter reads absolute times. Rounded apart from the frame's time, so that there and back is the same.
     const QString shift = filterNumber(parts.from);
     if (parts.from != 0)

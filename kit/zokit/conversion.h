@@ -43,6 +43,7 @@ struct ZOKIT_EXPORT HelperFiles {
     QString watermark;             ///< watermarkPicture() as PNG; empty: none.
     QString subtitleScript;        ///< Own script of the subtitle that is burned in; empty: none.
     bool subtitleInColour = false; ///< OwnSubtitles::inColour of it.
+    QString subtitleFonts;         ///< Folder of the fonts that the clip brings for it; empty: none.
     QString softScript;        ///< Own script of the subtitle that becomes a track; empty: none, or it is as it was.
     QString chapters;          ///< Where the clip's own do not fit: as ffmpeg's metadata; empty: the clip's own.
     QMap<int, QString> covers; ///< By stream number.
@@ -52,8 +53,10 @@ struct ZOKIT_EXPORT HelperFiles {
 /// \name What is started, as data
 /// @{
 
-/// Writes the subtitle of \a plan to standard output as ASS.
-ZOKIT_EXPORT Command extractCommand(const Tools& tools, const MediaInfo& media, const SubtitlePlan& plan);
+/// Writes the subtitle of \a plan to standard output as ASS, and the fonts that are attached to the clip into the
+/// folder \a fonts, where one is named.
+ZOKIT_EXPORT Command extractCommand(const Tools& tools, const MediaInfo& media, const SubtitlePlan& plan,
+                                    const QString& fonts = QString());
 /// Writes a cover to \a file as it is.
 ZOKIT_EXPORT Command coverCommand(const Tools& tools, const MediaInfo& media, int stream, const QString& file);
 /// Measures the peak of a track: its words are for measuredPeak().

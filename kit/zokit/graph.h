@@ -21,6 +21,7 @@ struct ZOKIT_EXPORT GraphParts {
     int watermarkInput = -1;       ///< Number of ffmpeg's input with watermarkPicture() as one PNG; -1: no watermark.
     QString subtitleScript;        ///< Path of the subtitle as ownSubtitles() wrote it; empty: no text is burned in.
     bool subtitleInColour = false; ///< OwnSubtitles::inColour of it.
+    QString subtitleFonts;         ///< Folder of fonts that the clip brings for it; empty: those of the system alone.
     int subtitleInput = -1;        ///< Input with a subtitle of pictures that is burned in; -1: none.
     int subtitleStream = 0;        ///< Its stream number there.
     double from = 0;      ///< Seconds from the clip's beginning to which the input was sought ("-ss" before "-i").

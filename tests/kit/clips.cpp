@@ -103,6 +103,9 @@ constexpr Recipe recipes[] = {
     {"two-sounds.mka",   "-f lavfi -i sine=440:d=0.3 -f lavfi -i sine=880:d=0.3 -map 0 -map 1 -c:a pcm_s16le"},
     {"graphic.mkv",      "-i {plain.mp4} -f sup -i {graphic.sup} -map 0 -map 1 -c copy"},
     {"dvdsub.mkv",       "-i {plain.mp4} -f sup -i {graphic.sup} -map 0 -map 1 -c copy -c:s dvdsub"},
+    {"serif.mkv",        "-i {silent.mkv} -i {serif.ass} -map 0 -map 1 -c copy"}, // In a font that is there.
+    {"brought.mkv",      "-i {silent.mkv} -i {brought.ass} -map 0 -map 1 -c copy -attach {still.png} -metadata:s:t:0 mimetype=image/png "
+                         "-metadata:s:t:0 filename=still.png -attach {brought.ttf} -metadata:s:t:1 mimetype=font/ttf -metadata:s:t:1 filename=brought.ttf"},
     {"cover-and-font.mkv", "-i {plain.mp4} -c copy -attach {still.jpg} -metadata:s:t:0 mimetype=image/jpeg -metadata:s:t:0 filename=cover.jpg "
                          "-attach {still.png} -metadata:s:t:1 mimetype=application/x-truetype-font -metadata:s:t:1 filename=own.ttf"},
     {"big-endian.mov",   SOUND "-c:a pcm_f32be"},
@@ -127,6 +130,12 @@ constexpr Recipe recipes[] = {
     {"streamed.mkv",     "-i {plain.mp4} -c copy -seekable 0"}, // No length in it, as written to a pipe.
 };
 
+#define SCRIPT(family) /* The usual size of such a script is 384x288. */                                               \
+    "[Script Info]\nScriptType: v4.00+\n\n[V4+ Styles]\nFormat: Name, Fontname, Fontsize, PrimaryColour, Alignment\n"  \
+    "Style: Default," family ",60,&H00FFFFFF,5\n\n[Events]\n"                                                          \
+    "Format: Layer, Start, End, Style, Name, MarginL, MarginR, MarginV, Effect, Text\n"                                \
+    "Dialogue: 0,0:00:00.00,0:00:00.40,Default,,0,0,0,,Right\n"
+
 /// Files that are not made by ffmpeg.
 struct Text {
     const char* name;
@@ -136,6 +145,8 @@ constexpr Text texts[] = {
     {"text.srt",     "1\n00:00:00,100 --> 00:00:00,300\nHello\n"},
     {"talk.srt",     "1\n00:00:00,500 --> 00:00:00,600\nOne\n\n2\n00:00:01,000 --> 00:00:01,200\nTwo\n\n"
                      "3\n00:00:01,600 --> 00:00:01,800\nThree\n"},
+    {"serif.ass",    SCRIPT("DejaVu Serif")},
+    {"brought.ass",  SCRIPT("ZoJaVu Serif")},
     {"chapters.txt", ";FFMETADATA1\ntitle=Feature\n[CHAPTER]\nTIMEBASE=1/1000\nSTART=0\nEND=200\ntitle=One\n"
                      "[CHAPTER]\nTIMEBASE=1/1000\nSTART=200\nEND=400\ntitle=Two\n"},
 };
@@ -232,6 +243,16 @@ QString written(const QString& path, const QByteArray& content)
     return rename(part.constData(), QFile::encodeName(path).constData()) == 0 ? path : QString();
 }
 
+/// A font under a name that nobody has installed.
+QByteArray broughtFont()
+{
+    QFile file(QStringLiteral("/usr/share/fonts/truetype/dejavu/DejaVuSerif.ttf"));
+    QByteArray font = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    font.replace("DejaVu", "ZoJaVu");
+    font.replace(QByteArray("D\0e\0j\0a", 7), QByteArray("Z\0o\0J\0a", 7));
+    return font;
+}
+
 QString made(const Recipe& recipe)
 {
     const QString path = pathOf(QString::fromLatin1(recipe.name), recipe.arguments);
@@ -263,6 +284,8 @@ QString clip(const QString& name)
 {
     if (name == QLatin1String("graphic.sup"))
         return written(pathOf(name, graphicSubtitles()), graphicSubtitles());
+    if (name == QLatin1String("brought.ttf"))
+        return written(pathOf(name, "font"), broughtFont());
     for (const Text& text : texts) {
         if (name == QLatin1String(text.name))
             return written(pathOf(name, text.content), text.content);

@@ -83,6 +83,8 @@ private Q_SLOTS:
     void onlyTheLatestIsTold();
     void fileOfPicturesKeepsItsTimes();
     void correctedSubtitlesAreShown();
+    void fontsOfTheClipAreUsed_data();
+    void fontsOfTheClipAreUsed();
     void failureTellsItsReason_data();
     void failureTellsItsReason();
     void frameIsRefused_data();
@@ -321,6 +323,54 @@ void TestKitFrames::correctedSubtitlesAreShown()
     const QByteArray before = shown("Helo\n");
     QCOMPARE(before.size(), 160 * 120 * 3 / 2);
     QVERIFY(shown("Hello\n") != before);
+}
+
+void TestKitFrames::fontsOfTheClipAreUsed_data()
+{
+    QTest::addColumn<zokit::Values>("track");
+
+    QTest::newRow("by a track of the clip") << zokit::Values{{QStringLiteral("trackid"), 1}};
+    QTest::newRow("by a file beside it") << zokit::Values{
+        {QStringLiteral("sub_fromfile"), true}, {QStringLiteral("file"), clips::clip(QStringLiteral("brought.ass"))}};
+}
+
+/// The clip brings a font under another name than the one under which it is installed.
+void TestKitFrames::fontsOfTheClipAreUsed()
+{
+    QFETCH(const zokit::Values, track);
+    const auto burning = [](const char* clip, const zokit::Values& values) {
+        FrameQuestion question = questionOf(QString::fromLatin1(clip), 0.2);
+        graphsupport::append(question.settings, "Subtitle", values);
+        question.settings.output.insert(QStringLiteral("burn-subtitles"), true);
+        question.settings.output.insert(QStringLiteral("video-codec"), QStringLiteral("ffv1"));
+        return question;
+    };
+    Frames frames(zokit::findTools());
+    const QByteArray expected =
+        zokit::frame(frames, burning("serif.mkv", {{QStringLiteral("trackid"), 1}})).frame.bytes;
+    const FrameQuestion question = burning("brought.mkv", track);
+    const QByteArray shown = zokit::frame(frames, question).frame.bytes;
+    QCOMPARE(shown.size(), 160 * 120 * 3 / 2);
+    QVERIFY(shown == expected);
+
+    zokit::Job job;
+    job.input = question.media.file;
+    job.output = m_folder.filePath(QStringLiteral("brought.mkv"));
+    job.settings = question.settings;
+    zokit::Conversion conversion(zokit::findTools());
+    QSignalSpy ended(&conversion, &zokit::Conversion::finished);
+    conversion.start(job);
+    QVERIFY(ended.wait(patience));
+    QCOMPARE(placeOf(expected, decoded(job.output)), 5);
+    QVERIFY(QFile::remove(job.output));
+
+    // What one clip brings is not for the next.
+    const FrameQuestion without =
+        burning("silent.mkv", {{QStringLiteral("sub_fromfile"), true},
+                               {QStringLiteral("file"), clips::clip(QStringLiteral("brought.ass"))}});
+    const QByteArray otherwise = zokit::frame(frames, without).frame.bytes;
+    QCOMPARE(otherwise.size(), expected.size());
+    QVERIFY(otherwise != expected);
 }
 
 void TestKitFrames::failureTellsItsReason_data()

@@ -259,6 +259,11 @@ void TestKitGraph::textOfTheGraph_data()
         "overlay=format=yuv422p10,scale=flags=neighbor,format=yuv420p10le,format=yuv420p10le[picture]");
     const GraphParts script = parts([](GraphParts& given) { given.subtitleScript = QStringLiteral("own.ass"); });
     row("subtitle", withSubtitle(0, 100), clip(hd), script, "[0:0]subtitles=filename=own.ass,format=yuv420p[picture]");
+    row("subtitle in a font of the clip", withSubtitle(0, 100), clip(hd), parts([](GraphParts& given) {
+            given.subtitleScript = QStringLiteral("own.ass");
+            given.subtitleFonts = QStringLiteral("a:b/fonts");
+        }),
+        "[0:0]subtitles=filename=own.ass:fontsdir=a\\\\:b/fonts,format=yuv420p[picture]");
     row("subtitle after a seek", withSubtitle(0, 100), clip(hd), parts([](GraphParts& given) {
             given.subtitleScript = QStringLiteral("it's,[1].ass");
             given.from = 2.02;
