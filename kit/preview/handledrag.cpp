@@ -23,7 +23,8 @@ HandleDrag HandleDrag::drawing(const FileSettings& file, const PreviewScene& sce
 Message HandleDrag::text() const
 {
     const bool isCrop = m_thing == m_began.cropThing;
-    return Message(Message::Code::StepChange, {isCrop ? QStringLiteral("Crop") : QStringLiteral("Watermark")});
+    return Message(Message::Code::StepChange, isCrop ? QStringList{QStringLiteral("Crop")}
+                                                     : QStringList{QStringLiteral("Watermark"), QStringLiteral("1")});
 }
 
 Dragged HandleDrag::to(const QPoint& by, double reach) const

@@ -72,6 +72,12 @@ constexpr NamedText typeNames[] = {
     {"Grid", T("Grid")},
 };
 
+/// One of the items of a type.
+constexpr NamedText singularNames[] = {
+    {"Watermark", T("watermark")}, {"Subtitle", T("subtitle")}, {"Audio", T("sound track")},
+    {"Effect", T("frame effect")},
+};
+
 constexpr NamedText groupNames[] = {
     {"limits", T("Limits")}, {"rectangle", T("Rectangle")}, {"shape", T("Shape")}, {"turning", T("Turning")},
     {"place", T("Place")}, {"look", T("Look")}, {"font", T("Letters")}, {"size", T("Size")}, {"content", T("Content")},
@@ -337,6 +343,12 @@ QString displayName(const QString& name)
 {
     const char* text = textOf(std::begin(typeNames), std::end(typeNames), name);
     return text ? translated(text) : name;
+}
+
+QString singularName(const QString& type)
+{
+    const char* text = textOf(std::begin(singularNames), std::end(singularNames), type);
+    return text ? translated(text) : displayName(type);
 }
 
 QString suitsText(Suits suits)

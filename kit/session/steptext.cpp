@@ -18,13 +18,20 @@ namespace {
 
 using Code = Message::Code;
 
-Code codeOfList(const Change& change)
+QStringList oneOf(const QString& type)
+{
+    return {type, QStringLiteral("1")};
+}
+
+/// What became of the items of \a type; of one that moves, its list changes only in its order.
+Message describeList(const QString& type, const Change& change)
 {
     const auto before = change.before.toList().size();
     const auto after = change.after.toList().size();
     if (before == after)
-        return Code::StepMove;
-    return before < after ? Code::StepAdd : Code::StepRemove;
+        return Message(Code::StepMove, oneOf(type));
+    const bool isOne = before - after == 1 || after - before == 1;
+    return Message(before < after ? Code::StepAdd : Code::StepRemove, isOne ? oneOf(type) : QStringList{type});
 }
 
 /// The change by which a whole file came or went: what has a width and belongs to nothing.
@@ -44,15 +51,16 @@ const Change* fileIn(const Project& project, const Changes& changes)
     return found == changes.cend() ? nullptr : &*found;
 }
 
-/// What kind of thing a change of values concerns: "Color:bcs_contrast", or the type.
-QString aboutWhat(const Project& project, const Change& change)
+/// What kind of thing a change of values concerns: "Color:bcs_contrast", the type, or one of its items.
+QStringList aboutWhat(const Project& project, const Change& change)
 {
     const FileSettings* file = project.fileOf(change.thing);
     const std::optional<Address> address = file ? file->address(change.thing, change.key) : std::nullopt;
     if (!address)
-        return change.key;
-    const bool isKnown = findProperty(address->type, change.key);
-    return isKnown ? Address{address->type, Address::ofType, change.key}.toString() : address->type;
+        return {change.key};
+    if (findProperty(address->type, change.key))
+        return {Address{address->type, Address::ofType, change.key}.toString()};
+    return address->pos == Address::ofType ? QStringList{address->type} : oneOf(address->type);
 }
 
 } // namespace
@@ -68,20 +76,20 @@ Message describe(const Project& project, const Changes& changes)
         const std::optional<Address> address = file ? file->address(list->thing, list->key) : std::nullopt;
         if (std::count_if(changes.cbegin(), changes.cend(), isList) > 1)
             return Message(Code::StepMany, {QString::number(changes.size())});
-        return Message(codeOfList(*list), {address ? address->type : QString()});
+        return describeList(address ? address->type : QString(), *list);
     }
     // Values that only follow ("selected", the place of an anchored item) do not name the step.
     Changes named;
     std::copy_if(changes.cbegin(), changes.cend(), std::back_inserter(named),
                  [](const Change& change) { return change.key != own::selected && !isInternal(change.key); });
     if (named.isEmpty())
-        return changes.isEmpty() ? Message() : Message(Code::StepSelect, {aboutWhat(project, changes.first())});
+        return changes.isEmpty() ? Message() : Message(Code::StepSelect, aboutWhat(project, changes.first()));
     if (!project.fileOf(named.first().thing))
         return Message(Code::StepDefault);
     const bool oneThing = std::all_of(named.cbegin(), named.cend(),
                                       [&](const Change& change) { return change.thing == named.first().thing; });
     if (oneThing)
-        return Message(Code::StepChange, {aboutWhat(project, named.first())});
+        return Message(Code::StepChange, aboutWhat(project, named.first()));
     return Message(Code::StepMany, {QString::number(named.size())});
 }
 

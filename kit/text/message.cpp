@@ -14,6 +14,8 @@
 
 #include <zokit/properties.h>
 
+#include "propertyrows_p.h"
+
 namespace zokit {
 
 namespace {
@@ -226,7 +228,7 @@ QStringList named(QStringList words)
         else if (key == QLatin1String("anchor")) // The kit's own, and no property of the library.
             words.first() = QCoreApplication::translate("zokit", "Anchor");
         else
-            words.first() = displayName(thing);
+            words.first() = words.value(1) == QLatin1String("1") ? singularName(thing) : displayName(thing);
     }
     return words;
 }

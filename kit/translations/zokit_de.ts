@@ -236,6 +236,18 @@
         <translation>Sagt, was ausgeführt wird.</translation>
     </message>
     <message>
+        <source>watermark</source>
+        <translation>Wasserzeichen</translation>
+    </message>
+    <message>
+        <source>sound track</source>
+        <translation>Tonspur</translation>
+    </message>
+    <message>
+        <source>frame effect</source>
+        <translation>Bildeffekt</translation>
+    </message>
+    <message>
         <source>Crop</source>
         <translation>Zuschnitt</translation>
     </message>

@@ -192,7 +192,7 @@ void TestEditorUndo::historyNamesFilesAndValues()
     const auto text = [list](int row) { return list->model()->index(row, 0).data().toString(); };
     QCOMPARE(text(1), key("add a file: plain.mp4"));
     QCOMPARE(text(3), key("change Contrast: 5 (plain.mp4)"));
-    QCOMPARE(text(4), key("add Watermarks (wide.mkv)"));
+    QCOMPARE(text(4), key("add watermark (wide.mkv)"));
     QCOMPARE(text(5), key("change Text: Two\\nlines (wide.mkv)"));
     QVERIFY2(text(6).startsWith(key("change Rectangle: ")) && text(6).contains(key("Left 10 px"))
                  && text(6).contains(key("Width 100 px")),

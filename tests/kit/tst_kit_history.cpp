@@ -83,17 +83,30 @@ const Operation operations[] = {
      [](Project&, FileSettings& file) {
          file.insert(key("Watermark"), {{key("wm_textcontent"), key("x")}});
      },
+     "add watermark"},
+    {"two insertions",
+     [](Project&, FileSettings& file) {
+         zokit::Settings settings = file.settings();
+         for (zokit::TypeSettings& type : settings.effects) {
+             if (type.type == key("Watermark"))
+                 type.items << type.items.first() << type.items.first();
+         }
+         file.setSettings(settings);
+     },
      "add Watermarks"},
     {"a removal", [](Project&, FileSettings& file) { file.remove(file.item(key("Watermark"), 0)); },
-     "remove Watermarks"},
-    {"a move", [](Project&, FileSettings& file) { file.move(file.item(key("Effect"), 0), 3); }, "move Frame effects"},
+     "remove watermark"},
+    {"a selected item",
+     [](Project&, FileSettings& file) { file.setValue(file.item(key("Watermark"), 0), key("selected"), false); },
+     "switch watermark"},
+    {"a move", [](Project&, FileSettings& file) { file.move(file.item(key("Effect"), 0), 3); }, "move frame effect"},
     {"a reset value",
      [](Project&, FileSettings& file) { file.reset(file.item(key("Watermark"), 0), key("wm_fontsize")); },
      "change Size"},
     {"a reset item", [](Project&, FileSettings& file) { file.resetItem(file.item(key("Watermark"), 0)); },
      "change Size"},
-    {"a reset type", [](Project&, FileSettings& file) { file.resetType(key("Watermark")); }, "remove Watermarks"},
-    {"a reset of everything", [](Project&, FileSettings& file) { file.resetAll(); }, "remove Watermarks"},
+    {"a reset type", [](Project&, FileSettings& file) { file.resetType(key("Watermark")); }, "remove watermark"},
+    {"a reset of everything", [](Project&, FileSettings& file) { file.resetAll(); }, "remove watermark"},
     {"another frame",
      [](Project&, FileSettings& file) {
          file.setMedia({QString(), QSize(640, 360), 1.0});
@@ -152,11 +165,11 @@ void TestKitHistory::textsFollowTheLanguage()
         return history.step(1).text.text() + key(", ") + history.step(2).text.text() + key(", ")
                + history.undoText().text();
     };
-    QCOMPARE(texts(), key("add Watermarks, change Contrast, switch Colour"));
+    QCOMPARE(texts(), key("add watermark, change Contrast, switch Colour"));
     zokit::useLanguage(QLocale(QLocale::German));
     QCOMPARE(texts(), QString::fromUtf8("Wasserzeichen hinzuf\u00fcgen, Kontrast \u00e4ndern, Farbe umschalten"));
     zokit::useLanguage(QLocale::c());
-    QCOMPARE(texts(), key("add Watermarks, change Contrast, switch Colour"));
+    QCOMPARE(texts(), key("add watermark, change Contrast, switch Colour"));
 }
 
 void TestKitHistory::gestureIsOneStep()

@@ -176,7 +176,7 @@ void TestKitLivePreview::watermarkIsDragged()
     QCOMPARE(stage.preview.scene().place(logo), QRect(300, 140, 40, 24));
     QCOMPARE(stage.chosen, QVector<zokit::Identity>({logo}));
     QCOMPARE(stage.newSteps(), 1);
-    QCOMPARE(stage.project.history().undoText().text(), key("change Watermarks"));
+    QCOMPARE(stage.project.history().undoText().text(), key("change watermark"));
 }
 
 void TestKitLivePreview::watermarkThatIsChosenIsSized()
