@@ -291,8 +291,8 @@ private:
                          [this_ = *this, button] { this_.chooseColor(button); });
         onShow([button](const QVariant& value) {
             const auto color = value.value<QColor>();
-            button->setText(color.isValid() ? color.name() : QString());
-            button->setIcon(swatch(color));
+            button->setText(color.isValid() ? color.name() : ValueControl::tr("not set"));
+            button->setIcon(color.isValid() ? swatch(color) : QIcon());
             button->setAccessibleDescription(button->text());
         });
     }
@@ -319,6 +319,7 @@ private:
     {
         auto* box = new QFontComboBox(m_control);
         box->lineEdit()->setAccessibleName(label());
+        box->lineEdit()->setPlaceholderText(ValueControl::tr("not set"));
         box->setMinimumContentsLength(8);
         box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
         box->view()->setAccessibleName(label());
@@ -339,6 +340,7 @@ private:
         auto* edit = add(new QPlainTextEdit(m_control));
         edit->setUndoRedoEnabled(false);
         edit->setTabChangesFocus(true);
+        edit->setPlaceholderText(ValueControl::tr("not set"));
         edit->setFixedHeight(edit->fontMetrics().lineSpacing() * textLines + 12);
         QObject::connect(edit, &QPlainTextEdit::textChanged, m_control, [this_ = *this, edit] {
             emit this_.m_control->gestureBegun();
@@ -356,6 +358,7 @@ private:
     void makeLineEdit()
     {
         auto* edit = add(new QLineEdit(m_control));
+        edit->setPlaceholderText(ValueControl::tr("not set"));
         QObject::connect(edit, &QLineEdit::editingFinished, m_control, [this_ = *this, edit] {
             if (edit->isModified())
                 this_.send(edit->text());

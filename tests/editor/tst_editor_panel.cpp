@@ -267,6 +267,14 @@ void TestEditorPanel::boundsAndUnitsAreTheTables()
     const auto* width = stage.field<QSpinBox>("Crop", "crop_width"); // 0, which is the whole frame.
     QCOMPARE(width->text(), QString());
     QCOMPARE(width->findChild<QLineEdit*>()->placeholderText(), key("not set"));
+    stage.session().setThing(stage.file(0)->output());
+    settle();
+    QCOMPARE(stage.find<QLineEdit>("Output:name")->placeholderText(), key("not set"));
+    const zokit::Identity text = stage.file(0)->insert(key("Watermark"), {{key("wm_istextwatermark"), true}}).item;
+    stage.session().setThing(text);
+    settle();
+    QCOMPARE(stage.find<QPlainTextEdit>("Watermark:wm_textcontent")->placeholderText(), key("not set"));
+    QCOMPARE(stage.find<QFontComboBox>("Watermark:wm_fontname")->lineEdit()->placeholderText(), key("not set"));
     const auto* delay = stage.field<QSlider>("Audio_Flanger", "audio_flanger_delay:slider");
     QCOMPARE(delay->maximum(), 30);
     const auto* contrast = stage.field<QSlider>("Color", "bcs_contrast:slider");
