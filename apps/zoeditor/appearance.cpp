@@ -134,10 +134,10 @@ void applyLanguage(const QString& language)
     const QLocale locale(language);
     QLocale::setDefault(locale);
     zokit::useLanguage(locale);
-    translator = new QTranslator(qApp);
+    translator = new QTranslator(QCoreApplication::instance());
     if (translator->load(QStringLiteral(":/zoeditor/zoeditor_%1.qm").arg(language)))
         QCoreApplication::installTranslator(translator);
-    qtTranslator = new QTranslator(qApp);
+    qtTranslator = new QTranslator(QCoreApplication::instance());
     if (qtTranslator->load(locale, QStringLiteral("qtbase"), QStringLiteral("_"), qtTranslations()))
         QCoreApplication::installTranslator(qtTranslator);
 }
@@ -173,8 +173,13 @@ void setLanguage(const QString& language)
 
 void restore()
 {
-    initResource();
     applyTheme(theme());
+    restoreLanguage();
+}
+
+void restoreLanguage()
+{
+    initResource();
     applyLanguage(language());
 }
 

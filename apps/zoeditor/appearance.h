@@ -24,6 +24,8 @@ void setLanguage(const QString& language);
 
 /// Takes theme and language as they were chosen last. At the start, when the application object is there.
 void restore();
+/// The language alone, also where there is no display.
+void restoreLanguage();
 
 /// Remembers the size of \a window, a dialog's, too, and of all QSplitters in it under their object names; of a window
 /// of its own also the place.

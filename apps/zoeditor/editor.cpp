@@ -4,12 +4,9 @@
 #include "editor.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <utility>
 
 #include <QApplication>
-#include <QCommandLineOption>
-#include <QCommandLineParser>
 #include <QFileInfo>
 #include <QLocale>
 #include <QMessageBox>
@@ -17,7 +14,6 @@
 #include <QTimer>
 
 #include "appearance.h"
-#include "instance.h"
 #include "session.h"
 #include "window.h"
 
@@ -125,49 +121,9 @@ void Editor::openWaiting()
     if (QApplication::activeModalWidget()) {
         constexpr int soon = 100; // Milliseconds.
         QTimer::singleShot(soon, this, &Editor::openWaiting);
-    } else if (!m_handedOver.isEmpty()) {
+    } else if (m_window->isVisible() && !m_handedOver.isEmpty()) { // Else it was closed: they are for the next one.
         m_session->open(std::exchange(m_handedOver, {}));
     }
-}
-
-namespace {
-
-void print(const QString& text, FILE* stream)
-{
-    std::fputs(text.toLocal8Bit().constData(), stream);
-    std::fflush(stream);
-}
-
-} // namespace
-
-int run(const QStringList& arguments)
-{
-    appearance::restore(); // Help is given in the language that was chosen.
-    QCommandLineParser parser;
-    parser.setApplicationDescription(Editor::tr("Edits how films will be converted, and converts them."));
-    const QCommandLineOption help = parser.addHelpOption();
-    const QCommandLineOption version = parser.addVersionOption();
-    parser.addPositionalArgument(QStringLiteral("files"), Editor::tr("Films, folders of films and settings files."),
-                                 Editor::tr("[files...]"));
-    constexpr int wrongUsage = 2;
-    if (!parser.parse(arguments)) {
-        print(parser.errorText() + QLatin1Char('\n') + parser.helpText(), stderr);
-        return wrongUsage;
-    }
-    if (parser.isSet(version))
-        print(QStringLiteral("zoeditor %1\n").arg(QCoreApplication::applicationVersion()), stdout);
-    else if (parser.isSet(help))
-        print(parser.helpText(), stdout);
-    if (parser.isSet(version) || parser.isSet(help))
-        return 0;
-    const QStringList files = parser.positionalArguments();
-    Instance instance;
-    if (instance.handOver(files))
-        return 0;
-    Editor editor;
-    QObject::connect(&instance, &Instance::filesHandedOver, &editor, &Editor::openHandedOver);
-    editor.start(files);
-    return QApplication::exec();
 }
 
 } // namespace zoeditor

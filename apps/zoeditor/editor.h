@@ -4,13 +4,13 @@
 #pragma once
 
 #include <memory>
+#include <utility>
 
 #include <QObject>
 #include <QStringList>
 
 namespace zoeditor {
 
-class Instance;
 class Session;
 class Window;
 
@@ -29,6 +29,8 @@ public:
     /// Opens \a files that another start of the program hands over, and brings the window to the front. While a
     /// question or a dialog is open they wait: what is answered there means the files that were shown.
     void openHandedOver(const QStringList& files);
+    /// Those that still wait, for whoever opens them instead.
+    QStringList takeWaiting() { return std::exchange(m_handedOver, {}); }
 
     Session& session() const { return *m_session; }
     Window& window() const { return *m_window; }
@@ -43,9 +45,5 @@ private:
     std::unique_ptr<Window> m_window;
     QStringList m_handedOver; ///< They wait.
 };
-
-/// The whole program: hands \a arguments over to an editor that runs, or is one until its window is closed. Its exit
-/// code. Takes a QApplication.
-int run(const QStringList& arguments);
 
 } // namespace zoeditor

@@ -13,6 +13,7 @@
 #include <filesmodel.h>
 #include <filespane.h>
 #include <instance.h>
+#include <program.h>
 
 #include "editorsupport.h"
 
@@ -51,6 +52,7 @@ private slots:
     void recoveredSessionKnowsItsSettingsFile();
     void secondStartHandsItsFilesOver();
     void handedOverFilesWaitForAnOpenDialog();
+    void handedOverFilesOutliveTheEditor();
     void filesThatAreReadWaitForWhatIsOpen_data();
     void filesThatAreReadWaitForWhatIsOpen();
     void filmsOfOneNameGetTheirOwnSettingsFiles();
@@ -606,6 +608,30 @@ void TestEditorFiles::handedOverFilesWaitForAnOpenDialog()
     stage.editor->openHandedOver({clips::clip(key("plain.avi"))});
     QCOMPARE(stage.session().files().rowCount(), 3);
     stage.waitForFiles();
+}
+
+void TestEditorFiles::handedOverFilesOutliveTheEditor()
+{
+    zoeditor::Instance instance(QStringLiteral("zoeditor-test-%1").arg(QCoreApplication::applicationPid()));
+    QStringList titles;
+    QTimer looking;
+    connect(&looking, &QTimer::timeout, this, [&] {
+        auto* window = qobject_cast<zoeditor::Window*>(QApplication::activeWindow());
+        const QString title = window ? window->windowTitle().section(QLatin1Char('['), 0, 0) : QString();
+        if (!title.contains(QLatin1Char('.')) || titles.contains(title))
+            return; // The file is being read, or a question is open.
+        titles.append(title);
+        if (titles.size() == 1) {
+            window->actions().action("addText")->trigger();
+            answer("closeQuestion", "discard",
+                   [&](QWidget&) { emit instance.filesHandedOver({clips::clip(key("wide.mkv"))}); });
+        }
+        window->close();
+    });
+    looking.start(20);
+    const QTemporaryDir journals;
+    QCOMPARE(zoeditor::edit(instance, {clips::clip(key("plain.mp4"))}, journals.path()), 0);
+    QCOMPARE(titles, QStringList({key("plain.mp4"), key("wide.mkv")}));
 }
 
 void TestEditorFiles::filesThatAreReadWaitForWhatIsOpen_data()

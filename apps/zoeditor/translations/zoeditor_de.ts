@@ -219,7 +219,15 @@
     </message>
 </context>
 <context>
-    <name>zoeditor::Editor</name>
+    <name>zoeditor::Program</name>
+    <message>
+        <source>Shows this help.</source>
+        <translation>Zeigt diese Hilfe.</translation>
+    </message>
+    <message>
+        <source>Shows the version.</source>
+        <translation>Zeigt die Version.</translation>
+    </message>
     <message>
         <source>Edits how films will be converted, and converts them.</source>
         <translation>Bearbeitet, wie Filme umgewandelt werden, und wandelt sie um.</translation>
@@ -232,6 +240,9 @@
         <source>[files...]</source>
         <translation>[Dateien...]</translation>
     </message>
+</context>
+<context>
+    <name>zoeditor::Editor</name>
     <message>
         <source>Recover</source>
         <translation>Wiederherstellen</translation>
@@ -271,6 +282,10 @@
 </context>
 <context>
     <name>zoeditor::EffectsPane</name>
+    <message>
+        <source>Open a film to see what can be done with it.</source>
+        <translation>Öffnen Sie einen Film, um zu sehen, was mit ihm möglich ist.</translation>
+    </message>
     <message numerus="yes">
         <source>%n item(s)</source>
         <translation>
@@ -373,6 +388,14 @@
 <context>
     <name>zoeditor::FilesPane</name>
     <message>
+        <source>Drop films or folders here.</source>
+        <translation>Legen Sie Filme oder Ordner hier ab.</translation>
+    </message>
+    <message>
+        <source>Nothing found.</source>
+        <translation>Nichts gefunden.</translation>
+    </message>
+    <message>
         <source>Filter</source>
         <translation>Filter</translation>
     </message>
@@ -448,6 +471,10 @@
 </context>
 <context>
     <name>zoeditor::Panel</name>
+    <message>
+        <source>There are none yet. The button Add above makes the first one.</source>
+        <translation>Es gibt noch keine. Die Schaltfläche Hinzufügen darüber legt die erste an.</translation>
+    </message>
     <message>
         <source>changed</source>
         <translation>geändert</translation>
@@ -875,6 +902,14 @@ Von %2 bis %3.</translation>
 <context>
     <name>zoeditor::ApplyDialog</name>
     <message>
+        <source>What comes out:</source>
+        <translation>Was herauskommt:</translation>
+    </message>
+    <message>
+        <source>What comes out in the smallest and in the largest:</source>
+        <translation>Was im kleinsten und im größten herauskommt:</translation>
+    </message>
+    <message>
         <source>&amp;Append to the lists that are there</source>
         <translation>An vorhandene Listen an&amp;hängen</translation>
     </message>
@@ -1008,8 +1043,8 @@ Von %2 bis %3.</translation>
         <translation>Ab &amp;hier 10 Sekunden umwandeln</translation>
     </message>
     <message>
-        <source>&amp;Watch them</source>
-        <translation>&amp;Ansehen</translation>
+        <source>&amp;Watch these 10 seconds</source>
+        <translation>10 Sekunden &amp;ansehen</translation>
     </message>
     <message>
         <source>The command</source>
@@ -1259,6 +1294,10 @@ Von %2 bis %3.</translation>
 <context>
     <name>zoeditor::LanguageList</name>
     <message>
+        <source>None is asked for. Choose one below and add it.</source>
+        <translation>Keine ist verlangt. Wählen Sie unten eine und fügen Sie sie hinzu.</translation>
+    </message>
+    <message>
         <source>Language to add: %1</source>
         <translation>Sprache, die hinzukommt: %1</translation>
     </message>
@@ -1321,6 +1360,14 @@ Von %2 bis %3.</translation>
 <context>
     <name>zoeditor::PresetsDialog</name>
     <message>
+        <source>There is no preset yet. Check what it is to hold, name it and save it.</source>
+        <translation>Es gibt noch keine Vorlage. Kreuzen Sie an, was sie enthalten soll, benennen und speichern Sie sie.</translation>
+    </message>
+    <message>
+        <source>Choose a preset to see what it changes.</source>
+        <translation>Wählen Sie eine Vorlage, um zu sehen, was sie ändert.</translation>
+    </message>
+    <message>
         <source>&amp;Replace the one that is there</source>
         <translation>Die vorhandene &amp;ersetzen</translation>
     </message>
@@ -1369,12 +1416,15 @@ Von %2 bis %3.</translation>
         <translation>&amp;Ausgeben...</translation>
     </message>
     <message>
-        <source>What it changes in the current file:</source>
-        <translation>Was sie in der aktuellen Datei ändert:</translation>
+        <source>What it changes in the selected files:</source>
+        <translation>Was sie in den ausgewählten Dateien ändert:</translation>
     </message>
-    <message>
-        <source>&amp;Apply to the selected files</source>
-        <translation>Auf die ausgewählten Dateien an&amp;wenden</translation>
+    <message numerus="yes">
+        <source>&amp;Apply to %n selected file(s)</source>
+        <translation>
+            <numerusform>Auf die ausgewählte Datei an&amp;wenden</numerusform>
+            <numerusform>Auf die %n ausgewählten Dateien an&amp;wenden</numerusform>
+        </translation>
     </message>
     <message>
         <source>Presets (*.zoeffect.json)</source>
@@ -1415,6 +1465,10 @@ Von %2 bis %3.</translation>
 </context>
 <context>
     <name>zoeditor::QueuePane</name>
+    <message>
+        <source>Nothing is to be converted yet. Choose Convert above.</source>
+        <translation>Noch ist nichts umzuwandeln. Wählen Sie oben Umwandeln.</translation>
+    </message>
     <message>
         <source>%1 s</source>
         <translation>%1 s</translation>
@@ -1509,6 +1563,10 @@ Von %2 bis %3.</translation>
 </context>
 <context>
     <name>zoeditor::TracksDialog</name>
+    <message>
+        <source>This file has neither sound nor subtitles. The menu Edit adds a sound file or a subtitle file.</source>
+        <translation>Diese Datei hat weder Ton noch Untertitel. Das Menü Bearbeiten fügt eine Tondatei oder eine Untertiteldatei hinzu.</translation>
+    </message>
     <message>
         <source>Subtitles %1</source>
         <translation>Untertitel %1</translation>

@@ -39,6 +39,16 @@
     </message>
 </context>
 <context>
+    <name>zoeditor::PresetsDialog</name>
+    <message numerus="yes">
+        <source>&amp;Apply to %n selected file(s)</source>
+        <translation>
+            <numerusform>&amp;Apply to the selected file</numerusform>
+            <numerusform>&amp;Apply to the %n selected files</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>zoeditor::ConvertDialog</name>
     <message numerus="yes">
         <source>Options of all %n file(s)</source>
