@@ -47,7 +47,7 @@ constexpr Shades light{0xffefefef, 0xffffffff, 0xfff5f5f5, 0xffe6e6e6, 0xff1a1a1
                        0xff666666, 0xff828282, 0xff1f5fa8, 0xffffffff, 0xff0b57a4};
 // Fields are lighter than the window: the outlines, which the style makes darker, stay visible around them.
 constexpr Shades dark{0xff2b2c2f, 0xff3d3e43, 0xff36373b, 0xff46474c, 0xffececec,
-                      0xffacacb0, 0xff95959a, 0xff3874b8, 0xffffffff, 0xff86b7f0};
+                      0xffacacb0, 0xff95959a, 0xff336eb0, 0xffffffff, 0xff86b7f0};
 
 QPalette paletteOf(const Shades& shades)
 {
@@ -88,7 +88,7 @@ QPalette systemPalette()
     return palette;
 }
 
-/// The style with boxes to check whose outline can be seen on every ground.
+/// The style with boxes to check whose outline can be seen on every ground, and arrows of trees on a chosen row.
 class Style : public QProxyStyle {
 public:
     Style() : QProxyStyle(QStringLiteral("Fusion")) {}
@@ -96,6 +96,11 @@ public:
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override
     {
+        if (element == PE_IndicatorBranch && option->state.testFlag(State_Selected)) {
+            QStyleOption chosen(*option);
+            chosen.palette.setColor(QPalette::WindowText, chosen.palette.color(QPalette::HighlightedText));
+            return QProxyStyle::drawPrimitive(element, &chosen, painter, widget);
+        }
         QProxyStyle::drawPrimitive(element, option, painter, widget);
         if (element != PE_IndicatorCheckBox)
             return;

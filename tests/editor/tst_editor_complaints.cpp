@@ -309,8 +309,13 @@ void TestEditorComplaints::boxesAreSeenInEachTheme()
         auto* list = new QListWidget(&window);
         auto* row = new QListWidgetItem(list);
         row->setCheckState(Qt::Unchecked);
+        auto* tree = new QTreeWidget(&window);
+        auto* above = new QTreeWidgetItem(tree);
+        new QTreeWidgetItem(above);
+        above->setSelected(true);
         layout->addWidget(box);
         layout->addWidget(list);
+        layout->addWidget(tree);
         window.show();
         settle();
         const auto strongest = [](const QImage& drawn, const QColor& around) {
@@ -327,6 +332,10 @@ void TestEditorComplaints::boxesAreSeenInEachTheme()
             strongest(list->viewport()->grab(sign).toImage(), QApplication::palette().color(QPalette::Base));
         QVERIFY2(ofBox >= 3, qPrintable(QStringLiteral("%1: %2").arg(key(theme)).arg(ofBox)));
         QVERIFY2(ofRow >= 3, qPrintable(QStringLiteral("%1: %2").arg(key(theme)).arg(ofRow)));
+        const QRect arrow(2, 2, tree->indentation() - 4, tree->visualItemRect(above).height() - 4);
+        const double ofArrow =
+            strongest(tree->viewport()->grab(arrow).toImage(), QApplication::palette().color(QPalette::Highlight));
+        QVERIFY2(ofArrow >= 3, qPrintable(QStringLiteral("%1, chosen: %2").arg(key(theme)).arg(ofArrow)));
     }
 }
 
