@@ -31,7 +31,7 @@ zokit::Command playerFor(const QString& file)
         {"paplay", {}},
         {"aplay", {QStringLiteral("-q")}},
         {"ffplay",
-         {QStringLiteral("-nodisp"), QStringLiteral("-autoexit"), QStringLiteral("-v"), QStringLiteral("quiet")}},
+         {QStringLiteral("-nodisp"), QStringLiteral("-autoexit"), QStringLiteral("-v"), QStringLiteral("error")}},
     };
     for (const Player& player : players) {
         command.program = QStandardPaths::findExecutable(QString::fromLatin1(player.program));
@@ -58,7 +58,9 @@ Listening::Listening(const zokit::Tools& tools, std::unique_ptr<SoundDevice> dev
     connect(&m_player, &zokit::Child::finished, this, [this](const zokit::ChildResult& result) {
         if (isMaking())
             return; // Another piece is being made.
-        if (!result.isGood() && result.end != zokit::ChildEnd::Cancelled)
+        // Without a sound device ffplay ends well, and only says so.
+        const bool isMute = result.lastWords().startsWith(QLatin1String("Failed to open file"));
+        if ((!result.isGood() && result.end != zokit::ChildEnd::Cancelled) || isMute)
             return fail(
                 tr("No sound can be heard here. Check that loudspeakers are connected and other programs are heard. "
                    "The player says: %1")

@@ -395,18 +395,20 @@ void TestEditorTimeLine::withoutAPlayerThatIsSaid()
         QTRY_VERIFY_WITH_TIMEOUT(stage.status().contains(key("There is no player for sound")), 60000);
         QVERIFY(!stage.window().actions().action("listen")->isChecked());
     }
-    {
+    for (const auto& [words, status] :
+         {std::pair<const char*, int>{"Connection refused", 1}, {"Failed to open file x", 0}}) {
         const QTemporaryDir folder;
         QFile script(folder.filePath(key("deaf")));
         QVERIFY(script.open(QIODevice::WriteOnly));
-        script.write("#!/bin/sh\necho 'Connection refused' >&2\nexit 1\n");
+        script.write(QStringLiteral("#!/bin/sh\necho '%1' >&2\nexit %2\n").arg(key(words)).arg(status).toUtf8());
         script.setPermissions(script.permissions() | QFile::ExeOwner);
         script.close();
         const Variable named("ZOEDITOR_PLAYER", QFile::encodeName(script.fileName()));
         stage.trigger("listen");
         QTRY_COMPARE_WITH_TIMEOUT(stage.status(),
                                   key("No sound can be heard here. Check that loudspeakers are connected and other "
-                                      "programs are heard. The player says: Connection refused"),
+                                      "programs are heard. The player says: ")
+                                      + key(words),
                                   60000);
     }
     const Variable path("PATH", "/nowhere");
