@@ -61,6 +61,7 @@ ApplyDialog::ApplyDialog(Session* session, QWidget* parent)
     , m_differences(new DifferenceList(this))
     , m_problem(new QLabel(this))
     , m_pictures(new QWidget(this))
+    , m_picturesTitle(new QLabel(m_pictures))
     , m_smallest(pictureLabel("smallest", m_pictures))
     , m_largest(pictureLabel("largest", m_pictures))
 {
@@ -93,10 +94,12 @@ ApplyDialog::ApplyDialog(Session* session, QWidget* parent)
     rightLayout->setContentsMargins(0, 0, 0, 0);
     rightLayout->addWidget(m_where);
     rightLayout->addWidget(m_differences, 1);
-    auto* pictures = new QHBoxLayout(m_pictures);
+    auto* pictures = new QGridLayout(m_pictures);
     pictures->setContentsMargins(0, 0, 0, 0);
-    pictures->addWidget(m_smallest);
-    pictures->addWidget(m_largest);
+    m_picturesTitle->setObjectName(QStringLiteral("picturesTitle"));
+    pictures->addWidget(m_picturesTitle, 0, 0, 1, 2);
+    pictures->addWidget(m_smallest, 1, 0);
+    pictures->addWidget(m_largest, 1, 1);
     rightLayout->addWidget(m_pictures);
     auto* columns = new QSplitter(Qt::Horizontal, this);
     columns->setObjectName(QStringLiteral("applyColumns"));
@@ -120,7 +123,6 @@ ApplyDialog::ApplyDialog(Session* session, QWidget* parent)
     connect(m_what, &WhatTree::whatChanged, this, &ApplyDialog::update);
     connect(m_where, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &ApplyDialog::update);
     connect(m_add, &QCheckBox::toggled, this, &ApplyDialog::update);
-    connect(m_differences, &QTreeWidget::itemExpanded, this, &ApplyDialog::showDifferences);
     update();
 }
 
@@ -149,7 +151,6 @@ zokit::Settings ApplyDialog::after(const zokit::Settings& before) const
     return after;
 }
 
-/// One row a file; what changes in it follows when the row is opened, as the first one is.
 void ApplyDialog::update()
 {
     const QVector<FileSettings*> files = targets();
@@ -165,30 +166,9 @@ void ApplyDialog::update()
     m_apply->setEnabled(problem.isEmpty());
     m_apply->setText(tr("Apply to %n file(s)", nullptr, static_cast<int>(files.size())));
 
-    m_differences->clear();
-    QList<QTreeWidgetItem*> rows;
-    if (problem.isEmpty()) {
-        for (const FileSettings* file : files) {
-            auto* row = new QTreeWidgetItem({shownName(file->media().file)});
-            row->setData(0, Qt::UserRole, file->file());
-            row->setToolTip(0, file->media().file);
-            row->setChildIndicatorPolicy(QTreeWidgetItem::ShowIndicator);
-            rows.append(row);
-        }
-    }
-    m_differences->addTopLevelItems(rows);
-    if (!rows.isEmpty())
-        rows.first()->setExpanded(true);
+    m_differences->show(problem.isEmpty() ? files : QVector<FileSettings*>(),
+                        [this](const zokit::Settings& before) { return zokit::differences(before, after(before)); });
     showPictures();
-}
-
-void ApplyDialog::showDifferences(QTreeWidgetItem* row)
-{
-    const FileSettings* file = m_session->project().file(row->data(0, Qt::UserRole).toULongLong());
-    if (row->childCount() > 0 || !file)
-        return;
-    const zokit::Settings before = file->settings();
-    m_differences->add(zokit::differences(before, after(before)), row);
 }
 
 void ApplyDialog::showPicture(QLabel* label, const FileSettings* file)
@@ -223,6 +203,10 @@ void ApplyDialog::showPictures()
         std::minmax_element(files.cbegin(), files.cend(), [](const FileSettings* left, const FileSettings* right) {
             return pixelsOf(left) < pixelsOf(right);
         });
+    const bool areAlike = (*smallest)->media().frame == (*largest)->media().frame;
+    m_picturesTitle->setText(areAlike ? tr("What comes out:")
+                                      : tr("What comes out in the smallest and in the largest:"));
+    m_largest->setVisible(!areAlike);
     showPicture(m_smallest, *smallest);
     showPicture(m_largest, *largest);
 }

@@ -15,7 +15,6 @@ class QCheckBox;
 class QComboBox;
 class QLabel;
 class QPushButton;
-class QTreeWidgetItem;
 
 namespace zoeditor {
 
@@ -39,7 +38,6 @@ private:
     zokit::CarryOver carry() const;
     zokit::Settings after(const zokit::Settings& before) const;
     void update();
-    void showDifferences(QTreeWidgetItem* row);
     void showPicture(QLabel* label, const zokit::FileSettings* file);
     void showPictures();
 
@@ -51,6 +49,7 @@ private:
     DifferenceList* m_differences;
     QLabel* m_problem;
     QWidget* m_pictures;
+    QLabel* m_picturesTitle;
     QLabel* m_smallest;
     QLabel* m_largest;
     QPushButton* m_apply;

@@ -3,22 +3,34 @@
 
 #pragma once
 
+#include <functional>
+
 #include <QTreeWidget>
 #include <QVector>
 
 #include <zokit/differences.h>
+#include <zokit/filesettings.h>
 
 namespace zoeditor {
 
-/// Differences of settings for people: what, the old value, the new one. Rows above them may stand for files.
+/// What will change in files, for people: a row a file, below it what, the old value, the new one.
 class DifferenceList : public QTreeWidget {
     Q_OBJECT
 
 public:
     explicit DifferenceList(QWidget* parent = nullptr);
 
-    /// Puts \a differences below \a above, or at the top without; that there is none, in words.
-    void add(const QVector<zokit::Difference>& differences, QTreeWidgetItem* above = nullptr);
+    using Find = std::function<QVector<zokit::Difference>(const zokit::Settings& before)>;
+
+    /// A row for each of \a files, which outlive this. \a find is asked what changes in one when its row is opened, as
+    /// the first one is; that nothing does is said, too.
+    void show(const QVector<zokit::FileSettings*>& files, Find find);
+
+private:
+    void fill(QTreeWidgetItem* row);
+
+    QVector<zokit::FileSettings*> m_files;
+    Find m_find;
 };
 
 } // namespace zoeditor

@@ -80,11 +80,11 @@ QWidget* PresetsDialog::makeList()
     QPushButton* import = makeButton(row, "importPreset", tr("&Import..."), page);
     m_export = makeButton(row, "exportPreset", tr("&Export..."), page);
     layout->addLayout(row);
-    auto* title = new QLabel(tr("What it changes in the current file:"), page);
+    auto* title = new QLabel(tr("What it changes in the selected files:"), page);
     title->setBuddy(m_differences);
     layout->addWidget(title);
     layout->addWidget(m_differences, 1);
-    m_layOver = makeButton(layout, "layOver", tr("&Apply to the selected files"), page);
+    m_layOver = makeButton(layout, "layOver", QString(), page);
 
     connect(m_list, &QListWidget::currentRowChanged, this, &PresetsDialog::update);
     connect(m_layOver, &QPushButton::clicked, this, &PresetsDialog::layOver);
@@ -153,21 +153,31 @@ void PresetsDialog::update()
     const zokit::FileSettings* file = m_session->current();
     const bool isChosen = !chosen().isEmpty();
     const bool hasName = !m_name->text().isEmpty();
-    m_differences->clear();
+    QVector<zokit::FileSettings*> files;
+    DifferenceList::Find find;
     Message refused;
     if (isChosen && file) {
         const zokit::Presets::Loaded loaded = m_presets.load(chosen());
         const zokit::CarryOver carry = zokit::carryOfPreset(loaded.preset);
         refused = loaded.error.isEmpty() ? zokit::checkCarryOver(loaded.preset, carry) : loaded.error;
         if (refused.isEmpty()) {
-            const zokit::Settings before = file->settings();
-            zokit::Settings after = zokit::carriedOver(loaded.preset, before, carry);
-            refused = m_session->chooseTracks(before, after);
-            m_differences->add(zokit::differences(before, after));
+            const auto after = [this, loaded, carry](const zokit::Settings& before, Message* problem) {
+                zokit::Settings settings = zokit::carriedOver(loaded.preset, before, carry);
+                *problem = m_session->chooseTracks(before, settings);
+                return settings;
+            };
+            after(file->settings(), &refused); // Of the others it is said when it is applied.
+            files = m_session->selected();
+            find = [after](const zokit::Settings& before) {
+                Message ignored;
+                return zokit::differences(before, after(before, &ignored));
+            };
         }
     }
+    m_differences->show(files, find);
     tell(refused);
     m_layOver->setEnabled(isChosen && file && refused.isEmpty());
+    m_layOver->setText(tr("&Apply to %n selected file(s)", nullptr, static_cast<int>(m_session->selected().size())));
     for (QPushButton* button : {m_remove, m_export})
         button->setEnabled(isChosen);
     m_rename->setEnabled(isChosen && hasName);

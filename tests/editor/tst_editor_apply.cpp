@@ -188,6 +188,12 @@ void TestEditorApply::watermarkIsShownInTheSmallestAndTheLargest()
     QCOMPARE(smallest->toolTip(), key("high.mkv, 16 x 720"));
     QCOMPARE(largest->toolTip(), key("wide.mkv, 1280 x 16"));
     QCOMPARE(largest->accessibleName(), largest->toolTip());
+    QCOMPARE(stage.find<QLabel>("picturesTitle")->text(), key("What comes out in the smallest and in the largest:"));
+    stage.session().select({stage.file(0), stage.file(1)});
+    stage.find<QComboBox>("where")->setCurrentIndex(0);
+    QCOMPARE(smallest->toolTip(), key("wide.mkv, 1280 x 16"));
+    QVERIFY(!stage.find<QLabel>("largest")); // It is the same one.
+    QCOMPARE(stage.find<QLabel>("picturesTitle")->text(), key("What comes out:"));
     rowOf(stage.find<QTreeWidget>("what"), "Watermark")->setCheckState(0, Qt::Unchecked);
     rowOf(stage.find<QTreeWidget>("what"), "Colour")->setCheckState(0, Qt::Checked);
     settle();

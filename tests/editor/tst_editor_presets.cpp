@@ -106,14 +106,18 @@ void TestEditorPresets::presetIsSavedAndLaidOver()
     stage.list()->setCurrentRow(0);
     auto* list = stage.find<QTreeWidget>("differences");
     QStringList addresses;
-    for (int i = 0; i < list->topLevelItemCount(); ++i)
-        addresses.append(list->topLevelItem(i)->toolTip(0) + list->topLevelItem(i)->text(2));
+    QCOMPARE(list->topLevelItemCount(), 2);
+    QCOMPARE(list->topLevelItem(1)->text(0), key("wide.mkv"));
+    list->topLevelItem(1)->setExpanded(true);
+    for (int i = 0; i < list->topLevelItem(1)->childCount(); ++i)
+        addresses.append(list->topLevelItem(1)->child(i)->toolTip(0) + list->topLevelItem(1)->child(i)->text(2));
     QVERIFY2(addresses.contains(key("Color:bcs_contrast10")), qPrintable(addresses.join(QLatin1Char(' '))));
+    QCOMPARE(stage.find<QPushButton>("layOver")->text(), key("&Apply to the 2 selected files"));
     stage.click("layOver");
     QCOMPARE(contrast(stage.file(0)), QVariant(10));
     QCOMPARE(contrast(stage.file(1)), QVariant(10));
     QCOMPARE(stage.session().history().position(), steps + 1);
-    QCOMPARE(list->topLevelItem(0)->text(0), key("Nothing changes."));
+    QCOMPARE(list->topLevelItem(0)->child(0)->text(0), key("Nothing changes."));
 }
 
 void TestEditorPresets::presetHoldsWhatIsChecked()
