@@ -206,7 +206,7 @@ QWidget* ConvertDialog::makePlans()
     layout->addWidget(m_command, 1);
     auto* sampleRow = new QHBoxLayout;
     m_sampleButton = makeButton(sampleRow, "sample", tr("Convert 10 seconds from &here"), page);
-    m_showSample = makeButton(sampleRow, "showSample", tr("&Watch them"), page);
+    m_showSample = makeButton(sampleRow, "showSample", tr("&Watch these 10 seconds"), page);
     layout->addLayout(sampleRow);
     m_sampleState->setObjectName(QStringLiteral("sampleState"));
     m_sampleState->setWordWrap(true);
