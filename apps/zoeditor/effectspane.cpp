@@ -22,6 +22,7 @@
 #include "actions.h"
 #include "buttons.h"
 #include "filesmodel.h"
+#include "hint.h"
 #include "session.h"
 #include "undokeys.h"
 
@@ -117,6 +118,8 @@ EffectsPane::EffectsPane(Session* session, const Actions& actions, QWidget* pare
     const QString longest = QStringLiteral("99") + FilesModel::separator() + tr("changed");
     m_tree->setColumnWidth(Model::ValueColumn, fontMetrics().horizontalAdvance(longest) + 8);
     m_tree->setHeaderHidden(true);
+    showHint(m_tree,
+             [this] { return m_session->current() ? QString() : tr("Open a film to see what can be done with it."); });
 
     auto* buttons = new QHBoxLayout;
     auto* adding = new QToolButton(this);
@@ -176,6 +179,9 @@ EffectsPane::EffectsPane(Session* session, const Actions& actions, QWidget* pare
         search->setFocus(Qt::ShortcutFocusReason);
         search->selectAll();
     });
+    const auto updateAdding = [session, adding] { adding->setEnabled(session->current() != nullptr); };
+    connect(session, &Session::currentChanged, adding, updateAdding);
+    updateAdding();
     connectActions(actions);
     showChosen();
 }

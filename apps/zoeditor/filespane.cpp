@@ -19,6 +19,7 @@
 #include <QUrl>
 #include <QVBoxLayout>
 
+#include "hint.h"
 #include "session.h"
 #include "thumbnails.h"
 #include "undokeys.h"
@@ -98,6 +99,8 @@ FilesPane::FilesPane(Session* session, QWidget* parent)
     m_view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_view->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
 
+    showHint(m_view,
+             [filter] { return filter->text().isEmpty() ? tr("Drop films or folders here.") : tr("Nothing found."); });
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(filter);

@@ -12,6 +12,8 @@
 
 #include <zokit/languages.h>
 
+#include "hint.h"
+
 namespace zoeditor {
 
 namespace {
@@ -32,6 +34,7 @@ LanguageList::LanguageList(const QString& name, const QString& label, QWidget* p
     setObjectName(name);
     m_list->setObjectName(name + QStringLiteral(":list"));
     m_list->setAccessibleName(label);
+    showHint(m_list, [] { return tr("None is asked for. Choose one below and add it."); });
     m_list->setDragDropMode(QAbstractItemView::InternalMove);
     connect(m_list->model(), &QAbstractItemModel::rowsMoved, this, &LanguageList::edited);
     m_choice->setObjectName(name + QStringLiteral(":choice"));

@@ -16,6 +16,7 @@
 #include <QVBoxLayout>
 
 #include <zokit/filesettings.h>
+#include <zokit/properties.h>
 #include <zokit/settingsmodel.h>
 
 #include "anchorcontrol.h"
@@ -130,8 +131,14 @@ void Panel::rebuild()
         }
     }
     const QVector<QModelIndex> values = valuesInGroups(model, chosen);
-    if (chosen.isValid() && values.isEmpty()) {
-        auto* text = new QLabel(tr("There is nothing to set here: the box in the list above switches it."), page);
+    const bool isEmptyList = zokit::hasItems(chosen.data(Model::TypeRole).toString())
+                             && chosen.data(Model::KindRole).toInt() == Model::TypeRow
+                             && chosen.data(Model::ItemCountRole).toInt() == 0;
+    if (chosen.isValid() && (values.isEmpty() || isEmptyList)) {
+        auto* text =
+            new QLabel(isEmptyList ? tr("There are none yet. The button Add above makes the first one.")
+                                   : tr("There is nothing to set here: the box in the list above switches it."),
+                       page);
         text->setObjectName(QStringLiteral("noValues"));
         text->setWordWrap(true);
         grid->addWidget(text, grid->rowCount(), 0, 1, Columns);

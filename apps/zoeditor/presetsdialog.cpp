@@ -25,6 +25,7 @@
 #include "buttons.h"
 #include "defaultspage.h"
 #include "differencelist.h"
+#include "hint.h"
 #include "session.h"
 #include "whattree.h"
 
@@ -74,6 +75,8 @@ QWidget* PresetsDialog::makeList()
     layout->setContentsMargins(0, 0, 0, 0);
     m_list->setObjectName(QStringLiteral("presetList"));
     m_list->setAccessibleName(tr("Presets"));
+    showHint(m_list, [] { return tr("There is no preset yet. Check what it is to hold, name it and save it."); });
+    showHint(m_differences, [] { return tr("Choose a preset to see what it changes."); });
     layout->addWidget(m_list, 1);
     auto* row = new QHBoxLayout;
     m_remove = makeButton(row, "removePreset", tr("Re&move"), page);

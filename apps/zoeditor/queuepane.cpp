@@ -16,6 +16,7 @@
 
 #include <zokit/shell.h>
 
+#include "hint.h"
 #include "jobs.h"
 #include "names.h"
 #include "outside.h"
@@ -57,8 +58,10 @@ QueuePane::QueuePane(zokit::Queue* queue, QWidget* parent)
     for (const int column : {ProgressColumn, LeftColumn})
         m_list->header()->setSectionResizeMode(column, QHeaderView::ResizeToContents);
     m_list->header()->setStretchLastSection(false);
+    showHint(m_list, [] { return tr("Nothing is to be converted yet. Choose Convert above."); });
     m_log->setObjectName(QStringLiteral("queueLog"));
     m_log->setAccessibleName(tr("Log of the chosen file"));
+    m_log->setPlaceholderText(m_log->accessibleName());
     m_log->setReadOnly(true);
     m_log->setTabChangesFocus(true);
     m_summary->setObjectName(QStringLiteral("queueSummary"));

@@ -21,6 +21,7 @@
 #include <QVBoxLayout>
 
 #include "buttons.h"
+#include "hint.h"
 #include "jobs.h"
 #include "languagelist.h"
 #include "names.h"
@@ -168,6 +169,9 @@ QWidget* TracksDialog::makeTracks()
     m_tracks->setItemDelegate(new Wrapping(m_tracks));
     m_tracks->header()->setSectionResizeMode(QHeaderView::Stretch);
     m_tracks->header()->setStretchLastSection(false);
+    showHint(m_tracks, [] {
+        return tr("This file has neither sound nor subtitles. The menu Edit adds a sound file or a subtitle file.");
+    });
     connect(m_tracks->header(), &QHeaderView::sectionResized, m_tracks, &QTreeWidget::doItemsLayout,
             Qt::QueuedConnection);
     m_byRule = new QPushButton(tr("By the &rules again"), page);

@@ -168,6 +168,26 @@ void Full::visitRecovery(const std::function<void(QWidget&, const QString&)>& lo
     asking.start({});
 }
 
+/// Where there is nothing yet.
+void Full::visitEmpty(const std::function<void(QWidget&, const QString&)>& look) const
+{
+    const Qt::LayoutDirection direction = QGuiApplication::layoutDirection();
+    const Stage silent({clips::clip(key("silent.mkv"))});
+    QGuiApplication::setLayoutDirection(direction);
+    silent.window().resize(window().size());
+    silent.session().setThing(silent.file(0)->type(key("Watermark")));
+    settle();
+    look(silent.window(), key("empty-Watermark"));
+    silent.visitDialogs([&](QWidget& dialog) {
+        if (dialog.objectName() == key("presetsDialog") || dialog.objectName() == key("tracksDialog"))
+            look(dialog, key("empty-") + dialog.objectName());
+    });
+    silent.session().remove({0});
+    silent.trigger("queue");
+    settle();
+    look(silent.window(), key("empty"));
+}
+
 void Full::visitEverything(const std::function<void(QWidget&, const QString&)>& look) const
 {
     const Qt::LayoutDirection direction = QGuiApplication::layoutDirection();
@@ -227,6 +247,7 @@ void Full::visitEverything(const std::function<void(QWidget&, const QString&)>& 
         answer(question, button, [&](QWidget& shown) { look(shown, shown.objectName()); });
     window().close();
     visitRecovery(look);
+    visitEmpty(look);
 
     const QTemporaryDir empty;
     qputenv("ZOEFFECT_FFMPEG", QFile::encodeName(empty.path()));

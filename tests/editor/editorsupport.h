@@ -78,6 +78,7 @@ public:
 
 private:
     void visitRecovery(const std::function<void(QWidget& shown, const QString& name)>& look) const;
+    void visitEmpty(const std::function<void(QWidget& shown, const QString& name)>& look) const;
 };
 
 /// Lets everything be done that waits in the event loop, and what waits for that.

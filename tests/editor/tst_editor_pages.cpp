@@ -27,13 +27,16 @@ private slots:
     void everyControlHasNameAndRole();
     void nothingIsCutOff_data();
     void nothingIsCutOff();
+    void emptyListsSayWhatToDo_data();
+    void emptyListsSayWhatToDo();
+    void hintGoesWhenThereIsSomething();
     void cutOffIsFound_data();
     void cutOffIsFound();
 };
 
 namespace {
 
-constexpr int pages = 37; // 23 in the panel, history, queue, 7 of dialogs, 4 questions, without ffmpeg.
+constexpr int pages = 41; // 23 in the panel, history, queue, 7 of dialogs, 4 questions, 4 empty ones, without ffmpeg.
 
 /// What is wrong with the controls below \a object for who cannot see them.
 void collectFaults(QAccessibleInterface* object, const QString& path, QStringList* faults)
@@ -128,6 +131,60 @@ void TestEditorPages::nothingIsCutOff()
     });
     QVERIFY2(faults.isEmpty(), qPrintable(faults.join(QLatin1Char('\n'))));
     QCOMPARE(seen, pages);
+}
+
+void TestEditorPages::emptyListsSayWhatToDo_data()
+{
+    QTest::addColumn<QByteArray>("action");
+    QTest::addColumn<QByteArray>("list");
+    QTest::addColumn<QString>("sentence");
+    const auto row = [](const char* action, const char* list, const char* sentence) {
+        QTest::newRow(list) << QByteArray(action) << QByteArray(list) << key(sentence);
+    };
+    row("removeFiles", "fileList", "Drop films or folders here.");
+    row("removeFiles", "effectTree", "Open a film to see what can be done with it.");
+    row("queue", "queueList", "Nothing is to be converted yet. Choose Convert above.");
+    row("presets", "presetList", "There is no preset yet. Check what it is to hold, name it and save it.");
+    row("presets", "differences", "Choose a preset to see what it changes.");
+    row("tracks", "tracks",
+        "This file has neither sound nor subtitles. The menu Edit adds a sound file or a subtitle file.");
+    row("tracks", "audioLanguages:list", "None is asked for. Choose one below and add it.");
+}
+
+void TestEditorPages::emptyListsSayWhatToDo()
+{
+    QFETCH(const QByteArray, action);
+    QFETCH(const QByteArray, list);
+    QFETCH(const QString, sentence);
+    const Stage stage({clips::clip(key("silent.mkv"))});
+    QVERIFY(stage.trigger(action.constData()));
+    settle();
+    const auto* view = stage.find<QAbstractItemView>(list.constData());
+    const auto* hint = stage.find<QLabel>((list + ":hint").constData());
+    QVERIFY(view && hint);
+    QCOMPARE(hint->text(), sentence);
+    QCOMPARE(view->accessibleDescription(), sentence);
+    QVERIFY(view->viewport()->rect().contains(hint->geometry()));
+    QVERIFY(hint->heightForWidth(hint->width()) <= hint->height());
+}
+
+void TestEditorPages::hintGoesWhenThereIsSomething()
+{
+    const Stage stage({clips::clip(key("silent.mkv"))});
+    QVERIFY(!stage.find("fileList:hint") && !stage.find("effectTree:hint"));
+    QVERIFY(stage.find("addItem")->isEnabled());
+    stage.find<QLineEdit>("filter")->setText(key("none is called so"));
+    QCOMPARE(stage.find<QLabel>("fileList:hint")->text(), key("Nothing found."));
+    stage.find<QLineEdit>("filter")->clear();
+    QVERIFY(!stage.find("fileList:hint"));
+    stage.session().setThing(stage.file(0)->type(key("Watermark")));
+    settle();
+    QCOMPARE(stage.find<QLabel>("noValues")->text(),
+             key("There are none yet. The button Add above makes the first one."));
+    stage.trigger("addText");
+    stage.session().setThing(stage.file(0)->type(key("Watermark")));
+    settle();
+    QVERIFY(!stage.find("noValues"));
 }
 
 void TestEditorPages::cutOffIsFound_data()
