@@ -7,6 +7,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <deque>
+#include <limits>
 
 #include <QTimer>
 
@@ -69,6 +70,7 @@ private:
     std::deque<QImage> m_pictures;
     qint64 m_first = 0; ///< Number of the first of them.
     qint64 m_wanted = 0;
+    qint64 m_last = 0; ///< No picture comes behind it, as far as is known.
     qint64 m_shown = -1;
     bool m_isComingBack = false;
     bool m_waits = false; ///< The decoder is stopped: it is far enough ahead.
@@ -96,6 +98,7 @@ void Scrubber::Private::close()
     m_bytes.clear();
     m_pictures.clear();
     m_size = QSize();
+    m_last = std::numeric_limits<qint64>::max();
     m_shown = -1;
     m_hasEnded = false;
 }
@@ -106,6 +109,7 @@ void Scrubber::Private::want(double seconds)
         return;
     const double length = m_question.media.seconds;
     m_wanted = numberAt(length > 0 ? std::min(seconds, length - 1.0 / picturesPerSecond) : seconds);
+    m_wanted = std::min(m_wanted, m_last);
     comeBack();
 }
 
@@ -140,7 +144,7 @@ void Scrubber::Private::startWhereNeeded()
     }
     if (m_wanted < m_first)
         startAt(std::max(m_wanted - behind, qint64(0)));
-    else if (m_wanted >= end() + reach && !m_hasEnded)
+    else if (m_wanted >= end() + reach && m_wanted <= m_last && !m_hasEnded)
         startAt(m_wanted);
 }
 
@@ -156,7 +160,9 @@ void Scrubber::Private::startAt(qint64 number)
     connect(m_child.get(), &Child::outputReady, this, &Private::read);
     connect(m_child.get(), &Child::finished, this, [this](const ChildResult& result) {
         m_hasEnded = true;
-        if (m_pictures.empty() && !result.isGood())
+        if (result.isGood())
+            m_last = end() - 1;
+        else if (m_pictures.empty())
             m_size = QSize();
         comeBack();
     });

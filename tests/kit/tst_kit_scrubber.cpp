@@ -79,6 +79,7 @@ private Q_SLOTS:
     void wishedPictureComes();
     void everyMoveIsFollowed();
     void theWayThereIsSeen();
+    void clipMayBeShorterThanItSays();
     void picturesFit_data();
     void picturesFit();
     void coloursAreThoseOfTheClip_data();
@@ -138,6 +139,20 @@ void TestKitScrubber::theWayThereIsSeen()
         QVERIFY2(watched.numbers.at(i) > watched.numbers.at(i - 1), "each picture is nearer to the wish");
 }
 
+void TestKitScrubber::clipMayBeShorterThanItSays()
+{
+    Watched watched;
+    FrameQuestion question = questionOf(key("counting.mkv"));
+    question.media.seconds = 20;
+    watched.scrubber.open(question, most);
+    watched.scrubber.want(18);
+    QVERIFY(watched.comesTo(99));
+    question.media.seconds = 0; // Nor need it say anything.
+    watched.scrubber.open(question, most);
+    watched.scrubber.want(2.0);
+    QVERIFY(watched.comesTo(50));
+}
+
 void TestKitScrubber::picturesFit_data()
 {
     QTest::addColumn<QString>("clip");
@@ -145,6 +160,7 @@ void TestKitScrubber::picturesFit_data()
     QTest::addColumn<QSize>("size");
     QTest::newRow("smaller than the room") << key("counting.mkv") << QSize(960, 540) << QSize(64, 48);
     QTest::newRow("larger") << key("plain.mp4") << QSize(80, 80) << QSize(80, 60);
+    QTest::newRow("higher") << key("plain.mp4") << QSize(960, 60) << QSize(80, 60);
     QTest::newRow("turned") << key("rotate90.mp4") << QSize(60, 60) << QSize(45, 60);
 }
 
@@ -190,6 +206,7 @@ void TestKitScrubber::effectsAreSeenAndNoCrop()
     QVERIFY(file.setValues(file.type(key("Crop")), {{key("crop_width"), 32}, {key("crop_height"), 24}}).isEmpty());
     QVERIFY(file.setValue(file.type(key("Color")), key("bcs_brightness"), -50).isEmpty());
     question.settings = file.settings();
+    question.kind = FrameKind::After; // Nor here: a drag shows the whole frame.
     Watched watched;
     watched.scrubber.open(question, most);
     watched.scrubber.want(2.0);
@@ -204,6 +221,12 @@ void TestKitScrubber::nothingComesOfNothing()
     watched.scrubber.want(1.0); // Nothing is open.
     watched.scrubber.open(questionOf(key("sound.wav")), most);
     watched.scrubber.want(1.0); // There is no picture in it.
+    zokit::Tools none = zokit::findTools();
+    none.error = zokit::Message(zokit::Message::Code::ToolMissing, {key("ffmpeg"), key("ffmpeg")});
+    Scrubber without(none);
+    const QSignalSpy shown(&without, &Scrubber::shown);
+    without.open(questionOf(key("counting.mkv")), most);
+    without.want(1.0);
     FrameQuestion gone = questionOf(key("counting.mkv"));
     gone.media.file = key("/nowhere/counting.mkv");
     Watched other;
@@ -221,6 +244,7 @@ void TestKitScrubber::nothingComesOfNothing()
     QTest::qWait(1);
     QCOMPARE(good.numbers.last(), 99);
     QVERIFY(watched.numbers.isEmpty());
+    QVERIFY(shown.isEmpty());
     QVERIFY(other.numbers.isEmpty());
 }
 
