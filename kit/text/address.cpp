@@ -28,7 +28,7 @@ QStringList keysOf(const QString& type)
         if (known.type == type)
             keys.append(known.key);
     }
-    if (type != outputType && type != tracksType)
+    if (type != tracksType)
         keys.append(own::selected);
     if (type == watermarkType)
         keys.append(own::anchor);

@@ -187,15 +187,18 @@ void TestKitProperties::valueIsRead_data()
     row("a whole number with a point", "Color:bcs_contrast", 20.0, 20);
     row("a negative number", "Color:bcs_contrast", QStringLiteral("-50"), -50);
     row("a number of another width", "Color:bcs_contrast", qlonglong(7), 7);
+    row("a number in bytes", "Color:bcs_contrast", QByteArray("-7"), -7);
     row("a double", "Watermark:wm_transfactor", QStringLiteral("1.25"), 1.25);
     row("a double from a whole number", "Watermark:wm_transfactor", 2, 2.0);
     row("true", "Crop:crop_keepaspectratio", QStringLiteral("true"), true);
     row("false", "Crop:crop_keepaspectratio", QStringLiteral("FALSE"), false);
+    row("zero", "Crop:crop_keepaspectratio", 0, false);
     row("one", "Crop:crop_keepaspectratio", QStringLiteral("1"), true);
     row("a check state", "Effect:_checkstate", 2, true);
     row("a colour", "Watermark:wm_fontcolor", QStringLiteral("#ff8000"), QColor(255, 128, 0));
     row("a colour with alpha first", "Watermark:wm_fontcolor", QStringLiteral("#80ffffff"), QColor(255, 255, 255, 128));
     row("a colour by name", "Watermark:wm_fontcolor", QStringLiteral("rebeccapurple"), QVariant());
+    row("no colour at all", "Watermark:wm_fontcolor", QColor(), QVariant());
     row("a colour of CSS", "Watermark:wm_fontcolor", QStringLiteral("orange"), QColor(255, 165, 0));
     row("a family", "Watermark:wm_fontname", QStringLiteral("DejaVu Sans"), QFont(QStringLiteral("DejaVu Sans")));
     row("a choice", "Watermark:wm_fontstyle", QStringLiteral("Bold Italic"), QStringLiteral("Bold Italic"));
@@ -208,6 +211,7 @@ void TestKitProperties::valueIsRead_data()
     row("a place before the edge", "Watermark:wm_hposition", -400, -400);
     row("languages", "Tracks:audio-language", QStringLiteral("fra, eng"),
         QStringList{QStringLiteral("fra"), QStringLiteral("eng")});
+    row("a number for a language", "Tracks:audio-language", 5, QStringList{QStringLiteral("5")});
     row("a size", "Output:size", QStringLiteral("1280x720"), QStringLiteral("1280x720"));
     row("an exact size", "Output:size", QStringLiteral("1280x720,exact"), QStringLiteral("1280x720,exact"));
     row("the largest exact size", "Output:size", QStringLiteral("8192x8192,exact"), QStringLiteral("8192x8192,exact"));
@@ -257,6 +261,9 @@ void TestKitProperties::valueIsRefused_data()
     row("Crop:crop_keepaspectratio", 5, "Crop:crop_keepaspectratio: 5 is neither true nor false.");
     row("Watermark:wm_fontcolor", QStringLiteral("#fff"),
         "Watermark:wm_fontcolor: #fff is no colour. Write a name, #rrggbb, or #aarrggbb with the opacity first.");
+    row("Watermark:wm_fontcolor", 5,
+        "Watermark:wm_fontcolor: 5 is no colour. Write a name, #rrggbb, or #aarrggbb with the opacity first.");
+    row("Watermark:wm_fontname", 5, "Watermark:wm_fontname: 5 is no font. Write the name of a family.");
     row("Watermark:wm_fontname", QStringLiteral("  "),
         "Watermark:wm_fontname:    is no font. Write the name of a family.");
     row("Watermark:wm_fontstyle", QStringLiteral("Blod"),
@@ -275,6 +282,18 @@ void TestKitProperties::valueIsRefused_data()
         "Subtitle:trackid: 3000000000 is not between -2147483648 and 2147483647.");
     row("Tracks:audio-language", QVariantMap{{QStringLiteral("a"), 1}},
         "Tracks:audio-language: QVariantMap is no list. Write words with commas between them.");
+    row("Tracks:audio-language", QVariantList(),
+        "Tracks:audio-language:  is no list. Write words with commas between them.");
+    row("Tracks:audio-language", QStringLiteral("fra,,eng"),
+        "Tracks:audio-language: fra,,eng is no list. Write words with commas between them.");
+    row("Output:size", QStringList{QStringLiteral("12"), QStringLiteral("8")},
+        "Output:size: 12,8 is no size. Write WIDTHxHEIGHT, for example 1280x720, and ,exact behind it to force the "
+        "shape.");
+    for (const char* range : {"1,2,3", "x,2", "1,x", "-1,2", "2,2"})
+        QTest::newRow(range) << QStringLiteral("Output:trim") << QVariant(QString::fromLatin1(range))
+                             << QStringLiteral("Output:trim: %1 is no range. Write FROM,TO in seconds, for example "
+                                               "12,40.5; TO comes after FROM.")
+                                    .arg(QString::fromLatin1(range));
     row("Output:trim", QStringLiteral("5,2"),
         "Output:trim: 5,2 is no range. Write FROM,TO in seconds, for example 12,40.5; TO comes after FROM.");
     row("Output:container", QStringLiteral("mp5"),
@@ -312,6 +331,7 @@ void TestKitProperties::addressIsRead_data()
     row("Color:contrast", "Color has no property contrast. Did you mean bcs_contrast?");
     row("Color:bcs_contrats", "Color has no property bcs_contrats. Did you mean bcs_contrast?");
     row("Color:0:bcs_contrast", "Color has no items. Leave the position out.");
+    row("Tracks:selected", "Tracks has no property selected.");
     row("Output:qualty", "There is no output option qualty. Did you mean quality?");
     const char* const malformed = " is no address. Write TYPE:KEY or TYPE:POSITION:KEY, for example Color:bcs_contrast "
                                   "or Watermark:0:wm_fontsize.";
@@ -361,6 +381,18 @@ void TestKitProperties::wordsOfAPersonStayAsTheyAre()
     QCOMPARE(message.text(), QStringLiteral("%2: a%1\\nb is no whole number."));
     QCOMPARE(zokit::onOneLine(QString::fromUtf8("a\tb\x07 \xe2\x80\xae!\xe2\x80\xa8 \xc3\xa4")),
              QString::fromUtf8("a\\tb\\x07 \\u202e!\\u2028 \xc3\xa4"));
+    // What turns the direction of a line, or ends it, and what stands just beside that in the table of letters.
+    for (const int code : {0x200e, 0x200f, 0x202a, 0x2029, 0x2066, 0x2069})
+        QCOMPARE(zokit::onOneLine(QString(QChar(code))), QStringLiteral("\\u%1").arg(code, 0, 16));
+    for (const int code : {0x200d, 0x2010, 0x202f, 0x2064, 0x206a})
+        QCOMPARE(zokit::onOneLine(QString(QChar(code))), QString(QChar(code)));
+    // Without words there is nothing to fill in.
+    QCOMPARE(Message().text(), QString());
+    QCOMPARE(Message(Code::StepChange).text(), QStringLiteral("change "));
+    QCOMPARE(Message(Code::MemberType).text(), QStringLiteral(":  is expected."));
+    QVERIFY(!(message == Message(Code::NotAWholeNumber, {QStringLiteral("%2")})));
+    QVERIFY(!(message == Message(Code::NotANumber, message.arguments())));
+    QVERIFY(message == Message(Code::NotAWholeNumber, message.arguments()));
 }
 
 void TestKitProperties::germanIsComplete()
