@@ -36,8 +36,7 @@ int evenNear(double length, int most)
 
 bool leavesFrame(const Settings& settings, const QSize& frame)
 {
-    const TypeSettings* crop = selectedType(settings, "Crop");
-    return crop && !QRect(QPoint(0, 0), frame).contains(wishedCrop(crop->values));
+    return !QRect(QPoint(0, 0), frame).contains(wishedCrop(selectedType(settings, "Crop")->values));
 }
 
 bool cropsNothing(const Settings& settings)

@@ -44,8 +44,7 @@ void addSpeed(Chain& chain, double speed)
     const QString whole = filterNumber(speed);
     for (; speed < slowest; speed /= slowest)
         chain.add(QStringLiteral("atempo=0.5"));
-    if (speed != 1)
-        chain.add(QStringLiteral("atempo=") + filterNumber(speed));
+    chain.add(QStringLiteral("atempo=") + filterNumber(speed));
     // The filter leaves the beginning of a sound that begins later than the picture where it was.
     chain.add(QStringLiteral("asetpts=PTS-STARTPTS+STARTPTS/") + whole);
 }

@@ -144,6 +144,12 @@ void TestKitGraph::textOfTheGraph_data()
         "[0:3]format=yuv420p[picture]");
     row("interlaced", plain(hd), changed([](zokit::MediaStream& stream) { stream.isInterlaced = true; }), none,
         "[0:0]bwdif=mode=send_frame:deint=interlaced,format=yuv420p[picture]");
+    row("pixels that are squares, as it says", plain(hd), changed([](zokit::MediaStream& stream) {
+            stream.sampleAspect = {1, 1};
+        }),
+        none, "[0:0]format=yuv420p[picture]");
+    row("no frame in the settings", plain(QSize()), clip(QSize(321, 240)), none,
+        "[0:0]crop=320:240:0:0:exact=1,format=yuv420p[picture]");
     row("pixels that are no squares", plain(QSize(1024, 576)), changed([](zokit::MediaStream& stream) {
             stream.coded = QSize(720, 576);
             stream.shown = QSize(1024, 576);
@@ -167,6 +173,21 @@ void TestKitGraph::textOfTheGraph_data()
         parts([](GraphParts& given) { given.pixelFormat = QStringLiteral("yuv420p"); }),
         "[0:0]scale=out_color_matrix=bt709:out_range=tv:flags=accurate_rnd+full_chroma_int+full_chroma_inp,"
         "format=yuv444p,setparams=colorspace=bt709:range=tv,format=yuv420p[picture]");
+    row("rgb that stays", plain(hd), clip(hd, QStringLiteral("gbrp")), none, "[0:0]format=gbrp[picture]");
+    row("greys of full range", plain(hd), changed([](zokit::MediaStream& picture) {
+            picture.pixelFormat = QStringLiteral("gray");
+            picture.range = QStringLiteral("pc");
+        }),
+        none, "[0:0]scale=in_range=pc:out_range=pc,format=gray[picture]");
+    row("deep greys of full range below a watermark", plain(hd), changed([](zokit::MediaStream& picture) {
+            picture.pixelFormat = QStringLiteral("gray10le");
+            picture.range = QStringLiteral("pc");
+        }),
+        parts([](GraphParts& given) { given.watermarkInput = 1; }),
+        "[0:0]scale=in_range=pc:out_range=pc,format=yuv420p10le,scale=in_range=pc:out_range=pc:flags=neighbor,"
+        "format=yuv422p10le[p1];[1:v]setpts=-3600/TB,scale=out_color_matrix=bt709:out_range=pc:flags=accurate_rnd+"
+        "full_chroma_int+full_chroma_inp,format=yuva422p10le[p2];[p1][p2]overlay=format=yuv422p10,scale=in_range=pc:"
+        "out_range=pc:flags=neighbor,format=yuv420p10le,scale=in_range=pc:out_range=pc,format=gray10le[picture]");
     const GraphParts toRgb = parts([](GraphParts& given) { given.pixelFormat = QStringLiteral("gbrp"); });
     row("to rgb", plain(hd), clip(hd), toRgb,
         "[0:0]scale=in_color_matrix=bt709:in_range=tv:flags=accurate_rnd+full_chroma_int+full_chroma_inp,setsar=1,"
@@ -198,6 +219,11 @@ void TestKitGraph::textOfTheGraph_data()
         clip(hd, QStringLiteral("yuv444p")), none, "[0:0]crop=801:601:101:51:exact=1,format=yuv444p[picture]");
     row("crop of the whole frame", withCrop(hd, QRect(0, 0, 1280, 720)), clip(hd), none,
         "[0:0]format=yuv420p[picture]");
+    row("odd height", plain(QSize(320, 241)), clip(QSize(320, 241)), none,
+        "[0:0]crop=320:240:0:0:exact=1,format=yuv420p[picture]");
+    for (const char* grey : {"gray", "monob", "ya8"})
+        QTest::newRow(grey) << plain(QSize(321, 241)) << clip(QSize(321, 241), QString::fromLatin1(grey)) << none
+                            << QStringLiteral("[0:0]format=%1[picture]").arg(QLatin1String(grey));
     row("odd size", plain(QSize(321, 241)), clip(QSize(321, 241)), none,
         "[0:0]crop=320:240:0:0:exact=1,format=yuv420p[picture]");
     row("size", withOutput(withCrop(hd, QRect(100, 50, 800, 600)), "size", QStringLiteral("400x400")), clip(hd), none,
@@ -206,6 +232,8 @@ void TestKitGraph::textOfTheGraph_data()
     set(fast, "Audio_Speed", "audio_effect_flag", true);
     set(fast, "Audio_Speed", "audio_speed_factor", 150);
     row("speed", fast, clip(hd), none, "[0:0]setpts=PTS/1.5,format=yuv420p[picture]");
+    set(fast, "Audio_Speed", "audio_speed_factor", 0);
+    row("no speed at all", fast, clip(hd), none, "[0:0]format=yuv420p[picture]");
     row("HDR mapped", withOutput(plain(hd), "hdr", QStringLiteral("map")), changed([](zokit::MediaStream& picture) {
             picture.isHdr = true;
             picture.pixelFormat = QStringLiteral("yuv420p10le");
@@ -225,6 +253,24 @@ void TestKitGraph::textOfTheGraph_data()
         parts([](GraphParts& given) { given.pixelFormat = QStringLiteral("yuv420p"); }),
         "[0:0]setparams=colorspace=bt2020nc:color_primaries=bt2020:range=tv,zscale=t=linear:npl=100,format=gbrpf32le,"
         "zscale=p=bt709,tonemap=hable:desat=0,zscale=t=bt709:m=bt709:r=tv,format=yuv420p,format=yuv420p[picture]");
+    row("HDR that does not say its primaries", withOutput(plain(hd), "hdr", QStringLiteral("map")),
+        changed([](zokit::MediaStream& picture) {
+            picture.isHdr = true;
+            picture.colorSpace = QStringLiteral("bt2020c");
+        }),
+        none,
+        "[0:0]setparams=colorspace=bt2020c:color_primaries=bt2020:range=tv,zscale=t=linear:npl=100,format=gbrpf32le,"
+        "zscale=p=bt709,tonemap=hable:desat=0,zscale=t=bt709:m=bt709:r=tv,format=yuv420p,format=yuv420p[picture]");
+    row("HDR that says its primaries alone", withOutput(plain(hd), "hdr", QStringLiteral("map")),
+        changed([](zokit::MediaStream& picture) {
+            picture.isHdr = true;
+            picture.primaries = QStringLiteral("smpte432");
+            picture.matrix = QStringLiteral("bt2020");
+        }),
+        none,
+        "[0:0]setparams=colorspace=bt2020nc:color_primaries=smpte432:range=tv,zscale=t=linear:npl=100,"
+        "format=gbrpf32le,zscale=p=bt709,tonemap=hable:desat=0,zscale=t=bt709:m=bt709:r=tv,format=yuv420p,"
+        "format=yuv420p[picture]");
     row("a run-up", plain(hd), changed([](zokit::MediaStream& picture) {
             picture.timeBase = {1, 90000};
         }),
@@ -253,6 +299,10 @@ void TestKitGraph::textOfTheGraph_data()
         "TB,scale=out_color_matrix=bt601:out_range=pc:flags=accurate_rnd+full_chroma_int+"
         "full_chroma_inp,format=yuva422p10le[p2];[p1][p2]overlay=format=yuv422p10,scale=in_range=pc:out_range=pc,"
         "format=yuv422p10le[picture]");
+    row("watermark, ten bits and all colours", plain(hd), clip(hd, QStringLiteral("yuv444p10le")), marked,
+        "[0:0]null[p1];[1:v]setpts=-3600/TB,scale=out_color_matrix=bt709:out_range=tv:flags=accurate_rnd+"
+        "full_chroma_int+full_chroma_inp,format=yuva422p10le[p2];[p1][p2]overlay=format=yuv422p10,"
+        "format=yuv444p10le[picture]");
     row("watermark, ten bits and a quarter of the colours", plain(hd), clip(hd, QStringLiteral("yuv420p10le")), marked,
         "[0:0]scale=flags=neighbor,format=yuv422p10le[p1];[1:v]setpts=-3600/TB,scale=out_color_matrix=bt709:"
         "out_range=tv:flags=accurate_rnd+full_chroma_int+full_chroma_inp,format=yuva422p10le[p2];[p1][p2]"
@@ -465,6 +515,9 @@ void TestKitGraph::refusedGraphHasNoText_data()
     QTest::newRow("odd exact size")
         << withOutput(plain(hd), "size", QStringLiteral("201x200,exact"))
         << "201x200: with yuv420p width and height have to be even. Take another size, or a pixel format like yuv444p.";
+    QTest::newRow("odd exact height")
+        << withOutput(plain(hd), "size", QStringLiteral("200x201,exact"))
+        << "200x201: with yuv420p width and height have to be even. Take another size, or a pixel format like yuv444p.";
 }
 
 void TestKitGraph::refusedGraphHasNoText()
@@ -505,6 +558,10 @@ void TestKitGraph::warningsAreGiven()
     QCOMPARE(eight.text, QStringLiteral("[0:0]gblur=sigma=3,format=yuv420p,vignette=PI/4:dither=0,"
                                         "format=yuv420p10le[picture]"));
     QVERIFY(zokit::pictureGraph(deep, clip(hd), {}).warnings.isEmpty());
+    for (const char* format : {"rgb48le", "bgra64be", "gbrpf32le", "grayf32be", "p010le", "gray12le"}) {
+        const PictureGraph graph = zokit::pictureGraph(deep, clip(hd, QString::fromLatin1(format)), {});
+        QVERIFY2(codes(graph.warnings) == QVector<Code>{Code::MakesEightBits}, format);
+    }
 }
 
 void TestKitGraph::cropIsCutToTheFrame_data()
@@ -548,6 +605,7 @@ void TestKitGraph::outputSizeFitsIn_data()
     QTest::newRow("odd box") << QSize(1280, 720) << "641x361" << QSize(640, 360);
     QTest::newRow("very flat") << QSize(4000, 4) << "400x400" << QSize(400, 2);
     QTest::newRow("exact") << QSize(640, 360) << "1001x77,exact" << QSize(1001, 77);
+    QTest::newRow("nothing to scale") << QSize(0, 0) << "640x360" << QSize(0, 0);
 }
 
 void TestKitGraph::outputSizeFitsIn()

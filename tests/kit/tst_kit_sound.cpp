@@ -218,6 +218,7 @@ void TestKitSound::textOfTheFilters_data()
     const auto speed = [](int factor) { return with("Audio_Speed", values({{"audio_speed_factor", factor}})); };
     row("faster", speed(150), 0, "atempo=1.5,asetpts=PTS-STARTPTS+STARTPTS/1.5");
     row("slower", speed(75), 0, "atempo=0.75,asetpts=PTS-STARTPTS+STARTPTS/0.75");
+    row("half", speed(50), 0, "atempo=0.5,asetpts=PTS-STARTPTS+STARTPTS/0.5");
     row("a quarter", speed(25), 0, "atempo=0.5,atempo=0.5,asetpts=PTS-STARTPTS+STARTPTS/0.25");
     row("a tenth", speed(10), 0, "atempo=0.5,atempo=0.5,atempo=0.5,atempo=0.8,asetpts=PTS-STARTPTS+STARTPTS/0.1");
 }
@@ -258,6 +259,10 @@ void TestKitSound::unusedEffectsLeaveTheSound()
     QCOMPARE(textOf(plain(QSize(1280, 720))), QString());
     QCOMPARE(textOf(with("Audio_Speed", {})), QString());
     QCOMPARE(textOf(with("Audio_Normalize", {})), QString()); // A gain of 0.
+    QCOMPARE(textOf(with("Audio_Speed", values({{"audio_speed_factor", 0}}))),
+             QString()); // Which is refused elsewhere.
+    const Settings high = with("Audio_BandPass", values({{"audio_bandpass_requency", 90000}})); // Rate unknown.
+    QVERIFY(zokit::soundGraph(high, zokit::MediaStream(), SoundParts()).contains(QStringLiteral("=f=21600:")));
     SoundParts silent;
     silent.gain = -qInf();
     QCOMPARE(textOf(with("Audio_Normalize", {}), silent), QStringLiteral("aformat=sample_fmts=fltp,volume=0"));
