@@ -209,6 +209,9 @@ void TestKitSubtitleScript::linesStandApart()
              (QStringList{QStringLiteral("Dialogue: 0,0:00:01.00,0:00:02.50,Default,,0,0,0,,{\\i1}One"),
                           QStringLiteral("Dialogue: 1,0:00:01.00,0:00:02.50,Default,,0,0,144,,{\\i1}Two{\\i0}"),
                           QStringLiteral("Dialogue: 2,0:00:01.00,0:00:02.50,Default,,0,0,188,,{\\i1}{\\i0}Three")}));
+    QCOMPARE(linesWith(written(saying("One\\NTwo"), style), "Dialogue:"),
+             (QStringList{QStringLiteral("Dialogue: 0,0:00:01.00,0:00:02.50,Default,,0,0,0,,One"),
+                          QStringLiteral("Dialogue: 1,0:00:01.00,0:00:02.50,Default,,0,0,144,,Two")}));
 }
 
 void TestKitSubtitleScript::linesStayInTheFrame()
@@ -233,6 +236,21 @@ void TestKitSubtitleScript::colourIsTold_data()
     QTest::newRow("red letters") << saying("a") << Values{{key("sub_fontcolor"), QColor(Qt::red)}} << false << true;
     QTest::newRow("red outline") << saying("a") << Values{{key("sub_framecolor"), QColor(Qt::red)}} << false << true;
     QTest::newRow("red in the text") << saying("{\\c&H0000FF&}a") << Values() << false << true;
+    QTest::newRow("blue letters") << saying("a") << Values{{key("sub_fontcolor"), QColor(Qt::blue)}} << false << true;
+    QTest::newRow("red behind grey in the text")
+        << saying("{\\c&H808080&}a{\\c&H0000FF&}b") << Values() << false << true;
+    QTest::newRow("a number without its sign") << saying("{\\cH0000FF}a") << Values() << false << true;
+    QTest::newRow("no number") << saying("{\\c&Hred&}a") << Values() << false << false;
+    QByteArray white = ownScript;
+    white.replace("\\c&H0000FF&", "").replace("&H0000FFFF", "&H00FFFFFF");
+    const auto with = [&white](const char* from, const char* to) { return QByteArray(white).replace(from, to); };
+    QTest::newRow("white style of its own") << white << Values() << true << false;
+    QTest::newRow("red outline of its own")
+        << with("&H000000FF,&H00000000,", "&H000000FF,&H000000FF,") << Values() << true << true;
+    QTest::newRow("red shadow of its own") << with("&H00000000,0,0", "&H000000FF,0,0") << Values() << true << true;
+    QTest::newRow("a white style behind a yellow one")
+        << with("Style: ", "Style: Other,Serif,20,&H0000FFFF\nStyle: ") << Values() << true << true;
+    QTest::newRow("red in a text of its own") << with("Hello", "{\\c&H0000FF&}Hello") << Values() << true << true;
     QTest::newRow("opacity is no colour") << saying("{\\alpha&H80&\\1a&H40&}a") << Values() << false << false;
     QTest::newRow("yellow style of its own") << ownScript << Values() << true << true;
     QTest::newRow("its own style replaced")
@@ -261,6 +279,12 @@ void TestKitSubtitleScript::ownStylesAreKept()
     QCOMPARE(styleField(placed, "Fontname"), QStringLiteral("Serif"));
     QCOMPARE(linesWith(placed, "Dialogue:"),
              QStringList{QStringLiteral("Dialogue: 3,0:00:01.00,0:00:02.00,Sign,,0,0,0,,{\\c&H0000FF&}Hello, you")});
+
+    // Without a frame by as many lines as it says.
+    QCOMPARE(styleField(QString::fromUtf8(
+                            ownSubtitles(ownScript, {{key("sub_vposition"), 100}}, {QSize(), true, false}).script),
+                        "MarginV"),
+             QStringLiteral("100"));
 
     // A track of the clip takes the colours.
     const Values recoloured{{key("fontstyleusedefault"), false}, {key("sub_fontcolor"), QColor(Qt::blue)}};
@@ -294,6 +318,9 @@ void TestKitSubtitleScript::oldFormIsRead()
     QCOMPARE(styleField(script, "Alignment"), QStringLiteral("6"));
     QCOMPARE(styleField(script, "MarginV"), QStringLiteral("144"));
     QVERIFY(own.inColour); // The outline is yellow.
+    // Its colours have no opacity.
+    QCOMPARE(styleField(written(old, {{key("sub_transparency"), 50}}, true, true), "PrimaryColour"),
+             QStringLiteral("16777215"));
 }
 
 void TestKitSubtitleScript::softScriptHoldsItsTransparency()
@@ -360,6 +387,9 @@ void TestKitSubtitleScript::trackIsBurnedInOrSoft_data()
     QTest::newRow("a track of another kind") << embedded(0) << none << SubtitleUse::Missing << -1 << noFile;
     QTest::newRow("file") << file("/a/b.srt") << none << SubtitleUse::BurnText << -1 << "/a/b.srt";
     QTest::newRow("file, soft") << file("/a/b.srt") << soft << SubtitleUse::Soft << -1 << "/a/b.srt";
+    QTest::newRow("file with pictures of a disc")
+        << file("/a/b.idx") << none << SubtitleUse::BurnBitmap << -1 << "/a/b.idx";
+    QTest::newRow("no track") << Values() << none << SubtitleUse::Missing << -1 << noFile;
     QTest::newRow("file with pictures") << file("/a/b.SUP") << none << SubtitleUse::BurnBitmap << -1 << "/a/b.SUP";
 }
 
@@ -418,6 +448,11 @@ void TestKitSubtitleScript::whatCannotBeDoneIsTold()
 
     settings.find(QStringLiteral("Subtitle"))->items.first().values = {{key("trackid"), 3}};
     QVERIFY(zokit::subtitlePlan(settings, clipWithTracks()).hasOwnStyles);
+    for (const auto& [file, hasStyles] : {std::pair("/a.ASS", true), {"/a.ssa", true}, {"/a.srt", false}}) {
+        settings.find(QStringLiteral("Subtitle"))->items.first().values = {{key("sub_fromfile"), true},
+                                                                           {key("file"), key(file)}};
+        QCOMPARE(zokit::subtitlePlan(settings, clipWithTracks()).hasOwnStyles, hasStyles);
+    }
 }
 
 void TestKitSubtitleScript::cuesTellWhenAndWhat()
@@ -429,6 +464,7 @@ void TestKitSubtitleScript::cuesTellWhenAndWhat()
                            "Dialogue: 0,1:02:03.25,1:02:04.00,Default,\n"
                            "Dialogue: 0,0:00:05.00,0:00:05.00,Default,no time\n"
                            "Dialogue: 0,soon,later,Default,when?\n"
+                           "Dialogue: 0,0:00:05.00,later,Default,how long?\n"
                            "Dialogue: 0\n";
     const QVector<zokit::SubtitleCue> cues = zokit::subtitleCues(ass);
     QCOMPARE(cues.size(), 2);
