@@ -43,6 +43,8 @@ private slots:
     void itemsKeepTheirIdentity();
     void itemSignalsNameTheMove();
     void freshWatermarksDoNotCoverEachOther();
+    void imageFitsIntoHalfOfTheFrame_data();
+    void imageFitsIntoHalfOfTheFrame();
     void anchoredWatermarkKeepsItsCorner();
     void placingByHandTakesFromTheAnchor();
     void untouchedWatermarkIsDefaultAtEveryFrameSize();
@@ -108,6 +110,10 @@ void TestKitFileSettings::refusedCallChangesNothing_data()
                              << "Color:selected: maybe is neither true nor false.";
     QTest::newRow("an option of each run")
         << "Output:jobs" << QVariant(2) << "jobs is not kept with the settings. Give it with each run.";
+    QTest::newRow("an anchor of what has no place")
+        << "Color:anchor" << QVariant(QStringLiteral("top")) << "Color has no property anchor.";
+    QTest::newRow("a selection of what is always there")
+        << "Output:selected" << QVariant(true) << "There is no output option selected.";
     QTest::newRow("the kit's own") << "Color::of" << QVariant(1) << "What was to be changed is not there any more.";
     QTest::newRow("for another kind of item")
         << "Watermark:0:wm_imageurl" << QVariant(QStringLiteral("a.png"))
@@ -170,6 +176,7 @@ void TestKitFileSettings::settingOneValueSetsWhatIsMeantBesides_data()
     row("left alone", {"Crop:crop_left=80"}, "80 0 1200 720", false);
     row("one after the other", {"Crop:crop_left=80", "Crop:crop_top=20", "Crop:crop_width=100"}, "80 20 100 720",
         false);
+    row("left at the right edge", {"Crop:crop_left=1280"}, "1280 0 source_val 720", false);
     row("another value of the crop", {"Crop:crop_keepaspectratio=false"}, "0 0 source_val source_val", false);
     row("the value that is there", {"Crop:crop_left=0"}, "0 0 source_val source_val", false);
     row("no value", {"Crop:crop_width=300", "Crop:crop_width=source_val"}, "0 0 source_val 720", false);
@@ -250,6 +257,41 @@ void TestKitFileSettings::freshWatermarksDoNotCoverEachOther()
         places.append(place);
     }
     QCOMPARE(places.first().topLeft(), QPoint(128, 72)); // A tenth of each side.
+    FileSettings other(clip());
+    const auto insert = [&](zokit::Values values) {
+        values.insert(key("wm_textcontent"), QStringLiteral("libzoeffect"));
+        return placeOf(other, other.insert(key("Watermark"), values).item);
+    };
+    QCOMPARE(insert({{key("selected"), false}}), QPoint(128, 72));
+    QCOMPARE(insert({}), QPoint(128, 72));                          // What is not shown takes no room.
+    QCOMPARE(insert({{key("wm_vposition"), 80}}), QPoint(128, 80)); // What is placed may cover it.
+    QCOMPARE(insert({{key("wm_hposition"), 130}}), QPoint(130, 72));
+}
+
+void TestKitFileSettings::imageFitsIntoHalfOfTheFrame_data()
+{
+    QTest::addColumn<QSize>("frame");
+    QTest::addColumn<QSize>("image");
+    QTest::addColumn<zokit::Values>("given");
+    QTest::addColumn<QSize>("shown");
+    const QSize hd(1280, 720);
+    QTest::newRow("small") << hd << QSize(200, 100) << zokit::Values() << QSize(200, 100);
+    QTest::newRow("wide") << hd << QSize(1280, 100) << zokit::Values() << QSize(640, 50);
+    QTest::newRow("high") << hd << QSize(36, 720) << zokit::Values() << QSize(18, 360);
+    QTest::newRow("a line") << hd << QSize(4000, 1) << zokit::Values() << QSize(640, 1);
+    QTest::newRow("no frame") << QSize() << QSize(4000, 10) << zokit::Values() << QSize(4000, 10);
+    QTest::newRow("given") << hd << QSize(1280, 100)
+                           << zokit::Values{{key("wm_imagewidth"), 1000}, {key("wm_imageheight"), 7}} << QSize(1000, 7);
+}
+
+void TestKitFileSettings::imageFitsIntoHalfOfTheFrame()
+{
+    QFETCH(const QSize, frame);
+    QFETCH(const QSize, image);
+    QFETCH(zokit::Values, given);
+    FileSettings file(zokit::Media{QString(), frame, 1.0});
+    given.insert(key("wm_imageurl"), logoPath(image.width(), image.height()));
+    QTEST(sizeOf(file, file.insert(key("Watermark"), given).item), "shown");
 }
 
 void TestKitFileSettings::anchoredWatermarkKeepsItsCorner()
@@ -296,8 +338,11 @@ void TestKitFileSettings::placingByHandTakesFromTheAnchor()
     file.setValue(text, key("anchor"), corner);
     file.pictureModel()->setData(key("wm_fontcolor"), QColor(Qt::red), key("Watermark"), 0);
     QVERIFY(file.value(text, key("anchor")).isValid());
-    file.pictureModel()->setData(key("wm_vposition"), 7, key("Watermark"), 0);
-    QVERIFY(!file.value(text, key("anchor")).isValid());
+    for (const char* place : {"wm_vposition", "wm_hposition"}) {
+        file.setValue(text, key("anchor"), corner);
+        file.pictureModel()->setData(key(place), 7, key("Watermark"), 0);
+        QVERIFY2(!file.value(text, key("anchor")).isValid(), place);
+    }
 }
 
 void TestKitFileSettings::untouchedWatermarkIsDefaultAtEveryFrameSize()
@@ -465,6 +510,12 @@ void TestKitFileSettings::comesOutUnchanged_data()
     QTest::addColumn<bool>("unchanged");
     QTest::newRow("nothing") << "" << QVariant() << true;
     QTest::newRow("a colour") << "Color:bcs_contrast" << QVariant(1) << false;
+    QTest::newRow("a brightness") << "Color:bcs_brightness" << QVariant(1) << false;
+    QTest::newRow("a saturation") << "Color:bcs_saturation" << QVariant(-1) << false;
+    QTest::newRow("colours that are not in use") << "Color:selected" << QVariant(false) << true;
+    QTest::newRow("a turn") << "Effect:crop_rotation_angle" << QVariant(90) << false;
+    QTest::newRow("a picture mirrored") << "Effect:crop_rotation_action" << QVariant(2) << false;
+    QTest::newRow("the switch of turning alone") << "Crop:player_map_flag" << QVariant(true) << true;
     QTest::newRow("one edge of a crop") << "Crop:crop_left" << QVariant(10) << false;
     QTest::newRow("normalizing") << "Audio_Normalize:audio_effect_flag" << QVariant(true) << false;
     QTest::newRow("an untouched speed in use") << "Audio_Speed:audio_effect_flag" << QVariant(true) << true;
@@ -473,6 +524,20 @@ void TestKitFileSettings::comesOutUnchanged_data()
     QTest::newRow("the date kept") << "Output:keep-date" << QVariant(true) << true;
     QTest::newRow("a text") << "Watermark:0:wm_textcontent" << QVariant(QStringLiteral("a")) << false;
     QTest::newRow("a text that is empty") << "Watermark:0:wm_textcontent" << QVariant(QString()) << true;
+    const auto item = [](const char* name, const char* type, const zokit::Values& values, bool unchanged) {
+        QTest::newRow(name) << key(type) << QVariant(values) << unchanged;
+    };
+    item("a logo", "Watermark", {{key("wm_imageurl"), logoPath(20, 10)}}, false);
+    item("a logo without a file", "Watermark", {{key("wm_istextwatermark"), false}}, true);
+    item("a logo that is not in use", "Watermark", {{key("wm_imageurl"), logoPath(20, 10)}, {key("selected"), false}},
+         true);
+    item("a subtitle track as it is", "Subtitle", {{key("trackid"), 2}}, true);
+    item("a subtitle track with larger letters", "Subtitle", {{key("trackid"), 2}, {key("sub_fontsize"), 40}}, false);
+    item("the same, not chosen", "Subtitle", {{key("trackid"), 2}, {key("sub_fontsize"), 40}, {key("selected"), false}},
+         true);
+    item("a subtitle file", "Subtitle", {{key("sub_fromfile"), true}, {key("file"), key("/a.srt")}}, false);
+    item("a sound file", "Audio", {{key("audio_isfile"), true}, {key("file"), key("/a.wav")}}, false);
+    item("a sound track", "Audio", {{key("trackid"), 1}}, true);
     QTest::newRow("another sound track") << "Tracks:audio-tracks" << QVariant(QStringLiteral("2")) << false;
 }
 
@@ -482,9 +547,11 @@ void TestKitFileSettings::comesOutUnchanged()
     QFETCH(QVariant, value);
     QFETCH(bool, unchanged);
     FileSettings file(clip());
-    if (address.startsWith(QLatin1String("Watermark")))
+    if (address.startsWith(QLatin1String("Watermark:")))
         file.insert(key("Watermark"), {{key("wm_textcontent"), QStringLiteral("Hello")}});
-    if (!address.isEmpty())
+    if (value.userType() == QMetaType::QVariantMap)
+        QCOMPARE(file.insert(address, value.toMap()).error.text(), QString());
+    else if (!address.isEmpty())
         QCOMPARE(file.setValue(at(file, address.toLatin1()), address.section(QLatin1Char(':'), -1), value).text(),
                  QString());
     QCOMPARE(file.comesOutUnchanged(), unchanged);
@@ -582,6 +649,11 @@ void TestKitFileSettings::directChangesAreTold()
     QCOMPARE(file.items(key("Watermark")), QVector<Identity>({second, text}));
     model->delDataItem(key("Watermark"), 0);
     QCOMPARE(file.items(key("Watermark")), QVector<Identity>({text}));
+    ZoEffectItemData all(*model->getDataItem(key("Watermark"), -1));
+    all.child(0)->setData(key("wm_fontsize"), 33);
+    model->replaceData(key("Watermark"), -1, &all); // New nodes, and still the item at its place.
+    QCOMPARE(file.items(key("Watermark")), QVector<Identity>({text}));
+    QCOMPARE(file.value(text, key("wm_fontsize")), QVariant(33));
 }
 
 void TestKitFileSettings::whatIsNotThereIsRefused()
@@ -589,9 +661,20 @@ void TestKitFileSettings::whatIsNotThereIsRefused()
     FileSettings file(clip());
     QCOMPARE(file.insert(key("Effect"), {}).error.text(),
              key("The items of Effect are always there. Select or clear them instead."));
-    QCOMPARE(file.resetItem(file.type(key("Color"))).code(), zokit::Message::Code::NoSuchThing);
+    const QString noType = key("There is no effect type Colour. Did you mean Color?");
+    QCOMPARE(file.insert(key("Colour"), {}).error.text(), noType);
+    QCOMPARE(file.resetType(key("Colour")).text(), noType);
+    QCOMPARE(file.type(key("Colour")), Identity(0));
+    QCOMPARE(file.type(key("Output")), Identity(0)); // It has a function of its own.
+    QCOMPARE(file.resetItem(file.type(key("Color"))).code(), Code::NoSuchThing);
+    const Identity color = file.type(key("Color"));
+    QCOMPARE(file.reset(color, key(":of")).code(), Code::NoSuchThing);
+    QVERIFY(!file.value(color, key(":of")).isValid());
+    Log log(file);
+    file.apply({{999999, key("bcs_contrast"), 0, 5}}, this); // Nothing of this file.
+    QCOMPARE(log.take(), QStringList());
     zokit::Project project;
-    QCOMPARE(project.forgetDefault(key("Colour")).text(), key("There is no effect type Colour. Did you mean Color?"));
+    QCOMPARE(project.forgetDefault(key("Colour")).text(), noType);
 }
 
 void TestKitFileSettings::silentChangesAreTakenInWhenAskedFor()
