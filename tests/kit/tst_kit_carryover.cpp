@@ -202,6 +202,57 @@ QVector<Rule> rules()
          false,
          "Watermark",
          {key("count Watermark 2"), key("Watermark:0:wm_textcontent old"), key("Watermark:1:wm_textcontent b")}},
+        {"adding to what is not in use",
+         [](FileSettings& f) { insertText(f, "new"); },
+         [](FileSettings& f) { f.setValue(f.type(key("Watermark")), key("selected"), false); },
+         {key("Watermark")},
+         true,
+         "Watermark",
+         {key("Watermark:selected true"), key("count Watermark 1")}},
+        {"adding what is not in use to what is",
+         [](FileSettings& f) {
+             insertText(f, "new");
+             f.setValue(f.type(key("Watermark")), key("selected"), false);
+         },
+         nothing,
+         {key("Watermark")},
+         true,
+         "Watermark",
+         {key("Watermark:selected true"), key("count Watermark 1")}},
+        {"adding what is not in use to what is not",
+         [](FileSettings& f) {
+             insertText(f, "new");
+             f.setValue(f.type(key("Watermark")), key("selected"), false);
+         },
+         [](FileSettings& f) { f.setValue(f.type(key("Watermark")), key("selected"), false); },
+         {key("Watermark")},
+         true,
+         "Watermark",
+         {key("Watermark:selected false"), key("count Watermark 1")}},
+        {"adding frame effects to those that are not in use",
+         [](FileSettings& f) { useFrameEffect(f, 0); },
+         [](FileSettings& f) { f.setValue(f.type(key("Effect")), key("selected"), false); },
+         {key("Effect")},
+         true,
+         "Effect",
+         {key("Effect:selected true"), key("Effect:19:name Blur")}},
+        {"adding frame effects that are not in use",
+         [](FileSettings& f) {
+             useFrameEffect(f, 0);
+             f.setValue(f.type(key("Effect")), key("selected"), false);
+         },
+         [](FileSettings& f) { f.setValue(f.type(key("Effect")), key("selected"), false); },
+         {key("Effect")},
+         true,
+         "Effect",
+         {key("Effect:selected false"), key("Effect:19:name Blur")}},
+        {"a frame effect that is used already stays",
+         [](FileSettings& f) { useFrameEffect(f, 4); },
+         [](FileSettings& f) { useFrameEffect(f, 4); },
+         {key("Effect")},
+         true,
+         "",
+         {key("Effect:4:name Sepia")}},
         {"several by position, in any order",
          [](FileSettings& f) {
              for (const char* text : {"a", "b", "c"})
@@ -254,6 +305,34 @@ QVector<Rule> rules()
          {key("count Subtitle 3"), key("Subtitle:0:sub_fontsize 20"), key("Subtitle:1:sub_fontsize 20"),
           key("Subtitle:2:sub_fontsize 20"), key("Subtitle:0:trackid 2"), key("Subtitle:0:selected false"),
           key("Subtitle:1:selected true"), key("Subtitle:2:file /own.srt"), key("Subtitle:2:sub_fromfile true")}},
+        {"the style of one track, where none is in use",
+         [](FileSettings& f) {
+             insertTracks(f);
+             setSubtitleSize(f, 0, 40);
+         },
+         [](FileSettings& f) {
+             insertTracks(f);
+             f.setValue(f.type(key("Subtitle")), key("selected"), false);
+         },
+         {key("Subtitle:0")},
+         false,
+         "Subtitle",
+         {key("Subtitle:selected true"), key("Subtitle:1:sub_fontsize 20"), key("count Subtitle 3")}},
+        {"the style of one track that is not in use",
+         [](FileSettings& f) {
+             insertTracks(f);
+             setSubtitleSize(f, 0, 40);
+             f.setValue(f.item(key("Subtitle"), 0), key("x-note"), 5);
+             f.setValue(f.type(key("Subtitle")), key("selected"), false);
+         },
+         [](FileSettings& f) {
+             insertTracks(f);
+             f.setValue(f.type(key("Subtitle")), key("selected"), false);
+         },
+         {key("Subtitle:0")},
+         false,
+         "Subtitle",
+         {key("Subtitle:selected false"), key("Subtitle:1:sub_fontsize 20"), key("Subtitle:1:x-note ")}},
         {"the files of subtitles stay with their clip", insertTracks, nothing, {key("Subtitle")}, false, "", {}},
         {"unless they are added",
          insertTracks,
@@ -274,6 +353,18 @@ QVector<Rule> rules()
          false,
          "Audio",
          {key("count Audio 2"), key("Audio:0:trackid 4"), key("Audio:1:file /tune.ogg")}},
+        {"a sound file that is there already comes once",
+         [](FileSettings& f) {
+             f.insert(key("Audio"), {{key("audio_isfile"), true}, {key("file"), key("/tune.ogg")}});
+         },
+         [](FileSettings& f) {
+             f.insert(key("Audio"), {{key("audio_isfile"), true}, {key("file"), key("/other.ogg")}});
+             f.insert(key("Audio"), {{key("audio_isfile"), true}, {key("file"), key("/tune.ogg")}});
+         },
+         {key("Audio")},
+         false,
+         "",
+         {key("count Audio 2"), key("Audio:0:file /other.ogg"), key("Audio:1:file /tune.ogg")}},
         {"colours as they are",
          [](FileSettings& f) {
              f.setValues(f.type(key("Color")), {{key("bcs_contrast"), 25}, {key("bcs_brightness"), -7}});
@@ -292,6 +383,23 @@ QVector<Rule> rules()
          false,
          "Color",
          {key("Color:bcs_contrast 25"), key("Color:bcs_brightness 0")}},
+        {"a single value of what is not in use",
+         [](FileSettings& f) {
+             f.setValue(f.type(key("Color")), key("bcs_contrast"), 25);
+             f.setValue(f.type(key("Color")), key("selected"), false);
+         },
+         nothing,
+         {key("Color:bcs_contrast")},
+         false,
+         "Color",
+         {key("Color:bcs_contrast 25"), key("Color:selected true")}},
+        {"a size of letters means nothing to an image",
+         [](FileSettings& f) { f.setValue(insertText(f, "Hello"), key("wm_fontsize"), 40); },
+         [](FileSettings& f) { insertLogo(f); },
+         {key("Watermark:0:wm_fontsize")},
+         false,
+         "",
+         {key("Watermark:0:wm_imagewidth 200")}},
         {"a place that comes takes a watermark from its anchor",
          [](FileSettings& f) {
              insertLogo(f, {{key("wm_hposition"), 300}, {key("wm_vposition"), 200}});
@@ -646,6 +754,13 @@ void TestKitCarryOver::typeThatTheTargetLacksComes()
     QCOMPARE(result.effects.size(), 1);
     QCOMPARE(result.find(key("Color"))->values.value(key("bcs_contrast")), QVariant(25));
     QCOMPARE(result.find(key("Color"))->values.value(key("bcs_brightness")), QVariant(0));
+    for (const auto& [before, after] : {std::pair(bare, result), std::pair(result, bare)}) {
+        QStringList told;
+        for (const zokit::Difference& difference : zokit::differences(before, after))
+            told.append(difference.address.toString());
+        QCOMPARE(told, QStringList({key("Color:bcs_brightness"), key("Color:bcs_contrast"), key("Color:bcs_saturation"),
+                                    key("Color:selected")}));
+    }
 }
 
 void TestKitCarryOver::busyTargetLeavesAllAsTheyWere()
