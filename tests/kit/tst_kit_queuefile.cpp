@@ -274,6 +274,8 @@ void TestKitQueueFile::folderThatCannotBeMadeIsTold()
     Queue queue(m_tools);
     QueueFile file(queue, key("/dev/null/queue.jsonl"));
     QCOMPARE(file.open().code(), Message::Code::FileUnwritable);
+    const QString usual = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    QCOMPARE(QueueFile(queue, QString()).path(), usual + key("/zoeffect/queue.jsonl"));
     const QString folder = m_folder->filePath(key("queue"));
     QVERIFY(QDir().mkpath(folder));
     QueueFile ofFolder(queue, folder);
@@ -369,6 +371,10 @@ void TestKitQueueFile::rowsAreMovedAndTakenOut()
     QVERIFY(!queue.move(1, 4));
     QVERIFY(!queue.move(9, 0));
     QVERIFY(!queue.remove(9));
+    QVERIFY(!queue.conversion(9));
+    QCOMPARE(queue.job(9).input, QString());
+    QCOMPARE(queue.state(9), RowState::Cancelled);
+    QCOMPARE(queue.result(9).reason, Message());
     QCOMPARE(namesOf(queue), QStringList({key("b"), key("c"), key("a"), key("d")}));
     QVERIFY(!queue.retry(1)); // It waits.
     QVERIFY(!queue.retry(9));
@@ -387,7 +393,13 @@ void TestKitQueueFile::firstFailureEndsTheRun()
     queue.setStopsAtFailure(true);
     QSignalSpy ended(&queue, &Queue::finished);
     queue.start();
+    bool isTakenOut = true;
+    connect(&queue, &Queue::stateChanged, this, [&](int row, RowState state) {
+        if (state == RowState::Running)
+            isTakenOut = queue.remove(row);
+    });
     QVERIFY(ended.wait());
+    QVERIFY(!isTakenOut); // What runs stays.
     QCOMPARE(statesOf(queue), QVector<RowState>({RowState::Failed, RowState::Skipped, RowState::Skipped}));
     QCOMPARE(queue.result(3).outcome, zokit::Outcome::Skipped);
     queue.setStopsAtFailure(false);

@@ -144,6 +144,9 @@ void TestKitResults::sampleLiesWhereTheResultWill()
     whole.input = key("/films/a.mkv");
     whole.output = folder.filePath(key("b.mp4"));
     QCOMPARE(zokit::sampleOf(whole, {}, 0).output, folder.filePath(key("a-sample.mp4")));
+    whole.output = folder.filePath(key("b"));
+    QVERIFY(QFile::link(key("/nowhere"), folder.filePath(key("a-sample.mkv")))); // It would be written through.
+    QCOMPARE(zokit::sampleOf(whole, {}, 0).output, folder.filePath(key("a-sample-2.mkv")));
     whole.output = folder.filePath(key("not there/b.mp4"));
     QCOMPARE(zokit::sampleOf(whole, {}, 0).output, key("/films/a-sample.mp4"));
 }
@@ -155,6 +158,9 @@ void TestKitResults::sizeOfTheWholeFollowsFromTheSample()
     media.seconds = 60;
     const Job sample = zokit::sampleOf(whole, media, 0);
     QCOMPARE(zokit::bytesOfWhole(whole, sample, media, 1000), qint64(6000));
+    Job nothing = whole;
+    nothing.settings.output.insert(key("trim"), QVariantList{70.0, 80.0});
+    QCOMPARE(zokit::bytesOfWhole(whole, nothing, media, 1000), qint64(0));
     media.seconds = 0;
     QCOMPARE(zokit::bytesOfWhole(whole, sample, media, 1000), qint64(0));
 }
