@@ -293,7 +293,7 @@ QModelIndex SettingsModel::index(int row, int column, const QModelIndex& parent)
     if (!hasIndex(row, column, parent))
         return QModelIndex();
     const SettingsNode* above = parent.isValid() ? d->node(parent) : &d->root;
-    return above ? createIndex(row, column, above->child(row)) : QModelIndex();
+    return createIndex(row, column, above->child(row));
 }
 
 QModelIndex SettingsModel::parent(const QModelIndex& child) const

@@ -18,7 +18,7 @@ namespace zokit {
 int SettingsNode::row() const
 {
     int row = 0;
-    while (parent && parent->child(row) != this)
+    while (parent->child(row) != this)
         ++row;
     return row;
 }

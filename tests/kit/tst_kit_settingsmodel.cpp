@@ -203,6 +203,7 @@ void TestKitSettingsModel::rolesOfAValue_data()
     QTest::newRow("step") << int(M::StepRole) << QVariant(1.0);
     QTest::newRow("decimals") << int(M::DecimalsRole) << QVariant(0);
     QTest::newRow("choices") << int(M::ChoicesRole) << QVariant();
+    QTest::newRow("names of choices") << int(M::ChoiceNamesRole) << QVariant();
     QTest::newRow("items") << int(M::ItemCountRole) << QVariant();
 }
 
@@ -248,6 +249,7 @@ void TestKitSettingsModel::textsOfValues()
     if (value.isValid())
         QVERIFY(model.setData(index, value));
     QCOMPARE(index.data().toString(), expected);
+    QCOMPARE(index.data(Qt::DecorationRole), value.userType() == QMetaType::QColor ? value : QVariant());
 }
 
 void TestKitSettingsModel::namesOfItems_data()
@@ -355,6 +357,7 @@ void TestKitSettingsModel::checkBoxSelects()
     QCOMPARE(watermarks(model).data(SettingsModel::AddressRole), QVariant(key("Watermark:selected")));
     const QModelIndex output = model.indexOf(file.output());
     QVERIFY(!output.data(Qt::CheckStateRole).isValid());
+    QVERIFY(!output.data(SettingsModel::AddressRole).isValid());
     QVERIFY(!model.setData(output, Qt::Checked, Qt::CheckStateRole));
 }
 
@@ -397,6 +400,19 @@ void TestKitSettingsModel::valueIsSetThroughTheFile()
     QCOMPARE(file.value(file.type(key("Color")), key("bcs_contrast")), QVariant(20));
     QCOMPARE(log.asker(), static_cast<QObject*>(&model));
     QVERIFY(!model.setData(model.indexOf(file.type(key("Color"))), 3)); // A type has no value.
+    SettingsModel other;
+    other.setFile(&file);
+    for (const QModelIndex& none : {QModelIndex(), indexAt(other, "Color:bcs_contrast")}) {
+        QVERIFY(!model.setData(none, 3));
+        QVERIFY(!model.setData(none, Qt::Checked, Qt::CheckStateRole));
+        QVERIFY(!model.data(none, Qt::EditRole).isValid());
+        QCOMPARE(model.flags(none), Qt::ItemFlags(Qt::NoItemFlags));
+    }
+    QCOMPARE(model.rowCount(other.index(0, 0)), 0);
+    QVERIFY(!model.index(0, 0, other.index(0, 0)).isValid());
+    other.setFile(nullptr);
+    QVERIFY(!other.setData(QModelIndex(), 3));
+    QCOMPARE(file.value(file.type(key("Color")), key("bcs_contrast")), QVariant(20));
 }
 
 void TestKitSettingsModel::refusedValueIsTold()
@@ -458,6 +474,19 @@ void TestKitSettingsModel::rowsComeGoAndMove()
     QCOMPARE(names(model, watermarks(model)).mid(0, 3), (QStringList{key("three"), key("two"), key("four")}));
     QCOMPARE(two.row(), 1);
     QCOMPARE(two.data().toString(), key("two"));
+    // One that goes down behind others that come.
+    zokit::Settings wanted = file->settings();
+    QVector<zokit::Item>& items = wanted.find(key("Watermark"))->items;
+    const zokit::Item three = items.takeFirst();
+    for (int i = 0; i < 3; ++i) {
+        items.insert(1, three);
+        items[1].values.insert(key("wm_textcontent"), QString::number(i));
+    }
+    items.insert(4, three);
+    QVERIFY(file->setSettings(wanted).isEmpty());
+    QCOMPARE(names(model, watermarks(model)).mid(0, 6),
+             (QStringList{key("two"), key("2"), key("1"), key("0"), key("three"), key("four")}));
+    QCOMPARE(two.row(), 0);
 }
 
 void TestKitSettingsModel::otherKindHasOtherValues()
@@ -519,6 +548,10 @@ void TestKitSettingsModel::droppedElsewhereIsRefused()
     QVERIFY(!model.canDropMimeData(data.get(), Qt::MoveAction, 3, 0, model.indexOf(file->type(key("Subtitle")))));
     QVERIFY(!model.canDropMimeData(data.get(), Qt::MoveAction, 0, 0, model.indexOf(file->type(key("Color")))));
     QVERIFY(!model.canDropMimeData(nullptr, Qt::MoveAction, 3, 0, type));
+    QVERIFY(!model.canDropMimeData(data.get(), Qt::MoveAction, 0, 0, model.index(1, 0, type)));
+    QVERIFY(!model.canDropMimeData(data.get(), Qt::MoveAction, 0, 0, QModelIndex()));
+    QVERIFY(!model.mimeData({QModelIndex()}));
+    QVERIFY(!model.mimeData({model.index(0, 0, model.index(0, 0, type))})); // A value.
     QVERIFY(!model.mimeData({type}));
     QVERIFY(!model.mimeData({model.index(0, 0, type), model.index(1, 0, type)})); // One at a time.
 }
@@ -532,6 +565,21 @@ void TestKitSettingsModel::rowsCanBeMovedByTheModel()
     QVERIFY(model.moveRows(type, 0, 1, type, 3));
     QVERIFY(!model.moveRows(type, 0, 2, type, 3));
     QVERIFY(!model.moveRows(type, 3, 1, type, 0)); // A value.
+    QVERIFY(!model.moveRows(type, -1, 1, type, 0));
+    QVERIFY(!model.moveRows(type, 0, 1, type, -1));
+    QVERIFY(!model.moveRows(type, 0, 1, type, 4)); // Among the values.
+    QVERIFY(!model.moveRows(type, 0, 1, type, 0));
+    QVERIFY(!model.moveRows(type, 0, 1, model.indexOf(file->type(key("Subtitle"))), 0));
+    QVERIFY(!model.moveRows(QModelIndex(), 0, 1, type, 0));
+    QStringList told;
+    connect(&model, &SettingsModel::refused, this, [&](const zokit::Message& why, const QModelIndex& index) {
+        told.append(index.data().toString() + (why.code() == zokit::Message::Code::Busy ? key(": busy") : why.text()));
+    });
+    bool isMoved = true;
+    connect(file.get(), &FileSettings::aboutToChange, this, [&] { isMoved = model.moveRows(type, 0, 1, type, 2); });
+    file->setValue(file->type(key("Color")), key("bcs_contrast"), 3);
+    QVERIFY(!isMoved);
+    QCOMPARE(told, QStringList{key("two: busy")});
     QCOMPARE(names(model, type).mid(0, 3), (QStringList{key("two"), key("three"), key("one")}));
 }
 
