@@ -112,6 +112,9 @@ void TestKitOpening::tracksFollowTheRules_data()
                        second, third, fourth,
                        key("No audio track is in ita. Ask for a language that the clip has: fra, eng.")}
         << QVector<bool>{true, false, false, false} << "";
+    QTest::newRow("a rule that is none") << "audio-languages" << QVariant(5) << QStringList()
+                                         << QVector<bool>{false, false, false, false}
+                                         << "Tracks has no property audio-languages. Did you mean audio-language?";
     QTest::newRow("track that is not there")
         << "audio-tracks" << QVariant(QVariantList{7}) << QStringList() << QVector<bool>{false, false, false, false}
         << "The clip has no such track 7. Choose one that it has.";
@@ -151,6 +154,11 @@ void TestKitOpening::rulesWrittenByHandChoose_data()
     QTest::newRow("tracks that are named stay as they are")
         << QByteArray(R"({"type": "Audio", "items": [{"selected": false, "values": {"trackid": 2}}]})")
         << QByteArray(R"("audio-language": ["eng"])") << QVector<bool>{false} << QStringList();
+    const QByteArray file(R"({"type": "Subtitle", "items": [{"values": {"sub_fromfile": true, "file": "/a.srt"}}]})");
+    QTest::newRow("a subtitle file stays") << file << QByteArray(R"("audio-tracks": [1])")
+                                           << QVector<bool>{true, false, false, false, true} << QStringList();
+    QTest::newRow("files beside the clip that were found stay as they are")
+        << file << QByteArray(R"("sidecars": true)") << QVector<bool>{true} << QStringList();
     QTest::newRow("a language that is not there")
         << QByteArray() << QByteArray(R"("audio-language": ["ita"])") << QVector<bool>{true, false, false, false}
         << QStringList{"No audio track is in ita. Ask for a language that the clip has: fra, eng."};
@@ -195,6 +203,9 @@ void TestKitOpening::settingsFollowTheFrameOfTheirClip()
     QVERIFY(found.media.seconds < 1);
     QCOMPARE(found.find(key("Crop"))->values.value(key("crop_left")), QVariant(20));
     QCOMPARE(found.find(key("Crop"))->values.value(key("crop_width")), QVariant(100));
+    const zokit::Settings ofSound = zokit::settingsFor(settings, media("sound.wav")); // It has none.
+    QCOMPARE(ofSound.media.frame, QSize(0, 0));
+    QCOMPARE(ofSound.find(key("Crop"))->values.value(key("crop_left")), QVariant(40));
 }
 
 ZOEFFECT_TEST_MAIN(TestKitOpening)

@@ -556,6 +556,8 @@ void TestKitPreviewGeometry::anchorKeepsItsSize_data()
     QTest::addColumn<QVariant>("size");
     QTest::newRow("moved to another corner") << Handle::Move << QRect(26, 14, 128, 77) << QVariant(key("10%"));
     QTest::newRow("sized in its corner") << Handle::TopLeft << QRect(998, 552, 256, 154) << QVariant(key("20%"));
+    QTest::newRow("sized to more than the frame") << Handle::TopLeft << QRect(-156, -86, 1410, 792) << QVariant();
+    QTest::newRow("sized to less than a hundredth") << Handle::TopLeft << QRect(1244, 700, 10, 6) << QVariant();
     QTest::newRow("sized out of it") << Handle::BottomRight << QRect(300, 300, 256, 154) << QVariant();
 }
 
@@ -589,6 +591,13 @@ void TestKitPreviewGeometry::sizedTextKeepsTheOppositeCorner()
     const QRect after(placeOf(file, item), zokit::watermarkSize(file.values(item)));
     QCOMPARE(after.bottomRight(), before.bottomRight());
     QVERIFY(!file.values(item).contains(key("wm_imagewidth")));
+    const QSize halfSize = after.size() / 2;
+    const QRect half(after.bottomLeft() + QPoint(0, 1 - halfSize.height()), halfSize);
+    QVERIFY(
+        file.setValues(item, zokit::watermarkValues(file.values(item), Handle::TopRight, half, {1280, 720})).isEmpty());
+    const QRect again(placeOf(file, item), zokit::watermarkSize(file.values(item)));
+    QCOMPARE(again.bottomLeft(), after.bottomLeft());
+    QCOMPARE(file.value(item, key("wm_fontsize")), QVariant(20));
 }
 
 void TestKitPreviewGeometry::draggedIntoACornerStaysThereAtEachFrame()
