@@ -108,6 +108,15 @@ Message copyFiles(Settings& preset, const QString& folder, bool replace)
     return Message();
 }
 
+Message write(const Settings& preset, const QString& file)
+{
+    Message error;
+    const QByteArray text = writePreset(preset, QFileInfo(file).absolutePath(), &error);
+    if (!error.isEmpty())
+        return Message(Code::InFile, {file}, error);
+    return jsontext::save(file, text);
+}
+
 bool canBeName(const QString& name)
 {
     return !name.isEmpty() && QString::fromUtf8(name.toUtf8()) == name;
@@ -257,9 +266,7 @@ Message Presets::exportWithFiles(const QString& name, const QString& file, bool 
     const Message refused = copyFiles(preset, stem + QStringLiteral(".files"), replace);
     if (!refused.isEmpty())
         return refused;
-    Message error;
-    const QByteArray text = writePreset(preset, QFileInfo(file).absolutePath(), &error);
-    return error.isEmpty() ? jsontext::save(file, text) : Message(Code::InFile, {file}, error);
+    return write(preset, file);
 }
 
 Message Presets::exportTo(const QString& name, const QString& file, bool replace) const
@@ -269,9 +276,7 @@ Message Presets::exportTo(const QString& name, const QString& file, bool replace
         return loaded.error;
     if (!replace && QFile::exists(file))
         return Message(Code::FileExists, {file});
-    Message error;
-    const QByteArray text = writePreset(loaded.preset, QFileInfo(file).absolutePath(), &error);
-    return error.isEmpty() ? jsontext::save(file, text) : Message(Code::InFile, {file}, error);
+    return write(loaded.preset, file);
 }
 
 Settings presetFrom(const Settings& settings, const QStringList& what)
