@@ -83,7 +83,7 @@ Message describe(const Project& project, const Changes& changes)
     std::copy_if(changes.cbegin(), changes.cend(), std::back_inserter(named),
                  [](const Change& change) { return change.key != own::selected && !isInternal(change.key); });
     if (named.isEmpty())
-        return changes.isEmpty() ? Message() : Message(Code::StepSelect, aboutWhat(project, changes.first()));
+        return Message(Code::StepSelect, aboutWhat(project, changes.first()));
     if (!project.fileOf(named.first().thing))
         return Message(Code::StepDefault);
     const bool oneThing = std::all_of(named.cbegin(), named.cend(),
