@@ -53,6 +53,8 @@ private slots:
     void onlyTheLastQuestionIsAnswered();
     void cancelledQuestionHasNoAnswer();
     void slotMayAskTheNext();
+    void onlyStreamsMayChangeTheirSize();
+    void whatFurtherQuestionsCannotTellStaysUnknown();
     void brokenProgramIsASentence_data();
     void brokenProgramIsASentence();
 
@@ -455,15 +457,22 @@ void TestKitProbe::answerIsRead_data()
     row("pixels without width", video(R"("sample_aspect_ratio": "0:1")"), plain);
     row("pixels without height", video(R"("sample_aspect_ratio": "1:0")"), plain);
     row("pixels wider than any picture", video(R"("sample_aspect_ratio": "65535:1")"), plain);
+    row("pixels that make too many", video(R"("width": 8192, "height": 8192, "sample_aspect_ratio": "2:1")"),
+        key("mkv 0.00 s: 0 h264 8192x8192  bt709 tv 0/1"));
     row("pixels of no width to speak of", video(R"("sample_aspect_ratio": "1:65535")"), plain);
     row("rate of nothing", video(R"("r_frame_rate": "0/0", "avg_frame_rate": "25/1")"), plain);
     row("rates in other words", video(R"("r_frame_rate": "30000/1001", "avg_frame_rate": "60000/2002")"),
         key("mkv 0.00 s: 0 h264 100x50  bt601 tv 30000/1001"));
+    row("rate beyond counting", video(R"("r_frame_rate": "1/2000000000")"), plain);
     row("rate below zero", video(R"("r_frame_rate": "-25/1")"), plain);
     row("matrix of another kind", video(R"("color_space": "smpte240m", "color_range": "pc")"),
         key("mkv 0.00 s: 0 h264 100x50  smpte240m pc 0/1"));
     row("matrix of HDR that says none", video(R"("color_transfer": "smpte2084", "color_range": "tv")"),
         key("mkv 0.00 s: 0 h264 100x50  bt2020 tv 0/1 HDR"));
+    row("matrix of HDR by its other name", video(R"("color_space": "bt2020c")"),
+        key("mkv 0.00 s: 0 h264 100x50  bt2020 tv 0/1"));
+    row("full range by the format's name", video(R"("pix_fmt": "yuvj420p")"),
+        key("mkv 0.00 s: 0 h264 100x50 yuvj420p bt601 pc 0/1"));
     row("matrix that none knows", video(R"("color_space": "gbr", "color_range": "unknown")"), plain);
     row("fields unknown", video(R"("field_order": "unknown")"), plain);
     row("length", format(R"("duration": "12.340000")"), key("avi 12.34 s: 0 ass"));
@@ -553,6 +562,36 @@ void TestKitProbe::slotMayAskTheNext()
     prober.probe(clips::clip(key("streamed.mkv"))); // Takes two children.
     QTRY_COMPARE_WITH_TIMEOUT(answers, (QStringList{key("mkv"), key("none"), key("wav")}), patience);
     QVERIFY(!prober.isRunning());
+}
+
+void TestKitProbe::onlyStreamsMayChangeTheirSize()
+{
+    zokit::MediaInfo media;
+    for (const char* container : {"ts", "mpeg", "flv"}) {
+        media.container = key(container);
+        QVERIFY2(media.mayChangeSize(), container);
+    }
+    media.container = key("mkv");
+    QVERIFY(!media.mayChangeSize());
+    QCOMPARE((zokit::Rational{1, 0}.value()), 0.0);
+    QCOMPARE((zokit::Rational{1, 4}.value()), 0.25);
+}
+
+void TestKitProbe::whatFurtherQuestionsCannotTellStaysUnknown()
+{
+    zokit::Tools tools;
+    tools.ffprobe = m_folder.filePath(key("ffprobe"));
+    QFile::remove(tools.ffprobe);
+    const QByteArray json = R"({"streams": [{"codec_type": "video", "codec_name": "hevc", "width": 64, "height": 48,)"
+                            R"( "color_transfer": "smpte2084"}], "format": {"format_name": "matroska,webm"}})";
+    QVERIFY(!write("ffprobe", "#!/bin/sh\ncase \"$*\" in *show_streams*) echo '" + json + "';; *) exit 1;; esac\n")
+                 .isEmpty());
+    QFile::setPermissions(tools.ffprobe, QFile::ReadOwner | QFile::ExeOwner);
+    const ReadMedia read = zokit::probe(tools, clips::clip(key("plain.mp4")));
+    QVERIFY2(read.media, qPrintable(read.error.text()));
+    QCOMPARE(read.media->seconds, 0.0);
+    QVERIFY(read.media->picture()->isHdr);
+    QVERIFY(read.media->picture()->hdr.isEmpty());
 }
 
 void TestKitProbe::brokenProgramIsASentence_data()
