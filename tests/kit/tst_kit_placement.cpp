@@ -43,6 +43,7 @@ private slots:
     void cropKeepsToItsRule_data();
     void cropKeepsToItsRule();
     void everyCropKeepsToItsRule();
+    void framesThatAreNoneScaleNothing();
     void roundingIsToldBefore_data();
     void roundingIsToldBefore();
 };
@@ -384,6 +385,25 @@ void TestKitPlacement::everyCropKeepsToItsRule()
         QVERIFY2(ratio == 0 || off <= pixel * (1 + ratio), qPrintable(QString::number(off)));
     }
     QVERIFY(found > 10000);
+}
+
+void TestKitPlacement::framesThatAreNoneScaleNothing()
+{
+    FileSettings file(clip());
+    const zokit::Identity logo = file.insert(key("Watermark"), {{key("wm_imageurl"), logoPath(200, 100)}}).item;
+    const zokit::Settings settings = file.settings();
+    zokit::Settings none = zokit::rescaled(settings, QSize());
+    QVERIFY(none.effects == settings.effects);
+    QCOMPARE(none.media.frame, QSize());
+    QVERIFY(zokit::rescaled(none, QSize(640, 360)).effects == settings.effects);
+    QVERIFY(zokit::rescaled(settings, settings.media.frame) == settings);
+    // An image of which the height is unknown.
+    none = settings;
+    none.find(key("Watermark"))->items[0].values.remove(key("wm_imageheight"));
+    const Values scaled = zokit::rescaled(none, QSize(640, 360)).find(key("Watermark"))->items.at(0).values;
+    QCOMPARE(scaled.value(key("wm_imagewidth")), QVariant(100));
+    QVERIFY(!scaled.contains(key("wm_imageheight")));
+    QCOMPARE(sizeOf(file, logo), QSize(200, 100));
 }
 
 void TestKitPlacement::roundingIsToldBefore_data()
