@@ -77,6 +77,12 @@ private Q_SLOTS:
     void frameIsTheOneThatIsShown();
     void screenShowsItsColours_data();
     void screenShowsItsColours();
+    void mappedHdrIsShownAsItComesOut();
+    void rgbIsShownAsItIs();
+    void keptFrameIsTheSame_data();
+    void keptFrameIsTheSame();
+    void clipMayTellLittle();
+    void bytesOfAnotherSizeAreNoImage();
     void wholeFrameIsNeitherCutNorScaled();
     void keptFrameTakesNoDecoding();
     void loadedAheadAnswersTheSame();
@@ -174,6 +180,104 @@ void TestKitFrames::screenShowsItsColours()
         const QColor colour = image.pixelColor(20, 20);
         QVERIFY2(colour.red() >= 254 && colour.green() <= 1 && colour.blue() <= 1, qPrintable(colour.name()));
     }
+}
+
+void TestKitFrames::mappedHdrIsShownAsItComesOut()
+{
+    Frames frames(zokit::findTools());
+    const FrameQuestion asked = questionOf(QStringLiteral("pq.mkv"), 0.2);
+    Settings settings = asked.settings;
+    settings.output.insert(QStringLiteral("video-codec"), QStringLiteral("h264"));
+    const zokit::TracksPlan plan = zokit::planTracks(settings, asked.media, {}, QStringLiteral("mkv"));
+    FrameQuestion question = zokit::plannedFrame(settings, asked.media, plan);
+    question.seconds = 0.2;
+    question.isKept = true;
+    question.forScreen = false;
+    const QByteArray raw = zokit::frame(frames, question).frame.bytes;
+    QCOMPARE(raw.size(), 160 * 120 * 3 / 2);
+    const QByteArray expected = ffmpeg(
+        QStringLiteral("-f rawvideo -pix_fmt yuv420p -s 160x120 -i pipe:0 -vf scale=flags=accurate_rnd+full_chroma_int+"
+                       "full_chroma_inp:in_color_matrix=bt709:in_range=tv:out_range=pc,format=rgb0 -f rawvideo pipe:1")
+            .split(QLatin1Char(' ')),
+        raw);
+    QCOMPARE(expected.size(), 160 * 120 * 4);
+    question.forScreen = true;
+    QCOMPARE(zokit::frame(frames, question).frame.bytes, expected);
+    question.kind = FrameKind::Before; // What is in the clip is shown as it is.
+    QVERIFY(zokit::frame(frames, question).frame.bytes != expected);
+}
+
+void TestKitFrames::rgbIsShownAsItIs()
+{
+    Frames frames(zokit::findTools());
+    FrameQuestion question = questionOf(QStringLiteral("rgb.mkv"), 0.1);
+    question.forScreen = true;
+    for (const char* format : {"", "yuv444p"}) {
+        question.pixelFormat = QString::fromLatin1(format);
+        for (const FrameKind kind : {FrameKind::Before, FrameKind::After}) {
+            question.kind = kind;
+            const QColor colour = zokit::frame(frames, question).frame.image().pixelColor(20, 20);
+            const bool isSame = std::abs(colour.red() - 0xc0) <= 2 && std::abs(colour.green() - 0x80) <= 2
+                                && std::abs(colour.blue() - 0x40) <= 2;
+            QVERIFY2(isSame, qPrintable(colour.name()));
+        }
+    }
+}
+
+void TestKitFrames::keptFrameIsTheSame_data()
+{
+    QTest::addColumn<QString>("clip");
+    for (const char* clip : {"lossless.mkv", "top-first.mkv", "pq.mkv", "raw.h264"})
+        QTest::newRow(clip) << QString::fromLatin1(clip);
+}
+
+void TestKitFrames::keptFrameIsTheSame()
+{
+    QFETCH(const QString, clip);
+    FrameQuestion question = questionOf(clip, 0.2);
+    Frames once(zokit::findTools());
+    const QByteArray decoded = zokit::frame(once, question).frame.bytes;
+    QVERIFY(!decoded.isEmpty());
+    question.isKept = true;
+    Frames frames(zokit::findTools());
+    QCOMPARE(zokit::frame(frames, question).frame.bytes, decoded);
+    QCOMPARE(zokit::frame(frames, question).frame.bytes, decoded);
+}
+
+/// What a clip does not tell of its times is found out, or taken as usual.
+void TestKitFrames::clipMayTellLittle()
+{
+    FrameQuestion question = questionOf(QStringLiteral("lossless.mkv"), 0.2);
+    question.isKept = true;
+    Frames whole(zokit::findTools());
+    const QByteArray expected = zokit::frame(whole, question).frame.bytes;
+    QVERIFY(!expected.isEmpty());
+    zokit::MediaStream& picture = question.media.streams.first();
+    const auto answer = [&question] {
+        Frames frames(zokit::findTools());
+        return zokit::frame(frames, question).frame.bytes;
+    };
+    picture.averageRate = {0, 1};
+    QCOMPARE(answer(), expected);
+    picture.frameRate = {0, 1};
+    QCOMPARE(answer(), expected);
+    question.media.seconds = 0;
+    QCOMPARE(answer(), expected);
+    zokit::Tools none = zokit::findTools();
+    none.error = zokit::Message(zokit::Message::Code::ToolMissing, {QStringLiteral("ffmpeg"), QStringLiteral("x")});
+    Frames without(none);
+    QCOMPARE(zokit::frame(without, question).error, none.error);
+}
+
+void TestKitFrames::bytesOfAnotherSizeAreNoImage()
+{
+    zokit::ClipFrame frame;
+    QVERIFY(frame.image().isNull());
+    frame.size = QSize(2, 1);
+    frame.bytes = QByteArray("\x01\x02\x03\x04\x05\x06\x07", 7);
+    QVERIFY(frame.image().isNull());
+    frame.bytes.append('\x08');
+    QCOMPARE(frame.image().pixelColor(1, 0), QColor(5, 6, 7));
 }
 
 void TestKitFrames::wholeFrameIsNeitherCutNorScaled()
@@ -387,6 +491,17 @@ void TestKitFrames::failureTellsItsReason_data()
     QTest::newRow("nothing comes") << QStringLiteral("exit 0") << zokit::Values()
                                    << clips::clip(QStringLiteral("plain.mp4"))
                                           + QStringLiteral(" has no picture that can be shown. Choose another file.");
+    const QString noPicture = clips::clip(QStringLiteral("plain.mp4"))
+                              + QStringLiteral(" has no picture that can be shown. Choose another file.");
+    QTest::newRow("a frame that is told and does not come")
+        << QStringLiteral("echo 'frame:0 pts:0' >&2") << zokit::Values() << noPicture;
+    QTest::newRow("half a frame") << QStringLiteral("echo 'frame:0 pts:0' >&2; echo 'frame:1 pts:1' >&2; printf abc")
+                                  << zokit::Values() << noPicture;
+    QTest::newRow("a time that is none") << QStringLiteral("echo 'frame:0 pts:NOPTS' >&2; printf abc")
+                                         << zokit::Values() << noPicture;
+    QTest::newRow("killed while the frame is looked for")
+        << QStringLiteral("case \"$*\" in *null*) kill -9 $$;; esac") << zokit::Values()
+        << QStringLiteral("ffmpeg was ended by signal 9. Try again, with more memory at hand.");
     QTest::newRow("subtitles that it cannot read")
         << QStringLiteral("echo 'Invalid data' >&2; exit 1") << file(clips::clip(QStringLiteral("text.srt")))
         << QStringLiteral("ffmpeg failed: Invalid data");
