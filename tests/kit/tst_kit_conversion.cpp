@@ -152,6 +152,9 @@ private Q_SLOTS:
     void isRefused();
     void failureTellsItsReason_data();
     void failureTellsItsReason();
+    void damagedInputMayBeShort_data();
+    void damagedInputMayBeShort();
+    void helpersHaveNamesThatNothingElseHas();
     void pauseHoldsWhatHasNotBegun();
     void settingsAreFittedToTheClip();
     void helperThatCannotBeWrittenIsTold_data();
@@ -202,6 +205,18 @@ void TestKitConversion::tracksFollow_data()
     row("sound that mkv has no name for", "big-endian.mov", "mkv", nothing, "aac");
     row("sound that mp4 has no name of its own for", "plain.mpg", "mp4", nothing, "mpeg2video mp3");
     row("HDR that says only half of it", "half-tagged.mkv", "mp4", grey, "h264");
+    // What is left out may have been longer than the rest.
+    const QString drop = QStringLiteral("Output:other-tracks");
+    const QString sound = QStringLiteral("Audio");
+    const QVariantMap first{{QStringLiteral("trackid"), 0}};
+    const QVariantMap second{{QStringLiteral("trackid"), 1}};
+    row("a sound of two", "two-sounds.mka", "mkv", {{drop, QStringLiteral("drop")}, {sound, first}}, "pcm_s16le");
+    row("a picture that does not say how long it is", "two-sounds.mkv", "mkv",
+        {{drop, QStringLiteral("drop")}, {sound, second}}, "ffv1 pcm_s16le");
+    row("a part of it", "two-sounds.mkv", "mkv",
+        {{drop, QStringLiteral("drop")}, {sound, second}, {QStringLiteral("Output:trim"), QVariantList{1.0, 2.0}}},
+        "h264 aac");
+    row("a picture that says it", "cover.mp4", "mov", nothing, "h264 aac");
     row("two videos", "two-videos.mkv", "mkv", grey, "h264 ffv1");
     row("sound alone", "sound.wav", "mkv", normalized, "aac");
     row("a picture without times", "small.mpg", "mkv", nothing, "mpeg2video");
@@ -598,6 +613,8 @@ void TestKitConversion::isRefused_data()
         {{QStringLiteral("Output:encoder-speed"), QStringLiteral("slo")}},
         "Output:encoder-speed: slo is none of ultrafast, superfast, veryfast, faster, fast, medium, slow, slower, "
         "veryslow, placebo. Did you mean slow?");
+    row("a link that leads nowhere", "plain.mp4", "link.mp4", nothing,
+        "PATH/link.mp4 exists. Add --existing skip or --existing replace.");
     row("a part behind the end", "plain.mp4", "result.mp4", {{QStringLiteral("Output:trim"), QVariantList{5.0, 6.0}}},
         "The part begins at 5 s, and the clip ends at 0.4 s. Give an earlier one.");
 }
@@ -612,6 +629,7 @@ void TestKitConversion::isRefused()
     QVERIFY(there.open(QIODevice::WriteOnly) && there.write("mine") == 4);
     there.close();
     QDir(m_folder.path()).mkdir(QStringLiteral("folder.mp4"));
+    QVERIFY(QFile::link(path(QStringLiteral("nothing")), path(QStringLiteral("link.mp4"))));
     const Converted converted = convert(clips::clip(clip), edits, path(output));
     QVERIFY(converted.result.outcome == Outcome::Failed);
     QVERIFY(converted.result.kind == zokit::FailureKind::Lasting);
@@ -619,6 +637,7 @@ void TestKitConversion::isRefused()
     QVERIFY(there.open(QIODevice::ReadOnly));
     QCOMPARE(there.readAll(), QByteArray("mine"));
     QVERIFY(there.remove());
+    QVERIFY(QFile::remove(path(QStringLiteral("link.mp4"))));
     QVERIFY(QDir(path(QStringLiteral("folder.mp4"))).removeRecursively());
     QCOMPARE(QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), QStringList());
 }
@@ -657,6 +676,15 @@ void TestKitConversion::failureTellsItsReason_data()
         FailureKind::Temporary, "ffmpeg was ended by signal 9. Try again, with more memory at hand.");
     row("a peak that it does not tell", "exit 0", {{QStringLiteral("Audio_Normalize:audio_effect_flag"), true}},
         FailureKind::Lasting, "The peak of the sound could not be measured. Leave Audio_Normalize out.");
+    const Edits cut{{QStringLiteral("Output:video-codec"), QStringLiteral("copy")},
+                    {QStringLiteral("Output:trim"), QVariantList{0.1, 0.3}}};
+    const char* const noKeyFrame =
+        "From 0.100 s on there is no key frame with which a copy could begin. Leave out video-codec copy.";
+    row("a key frame that is not told", "exit 0", cut, FailureKind::Lasting, noKeyFrame);
+    row("a key frame without its time", "echo '#tb 0: 1/1000'", cut, FailureKind::Lasting, noKeyFrame);
+    row("a key frame of no unit", "echo '#tb 0: 1/0'; echo '0, 1, 2, 3'", cut, FailureKind::Lasting, noKeyFrame);
+    row("a time of no unit", "echo '0, 1, 2, 3'", cut, FailureKind::Lasting, noKeyFrame);
+    row("no key frame to ask for, and no copy", "exit 1", cut, FailureKind::Lasting, "ffmpeg failed: ");
     row("subtitles without a line", "case \"$*\" in *-progress*) exit 1;; esac", {{QStringLiteral("Subtitle"), file}},
         FailureKind::Lasting, "ffmpeg failed: \nThe subtitles hold no line.");
     row("another result", "for last; do :; done; cp SILENT \"${last#file:}\"", {}, FailureKind::Lasting,
@@ -699,6 +727,76 @@ void TestKitConversion::failureTellsItsReason()
     QCOMPARE(result.kind, kind);
     QVERIFY2(said(result).startsWith(expected), qPrintable(said(result)));
     QCOMPARE(QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), QStringList());
+}
+
+void TestKitConversion::damagedInputMayBeShort_data()
+{
+    QTest::addColumn<QString>("words"); // Of ffmpeg.
+    QTest::addColumn<bool>("isStrict");
+    QTest::addColumn<bool>("isKept");
+    QTest::addColumn<QString>("expected");
+    const QString told = QStringLiteral("The input is damaged; what could be read was converted. ffmpeg says: broken");
+    const QString isShort = QStringLiteral("The result has 0.4 s of 60.0 s.");
+    const QString strict = QStringLiteral("The input is damaged, and --strict does not allow that. Leave it out to "
+                                          "convert what can be read.");
+    QTest::newRow("nothing told") << QString() << false << false << isShort;
+    QTest::newRow("damage") << QStringLiteral("broken") << false << true << told + QLatin1Char('\n') + isShort;
+    QTest::newRow("damage that is not allowed")
+        << QStringLiteral("broken") << true << false << strict + QLatin1Char('\n') + told + QLatin1Char('\n') + isShort;
+}
+
+void TestKitConversion::damagedInputMayBeShort()
+{
+    QFETCH(const QString, words);
+    QFETCH(const bool, isStrict);
+    QFETCH(const bool, isKept);
+    QFETCH(const QString, expected);
+    const QTemporaryDir folder;
+    Job job;
+    job.input = clips::clip(QStringLiteral("plain.mp4"));
+    job.output = folder.filePath(QStringLiteral("result.mp4"));
+    zokit::Tools tools = zokit::findTools();
+    job.media = zokit::probe(tools, job.input).media;
+    job.media->seconds = 60;
+    job.settings = settingsFor(*job.media, {{QStringLiteral("Output:strict"), isStrict}});
+    tools.ffmpeg = folder.filePath(QStringLiteral("ffmpeg"));
+    QFile program(tools.ffmpeg);
+    QVERIFY(program.open(QIODevice::WriteOnly));
+    program.write(QStringLiteral("#!/bin/sh\nprintf '%s' '%1' >&2\nfor last; do :; done\ncp '%2' \"${last#file:}\"\n")
+                      .arg(words, job.input)
+                      .toUtf8());
+    program.close();
+    QVERIFY(program.setPermissions(QFile::ReadOwner | QFile::ExeOwner));
+    Conversion conversion(tools);
+    QSignalSpy ended(&conversion, &Conversion::finished);
+    conversion.start(job);
+    QVERIFY(ended.wait(patience));
+    QCOMPARE(said(ended.first().first().value<ConversionResult>()), expected);
+    QCOMPARE(QFile::exists(job.output), isKept);
+}
+
+void TestKitConversion::helpersHaveNamesThatNothingElseHas()
+{
+    const QTemporaryDir folder;
+    const QTemporaryDir other;
+    const auto prepared = [&](const QString& clip) {
+        Job job;
+        job.input = clip;
+        job.output = path(QStringLiteral("result")); // As its clip, since it does not say a container.
+        job.media = zokit::probe(zokit::findTools(), clips::clip(QStringLiteral("plain.mp4"))).media;
+        job.media->file = clip;
+        job.settings = settingsFor(*job.media, {});
+        Conversion conversion(zokit::findTools());
+        QSignalSpy ended(&conversion, &Conversion::finished);
+        conversion.prepare(job, folder.path());
+        if (!ended.wait(patience))
+            qWarning("it does not end");
+        return said(ended.value(0).value(0).value<ConversionResult>()) + conversion.plan().container;
+    };
+    const QString danger = folder.filePath(QStringLiteral("chapters.txt"));
+    QCOMPARE(prepared(danger), danger + QStringLiteral(" is the input itself. Give another output.mkv"));
+    QCOMPARE(prepared(other.filePath(QStringLiteral("chapters.txt"))), QStringLiteral("mkv"));
+    QCOMPARE(prepared(folder.filePath(QStringLiteral("film.mp4"))), QStringLiteral("mp4"));
 }
 
 void TestKitConversion::pauseHoldsWhatHasNotBegun()
