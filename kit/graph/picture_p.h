@@ -54,7 +54,7 @@ void addSource(Chain& chain, Picture& picture, const MediaStream& stream, const 
                const GraphParts& parts);
 void addRawSource(Chain& chain, const MediaStream& stream);
 void addToneMap(Chain& chain, Picture& picture, const MediaStream& stream, bool deep);
-/// Whether a crop reaches out of \a frame.
+/// Whether the crop of \a settings, which have one in use, reaches out of \a frame.
 bool leavesFrame(const Settings& settings, const QSize& frame);
 /// Whether a part of a crop is set, and nothing is cut off, since its width or height is not.
 bool cropsNothing(const Settings& settings);

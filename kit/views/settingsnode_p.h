@@ -27,7 +27,7 @@ struct SettingsNode {
     SettingsNode* parent = nullptr;     ///< Null for the root.
     std::vector<std::unique_ptr<SettingsNode>> children;
 
-    int row() const;
+    int row() const; ///< Among the children of \c parent, which is there.
     int childCount() const { return static_cast<int>(children.size()); }
     SettingsNode* child(int row) const { return children.at(static_cast<std::size_t>(row)).get(); }
     /// Of a type: the items stand before the values.

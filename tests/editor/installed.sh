@@ -44,7 +44,7 @@ dialogs: Tastenkürzel, Auf andere Dateien anwenden, Vorlagen und Vorgaben, Spur
 
 # There is no such display.
 export QT_QPA_PLATFORM=none
-same 'installed: its version' "zoeditor $(sed -n 's/^Version: //p' "$build/zoeffect.pc")" \
+same 'installed: its version' "zoeditor $(sed -n 's/^Version: //p' "$build"/zoeffect*.pc)" \
     "$("$prefix/bin/zoeditor" --version 2> /dev/null)" || true
 check 'installed: its help' grep -q 'Films, folders of films' <("$prefix/bin/zoeditor" --help 2> /dev/null)
 status=0

@@ -147,7 +147,7 @@ void TestEditorTracks::rowsAreAsHighAsTheirTexts()
     const auto linesOf = [&](int row) {
         return list->visualItemRect(list->topLevelItem(row)).height() / list->fontMetrics().lineSpacing();
     };
-    for (const auto& [width, lines] : {std::pair(1000, 2), std::pair(2000, 1), std::pair(1000, 2)}) {
+    for (const auto& [width, lines] : {std::pair(900, 2), std::pair(2000, 1), std::pair(900, 2)}) {
         dialog->resize(width, 560);
         settle();
         QCOMPARE(linesOf(French), lines);
