@@ -58,6 +58,14 @@ LanguageList::LanguageList(const QString& name, const QString& label, QWidget* p
     grid->addWidget(adding, 3, 0);
     grid->addWidget(removing, 3, 1);
     grid->addWidget(raising, 3, 2);
+    const auto updateButtons = [this, removing, raising] {
+        removing->setEnabled(m_list->currentItem());
+        raising->setEnabled(m_list->currentRow() > 0);
+    };
+    connect(m_list, &QListWidget::currentRowChanged, this, updateButtons);
+    connect(m_list->model(), &QAbstractItemModel::rowsMoved, this, updateButtons);
+    connect(m_list->model(), &QAbstractItemModel::rowsRemoved, this, updateButtons);
+    updateButtons();
     connect(adding, &QPushButton::clicked, this, [this] {
         const QString code = m_choice->currentData().toString();
         if (codes().contains(code))
@@ -66,15 +74,11 @@ LanguageList::LanguageList(const QString& name, const QString& label, QWidget* p
         emit edited();
     });
     connect(removing, &QPushButton::clicked, this, [this] {
-        if (!m_list->currentItem())
-            return;
         delete m_list->takeItem(m_list->currentRow());
         emit edited();
     });
     connect(raising, &QPushButton::clicked, this, [this] {
         const int row = m_list->currentRow();
-        if (row < 1)
-            return;
         m_list->insertItem(row - 1, m_list->takeItem(row));
         m_list->setCurrentRow(row - 1);
         emit edited();

@@ -189,18 +189,24 @@ void TestEditorTracks::orderOfLanguagesCounts()
 {
     const Stage stage({clips::clip(key("languages.mkv"))});
     stage.trigger("tracks");
+    auto* up = stage.find<QPushButton>("audioLanguages:up");
+    auto* remove = stage.find<QPushButton>("audioLanguages:remove");
+    QVERIFY(!up->isEnabled() && !remove->isEnabled());
     add(stage, "audioLanguages", "eng");
+    QVERIFY(!up->isEnabled() && remove->isEnabled());
     add(stage, "audioLanguages", "fra");
     add(stage, "audioLanguages", "fra"); // Once is enough.
     auto* list = stage.find<QListWidget>("audioLanguages:list");
     QCOMPARE(list->count(), 2);
     QVERIFY(!why(stage, English).startsWith(key("no")));
     list->setCurrentRow(1);
-    stage.find<QPushButton>("audioLanguages:up")->click();
+    up->click();
+    QVERIFY(!up->isEnabled());
     QCOMPARE(why(stage, French), key("chosen for its language, fra"));
     QCOMPARE(why(stage, English), key("no"));
-    stage.find<QPushButton>("audioLanguages:remove")->click();
+    remove->click();
     QCOMPARE(why(stage, English), key("chosen for its language, eng"));
+    QVERIFY(!up->isEnabled() && remove->isEnabled());
 }
 
 void TestEditorTracks::rulesReachAllFilesAsOneStep()
