@@ -118,7 +118,7 @@ ApplyDialog::ApplyDialog(Session* session, QWidget* parent)
     layout->addWidget(columns, 1);
     layout->addWidget(m_problem);
     layout->addWidget(buttons);
-    resize(900, 600);
+    resize(1000, 600);
 
     connect(m_what, &WhatTree::whatChanged, this, &ApplyDialog::update);
     connect(m_where, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &ApplyDialog::update);

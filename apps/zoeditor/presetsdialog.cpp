@@ -63,7 +63,7 @@ PresetsDialog::PresetsDialog(Session* session, QWidget* parent)
     layout->addWidget(pages, 1);
     layout->addWidget(m_problem);
     layout->addWidget(buttons);
-    resize(900, 600);
+    resize(1000, 600);
     m_problem->hide();
     fill(QString());
 }
