@@ -358,7 +358,9 @@ private:
     void makeLineEdit()
     {
         auto* edit = add(new QLineEdit(m_control));
+        constexpr int frame = 12; // Pixels on both sides together.
         edit->setPlaceholderText(ValueControl::tr("not set"));
+        edit->setMinimumWidth(edit->fontMetrics().horizontalAdvance(edit->placeholderText()) + frame);
         QObject::connect(edit, &QLineEdit::editingFinished, m_control, [this_ = *this, edit] {
             if (edit->isModified())
                 this_.send(edit->text());
