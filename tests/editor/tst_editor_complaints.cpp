@@ -563,7 +563,7 @@ void TestEditorComplaints::namesAreShownAsTheyAre()
     QCOMPARE(stage.session().files().index(0).data().toString().section(QLatin1Char('\n'), 0, 0), name);
     QCOMPARE(stage.window().windowTitle(), name + key("[*] - zoeditor"));
     stage.trigger("applyTo");
-    QCOMPARE(stage.find<QLabel>("largest")->accessibleName(), key("%L1 & %n.mp4, 160 x 120"));
+    QCOMPARE(stage.find<QLabel>("smallest")->accessibleName(), key("%L1 & %n.mp4, 160 x 120"));
     const auto titles = [](const QWidget& dialog) {
         QStringList texts; // Of labels that mark the letter behind an ampersand: two of them are one.
         for (const QLabel* label : dialog.findChildren<QLabel*>()) {
