@@ -196,6 +196,7 @@ void TestKitGraph::textOfTheGraph_data()
         "[0:0]scale=640:360:in_color_matrix=bt709:in_range=tv:flags=accurate_rnd+full_chroma_int+full_chroma_inp,"
         "setsar=1,format=gbrp[picture]");
     row("turned by 90", withTurn(90, 0), clip(hd), none, "[0:0]transpose=clock,format=yuv420p[picture]");
+    row("turned by 90 backwards", withTurn(-90, 0), clip(hd), none, "[0:0]transpose=cclock,format=yuv420p[picture]");
     row("turned by 180", withTurn(180, 0), clip(hd), none, "[0:0]hflip,vflip,format=yuv420p[picture]");
     row("turned by 270 and mirrored", withTurn(270, 1), clip(hd), none,
         "[0:0]transpose=cclock,hflip,format=yuv420p[picture]");

@@ -259,6 +259,9 @@ void TestKitSound::unusedEffectsLeaveTheSound()
     QCOMPARE(textOf(plain(QSize(1280, 720))), QString());
     QCOMPARE(textOf(with("Audio_Speed", {})), QString());
     QCOMPARE(textOf(with("Audio_Normalize", {})), QString()); // A gain of 0.
+    SoundParts nearly;
+    nearly.gain = -1e-9;
+    QCOMPARE(textOf(with("Audio_Normalize", {}), nearly), QStringLiteral("aformat=sample_fmts=fltp,volume=0dB"));
     QCOMPARE(textOf(with("Audio_Speed", values({{"audio_speed_factor", 0}}))),
              QString()); // Which is refused elsewhere.
     const Settings high = with("Audio_BandPass", values({{"audio_bandpass_requency", 90000}})); // Rate unknown.

@@ -116,6 +116,13 @@ void TestKitSoundSamples::pieceIsAWaveFile()
 
 void TestKitSoundSamples::effectsAreHeardOrNot()
 {
+    FileSettings still(kitsupport::clip());
+    use(still, "Audio_Speed", {{key("audio_speed_factor"), 0}});
+    SoundQuestion silent = question(still);
+    silent.seconds = 0.1;
+    QCOMPARE(answerTo(silent).error.code(), zokit::Message::Code::SpeedOfNothing);
+    silent.withEffects = false;
+    QCOMPARE(answerTo(silent).error.text(), QString());
     FileSettings file(kitsupport::clip());
     // It grows as long as the sound is: 0.4 seconds.
     use(file, "Audio_Fade_Inout",

@@ -178,6 +178,15 @@ void TestKitWatermarkPicture::watermarkIsDrawnByTheLibrary()
     QCOMPARE(warnings.at(0).text(), QStringLiteral("Watermark:0 lies outside of the part that is kept and cannot be "
                                                    "seen. Move it, or make the crop larger."));
     QCOMPARE(warnings.at(1).text(), QStringLiteral("/none/logo.png: no such file."));
+    // What is not drawn is not missed.
+    append(settings, "Watermark",
+           {{QStringLiteral("wm_istextwatermark"), true},
+            {QStringLiteral("wm_textcontent"), QStringLiteral("far away")},
+            {QStringLiteral("wm_hposition"), -400}});
+    QCOMPARE(zokit::watermarkWarnings(settings).size(), 3);
+    settings.find(QStringLiteral("Watermark"))->items.last().values.insert(QStringLiteral("wm_ingnore"), true);
+    QCOMPARE(zokit::watermarkWarnings(settings).size(), 2);
+    QVERIFY(zokit::watermarkWarnings(Settings()).isEmpty());
 }
 
 void TestKitWatermarkPicture::watermarkKeys_data()
