@@ -512,6 +512,7 @@ void TestKitFileSettings::comesOutUnchanged_data()
     QTest::newRow("a colour") << "Color:bcs_contrast" << QVariant(1) << false;
     QTest::newRow("a brightness") << "Color:bcs_brightness" << QVariant(1) << false;
     QTest::newRow("a saturation") << "Color:bcs_saturation" << QVariant(-1) << false;
+    QTest::newRow("colours in use that change nothing") << "Color:selected" << QVariant(true) << true;
     QTest::newRow("colours that are not in use") << "Color:selected" << QVariant(false) << true;
     QTest::newRow("a turn") << "Effect:crop_rotation_angle" << QVariant(90) << false;
     QTest::newRow("a picture mirrored") << "Effect:crop_rotation_action" << QVariant(2) << false;
@@ -585,6 +586,12 @@ void TestKitFileSettings::modelsFollow()
     QVERIFY(file.soundModel()->isForAudioEffect());
     QVERIFY(model->pictureOptions().keepImageTransparency);
     QCOMPARE(model->pictureOptions().textDotsPerInch, 96);
+    for (const int quality : {20, 30}) // Of which they know nothing.
+        QVERIFY(file.setValue(file.output(), key("quality"), quality).isEmpty());
+    for (const char* corner : {"top-left", "top-right"})
+        QVERIFY(file.setValue(text, key("anchor"), key(corner)).isEmpty());
+    QCOMPARE(model->data(key("wm_vposition"), key("Watermark"), 0), QVariant(14)); // 2 % of 720.
+    QCOMPARE(model->data(key("wm_hposition"), key("Watermark"), 0).toInt(), placeOf(file, text).x());
     file.remove(text);
     QCOMPARE(model->childCount(key("Watermark")), 0);
 }
