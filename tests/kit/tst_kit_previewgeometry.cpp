@@ -516,6 +516,9 @@ void TestKitPreviewGeometry::ruleOfTheCropFollowsItsValues()
     }
     QVERIFY(file.setValue(file.output(), key("pixel-format"), key("source")).isEmpty());
     QVERIFY(zokit::cropRule(file).even);
+    FileSettings ofSound(zokit::Media{key("/a.wav"), QSize(), 5.0});
+    QVERIFY(ofSound.setValue(ofSound.type(key("Crop")), key("crop_keepaspectratio"), keepsShape).isEmpty());
+    QCOMPARE(zokit::cropRule(ofSound).ratio, 0.0); // A frame that is none has no shape.
 }
 
 void TestKitPreviewGeometry::placeOfAnImageTellsItsAnchor_data()
@@ -633,6 +636,11 @@ void TestKitPreviewGeometry::sceneShowsTheFile()
     QCOMPARE(shown.marks.at(0).thing, first);
     QCOMPARE(shown.marks.at(0).place, QRect(-40, 300, 100, 60));
     QCOMPARE(shown.marks.at(0).picture.size(), QSize(100, 60));
+    const Identity text = file.insert(key("Watermark"), {{key("wm_textcontent"), key("Hello")}}).item;
+    pictures.update(file);
+    const PreviewScene withText = zokit::previewScene(file, pictures);
+    QCOMPARE(withText.marks.last().thing, text);
+    QVERIFY(withText.marks.last().keepsShape); // Letters have one.
     QVERIFY(!shown.marks.at(0).keepsShape);
     QVERIFY(shown.marks.at(1).keepsShape);
     QCOMPARE(shown.place(second), QRect(300, 300, 100, 60));
