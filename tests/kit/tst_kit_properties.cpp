@@ -389,6 +389,7 @@ void TestKitProperties::wordsOfAPersonStayAsTheyAre()
     // Without words there is nothing to fill in.
     QCOMPARE(Message().text(), QString());
     QCOMPARE(Message(Code::StepChange).text(), QStringLiteral("change "));
+    QCOMPARE(Message(Code::StepChange, {QStringLiteral("Watermark:anchor")}).text(), QStringLiteral("change Anchor"));
     QCOMPARE(Message(Code::MemberType).text(), QStringLiteral(":  is expected."));
     QVERIFY(!(message == Message(Code::NotAWholeNumber, {QStringLiteral("%2")})));
     QVERIFY(!(message == Message(Code::NotANumber, message.arguments())));

@@ -158,6 +158,13 @@ void TestKitShownFrames::momentIsAPartOfTheClip()
     QCOMPARE(stage.frames.part(), 0.75);
     stage.frames.setPart(2);
     QCOMPARE(stage.frames.seconds(), 10.0);
+    stage.media.seconds = 0; // Nobody knows how long it is.
+    stage.frames.setFile(nullptr, nullptr);
+    stage.frames.setFile(stage.file.get(), &stage.media);
+    stage.frames.setPart(0.5);
+    QCOMPARE(stage.frames.part(), 0.0);
+    stage.frames.setSeconds(1000);
+    QCOMPARE(stage.frames.seconds(), 1000.0);
     stage.frames.setFile(nullptr, nullptr);
     stage.frames.setPart(0.5);
     QCOMPARE(stage.frames.seconds(), 0.0);
@@ -205,7 +212,8 @@ void TestKitShownFrames::fileThatIsDeletedHasNoOutput()
     QVERIFY(stage.waitForBoth());
     stage.file.reset();
     QVERIFY(stage.frames.output().isNull());
-    stage.frames.setSeconds(1); // Asks for nothing.
+    stage.frames.setSeconds(1);   // Asks for nothing.
+    stage.frames.setSeconds(0.5); // Nor does a drag.
     stage.frames.setFile(nullptr, nullptr);
     QVERIFY(stage.frames.whole().isNull());
 }

@@ -546,6 +546,8 @@ void TestKitTracks::noRuleIsRefusedWithAReason_data()
                               << "Tracks has no property audio-langage. Did you mean audio-language?";
     QTest::newRow("an empty word") << "audio-language" << QVariant(key("fra,"))
                                    << "Tracks:audio-language: fra, is no value for this rule.";
+    QTest::newRow("no list") << "audio-language" << QVariant(5)
+                             << "Tracks:audio-language: 5 is no value for this rule.";
     QTest::newRow("no flag") << "sidecars" << QVariant(key("perhaps"))
                              << "Tracks:sidecars: perhaps is no value for this rule.";
     QTest::newRow("no track") << "audio-tracks" << QVariant(key("1,two"))
@@ -566,6 +568,7 @@ void TestKitTracks::noRuleIsRefusedWithAReason()
     zokit::Message error;
     QVERIFY(!zokit::trackRulesFrom({{name, value}}, &error));
     QCOMPARE(error.text(), sentence);
+    QVERIFY(!zokit::trackRulesFrom({{name, value}})); // The reason need not be asked for.
 }
 
 void TestKitTracks::sidecarIsChosenByHand()

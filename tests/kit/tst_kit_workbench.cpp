@@ -64,6 +64,8 @@ private slots:
     void movedItemIsFollowedByTheNext();
     void whatHasNoRowCannotBeChosen();
     void nothingIsShownUntilAFileIsChosen();
+    void listenerMayChooseSomethingElse();
+    void errorOfAFrameIsToldOnce();
     void undoShowsWhatItChanged();
     void undoChoosesWhatWasChosenThen();
     void undoEndsADrag();
@@ -107,11 +109,17 @@ void TestKitWorkbench::firstFileOfAProjectIsCurrent()
 
 void TestKitWorkbench::tracksOfAnUnknownClipAreNone()
 {
-    const Stage stage;
+    Stage stage;
     const zokit::RuledTracks ruled = stage.bench.tracksByRule();
     QVERIFY(ruled.choices.isEmpty());
     QCOMPARE(ruled.error.text(), key("/films/a.mkv: no such file."));
     QVERIFY(ruled.settings == stage.file(0)->settings());
+    QFile there(QDir::tempPath() + key("/there.mkv")); // Nobody has looked into it yet.
+    QVERIFY(there.open(QIODevice::WriteOnly) && there.write("x") == 1);
+    there.close();
+    stage.bench.setCurrent(stage.bench.project().add(zokit::Media{there.fileName(), QSize(1280, 720), 5}));
+    QCOMPARE(stage.bench.tracksByRule().error.code(), zokit::Message::Code::NoMedia);
+    QCOMPARE(stage.bench.tracksByRule().error.arguments().first(), there.fileName());
 }
 
 void TestKitWorkbench::filesAreRows()
@@ -256,6 +264,9 @@ void TestKitWorkbench::nothingIsShownUntilAFileIsChosen()
     zokit::FileSettings* file = project.add(kitsupport::clip());
     file->setValue(file->type(key("Color")), key("bcs_contrast"), 5);
     selection.clear();
+    const QSignalSpy told(&selection, &zokit::Selection::currentChanged);
+    selection.clear(); // It is empty already.
+    QCOMPARE(told.count(), 0);
     QCOMPARE(selection.current(), nullptr);
     QCOMPARE(selection.chosen(), zokit::Identity(0));
     QCOMPARE(model.rowCount(), 0);
@@ -268,6 +279,39 @@ void TestKitWorkbench::nothingIsShownUntilAFileIsChosen()
     selection.setCurrent(file);
     QCOMPARE(selection.current(), file);
     QVERIFY(model.rowCount() > 0);
+}
+
+void TestKitWorkbench::listenerMayChooseSomethingElse()
+{
+    Stage stage;
+    QVector<Identity> told;
+    QObject::connect(&stage.bench, &Workbench::chosenChanged, &stage.bench, [&](quint64 thing) { told.append(thing); });
+    const Identity colour = stage.file(1)->type(key("Color"));
+    QObject::connect(&stage.bench, &Workbench::currentChanged, &stage.bench, [&] { stage.bench.choose(colour); });
+    stage.bench.setCurrent(stage.file(1));
+    QCOMPARE(stage.bench.chosen(), colour);
+    QCOMPARE(told, QVector<Identity>{colour}); // What was chosen last.
+}
+
+void TestKitWorkbench::errorOfAFrameIsToldOnce()
+{
+    Stage stage{QStringList()};
+    stage.bench.files().open({clips::clip(key("red709.mkv"))});
+    QVERIFY(QTest::qWaitFor([&] { return !stage.bench.files().isOpening(); }, 60000));
+    QStringList told;
+    QObject::connect(&stage.bench, &Workbench::told, &stage.bench,
+                     [&](const zokit::Message& message) { told.append(message.text()); });
+    const Identity crop = stage.file(0)->type(key("Crop"));
+    const auto cutTo = [&](int side) {
+        return stage.file(0)->setValues(crop, {{key("crop_width"), side}, {key("crop_height"), side}}).isEmpty();
+    };
+    QVERIFY(cutTo(10));
+    const zokit::ShownFrames& frames = stage.bench.preview().frames();
+    QVERIFY(QTest::qWaitFor([&] { return !frames.error().isEmpty() && !frames.whole().isNull(); }, 60000));
+    QVERIFY(cutTo(24));
+    QVERIFY(QTest::qWaitFor([&] { return !frames.output().isNull(); }, 60000));
+    QCOMPARE(told, QStringList{key("10x10 of the frame of 64x48 is left of the crop. At least 24x24 is needed: move it "
+                                   "into the frame or make it larger.")});
 }
 
 void TestKitWorkbench::undoShowsWhatItChanged()
