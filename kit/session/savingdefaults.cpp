@@ -21,10 +21,10 @@ namespace {
 const QString watermark = QStringLiteral("Watermark");
 const QString subtitle = QStringLiteral("Subtitle");
 
-/// \a position of \a values as a part of \a side, under \a factor.
+/// \a position of \a values as a part of \a side, under \a factor. A frame that is none has no parts.
 void addFactor(Values& saved, const QString& factor, const Values& values, const QString& position, int side)
 {
-    if (side != 0)
+    if (side > 0)
         saved.insert(factor, double(values.value(position).toInt()) / side);
 }
 
@@ -46,10 +46,8 @@ Values ofWatermark(const Values& values, const Values& before, const QSize& fram
               QStringLiteral("wm_fontsize")});
     else
         copy(saved, values, {QStringLiteral("wm_imagekeepratio")});
-    if (!frame.isEmpty()) {
-        addFactor(saved, QStringLiteral("wm_hposfactor"), values, QStringLiteral("wm_hposition"), frame.width());
-        addFactor(saved, QStringLiteral("wm_vposfactor"), values, QStringLiteral("wm_vposition"), frame.height());
-    }
+    addFactor(saved, QStringLiteral("wm_hposfactor"), values, QStringLiteral("wm_hposition"), frame.width());
+    addFactor(saved, QStringLiteral("wm_vposfactor"), values, QStringLiteral("wm_vposition"), frame.height());
     return saved;
 }
 

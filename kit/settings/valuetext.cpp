@@ -48,6 +48,8 @@ QJsonValue valueAsJson(const Address& address, const QVariant& value)
 
 QString valueAsText(const Address& address, const QVariant& value)
 {
+    if (value.userType() == QMetaType::QString && value.toString().isEmpty())
+        return QString(); // Also a null one, which a file keeps apart.
     const QJsonValue json = valueAsJson(address, value);
     if (json.isNull() || json.isUndefined())
         return QString();

@@ -589,7 +589,17 @@ void TestKitHistory::savedDefaultsComeAndGo()
     QCOMPARE(ZoEffectModel::customDefaultVal(key("bcs_contrast"), key("Color")), QVariant(11));
     project.history().undo();
     QVERIFY(!ZoEffectModel::customDefaultVal(key("bcs_contrast"), key("Color")).isValid());
-    QCOMPARE(project.saveDefault(file->type(key("Crop"))).code(), Code::NothingToSave);
+    FileSettings* sound = project.add(zokit::Media{key("/a.wav"), QSize(), 1.0});
+    for (const auto& [type, of] : {std::pair("Watermark", "wm_textcontent"), std::pair("Subtitle", "trackid")}) {
+        const Identity item = sound->insert(key(type), {{key(of), 3}}).item;
+        QVERIFY(project.saveDefault(item).isEmpty());
+        const zokit::Values saved = project.savedValues(key(type));
+        QVERIFY(!saved.isEmpty());
+        for (const char* place : {"wm_hposfactor", "wm_vposfactor", "sub_vposfactor"}) // A part of no frame.
+            QVERIFY2(!saved.contains(key(place)), place);
+    }
+    for (const char* type : {"Crop", "Watermark", "Subtitle", "Audio"}) // Of some it is an item's.
+        QCOMPARE(project.saveDefault(file->type(key(type))).code(), Code::NothingToSave);
 }
 
 namespace {

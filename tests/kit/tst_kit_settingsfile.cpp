@@ -1,6 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The libzoeffect developers
 // SPDX-License-Identifier: MIT
 
+#include <csignal>
+#include <functional>
+
+#include <sys/resource.h>
+
 #include <QColor>
 #include <QFont>
 #include <QImage>
@@ -13,6 +18,7 @@
 #include <zokit/presets.h>
 #include <zokit/project.h>
 #include <zokit/settingsfile.h>
+#include <zokit/valuetext.h>
 
 #include "kitsupport.h"
 #include "randomedits.h"
@@ -52,6 +58,12 @@ private slots:
     void importIsAllOrNothing();
     void exportTakesFilesAlong();
     void exportOverItsOwnImagesKeepsThem();
+    void fullDiskIsTold();
+    void fileIsAPresetOrSettings_data();
+    void fileIsAPresetOrSettings();
+    void valueIsSaidToPeople_data();
+    void valueIsSaidToPeople();
+    void settingsAreEqualOnlyInAll();
     void importTellsWhatIsMissing();
     void presetHoldsWhatItIsMeantFor();
     void contentsOfAPresetAreLines();
@@ -305,6 +317,23 @@ void TestKitSettingsFile::refusedFileNamesThePlace_data()
     row("media that is none", R"({"zoeffect": 1, "media": 5})", "media: an object is expected.");
     row("a frame that is none", R"({"zoeffect": 1, "media": {"width": -1}})",
         "media:width: a number of pixels is expected.");
+    row("a frame of letters", R"({"zoeffect": 1, "media": {"width": "x"}})",
+        "media:width: a number of pixels is expected.");
+    row("a file that is none", R"({"zoeffect": 1, "media": {"file": 5}})", "media:file: a path is expected.");
+    row("a length of letters", R"({"zoeffect": 1, "media": {"seconds": "x"}})",
+        "media:seconds: a number of seconds is expected.");
+    row("a length below nothing", R"({"zoeffect": 1, "media": {"seconds": -1}})",
+        "media:seconds: a number of seconds is expected.");
+    row("no version at all", R"({"zoeffect": 0})",
+        R"(This is no settings file: a JSON object with "zoeffect": 1 is expected.)");
+    row("options that are none", R"({"zoeffect": 1, "output": 5})", "output: an object is expected.");
+    row("rules that are none", R"({"zoeffect": 1, "tracks": 5})", "tracks: an object is expected.");
+    row("values that are none", fileWith(R"({"type": "Color", "values": 5})"), "Color:values: an object is expected.");
+    row("items that are none", fileWith(R"({"type": "Watermark", "items": 5})"),
+        "Watermark:items: a list is expected.");
+    row("the kit's own key", fileWith(R"({"type": "Color", "values": {":of": {"int": 5}}})"),
+        "Color::of is no address. Write TYPE:KEY or TYPE:POSITION:KEY, for example Color:bcs_contrast or "
+        "Watermark:0:wm_fontsize.");
     row("effects that are none", R"({"zoeffect": 1, "effects": {}})", "effects: a list is expected.");
     row("an effect that is none", fileWith("5"), "effects[0]: an object is expected.");
     row("an unknown type", fileWith(R"({"type": "Colour"})"), "There is no effect type Colour. Did you mean Color?");
@@ -513,6 +542,7 @@ void TestKitSettingsFile::presetIsRefusedWithAReason()
     const QString nameless = key("A preset needs a name.");
     QCOMPARE(presets.save(QString(), Settings()).text(), nameless);
     QCOMPARE(presets.rename(key("Corner"), QString()).text(), nameless);
+    QCOMPARE(presets.save(QString(QChar(0xd800)), Settings()).text(), nameless); // Half a letter.
     write(path(".zoeffect.json"), zokit::writePreset(Settings(), QString()));
     QCOMPARE(presets.import({path(".zoeffect.json")}).text(), nameless);
     const QString missing = key("There is no preset Cornr. Did you mean Corner?");
@@ -525,6 +555,16 @@ void TestKitSettingsFile::presetIsRefusedWithAReason()
     QVERIFY(QDir().mkpath(presets.path(key("Folder"))));
     QCOMPARE(presets.load(key("Folder")).error.text(),
              presets.path(key("Folder")) + key(" cannot be read: it is a folder."));
+    const auto unwritable = [&](const zokit::Message& told, const char* preset) {
+        return told.code() == zokit::Message::Code::FileUnwritable
+               && told.arguments().first() == presets.path(key(preset));
+    };
+    QVERIFY(unwritable(presets.remove(key("Folder")), "Folder"));
+    QVERIFY(unwritable(presets.rename(key("Corner"), key("Folder"), true), "Folder"));
+    write(path("a/twice.json"), zokit::writePreset(Settings(), QString()));
+    write(path("b/twice.json"), zokit::writePreset(Settings(), QString()));
+    QCOMPARE(presets.import({path("a/twice.json"), path("b/twice.json")}, true).text(),
+             key("There is a preset twice already. Choose another name, or replace it."));
     write(path("good.json"), zokit::writePreset(Settings(), QString()));
     const zokit::Presets nowhere(path("good.json/presets"));
     QCOMPARE(nowhere.import({path("good.json")}).code(), zokit::Message::Code::FileUnwritable);
@@ -543,6 +583,9 @@ void TestKitSettingsFile::presetNameMayHoldAnything_data()
     row(".hidden", "%2ehidden");
     row("version 1.2", "version 1.2");
     row("100%", "100%25");
+    row("a\x7f"
+        "b",
+        "a%7fb");
     row("%2f", "%252f");
     row("a\nb", "a%0ab");
     row("-y", "-y");
@@ -588,6 +631,9 @@ void TestKitSettingsFile::importIsAllOrNothing()
     const QString target = folder.filePath(QStringLiteral("out.json"));
     QVERIFY(presets.exportTo(QStringLiteral("good"), target).isEmpty());
     QVERIFY(!presets.exportTo(QStringLiteral("good"), target).isEmpty());
+    write("out.json", "old");
+    QVERIFY(presets.exportTo(QStringLiteral("good"), target, true).isEmpty());
+    QVERIFY(presets.loadNamed(target).error.isEmpty());
 }
 
 namespace {
@@ -647,6 +693,13 @@ void TestKitSettingsFile::exportTakesFilesAlong()
                                   path("elsewhere/away.files/logo.png")}));
     QCOMPARE(contentOf(images.at(0)), QByteArray("first"));
     QCOMPARE(contentOf(images.at(1)), QByteArray("second"));
+    QCOMPARE(others.exportWithFiles(key("away"), path("plain.json")).text(), QString());
+    QCOMPARE(contentOf(path("plain.json.files/logo.png")), QByteArray("first"));
+    write(path("clash.files"), "no folder");
+    const zokit::Message clash = others.exportWithFiles(key("away"), path("clash.zoeffect.json"));
+    QCOMPARE(clash.code(), zokit::Message::Code::FileUnwritable);
+    QCOMPARE(clash.arguments().first(), path("clash.files/logo.png"));
+    QVERIFY(!QFile::exists(path("clash.zoeffect.json")));
     // Nor is a copy that is there overwritten unasked.
     write(path("fresh.files/logo.png"), "mine");
     write(path("a/logo.png"), "first");
@@ -676,6 +729,136 @@ void TestKitSettingsFile::exportOverItsOwnImagesKeepsThem()
     QVERIFY(presets.save(key("logo"), withImages({path("alias/away.files/logo.png")})).isEmpty());
     QCOMPARE(presets.exportWithFiles(key("logo"), path("out/away.zoeffect.json"), true).text(), QString());
     QCOMPARE(contentOf(path("out/away.files/logo.png")), QByteArray("logo"));
+}
+
+void TestKitSettingsFile::fullDiskIsTold()
+{
+    const QTemporaryDir folder;
+    const auto path = [&](const char* name) { return folder.filePath(key(name)); };
+    const zokit::Presets presets(path("presets"));
+    write(path("small.png"), QByteArray(1000, 'a'));
+    write(path("large.png"), QByteArray(3 * 1024 * 1024, 'a'));
+    QVERIFY(presets.save(key("small"), withImages({path("small.png")})).isEmpty());
+    QVERIFY(presets.save(key("large"), withImages({path("large.png")})).isEmpty());
+    const QByteArray before = contentOf(presets.path(key("small")));
+    rlimit usual{};
+    QCOMPARE(getrlimit(RLIMIT_FSIZE, &usual), 0);
+    std::signal(SIGXFSZ, SIG_IGN);
+    const auto withRoom = [&](rlim_t bytes, const std::function<zokit::Message()>& call) {
+        const rlimit limit{bytes, usual.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+        const zokit::Message told = call();
+        setrlimit(RLIMIT_FSIZE, &usual);
+        return told.code() == zokit::Message::Code::FileUnwritable ? told.arguments().first() : told.text();
+    };
+    QCOMPARE(withRoom(10, [&] { return presets.save(key("small"), Settings(), true); }), presets.path(key("small")));
+    QCOMPARE(contentOf(presets.path(key("small"))), before);
+    QCOMPARE(withRoom(10, [&] { return presets.exportWithFiles(key("small"), path("out.zoeffect.json")); }),
+             path("out.files/small.png"));
+    QCOMPARE(withRoom(1500000, [&] { return presets.exportWithFiles(key("large"), path("out.zoeffect.json")); }),
+             path("out.files/large.png"));
+    QVERIFY(!QFile::exists(path("out.zoeffect.json")));
+    QVERIFY(!QFile::exists(path("out.files/small.png")) && !QFile::exists(path("out.files/large.png")));
+}
+
+void TestKitSettingsFile::fileIsAPresetOrSettings_data()
+{
+    QTest::addColumn<QByteArray>("file");
+    QTest::addColumn<bool>("isPreset");
+    QTest::addColumn<QString>("sentence"); // Behind the file's name.
+    const auto row = [](const char* name, const char* file, bool isPreset, const char* sentence) {
+        QTest::newRow(name) << QByteArray(file) << isPreset << key(sentence);
+    };
+    row("settings", R"({"zoeffect": 1, "media": {"width": 1280, "height": 720}})", false, "");
+    row("a preset", R"({"zoeffect": 1, "base": {"width": 1280, "height": 720}})", true, "");
+    row("neither is said", R"({"zoeffect": 1})", false, "");
+    row("both are said", R"({"zoeffect": 1, "base": {}, "media": {}})", false, "");
+    row("settings with an error", R"({"zoeffect": 1, "media": 5})", false, ": media: an object is expected.");
+    row("a preset with an error", R"({"zoeffect": 1, "base": 5})", true, ": base: an object is expected.");
+    row("no JSON", "{", false, ": Line 1, column 1: a closing brace } is missing.");
+}
+
+void TestKitSettingsFile::fileIsAPresetOrSettings()
+{
+    QFETCH(QByteArray, file);
+    QFETCH(bool, isPreset);
+    QFETCH(QString, sentence);
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(key("a.json"));
+    write(path, file);
+    const zokit::Presets::Named named = zokit::Presets(folder.path()).loadNamed(path);
+    QCOMPARE(named.isPreset, isPreset);
+    QCOMPARE(named.error.text(), sentence.isEmpty() ? QString() : path + sentence);
+}
+
+void TestKitSettingsFile::valueIsSaidToPeople_data()
+{
+    QTest::addColumn<QString>("type");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QVariant>("value");
+    QTest::addColumn<QString>("thing");
+    QTest::addColumn<QString>("label");
+    const auto row = [](const char* what, const char* type, const char* name, const QVariant& value, const char* thing,
+                        const char* label) {
+        QTest::newRow(what) << key(type) << key(name) << value << key(thing) << key(label);
+    };
+    row("a number", "Color", "bcs_contrast", 5, "Colour: Contrast", "5");
+    row("with a unit", "Crop", "crop_left", 5, "Crop: Left", "5 px");
+    row("with a unit, and not set", "Crop", "crop_left", QVariant(), "Crop: Left", "");
+    row("the word of a crop", "Crop", "crop_width", key("source_val"), "Crop: Width", "as the frame");
+    row("a text without letters", "Watermark", "wm_textcontent", QString(), "Watermarks: Text", "");
+    row("a host's own", "Color", "x-note", 5, "Colour: x-note", R"({"int":5})");
+    row("what no file can hold", "Color", "x-picture", QImage(1, 1, QImage::Format_RGB32), "Colour: x-picture", "");
+    row("a margin in pixels", "Watermark", "anchor", QVariantMap{{key("corner"), key("top-left")}, {key("margin"), 20}},
+        "Watermarks: Anchor", "top left, 20 px");
+    row("a margin in percent", "Watermark", "anchor", QVariantMap{{key("corner"), key("top-left")}},
+        "Watermarks: Anchor", "top left, 2 %");
+    row("no anchor", "Watermark", "anchor", QVariantMap{{key("corner"), key("nowhere")}}, "Watermarks: Anchor", "");
+    row("a name", "Effect", "name", key("Blur"), "Frame effects: Name", "Blur");
+    row("a selection", "Effect", "selected", false, "Frame effects: In use", "No");
+}
+
+void TestKitSettingsFile::valueIsSaidToPeople()
+{
+    QFETCH(QString, type);
+    QFETCH(QString, name);
+    QFETCH(QVariant, value);
+    const zokit::Address address{type, zokit::Address::ofType, name};
+    QTEST(zokit::addressLabel(address), "thing");
+    QTEST(zokit::valueLabel(address, value), "label");
+}
+
+void TestKitSettingsFile::settingsAreEqualOnlyInAll()
+{
+    Settings settings = *zokit::readSettings(handWritten, QString()).settings;
+    QVERIFY(settings == *zokit::readSettings(handWritten, QString()).settings);
+    using Change = void (*)(Settings&);
+    const Change changes[] = {
+        [](Settings& s) { s.media.file += QLatin1Char('x'); },
+        [](Settings& s) { s.media.frame.rwidth() += 1; },
+        [](Settings& s) { s.media.seconds += 1; },
+        [](Settings& s) { s.foreign.insert(key("x-a"), 1); },
+        [](Settings& s) { s.tracks.insert(key("sidecars"), true); },
+        [](Settings& s) { s.output.insert(key("quality"), 1); },
+        [](Settings& s) { s.effects.removeLast(); },
+        [](Settings& s) { s.find(key("Color"))->type = key("Colour"); },
+        [](Settings& s) { s.find(key("Color"))->selected = !s.find(key("Color"))->selected; },
+        [](Settings& s) { s.find(key("Color"))->values.insert(key("bcs_contrast"), 5.0); },
+        [](Settings& s) { s.find(key("Color"))->foreign.insert(key("x-a"), 1); },
+        [](Settings& s) { s.find(key("Watermark"))->items.removeLast(); },
+        [](Settings& s) { s.find(key("Watermark"))->items[0].name = key("x"); },
+        [](Settings& s) { s.find(key("Watermark"))->items[0].selected = false; },
+        [](Settings& s) { s.find(key("Watermark"))->items[0].values.insert(key("x-a"), 1); },
+        [](Settings& s) { s.find(key("Watermark"))->items[0].anchor.insert(key("margin"), 77); },
+        [](Settings& s) { s.find(key("Watermark"))->items[0].foreign.insert(key("x-a"), 1); },
+    };
+    int number = 0;
+    for (const Change change : changes) {
+        Settings other = settings;
+        change(other);
+        QVERIFY2(!(other == settings), qPrintable(QString::number(number)));
+        ++number;
+    }
 }
 
 void TestKitSettingsFile::importTellsWhatIsMissing()
@@ -728,6 +911,10 @@ void TestKitSettingsFile::presetHoldsWhatItIsMeantFor()
     QCOMPARE(part.effects.size(), 2);
     QCOMPARE(part.find(key("Color"))->values.size(), 1);
     QVERIFY(part.output.isEmpty());
+    const Settings nothing =
+        zokit::presetFrom(settings, {key("Color:nothing"), key("Watermark:-1"), key("Watermark:7")});
+    QCOMPARE(nothing.find(key("Color"))->values.size(), 0);
+    QCOMPARE(nothing.find(key("Watermark"))->items.size(), 0);
     QCOMPARE(zokit::carryOfPreset(part).what, QStringList({key("Watermark"), key("Color")}));
     const Settings rules = zokit::presetFrom(settings, {key("Crop"), key("Output"), key("Tracks")});
     QCOMPARE(zokit::carryOfPreset(rules).what, QStringList({key("Crop"), key("Output"), key("Tracks")}));
@@ -751,6 +938,11 @@ void TestKitSettingsFile::settingsOfASmallFrameAreReadAgain()
 
 void TestKitSettingsFile::contentsOfAPresetAreLines()
 {
+    zokit::FileSettings plain(clip());
+    plain.setValue(plain.type(key("Color")), key("x-note"), 5); // No person sets it.
+    QCOMPARE(zokit::contentsOf(zokit::presetFrom(plain.settings(), {key("Crop"), key("Color")})),
+             QStringList{key("As by default: Crop, Colour")});
+
     zokit::FileSettings file(*zokit::readSettings(handWritten, QString()).settings);
     file.setValue(file.type(key("Crop")), key("crop_width"), 800);
     const zokit::Identity image = file.insert(key("Watermark"), {{key("wm_imageurl"), key("/pictures/logo.png")}}).item;
