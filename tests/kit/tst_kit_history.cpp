@@ -55,6 +55,8 @@ private slots:
     void refusedApplyingLeavesAnOpenGesture();
     void whatApplyingWouldChangeIsALineAValue();
     void filesComeAndGo();
+    void cleanIsTheMomentThatWasSaved();
+    void whatIsNoFileIsNeitherFoundNorRemoved();
     void savedDefaultsComeAndGo();
     void defaultThatCannotBeWrittenIsTold();
     void directChangeOfAModelIsAStep();
@@ -574,6 +576,47 @@ void TestKitHistory::filesComeAndGo()
     QVERIFY(project.files().isEmpty());
     project.history().goTo(99);
     QCOMPARE(project.files().size(), 1);
+}
+
+void TestKitHistory::cleanIsTheMomentThatWasSaved()
+{
+    Project project;
+    FileSettings* file = project.add(clip());
+    const Identity color = file->type(key("Color"));
+    zokit::History& history = project.history();
+    QVector<bool> told;
+    connect(&history, &zokit::History::cleanChanged, this, [&](bool isClean) { told.append(isClean); });
+    history.setClean();
+    history.setClean(); // It is already.
+    QCOMPARE(told, QVector<bool>{true});
+    history.beginGesture(zokit::Message());
+    file->setValue(color, key("bcs_contrast"), 3);
+    history.undo(); // Nothing is walked through meanwhile.
+    QCOMPARE(file->value(color, key("bcs_contrast")), QVariant(3));
+    history.setClean(); // What was saved is no step yet.
+    history.endGesture();
+    QVERIFY(!history.isClean());
+    history.undo();
+    QVERIFY(!history.isClean());
+    zokit::HistoryState state = history.state();
+    for (const int clean : {99, -7}) { // Of a damaged journal.
+        state.cleanPosition = clean;
+        history.restore(state);
+        QVERIFY(!history.isClean());
+        QCOMPARE(history.state().cleanPosition, -1);
+    }
+}
+
+void TestKitHistory::whatIsNoFileIsNeitherFoundNorRemoved()
+{
+    Project project;
+    FileSettings* file = project.add(clip());
+    FileSettings other(clip());
+    QCOMPARE(project.file(file->file()), file);
+    QCOMPARE(project.file(file->type(key("Color"))), nullptr);
+    project.remove(nullptr);
+    project.remove(&other);
+    QCOMPARE(project.files(), QVector<FileSettings*>{file});
 }
 
 void TestKitHistory::savedDefaultsComeAndGo()
