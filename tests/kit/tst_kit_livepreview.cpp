@@ -274,6 +274,9 @@ void TestKitLivePreview::pointerSaysWhatWouldBeTaken()
     stage.addLogo(QPoint(960, 164));
     stage.file->setValues(stage.crop(), zokit::cropValues(QRect(200, 100, 600, 520)));
     QTEST(stage.preview.cursor(point), "shape");
+    stage.preview.press(QPointF(112, 190));
+    QCOMPARE(stage.preview.cursor(point), Qt::SizeHorCursor); // What is taken, wherever the pointer goes.
+    stage.preview.release();
 }
 
 void TestKitLivePreview::withoutAFileNothingCanBeTaken()
@@ -284,6 +287,11 @@ void TestKitLivePreview::withoutAFileNothingCanBeTaken()
     QVERIFY(!stage.preview.isDragging());
     QVERIFY(stage.chosen.isEmpty());
     QCOMPARE(stage.preview.cursor(QPointF(300, 200)), Qt::ArrowCursor);
+    zokit::FileSettings sound(zokit::Media{key("/a.wav"), QSize(0, 0), 1.0});
+    stage.preview.setFile(&sound, nullptr); // Nor of a file that is not seen.
+    stage.preview.press(QPointF(300, 200));
+    QVERIFY(!stage.preview.isDragging());
+    stage.preview.setFile(nullptr, nullptr);
     QImage image(664, 384, QImage::Format_RGB32);
     image.fill(Qt::red);
     QPainter painter(&image);
