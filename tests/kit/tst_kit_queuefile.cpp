@@ -89,6 +89,7 @@ private slots:
     void folderThatCannotBeMadeIsTold();
     void linesThatMeanNothingAreCounted_data();
     void linesThatMeanNothingAreCounted();
+    void linesOfRowsThatAreGoneMeanNothing();
     void fullDiskCostsNoRow();
     void jobThatIsMadeLaterIsNotKept();
     void rowsAreMovedAndTakenOut();
@@ -310,6 +311,16 @@ void TestKitQueueFile::linesThatMeanNothingAreCounted()
     QCOMPARE(told.code(), Message::Code::QueueCut);
     QCOMPARE(told.arguments(), QStringList({m_path, key("1")}));
     QCOMPARE(namesOf(queue), QStringList({key("a"), key("c")}));
+}
+
+void TestKitQueueFile::linesOfRowsThatAreGoneMeanNothing()
+{
+    QVERIFY(QDir(m_folder->path()).mkpath(key("in")));
+    write(left("waiting", "waiting", "waiting") + "{\"row\":9,\"state\":\"done\"}\n{\"rows\":[9,3]}\n");
+    Queue queue(m_tools);
+    QueueFile file(queue, m_path);
+    QCOMPARE(file.open(), Message());
+    QCOMPARE(namesOf(queue), QStringList({key("c"), key("a"), key("b")})); // Those without a place come last.
 }
 
 void TestKitQueueFile::fullDiskCostsNoRow()

@@ -34,6 +34,8 @@ private slots:
     void arguments();
     void resultIsHeldAgainstThePlan_data();
     void resultIsHeldAgainstThePlan();
+    void lettersOfASubtitleFileAreTold_data();
+    void lettersOfASubtitleFileAreTold();
     void peakOfASoundFileIsMeasuredInItsPart();
     void chaptersAreThoseOfThePart();
     void containerIsToldByTheEnding_data();
@@ -645,6 +647,40 @@ void TestKitTrackPlan::resultIsHeldAgainstThePlan()
     QCOMPARE(isShort, expected.startsWith(QLatin1String("The result has")));
     if (expected.isEmpty() || isShort) // Of an unknown length none is too short.
         QCOMPARE(zokit::checkResult(result, plan, 0, &isShort).text(), QString());
+}
+
+void TestKitTrackPlan::lettersOfASubtitleFileAreTold_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<bool>("isCopied");
+    QTest::newRow("UTF-8") << QByteArray("Gr\xc3\xbc\xc3\x9f"
+                                         "e")
+                           << true;
+    QTest::newRow("Latin") << QByteArray("Gr\xfc\xdf"
+                                         "e")
+                           << false;
+    QTest::newRow("UTF-16") << QByteArray("\xff\xfeH\0\xfc\0", 6) << true;
+    QTest::newRow("UTF-16 of another order") << QByteArray("\xfe\xff\0H\0\xfc", 6) << true;
+    QTest::newRow("UTF-8 by its mark, and damaged") << QByteArray("\xef\xbb\xbf\xfc") << true;
+}
+
+void TestKitTrackPlan::lettersOfASubtitleFileAreTold()
+{
+    QFETCH(const QByteArray, text);
+    QFETCH(const bool, isCopied);
+    QFile file(QDir::temp().filePath(key("letters.srt")));
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(text) == text.size());
+    file.close();
+    Given given;
+    given.item("Subtitle", {{key("sub_fromfile"), true}, {key("file"), file.fileName()}});
+    given.option("soft-subtitles", true);
+    given.files.insert(file.fileName(), {});
+    given.files[file.fileName()].streams = {given.stream(3)};
+    const TracksPlan plan = zokit::planTracks(given.settings, given.media, given.files, key("mkv"));
+    QCOMPARE(plan.tracks.at(plan.tracks.size() - 2).line().text(),
+             isCopied ? key("track letters.srt (subtitle, subrip): copied")
+                      : key("track letters.srt (subtitle, subrip): converted to subrip, because its letters are not in "
+                            "UTF-8"));
 }
 
 void TestKitTrackPlan::peakOfASoundFileIsMeasuredInItsPart()
