@@ -254,6 +254,7 @@ void TestKitPreviewGeometry::pressTakes_data()
     QTest::newRow("too far beside it") << QPointF(51, 61) << nothing << nothing << Handle::None;
     QTest::newRow("the middle of an edge") << QPointF(260, 270) << nothing << crop << Handle::Bottom;
     QTest::newRow("an edge anywhere") << QPointF(150, 70) << nothing << crop << Handle::Top;
+    QTest::newRow("the left edge") << QPointF(60, 150) << nothing << crop << Handle::Left;
     QTest::newRow("a bit inside an edge") << QPointF(456, 100) << nothing << crop << Handle::Right;
     QTest::newRow("further inside") << QPointF(455, 100) << nothing << crop << Handle::Move;
     QTest::newRow("a watermark") << QPointF(120, 130) << nothing << logo << Handle::Move;

@@ -5,6 +5,7 @@
 #include <QRandomGenerator>
 #include <QtTest>
 
+#include <zokit/frames.h>
 #include <zokit/previewgeometry.h>
 
 #include "kitsupport.h"
@@ -33,6 +34,7 @@ private slots:
     void pictureIsScaledOnce_data();
     void pictureIsScaledOnce();
     void nothingChangesNothing();
+    void pictureOfNoFrameIsNone();
     void otherFrameChangesAll();
     void movedWatermarkChangesItsPlaces();
     void changedRegionIsEnough_data();
@@ -207,12 +209,19 @@ void TestKitPreviewPaint::pictureIsScaledOnce()
     const QImage scaled = zokit::scaledFor(shown.view, shown.frames.whole);
     QCOMPARE(scaled.size(), expected);
     QCOMPARE(scaled.format(), QImage::Format_RGB32);
+    const QImage other = shown.frames.whole.convertToFormat(QImage::Format_RGB888);
+    QCOMPARE(zokit::scaledFor(shown.view, other).format(), QImage::Format_RGB32);
 }
 
 void TestKitPreviewPaint::nothingChangesNothing()
 {
     const Shown shown;
     QVERIFY(zokit::changedRegion(shown.scene, shown.scene, shown.view).isEmpty());
+}
+
+void TestKitPreviewPaint::pictureOfNoFrameIsNone()
+{
+    QVERIFY(zokit::previewPicture(zokit::Settings(), QImage()).isNull());
 }
 
 void TestKitPreviewPaint::otherFrameChangesAll()

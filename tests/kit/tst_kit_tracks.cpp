@@ -33,6 +33,7 @@ private slots:
     void choice();
     void forcedOnesOfNoLanguageSuitAnySound();
     void usualSoundIsTheOneMarkedAsDefault();
+    void whatIsNotThereIsNotChosen();
     void missingLanguageIsTold_data();
     void missingLanguageIsTold();
     void everyTrackOfSoundAndSubtitlesIsListed();
@@ -272,6 +273,24 @@ void TestKitTracks::usualSoundIsTheOneMarkedAsDefault()
     QCOMPARE(selected(zokit::chosenTracks(rules, french, film, {})), QStringList{key("7: chosen as forced subtitle")});
 }
 
+void TestKitTracks::whatIsNotThereIsNotChosen()
+{
+    TrackRules rules;
+    rules.audioTracks = QVector<int>{99};
+    rules.subtitleTrack = 99;
+    QCOMPARE(selected(zokit::chosenTracks(rules, tracks(), film, {})), QStringList()); // The reason is not asked for.
+    rules = TrackRules();
+    rules.forcedSubtitles = true;
+    QVector<Track> silent;
+    for (const Track& track : tracks()) {
+        if (track.kind == TrackKind::Subtitle)
+            silent.append(track);
+    }
+    QCOMPARE(selected(zokit::chosenTracks(rules, silent, film, {})), QStringList()); // Forced for no sound.
+    const QVector<TrackChoice> none = zokit::chosenTracks(TrackRules(), tracks(), film, {});
+    QCOMPARE(selected(zokit::withTicked(none, Settings(), TrackRules())), QStringList());
+}
+
 void TestKitTracks::missingLanguageIsTold_data()
 {
     QTest::addColumn<QString>("sound");
@@ -364,6 +383,12 @@ void TestKitTracks::sidecarTellsByItsName_data()
     QTest::newRow("behind such a title") << "The.Big.One.mkv"
                                          << "The.Big.One.fra.srt"
                                          << "fra" << false;
+    QTest::newRow("the first of two") << "film.mkv"
+                                      << "film.eng.fra.srt"
+                                      << "eng" << false;
+    QTest::newRow("one letter is none") << "film.mkv"
+                                        << "film.e.srt"
+                                        << "" << false;
     QTest::newRow("a number is no language") << "film.mkv"
                                              << "film.02.srt"
                                              << "" << false;
