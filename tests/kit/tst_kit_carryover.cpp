@@ -253,6 +253,22 @@ QVector<Rule> rules()
          true,
          "",
          {key("Effect:4:name Sepia")}},
+        {"one that is there already is not written over",
+         [](FileSettings& f) {
+             f.setValues(insertText(f, "a"),
+                         {{key("wm_hposition"), 300}, {key("wm_vposition"), 200}, {key("wm_fontsize"), 40}});
+             insertText(f, "b");
+         },
+         [](FileSettings& f) {
+             insertText(f, "old");
+             f.setValues(insertText(f, "a"),
+                         {{key("wm_hposition"), 150}, {key("wm_vposition"), 100}, {key("wm_fontsize"), 20}});
+         },
+         {key("Watermark:0"), key("Watermark:1")},
+         false,
+         "Watermark",
+         {key("count Watermark 3"), key("Watermark:0:wm_textcontent old"), key("Watermark:1:wm_textcontent a"),
+          key("Watermark:2:wm_textcontent b")}},
         {"several by position, in any order",
          [](FileSettings& f) {
              for (const char* text : {"a", "b", "c"})
@@ -592,7 +608,8 @@ void TestKitCarryOver::refusedWithAReason_data()
     QTest::addColumn<QString>("sentence");
     const QString noAddress = QStringLiteral("%1 is no address. Write TYPE:KEY or TYPE:POSITION:KEY, for example "
                                              "Color:bcs_contrast or Watermark:0:wm_fontsize.");
-    for (const char* what : {"", "Watermark:-1", "Watermark:", "Watermark:0:", ":0", "Color:bcs_contrast:1"})
+    for (const char* what :
+         {"", "Watermark:-1", "Watermark:", "Watermark:0:", ":0", "Color:bcs_contrast:1", "Watermark:0:wm_fontsize:1"})
         QTest::newRow(what) << what << noAddress.arg(QString::fromLatin1(what));
     QTest::newRow("a misspelt type") << "Colour"
                                      << "There is no effect type Colour. Did you mean Color?";

@@ -193,6 +193,9 @@ void TestKitFrames::mappedHdrIsShownAsItComesOut()
     question.seconds = 0.2;
     question.isKept = true;
     question.forScreen = false;
+    FrameQuestion unmapped = question; // What is kept of it is no frame of the mapped one.
+    unmapped.settings.output.remove(QStringLiteral("hdr"));
+    QVERIFY(!zokit::frame(frames, unmapped).frame.bytes.isEmpty());
     const QByteArray raw = zokit::frame(frames, question).frame.bytes;
     QCOMPARE(raw.size(), 160 * 120 * 3 / 2);
     const QByteArray expected = ffmpeg(
@@ -503,8 +506,8 @@ void TestKitFrames::failureTellsItsReason_data()
         << QStringLiteral("case \"$*\" in *null*) kill -9 $$;; esac") << zokit::Values()
         << QStringLiteral("ffmpeg was ended by signal 9. Try again, with more memory at hand.");
     QTest::newRow("subtitles that it cannot read")
-        << QStringLiteral("echo 'Invalid data' >&2; exit 1") << file(clips::clip(QStringLiteral("text.srt")))
-        << QStringLiteral("ffmpeg failed: Invalid data");
+        << QStringLiteral("printf 'Invalid data\\nframe:0 pts:0\\nframe= 3\\n' >&2; exit 1")
+        << file(clips::clip(QStringLiteral("text.srt"))) << QStringLiteral("ffmpeg failed: Invalid data");
     QTest::newRow("pictures as subtitles that are gone")
         << QStringLiteral("exit 0") << file(QStringLiteral("/gone.sup")) << QStringLiteral("/gone.sup: no such file.");
     QTest::newRow("subtitles that the clip lacks")

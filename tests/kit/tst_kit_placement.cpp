@@ -112,6 +112,7 @@ void TestKitPlacement::anchorIsReadAndWritten()
         given.insert(key("margin"), margin);
     if (size.isValid())
         given.insert(key("size"), size);
+    given.insert(key("x-note"), 5); // A host's own.
     const auto read = zokit::anchorFrom(given);
     QVERIFY(read);
     const Values back = zokit::toValues(*read);
@@ -133,6 +134,8 @@ void TestKitPlacement::noAnchorIsRefusedWithAReason_data()
                                        << "inf is no margin. Write pixels (10) or percent (2%).";
     QTest::newRow("no width") << with("size", "0%")
                               << "0% is no size. Write a part of the frame's width from 1% to 100%.";
+    QTest::newRow("a width of letters") << with("size", "wide")
+                                        << "wide is no size. Write a part of the frame's width from 1% to 100%.";
     QTest::newRow("wider than the frame")
         << with("size", "101%") << "101% is no size. Write a part of the frame's width from 1% to 100%.";
 }
@@ -347,6 +350,10 @@ void TestKitPlacement::cropKeepsToItsRule_data()
     QTest::newRow("drawn from right to left")
         << QRect(QPoint(109, 59), QPoint(10, 10)) << 0.0 << false << usual << QRect(10, 10, 100, 50);
     QTest::newRow("no room for the smallest") << QRect(0, 0, 100, 100) << 0.0 << false << QSize(700, 24) << QRect();
+    QTest::newRow("no height for the smallest") << QRect(0, 0, 100, 100) << 0.0 << false << QSize(24, 400) << QRect();
+    QTest::newRow("beside the frame") << QRect(2000, 2000, 50, 50) << 0.0 << false << QSize(0, 0) << QRect();
+    QTest::newRow("beside the frame, and no height")
+        << QRect(2000, 2000, 50, 50) << 0.0 << false << QSize(24, 0) << QRect();
     QTest::newRow("no room for the shape") << QRect(0, 0, 100, 100) << 100.0 << false << usual << QRect();
 }
 

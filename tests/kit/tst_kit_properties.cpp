@@ -73,6 +73,7 @@ private slots:
     void keysStandOnce();
     void typesStandInTheOrderOfTheTree();
     void frameEffectsAreTwenty();
+    void choiceWithoutANameSaysItsValue();
     void valueIsRead_data();
     void valueIsRead();
     void valueIsRefused_data();
@@ -172,6 +173,16 @@ void TestKitProperties::frameEffectsAreTwenty()
         names.join(QLatin1Char(' ')),
         QStringLiteral("Blur Sharpen Mirror Flip Sepia Greyscale Negative Emboss Mosaic Noise Vignette Old Film Edge "
                        "Posterize Warm Cool Fisheye Glow Kaleidoscope Grid"));
+}
+
+void TestKitProperties::choiceWithoutANameSaysItsValue()
+{
+    const zokit::Property* shape = zokit::findProperty(QStringLiteral("Crop"), QStringLiteral("crop_aspectratio"));
+    QCOMPARE(shape->choiceName(QStringLiteral("Crop Area")), QStringLiteral("Free"));
+    QCOMPARE(shape->choiceName(QStringLiteral("16:9")), QStringLiteral("16:9"));
+    QCOMPARE(shape->choiceName(QStringLiteral("9:1")), QStringLiteral("9:1")); // Of a later version.
+    const zokit::Property* container = zokit::findProperty(QStringLiteral("Output"), QStringLiteral("container"));
+    QCOMPARE(container->choiceName(QStringLiteral("mkv")), QStringLiteral("mkv"));
 }
 
 void TestKitProperties::valueIsRead_data()
