@@ -58,25 +58,28 @@ struct Encoder {
     const char* speeds;
     const char* usualSpeed;
     int usualQuality;
+    int shortestSide; ///< Of a picture, in pixels.
+    int longestSide;
 };
+constexpr int longestThatIsRead = 65535;
 constexpr const char* words = "ultrafast superfast veryfast faster fast medium slow slower veryslow placebo";
 constexpr std::array<Encoder, 5> videoEncoders = {{
     {"h264", "libx264",
      "yuv420p yuvj420p yuv422p yuvj422p yuv444p yuvj444p yuv420p10le yuv422p10le yuv444p10le gray gray10le", 51, words,
-     "veryfast", 20},
+     "veryfast", 20, 1, 16384},
     {"hevc", "libx265",
      "yuv420p yuvj420p yuv422p yuvj422p yuv444p yuvj444p yuv420p10le yuv422p10le yuv444p10le yuv420p12le yuv422p12le "
      "yuv444p12le gbrp gbrp10le gbrp12le gray gray10le gray12le",
-     51, words, "fast", 22},
+     51, words, "fast", 22, 16, longestThatIsRead},
     {"vp9", "libvpx-vp9",
      "yuv420p yuva420p yuv422p yuv440p yuv444p yuv420p10le yuv422p10le yuv444p10le yuv420p12le yuv422p12le yuv444p12le "
      "gbrp gbrp10le gbrp12le",
-     63, "0 1 2 3 4 5 6 7 8", "4", 31},
+     63, "0 1 2 3 4 5 6 7 8", "4", 31, 1, 16384},
     {"av1", "libaom-av1",
      "yuv420p yuv422p yuv444p gbrp yuv420p10le yuv422p10le yuv444p10le yuv420p12le yuv422p12le yuv444p12le gbrp10le "
      "gbrp12le gray gray10le gray12le",
-     63, "0 1 2 3 4 5 6 7 8", "6", 30},
-    {"ffv1", "ffv1", nullptr, -1, "", "", 0},
+     63, "0 1 2 3 4 5 6 7 8", "6", 30, 1, longestThatIsRead},
+    {"ffv1", "ffv1", nullptr, -1, "", "", 0, 1, longestThatIsRead},
 }};
 
 const Encoder* videoEncoder(const QString& codec)
@@ -155,6 +158,17 @@ Values usualVideoOptions(const QString& codec)
         return {};
     return {{QStringLiteral("quality"), encoder->usualQuality},
             {QStringLiteral("encoder-speed"), QString::fromLatin1(encoder->usualSpeed)}};
+}
+
+Message checkSize(const QSize& size, const QString& codec)
+{
+    const Encoder* encoder = videoEncoder(codec);
+    const int shortest = std::min(size.width(), size.height());
+    const int longest = std::max(size.width(), size.height());
+    if (!encoder || (shortest >= encoder->shortestSide && longest <= encoder->longestSide))
+        return {};
+    return Message(Code::SizeNotForCodec, {sizeText(size), codec, QString::number(encoder->shortestSide),
+                                           QString::number(encoder->longestSide)});
 }
 
 Message checkVideoOptions(const Values& output, const QString& codec)

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QSize>
 #include <QString>
 #include <QStringList>
 
@@ -38,6 +39,8 @@ QStringList videoEncoderOptions(const Values& output, const QString& codec, cons
 Values usualVideoOptions(const QString& codec);
 /// Why quality or encoder speed do not suit \a codec.
 Message checkVideoOptions(const Values& output, const QString& codec);
+/// Why \a codec does not take pictures of \a size.
+Message checkSize(const QSize& size, const QString& codec);
 /// Options of the encoder of track \a position among those of sound.
 QStringList audioEncoderOptions(const Values& output, const QString& codec, const MediaStream& sound, int position);
 /// What has to be done to the sound for \a codec: a layout that it takes. Empty: nothing.

@@ -201,6 +201,7 @@ private:
         const PictureGraph graph = pictureGraph(m_settings, m_media, parts);
         m_plan.warnings += graph.warnings;
         refuse(graph.error);
+        refuse(checkSize(graph.size, m_plan.videoCodec));
     }
 
     void planOtherPictures()

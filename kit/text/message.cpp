@@ -120,6 +120,7 @@ constexpr Text texts[] = {
     {Code::CropCut,          QT_TRANSLATE_NOOP("zokit", "The crop leaves the frame of %2. %1 is kept of it.")},
     {Code::OddSize,          QT_TRANSLATE_NOOP("zokit", "%1: with %2 width and height have to be even. Take another size, or a pixel format like yuv444p.")},
     {Code::MadeEven,         QT_TRANSLATE_NOOP("zokit", "With %3 width and height are even: %1 is kept of %2. Take a pixel format like yuv444p to keep all of it.")},
+    {Code::SizeNotForCodec,  QT_TRANSLATE_NOOP("zokit", "%1: %2 takes pictures with sides of %3 to %4 pixels. Take another size, or another codec.")},
     {Code::MakesEightBits,   QT_TRANSLATE_NOOP("zokit", "%1 leaves eight bits of a picture that has more.")},
     {Code::WatermarkOutside, QT_TRANSLATE_NOOP("zokit", "%1 lies outside of the part that is kept and cannot be seen. Move it, or make the crop larger.")},
     {Code::SubtitlePictures, QT_TRANSLATE_NOOP("zokit", "This track of subtitles consists of pictures: font and colours stay as they are, only place and transparency follow.")},

@@ -1692,6 +1692,10 @@
         <translation>%1: bei %2 müssen Breite und Höhe gerade sein. Nehmen Sie eine andere Größe oder ein Pixelformat wie yuv444p.</translation>
     </message>
     <message>
+        <source>%1: %2 takes pictures with sides of %3 to %4 pixels. Take another size, or another codec.</source>
+        <translation>%1: %2 nimmt Bilder, deren Seiten %3 bis %4 Pixel lang sind. Nehmen Sie eine andere Größe oder einen anderen Codec.</translation>
+    </message>
+    <message>
         <source>With %3 width and height are even: %1 is kept of %2. Take a pixel format like yuv444p to keep all of it.</source>
         <translation>Bei %3 sind Breite und Höhe gerade: Von %2 bleibt %1. Ein Pixelformat wie yuv444p behält alles.</translation>
     </message>

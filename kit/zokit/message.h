@@ -122,6 +122,7 @@ public:
         CropCut,          ///< 1: what is kept of the crop, 2: the frame.
         OddSize,          ///< 1: the size, 2: the pixel format.
         MadeEven,         ///< 1: what is kept, 2: what it was, 3: the pixel format.
+        SizeNotForCodec,  ///< 1: the size, 2: the codec, 3, 4: the shortest and the longest side that it takes.
         MakesEightBits,   ///< 1: the frame effect.
         WatermarkOutside, ///< 1: the watermark.
         SubtitlePictures,

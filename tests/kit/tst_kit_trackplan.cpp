@@ -230,6 +230,20 @@ const Fates allFates[] = {
          g.option("pixel-format", key("source"));
      },
      "warning: h264 takes no yuv411p; yuv420p is taken."},
+    {"a side that is too long for the codec", "mkv", [](Given& g) { g.option("size", key("16386x100,exact")); },
+     "error: 16386x100: h264 takes pictures with sides of 1 to 16384 pixels. Take another size, or another codec."},
+    {"a side that no codec takes", "mkv",
+     [](Given& g) {
+         g.option("size", key("100x65536,exact"));
+         g.option("video-codec", key("ffv1"));
+     },
+     "error: 100x65536: ffv1 takes pictures with sides of 1 to 65535 pixels. Take another size, or another codec."},
+    {"a side that is too short for the codec", "mkv",
+     [](Given& g) {
+         g.option("size", key("64x14"));
+         g.option("video-codec", key("hevc"));
+     },
+     "error: 24x14: hevc takes pictures with sides of 16 to 65535 pixels. Take another size, or another codec."},
     {"a pixel format that the codec lacks", "mkv",
      [](Given& g) {
          g.option("video-codec", key("vp9"));
