@@ -205,15 +205,27 @@ QStringList ProjectFiles::foreignFiles() const
 Message ProjectFiles::save()
 {
     const QHash<QString, int> wanted = d->wanted();
+    Message first;
+    QStringList unsaved;
     for (const FileSettings* file : d->project.files()) {
         const QString path = d->settingsFile(file, wanted);
         const Message refusal = saveSettings(file->settings(), path);
-        if (!refusal.isEmpty())
-            return refusal;
-        d->settingsFiles.insert(file->file(), path);
+        if (refusal.isEmpty()) {
+            d->settingsFiles.insert(file->file(), path);
+            continue;
+        }
+        unsaved.append(path);
+        if (first.isEmpty())
+            first = refusal;
     }
-    d->project.history().setClean();
-    return {};
+    if (unsaved.isEmpty())
+        d->project.history().setClean();
+    if (unsaved.size() < 2)
+        return first;
+    QStringList words = first.arguments(); // The file is the first of them, whatever is wrong with it.
+    words.first() = unsaved.join(QStringLiteral(", "));
+    return first.inner().isEmpty() ? Message(first.code(), words)
+                                   : Message(first.code(), words.mid(0, 1), first.inner());
 }
 
 } // namespace zokit

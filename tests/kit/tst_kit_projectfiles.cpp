@@ -250,6 +250,15 @@ void TestKitProjectFiles::whatCannotBeSavedIsSaid()
     const QString said = stage.files.save().text();
     QVERIFY2(said.contains(stage.path("film.zoeffect.json")), qPrintable(said));
     QVERIFY(!stage.project.history().isClean());
+
+    stage.open({stage.copy("plain.mp4", "other.mp4"), stage.copy("plain.mp4", "third.mp4")});
+    QVERIFY(QDir(stage.folder.path()).mkdir(key("third.zoeffect.json")));
+    const QString both = stage.files.save().text();
+    QVERIFY2(both.startsWith(stage.path("film.zoeffect.json") + key(", ") + stage.path("third.zoeffect.json")
+                             + key(" cannot be written: ")),
+             qPrintable(both));
+    QVERIFY(QFile::exists(stage.path("other.zoeffect.json")));
+    QVERIFY(!stage.project.history().isClean());
 }
 
 void TestKitProjectFiles::undoneFileComesBackWithWhatIsKnown()
