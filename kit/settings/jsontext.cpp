@@ -4,6 +4,7 @@
 #include "jsontext_p.h"
 
 #include <algorithm>
+#include <cctype>
 
 #include <QCoreApplication>
 #include <QFile>
@@ -11,6 +12,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QSaveFile>
+#include <QSet>
 
 namespace zokit::jsontext {
 
@@ -85,13 +87,46 @@ const char* textOf(QJsonParseError::ParseError error)
     }
 }
 
-Message syntaxError(const QByteArray& json, const QJsonParseError& error)
+/// That behind so many bytes stands what is wrong as \a text says.
+Message syntaxError(const QByteArray& json, int offset, const char* text)
 {
-    const QByteArray before = json.left(offsetOf(error));
+    const QByteArray before = json.left(offset);
     const auto line = before.count('\n') + 1;
     const auto column = before.size() - before.lastIndexOf('\n');
-    return Message(Code::JsonSyntax,
-                   {QString::number(line), QString::number(column), QString::fromLatin1(textOf(error.error))});
+    return Message(Code::JsonSyntax, {QString::number(line), QString::number(column), QString::fromLatin1(text)});
+}
+
+/// Where a name stands a second time in its object, of which Qt would take the last without a word; -1: nowhere. It has
+/// read \a json before.
+int repeatedName(const QByteArray& json)
+{
+    QVector<QSet<QByteArray>> names; // Of the objects that are open; lists have none.
+    for (int i = 0; i < json.size(); ++i) {
+        const char letter = json.at(i);
+        if (letter == '{' || letter == '[')
+            names.append(QSet<QByteArray>());
+        else if (letter == '}' || letter == ']')
+            names.removeLast();
+        if (letter != '"')
+            continue;
+        const int begin = i;
+        while (json.at(++i) != '"') {
+            if (json.at(i) == '\\')
+                ++i;
+        }
+        QByteArray name = json.mid(begin + 1, i - begin - 1);
+        int next = i + 1;
+        while (std::isspace(static_cast<unsigned char>(json.at(next))))
+            ++next;
+        if (json.at(next) != ':')
+            continue;
+        if (name.contains('\\'))
+            name = QJsonDocument::fromJson("[\"" + name + "\"]").array().first().toString().toUtf8();
+        if (names.last().contains(name))
+            return begin;
+        names.last().insert(name);
+    }
+    return -1;
 }
 
 QByteArray indented(const QByteArray& text)
@@ -135,11 +170,15 @@ std::optional<QJsonObject> object(const QByteArray& json, Message* error)
     else // No text has one. Qt passes over it, and may take two names that have some for one.
         syntax.error = QJsonParseError::IllegalUTF8String;
     if (syntax.error != QJsonParseError::NoError) {
-        *error = syntaxError(json, syntax);
+        *error = syntaxError(json, offsetOf(syntax), textOf(syntax.error));
         return std::nullopt;
     }
     if (!document.isObject()) {
         *error = Message(Code::NotThisForm);
+        return std::nullopt;
+    }
+    if (const int again = repeatedName(json); again >= 0) {
+        *error = syntaxError(json, again, QT_TRANSLATE_NOOP("zokit", "this name stands before in the same braces"));
         return std::nullopt;
     }
     return document.object();

@@ -1396,6 +1396,10 @@
         <translation>das ist kein UTF-8</translation>
     </message>
     <message>
+        <source>this name stands before in the same braces</source>
+        <translation>dieser Name steht schon davor in denselben Klammern</translation>
+    </message>
+    <message>
         <source>the text goes on behind its end</source>
         <translation>der Text geht hinter seinem Ende weiter</translation>
     </message>

@@ -308,6 +308,10 @@ void TestKitSettingsFile::refusedFileNamesThePlace_data()
     row("a value without quotes", "{\n  \"media\": x}",
         "Line 2, column 12: this is no value; a text stands in quotation marks.");
     row("more behind the end", "{} x", "Line 1, column 4: the text goes on behind its end.");
+    row("a name twice", "{\"zoeffect\": 1,\n \"output\": {\"quality\": 20, \"quality\": 30}}",
+        "Line 2, column 28: this name stands before in the same braces.");
+    row("a name twice, spelled otherwise", R"({"later": [{"a\"b": "x\\"}, {"a\"b": 1}], "l\u0061ter": 2})",
+        "Line 1, column 43: this name stands before in the same braces.");
     row("no end", "{\n", "Line 1, column 2: a closing brace } is missing.");
     row("nothing", "", "Line 1, column 1: a value is missing.");
     row("a null byte", QByteArray("{\"zoeffect\": 1,\n\"later\": {\"a\0\0b\": 4, \"a\0c\": 1}}", 47),
