@@ -200,6 +200,8 @@ int preview(const Invocation& invocation)
         }
         images.insert(it.key(), it.value().frame.image());
     }
+    if (const double end = scene.question.media.seconds; end > 0 && scene.question.seconds > end)
+        console::warning(say(Say::TimeBehindEnd, {invocation.value("time"), QString::number(end)}), word);
     for (const zokit::Message& warning : answers.value(zokit::FrameKind::After).warnings)
         console::warning(warning.text(), word);
     QImage watermark = zokit::watermarkPicture(scene.settings);

@@ -69,6 +69,7 @@ constexpr Text texts[] = {
     {Say::AssignmentForm, QT_TRANSLATE_NOOP("zoconvert", "--set: %1 is not ADDRESS=VALUE, for example Color:bcs_contrast=20.")},
     {Say::PlaceForm,      QT_TRANSLATE_NOOP("zoconvert", "--place: %1 is not [POS:]CORNER[:MARGIN], for example bottom-right:2%.")},
     {Say::TimeForm,       QT_TRANSLATE_NOOP("zoconvert", "--time: %1 is no number of seconds, for example 12.5.")},
+    {Say::TimeBehindEnd,  QT_TRANSLATE_NOOP("zoconvert", "The clip ends at %2 s. Shown is its last frame, not one of %1 s.")},
     {Say::NoFrame,        QT_TRANSLATE_NOOP("zoconvert", "%1: the settings do not say how large the picture is.")},
     {Say::NoImage,        QT_TRANSLATE_NOOP("zoconvert", "%1 is no image that can be shown: %2.")},
     {Say::LeftNew,        QT_TRANSLATE_NOOP("zoconvert", "An apply was killed before it was done. This file has the new settings.")},

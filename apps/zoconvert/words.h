@@ -57,6 +57,7 @@ enum class Say {
     AssignmentForm, ///< 1: the value.
     PlaceForm,      ///< 1: the value.
     TimeForm,       ///< 1: the value.
+    TimeBehindEnd,  ///< 1: the value, 2: how long the clip is.
     NoFrame,        ///< 1: the value.
     NoImage,        ///< 1: the file, 2: why.
     LeftNew,        ///< 1: the file.

@@ -27,6 +27,7 @@ class TestZoconvertPreview : public QObject {
 private Q_SLOTS:
     void picturesShowTheFrame();
     void outputOptionsChangeThePicture();
+    void behindTheEndItIsTheLastFrame();
     void noPictureTakesThePlaceOfWhatIsShown();
     void aLineIsRefused_data();
     void aLineIsRefused();
@@ -74,6 +75,20 @@ void TestZoconvertPreview::outputOptionsChangeThePicture()
     QCOMPARE(QImage(program.path("preview.png")).size(), QSize(160, 120));
     QCOMPARE(QImage(program.path("preview.png")).pixel(30, 30), QImage(program.path("before.png")).pixel(30, 30));
     QCOMPARE(QImage(program.path("watermark.png")).pixelColor(30, 30).alpha(), 0);
+}
+
+void TestZoconvertPreview::behindTheEndItIsTheLastFrame()
+{
+    ProgramRun program;
+    program.run({"preview", clip("plain.mp4"), "--time", "0.4"});
+    QCOMPARE(program.err, QString());
+    const QByteArray last = program.content("after.png");
+    program.run({"preview", clip("plain.mp4"), "--time", "5"});
+    QCOMPARE(program.err, QStringLiteral("zoconvert: %1: warning: The clip ends at 0.4 s. Shown is its last frame, not "
+                                         "one of 5 s.\n")
+                              .arg(QString::fromUtf8(clip("plain.mp4"))));
+    QCOMPARE(program.code, 0);
+    QVERIFY(!last.isEmpty() && program.content("after.png") == last);
 }
 
 void TestZoconvertPreview::noPictureTakesThePlaceOfWhatIsShown()

@@ -104,6 +104,10 @@
         <translation>--time: %1 ist keine Zahl von Sekunden, zum Beispiel 12.5.</translation>
     </message>
     <message>
+        <source>The clip ends at %2 s. Shown is its last frame, not one of %1 s.</source>
+        <translation>Der Clip endet bei %2 s. Gezeigt wird sein letztes Bild, keines von %1 s.</translation>
+    </message>
+    <message>
         <source>Which moment is shown, in seconds from the clip's beginning.</source>
         <translation>Welcher Augenblick gezeigt wird, in Sekunden vom Anfang des Clips an.</translation>
     </message>
