@@ -282,6 +282,10 @@ Parsed parse(const QVector<QByteArray>& arguments)
         return parse(arguments.mid(1), *command);
     if (first == QLatin1String("-h"))
         return wish(Parsed::Summary);
+    if (first == QLatin1String("help")) { // As many a program knows it.
+        const QVector<QByteArray> rest = arguments.mid(1);
+        return parse(rest.isEmpty() ? QVector<QByteArray>{"-h"} : rest + QVector<QByteArray>{"-h"});
+    }
     if (first == QLatin1String("--help"))
         return wish(Parsed::Help);
     if (first == QLatin1String("--version"))

@@ -90,6 +90,13 @@ void TestZoconvert::aLineEndsAsItShould_data()
         "Shows what is set, beside saved default and catalogue default.\n"
         "Options: --all, --json\nzoconvert show --help tells all, with examples.\n",
         "");
+    row("help of a command", {"help", "show"}, 0,
+        "Usage: zoconvert show SETTINGS|INPUT [--all] [--json]\n"
+        "Shows what is set, beside saved default and catalogue default.\n"
+        "Options: --all, --json\nzoconvert show --help tells all, with examples.\n",
+        "");
+    row("help of none", {"help", "shwo"}, 2, "",
+        "zoconvert: There is no command shwo. zoconvert -h lists them. Did you mean show?\n");
     row("summary goes before what is missing", {"diff", "a.zoeffect.json", "-h"}, 0,
         "Usage: zoconvert diff A B [--json]\nShows what differs between two settings files or presets.\n"
         "Options: --json\nzoconvert diff --help tells all, with examples.\n",
