@@ -47,8 +47,9 @@ public:
     /// Those settings files that save() would replace, although the files were neither opened from them nor saved there
     /// before: to be asked about.
     QStringList foreignFiles() const;
-    /// Saves the settings of all files, each whole or not at all, and calls the project clean. The error names each file
-    /// that was not saved, and why the first was not; the others are saved, and the project is no cleaner than before.
+    /// Saves the settings of all files, each whole or not at all, and calls the project clean. The error names each
+    /// file that was not saved, and why the first was not; the others are saved, and the project is no cleaner than
+    /// before.
     Message save();
 
 Q_SIGNALS:
