@@ -360,7 +360,8 @@ private:
         auto* edit = add(new QLineEdit(m_control));
         constexpr int frame = 12; // Pixels on both sides together.
         edit->setPlaceholderText(ValueControl::tr("not set"));
-        edit->setMinimumWidth(edit->fontMetrics().horizontalAdvance(edit->placeholderText()) + frame);
+        if (m_kind != zokit::Control::FileChooser) // Its button takes room, and a file is mostly there.
+            edit->setMinimumWidth(edit->fontMetrics().horizontalAdvance(edit->placeholderText()) + frame);
         QObject::connect(edit, &QLineEdit::editingFinished, m_control, [this_ = *this, edit] {
             if (edit->isModified())
                 this_.send(edit->text());
