@@ -169,6 +169,10 @@ private:
             return std::any_of(options.cbegin(), options.cend(),
                                [&](const Option& one) { return one.name == option.name; });
         };
+        if (option.name == QLatin1String("existing")) { // "--overwrite" is short for it: the last one holds.
+            invocation.own.remove(QStringLiteral("overwrite"));
+            invocation.output.remove(QStringLiteral("overwrite"));
+        }
         if (!isUtf8 && m_parsed.error.isEmpty())
             m_parsed.error = say(Say::OptionNotUtf8, {dashed(option) + QLatin1Char(' ') + value});
         else if (value.isEmpty() && !option.isFlag() && option.name != QLatin1String("text")) // Of a variable not set.

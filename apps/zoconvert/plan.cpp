@@ -31,7 +31,7 @@ int plan(const Invocation& invocation)
     FileJobs files;
     if (refused(collectInputs(invocation, &files)) || refused(nameOutputs(invocation, &files)))
         return Usage;
-    if (isThere(path) && !outputValue(invocation, "overwrite").toBool() && refused(say(Say::FileThere, {path})))
+    if (isThere(path) && existingOf(invocation) != Existing::Replace && refused(say(Say::FileThere, {path})))
         return Failed;
     refusedOutputs(invocation, &files);
     for (FileJob& file : files) {

@@ -134,6 +134,8 @@ void TestZoconvertConvert::aRunMakesItsFiles_data()
         "done/clip.mp4", "");
     row("skipping is told", {"clip.mp4", "-o", "there.mp4", "--existing", "skip"}, 0, "",
         "zoconvert: clip.mp4: there.mp4 exists; left out.\n");
+    row("the last word on what is there holds", {"clip.mp4", "-o", "there.mp4", "--overwrite", "--existing", "skip"}, 0,
+        "", "zoconvert: clip.mp4: there.mp4 exists; left out.\n");
     row("the output is the input", {"clip.mp4", "-o", "./clip.mp4", "--overwrite"}, 1, "",
         "zoconvert: ./clip.mp4 is the input itself. Give another output.\n");
     row("the output is a link to the input", {"clip.mp4", "-o", "link.mp4", "--overwrite"}, 1, "",

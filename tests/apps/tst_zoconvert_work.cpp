@@ -121,7 +121,8 @@ void TestZoconvertWork::nothingThatIsReadIsReplaced()
     run.run({"plan", "films", "clip.mp4", "--image", "watermark.png", "--plan", "watermark.png", "--overwrite"});
     QCOMPARE(run.err, QStringLiteral("zoconvert: watermark.png is the input itself. Give another output.\n"));
     QCOMPARE(run.code, 1);
-    run.run({"plan", "clip.mp4", "--plan", "clip.mp4", "--overwrite"});
+    run.run({"plan", "clip.mp4", "--plan", "clip.mp4", "--existing", "replace"});
+    QCOMPARE(run.err, QStringLiteral("zoconvert: clip.mp4 is the input itself. Give another output.\n"));
     QCOMPARE(run.code, 1);
     QVERIFY(run.content("watermark.png") == logo);
     QVERIFY(run.content("clip.mp4") == clip);
