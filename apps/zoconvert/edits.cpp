@@ -208,7 +208,11 @@ Message Editor::change(const Address& address, const Values& values)
 
 QString Editor::insert(const QString& type, const Values& values)
 {
+    const Identity whole = m_file.thing({type, Address::ofType, selected});
+    const QVariant was = m_file.value(whole, selected);
     const zokit::FileSettings::Inserted inserted = m_file.insert(type, values);
+    if (setsSelection({type, Address::ofType, selected}))
+        m_file.setValue(whole, selected, was);
     if (type == watermark && inserted.item != 0)
         m_named = inserted.item;
     return inserted.error.text();

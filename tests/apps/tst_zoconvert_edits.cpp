@@ -99,6 +99,9 @@ void TestZoconvertEdits::editsDoWhatTheySay_data()
          "Crop:selected: true -> false", "Watermark:0:anchor: (none) -> {\"corner\":\"top\",\"margin\":0}",
          "Watermark:0:selected: (none) -> false", "Watermark:0:wm_fontsize: (none) -> 22",
          "Watermark:0:wm_textcontent: (none) -> A"});
+    row("an item that is added, too", "--set Watermark:selected=false --text A",
+        {"Watermark:selected: true -> false", "Watermark:0:selected: (none) -> true",
+         "Watermark:0:wm_fontsize: (none) -> 22", "Watermark:0:wm_textcontent: (none) -> A"});
     row("crop in pixels", "--crop 96,0,1000,700",
         {"Crop:crop_height: source_val -> 700", "Crop:crop_left: 0 -> 96", "Crop:crop_width: source_val -> 1000"});
     row("crop in percent", "--crop 10%,5%,80%,90%",
