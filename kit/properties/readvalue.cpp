@@ -10,6 +10,7 @@
 
 #include <QColor>
 #include <QFont>
+#include <QJsonDocument>
 #include <QRegularExpression>
 #include <QSize>
 
@@ -33,6 +34,8 @@ QString shown(const QVariant& given)
         return QStringLiteral("null");
     if (given.userType() == QMetaType::QVariantList || given.userType() == QMetaType::QStringList)
         return given.toStringList().join(QLatin1Char(','));
+    if (given.userType() == QMetaType::QVariantMap)
+        return QString::fromUtf8(QJsonDocument::fromVariant(given).toJson(QJsonDocument::Compact));
     const QString text = given.toString();
     return text.isEmpty() && given.userType() != QMetaType::QString ? QString::fromLatin1(given.typeName()) : text;
 }

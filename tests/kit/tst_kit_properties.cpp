@@ -277,6 +277,9 @@ void TestKitProperties::valueIsRefused_data()
     row("Watermark:wm_fontname", 5, "Watermark:wm_fontname: 5 is no font. Write the name of a family.");
     row("Watermark:wm_fontname", QStringLiteral("  "),
         "Watermark:wm_fontname:    is no font. Write the name of a family.");
+    row("Watermark:wm_fontname",
+        QVariantMap{{QStringLiteral("family"), QStringLiteral("Sans")}, {QStringLiteral("pints"), 12}},
+        "Watermark:wm_fontname: {\"family\":\"Sans\",\"pints\":12} is no font. Write the name of a family.");
     row("Watermark:wm_fontstyle", QStringLiteral("Blod"),
         "Watermark:wm_fontstyle: Blod is none of Regular, Italic, Bold, Bold Italic. Did you mean Bold?");
     row("Audio_BandPass:audio_bandpass_type", 4, "Audio_BandPass:audio_bandpass_type: 4 is none of 0, 1, 2, 3.");
@@ -292,7 +295,7 @@ void TestKitProperties::valueIsRefused_data()
     row("Subtitle:trackid", QStringLiteral("3000000000"),
         "Subtitle:trackid: 3000000000 is not between -2147483648 and 2147483647.");
     row("Tracks:audio-language", QVariantMap{{QStringLiteral("a"), 1}},
-        "Tracks:audio-language: QVariantMap is no list. Write words with commas between them.");
+        "Tracks:audio-language: {\"a\":1} is no list. Write words with commas between them.");
     row("Tracks:audio-language", QVariantList(),
         "Tracks:audio-language:  is no list. Write words with commas between them.");
     row("Tracks:audio-language", QStringLiteral("fra,,eng"),
