@@ -200,7 +200,7 @@ public:
         all << m_outputs << QStringLiteral("-map_metadata") << QStringLiteral("0") << m_chapters;
         if (m_job.threads > 0)
             all << QStringLiteral("-threads") << QString::number(m_job.threads);
-        if (m_hasSoundFile && m_part.result > 0)
+        if ((m_hasSoundFile || m_encodesLines) && m_part.result > 0)
             all << QStringLiteral("-t") << argumentNumber(m_part.result);
         else if (m_loops)
             all << QStringLiteral("-shortest");
@@ -283,6 +283,8 @@ private:
             m_outputs << QStringLiteral("-c") + which << QStringLiteral("copy") << hevcName(track, which);
         if (letter == 'd' || letter == 't')
             return;
+        if (letter == 's')
+            m_outputs << lineTimes(track.fate != TrackFate::Converted || track.isRestyled, which);
         const bool anySelected = isAnySelected(track.track.kind);
         const bool isDefault = anySelected ? track.isSelected && first : track.track.isDefault;
         m_outputs << QStringLiteral("-disposition") + which << dispositionOf(stream, isDefault);
@@ -355,6 +357,25 @@ private:
         if (m_runUp > 0 && m_others == 0)
             m_others = addInput(partOptions(m_part) + timeOptions(m_media), m_media.file);
         return m_others;
+    }
+
+    /// No filter reaches subtitles. Lines from before the part would begin before its first frame, which all else would
+    /// wait for; and a line that is shown at another time is still as long as it was.
+    QStringList lineTimes(bool isCopied, const QString& which)
+    {
+        const bool isCut = m_part.isTrimmed && !(m_media.picture() && m_plan.videoCodec.isEmpty()); // At a key frame.
+        const QString option = QStringLiteral("-bsf") + which;
+        if (!isCopied) { // Times that ffmpeg 5.1 encodes cannot be set: the unit changes after the first line.
+            m_encodesLines = m_encodesLines || isCut;
+            return isCut ? QStringList{option, QStringLiteral("noise=drop='lt(pts,0)'")} : QStringList();
+        }
+        const QString rate = argumentNumber(1 / m_speed);
+        if (isCut)
+            return {option, QStringLiteral("noise=drop='lt(pts+d*%1,0)*gt(d,0)',setts=ts='max(TS,0)':"
+                                           "duration='max(min(PTS+DURATION*%1,%2/TB)-max(PTS,0),0)'")
+                                .arg(rate, argumentNumber(m_part.result))};
+        return m_speed == 1 ? QStringList()
+                            : QStringList{option, QStringLiteral("setts=duration=DURATION*%1").arg(rate)};
     }
 
     QStringList scaleOptions() const
@@ -445,6 +466,7 @@ private:
     int m_slowInput = -1;
     int m_coverCount = 0;
     bool m_hasSoundFile = false;
+    bool m_encodesLines = false; ///< Which go on behind the end of a part.
     bool m_loops = false;
 };
 

@@ -364,7 +364,7 @@ void TestKitConversion::timesAreKept_data()
     QTest::addColumn<QString>("ending");
     QTest::addColumn<Edits>("edits");
     QTest::addColumn<QString>("tracks");   // As ffprobe selects them.
-    QTest::addColumn<QString>("expected"); // Milliseconds of the first packets.
+    QTest::addColumn<QString>("expected"); // Milliseconds of the first packets; of lines also how long they are.
 
     const auto row = [](const char* name, const char* clip, const char* ending, const Edits& edits, const char* tracks,
                         const char* expected) {
@@ -388,8 +388,18 @@ void TestKitConversion::timesAreKept_data()
     row("sound that begins later, faster", "late-sound.mkv", "mkv", fast, "a", "100");
     row("sound that begins later, slower", "late-sound.mkv", "mkv", slow, "a", "800");
     const QVariant part = QVariantList{0.4, 1.4};
-    row("subtitles of a part, faster", "talking.mkv", "mkv", with(fast, "Output:trim", part), "s", "50 300");
-    row("subtitles of a part, slower", "talking.mkv", "mkv", with(slow, "Output:trim", part), "s", "400 2400");
+    row("subtitles of a part, faster", "talking.mkv", "mkv", with(fast, "Output:trim", part), "s", "50+50 300+100");
+    row("subtitles of a part, slower", "talking.mkv", "mkv", with(slow, "Output:trim", part), "s", "400+400 2400+800");
+    row("subtitles, faster", "talking.mkv", "mkv", fast, "s", "250+50 500+100 800+100");
+    const QVariant between = QVariantList{0.55, 1.1};
+    row("a part that begins and ends within lines", "talking.mkv", "mkv", {{QStringLiteral("Output:trim"), between}},
+        "s", "0+50 450+100");
+    row("a part that begins and ends within lines, slower", "talking.mkv", "mkv", with(slow, "Output:trim", between),
+        "s", "0+200 1800+400");
+    row("a part that begins within a line, of another format", "talking.mkv", "webm",
+        {{QStringLiteral("Output:trim"), between}}, "s", "450+200");
+    row("a part behind a line", "talking.mkv", "mkv", {{QStringLiteral("Output:trim"), QVariantList{0.9, 1.5}}}, "s",
+        "100+200");
 
     const Edits pictures{{QStringLiteral("Output:soft-subtitles"), true},
                          {QStringLiteral("Subtitle"),
@@ -414,16 +424,19 @@ void TestKitConversion::timesAreKept()
     zokit::Command command;
     command.program = zokit::findTools().ffprobe;
     command.arguments =
-        QStringLiteral("-v error -show_entries packet=pts_time -of csv=p=0 -select_streams").split(QLatin1Char(' '));
+        QStringLiteral("-v error -show_entries packet=pts_time,duration_time -of csv=p=0 -select_streams")
+            .split(QLatin1Char(' '));
     command.arguments << tracks << output;
-    QVector<int> times;
+    const auto milliseconds = [](const QByteArray& seconds) { return qRound(seconds.toDouble() * 1000); };
+    QMap<int, int> times; // They come in the order in which they are decoded.
     for (const QByteArray& line : zokit::run(command).output.split('\n'))
-        if (!line.trimmed().isEmpty())
-            times.append(qRound(line.split(',').first().toDouble() * 1000));
-    std::sort(times.begin(), times.end()); // They come in the order in which they are decoded.
+        if (const QList<QByteArray> fields = line.trimmed().split(','); !fields.first().isEmpty())
+            times.insert(milliseconds(fields.first()), milliseconds(fields.value(1)));
     QStringList found;
-    for (const int time : times)
-        found.append(QString::number(time));
+    for (auto it = times.cbegin(); it != times.cend(); ++it)
+        found.append(tracks == QLatin1String("s") && it.value() > 0
+                         ? QStringLiteral("%1+%2").arg(it.key()).arg(it.value())
+                         : QString::number(it.key()));
     if (tracks == QLatin1String("a"))
         found = found.mid(0, 1);
     QCOMPARE(found.join(QLatin1Char(' ')), expected);
