@@ -244,6 +244,22 @@ private:
         if (m_plan.mapsHdr)
             settings.output.insert(QStringLiteral("hdr"), QStringLiteral("map"));
         m_graph = pictureGraph(settings, m_media, parts).text;
+        m_rate = evenRate(*m_media.picture());
+        if (!m_rate.isEmpty())
+            m_graph += QStringLiteral(";[picture]setpts=PTS+0.4/(%1*TB),fps=%1[even]").arg(m_rate);
+    }
+
+    /// How many frames a second have to come out, at even times; empty: they come out as they are. A filter takes those
+    /// that are shown at these times or a tenth of a frame later, since containers round. Those that ffmpeg leaves out
+    /// by itself it leaves out late, and shows older ones from then on.
+    QString evenRate(const MediaStream& picture) const
+    {
+        const QVariant rate = m_job.settings.output.value(QStringLiteral("fps"));
+        if (rate.isValid())
+            return QString::number(rate.toDouble(), 'g', 10);
+        const Rational& own = picture.averageRate;
+        const bool isFaster = m_speed > 1 && own.value() > 0 && unevenTimes(picture).isEmpty();
+        return isFaster ? QStringLiteral("%1/%2").arg(own.numerator).arg(own.denominator) : QString();
     }
 
     double startOf(const QString& file) const { return m_files.value(file).start; }
@@ -271,7 +287,7 @@ private:
         const QString which = next(letter);
         m_outputs << QStringLiteral("-map")
                   << (isEncodedPicture
-                          ? QStringLiteral("[picture]")
+                          ? (m_rate.isEmpty() ? QStringLiteral("[picture]") : QStringLiteral("[even]"))
                           : QStringLiteral("%1:%2").arg(input).arg(track.isScripted ? 0 : track.track.index));
         if (isEncodedPicture)
             encodePicture(*stream);
@@ -390,11 +406,9 @@ private:
         if (m_plan.videoCodec == QLatin1String("hevc"))
             m_outputs << hevcOptions(stream, m_plan.mapsHdr);
         m_outputs << colourTags(stream, m_plan.mapsHdr, m_plan.pixelFormat);
-        const QVariant rate = output.value(QStringLiteral("fps"));
-        if (rate.isValid())
-            m_outputs << QStringLiteral("-r:v:0") << QString::number(rate.toDouble(), 'g', 10);
-        else
-            m_outputs << QStringLiteral("-fps_mode:v:0") << QStringLiteral("vfr") << unevenTimes(stream);
+        m_outputs << QStringLiteral("-fps_mode:v:0") << QStringLiteral("vfr");
+        if (m_rate.isEmpty())
+            m_outputs << unevenTimes(stream);
         const bool isMp4 = m_plan.container == QLatin1String("mp4") || m_plan.container == QLatin1String("mov");
         if (isMp4 && hasRareFrames(stream))
             m_outputs << QStringLiteral("-bf:v:0") << QStringLiteral("0");
@@ -457,6 +471,7 @@ private:
     double m_speed;
     QStringList m_inputs;
     QString m_graph;
+    QString m_rate; ///< evenRate() of what is encoded.
     QStringList m_outputs;
     QStringList m_chapters;
     QMap<char, int> m_counts;

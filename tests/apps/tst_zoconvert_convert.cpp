@@ -299,10 +299,10 @@ void TestZoconvertConvert::optionsReachFfmpegAndTheResult_data()
     QTest::addColumn<QString>("command");
     QTest::addColumn<QString>("entries");
     QTest::addColumn<QString>("result");
-    QTest::newRow("frames a second") << Arguments{"--fps", "10"} << " -r:v:0 10 "
+    QTest::newRow("frames a second") << Arguments{"--fps", "10"} << "fps=10[even]"
                                      << "v:0:r_frame_rate,avg_frame_rate"
                                      << "10/1,10/1";
-    QTest::newRow("a broken number of them") << Arguments{"--fps", "12.5"} << " -r:v:0 12.5 "
+    QTest::newRow("a broken number of them") << Arguments{"--fps", "12.5"} << "fps=12.5[even]"
                                              << "v:0:r_frame_rate,avg_frame_rate"
                                              << "25/2,25/2";
     QTest::newRow("bitrate") << Arguments{"--audio-codec", "mp3", "--audio-bitrate", "64"} << " -b:a:0 64k "

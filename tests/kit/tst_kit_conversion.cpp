@@ -140,8 +140,8 @@ private Q_SLOTS:
     void lineOfATrack();
     void timesAreKept_data();
     void timesAreKept();
-    void partBeginsWithItsFrame_data();
-    void partBeginsWithItsFrame();
+    void framesAreThoseThatAreMeant_data();
+    void framesAreThoseThatAreMeant();
     void coloursAreKept();
     void namesAreThoseThatPlayersRead_data();
     void namesAreThoseThatPlayersRead();
@@ -443,28 +443,38 @@ void TestKitConversion::timesAreKept()
     QVERIFY(QFile::remove(output));
 }
 
-void TestKitConversion::partBeginsWithItsFrame_data()
+void TestKitConversion::framesAreThoseThatAreMeant_data()
 {
     QTest::addColumn<QString>("clip");
-    QTest::addColumn<QVariantList>("part");
+    QTest::addColumn<Edits>("edits");
     QTest::addColumn<int>("first");
+    QTest::addColumn<int>("step");
     QTest::addColumn<int>("count");
-    QTest::newRow("of an index") << "counting.mkv" << QVariantList{1.0, 2.0} << 25 << 25;
-    QTest::newRow("long after a key frame, without an index") << "long.ts" << QVariantList{3.6, 4.6} << 90 << 25;
-    QTest::newRow("later in it") << "longer.ts" << QVariantList{15.0, 16.0} << 375 << 25;
+    const auto part = [](double from, double to) {
+        return Edits{{QStringLiteral("Output:trim"), QVariantList{from, to}}};
+    };
+    QTest::newRow("part of an index") << "counting.mkv" << part(1, 2) << 25 << 1 << 25;
+    QTest::newRow("part long after a key frame, without an index") << "long.ts" << part(3.6, 4.6) << 90 << 1 << 25;
+    QTest::newRow("part later in it") << "longer.ts" << part(15, 16) << 375 << 1 << 25;
+    QTest::newRow("half as many a second")
+        << "counting.mkv" << Edits{{QStringLiteral("Output:fps"), 12.5}} << 0 << 2 << 50;
+    QTest::newRow("a fifth of them") << "counting.mkv" << Edits{{QStringLiteral("Output:fps"), 5.0}} << 0 << 5 << 20;
+    QTest::newRow("twice as fast") << "counting.mkv"
+                                   << Edits{{QStringLiteral("Audio_Speed:audio_effect_flag"), true},
+                                            {QStringLiteral("Audio_Speed:audio_speed_factor"), 200}}
+                                   << 0 << 2 << 50;
 }
 
-void TestKitConversion::partBeginsWithItsFrame()
+void TestKitConversion::framesAreThoseThatAreMeant()
 {
     QFETCH(QString, clip);
-    QFETCH(QVariantList, part);
+    QFETCH(Edits, edits);
     QFETCH(int, first);
+    QFETCH(int, step);
     QFETCH(int, count);
     const QString output = path(QStringLiteral("result.mkv"));
-    const Converted converted =
-        convert(clips::clip(clip),
-                {{QStringLiteral("Output:trim"), part}, {QStringLiteral("Output:video-codec"), QStringLiteral("ffv1")}},
-                output);
+    edits.insert(QStringLiteral("Output:video-codec"), QStringLiteral("ffv1"));
+    const Converted converted = convert(clips::clip(clip), edits, output);
     QVERIFY2(converted.result.outcome == Outcome::Done, qPrintable(said(converted.result)));
     QCOMPARE(said(converted.result), QString());
     const auto pictures = [](const QString& file) {
@@ -480,7 +490,11 @@ void TestKitConversion::partBeginsWithItsFrame()
                 hashes.append(line.split(',').last().trimmed());
         return hashes;
     };
-    QCOMPARE(pictures(output), pictures(clips::clip(clip)).mid(first, count));
+    const QByteArrayList all = pictures(clips::clip(clip));
+    QByteArrayList expected;
+    for (int i = 0; i < count; ++i)
+        expected.append(all.value(first + i * step));
+    QCOMPARE(pictures(output), expected);
     QVERIFY(QFile::remove(output));
 }
 
