@@ -10,7 +10,8 @@ namespace zokit {
 /// A number as options of ffmpeg have it: seconds to the microsecond.
 inline QString argumentNumber(double value)
 {
-    return QString::number(value, 'f', 6);
+    constexpr int digits = 6;
+    return QString::number(value, 'f', digits);
 }
 
 } // namespace zokit

@@ -128,8 +128,9 @@ QStringList colourTags(const MediaStream& picture, bool mapsHdr, const QString& 
 /// A rate that cameras and broadcasters use: of another one ffprobe has only found the average.
 bool isUsual(const Rational& rate)
 {
-    constexpr qint64 parts = 12; // 12.5 and 8.333 are usual, too.
-    return rate.numerator * parts % rate.denominator == 0 || rate.numerator * 1001 % (rate.denominator * 1000) == 0;
+    constexpr qint64 parts = 12;    // 12.5 and 8.333 are usual, too.
+    constexpr qint64 colour = 1001; // 24000/1001, 30000/1001: of television in colour.
+    return rate.numerator * parts % rate.denominator == 0 || rate.numerator * colour % (rate.denominator * 1000) == 0;
 }
 
 /// The encoder would count in frames of the average rate, and drop those that come faster.

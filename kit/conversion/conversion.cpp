@@ -35,7 +35,7 @@ using Code = Message::Code;
 
 /// One child of the preparation: what it is for, and what it makes.
 struct Step {
-    enum What { KeyFrame, Extract, Cover, Measure } what;
+    enum What { KeyFrame, Extract, Cover, Measure } what = KeyFrame;
     int number = 0; ///< Stream of a cover, place of a track to be measured.
     Command command;
 };
@@ -112,7 +112,6 @@ public:
     QVector<Command> m_commands;
     bool m_isRunning = false;
 
-private:
     enum class Phase { Clip, Files, Prepare, Convert, Check };
 
     void fail(const Message& reason, FailureKind kind = FailureKind::Lasting) { finish(Outcome::Failed, kind, reason); }
@@ -137,6 +136,7 @@ private:
     void startChild(bool collected);
     void convert();
     void ended(const ChildResult& result);
+    bool takeSubtitle(const ChildResult& result);
     void took(const Step& step, const ChildResult& result);
     void readProgress(const QByteArray& piece);
     void converted(const ChildResult& result);
@@ -267,12 +267,11 @@ void Conversion::Private::settle()
         return fail(m_plan.error);
     const ClipPart part = clipPart(m_job.settings, m_media);
     if (part.isTrimmed && part.seconds <= 0)
-        return fail(Message(Code::TrimBehindEnd,
-                            {QString::number(part.from, 'g', 6), QString::number(m_media.seconds, 'g', 6)}));
+        return fail(Message(Code::TrimBehindEnd, {QString::number(part.from), QString::number(m_media.seconds)}));
     constexpr double seen = 0.5;
     const double to = m_job.settings.output.value(QStringLiteral("trim")).toList().value(1).toDouble();
     if (m_media.seconds > 0 && to > m_media.seconds + seen)
-        warn(Message(Code::TrimPastEnd, {QString::number(to, 'g', 6), QString::number(m_media.seconds, 'g', 6)}));
+        warn(Message(Code::TrimPastEnd, {QString::number(to), QString::number(m_media.seconds)}));
     for (const Message& warning : m_plan.warnings + watermarkWarnings(m_job.settings))
         warn(warning);
     Q_EMIT m_owner->planned();
@@ -381,32 +380,37 @@ void Conversion::Private::startChild(bool collected)
         m_child.pause();
 }
 
+bool Conversion::Private::takeSubtitle(const ChildResult& result)
+{
+    const QVector<Item>& tracks = m_job.settings.find(QStringLiteral("Subtitle"))->items;
+    const Item& track = tracks.at(m_plan.subtitle.position);
+    ScriptParts parts;
+    parts.frame = baseFrame(m_job.settings);
+    parts.hasOwnStyles = m_plan.subtitle.hasOwnStyles;
+    parts.soft = m_plan.subtitle.use == SubtitleUse::Soft;
+    OwnSubtitles own = ownSubtitles(result.output, track.values, parts);
+    if (parts.soft) {
+        const bool isRestyled = std::any_of(m_plan.tracks.cbegin(), m_plan.tracks.cend(),
+                                            [](const TrackPlan& plan) { return plan.isRestyled; });
+        if (!isRestyled)
+            own.script = result.output;
+        if (const ClipPart part = clipPart(m_job.settings, m_media); part.isTrimmed)
+            own.script = cutToPart(own.script, part.from, part.seconds);
+    }
+    if (own.events == 0)
+        warn(Message(Code::NoSubtitleLines));
+    QString* place = parts.soft ? &m_helpers.softScript : &m_helpers.subtitleScript;
+    m_helpers.subtitleInColour = own.inColour;
+    return writeHelper(QStringLiteral("subtitles.ass"), own.script, place);
+}
+
 void Conversion::Private::took(const Step& step, const ChildResult& result)
 {
     if (!(result.isGood() && isWritten(result)) && step.what != Step::KeyFrame)
         return fail(reasonOf(result, step.command), kindOf(result));
     if (step.what == Step::Extract) {
-        const QVector<Item>& tracks = m_job.settings.find(QStringLiteral("Subtitle"))->items;
-        const Item& track = tracks.at(m_plan.subtitle.position);
-        ScriptParts parts;
-        parts.frame = baseFrame(m_job.settings);
-        parts.hasOwnStyles = m_plan.subtitle.hasOwnStyles;
-        parts.soft = m_plan.subtitle.use == SubtitleUse::Soft;
-        OwnSubtitles own = ownSubtitles(result.output, track.values, parts);
-        if (parts.soft) {
-            const bool isRestyled = std::any_of(m_plan.tracks.cbegin(), m_plan.tracks.cend(),
-                                                [](const TrackPlan& plan) { return plan.isRestyled; });
-            if (!isRestyled)
-                own.script = result.output;
-            if (const ClipPart part = clipPart(m_job.settings, m_media); part.isTrimmed)
-                own.script = cutToPart(own.script, part.from, part.seconds);
-        }
-        if (own.events == 0)
-            warn(Message(Code::NoSubtitleLines));
-        QString* place = parts.soft ? &m_helpers.softScript : &m_helpers.subtitleScript;
-        if (!writeHelper(QStringLiteral("subtitles.ass"), own.script, place))
+        if (!takeSubtitle(result))
             return;
-        m_helpers.subtitleInColour = own.inColour;
     } else if (step.what == Step::KeyFrame) {
         const double from = clipPart(m_job.settings, m_media).from;
         const QString told = QString::number(from, 'f', 3);
@@ -493,8 +497,9 @@ void Conversion::Private::checked(const ReadMedia& read)
     // Where a track is left out, the clip may have been as long as that one.
     const bool isKnown = isWhole || part.isTrimmed || !picture || picture->seconds > 0;
     double wanted = isKnown ? part.result : 0;
+    constexpr double slowest = 0.01;
     if (!isWhole && !part.isTrimmed && picture && picture->seconds > 0)
-        wanted = std::min(wanted, picture->seconds / std::max(speedFactor(m_job.settings), 0.01));
+        wanted = std::min(wanted, picture->seconds / std::max(speedFactor(m_job.settings), slowest));
     const Message wrong = checkResult(*read.media, m_plan, wanted, &isShort);
     if (!wrong.isEmpty() && !(isShort && m_hasDamage))
         return fail(wrong);

@@ -165,10 +165,10 @@ int Queue::restore(const Job& job, RowState state, const ConversionResult& resul
     return row.number;
 }
 
-bool Queue::remove(int number)
+bool Queue::remove(int row)
 {
     const auto found =
-        std::find_if(d->rows.begin(), d->rows.end(), [number](const Row& row) { return row.number == number; });
+        std::find_if(d->rows.begin(), d->rows.end(), [row](const Row& one) { return one.number == row; });
     if (found == d->rows.end() || found->conversion)
         return false;
     d->rows.erase(found);
@@ -176,10 +176,10 @@ bool Queue::remove(int number)
     return true;
 }
 
-bool Queue::move(int number, int to)
+bool Queue::move(int row, int to)
 {
     const auto found =
-        std::find_if(d->rows.begin(), d->rows.end(), [number](const Row& row) { return row.number == number; });
+        std::find_if(d->rows.begin(), d->rows.end(), [row](const Row& one) { return one.number == row; });
     if (found == d->rows.end() || to < 0 || to >= static_cast<int>(d->rows.size()))
         return false;
     const auto target = d->rows.begin() + to;
@@ -199,28 +199,28 @@ QVector<int> Queue::rows() const
     return numbers;
 }
 
-RowState Queue::state(int number) const
+RowState Queue::state(int row) const
 {
-    const Row* row = d->find(number);
-    return row ? row->state : RowState::Cancelled;
+    const Row* found = d->find(row);
+    return found ? found->state : RowState::Cancelled;
 }
 
-Job Queue::job(int number) const
+Job Queue::job(int row) const
 {
-    const Row* row = d->find(number);
-    return row ? row->job : Job();
+    const Row* found = d->find(row);
+    return found ? found->job : Job();
 }
 
-ConversionResult Queue::result(int number) const
+ConversionResult Queue::result(int row) const
 {
-    const Row* row = d->find(number);
-    return row ? row->result : ConversionResult();
+    const Row* found = d->find(row);
+    return found ? found->result : ConversionResult();
 }
 
-Conversion* Queue::conversion(int number) const
+Conversion* Queue::conversion(int row) const
 {
-    const Row* row = d->find(number);
-    return row ? row->conversion : nullptr;
+    const Row* found = d->find(row);
+    return found ? found->conversion : nullptr;
 }
 
 void Queue::setTools(const Tools& tools)
@@ -268,18 +268,18 @@ void Queue::resume()
     d->startNext();
 }
 
-void Queue::cancel(int number)
+void Queue::cancel(int row)
 {
-    Row* row = d->find(number);
-    if (!row || hasEnded(row->state))
+    Row* found = d->find(row);
+    if (!found || hasEnded(found->state))
         return;
-    if (row->conversion) {
-        row->conversion->cancel();
+    if (found->conversion) {
+        found->conversion->cancel();
         return;
     }
-    row->result.outcome = Outcome::Cancelled;
-    row->result.reason = Message(Message::Code::Cancelled);
-    d->setState(number, RowState::Cancelled);
+    found->result.outcome = Outcome::Cancelled;
+    found->result.reason = Message(Message::Code::Cancelled);
+    d->setState(row, RowState::Cancelled);
     d->startNext();
 }
 
@@ -293,13 +293,13 @@ void Queue::cancelAll()
         cancel(number);
 }
 
-bool Queue::retry(int number)
+bool Queue::retry(int row)
 {
-    Row* row = d->find(number);
-    if (!row || !hasEnded(row->state))
+    Row* found = d->find(row);
+    if (!found || !hasEnded(found->state))
         return false;
-    row->result = {};
-    d->setState(number, RowState::Waiting);
+    found->result = {};
+    d->setState(row, RowState::Waiting);
     if (d->isStarted)
         d->startNext();
     return true;

@@ -50,7 +50,8 @@ Message messageFrom(const QJsonObject& object)
     const int code = QMetaEnum::fromType<Message::Code>().keyToValue(
         object.value(QStringLiteral("code")).toString().toLatin1().constData(), &isKnown);
     QStringList arguments;
-    for (const QJsonValue& value : object.value(QStringLiteral("arguments")).toArray())
+    const QJsonArray words = object.value(QStringLiteral("arguments")).toArray();
+    for (const QJsonValue& value : words)
         arguments.append(value.toString());
     return isKnown ? Message(static_cast<Message::Code>(code), arguments) : Message();
 }

@@ -38,7 +38,7 @@ QString fontsFolder(const SubtitlePlan& plan, const MediaInfo& media, const QStr
 bool isUtf8File(const QString& path)
 {
     QFile file(path);
-    constexpr qint64 most = 16 * 1024 * 1024;
+    constexpr qint64 most = qint64(16) * 1024 * 1024;
     if (!file.open(QIODevice::ReadOnly))
         return true;
     const QByteArray bytes = file.read(std::min(file.size(), most)); // QFile makes room for all that it may read.

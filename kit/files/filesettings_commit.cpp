@@ -77,6 +77,7 @@ void FileSettings::Private::announce(const Changes& changes, QObject* asker)
 
 /// Takes \a changes over, brings the models to \a forModels, those that are not there already, and tells. Until all of
 /// them are told nothing else may be changed: the history would have that before them.
+// NOLINTNEXTLINE(misc-no-recursion): as often as a listener has written into a model.
 void FileSettings::Private::store(const Changes& changes, QObject* asker, const Changes& forModels)
 {
     QMap<QString, QVector<Identity>> before;
@@ -126,7 +127,7 @@ void FileSettings::Private::tellItems(const QString& type, const QVector<Identit
     }
 }
 
-void FileSettings::syncFromModels()
+void FileSettings::syncFromModels() // NOLINT(misc-no-recursion): as above
 {
     if (!d->models)
         return;

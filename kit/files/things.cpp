@@ -139,9 +139,8 @@ QString asKept(const QString& key)
     return key == own::checkState ? own::selected : key;
 }
 
-Things::Things(const Settings& settings, Identities& identities)
+Things::Things(const Settings& settings, Identities& identities) : m_file(identities.next())
 {
-    m_file = identities.next();
     m_values.insert(m_file, fileValues(settings));
     for (const TypeSettings& effect : settings.effects) {
         const Identity type = identities.next();

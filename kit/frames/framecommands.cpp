@@ -263,9 +263,10 @@ Command runningCommand(const Tools& tools, const FrameQuestion& question, double
 
 Rational ticksOf(const MediaStream& picture)
 {
+    constexpr int microseconds = 1000000;
     Rational ticks = picture.timeBase;
     if (ticks.value() <= 0)
-        ticks = {1, 1000000};
+        ticks = {1, microseconds};
     if (picture.isInterlaced)
         ticks.denominator *= 2; // The filter counts fields.
     return ticks;

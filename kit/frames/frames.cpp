@@ -18,6 +18,7 @@
 #include <zokit/probe.h>
 #include <zokit/subtitlescript.h>
 
+#include "argumentnumber_p.h"
 #include "childreason_p.h"
 #include "framecommands_p.h"
 #include "partfile_p.h"
@@ -38,7 +39,7 @@ Message reasonWithoutTicks(ChildResult result, const Command& command)
 /// What a frame that is kept belongs to.
 QString keyOf(const FrameQuestion& question)
 {
-    return question.media.file + QLatin1Char('\n') + QString::number(question.seconds, 'f', 6) + QLatin1Char('\n')
+    return question.media.file + QLatin1Char('\n') + argumentNumber(question.seconds) + QLatin1Char('\n')
            + sourceGraph(question.settings, question.media).text;
 }
 

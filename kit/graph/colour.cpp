@@ -21,12 +21,13 @@ Adjustment adjustmentOf(const Settings& settings)
     const TypeSettings* colour = selectedType(settings, "Color");
     if (!colour)
         return {};
+    constexpr double highest = 50;
     // -50 to 50 each. At the ends: half of the scale darker or lighter, half to one and a half times the contrast, no
     // colour to twice the colour.
     const auto part = [&](const char* key, double whole) {
         return colour->values.value(QLatin1String(key)).toInt() / whole;
     };
-    return {part("bcs_brightness", 100.0), 1 + part("bcs_contrast", 100.0), 1 + part("bcs_saturation", 50.0)};
+    return {part("bcs_brightness", 100.0), 1 + part("bcs_contrast", 100.0), 1 + part("bcs_saturation", highest)};
 }
 
 } // namespace

@@ -17,11 +17,13 @@ namespace {
 
 // No filter here remembers frames or draws from a random state that goes on: a frame after a seek is that of the run.
 // Hence noise with a seed and without "t", and vignettes without dithering.
+// NOLINTBEGIN(cppcoreguidelines-macro-usage): parts of literals.
 #define SEPIA "lutyuv=y={same}:u='{middle}-18*({high}-{low})/224':v='{middle}+18*({high}-{low})/224'"
 #define WITHOUT_COLOUR "u='{middle}':v='{middle}'"
 #define SHIFTED(u, v)                                                                                                  \
     "lutyuv=y={same}:u='clip(val" u "*({high}-{low})/224,{low},{high})':v='clip(val" v                                 \
     "*({high}-{low})/224,{low},{high})'"
+// NOLINTEND(cppcoreguidelines-macro-usage)
 
 // clang-format off
 const QVector<FrameEffectFilter> filters = {

@@ -96,8 +96,9 @@ void addSubtitlePictures(Chain& chain, const Picture& picture, const Item& track
     prepareOverlay(chain, picture);
     const QString below = chain.cut().first();
     chain.begin(QStringLiteral("[%1:%2]").arg(parts.subtitleInput).arg(parts.subtitleStream));
+    constexpr double opaque = 255;
     if (alpha < covering)
-        chain.add(QStringLiteral("format=rgba,colorchannelmixer=aa=%1").arg(filterNumber(alpha / 255.0)));
+        chain.add(QStringLiteral("format=rgba,colorchannelmixer=aa=%1").arg(filterNumber(alpha / opaque)));
     // Its canvas is the whole frame, whatever size it has.
     addConversionFor(chain, picture, QStringLiteral("%1:%2:").arg(picture.frame.width()).arg(picture.frame.height()));
     const QString top = chain.cut().first();

@@ -49,7 +49,7 @@ Look lookOf(const Values& given, const ScriptParts& parts)
         return given.contains(key) ? given.value(key) : usual.value(key);
     };
     Look look;
-    QFont font = value("sub_fontname").value<QFont>();
+    auto font = value("sub_fontname").value<QFont>();
     constexpr double dotsPerPoint = 96.0 / 72.0;
     // The family that is really found, so that the script names what everybody takes.
     look.family = QFontInfo(font).family().replace(QLatin1Char(','), QLatin1Char(' '));

@@ -42,8 +42,10 @@ void addSpeed(Chain& chain, double speed)
     if (speed == 1)
         return;
     const QString whole = filterNumber(speed);
-    for (; speed < slowest; speed /= slowest)
+    while (speed < slowest) {
         chain.add(QStringLiteral("atempo=0.5"));
+        speed /= slowest;
+    }
     chain.add(QStringLiteral("atempo=") + filterNumber(speed));
     // The filter leaves the beginning of a sound that begins later than the picture where it was.
     chain.add(QStringLiteral("asetpts=PTS-STARTPTS+STARTPTS/") + whole);

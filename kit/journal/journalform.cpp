@@ -47,9 +47,11 @@ const QString changesMember = QStringLiteral("changes");
 /// FNV-1a: tells a damaged line, no more.
 QByteArray checksum(const QByteArray& text)
 {
-    quint32 sum = 2166136261U;
+    constexpr quint32 basis = 2166136261U;
+    constexpr quint32 prime = 16777619U;
+    quint32 sum = basis;
     for (const char letter : text)
-        sum = (sum ^ static_cast<unsigned char>(letter)) * 16777619U;
+        sum = (sum ^ static_cast<unsigned char>(letter)) * prime;
     return QByteArray::number(sum, 16).rightJustified(digits, '0') + ' ';
 }
 

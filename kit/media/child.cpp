@@ -68,7 +68,7 @@ struct Preparation {
             _exit(exitCode);
         // What this process blocks or ignores is its own affair.
         for (int number = 1; number < firstOfRealTime; ++number)
-            signal(number, SIG_DFL);
+            static_cast<void>(signal(number, SIG_DFL));
         sigset_t none;
         sigemptyset(&none);
         sigprocmask(SIG_SETMASK, &none, nullptr);
@@ -386,7 +386,7 @@ void Child::report()
 /// To the group, and to the child itself, which may not have come to having a group of its own.
 void Child::send(int signal) const
 {
-    const pid_t child = static_cast<pid_t>(processId());
+    const auto child = static_cast<pid_t>(processId());
     if (child <= 0)
         return;
     ::kill(-child, signal);

@@ -91,7 +91,8 @@ void readTurn(const QJsonObject& told, MediaStream& stream)
     constexpr int whole = 360;
     constexpr int quarter = 90;
     constexpr int downOfY = 6; // "00000000: 65536 0 0 00000001: 0 -65536 0 ..."
-    for (const QJsonValue& data : told.value(QLatin1String("side_data_list")).toArray()) {
+    const QJsonArray beside = told.value(QLatin1String("side_data_list")).toArray();
+    for (const QJsonValue& data : beside) {
         const QJsonObject turn = data.toObject();
         if (!turn.contains(QLatin1String("rotation")))
             continue;
@@ -325,10 +326,12 @@ ReadMedia readProbe(const QByteArray& json, const QString& file)
     media.start = time(format, "start_time");
     constexpr qint64 mostBytes = qint64(1) << 53;
     media.bytes = count(format, "size", mostBytes);
-    for (const QJsonValue& stream : told.value(QLatin1String("streams")).toArray())
+    const QJsonArray streams = told.value(QLatin1String("streams")).toArray();
+    for (const QJsonValue& stream : streams)
         media.streams.append(readStream(stream.toObject()));
     media.seconds = lengthOf(media, length(number(format, "duration")));
-    for (const QJsonValue& value : told.value(QLatin1String("chapters")).toArray()) {
+    const QJsonArray chapters = told.value(QLatin1String("chapters")).toArray();
+    for (const QJsonValue& value : chapters) {
         const QJsonObject chapter = value.toObject();
         media.chapters.append({time(chapter, "start_time"), time(chapter, "end_time"), tagsOf(chapter)});
     }
@@ -362,7 +365,8 @@ QMap<QString, QString> readHdr(const QByteArray& json)
     constexpr int unitOfLight = 10000;
     QMap<QString, QString> result;
     const QJsonArray frames = QJsonDocument::fromJson(json).object().value(QLatin1String("frames")).toArray();
-    for (const QJsonValue& value : frames.first().toObject().value(QLatin1String("side_data_list")).toArray()) {
+    const QJsonArray beside = frames.first().toObject().value(QLatin1String("side_data_list")).toArray();
+    for (const QJsonValue& value : beside) {
         const QJsonObject data = value.toObject();
         const QString type = text(data, "side_data_type");
         if (type == QLatin1String("Mastering display metadata") && isWhole(data))

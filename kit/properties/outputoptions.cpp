@@ -62,6 +62,7 @@ const char* optionChoiceText(const QString& choice)
 }
 
 // clang-format off
+// NOLINTBEGIN(readability-magic-numbers): the columns say what they are.
 QVector<OptionRow> optionRows()
 {
     const QVariant none;
@@ -98,6 +99,7 @@ QVector<OptionRow> optionRows()
     {"verbose",       "v", "",        K::Bool,    C::CheckBox,    U::None, "run", none, none, {}, CommandOnly, T("Verbose"), T("Says what is run.")},
     };
 }
+// NOLINTEND(readability-magic-numbers)
 // clang-format on
 
 #undef T

@@ -193,7 +193,8 @@ void addDetails(Property& property)
     property.isGeometry = is({"crop_left", "crop_top", "crop_width", "crop_height", "wm_hposition", "wm_vposition",
                               "wm_imagewidth", "wm_imageheight", "sub_hposition", "sub_vposition"});
     if (property.kind == ValueKind::Number) {
-        property.step = 0.01;
+        constexpr double hundredth = 0.01;
+        property.step = hundredth;
         property.decimals = 2;
     }
     if (is({"crop_left", "crop_top", "crop_width", "crop_height"}))
@@ -207,6 +208,7 @@ void addDetails(Property& property)
     else if (is({"crop_keepaspectratio", "crop_aspectratio"}))
         property.belongsTo = QStringList{QStringLiteral("crop_keepaspectratio"), QStringLiteral("crop_aspectratio")};
 
+    // NOLINTBEGIN(readability-magic-numbers): each stands beside its key.
     const auto visual = [&](int lowest, int highest) {
         property.visualLowest = lowest;
         property.visualHighest = highest;
@@ -219,6 +221,7 @@ void addDetails(Property& property)
         visual(0, 2000);
     else if (is({"audio_speed_factor"}))
         visual(25, 200);
+    // NOLINTEND(readability-magic-numbers)
 }
 
 QVector<Property> allProperties()

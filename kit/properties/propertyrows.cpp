@@ -46,6 +46,7 @@ struct TableRow {
 #define T(text) QT_TRANSLATE_NOOP("zokit", text)
 
 // clang-format off
+// NOLINTBEGIN(readability-magic-numbers): the columns say what they are.
 QVector<TableRow> tableRows()
 {
     return {
@@ -148,6 +149,7 @@ QVector<TableRow> tableRows()
     {"Audio_Speed", "audio_speed_factor", K::Integer, C::SpinBox,  U::Percent, onType, "speed", 0, 200, T("Speed"), T("100 is as recorded, 200 twice as fast. The pitch stays. 0 cannot be converted.")},
     };
 }
+// NOLINTEND(readability-magic-numbers)
 // clang-format on
 
 #undef T

@@ -36,12 +36,12 @@ qint64 streamedSize(const QVariant& value)
     return isWhole ? bytes.size() : 0;
 }
 
-qint64 bytesOf(const QVariant& value)
+qint64 bytesOf(const QVariant& value) // NOLINT(misc-no-recursion): values nest
 {
     constexpr qint64 plain = 32;
     switch (value.userType()) {
     case QMetaType::QString:
-        return plain + 2 * value.toString().size();
+        return plain + qint64(2) * value.toString().size();
     case QMetaType::QByteArray:
         return plain + value.toByteArray().size();
     case QMetaType::QStringList:
@@ -55,7 +55,7 @@ qint64 bytesOf(const QVariant& value)
         qint64 bytes = plain;
         const QVariantMap map = value.toMap();
         for (auto it = map.cbegin(); it != map.cend(); ++it)
-            bytes += plain + 2 * it.key().size() + bytesOf(it.value());
+            bytes += plain + qint64(2) * it.key().size() + bytesOf(it.value());
         return bytes;
     }
     case QMetaType::UnknownType:
@@ -69,7 +69,7 @@ qint64 bytesOf(const QVariant& value)
     case QMetaType::QImage: // Its stream is a PNG file, which takes long.
         return plain + value.value<QImage>().sizeInBytes();
     case QMetaType::QFont: // One without families cannot be streamed by Qt 6.
-        return plain + 2 * value.value<QFont>().toString().size();
+        return plain + qint64(2) * value.value<QFont>().toString().size();
     default:
         return plain + streamedSize(value);
     }
@@ -79,7 +79,8 @@ qint64 bytesOf(const Step& step)
 {
     qint64 bytes = sizeof(Step);
     for (const Change& change : step.changes)
-        bytes += qint64(sizeof(Change)) + 2 * change.key.size() + bytesOf(change.before) + bytesOf(change.after);
+        bytes +=
+            qint64(sizeof(Change)) + qint64(2) * change.key.size() + bytesOf(change.before) + bytesOf(change.after);
     return bytes;
 }
 

@@ -31,7 +31,7 @@ public:
     }
 
     void openNext();
-    void look(const QString& path);
+    void look(const QString& clip);
     void take(const ReadMedia& read);
     void add(const Settings& settings);
     FileSettings* openFileOf(const QString& clip) const;

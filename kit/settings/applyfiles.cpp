@@ -95,12 +95,14 @@ QByteArray noteOf(const QVector<ApplyTarget>& targets)
     return QJsonDocument(list).toJson(QJsonDocument::Compact);
 }
 
+constexpr int lettersOfToken = 12;
+
 /// The work of one application. What it left beside the targets goes with it.
 class Application {
 public:
     Application(const QVector<ApplyTarget>& targets, const QString& folder)
         : m_targets(targets)
-        , m_token(QUuid::createUuid().toString(QUuid::Id128).left(12))
+        , m_token(QUuid::createUuid().toString(QUuid::Id128).left(lettersOfToken))
         , m_note(QDir(folder).filePath(m_token + QStringLiteral(".json")))
     {
     }

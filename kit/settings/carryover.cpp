@@ -116,6 +116,17 @@ bool hasCome(const Item& item, const TypeSettings& type, const QVector<Wanted>& 
     });
 }
 
+/// The places of whole items, by type: all at once, since one that comes must not push out another.
+QMap<QString, QVector<int>> itemsOf(const QVector<Wanted>& all)
+{
+    QMap<QString, QVector<int>> items;
+    for (const Wanted& wanted : all) {
+        if (wanted.key.isEmpty() && wanted.isItem() && !items[wanted.type].contains(wanted.pos))
+            items[wanted.type].append(wanted.pos);
+    }
+    return items;
+}
+
 /// Whether \a wanted, which was read from \a text, names something that can be in \a type.
 Message checkForm(const Wanted& wanted, const QString& text, const TypeSettings* type)
 {
@@ -200,15 +211,15 @@ const Settings& Carrier::arrivingIn(const QSize& frame)
     return *known;
 }
 
-Settings Carrier::over(const Settings& given)
+Settings Carrier::over(const Settings& to)
 {
-    const Settings to = withoutMeasures(given); // As the settings are of every file that takes this on.
+    const Settings plain = withoutMeasures(to); // As the settings are of every file that takes this on.
     if (m_wanted.isEmpty())
-        return to;
-    const QSize before = baseFrame(to);
-    const Settings result = over(to, before);
+        return plain;
+    const QSize before = baseFrame(plain);
+    const Settings result = over(plain, before);
     const QSize after = baseFrame(result); // Another one when a quarter turn has come, or has gone.
-    return after == before ? result : over(to, after);
+    return after == before ? result : over(plain, after);
 }
 
 Settings Carrier::over(const Settings& to, const QSize& frame)
@@ -222,17 +233,15 @@ Settings Carrier::over(const Settings& to, const QSize& frame)
     const bool areReplaced =
         !m_add && anyWatermark([](const Wanted& wanted) { return wanted.key.isEmpty() && !wanted.isItem(); });
     if (!areReplaced)
-        placeAnchored(result, frame);  // Else an item that is the same before would not be the same afterwards.
-    QMap<QString, QVector<int>> items; // Of a type all at once: one that comes does not push out another.
+        placeAnchored(result, frame); // Else an item that is the same before would not be the same afterwards.
+    QMap<QString, QVector<int>> items = itemsOf(m_wanted);
     for (const Wanted& wanted : m_wanted) {
-        if (wanted.key.isEmpty() && wanted.isItem() && !items[wanted.type].contains(wanted.pos))
-            items[wanted.type].append(wanted.pos);
-    }
-    for (const Wanted& wanted : m_wanted) {
-        if (wanted.type == types::output || wanted.type == types::tracks) {
-            const bool isOutput = wanted.type == types::output;
-            carrying::named(isOutput ? source.output : source.tracks, wanted, m_add && isOutput,
-                            isOutput ? result.output : result.tracks);
+        if (wanted.type == types::output) {
+            carrying::named(source.output, wanted, m_add, result.output);
+            continue;
+        }
+        if (wanted.type == types::tracks) {
+            carrying::named(source.tracks, wanted, false, result.tracks);
             continue;
         }
         const TypeSettings& type = *source.find(wanted.type);

@@ -10,6 +10,8 @@
 
 namespace zokit {
 
+// NOLINTBEGIN(misc-no-recursion): values nest
+
 bool exactly(const QVariant& left, const QVariant& right)
 {
     if (left.userType() != right.userType())
@@ -18,6 +20,7 @@ bool exactly(const QVariant& left, const QVariant& right)
     case QMetaType::Double: {
         const double a = left.toDouble();
         const double b = right.toDouble();
+        // NOLINTNEXTLINE(bugprone-suspicious-memory-comparison,cert-exp42-c,cert-flp37-c): the bytes are meant.
         return std::memcmp(&a, &b, sizeof a) == 0;
     }
     case QMetaType::QVariantMap:
@@ -44,5 +47,7 @@ bool exactly(const QMap<QString, QVariant>& left, const QMap<QString, QVariant>&
     }
     return true;
 }
+
+// NOLINTEND(misc-no-recursion)
 
 } // namespace zokit

@@ -35,7 +35,8 @@ bool isPlain(char letter)
 {
     const auto byte = static_cast<unsigned char>(letter);
     constexpr unsigned char firstBeyondAscii = 0x80;
-    return byte >= firstBeyondAscii || (byte > ' ' && !std::strchr("/%\"*:<>?\\|", letter) && byte != 0x7f)
+    constexpr unsigned char erase = 0x7f;
+    return byte >= firstBeyondAscii || (byte > ' ' && !std::strchr("/%\"*:<>?\\|", letter) && byte != erase)
            || byte == ' ';
 }
 
@@ -72,7 +73,7 @@ Message copyFile(const QString& path, const QString& copy, bool replace)
         return Message(Code::FileUnreadable, {path, source.errorString()});
     QSaveFile target(copy);
     bool isGood = target.open(QIODevice::WriteOnly);
-    constexpr qint64 piece = 1024 * 1024;
+    constexpr qint64 piece = qint64(1024) * 1024;
     while (isGood && !source.atEnd()) {
         const QByteArray bytes = source.read(piece);
         isGood = !bytes.isEmpty() && target.write(bytes) == bytes.size();

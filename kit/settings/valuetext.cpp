@@ -59,7 +59,8 @@ QString valueAsText(const Address& address, const QVariant& value)
     if (!json.isArray())
         return plain(json);
     QStringList words;
-    for (const QJsonValue& one : json.toArray())
+    const QJsonArray all = json.toArray();
+    for (const QJsonValue& one : all)
         words.append(plain(one));
     return words.join(QLatin1Char(','));
 }

@@ -278,7 +278,7 @@ Message::Code Message::code() const
     return m_code;
 }
 
-QStringList Message::arguments() const
+QStringList Message::arguments() const // NOLINT(misc-no-recursion): messages nest
 {
     return m_inner ? m_arguments + QStringList{m_inner->text()} : m_arguments;
 }
@@ -294,7 +294,7 @@ bool Message::isEmpty() const
 }
 
 /// What stands behind "|" is said only when its last place has a word: the nearest name.
-QString Message::text() const
+QString Message::text() const // NOLINT(misc-no-recursion): as above
 {
     const QString whole = textOf(m_code);
     QStringList words = isAboutAThing(m_code) ? named(m_arguments) : arguments();

@@ -196,49 +196,67 @@ bool isThatTrack(const QString& type, const Item& item, const Values& which)
     return which.contains(key) && item.values.value(key) == which.value(key);
 }
 
+/// False when \a value is none of the rule \a key, or there is no such rule.
+bool takeRule(const QString& key, const QVariant& value, TrackRules& rules)
+{
+    const std::optional<QStringList> list = words(value);
+    bool understood = true;
+    if (key == audioLanguage || key == subtitleLanguage) {
+        understood = list && !list->contains(QString());
+        (key == audioLanguage ? rules.audioLanguages : rules.subtitleLanguages) = list.value_or(QStringList());
+    } else if (key == forcedSubtitles || key == sidecarsKey) {
+        understood = value.userType() == QMetaType::Bool;
+        (key == forcedSubtitles ? rules.forcedSubtitles : rules.sidecars) = value.toBool();
+    } else if (key == audioTracks) {
+        QVector<int> numbers;
+        const QStringList parts = list.value_or(QStringList{value.toString()});
+        for (const QString& part : parts) {
+            bool isNumber = false;
+            numbers.append(part.toInt(&isNumber));
+            understood = understood && isNumber && numbers.last() >= 0;
+        }
+        rules.audioTracks = numbers;
+    } else if (key == subtitleTrack && value.toString() == none) {
+        rules.subtitleTrack = -1;
+    } else if (key == subtitleTrack) {
+        rules.subtitleTrack = value.toString().toInt(&understood); // 2.5 is no number of a track.
+        understood = understood && *rules.subtitleTrack >= 0;
+    } else {
+        understood = false;
+    }
+    return understood;
+}
+
+Message refusedRule(const QString& key, const QVariant& value)
+{
+    const QStringList known{audioLanguage, audioTracks, forcedSubtitles, sidecarsKey, subtitleLanguage, subtitleTrack};
+    if (!known.contains(key))
+        return Message(Code::UnknownKey, {types::tracks, key, nearest(key, known)});
+    const std::optional<QStringList> list = words(value);
+    return Message(Code::TrackRule, {key, list ? list->join(QLatin1Char(',')) : value.toString()});
+}
+
+/// The values of a track that was not there before.
+Values newTrack(const QString& type, const Values& which, const QSize& frame, NewTracks fresh)
+{
+    Values values = fresh == NewTracks::SavedDefaults ? newItem(type, kindOf(type, which), frame).values
+                                                      : catalogueItem(type, frame);
+    for (auto it = which.cbegin(); it != which.cend(); ++it)
+        values.insert(it.key(), it.value());
+    return values;
+}
+
 } // namespace
 
 std::optional<TrackRules> trackRulesFrom(const Values& values, Message* error)
 {
     TrackRules rules;
     for (auto it = values.cbegin(); it != values.cend(); ++it) {
-        const std::optional<QStringList> list = words(it.value());
-        bool understood = true;
-        if (it.key() == audioLanguage || it.key() == subtitleLanguage) {
-            understood = list && !list->contains(QString());
-            (it.key() == audioLanguage ? rules.audioLanguages : rules.subtitleLanguages) = list.value_or(QStringList());
-        } else if (it.key() == forcedSubtitles || it.key() == sidecarsKey) {
-            understood = it.value().userType() == QMetaType::Bool;
-            (it.key() == forcedSubtitles ? rules.forcedSubtitles : rules.sidecars) = it.value().toBool();
-        } else if (it.key() == audioTracks) {
-            QVector<int> numbers;
-            const QStringList parts = list.value_or(QStringList{it.value().toString()});
-            for (const QString& part : parts) {
-                bool isNumber = false;
-                numbers.append(part.toInt(&isNumber));
-                understood = understood && isNumber && numbers.last() >= 0;
-            }
-            rules.audioTracks = numbers;
-        } else if (it.key() == subtitleTrack) {
-            if (it.value().toString() == none) {
-                rules.subtitleTrack = -1;
-            } else {
-                rules.subtitleTrack = it.value().toString().toInt(&understood); // 2.5 is no number of a track.
-                understood = understood && *rules.subtitleTrack >= 0;
-            }
-        } else {
-            understood = false;
-        }
-        if (!understood) {
-            const QStringList known{audioLanguage, audioTracks,      forcedSubtitles,
-                                    sidecarsKey,   subtitleLanguage, subtitleTrack};
-            if (error)
-                *error = known.contains(it.key())
-                             ? Message(Code::TrackRule,
-                                       {it.key(), list ? list->join(QLatin1Char(',')) : it.value().toString()})
-                             : Message(Code::UnknownKey, {types::tracks, it.key(), nearest(it.key(), known)});
-            return std::nullopt;
-        }
+        if (takeRule(it.key(), it.value(), rules))
+            continue;
+        if (error)
+            *error = refusedRule(it.key(), it.value());
+        return std::nullopt;
     }
     return rules;
 }
@@ -344,11 +362,7 @@ Settings withTracks(const Settings& settings, const QVector<TrackChoice>& choice
             } else if (!choice.sidecar.isEmpty() && !choice.selected && !rules.sidecars) {
                 continue;
             } else {
-                item.values = fresh == NewTracks::SavedDefaults
-                                  ? newItem(type, kindOf(type, which), baseFrame(settings)).values
-                                  : catalogueItem(type, baseFrame(settings));
-                for (auto it = which.cbegin(); it != which.cend(); ++it)
-                    item.values.insert(it.key(), it.value());
+                item.values = newTrack(type, which, baseFrame(settings), fresh);
             }
             item.selected = choice.selected;
             items.append(item);

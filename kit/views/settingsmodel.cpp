@@ -310,7 +310,7 @@ int SettingsModel::rowCount(const QModelIndex& parent) const
     return node ? node->childCount() : 0;
 }
 
-int SettingsModel::columnCount(const QModelIndex&) const
+int SettingsModel::columnCount(const QModelIndex& /*parent*/) const
 {
     return ValueColumn + 1;
 }
@@ -339,7 +339,7 @@ Qt::DropActions SettingsModel::supportedDropActions() const
     return Qt::MoveAction;
 }
 
-bool SettingsModel::canDropMimeData(const QMimeData* data, Qt::DropAction action, int row, int,
+bool SettingsModel::canDropMimeData(const QMimeData* data, Qt::DropAction action, int row, int /*column*/,
                                     const QModelIndex& parent) const
 {
     const SettingsNode* type = d->listAt(parent);

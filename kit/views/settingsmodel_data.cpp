@@ -91,7 +91,7 @@ QString SettingsModel::Private::help(const SettingsNode& node) const
     return found == effects.cend() ? QString() : found->help();
 }
 
-int SettingsModel::Private::state(const SettingsNode& node) const
+int SettingsModel::Private::state(const SettingsNode& node) const // NOLINT(misc-no-recursion): the tree is small
 {
     if (node.property)
         return static_cast<int>(file->state(node.thing, node.property->key));

@@ -35,7 +35,8 @@ struct ZOKIT_EXPORT Job {
     bool replaces = false;          ///< A result that is there is replaced at the end; else the job fails.
     bool skips = false;             ///< Instead, with a result that is there, at the end too, the job is Skipped.
     int threads = 0;                ///< Of the encoders and filters; 0: as many as ffmpeg likes.
-    int stallSeconds = 30;          ///< Without progress for so long, the conversion is ended.
+    // NOLINTNEXTLINE(readability-magic-numbers): what the option has when it is not given.
+    int stallSeconds = 30; ///< Without progress for so long, the conversion is ended.
 };
 
 /// Files that a conversion needs beside the clip, made before it.

@@ -53,8 +53,9 @@ ZOKIT_EXPORT std::optional<QPoint> freePlace(const QSize& size, const QPoint& wi
 
 /// What a crop has to keep to.
 struct ZOKIT_EXPORT CropRule {
-    double ratio = 0;       ///< Width by height; 0: free.
-    bool even = false;      ///< Width and height are even, as most pixel formats ask for.
+    double ratio = 0;  ///< Width by height; 0: free.
+    bool even = false; ///< Width and height are even, as most pixel formats ask for.
+    // NOLINTNEXTLINE(readability-magic-numbers): as large as handles need it.
     QSize smallest{24, 24}; ///< In pixels.
 };
 /// \a wished moved and shrunk so that it lies in \a frame and keeps to \a rule: the largest such rectangle around the

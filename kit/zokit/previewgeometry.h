@@ -181,9 +181,11 @@ ZOKIT_EXPORT Qt::CursorShape cursorOf(Handle handle);
 
 /// How a preview looks.
 struct ZOKIT_EXPORT PreviewLook {
+    // NOLINTBEGIN(readability-magic-numbers): colours.
     QColor surround{0x8c, 0x8c, 0x8c};      ///< Around the frame, checkered: never to be taken for black bars.
     QColor otherSurround{0x78, 0x78, 0x78}; ///< The other squares.
-    bool withHandles = true;                ///< Handles, and frames around watermarks.
+    // NOLINTEND(readability-magic-numbers)
+    bool withHandles = true; ///< Handles, and frames around watermarks.
 };
 /// What is painted on.
 struct ZOKIT_EXPORT PreviewFrames {

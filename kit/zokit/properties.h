@@ -105,8 +105,8 @@ struct ZOKIT_EXPORT Property {
     QStringList belongsTo;            ///< Keys that are edited together with it, for example width with height.
     bool isPath = false;              ///< The value names a file.
     bool isGeometry = false;          ///< The value is measured in the frame and follows its size.
-    const char* labelText;            ///< English sources of the translated texts below.
-    const char* helpText;             ///< As above.
+    const char* labelText = nullptr;  ///< English sources of the translated texts below.
+    const char* helpText = nullptr;   ///< As above.
 
     QString label() const;                           ///< A few words, translated.
     QString help() const;                            ///< A sentence or two, translated.

@@ -18,10 +18,11 @@ namespace zokit {
 
 /// A piece of a file's sound, to be listened to.
 struct ZOKIT_EXPORT SoundQuestion {
-    Settings settings;       ///< Whose sound effects apply.
-    MediaInfo media;         ///< The clip, or a sound file beside it.
-    int stream = -1;         ///< Stream number; -1: the first one with sound.
-    double from = 0;         ///< Seconds from the beginning of the file.
+    Settings settings; ///< Whose sound effects apply.
+    MediaInfo media;   ///< The clip, or a sound file beside it.
+    int stream = -1;   ///< Stream number; -1: the first one with sound.
+    double from = 0;   ///< Seconds from the beginning of the file.
+    // NOLINTNEXTLINE(readability-magic-numbers): long enough to judge an effect.
     double seconds = 15;     ///< How much of what comes out, at most.
     bool withEffects = true; ///< Else as the file has it.
 };
