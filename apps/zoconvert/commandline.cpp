@@ -68,7 +68,7 @@ Prepared prepared(const QVector<QByteArray>& arguments, const QVector<Option>& o
         });
     };
     for (int i = 0; i < arguments.size(); ++i) {
-        const QByteArray argument = arguments.at(i);
+        const QByteArray& argument = arguments.at(i);
         if (argument == "--") {
             for (; i < arguments.size(); ++i)
                 result.arguments.push_back(arguments.at(i).toStdString());
@@ -107,9 +107,10 @@ public:
             const Option& option = m_options.at(i);
             if (option.name == QLatin1String("help"))
                 continue;
-            std::string names = dashed(option).toStdString();
+            QString words = dashed(option);
             if (!option.letter.isEmpty())
-                names = "-" + option.letter.toStdString() + "," + names;
+                words.prepend(QLatin1Char('-') + option.letter + QLatin1Char(','));
+            const std::string names = words.toStdString();
             CLI::Option* added = option.isFlag() ? m_app.add_flag(names) : m_app.add_option(names)->expected(1);
             added->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
             m_known.insert(added, i);

@@ -39,7 +39,8 @@ private:
 void put(const QByteArray& bytes, std::FILE* stream)
 {
     const NoChildEnds later;
-    std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stream);
+    // What fails is told of standard output when all is written: nobody could be told of standard error.
+    static_cast<void>(std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stream));
 }
 
 bool isColoured()

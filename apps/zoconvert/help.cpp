@@ -35,6 +35,8 @@ QString spelled(const Option& option)
     return option.isFlag() ? result : result + QLatin1Char(' ') + option.value;
 }
 
+constexpr int below = 6; // Columns: of what stands below its name.
+
 QString indent(int columnsLeft)
 {
     return QString(columnsLeft, QLatin1Char(' '));
@@ -55,8 +57,8 @@ QString described(const Option& option)
     QString help = option.help;
     if (!option.choices.isEmpty())
         help += QStringLiteral(" (%1)").arg(option.choices.join(QStringLiteral(", ")));
-    QString result = QStringLiteral("  ") + spelled(option) + QLatin1Char('\n') + wrapped(help, indent(6));
-    return option.example.isEmpty() ? result : result + wrapped(say(Say::Example, {option.example}), indent(6));
+    QString result = QStringLiteral("  ") + spelled(option) + QLatin1Char('\n') + wrapped(help, indent(below));
+    return option.example.isEmpty() ? result : result + wrapped(say(Say::Example, {option.example}), indent(below));
 }
 
 QString section(Say head, const QString& body)
@@ -92,7 +94,7 @@ QString ofProgram()
                      + wrapped(say(Say::AboutProgram), indent(0));
     QString body;
     for (const Command& command : commands()) {
-        body += wrapped(usageOf(command), indent(2)) + wrapped(translated(command.summary), indent(6));
+        body += wrapped(usageOf(command), indent(2)) + wrapped(translated(command.summary), indent(below));
     }
     result += section(Say::HeadCommands, body);
     result += section(Say::HeadEdits, edits(), say(Say::AboutEdits));

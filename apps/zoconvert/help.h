@@ -14,7 +14,7 @@ QString summary(const Command* command);
 /// What --help prints: every option, each with an example.
 QString help(const Command* command);
 
-/// \a text in lines of at most 78 columns, the first one behind \a first, the others indented by as much.
-QString wrapped(const QString& text, const QString& first);
+/// \a words in lines of at most 78 columns, the first one behind \a first, the others indented by as much.
+QString wrapped(const QString& words, const QString& first);
 
 } // namespace zoconvert

@@ -29,6 +29,7 @@ namespace {
 const QString settingsEnding = QStringLiteral(".zoeffect.json");
 
 /// Media files of \a folder in the order of their names, those of the folders in it after its own.
+// NOLINTNEXTLINE(misc-no-recursion): folders nest.
 void addFolder(const QString& folder, const QString& below, bool isRecursive, FileJobs* files)
 {
     const QDir dir(folder);
@@ -195,21 +196,48 @@ QString collectInputs(const Invocation& invocation, FileJobs* files)
     return {};
 }
 
+namespace {
+
+/// What is wrong with --output, which is given, for \a count inputs.
+QString refusedOutput(const Invocation& invocation, std::size_t count)
+{
+    const QString output = outputValue(invocation, "output").toString();
+    if (!outputValue(invocation, "output-folder").toString().isEmpty())
+        return say(Say::NotBoth, {QStringLiteral("--output"), QStringLiteral("--output-folder")});
+    if (invocation.output.contains(QStringLiteral("name")))
+        return say(Say::NotBoth, {QStringLiteral("--output"), QStringLiteral("--name")});
+    if (count != 1)
+        return say(Say::OneInputOnly, {output, QString::number(count)});
+    if (output.endsWith(QLatin1Char('/')) || QFileInfo(output).isDir())
+        return zokit::Message(zokit::Message::Code::OutputIsFolder, {output}).text();
+    if (outputValue(invocation, "container").toString().isEmpty() && zokit::containerOf(output).isEmpty())
+        return say(Say::UnknownEnding, {output});
+    return {};
+}
+
+/// Two results with one name.
+QString samePlace(const FileJobs& files)
+{
+    QHash<QString, QString> taken;
+    for (const FileJob& file : files) {
+        const QString place = placeOf(file.job.output);
+        if (taken.contains(place))
+            return say(Say::SameOutput, {file.output, taken.value(place), file.input});
+        taken.insert(place, file.input);
+    }
+    return {};
+}
+
+} // namespace
+
 QString nameOutputs(const Invocation& invocation, FileJobs* files)
 {
     const QString output = outputValue(invocation, "output").toString();
     const QString folder = outputValue(invocation, "output-folder").toString();
     const QString container = outputValue(invocation, "container").toString();
-    if (!output.isEmpty() && !folder.isEmpty())
-        return say(Say::NotBoth, {QStringLiteral("--output"), QStringLiteral("--output-folder")});
-    if (!output.isEmpty() && invocation.output.contains(QStringLiteral("name")))
-        return say(Say::NotBoth, {QStringLiteral("--output"), QStringLiteral("--name")});
-    if (!output.isEmpty() && files->size() != 1)
-        return say(Say::OneInputOnly, {output, QString::number(files->size())});
-    if (!output.isEmpty() && (output.endsWith(QLatin1Char('/')) || QFileInfo(output).isDir()))
-        return zokit::Message(zokit::Message::Code::OutputIsFolder, {output}).text();
-    if (!output.isEmpty() && container.isEmpty() && zokit::containerOf(output).isEmpty())
-        return say(Say::UnknownEnding, {output});
+    if (!output.isEmpty())
+        if (const QString refused = refusedOutput(invocation, files->size()); !refused.isEmpty())
+            return refused;
 
     std::optional<zokit::Settings> ofClips; // The same for all inputs that are no settings files.
     int number = 0;
@@ -242,15 +270,7 @@ QString nameOutputs(const Invocation& invocation, FileJobs* files)
             return wrong.text();
     }
     dropResults(invocation, files);
-
-    QHash<QString, QString> taken;
-    for (const FileJob& file : *files) {
-        const QString place = placeOf(file.job.output);
-        if (taken.contains(place))
-            return say(Say::SameOutput, {file.output, taken.value(place), file.input});
-        taken.insert(place, file.input);
-    }
-    return {};
+    return samePlace(*files);
 }
 
 QStringList refusedOutputs(const Invocation& invocation, FileJobs* files)

@@ -17,6 +17,20 @@
 
 namespace zoconvert {
 
+namespace {
+
+/// What the command line says of how jobs are run.
+QVariantMap toldOfRuns(const Invocation& invocation)
+{
+    QVariantMap told;
+    for (const char* name : {"threads", "stall"})
+        if (const QVariant value = outputValue(invocation, name); value.isValid())
+            told.insert(QString::fromLatin1(name), value);
+    return told;
+}
+
+} // namespace
+
 int plan(const Invocation& invocation)
 {
     const auto refused = [](const QString& sentence) {
@@ -43,10 +57,7 @@ int plan(const Invocation& invocation)
     if (refused(makeSettings(invocation, options, &source, &files)))
         return Usage;
 
-    QVariantMap told;
-    for (const char* name : {"threads", "stall"})
-        if (const QVariant value = outputValue(invocation, name); value.isValid())
-            told.insert(QString::fromLatin1(name), value);
+    const QVariantMap told = toldOfRuns(invocation);
     RunResult result;
     result.signal = source.received();
     QStringList sources;

@@ -104,9 +104,11 @@ QString readTime(const Invocation& invocation, double length, double* seconds)
     *seconds = length * goodPlace;
     if (!invocation.has("time"))
         return QString();
+    constexpr double tooLarge = 1e9;
     bool isNumber = false;
     *seconds = invocation.value("time").toDouble(&isNumber);
-    return isNumber && *seconds >= 0 && *seconds < 1e9 ? QString() : say(Say::TimeForm, {invocation.value("time")});
+    return isNumber && *seconds >= 0 && *seconds < tooLarge ? QString()
+                                                            : say(Say::TimeForm, {invocation.value("time")});
 }
 
 /// The picture of each kind at the question's time, by two children at a time: one gets what comes out, the other keeps

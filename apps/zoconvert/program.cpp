@@ -72,7 +72,7 @@ int done(int code)
 void prepareEnvironment()
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    std::setlocale(LC_CTYPE, "");
+    static_cast<void>(std::setlocale(LC_CTYPE, ""));
     if (std::strcmp(::nl_langinfo(CODESET), "UTF-8") != 0) {
         if (!qEnvironmentVariableIsEmpty("LC_ALL")) // It would go before the next, and still says the language.
             qputenv("LC_MESSAGES", qgetenv("LC_ALL"));

@@ -52,7 +52,7 @@ int widthOf(const QString& text)
 QString timeText(double seconds)
 {
     const auto whole = static_cast<qint64>(std::ceil(seconds));
-    constexpr int sixty = 60;
+    constexpr qint64 sixty = 60;
     const QString minutes = QString::number(whole / sixty % sixty);
     const QString rest = QStringLiteral("%1").arg(whole % sixty, 2, 10, QLatin1Char('0'));
     if (whole < sixty * sixty)

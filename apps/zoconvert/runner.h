@@ -17,6 +17,7 @@ class Signals;
 struct RunOptions {
     int jobs = 1;
     int threads = 1;
+    // NOLINTNEXTLINE(readability-magic-numbers): what the option has when it is not given.
     int stall = 30; ///< Seconds.
     bool dryRun = false;
     bool stopsAtFailure = false;

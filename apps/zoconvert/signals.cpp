@@ -76,7 +76,7 @@ private:
             call(m_owner->onResize);
         } else if (signal == SIGTSTP) {
             call(m_owner->onStop);
-            ::raise(SIGSTOP);
+            static_cast<void>(::raise(SIGSTOP));
             call(m_owner->onContinue);
         }
     }

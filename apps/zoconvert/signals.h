@@ -22,10 +22,12 @@ public:
     /// SIGINT, SIGTERM or SIGHUP, the first that came; 0: none.
     int received() const;
 
+    // NOLINTBEGIN(misc-non-private-member-variables-in-classes): what is to be done, set from outside.
     std::function<void()> onEnd;      ///< One of the three came.
     std::function<void()> onStop;     ///< SIGTSTP came; the program stops when this returns.
     std::function<void()> onContinue; ///< It goes on.
     std::function<void()> onResize;   ///< The terminal has another size.
+    // NOLINTEND(misc-non-private-member-variables-in-classes)
 
 private:
     class Notifier;

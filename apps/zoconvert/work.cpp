@@ -45,7 +45,7 @@ Plan readPlan(const QString& path, const QStringList& words)
         wanted.insert(word.toInt());
     Plan plan;
     QSet<int> there;
-    constexpr qint64 longest = 64 * 1024 * 1024;
+    constexpr qint64 longest = qint64(64) * 1024 * 1024;
     for (int number = 1; !file.atEnd(); ++number) {
         const QByteArray line = file.readLine(longest).trimmed();
         if (line.isEmpty())
