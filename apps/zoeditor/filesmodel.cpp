@@ -35,11 +35,13 @@ QSize frameOf(const FileRow& row)
 QString lengthText(double seconds)
 {
     const int whole = static_cast<int>(std::min(std::round(seconds), 1e9));
-    const QString minutes = QString::number(whole / 60 % 60);
-    const QString rest = QString::number(whole % 60).rightJustified(2, QLatin1Char('0'));
-    if (whole < 3600)
+    constexpr int minute = 60;
+    constexpr int hour = 60 * minute;
+    const QString minutes = QString::number(whole / minute % 60);
+    const QString rest = QString::number(whole % minute).rightJustified(2, QLatin1Char('0'));
+    if (whole < hour)
         return minutes + QLatin1Char(':') + rest;
-    return QStringLiteral("%1:%2:%3").arg(whole / 3600).arg(minutes.rightJustified(2, QLatin1Char('0')), rest);
+    return QStringLiteral("%1:%2:%3").arg(whole / hour).arg(minutes.rightJustified(2, QLatin1Char('0')), rest);
 }
 
 /// In words; what is most important is the first.

@@ -47,7 +47,7 @@ private:
     };
 
     void makeRows();
-    void set(const QString& key, const QVariant& value);
+    void set(const QString& key, const QVariant& given);
     void update();
     QString takenText(const QString& key) const;
     QString noteOf(const QString& key) const;

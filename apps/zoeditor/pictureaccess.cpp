@@ -44,9 +44,9 @@ public:
     QWindow* window() const override { return m_view ? m_view->window()->windowHandle() : nullptr; }
     QAccessibleInterface* parent() const override { return QAccessible::queryAccessibleInterface(m_view); }
     int childCount() const override { return 0; }
-    QAccessibleInterface* child(int) const override { return nullptr; }
-    QAccessibleInterface* childAt(int, int) const override { return nullptr; }
-    int indexOfChild(const QAccessibleInterface*) const override { return -1; }
+    QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
+    QAccessibleInterface* childAt(int /*x*/, int /*y*/) const override { return nullptr; }
+    int indexOfChild(const QAccessibleInterface* /*child*/) const override { return -1; }
     QAccessible::Role role() const override
     {
         return PictureView::isSplit(m_handle) ? QAccessible::Splitter : QAccessible::Grip;
@@ -70,7 +70,7 @@ public:
             .arg(place.height());
     }
 
-    void setText(QAccessible::Text, const QString&) override {}
+    void setText(QAccessible::Text /*kind*/, const QString& /*text*/) override {}
 
     QRect rect() const override
     {
@@ -109,7 +109,7 @@ public:
         return names;
     }
 
-    QStringList keyBindingsForAction(const QString&) const override { return {}; }
+    QStringList keyBindingsForAction(const QString& /*name*/) const override { return {}; }
 
     void doAction(const QString& name) override
     {
@@ -196,7 +196,7 @@ private:
     zokit::PreviewHandle m_handle;
 };
 
-QAccessibleInterface* interfaceFor(const QString&, QObject* object)
+QAccessibleInterface* interfaceFor(const QString& /*className*/, QObject* object)
 {
     auto* view = qobject_cast<PictureView*>(object);
     return view ? new PictureAccess(view) : nullptr;

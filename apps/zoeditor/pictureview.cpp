@@ -264,7 +264,7 @@ void PictureView::setSnapLines(const QVector<zokit::SnapLine>& lines)
     update(zokit::changedRegion(before, m_scene, m_view));
 }
 
-void PictureView::resizeEvent(QResizeEvent*)
+void PictureView::resizeEvent(QResizeEvent* /*event*/)
 {
     updateView();
 }

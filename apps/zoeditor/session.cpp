@@ -55,12 +55,13 @@ Session::~Session()
 
 void Session::noteCurrent(FileSettings* file)
 {
-    if (file)
+    if (file) {
         m_problemPath.clear();
-    if (!file)
+        if (!m_selected.contains(file->file()))
+            m_selected = {file->file()};
+    } else {
         m_selected.clear();
-    else if (!m_selected.contains(file->file()))
-        m_selected = {file->file()};
+    }
     emit currentChanged(file);
     emit selectionChanged();
 }

@@ -172,12 +172,12 @@ private:
     void openSettings(const QString& path);
     void probeNext();
     void takeMedia();
-    void addToProject(int row);
+    void addToProject(int index);
     void noteWork();
     void noteAdded(zokit::FileSettings* file);
     void noteRemoved(zokit::FileSettings* file);
     void noteChanges(const zokit::Changes& changes);
-    void noteEdited(int row, const zokit::FileSettings& file);
+    void noteEdited(int index, const zokit::FileSettings& file);
     void discardRecovered();
     void noteSettingsFiles();
     void noteCurrent(zokit::FileSettings* file);

@@ -269,7 +269,7 @@ void Session::noteRemoved(FileSettings* file)
 void Session::remove(const QVector<int>& rows)
 {
     QVector<int> descending = rows;
-    std::sort(descending.begin(), descending.end(), std::greater<int>());
+    std::sort(descending.begin(), descending.end(), std::greater<>());
     beginGesture(this, Message(Message::Code::StepRemoveFile));
     for (const int index : std::as_const(descending)) {
         if (FileSettings* file = m_project.file(m_files.rows().at(index).file))

@@ -155,6 +155,7 @@ TimeLine::TimeLine(Session& session, zokit::ShownFrames& frames, const Actions& 
     row->setSpacing(between);
     rows->addLayout(row);
     addToolButton(row, connectAction(actions, "stepBack", [this] { step(-1); }), QStringLiteral("<"), this);
+    // NOLINTNEXTLINE(cppcoreguidelines-prefer-member-initializer): connected where its button is made
     m_playAction = connectAction(actions, "play", [this](bool isChecked) { setPlaying(isChecked); });
     addToolButton(row, m_playAction, tr("Play"), this);
     addToolButton(row, connectAction(actions, "stepForward", [this] { step(1); }), QStringLiteral(">"), this);

@@ -64,7 +64,7 @@ Window::Window(Session* session, QWidget* parent)
     connectFiles();
     connectHistory();
     connectAppearance();
-    m_flows = new Flows(session, this);
+    m_flows = new Flows(session, this); // NOLINT(cppcoreguidelines-prefer-member-initializer): it needs the panes
     m_session->holdFilesWhile([session] {
         const bool isDragging = session->isInGesture() && QApplication::mouseButtons() != Qt::NoButton;
         return isDragging || QApplication::activeModalWidget() || QApplication::activePopupWidget();
