@@ -41,6 +41,14 @@ QByteArray gifHeader(quint32 width, quint32 height)
     return "GIF89a" + littleEndian(width, 2) + littleEndian(height, 2);
 }
 
+/// One of 2 x 2 pixels at \a left, on a screen, behind two colours, an extension and \a before.
+QByteArray gifWithFrame(const QSize& screen, quint32 left, const QByteArray& before = {})
+{
+    return gifHeader(quint32(screen.width()), quint32(screen.height()))
+           + QByteArray("\x80\0\0\0\0\0\xff\xff\xff!\xf9\4\0\0\0\0\0", 17) + before + ',' + littleEndian(left, 2)
+           + QByteArray("\0\0\2\0\2\0\0\2\3\2\x84\x51\0;", 14);
+}
+
 /// 45 bytes, without a checksum or pixels; Qt's own reader finds nothing in it.
 QByteArray pngHeader(quint32 width, quint32 height)
 {
@@ -140,6 +148,19 @@ void TstImageFile::fileIsLoadedUpTo128Megabytes_data()
     row("GIF of a pixel more", gifHeader(12153, 2761), false);
     row("GIF with a byte behind the screen", gifHeader(8192, 4097) + 'x', false);
     row("GIF cut in the size of its screen", gifHeader(8192, 4097).left(9), true);
+    // Qt's reader takes the frame's edge for a side of the screen that is 0, or that it does not believe.
+    row("GIF of a screen without a width", gifWithFrame({0, 11520}, 0), true);
+    row("GIF of a frame far outside of a screen without a width", gifWithFrame({0, 11520}, 16384), false);
+    row("GIF of a frame outside of a width that is believed", gifWithFrame({2009, 16000}, 16384), true);
+    row("GIF of a frame outside of a width that is not", gifWithFrame({2010, 16000}, 16384), false);
+    row("GIF of a frame behind a comment", gifWithFrame({0, 11520}, 16384, QByteArray("!\xfe\2ab\1c\0", 8)), false);
+    row("GIF of a frame behind an empty extension", gifWithFrame({0, 11520}, 16384, QByteArray("!\xf9\0\2ab\0", 7)),
+        false);
+    row("GIF of a frame behind what is no extension", gifWithFrame({0, 11520}, 16384, "?"), true);
+    row("GIF of a frame behind 99,998 blocks",
+        gifWithFrame({1, 1}, 0, "!\xfe" + QByteArray("\1a").repeated(99997) + '\0'), true);
+    row("GIF of a frame behind 100,000 blocks",
+        gifWithFrame({1, 1}, 0, "!\xfe" + QByteArray("\1a").repeated(99999) + '\0'), false);
     row("large screen of no GIF", "JIF" + gifHeader(8192, 4097).mid(3), true);
 
     const QByteArray small = pngHeader(16, 16);
