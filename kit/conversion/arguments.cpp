@@ -301,7 +301,7 @@ private:
         if (letter == 'd' || letter == 't')
             return;
         if (letter == 's')
-            m_outputs << lineTimes(track.fate != TrackFate::Converted || track.isRestyled, which);
+            m_outputs << lineTimes(track, which);
         const bool anySelected = isAnySelected(track.track.kind);
         const bool isDefault = anySelected ? track.isSelected && first : track.track.isDefault;
         m_outputs << QStringLiteral("-disposition") + which << dispositionOf(stream, isDefault);
@@ -377,10 +377,12 @@ private:
     }
 
     /// No filter reaches subtitles. Lines from before the part would begin before its first frame, which all else would
-    /// wait for; and a line that is shown at another time is still as long as it was.
-    QStringList lineTimes(bool isCopied, const QString& which)
+    /// wait for; and a line that is shown at another time is still as long as it was. A script is cut already.
+    QStringList lineTimes(const TrackPlan& track, const QString& which)
     {
-        const bool isCut = m_part.isTrimmed && !(m_media.picture() && m_plan.videoCodec.isEmpty()); // At a key frame.
+        const bool isCopied = track.fate != TrackFate::Converted || track.isRestyled;
+        const bool isAtKeyFrame = m_media.picture() && m_plan.videoCodec.isEmpty();
+        const bool isCut = m_part.isTrimmed && !isAtKeyFrame && !track.isScripted;
         const QString option = QStringLiteral("-bsf") + which;
         if (!isCopied) { // Times that ffmpeg 5.1 encodes cannot be set: the unit changes after the first line.
             m_encodesLines = m_encodesLines || isCut;
