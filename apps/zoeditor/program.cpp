@@ -20,8 +20,8 @@ namespace {
 
 void print(const QString& text, FILE* stream)
 {
-    std::fputs(text.toLocal8Bit().constData(), stream);
-    std::fflush(stream);
+    static_cast<void>(std::fputs(text.toLocal8Bit().constData(), stream));
+    static_cast<void>(std::fflush(stream));
 }
 
 /// What QApplication takes out of the command line.

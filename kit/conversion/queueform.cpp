@@ -50,8 +50,8 @@ Message messageFrom(const QJsonObject& object)
     const int code = QMetaEnum::fromType<Message::Code>().keyToValue(
         object.value(QStringLiteral("code")).toString().toLatin1().constData(), &isKnown);
     QStringList arguments;
-    const QJsonArray words = object.value(QStringLiteral("arguments")).toArray();
-    for (const QJsonValue& value : words)
+    const QJsonArray told = object.value(QStringLiteral("arguments")).toArray();
+    for (const QJsonValue& value : told)
         arguments.append(value.toString());
     return isKnown ? Message(static_cast<Message::Code>(code), arguments) : Message();
 }

@@ -183,8 +183,8 @@ public:
         LettersNotUtf8,
         SubtitleNotDrawn, ///< 1: the stream number, 2: its codec.
         // Steps of the history, as a menu says them behind "Undo" and "Redo". A property "Color:bcs_contrast" and a
-        // type "Color" are said as people call them, other words as they are. A type with the word "1" behind it is one item
-        // of it: "watermark" and not "Watermarks".
+        // type "Color" are said as people call them, other words as they are. A type with the word "1" behind it is one
+        // item of it: "watermark" and not "Watermarks".
         StepChange, ///< 1: the property, or as below.
         StepSelect, ///< 1: the type, 2: "1" for one item.
         StepAdd,    ///< The same.

@@ -147,11 +147,11 @@ void TestEditorTracks::rowsAreAsHighAsTheirTexts()
     const auto linesOf = [&](int row) {
         return list->visualItemRect(list->topLevelItem(row)).height() / list->fontMetrics().lineSpacing();
     };
-    for (const auto& [width, lines] : {std::pair(900, 2), std::pair(2000, 1), std::pair(900, 2)}) {
+    for (const auto& [width, wraps] : {std::pair(900, true), std::pair(2000, false), std::pair(900, true)}) {
         dialog->resize(width, 560);
         settle();
-        QCOMPARE(linesOf(French), lines);
-        QCOMPARE(linesOf(German), lines);
+        QCOMPARE(linesOf(French) > 1, wraps);
+        QCOMPARE(linesOf(German) > 1, wraps);
     }
 }
 

@@ -325,11 +325,11 @@ const Fates allFates[] = {
          g.option("quality", 20);
      },
      "error: video-codec copy leaves the track as it is, but another setting changes it. Leave out one of the two."},
-    {"a turned picture where that can be said", "mp4", [](Given& g) { g.stream(0).rotation = 90; },
+    {"a turned picture where that can be said", "mp4", [](Given& g) { g.stream(0).isTurned = true; },
      "track 0 (video, h264): copied"},
     {"a turned picture where it cannot", "webm",
      [](Given& g) {
-         g.stream(0).rotation = 90;
+         g.stream(0).isTurned = true;
          g.stream(0).track.codec = key("vp9");
      },
      "track 0 (video, vp9): converted to vp9, because webm cannot say that the picture is turned"},
