@@ -3,6 +3,7 @@
 
 #include "console.h"
 
+#include <cerrno>
 #include <csignal>
 #include <cstdio>
 
@@ -36,11 +37,16 @@ private:
     sigset_t m_before = {};
 };
 
+/// Why standard output did not take something; 0: it took all.
+int notPrinted = 0;
+
+/// What fails is told of standard output when all is written: nobody could be told of standard error.
 void put(const QByteArray& bytes, std::FILE* stream)
 {
     const NoChildEnds later;
-    // What fails is told of standard output when all is written: nobody could be told of standard error.
-    static_cast<void>(std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stream));
+    const auto size = static_cast<std::size_t>(bytes.size());
+    if (std::fwrite(bytes.constData(), 1, size, stream) != size && stream == stdout)
+        notPrinted = errno;
 }
 
 bool isColoured()
@@ -98,7 +104,14 @@ void printJson(const QJsonArray& array)
 bool allPrinted()
 {
     const NoChildEnds later;
-    return std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
+    if (std::fflush(stdout) != 0)
+        notPrinted = errno;
+    return notPrinted == 0;
+}
+
+bool isReaderGone()
+{
+    return notPrinted == EPIPE;
 }
 
 } // namespace zoconvert::console

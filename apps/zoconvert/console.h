@@ -28,5 +28,7 @@ void printLine(const QString& line);
 void printJson(const QJsonArray& array);
 /// Whether all that was printed has been taken by who reads it: a disk can be full.
 bool allPrinted();
+/// Whether it was not, since nobody reads any more, as behind "| head".
+bool isReaderGone();
 
 } // namespace zoconvert::console

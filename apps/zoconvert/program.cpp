@@ -63,7 +63,8 @@ int done(int code)
 {
     if (console::allPrinted())
         return code;
-    console::error(say(Say::NotPrinted));
+    if (!console::isReaderGone())
+        console::error(say(Say::NotPrinted));
     return code == Done ? Failed : code;
 }
 

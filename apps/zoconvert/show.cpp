@@ -11,6 +11,7 @@
 #include "console.h"
 #include "input.h"
 #include "run.h"
+#include "words.h"
 
 namespace zoconvert {
 
@@ -86,7 +87,7 @@ QString textOf(const Line& line)
     notes.append(nameOf(line.state));
     if (line.saved.isValid())
         notes.append(QStringLiteral("saved default %1").arg(zokit::valueAsText(line.address, line.saved)));
-    if (line.byCatalogue.isValid())
+    if (line.byCatalogue.isValid() && line.state != zokit::State::Default)
         notes.append(QStringLiteral("default %1").arg(zokit::valueAsText(line.address, line.byCatalogue)));
     return line.address.toString() + QStringLiteral(" = ") + zokit::valueAsText(line.address, line.value)
            + QStringLiteral("  (") + notes.join(QStringLiteral("; ")) + QLatin1Char(')');
@@ -113,6 +114,8 @@ int show(const Invocation& invocation)
     }
     for (const Line& line : lines)
         console::printLine(textOf(line));
+    if (lines.isEmpty())
+        console::note(say(Say::NothingSet), input.name);
     return Done;
 }
 

@@ -79,6 +79,7 @@ constexpr Text texts[] = {
     {Say::NotALog,        QT_TRANSLATE_NOOP("zoconvert", "There is no entry of the diagnostic log in it.")},
     {Say::NoDefaultSaved, QT_TRANSLATE_NOOP("zoconvert", "No default of %1 is saved.")},
     {Say::NotATypeOrItem, QT_TRANSLATE_NOOP("zoconvert", "A default is saved of an effect type or an item, and %1 is neither. Write for example Color or Watermark:0.")},
+    {Say::NothingSet, QT_TRANSLATE_NOOP("zoconvert", "Nothing is set: all values are the built-in defaults. Add --all to see them.")},
     {Say::NotPrinted,     QT_TRANSLATE_NOOP("zoconvert", "What was asked for cannot be written to standard output.")},
     {Say::HeadUsage,      QT_TRANSLATE_NOOP("zoconvert", "Usage")},
     {Say::HeadCommands,   QT_TRANSLATE_NOOP("zoconvert", "Commands")},

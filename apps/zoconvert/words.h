@@ -68,6 +68,7 @@ enum class Say {
     NoDefaultSaved, ///< 1: the type.
     NotATypeOrItem, ///< 1: what was asked for.
     NotPrinted,
+    NothingSet,
     HeadUsage,
     HeadCommands,
     HeadOptions,

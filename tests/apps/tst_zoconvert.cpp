@@ -51,6 +51,7 @@ private Q_SLOTS:
     void theLogIsExplained();
     void germanIsSpokenWhereItIsWanted();
     void aFullDiskIsNoSuccess();
+    void nobodyIsToldWhoReadsNoFurther();
     void clipsAreProbed();
     void settingsOfAClipKnowItsTracks();
     void newRulesChooseNewTracks();
@@ -64,7 +65,8 @@ void TestZoconvert::aLineEndsAsItShould_data()
     QTest::addColumn<QString>("out");
     QTest::addColumn<QString>("err");
     const char* contrast = "Color:bcs_contrast = 20  (changed; default 0)\n";
-    row("show nothing", {"show", "a.zoeffect.json"}, 0, "", "");
+    row("show nothing", {"show", "a.zoeffect.json"}, 0, "",
+        "zoconvert: a.zoeffect.json: Nothing is set: all values are the built-in defaults. Add --all to see them.\n");
     row("show", {"show", "b.zoeffect.json"}, 0, contrast, "");
     row("show behind --", {"show", "--", "b.zoeffect.json"}, 0, contrast, "");
     row("show, -- at the end", {"show", "b.zoeffect.json", "--"}, 0, contrast, "");
@@ -565,6 +567,16 @@ void TestZoconvert::aFullDiskIsNoSuccess()
                   {"diff", "--json", files.path("a.zoeffect.json"), files.path("a.zoeffect.json")});
     QVERIFY(program.waitForFinished());
     QCOMPARE(program.exitCode(), 2);
+}
+
+void TestZoconvert::nobodyIsToldWhoReadsNoFurther()
+{
+    QProcess program;
+    program.start(QStringLiteral("bash"), {"-c", "exec 3> >(:); wait $!; \"$0\" show --all \"$1\" >&3",
+                                           QStringLiteral(ZOCONVERT), clips::clip(QStringLiteral("languages.mkv"))});
+    QVERIFY(program.waitForFinished());
+    QCOMPARE(program.readAllStandardError(), QByteArray());
+    QCOMPARE(program.exitCode(), 1);
 }
 
 void TestZoconvert::clipsAreProbed()

@@ -164,6 +164,10 @@
         <translation>Eine Vorgabe wird von einem Effekttyp oder einem Element gespeichert, und %1 ist keins von beiden. Schreiben Sie zum Beispiel Color oder Watermark:0.</translation>
     </message>
     <message>
+        <source>Nothing is set: all values are the built-in defaults. Add --all to see them.</source>
+        <translation>Nichts ist eingestellt: Alle Werte sind die eingebauten Vorgaben. --all zeigt sie.</translation>
+    </message>
+    <message>
         <source>What was asked for cannot be written to standard output.</source>
         <translation>Was verlangt war, lässt sich nicht auf die Standardausgabe schreiben.</translation>
     </message>
