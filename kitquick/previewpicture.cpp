@@ -206,13 +206,13 @@ void PreviewPicture::updatePolish()
     emit pictureRectChanged();
 }
 
-QSGNode* PreviewPicture::updatePaintNode(QSGNode* node, UpdatePaintNodeData*)
+QSGNode* PreviewPicture::updatePaintNode(QSGNode* node, UpdatePaintNodeData* /*data*/)
 {
     if (d->composed.isNull()) {
         delete node;
         return nullptr;
     }
-    auto* image = static_cast<QSGImageNode*>(node);
+    auto* image = dynamic_cast<QSGImageNode*>(node);
     if (!image) {
         image = window()->createImageNode();
         image->setOwnsTexture(true);

@@ -64,7 +64,7 @@ QVariant SettingsModel::data(const QModelIndex& index, int role) const
     switch (role) {
     case ValueTextRole: {
         const QModelIndex value = index.siblingAtColumn(ValueColumn);
-        const bool isValue = index.isValid() && data(index, KindRole).toInt() == PropertyRow;
+        const bool isValue = index.isValid() && zokit::SettingsModel::data(index, KindRole).toInt() == PropertyRow;
         return isValue ? zokit::SettingsModel::data(value, Qt::DisplayRole) : QVariant();
     }
     case CheckedRole: {

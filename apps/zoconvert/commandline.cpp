@@ -276,26 +276,29 @@ Parsed parse(const QVector<QByteArray>& arguments, const Command& command)
 
 Parsed parse(const QVector<QByteArray>& arguments)
 {
+    // "help COMMAND", as many a program knows it.
+    QVector<QByteArray> words = arguments;
+    while (words.value(0) == "help")
+        words.removeFirst();
+    if (words.size() < arguments.size())
+        words.append("-h");
+
     Parsed parsed;
     bool isUtf8 = false;
-    const QString first = arguments.isEmpty() ? QString() : textOf(arguments.first(), &isUtf8);
+    const QString first = words.isEmpty() ? QString() : textOf(words.first(), &isUtf8);
     const auto wish = [&](Parsed::Wish what) {
         parsed.wish = what;
         return parsed;
     };
     if (const Command* command = findCommand(first))
-        return parse(arguments.mid(1), *command);
+        return parse(words.mid(1), *command);
     if (first == QLatin1String("-h"))
         return wish(Parsed::Summary);
-    if (first == QLatin1String("help")) { // As many a program knows it.
-        const QVector<QByteArray> rest = arguments.mid(1);
-        return parse(rest.isEmpty() ? QVector<QByteArray>{"-h"} : rest + QVector<QByteArray>{"-h"});
-    }
     if (first == QLatin1String("--help"))
         return wish(Parsed::Help);
     if (first == QLatin1String("--version"))
         return wish(Parsed::Version);
-    if (arguments.isEmpty())
+    if (words.isEmpty())
         parsed.error = say(Say::NoCommand);
     else if (isUtf8 && QFileInfo::exists(first))
         parsed.error = say(Say::FileForCommand, {first, commandFor(first), pasted(first)});
