@@ -17,6 +17,8 @@ ItemDelegate {
     objectName: model.type
     width: list.width
     height: 34
+    topPadding: 0
+    bottomPadding: 0
     leftPadding: 6
     rightPadding: 8
     onClicked: list.chosen(model.type)

@@ -250,10 +250,11 @@ void measureDrop(Figures& figures)
 
 /// The editor with one film, whose true picture is there.
 struct Shown : Stage {
-    explicit Shown(const QString& film) : Stage({film})
+    explicit Shown(const QString& film)
+        : Stage({film})
+        , view(find<zoeditor::PictureView>("pictureView"))
+        , frames(&find<zoeditor::PicturePane>("picture")->frames())
     {
-        view = find<zoeditor::PictureView>("pictureView");
-        frames = &find<zoeditor::PicturePane>("picture")->frames();
         window().resize(1280, 800);
         isThere = until([this] { return !view->isStandIn(); });
         rest(500); // The other frames, too.
