@@ -359,7 +359,9 @@ void TestEditorFiles::listIsFilteredAndSorted()
         box->setCurrentIndex(box->findText(key(name)));
         return names(shown);
     };
-    const QString sound = key("sound.wav"), plain = key("plain.mp4"), wide = key("wide.mkv");
+    const QString sound = key("sound.wav");
+    const QString plain = key("plain.mp4");
+    const QString wide = key("wide.mkv");
     QCOMPARE(order("by name"), QStringList({plain, sound, wide}));
     QCOMPARE(order("by size"), QStringList({sound, plain, wide}));
     QCOMPARE(order("as added"), QStringList({sound, plain, wide}));
