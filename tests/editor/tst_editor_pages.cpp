@@ -239,7 +239,7 @@ void TestEditorPages::cutOffIsFound()
     if (kind == "overlap")
         below->move(narrow->pos());
     else if (isList)
-        static_cast<QTreeWidget*>(narrow)->header()->resizeSection(0, kind == "wide list" ? 900 : 60);
+        qobject_cast<QTreeWidget*>(narrow)->header()->resizeSection(0, kind == "wide list" ? 900 : 60);
     else
         narrow->setFixedWidth(40);
     settle();

@@ -510,7 +510,7 @@ void TestEditorPanel::menusOfFieldsHaveNoUndo()
     auto* shown = stage.field(type.constData(), field.constData(), item);
     QVERIFY(shown);
     QList<QWidget*> parts = shown->findChildren<QLineEdit*>().isEmpty()
-                                ? QList<QWidget*>{shown, static_cast<QPlainTextEdit*>(shown)->viewport()}
+                                ? QList<QWidget*>{shown, qobject_cast<QPlainTextEdit*>(shown)->viewport()}
                                 : QList<QWidget*>{shown, shown->findChild<QLineEdit*>()};
     for (QWidget* part : parts) {
         QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(3, 3), part->mapToGlobal(QPoint(3, 3)));
@@ -766,7 +766,7 @@ void TestEditorPanel::fieldGoesWhileItsFileIsChosen()
         settle();
         auto* name = open->findChild<QLineEdit*>(key("fileNameEdit"));
         name->setText(kitsupport::logoPath(60, 50));
-        static_cast<QDialog*>(static_cast<QFileDialog*>(open))->accept();
+        qobject_cast<QDialog*>(open)->accept();
     });
     browse->click();
     QVERIFY(!field);

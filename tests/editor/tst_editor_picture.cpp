@@ -12,7 +12,6 @@
 #include "editorsupport.h"
 
 using namespace editorsupport;
-using kitsupport::at;
 using kitsupport::key;
 using zoeditor::PictureView;
 using zokit::Handle;
@@ -56,10 +55,8 @@ namespace {
 
 /// The editor with one clip of 160x120, whose crop is free of a shape.
 struct Scene : Stage {
-    Scene() : Stage({clips::clip(key("plain.mp4"))})
+    Scene() : Stage({clips::clip(key("plain.mp4"))}), picture(find<PictureView>("pictureView")), settings(file(0))
     {
-        picture = find<PictureView>("pictureView");
-        settings = file(0);
         settings->setValue(crop(), key("crop_keepaspectratio"), false);
         waitForOutput();
         QVERIFY2(picture->view().scale > 1, "The window is too small for what is tested here");
@@ -129,8 +126,8 @@ struct Scene : Stage {
 
     QImage grabbed() const { return picture->grab().toImage(); }
 
-    PictureView* picture = nullptr;
-    zokit::FileSettings* settings = nullptr;
+    PictureView* picture;
+    zokit::FileSettings* settings;
 };
 
 void sendKey(QWidget* widget, QEvent::Type type, int pressed, bool isRepeated,

@@ -49,11 +49,12 @@ namespace {
 
 /// The editor with a moving clip of 25 frames a second; unless told otherwise of 160x120.
 struct Clip : Stage {
-    explicit Clip(const QString& name = key("plain.mp4")) : Stage({clips::clip(name)})
+    explicit Clip(const QString& name = key("plain.mp4"))
+        : Stage({clips::clip(name)})
+        , bar(find<TimeBar>("time"))
+        , line(find<TimeLine>("timeline"))
+        , frames(&find<zoeditor::PicturePane>("picture")->frames())
     {
-        bar = find<TimeBar>("time");
-        line = find<TimeLine>("timeline");
-        frames = &find<zoeditor::PicturePane>("picture")->frames();
         waitForOutput();
     }
 
@@ -64,9 +65,9 @@ struct Clip : Stage {
 
     QVariantList part() const { return file(0)->value(file(0)->output(), key("trim")).toList(); }
 
-    TimeBar* bar = nullptr;
-    TimeLine* line = nullptr;
-    zokit::ShownFrames* frames = nullptr;
+    TimeBar* bar;
+    TimeLine* line;
+    zokit::ShownFrames* frames;
 };
 
 /// A variable of the environment, until the end of a scope.

@@ -115,7 +115,7 @@ public:
 
     QListView& files() const { return viewOf(bench.filesModel()); }
     QListView& watermarks() const { return viewOf(bench.model()); }
-    Panel& panel() const { return *static_cast<Panel*>(window.findChild<QTreeView*>()); }
+    Panel& panel() const { return *dynamic_cast<Panel*>(window.findChild<QTreeView*>()); }
     QWidget& preview() const { return *window.centralWidget(); }
 
     /// What the rows of a list say that can be seen.
@@ -328,7 +328,7 @@ void TestNewcomer::imageIsAddedByTheDialog()
     giveFile(path);
     stage.trigger("Add an image");
     QCOMPARE(stage.current().value(stage.bench.chosen(), word("wm_imagewidth")).toInt(), 40);
-    withDialog([](QWidget* dialog) { static_cast<QDialog*>(dialog)->reject(); });
+    withDialog([](QWidget* dialog) { qobject_cast<QDialog*>(dialog)->reject(); });
     stage.trigger("Add an image");
     QCOMPARE(Stage::rowsOf(stage.watermarks()).size(), 1);
 }
@@ -427,12 +427,12 @@ void TestNewcomer::colourIsChosenInItsDialog()
     Stage stage;
     const Identity text = stage.addText("Hello");
     withDialog([](QWidget* dialog) {
-        static_cast<QColorDialog*>(dialog)->setCurrentColor(Qt::red);
+        qobject_cast<QColorDialog*>(dialog)->setCurrentColor(Qt::red);
         QMetaObject::invokeMethod(dialog, "accept");
     });
     stage.fieldOf<QWidget>(text, "wm_fontcolor");
     QCOMPARE(stage.current().value(text, word("wm_fontcolor")).value<QColor>(), QColor(Qt::red));
-    withDialog([](QWidget* dialog) { static_cast<QDialog*>(dialog)->reject(); });
+    withDialog([](QWidget* dialog) { qobject_cast<QDialog*>(dialog)->reject(); });
     stage.fieldOf<QWidget>(text, "wm_fontcolor");
     QCOMPARE(stage.current().value(text, word("wm_fontcolor")).value<QColor>(), QColor(Qt::red));
 }
@@ -629,8 +629,8 @@ void TestNewcomer::presetIsSavedAndLaidOver()
     const auto save = [&] {
         emit menu->aboutToShow();
         withDialog([](QWidget* dialog) {
-            static_cast<QInputDialog*>(dialog)->setTextValue(word("mine & yours"));
-            static_cast<QDialog*>(dialog)->accept();
+            qobject_cast<QInputDialog*>(dialog)->setTextValue(word("mine & yours"));
+            qobject_cast<QDialog*>(dialog)->accept();
         });
         stage.trigger("Save as preset");
     };
