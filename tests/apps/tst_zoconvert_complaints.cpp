@@ -76,7 +76,7 @@ void TestZoconvertComplaints::aFullDiskIsNoSuccess()
     put(run, "long.ts", "long.ts");
     const QString before = run.files();
     {
-        const FullDisk disk(20 * 1024);
+        const FullDisk disk(20480);
         run.run({"convert", "long.ts", "-o", "new.mkv", "--progress", "json"});
     }
     QCOMPARE(run.code, 1);

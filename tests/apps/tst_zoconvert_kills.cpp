@@ -151,6 +151,66 @@ void disturb(How how, qint64 process, const QString& folder)
     }
 }
 
+/// What happens to one conversion of many.
+struct Round {
+    How how = LeaveAlone;
+    double part = 0;       ///< When: of the time that one takes, or of what it writes.
+    bool isFirst = false;  ///< It has no room at all.
+    bool isLast = false;   ///< It is left alone: some are cut off, and some end, however busy the machine is.
+    bool replaces = false; ///< An older file is there.
+    bool comes = false;    ///< Another's file, meanwhile.
+};
+
+Round drawn(QRandomGenerator& random, int number, int rounds)
+{
+    Round round;
+    round.isFirst = number == 0;
+    round.isLast = number == rounds - 1;
+    round.part = random.generateDouble() * 1.2;
+    round.how = static_cast<How>(random.bounded(Ways));
+    if (round.isFirst) {
+        round.how = FillDisk;
+        round.part = 0;
+    } else if (round.isLast) {
+        round.how = LeaveAlone;
+    }
+    round.replaces = number % 2 == 0;
+    round.comes = random.bounded(2) == 0 && !round.replaces && !round.isLast;
+    return round;
+}
+
+/// What a round left.
+struct Left {
+    int code = 0;
+    bool isNew = false;      ///< The result is not what was there.
+    bool isWhole = false;    ///< It is what one that is not disturbed makes.
+    bool isAnothers = false; ///< What was there was another's.
+    QStringList parts;
+    QStringList partsBefore;
+};
+
+/// What is wrong with it; empty: nothing.
+QByteArray wrong(const Round& round, const Left& left)
+{
+    if (left.isNew && !left.isWhole)
+        return "half a result";
+    if (left.isNew && left.isAnothers)
+        return "another's file is gone";
+    if ((round.isFirst || round.isLast) && left.isNew != round.isLast)
+        return "the first one made something, or the last one did not";
+    const bool isOneOfTwo = round.how == KillOneOfTwo; // The other one is left alone.
+    if (isOneOfTwo && left.isNew == left.isAnothers)
+        return "the other one made nothing";
+    const bool isSaid = left.code == 1 || (left.code == 0 && round.how != RemoveFolder);
+    if (!isOneOfTwo && isSaid && left.isNew != (left.code == 0))
+        return "the code is not true";
+    if (round.how == Kill || isOneOfTwo)
+        return {}; // What was killed may lie there until a later one is done.
+    const bool areOld = std::all_of(left.parts.cbegin(), left.parts.cend(),
+                                    [&](const QString& part) { return left.partsBefore.contains(part); });
+    return left.parts.isEmpty() || (left.code != 0 && areOld) ? QByteArray() : "a part file is left";
+}
+
 } // namespace
 
 class TestZoconvertKills : public QObject {
@@ -376,45 +436,36 @@ void TestZoconvertKills::anyMomentLeavesAllOrNothing()
 
     QRandomGenerator random(20240229);
     int cutOff = 0;
-    for (int round = 0; round < rounds; ++round) {
-        // The first one has no room at all, and the last one is left alone: some are cut off, and some end, however
-        // busy the machine is.
-        const bool isFirst = round == 0;
-        const bool isLast = round == rounds - 1;
-        const double drawn = random.generateDouble() * 1.2; // Of the time that one takes, or of what it writes.
-        const auto drawnHow = static_cast<How>(random.bounded(Ways));
-        const double part = isFirst ? 0 : drawn;
-        const How how = isFirst ? FillDisk : isLast ? LeaveAlone : drawnHow;
-        const bool replaces = round % 2 == 0;
-        const bool comes = random.bounded(2) == 0 && !replaces && !isLast; // Another's file, meanwhile.
-
+    for (int number = 0; number < rounds; ++number) {
+        const Round round = drawn(random, number, rounds);
         QVERIFY(QDir().mkpath(folder));
-        QByteArray kept = replaces ? QByteArray("an older file") : none;
-        QVERIFY(!replaces || makeNew(result, kept));
-        const QStringList leftBefore = parts(folder);
-        const QList<QByteArray> wholeLine = replaces ? line + QList<QByteArray>{"--overwrite"} : line;
-        const int moment = static_cast<int>(part * static_cast<double>(whole));
+        QByteArray kept = round.replaces ? QByteArray("an older file") : none;
+        QVERIFY(!round.replaces || makeNew(result, kept));
+        Left left;
+        left.partsBefore = parts(folder);
+        const QList<QByteArray> wholeLine = round.replaces ? line + QList<QByteArray>{"--overwrite"} : line;
+        const int moment = static_cast<int>(round.part * static_cast<double>(whole));
         std::optional<FullDisk> disk;
-        if (how == FillDisk)
-            disk.emplace(static_cast<qint64>(part * static_cast<double>(size)));
+        if (round.how == FillDisk)
+            disk.emplace(static_cast<qint64>(round.part * static_cast<double>(size)));
         clock.start();
         const qint64 process = run.start(wholeLine);
         disk.reset();
-        if (how == KillOneOfTwo)
+        if (round.how == KillOneOfTwo)
             other.start(wholeLine);
         const auto endsBefore = [&](int milliseconds) {
             return QTest::qWaitFor([&] { return !childwatch::isAlive(process); },
                                    std::max(milliseconds - static_cast<int>(clock.elapsed()), 0));
         };
-        if (comes && !endsBefore(moment / 2) && makeNew(result, another))
+        if (round.comes && !endsBefore(moment / 2) && makeNew(result, another))
             kept = another;
-        const bool isTooLate = how != LeaveAlone && endsBefore(moment);
+        const bool isTooLate = round.how != LeaveAlone && endsBefore(moment);
         const qint64 took = clock.elapsed();
-        disturb(how, process, folder);
+        disturb(round.how, process, folder);
         run.wait();
-        if (how == KillOneOfTwo)
+        if (round.how == KillOneOfTwo)
             other.wait();
-        if (how == RemoveFolder)
+        if (round.how == RemoveFolder)
             kept = none;
         // So that the moments lie all over it when the machine becomes slower or faster.
         if (!isTooLate)
@@ -422,22 +473,18 @@ void TestZoconvertKills::anyMomentLeavesAllOrNothing()
         else if (run.code == 0)
             whole = took;
 
-        const QByteArray what = QByteArray::number(round) + ": " + QByteArray::number(how) + " at "
-                                + QByteArray::number(part) + ", ended " + QByteArray::number(run.code) + ": "
+        const QByteArray what = QByteArray::number(number) + ": " + QByteArray::number(round.how) + " at "
+                                + QByteArray::number(round.part) + ", ended " + QByteArray::number(run.code) + ": "
                                 + (run.err + other.err).toUtf8();
         QVERIFY2(QTest::qWaitFor(hasNoChild, childrenLive), what);
-        const bool isNew = contentOf(result) != kept;
-        QVERIFY2(!isNew || (kept != another && framesOf(result) == frames), what);
-        QVERIFY2((!isFirst && !isLast) || isNew == isLast, what);
-        if (how == KillOneOfTwo) // The other one is left alone.
-            QVERIFY2(isNew == (kept != another), what);
-        else if (run.code == 1 || (run.code == 0 && how != RemoveFolder))
-            QVERIFY2(isNew == (run.code == 0), what);
-        if (how != Kill && how != KillOneOfTwo) { // What was killed before may lie there until a later one is done.
-            for (const QString& left : parts(folder))
-                QVERIFY2(run.code != 0 && leftBefore.contains(left), what);
-        }
-        cutOff += isNew ? 0 : 1;
+        left.code = run.code;
+        left.isNew = contentOf(result) != kept;
+        left.isWhole = left.isNew && framesOf(result) == frames;
+        left.isAnothers = kept == another;
+        left.parts = parts(folder);
+        const QByteArray complaint = wrong(round, left);
+        QVERIFY2(complaint.isEmpty(), complaint + ", " + what);
+        cutOff += left.isNew ? 0 : 1;
         QFile::remove(result);
     }
     qInfo("%d of %d left no result", cutOff, rounds);
