@@ -16,18 +16,17 @@
 #include <QtTest>
 
 #include <zokit/conversion.h>
-#include <zokit/filesettings.h>
 #include <zokit/placement.h>
 #include <zokit/queue.h>
 
 #include "childwatch.h"
 #include "clips.h"
-#include "kitsupport.h"
+#include "conversionsupport.h"
 #include "testapplication.h"
 
+using namespace conversionsupport;
 using zokit::Conversion;
 using zokit::ConversionResult;
-using zokit::FileSettings;
 using zokit::Job;
 using zokit::MediaInfo;
 using zokit::Outcome;
@@ -35,82 +34,6 @@ using zokit::Outcome;
 Q_DECLARE_METATYPE(zokit::FailureKind)
 
 namespace {
-
-constexpr int patience = 60000; // Milliseconds; only a hang takes so long.
-
-using Edits = QMap<QString, QVariant>; // By address; "Watermark" inserts items with these values.
-
-zokit::Settings settingsFor(const MediaInfo& media, const Edits& edits)
-{
-    zokit::Media known;
-    known.file = media.file;
-    known.frame = media.picture() ? media.picture()->shown : QSize();
-    known.seconds = media.seconds;
-    FileSettings file(known);
-    for (auto it = edits.cbegin(); it != edits.cend(); ++it) {
-        if (!it.key().contains(QLatin1Char(':'))) {
-            const bool isOne = it.value().userType() == QMetaType::QVariantMap;
-            const QVariantList items = isOne ? QVariantList{it.value()} : it.value().toList();
-            for (const QVariant& item : items) {
-                const FileSettings::Inserted made = file.insert(it.key(), item.toMap());
-                if (made.item == 0)
-                    qWarning("%s: %s", qPrintable(it.key()), qPrintable(made.error.text()));
-            }
-            continue;
-        }
-        const zokit::ReadAddress address = zokit::readAddress(it.key());
-        const zokit::Message refused = file.setValue(file.thing(*address.address), address.address->key, it.value());
-        if (!refused.isEmpty())
-            qWarning("%s", qPrintable(refused.text()));
-    }
-    return file.settings();
-}
-
-struct Converted {
-    ConversionResult result;
-    QStringList lines; ///< Of the tracks.
-    MediaInfo media;   ///< Of the result; without streams when there is none.
-    QStringList left;  ///< What else is in the folder.
-};
-
-Converted convert(const QString& input, const Edits& edits, const QString& output)
-{
-    Converted converted;
-    Conversion conversion(zokit::findTools());
-    QSignalSpy ended(&conversion, &Conversion::finished);
-    QObject::connect(&conversion, &Conversion::planned, [&] {
-        for (const zokit::TrackPlan& track : conversion.plan().tracks)
-            converted.lines.append(track.line().text());
-    });
-    Job job;
-    job.input = input;
-    job.output = output;
-    job.makeSettings = [&](const MediaInfo& media) {
-        zokit::ReadSettings made;
-        made.settings = settingsFor(media, edits);
-        return made;
-    };
-    conversion.start(job);
-    if (!ended.wait(patience))
-        qWarning("the conversion does not end");
-    else
-        converted.result = ended.first().first().value<ConversionResult>();
-    if (converted.result.outcome == Outcome::Done)
-        converted.media = zokit::probe(zokit::findTools(), output).media.value_or(MediaInfo());
-    converted.left =
-        QFileInfo(output).absoluteDir().entryList(QDir::Files | QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot);
-    converted.left.removeAll(QFileInfo(output).fileName());
-    return converted;
-}
-
-QString said(const ConversionResult& result)
-{
-    QStringList words{result.reason.text()};
-    for (const zokit::Message& warning : result.warnings)
-        words.append(warning.text());
-    words.removeAll(QString());
-    return words.join(QLatin1Char('\n'));
-}
 
 QString codecs(const MediaInfo& media)
 {
@@ -138,10 +61,6 @@ private Q_SLOTS:
     void chosenSoundsComeOut();
     void lineOfATrack_data();
     void lineOfATrack();
-    void timesAreKept_data();
-    void timesAreKept();
-    void framesAreThoseThatAreMeant_data();
-    void framesAreThoseThatAreMeant();
     void coloursAreKept();
     void namesAreThoseThatPlayersRead_data();
     void namesAreThoseThatPlayersRead();
@@ -162,7 +81,6 @@ private Q_SLOTS:
     void skipsWhatIsThere();
     void leavesNothingWhenCancelled_data();
     void leavesNothingWhenCancelled();
-    void chaptersFollowPartAndSpeed();
     void linesTellWhatBecomesOfEachTrack();
     void linesAreGerman();
     void removesWhatADeadOneLeft();
@@ -313,10 +231,8 @@ void TestKitConversion::chosenSoundsComeOut()
         {{QStringLiteral("Audio"), sounds}, {QStringLiteral("Output:audio-codec"), QStringLiteral("flac")}}, output);
     QVERIFY2(converted.result.outcome == Outcome::Done, qPrintable(said(converted.result)));
     QTEST(codecs(converted.media), "tracks");
-    zokit::Command command;
-    command.program = zokit::findTools().ffmpeg;
-    command.arguments = QStringLiteral("-v error -i %1 -map 0:a:0 -f s16le pipe:1").arg(output).split(QLatin1Char(' '));
-    const QByteArray bytes = zokit::run(command).output;
+    const QByteArray bytes =
+        outputOf(zokit::findTools().ffmpeg, QStringLiteral("-v error -i FILE -map 0:a:0 -f s16le pipe:1"), output);
     QString first = QStringLiteral("%1:").arg(bytes.size() / 2);
     for (const int sample : {4000, 10000, 22000}) {
         if (2 * sample < bytes.size())
@@ -358,146 +274,6 @@ void TestKitConversion::lineOfATrack()
     QTEST(plan.tracks.value(track).line().text(), "expected");
 }
 
-void TestKitConversion::timesAreKept_data()
-{
-    QTest::addColumn<QString>("clip");
-    QTest::addColumn<QString>("ending");
-    QTest::addColumn<Edits>("edits");
-    QTest::addColumn<QString>("tracks");   // As ffprobe selects them.
-    QTest::addColumn<QString>("expected"); // Milliseconds of the first packets; of lines also how long they are.
-
-    const auto row = [](const char* name, const char* clip, const char* ending, const Edits& edits, const char* tracks,
-                        const char* expected) {
-        QTest::newRow(name) << QString::fromUtf8(clip) << QString::fromUtf8(ending) << edits
-                            << QString::fromUtf8(tracks) << QString::fromUtf8(expected);
-    };
-    const auto with = [](Edits edits, const char* address, const QVariant& value) {
-        edits.insert(QString::fromUtf8(address), value);
-        return edits;
-    };
-    const Edits grey{{QStringLiteral("Color:bcs_saturation"), -50}};
-    row("frames at uneven times", "uneven.mkv", "mp4", grey, "v", "0 56 124 174 206 250");
-    row("frames at uneven times of another container", "uneven.mp4", "mkv", grey, "v", "0 56 124 174 206 250");
-    row("frames that become rare", "rare.mp4", "mp4", grey, "v", "0 33 67 1000 2000");
-    row("frames at even times", "lossless.mkv", "mp4", grey, "v", "0 40 80 120 160 200 240 280 320 360");
-
-    const Edits fast{{QStringLiteral("Audio_Speed:audio_effect_flag"), true},
-                     {QStringLiteral("Audio_Speed:audio_speed_factor"), 200},
-                     {QStringLiteral("Output:audio-codec"), QStringLiteral("flac")}};
-    const Edits slow = with(fast, "Audio_Speed:audio_speed_factor", 25);
-    row("sound that begins later, faster", "late-sound.mkv", "mkv", fast, "a", "100");
-    row("sound that begins later, slower", "late-sound.mkv", "mkv", slow, "a", "800");
-    const QVariant part = QVariantList{0.4, 1.4};
-    row("subtitles of a part, faster", "talking.mkv", "mkv", with(fast, "Output:trim", part), "s", "50+50 300+100");
-    row("subtitles of a part, slower", "talking.mkv", "mkv", with(slow, "Output:trim", part), "s", "400+400 2400+800");
-    row("subtitles, faster", "talking.mkv", "mkv", fast, "s", "250+50 500+100 800+100");
-    const QVariant between = QVariantList{0.55, 1.1};
-    row("a part that begins and ends within lines", "talking.mkv", "mkv", {{QStringLiteral("Output:trim"), between}},
-        "s", "0+50 450+100");
-    row("a part that begins and ends within lines, slower", "talking.mkv", "mkv", with(slow, "Output:trim", between),
-        "s", "0+200 1800+400");
-    row("a part that begins within a line, of another format", "talking.mkv", "webm",
-        {{QStringLiteral("Output:trim"), between}}, "s", "450+200");
-    row("a part behind a line", "talking.mkv", "mkv", {{QStringLiteral("Output:trim"), QVariantList{0.9, 1.5}}}, "s",
-        "100+200");
-
-    const Edits pictures{{QStringLiteral("Output:soft-subtitles"), true},
-                         {QStringLiteral("Subtitle"),
-                          QVariantMap{{QStringLiteral("sub_fromfile"), true},
-                                      {QStringLiteral("file"), clips::clip(QStringLiteral("graphic.sup"))}}}};
-    row("a file of pictures", "silent.mkv", "mkv", pictures, "s", "100 300");
-    row("a part of a file of pictures", "silent.mkv", "mkv", with(pictures, "Output:trim", QVariantList{0.04, 0.36}),
-        "s", "60 260");
-}
-
-void TestKitConversion::timesAreKept()
-{
-    QFETCH(QString, clip);
-    QFETCH(QString, ending);
-    QFETCH(Edits, edits);
-    QFETCH(QString, tracks);
-    QFETCH(QString, expected);
-    const QString output = path(QStringLiteral("result.") + ending);
-    QFile::remove(output);
-    const Converted converted = convert(clips::clip(clip), edits, output);
-    QVERIFY2(converted.result.outcome == Outcome::Done, qPrintable(said(converted.result)));
-    zokit::Command command;
-    command.program = zokit::findTools().ffprobe;
-    command.arguments =
-        QStringLiteral("-v error -show_entries packet=pts_time,duration_time -of csv=p=0 -select_streams")
-            .split(QLatin1Char(' '));
-    command.arguments << tracks << output;
-    const auto milliseconds = [](const QByteArray& seconds) { return qRound(seconds.toDouble() * 1000); };
-    QMap<int, int> times; // They come in the order in which they are decoded.
-    for (const QByteArray& line : zokit::run(command).output.split('\n'))
-        if (const QList<QByteArray> fields = line.trimmed().split(','); !fields.first().isEmpty())
-            times.insert(milliseconds(fields.first()), milliseconds(fields.value(1)));
-    QStringList found;
-    for (auto it = times.cbegin(); it != times.cend(); ++it)
-        found.append(tracks == QLatin1String("s") && it.value() > 0
-                         ? QStringLiteral("%1+%2").arg(it.key()).arg(it.value())
-                         : QString::number(it.key()));
-    if (tracks == QLatin1String("a"))
-        found = found.mid(0, 1);
-    QCOMPARE(found.join(QLatin1Char(' ')), expected);
-    QVERIFY(QFile::remove(output));
-}
-
-void TestKitConversion::framesAreThoseThatAreMeant_data()
-{
-    QTest::addColumn<QString>("clip");
-    QTest::addColumn<Edits>("edits");
-    QTest::addColumn<int>("first");
-    QTest::addColumn<int>("step");
-    QTest::addColumn<int>("count");
-    const auto part = [](double from, double to) {
-        return Edits{{QStringLiteral("Output:trim"), QVariantList{from, to}}};
-    };
-    QTest::newRow("part of an index") << "counting.mkv" << part(1, 2) << 25 << 1 << 25;
-    QTest::newRow("part long after a key frame, without an index") << "long.ts" << part(3.6, 4.6) << 90 << 1 << 25;
-    QTest::newRow("part later in it") << "longer.ts" << part(15, 16) << 375 << 1 << 25;
-    QTest::newRow("half as many a second")
-        << "counting.mkv" << Edits{{QStringLiteral("Output:fps"), 12.5}} << 0 << 2 << 50;
-    QTest::newRow("a fifth of them") << "counting.mkv" << Edits{{QStringLiteral("Output:fps"), 5.0}} << 0 << 5 << 20;
-    QTest::newRow("twice as fast") << "counting.mkv"
-                                   << Edits{{QStringLiteral("Audio_Speed:audio_effect_flag"), true},
-                                            {QStringLiteral("Audio_Speed:audio_speed_factor"), 200}}
-                                   << 0 << 2 << 50;
-}
-
-void TestKitConversion::framesAreThoseThatAreMeant()
-{
-    QFETCH(QString, clip);
-    QFETCH(Edits, edits);
-    QFETCH(int, first);
-    QFETCH(int, step);
-    QFETCH(int, count);
-    const QString output = path(QStringLiteral("result.mkv"));
-    edits.insert(QStringLiteral("Output:video-codec"), QStringLiteral("ffv1"));
-    const Converted converted = convert(clips::clip(clip), edits, output);
-    QVERIFY2(converted.result.outcome == Outcome::Done, qPrintable(said(converted.result)));
-    QCOMPARE(said(converted.result), QString());
-    const auto pictures = [](const QString& file) {
-        zokit::Command command;
-        command.program = zokit::findTools().ffmpeg;
-        command.arguments << QStringLiteral("-v") << QStringLiteral("error") << QStringLiteral("-i") << file
-                          << QStringLiteral("-map") << QStringLiteral("0:v") << QStringLiteral("-f")
-                          << QStringLiteral("framehash") << QStringLiteral("-fps_mode") << QStringLiteral("passthrough")
-                          << QStringLiteral("pipe:1");
-        QByteArrayList hashes;
-        for (const QByteArray& line : zokit::run(command).output.split('\n'))
-            if (!line.isEmpty() && !line.startsWith('#'))
-                hashes.append(line.split(',').last().trimmed());
-        return hashes;
-    };
-    const QByteArrayList all = pictures(clips::clip(clip));
-    QByteArrayList expected;
-    for (int i = 0; i < count; ++i)
-        expected.append(all.value(first + i * step));
-    QCOMPARE(pictures(output), expected);
-    QVERIFY(QFile::remove(output));
-}
-
 /// RGB of full range becomes YUV of limited range, and says so.
 void TestKitConversion::coloursAreKept()
 {
@@ -506,13 +282,9 @@ void TestKitConversion::coloursAreKept()
                                         {{QStringLiteral("Output:video-codec"), QStringLiteral("h264")}}, output);
     QVERIFY2(converted.result.outcome == Outcome::Done, qPrintable(said(converted.result)));
     QCOMPARE(converted.media.picture()->range, QStringLiteral("tv"));
-    zokit::Command command;
-    command.program = zokit::findTools().ffmpeg;
-    command.arguments = QStringLiteral("-v error -i %1 -frames:v 1 -vf crop=2:2:20:20:exact=1,format=rgb24 -f rawvideo "
-                                       "pipe:1")
-                            .arg(output)
-                            .split(QLatin1Char(' '));
-    const QByteArray pixel = zokit::run(command).output.left(3);
+    const QString words = QStringLiteral("-v error -i FILE -frames:v 1 -vf crop=2:2:20:20:exact=1,format=rgb24 "
+                                         "-f rawvideo pipe:1");
+    const QByteArray pixel = outputOf(zokit::findTools().ffmpeg, words, output).left(3);
     const auto isNear = [&](int channel, int value) { return std::abs(uchar(pixel[channel]) - value) <= 4; };
     QVERIFY2(pixel.size() == 3 && isNear(0, 0xc0) && isNear(1, 0x80) && isNear(2, 0x40), pixel.toHex());
     QVERIFY(QFile::remove(output));
@@ -539,12 +311,8 @@ void TestKitConversion::namesAreThoseThatPlayersRead()
     const QString output = path(QStringLiteral("result.mp4"));
     const Converted converted = convert(clips::clip(clip), edits, output);
     QVERIFY2(converted.result.outcome == Outcome::Done, qPrintable(said(converted.result)));
-    zokit::Command command;
-    command.program = zokit::findTools().ffprobe;
-    command.arguments << QStringLiteral("-v") << QStringLiteral("error") << QStringLiteral("-show_entries")
-                      << QStringLiteral("stream=") + entry << QStringLiteral("-of") << QStringLiteral("csv=p=0")
-                      << output;
-    QTEST(QString::fromLatin1(zokit::run(command).output.trimmed()), "expected");
+    const QString words = QStringLiteral("-v error -show_entries stream=%1 -of csv=p=0 FILE").arg(entry);
+    QTEST(QString::fromLatin1(outputOf(zokit::findTools().ffprobe, words, output).trimmed()), "expected");
     QVERIFY(QFile::remove(output));
 }
 
@@ -567,11 +335,10 @@ void TestKitConversion::subtitlesInOtherLettersAreRead()
                       QVariantMap{{QStringLiteral("sub_fromfile"), true}, {QStringLiteral("file"), file.fileName()}}}},
                     output);
         QVERIFY2(converted.result.outcome == Outcome::Done, qPrintable(said(converted.result)));
-        zokit::Command command;
-        command.program = zokit::findTools().ffmpeg;
-        command.arguments = QStringLiteral("-v error -i %1 -map 0:s -f srt pipe:1").arg(output).split(QLatin1Char(' '));
-        QVERIFY(zokit::run(command).output.contains("Gr\xc3\xbc\xc3\x9f"
-                                                    "e"));
+        const QString words = QStringLiteral("-v error -i FILE -map 0:s -f srt pipe:1");
+        QVERIFY(outputOf(zokit::findTools().ffmpeg, words, output)
+                    .contains("Gr\xc3\xbc\xc3\x9f"
+                              "e"));
         QVERIFY(QFile::remove(output));
         if (ending == QByteArray("mkv"))
             QCOMPARE(converted.lines.last(),
@@ -979,24 +746,6 @@ void TestKitConversion::leavesNothingWhenCancelled()
     QVERIFY(ended.first().first().value<ConversionResult>().outcome == Outcome::Cancelled);
     QVERIFY(!conversion.isRunning());
     QCOMPARE(QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), QStringList());
-}
-
-void TestKitConversion::chaptersFollowPartAndSpeed()
-{
-    MediaInfo media;
-    media.seconds = 10;
-    media.chapters = {{0, 3, {}}, {3, 4, {{QStringLiteral("title"), QStringLiteral("a=b;c")}}}, {4, 10, {}}};
-    const zokit::Settings settings = settingsFor(media, {{QStringLiteral("Output:trim"), QVariantList{3.0, 9.0}},
-                                                         {QStringLiteral("Audio_Speed:audio_effect_flag"), true},
-                                                         {QStringLiteral("Audio_Speed:audio_speed_factor"), 200}});
-    QCOMPARE(zokit::chaptersText(settings, media),
-             QByteArray(";FFMETADATA1\n"
-                        "[CHAPTER]\nTIMEBASE=1/1000\nSTART=0\nEND=500\ntitle=a\\=b\\;c\n"
-                        "[CHAPTER]\nTIMEBASE=1/1000\nSTART=500\nEND=3000\n"));
-    const zokit::ClipPart part = zokit::clipPart(settings, media);
-    QCOMPARE(part.from, 3.0);
-    QCOMPARE(part.seconds, 6.0);
-    QCOMPARE(part.result, 3.0);
 }
 
 void TestKitConversion::linesTellWhatBecomesOfEachTrack()
