@@ -43,7 +43,6 @@ constexpr Recipe recipes[] = {
     {"no-rate.ts",       "-i {plain.mp4} -c copy -bsf:a noise=drop=1"}, // Sound that is announced, and not there.
     {"plain.flv",        "-i {plain.mp4} -c copy"},
     {"plain.webm",       PICTURE SOUND "-c:v libvpx -deadline realtime -cpu-used 8 -c:a libvorbis"},
-    {"vp9.webm",         PICTURE SOUND "-c:v libvpx-vp9 -deadline realtime -cpu-used 8 -c:a libopus"},
     {"plain.avi",        PICTURE SOUND "-c:v mpeg4 -c:a libmp3lame"},
     {"plain.mpg",        PICTURE SOUND "-c:v mpeg2video -c:a mp2"},
     {"small.mpg",        "-f lavfi -i testsrc2=s=176x144:r=25:d=1 -c:v mpeg2video"}, // Several pictures with one time.
@@ -51,7 +50,6 @@ constexpr Recipe recipes[] = {
     {"sound.wav",        SOUND},
     {"sound.mp3",        SOUND "-c:a libmp3lame"},
     {"sound.flac",       SOUND "-c:a flac"},
-    {"sound.m4a",        SOUND "-c:a aac"},
     {"raw.h264",         PICTURE X264},
     {"still.png",        "-f lavfi -i color=red:s=64x48 -frames:v 1"},
     {"still.jpg",        "-f lavfi -i color=red:s=64x48 -frames:v 1 -pix_fmt yuvj420p"},
@@ -278,6 +276,22 @@ QString made(const Recipe& recipe)
     return QString();
 }
 
+/// Presentation graphics subtitles (.sup): a white box of 40x20 at (20, 80) on a canvas of 160x120, from 0.1 to 0.3 s.
+QByteArray graphicSubtitles()
+{
+    constexpr quint32 paletteKind = 0x14;
+    constexpr quint32 objectKind = 0x15;
+    constexpr quint32 compositionKind = 0x16;
+    constexpr quint32 windowKind = 0x17;
+    constexpr quint32 endKind = 0x80;
+    constexpr double from = 0.1;
+    constexpr double to = 0.3;
+    return segment(from, compositionKind, composition(0, true)) + segment(from, windowKind, window())
+           + segment(from, paletteKind, palette()) + segment(from, objectKind, object())
+           + segment(from, endKind, QByteArray()) + segment(to, compositionKind, composition(1, false))
+           + segment(to, windowKind, window()) + segment(to, endKind, QByteArray());
+}
+
 } // namespace
 
 QString clip(const QString& name)
@@ -296,31 +310,6 @@ QString clip(const QString& name)
     }
     qWarning("there is no clip %s", qPrintable(name));
     return QString();
-}
-
-QStringList names()
-{
-    QStringList result{QStringLiteral("graphic.sup")};
-    for (const Text& text : texts)
-        result.append(QString::fromLatin1(text.name));
-    for (const Recipe& recipe : recipes)
-        result.append(QString::fromLatin1(recipe.name));
-    return result;
-}
-
-QByteArray graphicSubtitles()
-{
-    constexpr quint32 paletteKind = 0x14;
-    constexpr quint32 objectKind = 0x15;
-    constexpr quint32 compositionKind = 0x16;
-    constexpr quint32 windowKind = 0x17;
-    constexpr quint32 endKind = 0x80;
-    constexpr double from = 0.1;
-    constexpr double to = 0.3;
-    return segment(from, compositionKind, composition(0, true)) + segment(from, windowKind, window())
-           + segment(from, paletteKind, palette()) + segment(from, objectKind, object())
-           + segment(from, endKind, QByteArray()) + segment(to, compositionKind, composition(1, false))
-           + segment(to, windowKind, window()) + segment(to, endKind, QByteArray());
 }
 
 } // namespace clips

@@ -3,9 +3,7 @@
 
 #pragma once
 
-#include <QByteArray>
 #include <QString>
-#include <QStringList>
 
 /// Sample clips, made by ffmpeg when they are first asked for and kept in the build for all test programs, which may
 /// run at the same time. All are below a second and of 160x120 where the table does not say otherwise.
@@ -14,10 +12,5 @@ namespace clips {
 /// The path of the clip of that name, which the table in clips.cpp tells how to make; empty, with a warning, when that
 /// fails. Not to be written to. Takes an application object.
 QString clip(const QString& name);
-/// All names of the table.
-QStringList names();
-
-/// Presentation graphics subtitles (.sup): a white box of 40x20 at (20, 80) on a canvas of 160x120, from 0.1 to 0.3 s.
-QByteArray graphicSubtitles();
 
 } // namespace clips
