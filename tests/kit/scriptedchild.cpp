@@ -6,11 +6,13 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
 #include <fstream>
+#include <functional>
+#include <map>
 #include <string>
 
 #include <fcntl.h>
-#include <time.h>
 #include <unistd.h>
 
 namespace {
@@ -68,62 +70,100 @@ void makeChild()
     put(STDOUT_FILENO, std::to_string(child) + "\n");
 }
 
+/// The words of the command line, one after the other.
+class Words {
+public:
+    Words(int count, char** words) : m_next(words + 1), m_end(words + count) {}
+
+    bool isAtEnd() const { return m_next == m_end; }
+    std::string word() { return isAtEnd() ? std::string() : *m_next++; }
+    long number() { return std::strtol(word().c_str(), nullptr, 10); }
+
+private:
+    char** m_next;
+    char** m_end;
+};
+
+void writeSlowly(Words& words)
+{
+    std::ofstream file(words.word());
+    for (long left = words.number(); left > 0; --left) {
+        file << std::string(4096, 'w') << std::flush;
+        rest(100);
+    }
+}
+
+void readSlowly(Words& words)
+{
+    const int file = open(words.word().c_str(), O_RDONLY);
+    char piece[4096];
+    for (long left = words.number(); left > 0 && read(file, piece, sizeof piece) > 0; --left)
+        rest(100);
+}
+
+void tick(Words& words)
+{
+    for (long left = words.number(); left > 0; --left) {
+        put(STDOUT_FILENO, ".");
+        rest(100);
+    }
+}
+
+[[noreturn]] void flood()
+{
+    for (;;)
+        put(STDOUT_FILENO, std::string(4096, 'f'));
+}
+
+void showArguments(Words& words)
+{
+    while (!words.isAtEnd())
+        put(STDOUT_FILENO, "[" + words.word() + "]");
+}
+
+void becomeDeaf()
+{
+    for (const int number : {SIGTERM, SIGINT, SIGHUP})
+        signal(number, SIG_IGN);
+}
+
+using Deeds = std::map<std::string, std::function<void(Words& words)>>;
+
+Deeds makeDeeds()
+{
+    return {
+        {"out", [](Words& words) { put(STDOUT_FILENO, words.word()); }},
+        {"err", [](Words& words) { put(STDERR_FILENO, words.word()); }},
+        {"many-words",
+         [](Words& words) { put(STDERR_FILENO, std::string(static_cast<std::size_t>(words.number()), 'w')); }},
+        {"exit", [](Words& words) { std::exit(static_cast<int>(words.number())); }},
+        {"die", [](Words& words) { raise(static_cast<int>(words.number())); }},
+        {"deaf", [](Words& /*words*/) { becomeDeaf(); }},
+        {"ticks", tick},
+        {"write", writeSlowly},
+        {"read", readSlowly},
+        {"flood", [](Words& /*words*/) { flood(); }},
+        {"arguments", showArguments},
+        {"echo", [](Words& /*words*/) { echo(); }},
+        {"hang", [](Words& /*words*/) { hang(); }},
+        {"child", [](Words& /*words*/) { makeChild(); }},
+        {"tell", [](Words& /*words*/) { tell(); }},
+    };
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
-    for (int i = 1; i < argc; ++i) {
-        const std::string what = argv[i];
-        const auto word = [&] { return i + 1 < argc ? std::string(argv[++i]) : std::string(); };
-        const auto number = [&] { return std::atol(word().c_str()); };
-        if (what == "out") {
-            put(STDOUT_FILENO, word());
-        } else if (what == "err") {
-            put(STDERR_FILENO, word());
-        } else if (what == "many-words") {
-            put(STDERR_FILENO, std::string(static_cast<std::size_t>(number()), 'w'));
-        } else if (what == "exit") {
-            return static_cast<int>(number());
-        } else if (what == "die") {
-            raise(static_cast<int>(number()));
-        } else if (what == "deaf") {
-            signal(SIGTERM, SIG_IGN);
-            signal(SIGINT, SIG_IGN);
-            signal(SIGHUP, SIG_IGN);
-        } else if (what == "ticks") {
-            for (long left = number(); left > 0; --left) {
-                put(STDOUT_FILENO, ".");
-                rest(100);
-            }
-        } else if (what == "write") {
-            std::ofstream file(word());
-            for (long left = number(); left > 0; --left) {
-                file << std::string(4096, 'w') << std::flush;
-                rest(100);
-            }
-        } else if (what == "read") {
-            const int file = open(word().c_str(), O_RDONLY);
-            char piece[4096];
-            for (long left = number(); left > 0 && read(file, piece, sizeof piece) > 0; --left)
-                rest(100);
-        } else if (what == "flood") {
-            for (;;)
-                put(STDOUT_FILENO, std::string(4096, 'f'));
-        } else if (what == "arguments") {
-            while (i + 1 < argc)
-                put(STDOUT_FILENO, "[" + word() + "]");
-        } else if (what == "echo") {
-            echo();
-        } else if (what == "hang") {
-            hang();
-        } else if (what == "child") {
-            makeChild();
-        } else if (what == "tell") {
-            tell();
-        } else {
+    const Deeds deeds = makeDeeds();
+    for (Words words(argc, argv); !words.isAtEnd();) {
+        const std::string what = words.word();
+        const auto deed = deeds.find(what);
+        if (deed == deeds.end()) {
             std::fprintf(stderr, "scriptedchild: %s: no such thing to do\n", what.c_str());
             return EXIT_FAILURE;
         }
+        deed->second(words);
     }
     return EXIT_SUCCESS;
 }

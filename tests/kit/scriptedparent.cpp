@@ -11,9 +11,9 @@
 
 int main(int argc, char** argv)
 {
-    QCoreApplication application(argc, argv);
+    const QCoreApplication application(argc, argv);
     zokit::Command command;
-    command.arguments = application.arguments().mid(1);
+    command.arguments = QCoreApplication::arguments().mid(1);
     command.program = command.arguments.takeFirst();
     zokit::Child child;
     QObject::connect(&child, &zokit::Child::outputReady, [](const QByteArray& piece) {

@@ -53,7 +53,7 @@ struct Rule {
     QStringList then;    ///< "ADDRESS VALUE"; "count TYPE N".
 };
 
-void nothing(FileSettings&) {}
+void nothing(FileSettings& /*file*/) {}
 
 Identity insertText(FileSettings& file, const char* text)
 {

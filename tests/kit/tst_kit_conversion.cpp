@@ -236,7 +236,7 @@ void TestKitConversion::chosenSoundsComeOut()
     QString first = QStringLiteral("%1:").arg(bytes.size() / 2);
     for (const int sample : {4000, 10000, 22000}) {
         if (2 * sample < bytes.size())
-            first += QStringLiteral(" %1").arg(qFromLittleEndian<qint16>(bytes.constData() + 2 * sample));
+            first += QStringLiteral(" %1").arg(qFromLittleEndian<qint16>(bytes.constData() + qint64(2) * sample));
     }
     QTEST(first, "first");
     QVERIFY(QFile::remove(output));
@@ -353,7 +353,7 @@ void TestKitConversion::memoryGrowsWithFrameAndThreads_data()
     QTest::addColumn<int>("threads");
     QTest::addColumn<qint64>("least"); // What ffmpeg with libx264 was seen to take.
     QTest::addColumn<qint64>("expected");
-    constexpr qint64 megabyte = 1024 * 1024;
+    constexpr qint64 megabyte = 1048576;
     QTest::newRow("small") << QSize(160, 120) << 1 << 200 * megabyte << qint64(4362383360);
     QTest::newRow("4K, 16 threads") << QSize(3840, 2160) << 16 << 4053 * megabyte << qint64(7492075520);
     QTest::newRow("4K, 32 threads") << QSize(3840, 2160) << 32 << 6343 * megabyte << qint64(10689183744);
@@ -790,8 +790,8 @@ void TestKitConversion::removesWhatADeadOneLeft()
     for (const int hours : {1, 48}) {
         QFile other(foreign.arg(hours));
         QVERIFY(other.open(QIODevice::WriteOnly));
-        QVERIFY(
-            other.setFileTime(QDateTime::currentDateTime().addSecs(-3600 * hours), QFileDevice::FileModificationTime));
+        QVERIFY(other.setFileTime(QDateTime::currentDateTime().addSecs(qint64(-3600) * hours),
+                                  QFileDevice::FileModificationTime));
     }
     const Converted converted = convert(clips::clip(QStringLiteral("plain.mp4")), {}, output);
     QVERIFY2(converted.result.outcome == Outcome::Done, qPrintable(said(converted.result)));
