@@ -619,7 +619,7 @@ void TestKitJournal::largeJournalIsMadeAnew_data()
 void TestKitJournal::largeJournalIsMadeAnew()
 {
     QFETCH(const bool, isMadeAnew);
-    constexpr int megabyte = 1024 * 1024;
+    constexpr qint64 megabyte = 1048576;
     const QTemporaryDir folder;
     Project project;
     Journal journal(project, folder.path());
@@ -628,7 +628,7 @@ void TestKitJournal::largeJournalIsMadeAnew()
     if (!isMadeAnew)
         QVERIFY(QDir().mkpath(journal.path() + QStringLiteral(".new")));
     for (int i = 0; i < 20; ++i) { // Two megabytes each, of the value before and the one after.
-        file->setValue(file->type(key("Color")), key("x-note"), QString(megabyte, QLatin1Char(char('a' + i))));
+        file->setValue(file->type(key("Color")), key("x-note"), QString(int(megabyte), QLatin1Char(char('a' + i))));
         QVERIFY(journal.flush());
     }
     QCOMPARE(QFileInfo(journal.path()).size() < 30 * megabyte, isMadeAnew); // Of 40 MB.

@@ -32,7 +32,7 @@ struct Stage {
         preview.resize(QSize(664, 384), 1);
         preview.setFile(file, nullptr);
         QObject::connect(&preview, &LivePreview::chosen, &preview, [this](quint64 thing) { chosen.append(thing); });
-        steps = project.history().count();
+        countStepsFromHere();
     }
 
     zokit::Identity crop() const { return file->type(key("Crop")); }
@@ -45,7 +45,7 @@ struct Stage {
                                                                      {key("wm_hposition"), place.x()},
                                                                      {key("wm_vposition"), place.y()}})
                                          .item;
-        steps = project.history().count();
+        countStepsFromHere();
         return logo;
     }
 
@@ -57,6 +57,7 @@ struct Stage {
         preview.release();
     }
 
+    void countStepsFromHere() { steps = project.history().count(); }
     int newSteps() const { return project.history().count() - steps; }
 
     zokit::Project project;

@@ -37,9 +37,9 @@ namespace {
 
 /// What a sample of a plane is to be.
 struct Pixel {
-    int plane;
+    int plane = 0;
     QPoint place;
-    int value;
+    int value = 0;
     int range = 0; ///< How far beside it is right, too.
 };
 

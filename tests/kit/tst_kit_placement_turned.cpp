@@ -61,8 +61,8 @@ Identity insertLogo(FileSettings& file, const QString& margin = QStringLiteral("
 
 /// What is done with a clip of 1280x720, and where its logo of 200x100 stands then, anchored at the bottom right.
 struct Row {
-    const char* name;
-    void (*carryOut)(FileSettings& file);
+    const char* name = nullptr;
+    void (*carryOut)(FileSettings& file) = nullptr;
     QRect logo;
 };
 

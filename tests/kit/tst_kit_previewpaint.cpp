@@ -269,7 +269,7 @@ void TestKitPreviewPaint::changedRegionIsEnough()
     QImage screen = shown.painted();
     for (int step = 0; step < stepsOr("ZOKIT_STEPS", 300); ++step) {
         const PreviewScene before = shown.scene;
-        const Identity thing = Identity(1 + random.bounded(3));
+        const Identity thing = Identity(random.bounded(3)) + 1;
         const Handle handle = Handle(1 + random.bounded(9));
         const QPoint by(random.bounded(-30, 31), random.bounded(-30, 31));
         const zokit::Dragged moved = zokit::dragged(before, thing, handle, by, random.bounded(2) * 6.0);

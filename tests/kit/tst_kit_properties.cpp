@@ -393,7 +393,8 @@ void TestKitProperties::wordsOfAPersonStayAsTheyAre()
 {
     const Message message(Code::NotAWholeNumber, {QStringLiteral("%2"), QStringLiteral("a%1\nb")});
     QCOMPARE(message.text(), QStringLiteral("%2: a%1\\nb is no whole number."));
-    QCOMPARE(zokit::onOneLine(QString::fromUtf8("a\tb\x07 \xe2\x80\xae!\xe2\x80\xa8 \xc3\xa4")),
+    QCOMPARE(zokit::onOneLine(QStringLiteral("a\tb\x07 ") + QChar(0x202e) + QLatin1Char('!') + QChar(0x2028)
+                              + QStringLiteral(" \u00e4")),
              QString::fromUtf8("a\\tb\\x07 \\u202e!\\u2028 \xc3\xa4"));
     // What turns the direction of a line, or ends it, and what stands just beside that in the table of letters.
     for (const int code : {0x200e, 0x200f, 0x202a, 0x2029, 0x2066, 0x2069})
