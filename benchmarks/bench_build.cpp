@@ -43,7 +43,7 @@ public:
             std::vector<EffectDefaultVal> properties;
             for (const EffectDefaultVal* entry = type->properties; entry && entry->key; ++entry)
                 properties.push_back(*entry);
-            properties.emplace_back();
+            properties.push_back(EffectDefaultVal{});
             m_properties.push_back(std::move(properties));
             if (type->properties)
                 m_types.back().properties = m_properties.back().data();

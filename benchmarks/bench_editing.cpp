@@ -219,7 +219,7 @@ std::vector<Case> editingCases(int /*largest*/)
 {
     struct Frame {
         QSize size;
-        const char* name;
+        const char* name = nullptr;
     };
     static const Frame frames[] = {
         {QSize(1280, 720), "1280x720"}, {QSize(1920, 1080), "1920x1080"}, {QSize(3840, 2160), "3840x2160"}};

@@ -37,7 +37,7 @@ QImage roundLogo(const QSize& size)
 std::vector<Logo> madeLogos()
 {
     struct Kind {
-        const char* name;
+        const char* name = nullptr;
         QSize size;
     };
     static const Kind kinds[] = {{"0.5 MB", QSize(400, 320)}, {"2 MB", QSize(800, 640)}, {"8 MB", QSize(1600, 1250)}};

@@ -47,7 +47,7 @@ long kilobytes()
 {
     rusage usage{};
     getrusage(RUSAGE_SELF, &usage);
-    return usage.ru_maxrss;
+    return usage.ru_maxrss; // NOLINT(cppcoreguidelines-pro-type-union-access): as the C library declares it.
 }
 
 /// What a person sets: a crop, colours, two frame effects, a text, and a text that keeps to its corner.

@@ -44,8 +44,9 @@ std::optional<QSize> firstFrameEnd(QIODevice& device)
     for (int blocks = 0; blocks < mostBlocks; ++blocks) {
         const QByteArray block = bytesAt(device, at, frameSize);
         if (block.size() == frameSize && block.at(0) == frame) {
-            const auto number = [&block](int offset) { return int(qFromLittleEndian<quint16>(block.data() + offset)); };
-            return QSize(number(1) + number(5), number(3) + number(7));
+            quint16 places[4] = {}; // Left, top, width, height.
+            qFromLittleEndian<quint16>(block.constData() + 1, 4, places);
+            return QSize(places[0] + places[2], places[1] + places[3]);
         }
         if (block.size() < 2 || block.at(0) != extension)
             return QSize();

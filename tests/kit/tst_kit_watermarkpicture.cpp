@@ -3,6 +3,7 @@
 
 // What the real ffmpeg makes of watermarks by the graphs of the kit.
 
+#include <array>
 #include <cmath>
 
 #include <QColor>
@@ -71,22 +72,57 @@ void TestKitWatermarkPicture::watermarkHasItsColours_data()
                                         << "pc";
 }
 
+namespace {
+
+/// How much of the luma red and blue are.
+struct Weights {
+    double red = 0;
+    double blue = 0;
+};
+
+Weights weightsOf(const QString& matrix)
+{
+    if (matrix == QLatin1String("bt709"))
+        return {0.2126, 0.0722};
+    if (matrix == QLatin1String("bt601"))
+        return {0.299, 0.114};
+    return {0.2627, 0.0593};
+}
+
+/// Luma and both differences of \a colour, in eight bits.
+std::array<double, 3> planesOf(const QColor& colour, const Weights& weights, bool full)
+{
+    const double luma = weights.red * colour.redF() + (1 - weights.red - weights.blue) * colour.greenF()
+                        + weights.blue * colour.blueF();
+    const double u = (colour.blueF() - luma) / (2 * (1 - weights.blue));
+    const double v = (colour.redF() - luma) / (2 * (1 - weights.red));
+    const int reach = full ? 255 : 224;
+    return {full ? luma * 255 : 16 + luma * 219, std::min(128 + u * reach, 255.0), std::min(128 + v * reach, 255.0)};
+}
+
+/// Patches of 16x16 on \a picture, with clear space between.
+void paintPatches(QImage& picture, const QVector<QColor>& colours)
+{
+    for (int patch = 0; patch < colours.size(); ++patch) {
+        for (int y = 32; y < 48; ++y) {
+            for (int x = 0; x < 16; ++x)
+                picture.setPixelColor(patch * 20 + x, y, colours.at(patch));
+        }
+    }
+}
+
+} // namespace
+
 void TestKitWatermarkPicture::watermarkHasItsColours()
 {
     QFETCH(const QString, format);
     QFETCH(const QString, matrix);
     QFETCH(const QString, range);
-    // Eight patches of 16x16 with clear space between.
     const QVector<QColor> colours{Qt::white, Qt::black,  Qt::red,  Qt::green,
                                   Qt::blue,  Qt::yellow, Qt::gray, QColor(200, 100, 50)};
     QImage mark(small, QImage::Format_RGBA8888);
     mark.fill(Qt::transparent);
-    for (int patch = 0; patch < colours.size(); ++patch) {
-        for (int y = 32; y < 48; ++y) {
-            for (int x = 0; x < 16; ++x)
-                mark.setPixelColor(patch * 20 + x, y, colours.at(patch));
-        }
-    }
+    paintPatches(mark, colours);
     const QString path = m_folder.filePath(QStringLiteral("mark.png"));
     QVERIFY(mark.save(path));
 
@@ -100,33 +136,19 @@ void TestKitWatermarkPicture::watermarkHasItsColours()
                                {QStringLiteral("-f"), QStringLiteral("png_pipe"), QStringLiteral("-i"), path});
     QCOMPARE(out.bytes.size(), source.bytes.size());
 
-    struct Parts {
-        double red, blue;
-    };
-    const Parts weights = matrix == QLatin1String("bt709")   ? Parts{0.2126, 0.0722}
-                          : matrix == QLatin1String("bt601") ? Parts{0.299, 0.114}
-                                                             : Parts{0.2627, 0.0593};
     const double unit = out.depth() > 8 ? 4 : 1;
-    const bool full = range == QLatin1String("pc");
     double worstLuma = 0;
     double worstColour = 0;
     for (int patch = 0; patch < colours.size(); ++patch) {
-        const QColor& colour = colours.at(patch);
-        const double luma = weights.red * colour.redF() + (1 - weights.red - weights.blue) * colour.greenF()
-                            + weights.blue * colour.blueF();
-        const double u = (colour.blueF() - luma) / (2 * (1 - weights.blue));
-        const double v = (colour.redF() - luma) / (2 * (1 - weights.red));
-        const double expectedLuma = (full ? luma * 255 : 16 + luma * 219) * unit;
-        const double expectedU = (128 + u * (full ? 255 : 224)) * unit;
-        const double expectedV = (128 + v * (full ? 255 : 224)) * unit;
+        const auto expected = planesOf(colours.at(patch), weightsOf(matrix), range == QLatin1String("pc"));
         const int x = patch * 20 + 8;
         const int across = out.planeSize(0).width() / out.planeSize(1).width();
         const int down = out.planeSize(0).height() / out.planeSize(1).height();
-        worstLuma = std::max(worstLuma, std::abs(out.at(0, x, 40) - expectedLuma));
-        worstColour =
-            std::max(worstColour, std::abs(out.at(1, x / across, 40 / down) - std::min(expectedU, 255 * unit)));
-        worstColour =
-            std::max(worstColour, std::abs(out.at(2, x / across, 40 / down) - std::min(expectedV, 255 * unit)));
+        worstLuma = std::max(worstLuma, std::abs(out.at(0, x, 40) - expected[0] * unit));
+        for (const int plane : {1, 2}) {
+            const double found = out.at(plane, x / across, 40 / down);
+            worstColour = std::max(worstColour, std::abs(found - expected.at(std::size_t(plane)) * unit));
+        }
     }
     qInfo() << "worst error of luma and colours" << worstLuma << worstColour;
     QVERIFY(worstLuma <= 0.55);

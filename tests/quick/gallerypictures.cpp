@@ -17,10 +17,10 @@
 namespace {
 
 struct Shot {
-    const char* name;
+    const char* name = nullptr;
     QSize size;
-    const char* address;
-    bool isDark;
+    const char* address = nullptr;
+    bool isDark = false;
 };
 
 constexpr int patience = 30000; // Milliseconds.
