@@ -406,7 +406,7 @@ Q_SIGNALS:
 
 private:
     struct Empty {};
-    Q_DECL_HIDDEN ZoEffectModel(Empty, QObject* parent);
+    Q_DECL_HIDDEN ZoEffectModel(Empty empty, QObject* parent);
 
     ZoEffectItemData m_root;
     bool m_editedByUser = false;
