@@ -26,7 +26,6 @@
 
 using namespace kitsupport;
 using zokit::FileSettings;
-using zokit::History;
 using zokit::Identity;
 using zokit::Message;
 using zokit::Presets;

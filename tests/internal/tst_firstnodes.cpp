@@ -231,45 +231,84 @@ void TstFirstNodes::answerIsRemembered()
     QVERIFY2(timer.elapsed() < 5000, "each lookup walks");
 }
 
-void TstFirstNodes::answersAreThoseOfTheWalkAfterAnyEdits()
-{
-    std::mt19937 random(20240917); // NOLINT(cert-msc32-c,cert-msc51-cpp): what fails, fails again
-    const auto upTo = [&random](int behind) { return static_cast<int>(random() % static_cast<unsigned>(behind)); };
+namespace {
+
+/// What a host may do to nodes, in any order.
+class RandomEdits {
+public:
+    explicit RandomEdits(std::array<Tree, 3>& trees) : m_trees(trees) {}
+
+    void edit()
+    {
+        ZoEffectItemData& node = anyNode();
+        const int row = upTo(node.childCount() + 1);
+        switch (upTo(8)) {
+        case 0:
+            move(node, row);
+            break;
+        case 1:
+            node.removeChildren(row, upTo(3));
+            break;
+        case 2:
+            node.changeItemPos(row, upTo(4));
+            break;
+        case 3:
+            if (upTo(8) == 0)
+                node = anyNode();
+            break;
+        case 4:
+            node.insertChild(upTo(4) == 0 ? nullptr : new ZoEffectItemData(anyName()), row);
+            break;
+        default:
+            add(node, anyName(), row);
+        }
+    }
+
+    void clear() { anyNode().clear(); }
+
     const QStringList names{QStringLiteral("a"), QStringLiteral("b"), wanted, QString()};
-    std::array<Tree, 3> trees;
-    const auto anyNode = [&] {
-        ZoEffectItemData* node = &trees[std::size_t(upTo(3))].root;
+
+private:
+    int upTo(int behind) { return static_cast<int>(m_random() % static_cast<unsigned>(behind)); }
+    QString anyName() { return names.at(upTo(4)); }
+
+    ZoEffectItemData& anyNode()
+    {
+        ZoEffectItemData* node = &m_trees.at(std::size_t(upTo(3))).root;
         while (node->childCount() > 0 && upTo(3) > 0) {
             ZoEffectItemData* const child = node->child(upTo(node->childCount()));
             if (!child)
                 break;
             node = child;
         }
-        return node;
-    };
-    for (int step = 0; step < 10000; ++step) {
-        ZoEffectItemData* const node = anyNode();
-        const int row = upTo(node->childCount() + 1);
-        const int choice = upTo(8);
-        ZoEffectItemData* const taken = choice == 0 ? node->takeAt(row) : nullptr;
+        return *node;
+    }
+
+    void move(ZoEffectItemData& from, int row)
+    {
+        ZoEffectItemData* const taken = from.takeAt(row);
         if (taken && upTo(2) == 0)
-            anyNode()->appendChild(taken);
-        else if (choice == 0)
-            delete taken;
-        else if (choice == 1)
-            node->removeChildren(row, upTo(3));
-        else if (choice == 2)
-            node->changeItemPos(row, upTo(4));
-        else if (choice == 3 && upTo(8) == 0)
-            *node = *anyNode();
-        else if (choice == 4)
-            node->insertChild(upTo(4) == 0 ? nullptr : new ZoEffectItemData(names.at(upTo(4))), row);
+            anyNode().appendChild(taken);
         else
-            add(*node, names.at(upTo(4)), row);
+            delete taken;
+    }
+
+    std::array<Tree, 3>& m_trees;
+    std::mt19937 m_random{20240917}; // NOLINT(cert-msc32-c,cert-msc51-cpp): what fails, fails again
+};
+
+} // namespace
+
+void TstFirstNodes::answersAreThoseOfTheWalkAfterAnyEdits()
+{
+    std::array<Tree, 3> trees;
+    RandomEdits edits(trees);
+    for (int step = 0; step < 10000; ++step) {
+        edits.edit();
         if (step % 500 == 0)
-            node->clear();
+            edits.clear();
         for (const Tree& tree : trees) {
-            for (const QString& name : names)
+            for (const QString& name : edits.names)
                 QCOMPARE(tree.first(name), firstByHand(tree.root, name));
         }
     }

@@ -34,6 +34,8 @@ Model::Model(World& sharedWorld, const QString& type, const Properties& props) :
 
 Model& Model::operator=(const Model& other)
 {
+    if (&other == this)
+        return *this;
     root->assign(*other.root);
     editedByUser = other.editedByUser;
     return *this;
@@ -467,49 +469,67 @@ bool Model::applyFrameEffects(const Properties& effects)
 
 // --- Custom defaults --------------------------------------------------------------------------------------
 
+namespace {
+
+void copyValues(Properties& saved, const Node& from, const QStringList& keys)
+{
+    for (const QString& key : keys)
+        saved.insert(key, from.data(key));
+}
+
+void copyFactor(Properties& saved, const QString& factor, const Node& item, const QString& position, int side)
+{
+    saved.insert(factor, static_cast<double>(item.number(position)) / side);
+}
+
+void saveWatermark(Properties& saved, const Node& item, const QSize& base)
+{
+    copyValues(saved, item, {"wm_transparency"});
+    if (item.flag(isText))
+        copyValues(saved, item, {"wm_fontname", "wm_fontcolor", "wm_fontstyle", "wm_fontsize"});
+    else
+        copyValues(saved, item, {"wm_imagekeepratio"});
+    if (base.width() == 0 || base.height() == 0)
+        return;
+    copyFactor(saved, horizontalFactor, item, horizontal, base.width());
+    copyFactor(saved, verticalFactor, item, vertical, base.height());
+}
+
+void saveSubtitle(Properties& saved, const Node& item, const QSize& base)
+{
+    copyValues(saved, item, {"sub_transparency"});
+    if (item.flag(subFromFile))
+        copyValues(saved, item, {"sub_fontname", "sub_fontcolor", "sub_fontstyle", "sub_linemargin", "sub_fontsize"});
+    else
+        copyValues(saved, item, {"fontstyleusedefault", "sub_fontcolor", "sub_framecolor"});
+    if (base.height() != 0)
+        copyFactor(saved, subtitleFactor, item, subtitlePosition, base.height());
+}
+
+} // namespace
+
 void Model::saveAsCustomDefault(const QString& type, int index)
 {
     const Node* node = find(type);
     const Node* item = node ? node->child(index) : nullptr;
     Properties saved;
-    const auto copy = [&saved](const Node* from, const QStringList& keys) {
-        for (const QString& key : keys)
-            saved.insert(key, from->data(key));
-    };
-    const auto copyFactor = [&saved, item](const QString& factor, const QString& position, int side) {
-        saved.insert(factor, static_cast<double>(item->number(position)) / side);
-    };
     if (type == watermark) {
         if (index != -1 && !node)
             logged(1451);
         if (!item)
             return;
         saved = world.getCustomDefaultVal(type);
-        copy(item, {"wm_transparency"});
-        if (item->flag(isText))
-            copy(item, {"wm_fontname", "wm_fontcolor", "wm_fontstyle", "wm_fontsize"});
-        else
-            copy(item, {"wm_imagekeepratio"});
-        if (baseSize().width() != 0 && baseSize().height() != 0) {
-            copyFactor(horizontalFactor, horizontal, baseSize().width());
-            copyFactor(verticalFactor, vertical, baseSize().height());
-        }
+        saveWatermark(saved, *item, baseSize());
     } else if (type == subtitle) {
         if (node && !item)
             logged(1514);
         if (!item)
             return;
         saved = world.getCustomDefaultVal(type);
-        copy(item, {"sub_transparency"});
-        if (item->flag(subFromFile))
-            copy(item, {"sub_fontname", "sub_fontcolor", "sub_fontstyle", "sub_linemargin", "sub_fontsize"});
-        else
-            copy(item, {"fontstyleusedefault", "sub_fontcolor", "sub_framecolor"});
-        if (baseSize().height() != 0)
-            copyFactor(subtitleFactor, subtitlePosition, baseSize().height());
+        saveSubtitle(saved, *item, baseSize());
     } else if (type == color) {
         if (node)
-            copy(node, {"bcs_brightness", "bcs_contrast", "bcs_saturation"});
+            copyValues(saved, *node, {"bcs_brightness", "bcs_contrast", "bcs_saturation"});
         else
             logged(1467);
     } else if (type == effect) {

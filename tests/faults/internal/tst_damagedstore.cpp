@@ -71,6 +71,20 @@ QByteArray contentOf(const QString& path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
 }
 
+/// How many of the values that were saved have not come back.
+int differing(const QVariantMap& saved, const QVariantMap& values)
+{
+    int count = int(saved.size() - values.size());
+    for (auto it = values.cbegin(); it != values.cend(); ++it)
+        count += saved.contains(it.key()) && saved.value(it.key()) != it.value() ? 1 : 0;
+    return count;
+}
+
+QJsonObject typesIn(const QByteArray& content)
+{
+    return QJsonDocument::fromJson(content).object().value(QStringLiteral("types")).toObject();
+}
+
 } // namespace
 
 class TstDamagedStore : public QObject {
@@ -93,6 +107,7 @@ private:
     QString asidePath() const { return path() + QStringLiteral(".damaged"); }
     void put(const QByteArray& content) const;
     QString wrongWith(const QByteArray& content, bool alsoSave, Found& found) const;
+    QString wrongWhenSaved(EmbeddedPref& store, const QByteArray& content, Found found) const;
 
     std::unique_ptr<QTemporaryDir> m_folder;
     QByteArray m_file; ///< Of all types.
@@ -137,12 +152,10 @@ QString TstDamagedStore::wrongWith(const QByteArray& content, bool alsoSave, Fou
     int entries = 0;
     int others = 0;
     for (auto type = types.cbegin(); type != types.cend(); ++type) {
-        const QVariantMap values = store.value(type.key(), QVariant()).toMap();
-        entries += store.hasKey(type.key()) ? 1 : 0;
-        int differing = int(type->size() - values.size());
-        for (auto it = values.cbegin(); it != values.cend(); ++it)
-            differing += type->contains(it.key()) && type->value(it.key()) != it.value() ? 1 : 0;
-        others += store.hasKey(type.key()) ? differing : 0;
+        if (!store.hasKey(type.key()))
+            continue;
+        ++entries;
+        others += differing(*type, store.value(type.key(), QVariant()).toMap());
     }
     const bool isAside = QFile::exists(asidePath());
     found = isAside ? Found::Damaged : entries == 0 ? Found::Newer : Found::Whole;
@@ -152,24 +165,29 @@ QString TstDamagedStore::wrongWith(const QByteArray& content, bool alsoSave, Fou
         return QStringLiteral("it was set aside, and taken in part");
     if (found == Found::Whole && (entries < types.size() - 1 || others > 1))
         return QStringLiteral("%1 entries, %2 other values").arg(entries).arg(others);
-    if (!alsoSave)
-        return {};
+    return alsoSave ? wrongWhenSaved(store, content, found) : QString();
+}
 
+/// The same of what \a store, which found \a content, saves.
+QString TstDamagedStore::wrongWhenSaved(EmbeddedPref& store, const QByteArray& content, Found found) const
+{
+    const QString type = QStringLiteral("New type");
     const QVariantMap value{{QStringLiteral("crop_left"), 5}};
-    store.setValue(QStringLiteral("New type"), value, false);
-    if (store.value(QStringLiteral("New type"), QVariant()) != value)
+    store.setValue(type, value, false);
+    if (store.value(type, QVariant()) != value)
         return QStringLiteral("what was saved is not known");
-    if (isAside && contentOf(asidePath()) != content)
+    if (found == Found::Damaged && contentOf(asidePath()) != content)
         return QStringLiteral("the save changed what was set aside");
     if (found == Found::Newer)
         return contentOf(path()) == content ? QString() : QStringLiteral("a file of a newer version was written to");
     const EmbeddedPref next(path());
-    if (next.value(QStringLiteral("New type"), QVariant()) != value)
+    if (next.value(type, QVariant()) != value)
         return QStringLiteral("the next start does not read what was saved");
-    QJsonObject expected = QJsonDocument::fromJson(content).object().value(QStringLiteral("types")).toObject();
-    QJsonObject written = QJsonDocument::fromJson(contentOf(path())).object().value(QStringLiteral("types")).toObject();
-    written.remove(QStringLiteral("New type"));
-    return isAside || written == expected ? QString() : QStringLiteral("the save changed other entries");
+    const QJsonObject expected = typesIn(content);
+    QJsonObject written = typesIn(contentOf(path()));
+    written.remove(type);
+    return found == Found::Damaged || written == expected ? QString()
+                                                          : QStringLiteral("the save changed other entries");
 }
 
 void TstDamagedStore::wholeFileHoldsAllTypes()
