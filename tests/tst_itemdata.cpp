@@ -628,10 +628,11 @@ private slots:
         onSmallStack([&] {
             const Chain chain;
             last = chain.last;
-            const Node copy(chain);
+            const Node& top = chain;
+            const Node copy(top);
             Node target("target");
             target = copy;
-            lengths << chainLength(chain) << chainLength(copy) << chainLength(target);
+            lengths << chainLength(top) << chainLength(copy) << chainLength(target);
             const Node* node = &target;
             while (node->childCount() > 0)
                 node = node->child(0);
