@@ -8,9 +8,6 @@
 #include <cstdlib>
 
 #include <sys/prctl.h>
-#include <unistd.h>
-
-#include <QElapsedTimer>
 
 #include "editorrobot.h"
 #include "journalrobot.h"
@@ -24,18 +21,5 @@ int main(int argc, char** argv)
     zoeditor::Editor editor(QFile::decodeName(argv[1]));
     editorrobot::open(editor, QFile::decodeName(argv[3]));
     editorrobot::Robot robot(editor, unsigned(std::strtoul(argv[2], nullptr, 10)));
-    QElapsedTimer clock;
-    clock.start();
-    for (;;) {
-        // What falls due before this moment is done before the edit, however long this process had to wait for a
-        // processor.
-        journalrobot::Report report;
-        report.before = clock.elapsed();
-        QCoreApplication::processEvents();
-        robot.edit();
-        report.after = clock.elapsed();
-        if (::write(STDOUT_FILENO, &report, sizeof report) != ssize_t(sizeof report))
-            return 1;
-        QThread::usleep(robot.pause());
-    }
+    return journalrobot::tellEdits(robot);
 }

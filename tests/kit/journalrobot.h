@@ -3,7 +3,12 @@
 
 #pragma once
 
+#include <unistd.h>
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QRandomGenerator>
+#include <QThread>
 
 #include <zokit/history.h>
 #include <zokit/project.h>
@@ -19,6 +24,26 @@ struct Report {
     qint64 before = 0;
     qint64 after = 0;
 };
+
+/// Lets \a robot edit without end, and tells each edit on standard output; 1 when nobody reads it.
+template <typename AnyRobot>
+int tellEdits(AnyRobot& robot)
+{
+    QElapsedTimer clock;
+    clock.start();
+    for (;;) {
+        // What falls due before this moment is done before the edit, however long this process had to wait for a
+        // processor.
+        Report report;
+        report.before = clock.elapsed();
+        QCoreApplication::processEvents();
+        robot.edit();
+        report.after = clock.elapsed();
+        if (::write(STDOUT_FILENO, &report, sizeof report) != ssize_t(sizeof report))
+            return 1;
+        QThread::usleep(robot.pause());
+    }
+}
 
 /// The same edits for the same seed, one after the other.
 class Robot {
