@@ -3,9 +3,7 @@
 
 // Conversions of small clips by the real ffmpeg: what becomes of each track, what the result holds, and what is left
 // where one fails.
-#include <algorithm>
 #include <cstdlib>
-#include <functional>
 
 #include <QDir>
 #include <QRegularExpression>
@@ -41,6 +39,27 @@ QString codecs(const MediaInfo& media)
     for (const zokit::MediaStream& stream : media.streams)
         words.append(stream.track.codec + (stream.isCover ? QStringLiteral("(cover)") : QString()));
     return words.join(QLatin1Char(' '));
+}
+
+/// How it ends; where a folder for \a helpers is named, it is only prepared.
+ConversionResult resultOf(Conversion& conversion, const Job& job, const QString& helpers = QString())
+{
+    QSignalSpy finished(&conversion, &Conversion::finished);
+    if (helpers.isEmpty())
+        conversion.start(job);
+    else
+        conversion.prepare(job, helpers);
+    if (!finished.wait(patience))
+        qWarning("the conversion does not end");
+    return finished.value(0).value(0).value<ConversionResult>();
+}
+
+/// A program that is this script.
+bool writeProgram(const QString& path, const QString& script)
+{
+    QFile program(path);
+    return program.open(QIODevice::WriteOnly) && program.write("#!/bin/sh\n" + script.toUtf8() + '\n') > 0
+           && program.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
 }
 
 } // namespace
@@ -500,23 +519,17 @@ void TestKitConversion::failureTellsItsReason()
     zokit::Tools tools = zokit::findTools();
     tools.ffmpeg = folder.filePath(QStringLiteral("ffmpeg"));
     if (!script.isEmpty()) {
-        QFile program(tools.ffmpeg);
-        QVERIFY(program.open(QIODevice::WriteOnly));
         script.replace(QLatin1String("SILENT"), clips::clip(QStringLiteral("silent.mkv")));
         script.replace(QLatin1String("CLIP"), clips::clip(QStringLiteral("plain.mp4")));
-        program.write("#!/bin/sh\n" + script.toUtf8() + '\n');
-        QVERIFY(program.setPermissions(QFile::ReadOwner | QFile::ExeOwner));
+        QVERIFY(writeProgram(tools.ffmpeg, script));
     }
-    Conversion conversion(tools);
-    QSignalSpy ended(&conversion, &Conversion::finished);
     Job job;
     job.input = clips::clip(QStringLiteral("plain.mp4"));
     job.output = path(QStringLiteral("result.mp4"));
     job.media = zokit::probe(tools, job.input).media;
     job.settings = settingsFor(*job.media, edits);
-    conversion.start(job);
-    QVERIFY(ended.wait(patience));
-    const auto result = ended.first().first().value<ConversionResult>();
+    Conversion conversion(tools);
+    const ConversionResult result = resultOf(conversion, job);
     QCOMPARE(result.outcome, Outcome::Failed);
     QCOMPARE(result.kind, kind);
     QVERIFY2(said(result).startsWith(expected), qPrintable(said(result)));
@@ -554,18 +567,11 @@ void TestKitConversion::damagedInputMayBeShort()
     job.media->seconds = 60;
     job.settings = settingsFor(*job.media, {{QStringLiteral("Output:strict"), isStrict}});
     tools.ffmpeg = folder.filePath(QStringLiteral("ffmpeg"));
-    QFile program(tools.ffmpeg);
-    QVERIFY(program.open(QIODevice::WriteOnly));
-    program.write(QStringLiteral("#!/bin/sh\nprintf '%s' '%1' >&2\nfor last; do :; done\ncp '%2' \"${last#file:}\"\n")
-                      .arg(words, job.input)
-                      .toUtf8());
-    program.close();
-    QVERIFY(program.setPermissions(QFile::ReadOwner | QFile::ExeOwner));
+    QVERIFY(writeProgram(tools.ffmpeg, QStringLiteral("printf '%s' '%1' >&2\nfor last; do :; done\n"
+                                                      "cp '%2' \"${last#file:}\"")
+                                           .arg(words, job.input)));
     Conversion conversion(tools);
-    QSignalSpy ended(&conversion, &Conversion::finished);
-    conversion.start(job);
-    QVERIFY(ended.wait(patience));
-    QCOMPARE(said(ended.first().first().value<ConversionResult>()), expected);
+    QCOMPARE(said(resultOf(conversion, job)), expected);
     QCOMPARE(QFile::exists(job.output), isKept);
 }
 
@@ -581,11 +587,8 @@ void TestKitConversion::helpersHaveNamesThatNothingElseHas()
         job.media->file = clip;
         job.settings = settingsFor(*job.media, {});
         Conversion conversion(zokit::findTools());
-        QSignalSpy ended(&conversion, &Conversion::finished);
-        conversion.prepare(job, folder.path());
-        if (!ended.wait(patience))
-            qWarning("it does not end");
-        return said(ended.value(0).value(0).value<ConversionResult>()) + conversion.plan().container;
+        const QString words = said(resultOf(conversion, job, folder.path()));
+        return words + conversion.plan().container;
     };
     const QString danger = folder.filePath(QStringLiteral("chapters.txt"));
     QCOMPARE(prepared(danger), danger + QStringLiteral(" is the input itself. Give another output.mkv"));
@@ -630,33 +633,27 @@ void TestKitConversion::settingsAreFittedToTheClip()
     job.media = zokit::probe(zokit::findTools(), job.input).media;
     job.settings = settingsFor(*job.media, {{QStringLiteral("Crop:crop_left"), 40}});
     job.settings = zokit::rescaled(job.settings, QSize(320, 240));
-    const auto run = [&](void (*start)(Conversion&, const Job&, const QString&)) {
+    const auto run = [&](const QString& helpers) {
         Conversion conversion(zokit::findTools());
-        QSignalSpy ended(&conversion, &Conversion::finished);
-        start(conversion, job, folder.path());
-        if (!ended.wait(patience))
-            qWarning("the conversion does not end");
-        const auto result = ended.value(0).value(0).value<ConversionResult>();
+        const ConversionResult result = resultOf(conversion, job, helpers);
         const zokit::TypeSettings* crop = conversion.job().settings.find(QStringLiteral("Crop"));
         return said(result)
                + QStringLiteral("|%1").arg(crop ? crop->values.value(QStringLiteral("crop_left")).toInt() : -1);
     };
-    const auto convert = [](Conversion& conversion, const Job& of, const QString&) { conversion.start(of); };
-    const auto prepare = [](Conversion& conversion, const Job& of, const QString& helpers) {
-        conversion.prepare(of, helpers);
-    };
-    QCOMPARE(run(convert), job.input + QStringLiteral(" is the input itself. Give another output.|80"));
-    QCOMPARE(run(prepare), QStringLiteral("The settings are for 320x240, the clip has 160x120: what is measured in the "
-                                          "frame was rescaled.|40"));
+    QCOMPARE(run(QString()), job.input + QStringLiteral(" is the input itself. Give another output.|80"));
+    QCOMPARE(run(folder.path()),
+             QStringLiteral("The settings are for 320x240, the clip has 160x120: what is measured in the "
+                            "frame was rescaled.|40"));
     job.makeSettings = [](const MediaInfo&) {
         zokit::ReadSettings made;
         made.warnings = {zokit::Message(zokit::Message::Code::CropIncomplete)};
         made.error = zokit::Message(zokit::Message::Code::NothingToConvert);
         return made;
     };
-    QCOMPARE(run(prepare), QStringLiteral("There is neither picture nor sound to convert. Choose another file.\nThe "
-                                          "crop has no width or no height, so nothing is cut off. Set "
-                                          "Crop:crop_width and Crop:crop_height, too.|80"));
+    QCOMPARE(run(folder.path()),
+             QStringLiteral("There is neither picture nor sound to convert. Choose another file.\nThe "
+                            "crop has no width or no height, so nothing is cut off. Set "
+                            "Crop:crop_width and Crop:crop_height, too.|80"));
 }
 
 void TestKitConversion::helperThatCannotBeWrittenIsTold_data()
@@ -690,10 +687,7 @@ void TestKitConversion::helperThatCannotBeWrittenIsTold()
     job.settings = settingsFor(*job.media, edits);
     const QString nowhere = path(QStringLiteral("nowhere"));
     Conversion conversion(zokit::findTools());
-    QSignalSpy ended(&conversion, &Conversion::finished);
-    conversion.prepare(job, nowhere);
-    QVERIFY(ended.wait(patience));
-    const auto result = ended.first().first().value<ConversionResult>();
+    const ConversionResult result = resultOf(conversion, job, nowhere);
     QCOMPARE(result.kind, zokit::FailureKind::Temporary);
     QCOMPARE(said(result), nowhere + helper + QStringLiteral(" cannot be written: No such file or directory."));
 }
@@ -708,10 +702,7 @@ void TestKitConversion::skipsWhatIsThere()
     QFile there(job.output);
     QVERIFY(there.open(QIODevice::WriteOnly) && there.write("there") == 5 && there.flush());
     Conversion conversion(zokit::findTools());
-    QSignalSpy ended(&conversion, &Conversion::finished);
-    conversion.start(job);
-    QVERIFY(ended.wait(patience));
-    const auto result = ended.first().first().value<ConversionResult>();
+    const ConversionResult result = resultOf(conversion, job);
     QCOMPARE(result.outcome, Outcome::Skipped);
     QCOMPARE(result.reason.code(), zokit::Message::Code::OutputExists);
     QCOMPARE(there.size(), 5);
