@@ -20,31 +20,11 @@ TEXT
 # shellcheck source-path=SCRIPTDIR source=support/arguments.sh
 source scripts/proofs/support/arguments.sh
 only_numbers 1 "$@"
-editors=${1:-300}
 
 scripts/install-packages build run test || exit 1
 # shellcheck source-path=SCRIPTDIR source=support/build.sh
 source scripts/proofs/support/build.sh
+# shellcheck source-path=SCRIPTDIR source=support/kills.sh
+source scripts/proofs/support/kills.sh
 build dev tst_editor_kills
-
-export QT_QPA_PLATFORM=offscreen QTEST_FUNCTION_TIMEOUT=3600000 # Milliseconds.
-readonly batch=30
-passed=0
-failed=0
-lost=0
-for ((done = 0; done < editors && failed == 0; done += batch)); do
-    count=$((editors - done < batch ? editors - done : batch))
-    if said=$(ZOEDITOR_KILLS=$count build/dev/tests/editor/tst_editor_kills 2>&1); then
-        passed=$((passed + count))
-        most=$(sed -nE 's/.*at most the last ([0-9]+) edits.*/\1/p' <<< "$said")
-        lost=$((most > lost ? most : lost))
-        echo "== editorkills: $passed of $editors editors"
-    else
-        failed=1
-        echo "$said"
-    fi
-done
-
-echo "found: $passed editors killed, at most the last $lost edits of one lost, all within 200 ms"
-echo "$passed passed, $failed failed"
-((failed == 0))
+kill_many editors "${1:-300}" 30 ZOEDITOR_KILLS build/dev/tests/editor/tst_editor_kills
