@@ -8,7 +8,7 @@ cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/../.."
 
 usage() {
     cat <<'TEXT'
-usage: scripts/proofs/carryover.sh [CASES]
+usage: scripts/prove carryover [CASES]
 
 Builds the kit with -O2 in build/carryover. Carries random settings over CASES times (100,000 by default): each time
 the file has to hold afterwards what the dry run showed, and a second time nothing more may change. Then carries

@@ -8,7 +8,7 @@ cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/../.."
 
 usage() {
     cat <<'TEXT'
-usage: conversions [MOMENTS [FILES]]
+usage: scripts/prove conversions [MOMENTS [FILES]]
 
 Builds zoconvert in build/dev.
 

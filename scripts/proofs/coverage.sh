@@ -8,7 +8,7 @@ cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/../.."
 
 usage() {
     cat <<'TEXT'
-usage: scripts/proofs/coverage.sh [kit]
+usage: scripts/prove coverage [kit]
 
 Builds the library with g++ --coverage in build/coverage, runs the fast tests (those in tests and
 tests/internal), and counts: every line of the library has to run, and at least 97 % of the branches. Each

@@ -8,7 +8,7 @@ cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/../.."
 
 usage() {
     cat <<'TEXT'
-usage: fuzz TARGET|all SECONDS [LIBFUZZER-ARGUMENT...]
+usage: scripts/prove fuzz TARGET|all SECONDS [LIBFUZZER-ARGUMENT...]
        fuzz keep TARGET|all [FILE...]
 
 Builds the fuzz targets of tests/fuzz with clang++, libFuzzer, AddressSanitizer and UndefinedBehaviorSanitizer in

@@ -8,7 +8,7 @@ cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/../.."
 
 usage() {
     cat <<'TEXT'
-usage: hostile [--qt5 | --qt6] [WHAT...]
+usage: scripts/prove hostile [--qt5 | --qt6] [WHAT...]
 
 Runs the tests of tests/hostile in their long forms, with both Qts, or one:
 

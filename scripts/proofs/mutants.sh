@@ -8,7 +8,7 @@ cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/../.."
 
 usage() {
     cat <<'TEXT'
-usage: scripts/proofs/mutants.sh [--kit] [--new] [--resume] [--update] [--minutes M] [N [FILE...]]
+usage: scripts/prove mutants [--kit] [--new] [--resume] [--update] [--minutes M] [N [FILE...]]
 
 Makes N mutants of the library (800 by default) and runs the fast tests on each, until one fails. A mutant
 is the library with one small change: a condition turned, a constant changed, a call or a signal left out, two

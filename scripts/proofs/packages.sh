@@ -9,7 +9,7 @@ readonly tree=$PWD
 
 usage() {
     cat <<'TEXT'
-usage: packages
+usage: scripts/prove packages
 
 Makes the Debian packages twice, of this checkout and of a clone in another folder, with another mask, language and
 time zone, and compares them bit by bit. Then it makes a bare Debian by debootstrap (build/packages-proof), with the

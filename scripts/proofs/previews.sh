@@ -8,7 +8,7 @@ cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/../.."
 
 usage() {
     cat <<'TEXT'
-usage: scripts/proofs/previews.sh [SCENES]
+usage: scripts/prove previews [SCENES]
 
 Builds the kit in build/dev. Makes SCENES scenes (200 by default), anything of the settings on clips of many kinds,
 previews each at three times, out of the clip and out of a kept frame, and converts it without loss: the previews have

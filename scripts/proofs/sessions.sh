@@ -8,7 +8,7 @@ cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/../.."
 
 usage() {
     cat <<'TEXT'
-usage: sessions [--asan | --qt6] STEPS [SEED]
+usage: scripts/prove sessions [--asan | --qt6] STEPS [SEED]
 
 Builds tests/sessions and plays that many steps of random sessions over all public operations, each held against
 the reference model of tests/sessions: result, trees, signals, log and preference store. Without SEED with a random

@@ -8,7 +8,7 @@ cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/../.."
 
 usage() {
     cat <<'TEXT'
-usage: x86-32 [--qt6 | --all] [NAME...]
+usage: scripts/prove x86-32 [--qt6 | --all] [NAME...]
 
 Runs ./test with these arguments on 32-bit x86: in a Debian bookworm for i386 that is made by debootstrap in
 build/x86-32/root, entered by chroot and kept for the next time, on a copy of this checkout's files, the
