@@ -554,16 +554,15 @@ QByteArray chaptersText(const Settings& settings, const MediaInfo& media)
     const ClipPart part = clipPart(settings, media);
     const double speed = speedFactor(settings);
     const double end = part.seconds > 0 ? part.from + part.seconds : HUGE_VAL;
-    constexpr double thousand = 1000;
     QByteArray text = ";FFMETADATA1\n";
     for (const Chapter& chapter : media.chapters) {
         const double from = std::max(chapter.from, part.from);
         const double to = std::min(chapter.to, end);
         if (to <= from)
             continue;
-        text += "[CHAPTER]\nTIMEBASE=1/1000\nSTART="
-                + QByteArray::number(std::llround((from - part.from) / speed * thousand))
-                + "\nEND=" + QByteArray::number(std::llround((to - part.from) / speed * thousand)) + '\n';
+        text +=
+            "[CHAPTER]\nTIMEBASE=1/1000\nSTART=" + QByteArray::number(std::llround((from - part.from) / speed * 1000))
+            + "\nEND=" + QByteArray::number(std::llround((to - part.from) / speed * 1000)) + '\n';
         for (auto it = chapter.tags.cbegin(); it != chapter.tags.cend(); ++it) {
             QByteArray value = it.value().toUtf8();
             for (const char* special : {"\\", "=", ";", "#", "\n"})

@@ -29,8 +29,7 @@ QString word(const char* text)
 /// Begun at a hundredth of a second, the times of frames are cut off where those of a conversion are.
 double begunAt(double seconds)
 {
-    constexpr double hundred = 100;
-    return std::max(std::floor(seconds * hundred) / hundred, 0.0);
+    return std::max(std::floor(seconds * 100) / 100, 0.0);
 }
 
 /// Of such files a decoder that begins in the middle gives nothing before the next key frame.

@@ -30,7 +30,8 @@ int fieldOf(const QStringList& names, const QStringList& any)
 }
 
 constexpr int hundredths = 100; // Of a second: the unit of a script's times.
-constexpr int sixty = 60;
+constexpr int minute = 60;
+constexpr int hour = 60 * minute;
 
 /// Of "H:MM:SS.CC"; -1 where it is none.
 qint64 hundredthsOf(const QString& time)
@@ -39,15 +40,16 @@ qint64 hundredthsOf(const QString& time)
     const QRegularExpressionMatch match = form.match(time);
     if (!match.hasMatch())
         return -1;
-    const qint64 minutes = match.captured(1).toLongLong() * sixty + match.captured(2).toInt();
-    return (minutes * sixty + match.captured(3).toInt()) * hundredths + match.captured(4).toInt();
+    const qint64 seconds =
+        match.captured(1).toLongLong() * hour + match.captured(2).toLongLong() * minute + match.captured(3).toInt();
+    return seconds * hundredths + match.captured(4).toInt();
 }
 
 QString timeOf(qint64 time)
 {
     const qint64 seconds = time / hundredths;
-    return QString::asprintf("%lld:%02lld:%02lld.%02lld", static_cast<long long>(seconds / sixty / sixty),
-                             static_cast<long long>(seconds / sixty % sixty), static_cast<long long>(seconds % sixty),
+    return QString::asprintf("%lld:%02lld:%02lld.%02lld", static_cast<long long>(seconds / hour),
+                             static_cast<long long>(seconds % hour / minute), static_cast<long long>(seconds % minute),
                              static_cast<long long>(time % hundredths));
 }
 
@@ -99,10 +101,8 @@ bool isInColour(const QString& colour)
     digits.remove(QLatin1Char('&'));
     if (digits.startsWith(QLatin1Char('H'), Qt::CaseInsensitive))
         digits.remove(0, 1);
-    constexpr int hexadecimal = 16;
-    constexpr int decimal = 10;
     bool ok = false;
-    const qlonglong number = digits.toLongLong(&ok, isHex ? hexadecimal : decimal);
+    const qlonglong number = digits.toLongLong(&ok, isHex ? 16 : 10);
     constexpr int byte = 0xff;
     const auto part = [&](int shift) { return (number >> shift) & byte; };
     return ok && (part(0) != part(8) || part(8) != part(16));

@@ -21,13 +21,10 @@ Adjustment adjustmentOf(const Settings& settings)
     const TypeSettings* colour = selectedType(settings, "Color");
     if (!colour)
         return {};
-    constexpr double highest = 50;
     // -50 to 50 each. At the ends: half of the scale darker or lighter, half to one and a half times the contrast, no
     // colour to twice the colour.
-    const auto part = [&](const char* key, double whole) {
-        return colour->values.value(QLatin1String(key)).toInt() / whole;
-    };
-    return {part("bcs_brightness", 100.0), 1 + part("bcs_contrast", 100.0), 1 + part("bcs_saturation", highest)};
+    const auto part = [&](const char* key) { return colour->values.value(QLatin1String(key)).toInt() / 100.0; };
+    return {part("bcs_brightness"), 1 + part("bcs_contrast"), 1 + 2 * part("bcs_saturation")};
 }
 
 } // namespace

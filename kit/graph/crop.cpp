@@ -27,8 +27,7 @@ QRect wishedCrop(const Values& crop)
 /// The even number that is nearest to \a length and not above \a most; at least 2.
 int evenNear(double length, int most)
 {
-    constexpr double pair = 2.0;
-    const int near = static_cast<int>(std::lround(length / pair)) * 2;
+    const int near = static_cast<int>(std::lround(length / 2)) * 2;
     return std::max(std::min(near, evenBelow(most)), 2);
 }
 

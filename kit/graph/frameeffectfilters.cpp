@@ -73,8 +73,7 @@ QString filled(const char* form, const Picture& picture, Chain& chain)
     const Levels levels = levelsOf(picture);
     const QSize& frame = picture.frame;
     // The half is even, since colours may be stored for two pixels; what the mirror has too much then is cut off.
-    constexpr int quarter = 4;
-    const int half = (frame.width() + quarter - 1) / quarter * 2;
+    const int half = (frame.width() + 3) / 4 * 2;
     const QString cutBack = 2 * half == frame.width()
                                 ? QString()
                                 : QStringLiteral(",crop=%1:%2:0:0:exact=1").arg(frame.width()).arg(frame.height());

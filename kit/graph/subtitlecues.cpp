@@ -20,8 +20,9 @@ std::optional<double> secondsOf(const QString& time)
     const QRegularExpressionMatch match = form.match(time.trimmed());
     if (!match.hasMatch())
         return std::nullopt;
-    constexpr double sixty = 60;
-    return (match.captured(1).toDouble() * sixty + match.captured(2).toDouble()) * sixty + match.captured(3).toDouble();
+    constexpr double minute = 60;
+    constexpr double hour = 60 * minute;
+    return match.captured(1).toDouble() * hour + match.captured(2).toDouble() * minute + match.captured(3).toDouble();
 }
 
 QString plainText(QString text)

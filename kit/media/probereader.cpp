@@ -16,7 +16,8 @@ namespace zokit {
 namespace {
 
 constexpr int longestSide = 65535;
-constexpr double longest = 1e8; // Seconds, three years: a file that tells more lies.
+constexpr int mostCounted = 1000000000; // Products of two stay in the range of 64 bits.
+constexpr double longest = 1e8;         // Seconds, three years: a file that tells more lies.
 
 QString text(const QJsonObject& object, const char* key)
 {
@@ -40,8 +41,7 @@ qint64 count(const QJsonObject& object, const char* key, qint64 highest)
 
 int smallCount(const QJsonObject& object, const char* key)
 {
-    constexpr int highest = 1000000000;
-    return static_cast<int>(count(object, key, highest));
+    return static_cast<int>(count(object, key, mostCounted));
 }
 
 double length(double seconds)
@@ -58,10 +58,9 @@ double time(const QJsonObject& object, const char* key)
 /// "a/b" or "a:b"; \a otherwise where it is none above 0.
 Rational rational(const QString& said, Rational otherwise)
 {
-    constexpr qint64 highest = 1000000000; // Products of two stay in range.
     const QStringList parts = QString(said).replace(QLatin1Char(':'), QLatin1Char('/')).split(QLatin1Char('/'));
     const Rational result{parts.value(0).toLongLong(), parts.value(1).toLongLong()};
-    const auto fits = [](qint64 part) { return part > 0 && part <= highest; };
+    const auto fits = [](qint64 part) { return part > 0 && part <= mostCounted; };
     return parts.size() == 2 && fits(result.numerator) && fits(result.denominator) ? result : otherwise;
 }
 

@@ -16,8 +16,6 @@ namespace zokit {
 namespace {
 
 constexpr int smallestMark = 8; // In pixels of the frame; as much of a watermark also stays in the frame.
-constexpr int pixel = 1;
-constexpr int tenfold = 10;
 
 /// What a rectangle keeps to while it is sized.
 struct SizeRule {
@@ -165,7 +163,7 @@ Dragged drawnCrop(const PreviewScene& scene, const QPoint& from, const QPoint& t
 
 QPoint keyStep(int key, Qt::KeyboardModifiers modifiers)
 {
-    const int step = modifiers.testFlag(Qt::ShiftModifier) ? tenfold : pixel;
+    const int step = modifiers.testFlag(Qt::ShiftModifier) ? 10 : 1;
     switch (key) {
     case Qt::Key_Left:
         return {-step, 0};

@@ -90,8 +90,7 @@ void addRectangle(QVector<Guide>& guides, const QRect& rectangle, bool fromOutsi
 
 void addMargins(QVector<Guide>& guides, const QSize& frame)
 {
-    constexpr double whole = 100.0;
-    const double share = Anchor().margin / whole;
+    const double share = Anchor().margin / 100;
     const double beside = frame.width() * share;
     const double above = frame.height() * share;
     guides.append({Qt::Vertical, beside, true, false, false});

@@ -193,8 +193,8 @@ void addDetails(Property& property)
     property.isGeometry = is({"crop_left", "crop_top", "crop_width", "crop_height", "wm_hposition", "wm_vposition",
                               "wm_imagewidth", "wm_imageheight", "sub_hposition", "sub_vposition"});
     if (property.kind == ValueKind::Number) {
-        constexpr double hundredth = 0.01;
-        property.step = hundredth;
+        constexpr double lastDecimal = 0.01;
+        property.step = lastDecimal;
         property.decimals = 2;
     }
     if (is({"crop_left", "crop_top", "crop_width", "crop_height"}))
