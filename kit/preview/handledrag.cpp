@@ -6,6 +6,8 @@
 #include <zokit/filesettings.h>
 #include <zokit/properties.h>
 
+#include "steptext_p.h"
+
 namespace zokit {
 
 HandleDrag::HandleDrag(const FileSettings& file, const PreviewScene& scene, Identity thing, Handle handle)
@@ -23,8 +25,8 @@ HandleDrag HandleDrag::drawing(const FileSettings& file, const PreviewScene& sce
 Message HandleDrag::text() const
 {
     const bool isCrop = m_thing == m_began.cropThing;
-    return Message(Message::Code::StepChange, isCrop ? QStringList{QStringLiteral("Crop")}
-                                                     : QStringList{QStringLiteral("Watermark"), QStringLiteral("1")});
+    return Message(Message::Code::StepChange,
+                   isCrop ? QStringList{QStringLiteral("Crop")} : oneItemOf(QStringLiteral("Watermark")));
 }
 
 Dragged HandleDrag::to(const QPoint& by, double reach) const

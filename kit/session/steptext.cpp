@@ -18,20 +18,15 @@ namespace {
 
 using Code = Message::Code;
 
-QStringList oneOf(const QString& type)
-{
-    return {type, QStringLiteral("1")};
-}
-
 /// What became of the items of \a type; of one that moves, its list changes only in its order.
 Message describeList(const QString& type, const Change& change)
 {
     const auto before = change.before.toList().size();
     const auto after = change.after.toList().size();
     if (before == after)
-        return Message(Code::StepMove, oneOf(type));
+        return Message(Code::StepMove, oneItemOf(type));
     const bool isOne = before - after == 1 || after - before == 1;
-    return Message(before < after ? Code::StepAdd : Code::StepRemove, isOne ? oneOf(type) : QStringList{type});
+    return Message(before < after ? Code::StepAdd : Code::StepRemove, isOne ? oneItemOf(type) : QStringList{type});
 }
 
 /// The change by which a whole file came or went: what has a width and belongs to nothing.
@@ -60,7 +55,7 @@ QStringList aboutWhat(const Project& project, const Change& change)
         return {change.key};
     if (findProperty(address->type, change.key))
         return {Address{address->type, Address::ofType, change.key}.toString()};
-    return address->pos == Address::ofType ? QStringList{address->type} : oneOf(address->type);
+    return address->pos == Address::ofType ? QStringList{address->type} : oneItemOf(address->type);
 }
 
 } // namespace

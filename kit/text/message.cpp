@@ -15,6 +15,7 @@
 #include <zokit/properties.h>
 
 #include "propertyrows_p.h"
+#include "steptext_p.h"
 
 namespace zokit {
 
@@ -229,7 +230,7 @@ QStringList named(QStringList words)
         else if (key == QLatin1String("anchor")) // The kit's own, and no property of the library.
             words.first() = QCoreApplication::translate("zokit", "Anchor");
         else
-            words.first() = words.value(1) == QLatin1String("1") ? singularName(thing) : displayName(thing);
+            words.first() = areOfOneItem(words) ? singularName(thing) : displayName(thing);
     }
     return words;
 }
