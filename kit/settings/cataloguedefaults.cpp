@@ -13,36 +13,12 @@ namespace zokit {
 
 namespace {
 
-struct Table {
-    const char* type;
-    const EffectDefaultVal* properties;
-};
-
-// clang-format off
-const Table tables[] = {
-    {"Crop", cropDefaultVal},
-    {"Watermark", WatermarkDefaultVal},
-    {"Subtitle", SubtitleDefaultVal},
-    {"Audio", AudioDefaultVal},
-    {"Color", BCSDefaultVal},
-    {"Effect", frameEffectsDefaultVal},
-    {"Audio_Fade_Inout", audioFadeInOut},
-    {"Audio_Normalize", audioNormalize},
-    {"Audio_BandPass", audioBandpass},
-    {"Audio_Chorus", audioChorus},
-    {"Audio_Flanger", audioFlanger},
-    {"Audio_Echo", audioEcho},
-    {"Audio_Speed", audioSpeed},
-};
-// clang-format on
-
 QMap<QString, Values> allDefaults()
 {
     QMap<QString, Values> all;
-    for (const Table& table : tables) {
-        Values& values = all[QString::fromLatin1(table.type)];
-        for (const EffectDefaultVal* entry = table.properties; entry->key; ++entry)
-            values.insert(QString::fromUtf8(entry->key), entry->defaultValue);
+    for (const QString& type : effectTypes()) {
+        for (const EffectDefaultVal* entry = catalogueOf(type); entry->key; ++entry)
+            all[type].insert(QString::fromUtf8(entry->key), entry->defaultValue);
     }
     return all;
 }
@@ -75,9 +51,9 @@ int part(double factor, int side)
 
 const EffectDefaultVal* catalogueOf(const QString& type)
 {
-    for (const Table& table : tables) {
-        if (type == QLatin1String(table.type))
-            return table.properties;
+    for (const EffectControlItem* record = effectTable(); record->name; ++record) {
+        if (type == QLatin1String(record->name))
+            return record->subItems ? record->subItems->properties : record->properties;
     }
     return nullptr;
 }
