@@ -29,6 +29,15 @@ QString kindKey(const QString& type)
 
 } // namespace
 
+void setPictureOptions(ZoEffectModel& model)
+{
+    constexpr int dotsPerInch = 96;
+    ZoPictureOptions options;
+    options.keepImageTransparency = true;
+    options.textDotsPerInch = dotsPerInch;
+    model.setPictureOptions(options);
+}
+
 void registerEffects()
 {
     if (!ZoEffectModel::s_EffectItems)

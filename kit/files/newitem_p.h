@@ -10,6 +10,7 @@
 #include <zokit/settings.h>
 
 class ZoEffectItemData;
+class ZoEffectModel;
 
 namespace zokit {
 
@@ -33,6 +34,9 @@ void pinSubtitle(Values& values, double factor, const QSize& frame);
 
 /// The values and the check state of \a node as an item.
 Item itemFrom(const ZoEffectItemData& node);
+
+/// Pictures with the transparency of their images, and letters of one size in all programs, whatever the screen.
+void setPictureOptions(ZoEffectModel& model);
 
 /// Registers the kit's table of effects, unless the host has registered one.
 void registerEffects();

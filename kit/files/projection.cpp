@@ -19,8 +19,6 @@ namespace zokit {
 
 namespace {
 
-constexpr int dotsPerInch = 96; // In all programs, whatever the screen.
-
 QStringList typesOf(bool sound)
 {
     QStringList types;
@@ -29,14 +27,6 @@ QStringList typesOf(bool sound)
             types.append(type);
     }
     return types;
-}
-
-void setPictureOptions(ZoEffectModel& model)
-{
-    ZoPictureOptions options;
-    options.keepImageTransparency = true;
-    options.textDotsPerInch = dotsPerInch;
-    model.setPictureOptions(options);
 }
 
 void fill(ZoEffectItemData& node, const Values& values, bool selected)

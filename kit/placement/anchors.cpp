@@ -27,7 +27,6 @@ using Code = Message::Code;
 const QString cornerKey = QStringLiteral("corner");
 const QString marginKey = QStringLiteral("margin");
 const QString sizeKey = QStringLiteral("size");
-constexpr int dotsPerInch = 96;
 constexpr double whole = 100.0; // Percent.
 
 /// In the order of Corner.
@@ -176,9 +175,7 @@ QSize measuredText(const Values& values)
     // The library measures what it draws: a text in a corner of a small frame is measured as a whole.
     constexpr int side = 64;
     ZoEffectModel scratch(QStringList{types::watermark});
-    ZoPictureOptions options;
-    options.textDotsPerInch = dotsPerInch;
-    scratch.setPictureOptions(options);
+    setPictureOptions(scratch);
     scratch.setVideoSize(side, side);
     Values drawn = values;
     drawn.insert(keys::isText, true);
