@@ -43,8 +43,7 @@ void* recordOf(const QString& type, const QString& name)
     const SubEffectItem* fixed = record ? record->subItems : nullptr;
     for (; fixed && fixed->name; ++fixed) {
         if (name == QString::fromUtf8(fixed->name))
-            return const_cast<SubEffectItem*>(
-                fixed); // NOLINT(cppcoreguidelines-pro-type-const-cast): as the model keeps it.
+            return const_cast<SubEffectItem*>(fixed); // As the model keeps it.
     }
     return nullptr;
 }

@@ -18,7 +18,7 @@ TypeSettings* Settings::find(const QString& type)
 
 const TypeSettings* Settings::find(const QString& type) const
 {
-    return const_cast<Settings*>(this)->find(type); // NOLINT(cppcoreguidelines-pro-type-const-cast): read only.
+    return const_cast<Settings*>(this)->find(type);
 }
 
 bool operator==(const Media& left, const Media& right)
