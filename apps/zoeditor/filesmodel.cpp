@@ -34,14 +34,7 @@ QSize frameOf(const FileRow& row)
 
 QString lengthText(double seconds)
 {
-    const int whole = static_cast<int>(std::min(std::round(seconds), 1e9));
-    constexpr int minute = 60;
-    constexpr int hour = 60 * minute;
-    const QString minutes = QString::number(whole / minute % 60);
-    const QString rest = QString::number(whole % minute).rightJustified(2, QLatin1Char('0'));
-    if (whole < hour)
-        return minutes + QLatin1Char(':') + rest;
-    return QStringLiteral("%1:%2:%3").arg(whole / hour).arg(minutes.rightJustified(2, QLatin1Char('0')), rest);
+    return clockText(static_cast<qint64>(std::min(std::round(seconds), 1e9)));
 }
 
 /// In words; what is most important is the first.

@@ -21,6 +21,7 @@
 #include "actions.h"
 #include "buttons.h"
 #include "listening.h"
+#include "names.h"
 #include "session.h"
 #include "subtitletimes.h"
 
@@ -28,29 +29,20 @@ namespace zoeditor {
 
 namespace {
 
-constexpr double thousand = 1000; // Milliseconds a second.
-constexpr int tick = 40;          // Milliseconds between two looks at the clock while it plays.
+constexpr int tick = 40; // Milliseconds between two looks at the clock while it plays.
 constexpr double usualFrame = 0.04;
 const QString trimKey = QStringLiteral("trim");
 
 int milliseconds(double seconds)
 {
-    return qRound(seconds * thousand);
+    return qRound(seconds * 1000);
 }
 
 /// "1:02:03.45", "2:03.45".
 QString timeText(double seconds)
 {
-    constexpr int hundred = 100;
-    constexpr int sixty = 60;
-    const qint64 hundredths = std::llround(seconds * hundred);
-    const qint64 whole = hundredths / hundred;
-    const qint64 minutes = whole / sixty;
-    const auto twoDigits = [](qint64 number) { return QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0')); };
-    const QString end = twoDigits(whole % sixty) + QLatin1Char('.') + twoDigits(hundredths % hundred);
-    const qint64 hours = minutes / sixty;
-    return hours > 0 ? QStringLiteral("%1:%2:%3").arg(hours).arg(twoDigits(minutes % sixty), end)
-                     : QStringLiteral("%1:%2").arg(minutes).arg(end);
+    const qint64 hundredths = std::llround(seconds * 100);
+    return clockText(hundredths / 100) + QStringLiteral(".%1").arg(hundredths % 100, 2, 10, QLatin1Char('0'));
 }
 
 /// How long a frame of the clip is shown.
@@ -175,7 +167,7 @@ TimeLine::TimeLine(Session& session, zokit::ShownFrames& frames, const Actions& 
     connect(&m_play, &QTimer::timeout, this, &TimeLine::playOn);
     connect(m_bar, &QSlider::valueChanged, this, [this](int value) {
         setPlaying(false);
-        m_frames.setSeconds(value / thousand);
+        m_frames.setSeconds(value / 1000.0);
     });
     connect(&frames, &zokit::ShownFrames::secondsChanged, this, &TimeLine::showMoment);
     connect(&session, &Session::currentChanged, this, &TimeLine::showFile);
@@ -313,7 +305,7 @@ void TimeLine::setPlaying(bool isPlaying)
 /// By the clock: frames that take too long are passed over.
 void TimeLine::playOn()
 {
-    const double moment = m_playFrom + double(m_playTime.elapsed()) / thousand;
+    const double moment = m_playFrom + double(m_playTime.elapsed()) / 1000;
     m_frames.setSeconds(std::min(moment, length()));
     if (moment >= length())
         setPlaying(false);
