@@ -104,48 +104,8 @@ EffectsPane::EffectsPane(Session* session, const Actions& actions, QWidget* pare
     search->setAccessibleName(search->placeholderText());
     search->setClearButtonEnabled(true);
 
-    m_tree->setObjectName(QStringLiteral("effectTree"));
-    m_tree->setAccessibleName(tr("Effects"));
-    m_tree->setModel(m_shown);
-    m_tree->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    m_tree->setDragDropMode(QAbstractItemView::InternalMove);
-    m_tree->setUniformRowHeights(true);
-    m_tree->header()->setStretchLastSection(false);
-    m_tree->header()->setSectionResizeMode(Model::NameColumn, QHeaderView::Stretch);
-    m_tree->header()->setSectionResizeMode(Model::ValueColumn, QHeaderView::Fixed);
-    constexpr int indentation = 14; // In a narrow window names need the room.
-    m_tree->setIndentation(indentation);
-    const QString longest = QStringLiteral("99") + FilesModel::separator() + tr("changed");
-    m_tree->setColumnWidth(Model::ValueColumn, fontMetrics().horizontalAdvance(longest) + 8);
-    m_tree->setHeaderHidden(true);
-    showHint(m_tree,
-             [this] { return m_session->current() ? QString() : tr("Open a film to see what can be done with it."); });
-
-    auto* buttons = new QHBoxLayout;
-    auto* adding = new QToolButton(this);
-    adding->setObjectName(QStringLiteral("addItem"));
-    adding->setText(tr("Add"));
-    adding->setAccessibleName(adding->text());
-    adding->setPopupMode(QToolButton::InstantPopup);
-    adding->setFocusPolicy(Qt::StrongFocus);
-    auto* menu = new QMenu(adding);
-    for (const char* name : {"addText", "addImage", "addSubtitle", "addSound"})
-        menu->addAction(actions.action(name));
-    adding->setMenu(menu);
-    buttons->addWidget(adding);
-    actions.action("itemUp")->setIconText(QStringLiteral("\u2191")); // What buttons show: words take too much room.
-    actions.action("itemDown")->setIconText(QStringLiteral("\u2193"));
-    for (const char* name : {"removeItem", "itemUp", "itemDown"}) {
-        auto* button = new QToolButton(this);
-        button->setObjectName(QString::fromLatin1(name) + QLatin1String("Button"));
-        button->setDefaultAction(actions.action(name));
-        button->setAccessibleName(QString(button->defaultAction()->text()).remove(QLatin1Char('&')));
-        button->setToolTip(button->accessibleName());
-        button->setFocusPolicy(Qt::StrongFocus);
-        buttons->addWidget(button);
-    }
-    buttons->addStretch();
-
+    setUpTree();
+    auto* buttons = makeButtons(actions);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     auto* nothing = new QLabel(tr("Nothing found."), this);
@@ -179,11 +139,60 @@ EffectsPane::EffectsPane(Session* session, const Actions& actions, QWidget* pare
         search->setFocus(Qt::ShortcutFocusReason);
         search->selectAll();
     });
-    const auto updateAdding = [session, adding] { adding->setEnabled(session->current() != nullptr); };
-    connect(session, &Session::currentChanged, adding, updateAdding);
-    updateAdding();
     connectActions(actions);
     showChosen();
+}
+
+void EffectsPane::setUpTree()
+{
+    m_tree->setObjectName(QStringLiteral("effectTree"));
+    m_tree->setAccessibleName(tr("Effects"));
+    m_tree->setModel(m_shown);
+    m_tree->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_tree->setDragDropMode(QAbstractItemView::InternalMove);
+    m_tree->setUniformRowHeights(true);
+    m_tree->header()->setStretchLastSection(false);
+    m_tree->header()->setSectionResizeMode(Model::NameColumn, QHeaderView::Stretch);
+    m_tree->header()->setSectionResizeMode(Model::ValueColumn, QHeaderView::Fixed);
+    constexpr int indentation = 14; // In a narrow window names need the room.
+    m_tree->setIndentation(indentation);
+    const QString longest = QStringLiteral("99") + FilesModel::separator() + tr("changed");
+    m_tree->setColumnWidth(Model::ValueColumn, fontMetrics().horizontalAdvance(longest) + 8);
+    m_tree->setHeaderHidden(true);
+    showHint(m_tree,
+             [this] { return m_session->current() ? QString() : tr("Open a film to see what can be done with it."); });
+}
+
+QLayout* EffectsPane::makeButtons(const Actions& actions)
+{
+    auto* buttons = new QHBoxLayout;
+    auto* adding = new QToolButton(this);
+    adding->setObjectName(QStringLiteral("addItem"));
+    adding->setText(tr("Add"));
+    adding->setAccessibleName(adding->text());
+    adding->setPopupMode(QToolButton::InstantPopup);
+    adding->setFocusPolicy(Qt::StrongFocus);
+    auto* menu = new QMenu(adding);
+    for (const char* name : {"addText", "addImage", "addSubtitle", "addSound"})
+        menu->addAction(actions.action(name));
+    adding->setMenu(menu);
+    buttons->addWidget(adding);
+    actions.action("itemUp")->setIconText(QStringLiteral("\u2191")); // What buttons show: words take too much room.
+    actions.action("itemDown")->setIconText(QStringLiteral("\u2193"));
+    for (const char* name : {"removeItem", "itemUp", "itemDown"}) {
+        auto* button = new QToolButton(this);
+        button->setObjectName(QString::fromLatin1(name) + QLatin1String("Button"));
+        button->setDefaultAction(actions.action(name));
+        button->setAccessibleName(QString(button->defaultAction()->text()).remove(QLatin1Char('&')));
+        button->setToolTip(button->accessibleName());
+        button->setFocusPolicy(Qt::StrongFocus);
+        buttons->addWidget(button);
+    }
+    buttons->addStretch();
+    const auto updateAdding = [this, adding] { adding->setEnabled(m_session->current() != nullptr); };
+    connect(m_session, &Session::currentChanged, adding, updateAdding);
+    updateAdding();
+    return buttons;
 }
 
 void EffectsPane::connectActions(const Actions& actions)

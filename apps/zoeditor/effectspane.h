@@ -28,6 +28,8 @@ signals:
     void valueChosen(const QString& key);
 
 private:
+    void setUpTree();
+    QLayout* makeButtons(const Actions& actions);
     void connectActions(const Actions& actions);
     void updateActions(const Actions& actions) const;
     void insert(const QString& type, const zokit::Values& values);

@@ -75,30 +75,8 @@ FilesPane::FilesPane(Session* session, QWidget* parent)
     filter->setPlaceholderText(tr("Filter"));
     filter->setAccessibleName(tr("Filter by name or state"));
     filter->setClearButtonEnabled(true);
-    auto* order = new QComboBox(this);
-    order->setObjectName(QStringLiteral("order"));
-    order->setAccessibleName(tr("Order of the files"));
-    order->view()->setAccessibleName(order->accessibleName());
-    order->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    order->setMinimumContentsLength(6);
-    for (const auto& [name, role] : FilesModel::orders())
-        order->addItem(name, role);
-
-    order->setFocusPolicy(Qt::StrongFocus); // The wheel gives none.
-    order->installEventFilter(this);
-
-    m_view->setObjectName(QStringLiteral("fileList"));
-    m_view->setAccessibleName(tr("Files"));
-    m_view->setModel(m_order);
-    m_view->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    m_view->setUniformItemSizes(true);
-    m_view->setItemDelegate(new Words(m_view));
-    m_view->setIconSize(pictureSize);
-    m_view->setMinimumWidth(leastWidth);
-    m_view->setTextElideMode(Qt::ElideMiddle);
-    m_view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_view->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-
+    auto* order = makeOrder();
+    setUpView();
     showHint(m_view,
              [filter] { return filter->text().isEmpty() ? tr("Drop films or folders here.") : tr("Nothing found."); });
     auto* layout = new QVBoxLayout(this);
@@ -107,13 +85,6 @@ FilesPane::FilesPane(Session* session, QWidget* parent)
     layout->addWidget(order);
     layout->addWidget(m_view, 1);
 
-    auto* remove = new QShortcut(QKeySequence(QKeySequence::Delete), m_view);
-    remove->setContext(Qt::WidgetShortcut);
-    connect(remove, &QShortcut::activated, this, &FilesPane::removalWanted);
-    auto* paste = new QShortcut(QKeySequence(QKeySequence::Paste), m_view);
-    paste->setContext(Qt::WidgetShortcut);
-    connect(paste, &QShortcut::activated, session, // As a file manager copies them.
-            [session] { session->openDropped(localFiles(QGuiApplication::clipboard()->mimeData())); });
     m_soon.setSingleShot(true); // Pictures are asked for once things have come to rest.
     m_soon.setInterval(0);
     const auto start = QOverload<>::of(&QTimer::start);
@@ -127,17 +98,54 @@ FilesPane::FilesPane(Session* session, QWidget* parent)
 
     leaveUndoToWindow(filter);
     connect(filter, &QLineEdit::textChanged, m_order, &QSortFilterProxyModel::setFilterFixedString);
-    connect(order, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this, order] {
-        const int role = order->currentData().toInt();
-        m_order->setSortRole(role);
-        m_order->sort(role < 0 ? -1 : 0);
-    });
     connect(m_view->selectionModel(), &QItemSelectionModel::selectionChanged, this, &FilesPane::takeSelection);
     connect(m_view->selectionModel(), &QItemSelectionModel::currentChanged, this, &FilesPane::takeSelection);
     connect(session, &Session::selectionChanged, this, &FilesPane::showSelection);
     connect(session, &Session::currentChanged, this, &FilesPane::showSelection);
     showSelection();
     m_soon.start();
+}
+
+QComboBox* FilesPane::makeOrder()
+{
+    auto* order = new QComboBox(this);
+    order->setObjectName(QStringLiteral("order"));
+    order->setAccessibleName(tr("Order of the files"));
+    order->view()->setAccessibleName(order->accessibleName());
+    order->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    order->setMinimumContentsLength(6);
+    for (const auto& [name, role] : FilesModel::orders())
+        order->addItem(name, role);
+    order->setFocusPolicy(Qt::StrongFocus); // The wheel gives none.
+    order->installEventFilter(this);
+    connect(order, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this, order] {
+        const int role = order->currentData().toInt();
+        m_order->setSortRole(role);
+        m_order->sort(role < 0 ? -1 : 0);
+    });
+    return order;
+}
+
+void FilesPane::setUpView()
+{
+    m_view->setObjectName(QStringLiteral("fileList"));
+    m_view->setAccessibleName(tr("Files"));
+    m_view->setModel(m_order);
+    m_view->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    m_view->setUniformItemSizes(true);
+    m_view->setItemDelegate(new Words(m_view));
+    m_view->setIconSize(pictureSize);
+    m_view->setMinimumWidth(leastWidth);
+    m_view->setTextElideMode(Qt::ElideMiddle);
+    m_view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_view->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    auto* remove = new QShortcut(QKeySequence(QKeySequence::Delete), m_view);
+    remove->setContext(Qt::WidgetShortcut);
+    connect(remove, &QShortcut::activated, this, &FilesPane::removalWanted);
+    auto* paste = new QShortcut(QKeySequence(QKeySequence::Paste), m_view);
+    paste->setContext(Qt::WidgetShortcut);
+    connect(paste, &QShortcut::activated, m_session, // As a file manager copies them.
+            [this] { m_session->openDropped(localFiles(QGuiApplication::clipboard()->mimeData())); });
 }
 
 bool FilesPane::eventFilter(QObject* watched, QEvent* event)

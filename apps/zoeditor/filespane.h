@@ -7,6 +7,7 @@
 #include <QVector>
 #include <QWidget>
 
+class QComboBox;
 class QListView;
 class QMimeData;
 class QSortFilterProxyModel;
@@ -41,6 +42,8 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    QComboBox* makeOrder();
+    void setUpView();
     void showSelection();
     void takeSelection();
     void askForSeen();

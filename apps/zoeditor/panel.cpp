@@ -114,35 +114,8 @@ void Panel::rebuild()
     auto* page = new QWidget(this);
     auto* grid = new QGridLayout(page);
     grid->setColumnStretch(FieldColumn, 1);
-    if (!chosen.isValid()) {
-        grid->addWidget(new QLabel(tr("Add a file to begin."), page), 0, 0, 1, Columns);
-    } else {
-        auto* title = new QLabel(chosen.data(Model::LabelRole).toString(), page);
-        title->setObjectName(QStringLiteral("panelTitle"));
-        QFont large = title->font();
-        large.setPointSizeF(large.pointSizeF() * 1.2);
-        large.setBold(true);
-        title->setFont(large);
-        grid->addWidget(title, 0, 0, 1, Columns);
-        if (const QString help = chosen.data(Model::HelpRole).toString(); !help.isEmpty()) {
-            auto* text = new QLabel(help, page);
-            text->setWordWrap(true);
-            grid->addWidget(text, 1, 0, 1, Columns);
-        }
-    }
     const QVector<QModelIndex> values = valuesInGroups(model, chosen);
-    const bool isEmptyList = zokit::hasItems(chosen.data(Model::TypeRole).toString())
-                             && chosen.data(Model::KindRole).toInt() == Model::TypeRow
-                             && chosen.data(Model::ItemCountRole).toInt() == 0;
-    if (chosen.isValid() && (values.isEmpty() || isEmptyList)) {
-        auto* text =
-            new QLabel(isEmptyList ? tr("There are none yet. The button Add above makes the first one.")
-                                   : tr("There is nothing to set here: the box in the list above switches it."),
-                       page);
-        text->setObjectName(QStringLiteral("noValues"));
-        text->setWordWrap(true);
-        grid->addWidget(text, grid->rowCount(), 0, 1, Columns);
-    }
+    addHead(grid, chosen, values.isEmpty());
     QString group = chosen.data(Model::LabelRole).toString(); // A group of the same name needs no title of its own.
     for (const QModelIndex& value : values) {
         if (const QString own = value.data(Model::GroupRole).toString(); own != group)
@@ -167,6 +140,37 @@ void Panel::rebuild()
         ensureWidgetVisible(m_rows.value(m_wanted).control);
     }
     m_wanted.clear();
+}
+
+void Panel::addHead(QGridLayout* grid, const QModelIndex& chosen, bool isEmpty) const
+{
+    QWidget* page = grid->parentWidget();
+    if (!chosen.isValid()) {
+        grid->addWidget(new QLabel(tr("Add a file to begin."), page), 0, 0, 1, Columns);
+        return;
+    }
+    const auto addText = [&](const QString& words) {
+        auto* text = new QLabel(words, page);
+        text->setWordWrap(true);
+        grid->addWidget(text, grid->rowCount(), 0, 1, Columns);
+        return text;
+    };
+    auto* title = new QLabel(chosen.data(Model::LabelRole).toString(), page);
+    title->setObjectName(QStringLiteral("panelTitle"));
+    QFont large = title->font();
+    large.setPointSizeF(large.pointSizeF() * 1.2);
+    large.setBold(true);
+    title->setFont(large);
+    grid->addWidget(title, 0, 0, 1, Columns);
+    if (const QString help = chosen.data(Model::HelpRole).toString(); !help.isEmpty())
+        addText(help);
+    const bool isEmptyList = zokit::hasItems(chosen.data(Model::TypeRole).toString())
+                             && chosen.data(Model::KindRole).toInt() == Model::TypeRow
+                             && chosen.data(Model::ItemCountRole).toInt() == 0;
+    if (isEmpty || isEmptyList)
+        addText(isEmptyList ? tr("There are none yet. The button Add above makes the first one.")
+                            : tr("There is nothing to set here: the box in the list above switches it."))
+            ->setObjectName(QStringLiteral("noValues"));
 }
 
 void Panel::addGroup(QGridLayout* grid, const QString& name) const

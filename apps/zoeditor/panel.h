@@ -42,6 +42,7 @@ private:
 
     void rebuild();
     void update();
+    void addHead(QGridLayout* grid, const QModelIndex& chosen, bool isEmpty) const;
     void addGroup(QGridLayout* grid, const QString& name) const;
     void addRow(QGridLayout* grid, const QString& key, const QString& label, ValueControl* control);
     zokit::Message stepOf(const QString& key) const;

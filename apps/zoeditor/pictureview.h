@@ -98,7 +98,6 @@ private:
     void push(const QPointF& by);
     void showCurrentHandle();
     double reach(Qt::KeyboardModifiers modifiers) const;
-    void paintScene(QPainter& painter, const QRegion& region);
     void paintBefore(QPainter& painter, const QRect& part);
     void paintNotes(QPainter& painter);
     void paintLoupe(QPainter& painter);
