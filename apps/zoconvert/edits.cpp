@@ -3,6 +3,7 @@
 
 #include "edits.h"
 
+#include <array>
 #include <cmath>
 #include <optional>
 
@@ -29,38 +30,63 @@ using zokit::Values;
 const QString watermark = QStringLiteral("Watermark");
 const QString selected = QStringLiteral("selected");
 
-/// "X,Y,W,H", each in pixels or percent of the frame's side.
-std::optional<QRect> rectangleFrom(const QString& text, const QSize& frame)
+/// In pixels or percent of the frame's side.
+struct Side {
+    double number = 0;
+    bool isPercent = false;
+
+    double in(int whole) const { return isPercent ? number * whole / 100 : number; }
+};
+using Sides = std::array<Side, 4>;
+
+/// "X,Y,W,H"
+std::optional<Sides> sidesFrom(const QString& text)
 {
     const QStringList parts = text.split(QLatin1Char(','));
-    if (parts.size() != 4)
+    Sides sides;
+    if (parts.size() != static_cast<int>(sides.size()))
         return std::nullopt;
-    double sides[4] = {};
-    for (int i = 0; i < 4; ++i) {
-        QString part = parts.at(i).trimmed();
-        const bool isPercent = part.endsWith(QLatin1Char('%'));
-        if (isPercent)
+    for (std::size_t i = 0; i < sides.size(); ++i) {
+        Side& side = sides.at(i);
+        QString part = parts.at(static_cast<int>(i)).trimmed();
+        side.isPercent = part.endsWith(QLatin1Char('%'));
+        if (side.isPercent)
             part.chop(1);
         bool isNumber = false;
-        double number = part.toDouble(&isNumber);
-        if (isPercent)
-            number = number * (i % 2 == 0 ? frame.width() : frame.height()) / 100;
+        side.number = part.toDouble(&isNumber);
         constexpr double largest = 1e6;
-        if (!isNumber || !(std::abs(number) <= largest) || (!isPercent && std::trunc(number) != number))
+        if (!isNumber || !(std::abs(side.number) <= largest)
+            || (!side.isPercent && std::trunc(side.number) != side.number))
             return std::nullopt;
-        sides[i] = number;
     }
+    return sides;
+}
+
+/// Whether something is cut off, whatever the frame is.
+bool isPartOfAny(const Sides& sides)
+{
+    const auto isPart = [](const Side& length) { return length.isPercent && length.number < 100; };
+    return sides[0].number > 0 || sides[1].number > 0 || isPart(sides[2]) || isPart(sides[3]);
+}
+
+QRect rectangleIn(const QSize& frame, const Sides& sides)
+{
     // The edges are rounded, not the lengths: 25% and 75% of an uneven side end at its end.
     const auto rounded = [](double number) { return static_cast<int>(std::lround(number)); };
-    const QPoint from(rounded(sides[0]), rounded(sides[1]));
-    const QPoint to(rounded(sides[0] + sides[2]), rounded(sides[1] + sides[3]));
+    const double left = sides[0].in(frame.width());
+    const double top = sides[1].in(frame.height());
+    const QPoint from(rounded(left), rounded(top));
+    const QPoint to(rounded(left + sides[2].in(frame.width())), rounded(top + sides[3].in(frame.height())));
     return QRect(from, QSize(to.x() - from.x(), to.y() - from.y()));
 }
 
 /// Applies the edits of one command line to one file.
 class Editor {
 public:
-    Editor(const QVector<Edit>& edits, zokit::FileSettings& file) : m_edits(edits), m_file(file) {}
+    Editor(const QVector<Edit>& edits, zokit::FileSettings& file, bool isAhead)
+        : m_edits(edits), m_file(file), m_isAhead(isAhead)
+    {
+    }
 
     // NOLINTNEXTLINE(misc-non-private-member-variables-in-classes): an answer, beside run()'s.
     QStringList warnings; ///< What became of the edits unasked.
@@ -84,6 +110,7 @@ private:
     QString addImage(const QString& path);
     QString addFile(const QString& type, const QString& flag, const QString& path);
     QString crop(const QString& text);
+    QString setCrop(const QRect& kept);
     QString setRule(const QString& key, const QVariant& value);
     QString place(const QString& text);
     QString reset(const QString& text);
@@ -91,10 +118,12 @@ private:
     QString insert(const QString& type, const Values& values);
     Message change(const Address& address, const Values& values);
     bool setsSelection(const Address& thing) const;
+    bool isForClip(const Address& address) const;
     QString noSuchItem(const Address& address) const;
 
     const QVector<Edit>& m_edits;
     zokit::FileSettings& m_file;
+    bool m_isAhead;       ///< The clip is not known yet: what its frame or its tracks decide is left alone.
     Identity m_named = 0; ///< The watermark named last.
 };
 
@@ -167,6 +196,13 @@ bool Editor::setsSelection(const Address& thing) const
     return false;
 }
 
+/// Whether the clip, which is not known yet, decides what stands at \a address.
+bool Editor::isForClip(const Address& address) const
+{
+    const bool isTrack = address.type == QLatin1String("Audio") || address.type == QLatin1String("Subtitle");
+    return m_isAhead && isTrack && address.pos != Address::ofType;
+}
+
 QString Editor::noSuchItem(const Address& address) const
 {
     const auto count = m_file.items(address.type).size();
@@ -183,6 +219,8 @@ QString Editor::set(const QString& assignment)
     if (!read.address)
         return read.error.text();
     const Address& address = *read.address;
+    if (isForClip(address))
+        return QString();
     const Identity thing = m_file.thing(address);
     if (thing == 0)
         return noSuchItem(address);
@@ -244,23 +282,30 @@ QString Editor::addFile(const QString& type, const QString& flag, const QString&
 
 QString Editor::crop(const QString& text)
 {
+    const std::optional<Sides> sides = sidesFrom(text);
     const QSize frame = zokit::baseFrame(m_file.settings()); // As the picture is turned by then.
-    if (frame.isEmpty())
-        return say(Say::NoFrame, {QStringLiteral("--crop")});
-    const std::optional<QRect> wished = rectangleFrom(text, frame);
-    if (!wished)
-        return say(Say::CropForm, {text});
-    if (wished->left() < 0 || wished->top() < 0 || wished->left() + wished->width() > frame.width()
-        || wished->top() + wished->height() > frame.height())
-        return say(Say::CropOutside, {text, QString::number(frame.width()), QString::number(frame.height())});
     const QSize smallest = zokit::CropRule().smallest;
-    if (wished->width() < smallest.width() || wished->height() < smallest.height())
+    if (m_isAhead && sides)
+        return isPartOfAny(*sides) ? setCrop(QRect(QPoint(0, 0), smallest)) : QString();
+    if (frame.isEmpty() && !m_isAhead)
+        return say(Say::NoFrame, {QStringLiteral("--crop")});
+    if (!sides)
+        return say(Say::CropForm, {text});
+    const QRect wished = rectangleIn(frame, *sides);
+    if (wished.left() < 0 || wished.top() < 0 || wished.left() + wished.width() > frame.width()
+        || wished.top() + wished.height() > frame.height())
+        return say(Say::CropOutside, {text, QString::number(frame.width()), QString::number(frame.height())});
+    if (wished.width() < smallest.width() || wished.height() < smallest.height())
         return say(Say::CropSmall, {text, QString::number(smallest.width()), QString::number(smallest.height())});
-    return change({QStringLiteral("Crop"), Address::ofType, selected},
-                  {{QStringLiteral("crop_left"), wished->left()},
-                   {QStringLiteral("crop_top"), wished->top()},
-                   {QStringLiteral("crop_width"), wished->width()},
-                   {QStringLiteral("crop_height"), wished->height()}})
+    return setCrop(wished);
+}
+
+QString Editor::setCrop(const QRect& kept)
+{
+    return change({QStringLiteral("Crop"), Address::ofType, selected}, {{QStringLiteral("crop_left"), kept.left()},
+                                                                        {QStringLiteral("crop_top"), kept.top()},
+                                                                        {QStringLiteral("crop_width"), kept.width()},
+                                                                        {QStringLiteral("crop_height"), kept.height()}})
         .text();
 }
 
@@ -306,6 +351,8 @@ QString Editor::reset(const QString& text)
     const zokit::ReadAddress read = zokit::readAddress(text);
     if (!read.address)
         return read.error.text();
+    if (isForClip(*read.address))
+        return QString();
     const Identity thing = m_file.thing(*read.address);
     return thing == 0 ? noSuchItem(*read.address) : m_file.reset(thing, read.address->key).text();
 }
@@ -319,11 +366,16 @@ QString rescaledText(const QSize& told, const QSize& found)
 
 QString applyEdits(const QVector<Edit>& edits, zokit::FileSettings& file, QStringList* warnings)
 {
-    Editor editor(edits, file);
+    Editor editor(edits, file, false);
     const QString error = editor.run();
     if (warnings)
         *warnings += editor.warnings;
     return error;
+}
+
+QString applyAhead(const QVector<Edit>& edits, zokit::FileSettings& file)
+{
+    return Editor(edits, file, true).run();
 }
 
 } // namespace zoconvert

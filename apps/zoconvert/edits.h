@@ -18,6 +18,10 @@ namespace zoconvert {
 /// when all were done. \a warnings, if given, gets what became of them unasked.
 QString applyEdits(const QVector<Edit>& edits, zokit::FileSettings& file, QStringList* warnings = nullptr);
 
+/// The same before anything is known of the clip: what its frame and its tracks decide is not refused, and a crop of
+/// which only the clip tells where it lies becomes any one.
+QString applyAhead(const QVector<Edit>& edits, zokit::FileSettings& file);
+
 /// That settings for a frame of the size \a told were rescaled to that of \a found.
 QString rescaledText(const QSize& told, const QSize& found);
 

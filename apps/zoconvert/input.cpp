@@ -51,6 +51,11 @@ QString chooseTracks(Input& input, const zokit::MediaInfo& media, const zokit::V
 
 void loadMedia(Input& input, const Invocation& invocation)
 {
+    zokit::Settings ahead;
+    input.error = settingsAhead(input.name, std::nullopt, invocation, &ahead);
+    input.code = Usage;
+    if (!input.error.isEmpty())
+        return;
     const ProbedInput probed = probeInput(input.name, invocation);
     if (!probed.media) {
         input.error = probed.error;
@@ -138,6 +143,19 @@ void edit(Input& input, const Invocation& invocation)
         return; // The rules of the settings ask for what is not there.
     input.error = named(input.name, error);
     input.code = error.isEmpty() ? Done : Usage;
+}
+
+QString settingsAhead(const QString& name, const std::optional<zokit::Settings>& loaded, const Invocation& invocation,
+                      zokit::Settings* settings)
+{
+    zokit::MediaInfo clip;
+    clip.file = name;
+    zokit::FileSettings ahead(loaded ? *loaded : zokit::settingsOf(clip));
+    const QString refused = applyAhead(invocation.edits, ahead);
+    *settings = ahead.settings();
+    for (auto it = invocation.output.cbegin(); it != invocation.output.cend(); ++it)
+        settings->output.insert(it.key(), it.value());
+    return named(name, refused);
 }
 
 bool hasWords(const Invocation& invocation, int fewest, int most)

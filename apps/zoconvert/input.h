@@ -48,6 +48,12 @@ Input inputOf(const QString& name, const zokit::Settings& settings, const zokit:
 /// input's error.
 void edit(Input& input, const Invocation& invocation);
 
+/// The settings of the file \a name as far as they are known before its clip is looked into: those that it \a loaded,
+/// or those with which a clip begins, then the edits and the output options of \a invocation. The sentence says what is
+/// refused.
+QString settingsAhead(const QString& name, const std::optional<zokit::Settings>& loaded, const Invocation& invocation,
+                      zokit::Settings* settings);
+
 /// Opens \a file, which has to be an ordinary one. The sentence says why it cannot be read; empty: it is open.
 QString openedForReading(QFile* file);
 

@@ -10,7 +10,6 @@
 #include <QHash>
 #include <QSet>
 
-#include <zokit/filesettings.h>
 #include <zokit/opening.h>
 #include <zokit/resultname.h>
 #include <zokit/settingsfile.h>
@@ -63,31 +62,6 @@ QString loadSettingsOf(FileJob* file)
     if (file->clip.isEmpty())
         file->error = named(file->input, say(Say::NamesNoClip));
     return {};
-}
-
-/// Those edits that can change an output option: they mean the same for every clip.
-QVector<Edit> outputEdits(const QVector<Edit>& edits)
-{
-    QVector<Edit> found;
-    for (const Edit& edit : edits) {
-        const bool isOutput = edit.value == QLatin1String("all") || edit.value == QLatin1String("Output")
-                              || edit.value.startsWith(QLatin1String("Output:"));
-        if (edit.option == QLatin1String("settings") || edit.option == QLatin1String("preset")
-            || ((edit.option == QLatin1String("set") || edit.option == QLatin1String("reset")) && isOutput))
-            found.append(edit);
-    }
-    return found;
-}
-
-/// The output options that hold for \a file; the sentence says which edit is refused.
-QString optionsOf(const FileJob& file, const Invocation& invocation, zokit::Settings* options)
-{
-    zokit::FileSettings settings(file.loaded ? *file.loaded : zokit::completed({}));
-    const QString error = applyEdits(outputEdits(invocation.edits), settings);
-    *options = settings.settings();
-    for (auto it = invocation.output.cbegin(); it != invocation.output.cend(); ++it)
-        options->output.insert(it.key(), it.value());
-    return error;
 }
 
 QString baseName(const QString& input)
@@ -245,7 +219,8 @@ QString nameOutputs(const Invocation& invocation, FileJobs* files)
         ++number;
         zokit::Settings options;
         if (file.loaded || !ofClips) {
-            if (const QString refused = optionsOf(file, invocation, &options); !refused.isEmpty())
+            if (const QString refused = settingsAhead(file.input, file.loaded, invocation, &options);
+                !refused.isEmpty())
                 return refused;
             if (!file.loaded)
                 ofClips = options;

@@ -97,18 +97,15 @@ Scene sceneOf(const QString& word, const Invocation& invocation)
     return scene;
 }
 
-/// The moment that is asked for; without one, some way into the clip. The sentence says what is wrong with it.
-QString readTime(const Invocation& invocation, double length, double* seconds)
+/// What is wrong with the moment that is asked for; empty: nothing, or none is.
+QString wrongTime(const Invocation& invocation)
 {
-    constexpr double goodPlace = 0.3;
-    *seconds = length * goodPlace;
-    if (!invocation.has("time"))
-        return QString();
     constexpr double tooLarge = 1e9;
     bool isNumber = false;
-    *seconds = invocation.value("time").toDouble(&isNumber);
-    return isNumber && *seconds >= 0 && *seconds < tooLarge ? QString()
-                                                            : say(Say::TimeForm, {invocation.value("time")});
+    const double seconds = invocation.value("time").toDouble(&isNumber);
+    return !invocation.has("time") || (isNumber && seconds >= 0 && seconds < tooLarge)
+               ? QString()
+               : say(Say::TimeForm, {invocation.value("time")});
 }
 
 /// The picture of each kind at the question's time, by two children at a time: one gets what comes out, the other keeps
@@ -175,15 +172,15 @@ QString write(const QImage& picture, const QString& path)
 int preview(const Invocation& invocation)
 {
     const QString word = invocation.words.first();
-    Scene scene = sceneOf(word, invocation);
-    if (scene.error.isEmpty()) {
-        scene.error = readTime(invocation, scene.question.media.seconds, &scene.question.seconds);
-        scene.code = Usage;
-    }
+    const QString wrong = wrongTime(invocation);
+    Scene scene = wrong.isEmpty() ? sceneOf(word, invocation) : refused(wrong, Usage);
     if (!scene.error.isEmpty()) {
         console::error(scene.error);
         return scene.code;
     }
+    constexpr double goodPlace = 0.3; // Some way into the clip.
+    scene.question.seconds =
+        invocation.has("time") ? invocation.value("time").toDouble() : scene.question.media.seconds * goodPlace;
 
     const QDir folder(invocation.has("output") ? invocation.value("output") : QStringLiteral("."));
     QString error;

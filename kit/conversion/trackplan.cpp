@@ -45,6 +45,19 @@ QVector<Values> selectedItems(const Settings& settings, const char* name)
     return result;
 }
 
+/// A codec that \a container cannot hold, or an option that means nothing to the codec.
+Message codecProblem(const Settings& settings, const QString& container)
+{
+    const auto asksFor = [](const QString& codec) { return !codec.isEmpty() && codec != QLatin1String("copy"); };
+    const QString video = option(settings, "video-codec");
+    const QString audio = option(settings, "audio-codec");
+    if (asksFor(video) && !holds(container, TrackKind::Video, video))
+        return Message(Code::ContainerHoldsNot, {container, video});
+    if (asksFor(audio) && !holds(container, TrackKind::Audio, audio))
+        return Message(Code::ContainerHoldsNot, {container, audio});
+    return asksFor(video) ? checkVideoOptions(settings.output, video) : Message();
+}
+
 /// Plans one clip; each step fills in its part of the result.
 class Planner {
 public:
@@ -63,7 +76,7 @@ public:
     {
         m_plan.subtitle = subtitlePlan(m_settings, m_media);
         m_plan.error = soundProblem(m_settings);
-        refuse(checkCodecs(m_settings, m_plan.container));
+        refuse(codecProblem(m_settings, m_plan.container));
         if (m_plan.error.isEmpty())
             planPicture();
         planOtherPictures();
@@ -433,6 +446,42 @@ private:
     TracksPlan m_plan;
 };
 
+/// A clip for which nothing is refused but for reasons of \a settings.
+MediaInfo usualClip(const Settings& settings, const QString& container)
+{
+    constexpr QSize usualFrame(1280, 720);
+    MediaStream picture;
+    picture.track.kind = TrackKind::Video;
+    picture.track.codec = usualVideoCodec(container);
+    picture.pixelFormat = QStringLiteral("yuv420p");
+    picture.matrix = QStringLiteral("bt709");
+    picture.range = QStringLiteral("tv");
+    picture.coded = picture.shown = settings.media.frame.isEmpty() ? usualFrame : settings.media.frame;
+    MediaStream sound;
+    sound.track.index = 1;
+    sound.track.kind = TrackKind::Audio;
+    sound.track.codec = usualAudioCodec(container);
+    sound.sampleRate = 48000;
+    sound.channels = 2;
+    MediaInfo media;
+    media.streams = {picture, sound};
+    return media;
+}
+
+/// \a settings without what only their own clip tells of: its tracks, and where a watermark lies; and without sounds,
+/// which are not looked into.
+Settings forAnyClip(const Settings& settings)
+{
+    Settings result = settings;
+    const Item* shown = shownSubtitle(settings);
+    const bool showsFile = shown && shown->values.value(QStringLiteral("sub_fromfile")).toBool();
+    for (TypeSettings& type : result.effects)
+        if (type.type == QLatin1String("Audio") || type.type == QLatin1String("Watermark")
+            || (type.type == QLatin1String("Subtitle") && !showsFile))
+            type.selected = false;
+    return result;
+}
+
 } // namespace
 
 Settings soundSettings(const Settings& settings, bool hasEffects)
@@ -506,14 +555,19 @@ QString containerFor(const Settings& settings, const QString& input)
 
 Message checkCodecs(const Settings& settings, const QString& container)
 {
-    const auto asksFor = [](const QString& codec) { return !codec.isEmpty() && codec != QLatin1String("copy"); };
-    const QString video = option(settings, "video-codec");
-    const QString audio = option(settings, "audio-codec");
-    if (asksFor(video) && !holds(container, TrackKind::Video, video))
-        return Message(Code::ContainerHoldsNot, {container, video});
-    if (asksFor(audio) && !holds(container, TrackKind::Audio, audio))
-        return Message(Code::ContainerHoldsNot, {container, audio});
-    return asksFor(video) ? checkVideoOptions(settings.output, video) : Message();
+    if (option(settings, "video-codec") == QLatin1String("copy") && hasWatermark(settings))
+        return Message(Code::CopyTouched, {QStringLiteral("video-codec")});
+    const Message error = planTracks(forAnyClip(settings), usualClip(settings, container), {}, container).error;
+    const bool isExact = option(settings, "size").endsWith(QLatin1String(",exact"));
+    switch (error.code()) {
+    case Code::SizeNotForCodec:
+    case Code::OddSize:
+        return isExact ? error : Message();
+    case Code::CropTooSmall:
+        return {}; // Of another frame more may be left.
+    default:
+        return error;
+    }
 }
 
 Values takenOptions(const TracksPlan& plan)

@@ -41,6 +41,8 @@ QString spaceOf(const QString& matrix);
 
 /// The type \a name where it is selected, else null.
 const TypeSettings* selectedType(const Settings& settings, const char* name);
+/// Whether there is a watermark to draw, wherever it lies.
+bool hasWatermark(const Settings& settings);
 /// The first selected track of subtitles, which is the one that is shown; null without.
 const Item* shownSubtitle(const Settings& settings);
 /// Opacity, 0 to 255, from "sub_transparency" and "sub_transfactor", cut off as that of a watermark is.

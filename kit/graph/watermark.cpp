@@ -3,6 +3,8 @@
 
 #include <zokit/graph.h>
 
+#include <algorithm>
+
 #include <QFileInfo>
 #include <QPixmap>
 
@@ -41,6 +43,12 @@ QRect rectangleOf(const Values& watermark)
 }
 
 } // namespace
+
+bool hasWatermark(const Settings& settings)
+{
+    const TypeSettings* watermarks = selectedType(settings, "Watermark");
+    return watermarks && std::any_of(watermarks->items.cbegin(), watermarks->items.cend(), isShown);
+}
 
 QImage watermarkPicture(const Settings& settings)
 {

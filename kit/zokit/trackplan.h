@@ -69,8 +69,9 @@ ZOKIT_EXPORT QString containerOf(const QString& path);
 /// \a input means, else mkv.
 ZOKIT_EXPORT QString containerFor(const Settings& settings, const QString& input);
 
-/// Which output option of \a settings is refused for any clip: a codec that \a container cannot hold, a quality or an
-/// encoder speed that means nothing to the codec. Empty: none.
+/// What of \a settings is refused for any clip: a codec that \a container cannot hold, a quality, an encoder speed, a
+/// pixel format or an exact size that is not for the codec, "copy" of what another setting changes, a speed of nothing.
+/// Empty: nothing that is known without the clip.
 ZOKIT_EXPORT Message checkCodecs(const Settings& settings, const QString& container);
 
 /// What becomes of the tracks of \a media and of \a files, which hold what was found out about namedTrackFiles(). A

@@ -215,6 +215,11 @@ void TestZoconvert::refusalsNameWhatWasTyped_data()
             "--text \\xff is not in UTF-8.");
     refused("a value out of bounds", {"settings", "a.zoeffect.json", "--set", "Color:bcs_contrast=400"},
             "a.zoeffect.json: Color:bcs_contrast: 400 is not between -50 and 50.");
+    refused("a value out of bounds for a clip that is not there",
+            {"settings", "nix.mkv", "--set", "Color:bcs_contrast=400"},
+            "nix.mkv: Color:bcs_contrast: 400 is not between -50 and 50.");
+    refused("a moment that is none, of a clip that is not there", {"preview", "nix.mkv", "--time", "-1"},
+            "--time: -1 is no number of seconds, for example 12.5.");
     refused("a misspelt key", {"settings", "a.zoeffect.json", "--set", "Color:contrast=4"},
             "a.zoeffect.json: Color has no property contrast. Did you mean bcs_contrast?");
     refused("an item that is not there", {"settings", "a.zoeffect.json", "--set", "Watermark:0:wm_fontsize=20"},

@@ -178,9 +178,53 @@ void TestZoconvertConvert::aRunMakesItsFiles_data()
         "zoconvert: webm cannot hold h264. Choose another container, for example mkv, or another codec.\n");
     row("a quality that does not fit", {"clip.mp4", "--video-codec", "h264", "--quality", "60"}, 2, "",
         "zoconvert: Output:quality: 60 is not between 0 and 51.\n");
+    const char* copyTouched = "zoconvert: video-codec copy leaves the track as it is, but another setting changes it. "
+                              "Leave out one of the two.\n";
+    const auto wrongForAny = [](const char* name, const Arguments& arguments, const char* err) {
+        row(name, Arguments{"nix.mkv"} + arguments, 2, "", err);
+    };
+    wrongForAny("a quality of the usual codec", {"--quality", "60"},
+                "zoconvert: Output:quality: 60 is not between 0 and 51.\n");
+    wrongForAny("an encoder speed of the usual codec", {"--container", "webm", "--encoder-speed", "9"},
+                "zoconvert: Output:encoder-speed: 9 is none of 0, 1, 2, 3, 4, 5, 6, 7, 8.\n");
+    wrongForAny("a pixel format of the usual codec", {"--pixel-format", "nv12"},
+                "zoconvert: h264 takes no pixel format nv12. Take yuv420p, or source.\n");
+    wrongForAny("an exact size for another codec", {"--video-codec", "hevc", "--size", "12x20,exact"},
+                "zoconvert: 12x20: hevc takes pictures with sides of 16 to 65535 pixels. Take another size, or another "
+                "codec.\n");
+    wrongForAny("an uneven size", {"--size", "101x100,exact"},
+                "zoconvert: 101x100: with yuv420p width and height have to be even. Take another size, or a pixel "
+                "format like yuv444p.\n");
+    wrongForAny("a copy of another quality", {"--video-codec", "copy", "--quality", "20"}, copyTouched);
+    wrongForAny("a copy with a text", {"--video-codec", "copy", "--text", "A"}, copyTouched);
+    wrongForAny("a copy with an image", {"--video-codec", "copy", "--image", "logo.png"}, copyTouched);
+    wrongForAny("a copy in other colours", {"--set", "Output:video-codec=copy", "--set", "Color:bcs_contrast=20"},
+                copyTouched);
+    wrongForAny("a copy of a part", {"--video-codec", "copy", "--crop", "0,0,80%,100%"}, copyTouched);
+    wrongForAny("a copy of all but an edge", {"--video-codec", "copy", "--crop", "8,0,100,100"}, copyTouched);
+    wrongForAny("a copy with a subtitle", {"--video-codec", "copy", "--subtitle", "films/notes.txt"}, copyTouched);
+    wrongForAny("a copy of another bit rate", {"--audio-codec", "copy", "--audio-bitrate", "96"},
+                "zoconvert: audio-codec copy leaves the track as it is, but another setting changes it. Leave out one "
+                "of the two.\n");
+    wrongForAny("a speed of nothing",
+                {"--set", "Audio_Speed:audio_effect_flag=true", "--set", "Audio_Speed:audio_speed_factor=0"},
+                "zoconvert: Audio_Speed:audio_speed_factor: with 0 nothing would ever be heard or seen. Take 1 to 200 "
+                "percent.\n");
+    wrongForAny("a value out of bounds", {"--set", "Color:bcs_contrast=400"},
+                "zoconvert: nix.mkv: Color:bcs_contrast: 400 is not between -50 and 50.\n");
+    wrongForAny("a crop of three numbers", {"--crop", "1,2,3"},
+                "zoconvert: nix.mkv: --crop: 1,2,3 is not X,Y,W,H in pixels or percent, for example "
+                "10%,0,80%,100%.\n");
+    wrongForAny("an image that is not there", {"--image", "nix.png"}, "zoconvert: nix.mkv: nix.png: no such file.\n");
+    for (const QList<QByteArray>& rest : {Arguments{"--crop", "0,0,100,100%", "--video-codec", "copy"}, // Of its size?
+                                          Arguments{"--crop", "0,0,9999,9999"}, Arguments{"--size", "1x1"},
+                                          Arguments{"--set", "Subtitle:7:sub_fontsize=20"}})
+        row(("left to the clip: " + rest.at(1)).constData(), Arguments{"nix.mkv"} + rest, 1, "",
+            "zoconvert: nix.mkv: no such file.\n");
     row("an edit that does not fit", {"films", "clip.mp4", "--crop", "0,0,200,120"}, 2, "",
         "zoconvert: films/one.mp4: --crop: 0,0,200,120 leaves the frame of 160x120.\n");
-    row("a preset that is not there", {"clip.mp4", "--preset", "mine"}, 2, "", "zoconvert: There is no preset mine.\n");
+    row("a preset that is not there", {"clip.mp4", "--preset", "mine"}, 2, "",
+        "zoconvert: clip.mp4: There is no preset mine.\n");
     row("an image that is not there", {"logo.zoeffect.json"}, 2, "",
         "zoconvert: logo.zoeffect.json: Watermark:0:wm_imageurl: FOLDER/gone.png: no such file. Bring it back, or "
         "choose another.\n");
