@@ -201,7 +201,7 @@ public:
         all << m_outputs << QStringLiteral("-map_metadata") << QStringLiteral("0") << m_chapters;
         if (m_job.threads > 0)
             all << QStringLiteral("-threads") << QString::number(m_job.threads);
-        if ((m_hasSoundFile || m_encodesLines) && m_part.result > 0)
+        if (m_hasSoundFile && m_part.result > 0)
             all << QStringLiteral("-t") << argumentNumber(m_part.result);
         else if (m_loops)
             all << QStringLiteral("-shortest");
@@ -283,7 +283,7 @@ private:
         }
         const char letter = letterOf(track.track.kind);
         const bool isEncodedPicture = letter == 'v' && track.fate == TrackFate::Encoded;
-        const int input = isEncodedPicture ? 0 : inputOf(track, letter);
+        const int input = isEncodedPicture ? 0 : inputOf(place, letter);
         const bool first = m_counts[letter] == 0;
         const QString which = next(letter);
         m_outputs << QStringLiteral("-map")
@@ -302,9 +302,23 @@ private:
             return;
         if (letter == 's')
             m_outputs << lineTimes(track, which);
+        if (track.isScripted) // Which does not say it.
+            m_outputs << namesOf(track.track, which);
         const bool anySelected = isAnySelected(track.track.kind);
         const bool isDefault = anySelected ? track.isSelected && first : track.track.isDefault;
         m_outputs << QStringLiteral("-disposition") + which << dispositionOf(stream, isDefault);
+    }
+
+    /// What a track is called.
+    static QStringList namesOf(const Track& track, const QString& which)
+    {
+        QStringList names;
+        const QString option = QStringLiteral("-metadata:s") + which;
+        if (!track.language.isEmpty())
+            names << option << QStringLiteral("language=") + track.language;
+        if (!track.title.isEmpty())
+            names << option << QStringLiteral("title=") + track.title;
+        return names;
     }
 
     /// Under the other name that there is, players of one make find no picture.
@@ -327,9 +341,12 @@ private:
         return false;
     }
 
-    int inputOf(const TrackPlan& track, char letter)
+    int inputOf(int place, char letter)
     {
-        const QString file = track.isScripted ? m_helpers.softScript : track.file;
+        const TrackPlan& track = m_plan.tracks.at(place);
+        if (track.isScripted)
+            return addInput({}, m_helpers.scripts.value(place));
+        const QString& file = track.file;
         if (!file.isEmpty()) {
             QStringList options;
             if (track.loops) {
@@ -339,7 +356,7 @@ private:
                 options = QStringList{QStringLiteral("-itsoffset"), argumentNumber(startOf(file) - m_part.from)};
                 if (m_part.isTrimmed)
                     options << QStringLiteral("-t") << argumentNumber(m_part.seconds);
-            } else if (!track.isScripted) {
+            } else {
                 options = partOptions(m_part);
                 if (letter == 's')
                     options << letterOptions(file);
@@ -377,19 +394,15 @@ private:
     }
 
     /// No filter reaches subtitles. Lines from before the part would begin before its first frame, which all else would
-    /// wait for; and a line that is shown at another time is still as long as it was. A script is cut already.
-    QStringList lineTimes(const TrackPlan& track, const QString& which)
+    /// wait for; and a line that is shown at another time is still as long as it was. A script has its times already.
+    QStringList lineTimes(const TrackPlan& track, const QString& which) const
     {
-        const bool isCopied = track.fate != TrackFate::Converted || track.isRestyled;
         const bool isAtKeyFrame = m_media.picture() && m_plan.videoCodec.isEmpty();
-        const bool isCut = m_part.isTrimmed && !isAtKeyFrame && !track.isScripted;
         const QString option = QStringLiteral("-bsf") + which;
-        if (!isCopied) { // Times that ffmpeg 5.1 encodes cannot be set: the unit changes after the first line.
-            m_encodesLines = m_encodesLines || isCut;
-            return isCut ? QStringList{option, QStringLiteral("noise=drop='lt(pts,0)'")} : QStringList();
-        }
         const QString rate = argumentNumber(1 / m_speed);
-        if (isCut)
+        if (track.fate == TrackFate::Converted)
+            return {};
+        if (m_part.isTrimmed && !isAtKeyFrame)
             return {option, QStringLiteral("noise=drop='lt(pts+d*%1,0)*gt(d,0)',setts=ts='max(TS,0)':"
                                            "duration='max(min(PTS+DURATION*%1,%2/TB)-max(PTS,0),0)'")
                                 .arg(rate, argumentNumber(m_part.result))};
@@ -415,11 +428,7 @@ private:
         const bool isMp4 = m_plan.container == QLatin1String("mp4") || m_plan.container == QLatin1String("mov");
         if (isMp4 && hasRareFrames(stream))
             m_outputs << QStringLiteral("-bf:v:0") << QStringLiteral("0");
-        // A graph loses what the track is called.
-        if (!stream.track.language.isEmpty())
-            m_outputs << QStringLiteral("-metadata:s:v:0") << QStringLiteral("language=") + stream.track.language;
-        if (!stream.track.title.isEmpty())
-            m_outputs << QStringLiteral("-metadata:s:v:0") << QStringLiteral("title=") + stream.track.title;
+        m_outputs << namesOf(stream.track, QStringLiteral(":v:0")); // A graph loses them.
     }
 
     void encodeSound(const TrackPlan& track, const MediaStream& stream, int place)
@@ -484,13 +493,13 @@ private:
     int m_slowInput = -1;
     int m_coverCount = 0;
     bool m_hasSoundFile = false;
-    bool m_encodesLines = false; ///< Which go on behind the end of a part.
     bool m_loops = false;
 };
 
 } // namespace
 
-Command extractCommand(const Tools& tools, const MediaInfo& media, const SubtitlePlan& plan, const QString& fonts)
+Command extractCommand(const Tools& tools, const MediaInfo& media, const SubtitlePlan& plan, const QString& fonts,
+                       double begin, double end)
 {
     const bool isFile = plan.stream < 0;
     QStringList arguments = begun("error");
@@ -502,6 +511,10 @@ Command extractCommand(const Tools& tools, const MediaInfo& media, const Subtitl
                 arguments << QStringLiteral("-dump_attachment:%1").arg(stream.track.index)
                           << fileArgument(fonts + QStringLiteral("/font%1").arg(stream.track.index));
         }
+        if (begin > 0)
+            arguments << QStringLiteral("-ss") << argumentNumber(begin);
+        if (end > 0)
+            arguments << QStringLiteral("-t") << argumentNumber(end - begin);
         arguments << guardedInput(media.file);
     }
     arguments << QStringLiteral("-map") << (isFile ? QStringLiteral("0:s:0") : QStringLiteral("0:%1").arg(plan.stream))

@@ -36,9 +36,18 @@ using Code = Message::Code;
 /// One child of the preparation: what it is for, and what it makes.
 struct Step {
     enum What { KeyFrame, Extract, Cover, Measure } what = KeyFrame;
-    int number = 0; ///< Stream of a cover, place of a track to be measured.
+    int number = 0; ///< Stream of a cover, place of a track to be measured or written anew; burnedIn: none.
     Command command;
 };
+
+constexpr int burnedIn = -1;
+
+/// Where the lines of a track are read from that is cut to \a part: what is shown for longer than this is rare.
+double begunBefore(const ClipPart& part)
+{
+    constexpr double longest = 120;
+    return std::max(part.from - longest, 0.0);
+}
 
 FailureKind kindOf(const ChildResult& result)
 {
@@ -136,7 +145,8 @@ public:
     void startChild(bool collected);
     void convert();
     void ended(const ChildResult& result);
-    bool takeSubtitle(const ChildResult& result);
+    Step scriptStep(int place) const;
+    bool takeSubtitle(int place, const ChildResult& result);
     void took(const Step& step, const ChildResult& result);
     void readProgress(const QByteArray& piece);
     void converted(const ChildResult& result);
@@ -297,7 +307,7 @@ bool Conversion::Private::writeHelper(const QString& name, const QByteArray& byt
 QString Conversion::Private::endangered() const
 {
     static const QRegularExpression helper(
-        QStringLiteral("\\A(watermark\\.png|chapters\\.txt|subtitles\\.ass|extracted\\.ass|cover[0-9]+)\\z"));
+        QStringLiteral("\\A(watermark\\.png|chapters\\.txt|subtitles[0-9]*\\.ass|extracted\\.ass|cover[0-9]+)\\z"));
     for (const QString& source : namedFiles(m_job.settings) + QStringList{m_job.input}) {
         const QFileInfo info(source);
         if (helper.match(info.fileName()).hasMatch() && isSameFile(info.absolutePath(), m_folder))
@@ -315,7 +325,8 @@ bool Conversion::Private::makeHelpers()
     const QImage watermark = m_plan.videoCodec.isEmpty() ? QImage() : watermarkPicture(m_job.settings);
     const bool ownChapters = !m_media.chapters.isEmpty()
                              && (clipPart(m_job.settings, m_media).isTrimmed || speedFactor(m_job.settings) != 1);
-    const bool extracts = m_plan.subtitle.use == SubtitleUse::BurnText
+    const bool burnsText = m_plan.subtitle.use == SubtitleUse::BurnText;
+    const bool extracts = burnsText
                           || std::any_of(m_plan.tracks.cbegin(), m_plan.tracks.cend(),
                                          [](const TrackPlan& track) { return track.isScripted; });
     const bool hasCovers = std::any_of(m_plan.tracks.cbegin(), m_plan.tracks.cend(),
@@ -340,13 +351,16 @@ bool Conversion::Private::makeHelpers()
     const ClipPart part = clipPart(m_job.settings, m_media);
     if (part.isTrimmed && part.from > 0 && m_media.picture() && m_plan.videoCodec.isEmpty())
         m_steps.append({Step::KeyFrame, 0, keyFrameCommand(m_tools, m_media, part.from)});
-    if (extracts) {
+    if (burnsText) {
         m_helpers.subtitleFonts = fontsFolder(m_plan.subtitle, m_media, m_folder);
-        m_steps.append({Step::Extract, 0, extractCommand(m_tools, m_media, m_plan.subtitle, m_helpers.subtitleFonts)});
+        m_steps.append(
+            {Step::Extract, burnedIn, extractCommand(m_tools, m_media, m_plan.subtitle, m_helpers.subtitleFonts)});
     }
     for (int i = 0; i < m_plan.tracks.size(); ++i) {
         const TrackPlan& track = m_plan.tracks.at(i);
-        if (track.fate == TrackFate::Attached) {
+        if (track.isScripted) {
+            m_steps.append(scriptStep(i));
+        } else if (track.fate == TrackFate::Attached) {
             const int stream = track.track.index;
             const QString file = m_folder + QStringLiteral("/cover%1").arg(stream);
             m_helpers.covers.insert(stream, file);
@@ -380,28 +394,42 @@ void Conversion::Private::startChild(bool collected)
         m_child.pause();
 }
 
-bool Conversion::Private::takeSubtitle(const ChildResult& result)
+/// Reads the lines of the track at \a place of the plan.
+Step Conversion::Private::scriptStep(int place) const
 {
-    const QVector<Item>& tracks = m_job.settings.find(QStringLiteral("Subtitle"))->items;
-    const Item& track = tracks.at(m_plan.subtitle.position);
-    ScriptParts parts;
-    parts.frame = baseFrame(m_job.settings);
-    parts.hasOwnStyles = m_plan.subtitle.hasOwnStyles;
-    parts.soft = m_plan.subtitle.use == SubtitleUse::Soft;
-    OwnSubtitles own = ownSubtitles(result.output, track.values, parts);
-    if (parts.soft) {
-        const bool isRestyled = std::any_of(m_plan.tracks.cbegin(), m_plan.tracks.cend(),
-                                            [](const TrackPlan& plan) { return plan.isRestyled; });
-        if (!isRestyled)
-            own.script = result.output;
-        if (const ClipPart part = clipPart(m_job.settings, m_media); part.isTrimmed)
-            own.script = cutToPart(own.script, part.from, part.seconds);
+    const TrackPlan& track = m_plan.tracks.at(place);
+    const ClipPart part = clipPart(m_job.settings, m_media);
+    SubtitlePlan lines;
+    lines.file = track.file;
+    lines.stream = track.file.isEmpty() ? track.track.index : -1;
+    const double end = part.isTrimmed ? part.from + part.seconds : 0;
+    return {Step::Extract, place, extractCommand(m_tools, m_media, lines, QString(), begunBefore(part), end)};
+}
+
+bool Conversion::Private::takeSubtitle(int place, const ChildResult& result)
+{
+    const bool isBurned = place == burnedIn;
+    QByteArray script = result.output;
+    if (isBurned || m_plan.tracks.at(place).isSelected) {
+        const QVector<Item>& tracks = m_job.settings.find(QStringLiteral("Subtitle"))->items;
+        ScriptParts parts;
+        parts.frame = baseFrame(m_job.settings);
+        parts.hasOwnStyles = m_plan.subtitle.hasOwnStyles;
+        parts.soft = !isBurned;
+        const OwnSubtitles own = ownSubtitles(script, tracks.at(m_plan.subtitle.position).values, parts);
+        if (own.events == 0)
+            warn(Message(Code::NoSubtitleLines));
+        m_helpers.subtitleInColour = own.inColour;
+        if (isBurned || m_plan.tracks.at(place).isRestyled)
+            script = own.script;
     }
-    if (own.events == 0)
-        warn(Message(Code::NoSubtitleLines));
-    QString* place = parts.soft ? &m_helpers.softScript : &m_helpers.subtitleScript;
-    m_helpers.subtitleInColour = own.inColour;
-    return writeHelper(QStringLiteral("subtitles.ass"), own.script, place);
+    if (isBurned)
+        return writeHelper(QStringLiteral("subtitles.ass"), script, &m_helpers.subtitleScript);
+    const TrackPlan& track = m_plan.tracks.at(place);
+    const ClipPart part = clipPart(m_job.settings, m_media);
+    const double begun = track.file.isEmpty() ? begunBefore(part) : 0;
+    script = cutToPart(script, part.from - begun, part.seconds, speedFactor(m_job.settings));
+    return writeHelper(QStringLiteral("subtitles%1.ass").arg(place), script, &m_helpers.scripts[place]);
 }
 
 void Conversion::Private::took(const Step& step, const ChildResult& result)
@@ -409,7 +437,7 @@ void Conversion::Private::took(const Step& step, const ChildResult& result)
     if (!(result.isGood() && isWritten(result)) && step.what != Step::KeyFrame)
         return fail(reasonOf(result, step.command), kindOf(result));
     if (step.what == Step::Extract) {
-        if (!takeSubtitle(result))
+        if (!takeSubtitle(step.number, result))
             return;
     } else if (step.what == Step::KeyFrame) {
         const double from = clipPart(m_job.settings, m_media).from;

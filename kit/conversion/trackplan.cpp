@@ -390,10 +390,11 @@ private:
             plan.fate = TrackFate::Converted;
             plan.why = Message(Code::LettersNotUtf8);
         }
-        if (!plan.file.isEmpty() && m_part.isTrimmed && !isBitmapSubtitle(codec)) {
+        if (!plan.file.isEmpty() && m_part.isTrimmed && !isBitmapSubtitle(codec))
             plan.fate = TrackFate::Converted;
+        // ffmpeg 5.1 sets no times of lines that it encodes: the unit changes after the first one.
+        if (plan.fate == TrackFate::Converted && (m_part.isTrimmed || speedFactor(m_settings) != 1))
             plan.isScripted = true;
-        }
         if (takesStyle(plan) && !plan.isRestyled)
             m_plan.warnings.append(Message(Code::StyleLost, {m_plan.container}));
         m_plan.tracks.append(plan);

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 #include <QRegularExpression>
 
@@ -33,13 +34,13 @@ constexpr int hundredths = 100; // Of a second: the unit of a script's times.
 constexpr int minute = 60;
 constexpr int hour = 60 * minute;
 
-/// Of "H:MM:SS.CC"; -1 where it is none.
-qint64 hundredthsOf(const QString& time)
+/// Of "H:MM:SS.CC"; nothing where it is none. Of a moment before the first ffmpeg writes each part with a minus.
+std::optional<qint64> hundredthsOf(const QString& time)
 {
-    static const QRegularExpression form(QStringLiteral(R"(\A\s*(\d+):(\d\d):(\d\d)\.(\d\d)\s*\z)"));
+    static const QRegularExpression form(QStringLiteral(R"(\A\s*(-?\d+):(-?\d+):(-?\d+)\.(-?\d+)\s*\z)"));
     const QRegularExpressionMatch match = form.match(time);
     if (!match.hasMatch())
-        return -1;
+        return std::nullopt;
     const qint64 seconds =
         match.captured(1).toLongLong() * hour + match.captured(2).toLongLong() * minute + match.captured(3).toInt();
     return seconds * hundredths + match.captured(4).toInt();
@@ -143,23 +144,22 @@ QString withoutCommands(const QString& text, bool place, bool colour, bool font)
     return result + text.mid(end);
 }
 
-QByteArray cutToPart(const QByteArray& ass, double from, double seconds)
+QByteArray cutToPart(const QByteArray& ass, double from, double seconds, double speed)
 {
     static const QRegularExpression dialogue(QStringLiteral(R"(\ADialogue:([^,]*),([^,]*),([^,]*),(.*)\z)"));
-    const qint64 begin = std::llround(from * hundredths);
-    const qint64 length = std::llround(seconds * hundredths);
+    const double length = seconds > 0 ? seconds : HUGE_VAL;
+    const auto moved = [&](qint64 time) {
+        return timeOf(std::llround(std::clamp(double(time) / hundredths - from, 0.0, length) / speed * hundredths));
+    };
     QStringList lines;
     for (const QString& line : QString::fromUtf8(ass).split(QLatin1Char('\n'))) {
         const QRegularExpressionMatch match = dialogue.match(line);
-        const qint64 start = match.hasMatch() ? hundredthsOf(match.captured(2)) : -1;
-        const qint64 end = match.hasMatch() ? hundredthsOf(match.captured(3)) : -1;
-        if (start < 0 || end < 0) {
+        const std::optional<qint64> start = hundredthsOf(match.captured(2));
+        const std::optional<qint64> end = hundredthsOf(match.captured(3));
+        if (!start || !end)
             lines.append(line);
-        } else if (end > begin && start < begin + length) {
-            const QStringList fields{match.captured(1), timeOf(std::max(start - begin, qint64(0))),
-                                     timeOf(std::min(end - begin, length)), match.captured(4)};
-            lines.append(QStringLiteral("Dialogue:") + fields.join(QLatin1Char(',')));
-        }
+        else if (const QString begun = moved(*start), ended = moved(*end); begun != ended)
+            lines.append(QStringLiteral("Dialogue:%1,%2,%3,").arg(match.captured(1), begun, ended) + match.captured(4));
     }
     return lines.join(QLatin1Char('\n')).toUtf8();
 }

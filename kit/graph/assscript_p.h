@@ -34,8 +34,8 @@ bool hasColourCommands(const QString& text);
 /// \a text without its commands ("{\\pos(10,20)}") of these kinds.
 QString withoutCommands(const QString& text, bool place, bool colour, bool font);
 
-/// The script \a ass of what is shown in the \a seconds from \a from on: times count from there, and what is seen
-/// outside of it alone is left out.
-QByteArray cutToPart(const QByteArray& ass, double from, double seconds);
+/// The script \a ass of what is shown in the \a seconds from \a from on, to its end where they are 0, at \a speed:
+/// times count from there, and what is seen outside of it alone is left out.
+QByteArray cutToPart(const QByteArray& ass, double from, double seconds, double speed);
 
 } // namespace zokit

@@ -45,19 +45,20 @@ struct ZOKIT_EXPORT HelperFiles {
     QString subtitleScript;        ///< Own script of the subtitle that is burned in; empty: none.
     bool subtitleInColour = false; ///< OwnSubtitles::inColour of it.
     QString subtitleFonts;         ///< Folder of the fonts that the clip brings for it; empty: none.
-    QString softScript;        ///< Own script of the subtitle that becomes a track; empty: none, or it is as it was.
-    QString chapters;          ///< Where the clip's own do not fit: as ffmpeg's metadata; empty: the clip's own.
-    QMap<int, QString> covers; ///< By stream number.
-    QMap<int, double> gains;   ///< Decibels by place in TracksPlan::tracks.
+    QMap<int, QString> scripts;    ///< Of tracks that are written anew, by place in TracksPlan::tracks.
+    QString chapters;              ///< Where the clip's own do not fit: as ffmpeg's metadata; empty: the clip's own.
+    QMap<int, QString> covers;     ///< By stream number.
+    QMap<int, double> gains;       ///< Decibels by place in TracksPlan::tracks.
 };
 
 /// \name What is started, as data
 /// @{
 
 /// Writes the subtitle of \a plan to standard output as ASS, and the fonts that are attached to the clip into the
-/// folder \a fonts, where one is named.
+/// folder \a fonts, where one is named. Of the clip all is read up to \a end seconds, where it is not 0, and from
+/// \a begin on: times count from there.
 ZOKIT_EXPORT Command extractCommand(const Tools& tools, const MediaInfo& media, const SubtitlePlan& plan,
-                                    const QString& fonts = QString());
+                                    const QString& fonts = QString(), double begin = 0, double end = 0);
 /// Writes a cover to \a file as it is.
 ZOKIT_EXPORT Command coverCommand(const Tools& tools, const MediaInfo& media, int stream, const QString& file);
 /// Measures the peak of a track: its words are for measuredPeak().

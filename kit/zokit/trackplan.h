@@ -38,7 +38,7 @@ struct ZOKIT_EXPORT TrackPlan {
     bool loops = false;      ///< A sound file that begins again until the picture ends.
     bool hasEffects = false; ///< All sound effects apply; else, at most, the change of speed.
     bool isRestyled = false; ///< A subtitle track that takes the style of its item.
-    bool isScripted = false; ///< A subtitle track that is written anew: restyled, or a file that is cut to a part.
+    bool isScripted = false; ///< A subtitle track that is written anew: restyled, or converted at other times.
     Message why;             ///< Why it is left out, or encoded unasked.
 
     /// A line for people: "track 1 (audio, eng, aac): copied".

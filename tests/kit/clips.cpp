@@ -124,6 +124,7 @@ constexpr Recipe recipes[] = {
     {"rising.wav",       "-f lavfi -i aevalsrc=t:s=8000:d=1"}, // Sample N is 4.096 N.
     {"deep.wav",         "-f lavfi -i aevalsrc=-1/2:s=8000:d=1"},
     {"talking.mkv",      "-f lavfi -i testsrc2=s=160x120:r=25:d=2 -f srt -i {talk.srt} " X264 "-c:s srt"},
+    {"long.mkv",         "-f lavfi -i testsrc2=s=64x48:r=2:d=127 -f srt -i {long.srt} " X264 "-g 250 -c:s srt"},
     {"late-picture.mkv", "-itsoffset 0.5 -i {silent.mkv} -i {sound.wav} -map 0 -map 1 -c:v copy"},
     {"streamed.mkv",     "-i {plain.mp4} -c copy -seekable 0"}, // No length in it, as written to a pipe.
 };
@@ -143,6 +144,8 @@ constexpr Text texts[] = {
     {"text.srt",     "1\n00:00:00,100 --> 00:00:00,300\nHello\n"},
     {"talk.srt",     "1\n00:00:00,500 --> 00:00:00,600\nOne\n\n2\n00:00:01,000 --> 00:00:01,200\nTwo\n\n"
                      "3\n00:00:01,600 --> 00:00:01,800\nThree\n"},
+    {"long.srt",     "1\n00:00:01,000 --> 00:02:05,000\nTitle\n\n2\n00:00:02,000 --> 00:00:03,500\nGone\n\n"
+                     "3\n00:02:05,500 --> 00:02:06,500\nEnd\n"},
     {"serif.ass",    SCRIPT("DejaVu Serif")},
     {"brought.ass",  SCRIPT("ZoJaVu Serif")},
     {"chapters.txt", ";FFMETADATA1\ntitle=Feature\n[CHAPTER]\nTIMEBASE=1/1000\nSTART=0\nEND=200\ntitle=One\n"

@@ -69,7 +69,15 @@ void TestKitConversionTimes::timesAreKept_data()
     row("a part that begins and ends within lines, slower", "talking.mkv", "mkv", with(slow, "Output:trim", between),
         "s", "0+200 1800+400");
     row("a part that begins within a line, of another format", "talking.mkv", "webm",
-        {{QStringLiteral("Output:trim"), between}}, "s", "450+200");
+        {{QStringLiteral("Output:trim"), between}}, "s", "0+50 450+100");
+    row("subtitles of another format, faster", "talking.mkv", "webm", with(fast, "Output:audio-codec", "opus"), "s",
+        "250+50 500+100 800+100");
+    row("subtitles of a third format, faster", "talking.mkv", "mp4", with(fast, "Output:audio-codec", "opus"), "s",
+        "0+250 250+50 300+200 500+100 600+200 800+100"); // Nothing is shown between them.
+    row("a part of a long clip", "long.mkv", "webm", {{QStringLiteral("Output:trim"), QVariantList{124.0, 126.0}}}, "s",
+        "0+1000 1500+500");
+    row("subtitles of a part, of another format, slower", "talking.mkv", "webm",
+        with(with(slow, "Output:audio-codec", "opus"), "Output:trim", part), "s", "400+400 2400+800");
     row("a part behind a line", "talking.mkv", "mkv", {{QStringLiteral("Output:trim"), QVariantList{0.9, 1.5}}}, "s",
         "100+200");
 

@@ -601,6 +601,13 @@ const Words allWords[] = {
          g.stream(1).channels = 6;
      },
      "-filter:a:0|aformat=channel_layouts=7.1|6.1|5.1|5.0|quad|3.0|stereo|-c:a:0|libopus|-b:a:0|384k|"},
+    {"lines of another format, of a part", "mp4",
+     [](Given& g) {
+         g.option("trim", QVariantList{1.0, 2.0});
+         g.stream(3).track.language = key("deu");
+         g.stream(3).track.title = key("All");
+     },
+     "-map|1:0|-c:s:0|mov_text|-metadata:s:s:0|language=deu|-metadata:s:s:0|title=All|-disposition:s:0|"},
     {"channels that FLAC takes", "mkv",
      [](Given& g) {
          g.option("audio-codec", key("flac"));
