@@ -801,7 +801,8 @@ private slots:
     void listenerMayDeleteTheItem()
     {
         const auto values = row<QString, QString>();
-        const QString &key = std::get<0>(values), &type = std::get<1>(values);
+        const QString& key = std::get<0>(values);
+        const QString& type = std::get<1>(values);
         ZoEffectModel model;
         QVERIFY(model.addDataItem(type, {}));
         const QPointer<Node> item = model.findDataItem(type, 0);

@@ -93,13 +93,15 @@ bool mayBeDecoded(int type, const QByteArray& bytes)
         const int families = int(stream.device()->pos()) + 31; // After numbers of fixed length.
         return families < bytes.size() && count(families) <= bytes.size() / 4;
     }
+    constexpr int bitsOfByte = 8;
+    constexpr int zone = 12; // Behind date and time.
     const bool isPolygon = type == QMetaType::QPolygon || type == QMetaType::QPolygonF;
-    return (type != QMetaType::QBitArray || bytes.size() == 4 + (count(0) + 7) / 8)
+    return (type != QMetaType::QBitArray || bytes.size() == 4 + (count(0) + bitsOfByte - 1) / bitsOfByte)
            && (!isPolygon || bytes.size() == 4 + count(0) * (type == QMetaType::QPolygon ? 8 : 16))
            && (type != QMetaType::QKeySequence
                || ((count(0) == 1 || count(0) == 4) && bytes.size() == 4 + count(0) * 4))
            && (type != QMetaType::QColor || isIn(0, QColor::Invalid, QColor::ExtendedRgb))
-           && (type != QMetaType::QDateTime || isIn(12, Qt::LocalTime, Qt::OffsetFromUTC));
+           && (type != QMetaType::QDateTime || isIn(zone, Qt::LocalTime, Qt::OffsetFromUTC));
 }
 
 std::optional<QVariant> fromPayload(int type, const QByteArray& bytes)
@@ -122,14 +124,30 @@ std::optional<QVariant> fromPayload(int type, const QByteArray& bytes)
 constexpr std::array namedWeights{0, 12, 25, 50, 57, 63, 75, 81, 87};
 constexpr bool isQt6 = QT_VERSION >= QT_VERSION_CHECK(6, 0, 0);
 
+/// Qt 5's number of a weight.
+int numberOf(int weight)
+{
+    if constexpr (isQt6)
+        return namedWeights.at(std::size_t(qBound(1, weight / 100, int(namedWeights.size()))) - 1);
+    return weight;
+}
+
+QFont::Weight weightOf(int number)
+{
+    if constexpr (isQt6) {
+        const auto named = std::lower_bound(namedWeights.begin(), namedWeights.end() - 1, number);
+        return QFont::Weight(100 * int(named - namedWeights.begin() + 1));
+    }
+    return QFont::Weight(number);
+}
+
 QJsonObject described(const QFont& font)
 {
-    const auto index = std::size_t(qBound(1, font.weight() / 100, 9)) - 1;
     const bool inPixels = font.pixelSize() >= 0;
     return {{QStringLiteral("family"), font.family()},
             {inPixels ? QStringLiteral("pixels") : QStringLiteral("points"),
              inPixels ? font.pixelSize() : font.pointSizeF()},
-            {QStringLiteral("weight"), isQt6 ? namedWeights.at(index) : int(font.weight())},
+            {QStringLiteral("weight"), numberOf(font.weight())},
             {QStringLiteral("italic"), font.italic()},
             {QStringLiteral("underline"), font.underline()},
             {QStringLiteral("strikeout"), font.strikeOut()}};
@@ -141,11 +159,10 @@ QFont fontOf(const QJsonObject& members)
     const double points = members.value(QLatin1String("points")).toDouble();
     const int pixels = members.value(QLatin1String("pixels")).toInt();
     const int weight = qBound(0, members.value(QLatin1String("weight")).toInt(50), 99);
-    const auto index = std::lower_bound(namedWeights.begin(), namedWeights.end() - 1, weight) - namedWeights.begin();
     font.setPointSizeF(points > 0 ? points : font.pointSizeF());
     if (pixels > 0)
         font.setPixelSize(pixels);
-    font.setWeight(QFont::Weight(isQt6 ? 100 * int(index + 1) : weight));
+    font.setWeight(weightOf(weight));
     font.setItalic(members.value(QLatin1String("italic")).toBool());
     font.setUnderline(members.value(QLatin1String("underline")).toBool());
     font.setStrikeOut(members.value(QLatin1String("strikeout")).toBool());
@@ -203,6 +220,7 @@ std::optional<QJsonValue> plain(const QVariant& value)
     const QString text = type == QMetaType::QString ? value.toString() : QStringLiteral("");
     const QColor color = type == QMetaType::QColor ? value.value<QColor>() : QColor(Qt::black);
     const bool isNegativeZero = number == 0 && std::signbit(number);
+    constexpr int opaque = 255;
     const bool isExact = std::isfinite(number) && !isNegativeZero && !text.isNull() && text.isValidUtf16()
                          && color == QColor::fromRgba(color.rgba());
     if (!isExact)
@@ -217,7 +235,7 @@ std::optional<QJsonValue> plain(const QVariant& value)
     case QMetaType::QString:
         return text;
     case QMetaType::QColor:
-        return color.name(color.alpha() == 255 ? QColor::HexRgb : QColor::HexArgb);
+        return color.name(color.alpha() == opaque ? QColor::HexRgb : QColor::HexArgb);
     case QMetaType::QFont:
         return plainFont(value.value<QFont>());
     default:
@@ -227,13 +245,14 @@ std::optional<QJsonValue> plain(const QVariant& value)
 
 std::optional<QVariant> fromPlain(int type, const QJsonValue& json)
 {
+    constexpr double behindInt = 2147483648.0;
     const double number = json.toDouble(0.5); // Which is no whole number.
     const QString text = json.toString();
     const bool isHex = text.startsWith(QLatin1Char('#')) && (text.size() == 7 || text.size() == 9);
     if (type == QMetaType::Bool && json.isBool())
         return json.toBool();
-    if (type == QMetaType::Int && std::fabs(number) <= 2147483648.0 && number == double(qint64(number)))
-        return number == 2147483648.0 ? std::nullopt : std::make_optional<QVariant>(int(number));
+    if (type == QMetaType::Int && std::fabs(number) <= behindInt && number == double(qint64(number)))
+        return number == behindInt ? std::nullopt : std::make_optional<QVariant>(int(number));
     if (type == QMetaType::Double && json.isDouble())
         return number;
     if (type == QMetaType::QString && json.isString())
@@ -254,13 +273,54 @@ bool isPlain(const QVariant& value, const QVariant& defaultValue)
 
 // NOLINTBEGIN(misc-no-recursion): no deeper than maxDepth
 
+std::optional<QJsonValue> write(const QVariant& value, const QVariant& defaultValue, int depth, qint64& room);
+
+std::optional<QJsonValue> writeMap(const QVariantMap& map, int depth, qint64& room)
+{
+    QJsonObject members;
+    for (auto it = map.cbegin(); it != map.cend(); ++it) {
+        room -= it.key().size();
+        const std::optional<QJsonValue> member = write(it.value(), QVariant(), depth + 1, room);
+        if (!member || !it.key().isValidUtf16())
+            return std::nullopt;
+        members.insert(it.key(), *member);
+    }
+    if (members.size() != map.size()) // With Qt 5 a key may stand twice.
+        return std::nullopt;
+    return QJsonObject{{QStringLiteral("map"), members}};
+}
+
+std::optional<QJsonValue> writeList(const QVariantList& list, bool areStrings, int depth, qint64& room)
+{
+    QJsonArray elements;
+    for (const QVariant& each : list) {
+        const auto element = write(each, areStrings ? QVariant(QString()) : QVariant(), depth + 1, room);
+        if (!element)
+            return std::nullopt;
+        elements.append(*element);
+    }
+    return QJsonObject{{areStrings ? QStringLiteral("strings") : QStringLiteral("list"), elements}};
+}
+
+std::optional<QJsonValue> writeStream(const QVariant& value, qint64& room)
+{
+    const int type = value.userType();
+    if (std::find(flatTypes.begin(), flatTypes.end(), type) == flatTypes.end())
+        return std::nullopt;
+    const QByteArray bytes = payload(value);
+    room -= bytes.size();
+    const std::optional<QVariant> back = room >= 0 ? fromPayload(type, bytes) : std::nullopt;
+    if (!back || (type == QMetaType::QFont && !isSame(back->value<QFont>(), value.value<QFont>())))
+        return std::nullopt;
+    return QJsonObject{{QLatin1String(value.typeName()), QString::fromLatin1(bytes.toBase64())}};
+}
+
 /// Takes what it writes off \a room.
 std::optional<QJsonValue> write(const QVariant& value, const QVariant& defaultValue, int depth, qint64& room)
 {
     const int type = value.userType();
     const bool isMap = type == QMetaType::QVariantMap;
     const bool isList = type == QMetaType::QVariantList || type == QMetaType::QStringList;
-    const bool isFlat = std::find(flatTypes.begin(), flatTypes.end(), type) != flatTypes.end();
     room -= 1 + (type == QMetaType::QString ? value.toString().size() : 0);
     if (room < 0 || (depth == maxDepth && (isMap || isList)))
         return std::nullopt;
@@ -272,38 +332,48 @@ std::optional<QJsonValue> write(const QVariant& value, const QVariant& defaultVa
         if (json)
             return isPlain(value, defaultValue) ? *json : QJsonObject{{QLatin1String(word.word), *json}};
     }
-    if (isMap) {
-        QJsonObject members;
-        const QVariantMap map = value.toMap();
-        for (auto it = map.cbegin(); it != map.cend(); ++it) {
-            room -= it.key().size();
-            const std::optional<QJsonValue> member = write(it.value(), QVariant(), depth + 1, room);
-            if (!member || !it.key().isValidUtf16())
-                return std::nullopt;
-            members.insert(it.key(), *member);
-        }
-        if (members.size() != map.size()) // With Qt 5 a key may stand twice.
+    if (isMap)
+        return writeMap(value.toMap(), depth, room);
+    if (isList)
+        return writeList(value.toList(), type == QMetaType::QStringList, depth, room);
+    return writeStream(value, room);
+}
+
+std::optional<QVariant> read(const QJsonValue& json, const QVariant& defaultValue, int depth);
+
+std::optional<QVariant> readMap(const QJsonObject& members, int depth)
+{
+    QVariantMap map;
+    for (auto it = members.begin(); it != members.end(); ++it) {
+        const std::optional<QVariant> member = read(it.value(), QVariant(), depth + 1);
+        if (!member)
             return std::nullopt;
-        return QJsonObject{{QStringLiteral("map"), members}};
+        map.insert(it.key(), *member);
     }
-    if (isList) {
-        QJsonArray elements;
-        const QVariantList list = value.toList();
-        const bool areStrings = type == QMetaType::QStringList;
-        for (const QVariant& each : list) {
-            const auto element = write(each, areStrings ? QVariant(QString()) : QVariant(), depth + 1, room);
-            if (!element)
-                return std::nullopt;
-            elements.append(*element);
-        }
-        return QJsonObject{{areStrings ? QStringLiteral("strings") : QStringLiteral("list"), elements}};
+    return map;
+}
+
+std::optional<QVariant> readList(const QJsonArray& elements, bool areStrings, int depth)
+{
+    QVariantList list;
+    for (const QJsonValue& each : elements) {
+        const auto element = read(each, areStrings ? QVariant(QString()) : QVariant(), depth + 1);
+        if (!element || (areStrings && element->userType() != QMetaType::QString))
+            return std::nullopt;
+        list.append(*element);
     }
-    const QByteArray bytes = isFlat ? payload(value) : QByteArray();
-    room -= bytes.size();
-    const std::optional<QVariant> back = isFlat && room >= 0 ? fromPayload(type, bytes) : std::nullopt;
-    if (!back || (type == QMetaType::QFont && !isSame(back->value<QFont>(), value.value<QFont>())))
-        return std::nullopt;
-    return QJsonObject{{QLatin1String(value.typeName()), QString::fromLatin1(bytes.toBase64())}};
+    return areStrings ? QVariant(QVariant(list).toStringList()) : QVariant(list);
+}
+
+/// Of the type \a name, in Base64.
+std::optional<QVariant> readStream(const QString& name, const QString& text)
+{
+    const auto bytes = QByteArray::fromBase64Encoding(text.toLatin1(), QByteArray::AbortOnBase64DecodingErrors);
+    for (const int type : flatTypes) {
+        if (bytes && name == QLatin1String(anyOf(type).typeName()))
+            return fromPayload(type, *bytes);
+    }
+    return std::nullopt;
 }
 
 std::optional<QVariant> read(const QJsonValue& json, const QVariant& defaultValue, int depth)
@@ -325,36 +395,12 @@ std::optional<QVariant> read(const QJsonValue& json, const QVariant& defaultValu
         if (value)
             return value;
     }
-    if (name == QLatin1String("map") && content.isObject() && depth < maxDepth) {
-        QVariantMap map;
-        const QJsonObject members = content.toObject();
-        for (auto it = members.begin(); it != members.end(); ++it) {
-            const std::optional<QVariant> member = read(it.value(), QVariant(), depth + 1);
-            if (!member)
-                return std::nullopt;
-            map.insert(it.key(), *member);
-        }
-        return map;
-    }
+    if (name == QLatin1String("map") && content.isObject() && depth < maxDepth)
+        return readMap(content.toObject(), depth);
     const bool areStrings = name == QLatin1String("strings");
-    if ((areStrings || name == QLatin1String("list")) && content.isArray() && depth < maxDepth) {
-        QVariantList list;
-        const QJsonArray elements = content.toArray();
-        for (const QJsonValue& each : elements) {
-            const auto element = read(each, areStrings ? QVariant(QString()) : QVariant(), depth + 1);
-            if (!element || (areStrings && element->userType() != QMetaType::QString))
-                return std::nullopt;
-            list.append(*element);
-        }
-        return areStrings ? QVariant(QVariant(list).toStringList()) : QVariant(list);
-    }
-    const auto bytes =
-        QByteArray::fromBase64Encoding(content.toString().toLatin1(), QByteArray::AbortOnBase64DecodingErrors);
-    for (const int type : flatTypes) {
-        if (bytes && content.isString() && name == QLatin1String(anyOf(type).typeName()))
-            return fromPayload(type, *bytes);
-    }
-    return std::nullopt;
+    if ((areStrings || name == QLatin1String("list")) && content.isArray() && depth < maxDepth)
+        return readList(content.toArray(), areStrings, depth);
+    return content.isString() ? readStream(name, content.toString()) : std::nullopt;
 }
 
 // NOLINTEND(misc-no-recursion)
