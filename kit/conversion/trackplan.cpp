@@ -542,7 +542,8 @@ QString containerOf(const QString& path)
     for (const char* name : {"mp4", "mkv", "webm", "mov"})
         if (ending == QLatin1String(name))
             return ending;
-    return ending == QLatin1String("m4v") ? QStringLiteral("mp4") : QString();
+    const bool isMp4 = ending == QLatin1String("m4v") || ending == QLatin1String("m4a");
+    return isMp4 ? QStringLiteral("mp4") : QString();
 }
 
 QString containerFor(const Settings& settings, const QString& input)

@@ -746,6 +746,8 @@ void TestKitTrackPlan::containerIsToldByTheEnding_data()
                                  << "webm";
     QTest::newRow("another name of one") << "/a/film.m4v"
                                          << "mp4";
+    QTest::newRow("sound alone") << "/a/song.M4A"
+                                 << "mp4";
     QTest::newRow("none of them") << "/a/film.avi"
                                   << "";
     QTest::newRow("no ending") << "/a/mkv"
