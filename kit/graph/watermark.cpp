@@ -75,7 +75,9 @@ Messages watermarkWarnings(const Settings& settings)
         if (!isShown(watermark))
             continue;
         const QString path = watermark.values.value(QStringLiteral("wm_imageurl")).toString();
-        if (!isText(watermark.values) && !QFileInfo(path).isFile())
+        if (frame.isEmpty())
+            warnings.append(Message(Code::WatermarkUnseen, {QStringLiteral("Watermark:%1").arg(pos)}));
+        else if (!isText(watermark.values) && !QFileInfo(path).isFile())
             warnings.append(missingFile(path));
         else if (!rectangleOf(watermark.values).intersects(kept))
             warnings.append(Message(Code::WatermarkOutside, {QStringLiteral("Watermark:%1").arg(pos)}));

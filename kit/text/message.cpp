@@ -124,6 +124,7 @@ constexpr Text texts[] = {
     {Code::SizeNotForCodec,  QT_TRANSLATE_NOOP("zokit", "%1: %2 takes pictures with sides of %3 to %4 pixels. Take another size, or another codec.")},
     {Code::MakesEightBits,   QT_TRANSLATE_NOOP("zokit", "%1 leaves eight bits of a picture that has more.")},
     {Code::WatermarkOutside, QT_TRANSLATE_NOOP("zokit", "%1 lies outside of the part that is kept and cannot be seen. Move it, or make the crop larger.")},
+    {Code::WatermarkUnseen,  QT_TRANSLATE_NOOP("zokit", "The clip has no picture, so %1 cannot be seen.")},
     {Code::SubtitlePictures, QT_TRANSLATE_NOOP("zokit", "This track of subtitles consists of pictures: font and colours stay as they are, only place and transparency follow.")},
     {Code::SpeedOfNothing,   QT_TRANSLATE_NOOP("zokit", "Audio_Speed:audio_speed_factor: with 0 nothing would ever be heard or seen. Take 1 to 200 percent.")},
     {Code::NoPicture,        QT_TRANSLATE_NOOP("zokit", "%1 has no picture that can be shown. Choose another file.")},

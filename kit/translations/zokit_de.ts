@@ -1712,6 +1712,10 @@
         <translation>%1 liegt außerhalb des behaltenen Teils und ist nicht zu sehen. Verschieben Sie es oder vergrößern Sie den Zuschnitt.</translation>
     </message>
     <message>
+        <source>The clip has no picture, so %1 cannot be seen.</source>
+        <translation>Die Datei hat kein Bild; %1 ist nicht zu sehen.</translation>
+    </message>
+    <message>
         <source>This track of subtitles consists of pictures: font and colours stay as they are, only place and transparency follow.</source>
         <translation>Diese Untertitelspur besteht aus Bildern: Schrift und Farben bleiben, wie sie sind, nur Ort und Durchsichtigkeit folgen.</translation>
     </message>

@@ -61,8 +61,8 @@ ZOKIT_EXPORT QSize outputSize(const Settings& settings, const QSize& cropped);
 /// All selected watermarks on one transparent picture of baseFrame(): RGBA8888, the opacity apart from the colours.
 /// Null when there is none. Takes a QGuiApplication.
 ZOKIT_EXPORT QImage watermarkPicture(const Settings& settings);
-/// Watermarks that lie outside of what is kept, and images that are missing. Takes a QGuiApplication where there is a
-/// text.
+/// Watermarks that lie outside of what is kept, or of a clip without a picture, and images that are missing. Takes a
+/// QGuiApplication where there is a text.
 ZOKIT_EXPORT Messages watermarkWarnings(const Settings& settings);
 
 } // namespace zokit

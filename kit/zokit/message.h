@@ -125,6 +125,7 @@ public:
         SizeNotForCodec,  ///< 1: the size, 2: the codec, 3, 4: the shortest and the longest side that it takes.
         MakesEightBits,   ///< 1: the frame effect.
         WatermarkOutside, ///< 1: the watermark.
+        WatermarkUnseen,  ///< 1: the watermark.
         SubtitlePictures,
         SpeedOfNothing,
         NoPicture, ///< 1: the path.

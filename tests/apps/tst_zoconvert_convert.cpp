@@ -56,6 +56,7 @@ void fill(const ProgramRun& run)
         QDir().mkpath(run.path(folder));
     for (const char* clip : {"clip.mp4", "films/one.mp4", "films/below/two.mp4", "other/one.mp4", "other/one.mkv", "a"})
         QFile::copy(clips::clip(QStringLiteral("plain.mp4")), run.path(clip));
+    QFile::copy(clips::clip(QStringLiteral("sound.m4a")), run.path("song.m4a"));
     QFile::link(run.path("clip.mp4"), run.path("link.mp4"));
     QFile::link(QStringLiteral("/dev/null"), run.path("device.mkv"));
     for (const char* there : {"there.mp4", "done/one.mp4", "bad.mkv", "films/notes.txt"})
@@ -248,6 +249,10 @@ void TestZoconvertConvert::aRunMakesItsFiles_data()
         "zoconvert: clip.mp4: track 0 (video, h264): copied\n"
         "zoconvert: clip.mp4: track 1 (audio, aac): copied\n"
         "zoconvert: clip.mp4: would become clip-converted.mp4\n");
+    row("a watermark of a song", {"song.m4a", "--text", "A", "-n"}, 0, "",
+        "zoconvert: song.m4a: warning: The clip has no picture, so Watermark:0 cannot be seen.\n"
+        "zoconvert: song.m4a: track 0 (audio, aac): copied\n"
+        "zoconvert: song.m4a: would become song-converted.mp4\n");
     row("half a crop, with another effect",
         {"clip.mp4", "--set", "Crop:crop_width=64", "--reset", "Crop:crop_height", "--text", "A", "-n"}, 0, "",
         "zoconvert: clip.mp4: warning: The crop has no width or no height, so nothing is cut off. Set Crop:crop_width "
