@@ -39,6 +39,14 @@ TypeSettings resetOf(const TypeSettings& type, const QSize& frame)
     return result;
 }
 
+/// Whether a crop has the numbers of the whole frame, as one that was drawn over all of it.
+bool hasWholeFrame(const Values& crop, const QSize& frame)
+{
+    const auto number = [&](const QString& key) { return crop.value(key).toInt(); };
+    return QRect(number(keys::cropLeft), number(keys::cropTop), number(keys::cropWidth), number(keys::cropHeight))
+           == QRect(QPoint(0, 0), frame);
+}
+
 } // namespace
 
 /// What a new item of the same kind would get at the place of \a item. Where a watermark would go takes the time to
@@ -108,7 +116,7 @@ State FileSettings::state(Identity thing, const QString& key) const
         return State::Default; // The program's own says nothing of what a person did.
     const QVariant present = d->things.value(thing, kept);
     const bool shownWhole = type == types::crop && (known && known->isGeometry)
-                            && isWholeFrame(d->things.values(thing), d->things.baseFrame());
+                            && hasWholeFrame(d->things.values(thing), d->things.baseFrame());
     if (!shownWhole && !exactly(present, d->defaultOf(thing, kept)))
         return State::Changed;
     if (!effectTypes().contains(type) || !ZoEffectItemDefaultValMgr::getInstance()->hasCustomDefaultVal(type))

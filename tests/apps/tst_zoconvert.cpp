@@ -75,6 +75,8 @@ void TestZoconvert::aLineEndsAsItShould_data()
         "        \"saved_default\": null,\n        \"state\": \"changed\",\n        \"value\": 20\n    }\n]\n",
         "");
     row("show by a path", {"show", "./b.zoeffect.json"}, 0, contrast, "");
+    row("show half a crop", {"show", "half.json"}, 0, "Crop:crop_left = 96  (changed; default 0)\n", "");
+    row("show a crop of the whole frame", {"show", "whole.json"}, 0, "", "");
     row("show a missing one", {"show", "c.zoeffect.json"}, 1, "",
         "zoconvert: c.zoeffect.json: no such file. There is a.zoeffect.json.\n");
     row("show a broken one", {"show", "broken.json"}, 2, "",
@@ -158,6 +160,10 @@ void TestZoconvert::aLineEndsAsItShould()
     QFETCH(QString, err);
     ProgramRun program;
     program.write("film.mkv", QByteArray("\x1a\x45") + QByteArray(100, '['));
+    const QByteArray crop = R"({"zoeffect": 1, "media": {"width": 1280, "height": 720}, "effects": [
+        {"type": "Crop", "values": {"crop_left": %}}]})";
+    program.write("half.json", QByteArray(crop).replace('%', "96"));
+    program.write("whole.json", QByteArray(crop).replace('%', R"(0, "crop_width": 1280, "crop_height": 720)"));
     program.run(arguments);
     QCOMPARE(program.err, err);
     QCOMPARE(program.out, out);
