@@ -135,6 +135,13 @@ private:
         return isBurned() || !pictureGraph(m_settings, m_media, parts).isNothing;
     }
 
+    /// Whether a copy of \a picture does not say any more that it is turned.
+    bool losesTurn(const MediaStream& picture) const
+    {
+        return picture.isTurned
+               && (m_plan.container == QLatin1String("mkv") || m_plan.container == QLatin1String("webm"));
+    }
+
     void planPicture()
     {
         const MediaStream* stream = m_media.picture();
@@ -149,8 +156,7 @@ private:
                            || option(m_settings, "hdr") == QLatin1String("map") || (!wanted.isEmpty() && !copies);
         if (copies && (touched || named))
             refuse(Message(Code::CopyTouched, {QStringLiteral("video-codec")}));
-        const bool isTurnedAway =
-            stream->isTurned && (m_plan.container == QLatin1String("mkv") || m_plan.container == QLatin1String("webm"));
+        const bool isTurnedAway = losesTurn(*stream);
         if (touched || named || (m_part.isTrimmed && !copies)) {
             plan.fate = TrackFate::Encoded;
         } else if (!copies && !isHeld(plan)) {
@@ -231,6 +237,9 @@ private:
                 leaveOut(plan, Message(Code::CodecUnknown));
             else if (!isHeld(plan))
                 leaveOut(plan, containerLacks(plan.track.codec));
+            else if (losesTurn(stream))
+                m_plan.warnings.append(
+                    Message(Code::OtherRotationLost, {m_plan.container, QString::number(plan.track.index)}));
             m_plan.tracks.append(plan);
         }
     }

@@ -132,6 +132,7 @@ constexpr Text texts[] = {
     {Code::ContainerHoldsNot, QT_TRANSLATE_NOOP("zokit", "%1 cannot hold %2. Choose another container, for example mkv, or another codec.")},
     {Code::ContainerTurnsNot, QT_TRANSLATE_NOOP("zokit", "%1 cannot say that the picture is turned")},
     {Code::CopyTouched, QT_TRANSLATE_NOOP("zokit", "%1 copy leaves the track as it is, but another setting changes it. Leave out one of the two.")},
+    {Code::OtherRotationLost, QT_TRANSLATE_NOOP("zokit", "%1 cannot say that track %2 is turned; players will show it lying. Take mp4 or mov.")},
     {Code::RotationLost, QT_TRANSLATE_NOOP("zokit", "%1 cannot say that the picture is turned; players will show it lying. Leave out video-codec copy, or take mp4.")},
     {Code::HdrMapped, QT_TRANSLATE_NOOP("zokit", "HDR is mapped to what every screen shows, since hardly any player shows it in %1. Take video-codec hevc to keep it.")},
     {Code::HdrDataLost, QT_TRANSLATE_NOOP("zokit", "What the clip says of the screen it was made on is lost in %1. Take video-codec hevc to keep it.")},

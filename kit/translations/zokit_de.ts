@@ -1748,6 +1748,10 @@
         <translation>%1 kann nicht sagen, dass das Bild gedreht ist; Abspieler zeigen es liegend. Lassen Sie video-codec copy weg oder nehmen Sie mp4.</translation>
     </message>
     <message>
+        <source>%1 cannot say that track %2 is turned; players will show it lying. Take mp4 or mov.</source>
+        <translation>%1 kann nicht sagen, dass Spur %2 gedreht ist; Abspieler zeigen sie liegend. Nehmen Sie mp4 oder mov.</translation>
+    </message>
+    <message>
         <source>HDR is mapped to what every screen shows, since hardly any player shows it in %1. Take video-codec hevc to keep it.</source>
         <translation>HDR wird für jeden Bildschirm umgerechnet, weil kaum ein Abspieler es in %1 zeigt. Mit video-codec hevc bleibt es erhalten.</translation>
     </message>

@@ -135,6 +135,7 @@ public:
         ContainerTurnsNot,  ///< 1: the container.
         CopyTouched,        ///< 1: the option.
         RotationLost,       ///< 1: the container.
+        OtherRotationLost,  ///< 1: the container, 2: number of the track.
         HdrMapped,          ///< 1: the codec.
         HdrDataLost,        ///< 1: the codec.
         PixelFormatChanged, ///< 1: the codec, 2: the source's format, 3: the one taken.

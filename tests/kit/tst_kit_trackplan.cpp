@@ -211,6 +211,14 @@ const Fates allFates[] = {
      },
      "warning: mkv cannot say that the picture is turned; players will show it lying. Leave out video-codec copy, or "
      "take mp4."},
+    {"a turned picture beside that is copied", "mkv", [](Given& g) { g.stream(4).isTurned = true; },
+     "warning: mkv cannot say that track 4 is turned; players will show it lying. Take mp4 or mov."},
+    {"a turned picture beside that is dropped", "mkv",
+     [](Given& g) {
+         g.stream(4).isTurned = true;
+         g.option("other-tracks", key("drop"));
+     },
+     "track 4 (video, mjpeg): left out, because other tracks are dropped"},
     {"a copy at another bit rate", "mkv",
      [](Given& g) {
          g.option("audio-codec", key("copy"));
