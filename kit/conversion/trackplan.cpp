@@ -173,6 +173,7 @@ private:
         if (plan.fate == TrackFate::Encoded) {
             m_plan.videoCodec = wanted.isEmpty() || copies ? usualVideoCodec(m_plan.container) : wanted;
             plan.codec = m_plan.videoCodec;
+            plan.isDeinterlaced = stream->isInterlaced;
             refuse(checkVideoOptions(m_settings.output, m_plan.videoCodec));
             chooseForm(*stream);
             checkGraph();
@@ -521,8 +522,10 @@ Message TrackPlan::line() const
     case TrackFate::Converted:
         break;
     }
-    return why.isEmpty() ? Message(Code::TrackEncoded, which + QStringList{codec})
-                         : Message(Code::TrackEncodedBecause, which + QStringList{codec, why.text()});
+    return why.isEmpty()
+               ? Message(isDeinterlaced ? Code::TrackDeinterlaced : Code::TrackEncoded, which + QStringList{codec})
+               : Message(isDeinterlaced ? Code::TrackDeinterlacedBecause : Code::TrackEncodedBecause,
+                         which + QStringList{codec, why.text()});
 }
 
 bool TracksPlan::copiesAll() const

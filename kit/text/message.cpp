@@ -153,6 +153,8 @@ constexpr Text texts[] = {
     {Code::TrackLeftOut, QT_TRANSLATE_NOOP("zokit", "track %1 (%2): left out, because %3")},
     {Code::TrackEncoded, QT_TRANSLATE_NOOP("zokit", "track %1 (%2): converted to %3")},
     {Code::TrackEncodedBecause, QT_TRANSLATE_NOOP("zokit", "track %1 (%2): converted to %3, because %4")},
+    {Code::TrackDeinterlaced, QT_TRANSLATE_NOOP("zokit", "track %1 (%2): deinterlaced and converted to %3")},
+    {Code::TrackDeinterlacedBecause, QT_TRANSLATE_NOOP("zokit", "track %1 (%2): deinterlaced and converted to %3, because %4")},
     {Code::Rescaled, QT_TRANSLATE_NOOP("zokit", "The settings are for %1, the clip has %2: what is measured in the frame was rescaled.")},
     {Code::TrimPastEnd, QT_TRANSLATE_NOOP("zokit", "The part was to end at %1 s. The clip ends at %2 s, and the part with it.")},
     {Code::TrimBehindEnd, QT_TRANSLATE_NOOP("zokit", "The part begins at %1 s, and the clip ends at %2 s. Give an earlier one.")},

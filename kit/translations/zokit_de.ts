@@ -1828,6 +1828,14 @@
         <translation>Spur %1 (%2): umgewandelt in %3; %4</translation>
     </message>
     <message>
+        <source>track %1 (%2): deinterlaced and converted to %3</source>
+        <translation>Spur %1 (%2): aus Halbbildern zusammengesetzt und umgewandelt in %3</translation>
+    </message>
+    <message>
+        <source>track %1 (%2): deinterlaced and converted to %3, because %4</source>
+        <translation>Spur %1 (%2): aus Halbbildern zusammengesetzt und umgewandelt in %3; %4</translation>
+    </message>
+    <message>
         <source>The settings are for %1, the clip has %2: what is measured in the frame was rescaled.</source>
         <translation>Die Einstellungen sind für %1, der Clip hat %2: Was im Bild gemessen wird, wurde umgerechnet.</translation>
     </message>

@@ -146,20 +146,22 @@ public:
         DataTrack,
         NoSoundIn, ///< 1: the file.
         NoPictureToBurn,
-        TitlesLost,          ///< 1: the container.
-        TrackChosen,         ///< 1: its number, 2: what it is, 3: why.
-        TrackNotChosen,      ///< 1: its number, 2: what it is.
-        TrackCopied,         ///< 1: its number, 2: what it is.
-        TrackAttached,       ///< 1: its number, 2: what it is.
-        TrackBurnedIn,       ///< 1: its number, 2: what it is.
-        TrackLeftOut,        ///< 1: its number, 2: what it is, 3: why.
-        TrackEncoded,        ///< 1: its number, 2: what it is, 3: the codec.
-        TrackEncodedBecause, ///< 1: its number, 2: what it is, 3: the codec, 4: why.
-        Rescaled,            ///< 1: the frame of the settings, 2: that of the clip.
-        TrimPastEnd,         ///< 1: where the part was to end, 2: how long the clip is.
-        TrimBehindEnd,       ///< 1: where the part begins, 2: how long the clip is.
-        CutAtKeyFrame,       ///< 1: where the picture begins, 2: where the part begins, in seconds.
-        NoKeyFrame,          ///< 1: where the part begins.
+        TitlesLost,               ///< 1: the container.
+        TrackChosen,              ///< 1: its number, 2: what it is, 3: why.
+        TrackNotChosen,           ///< 1: its number, 2: what it is.
+        TrackCopied,              ///< 1: its number, 2: what it is.
+        TrackAttached,            ///< 1: its number, 2: what it is.
+        TrackBurnedIn,            ///< 1: its number, 2: what it is.
+        TrackLeftOut,             ///< 1: its number, 2: what it is, 3: why.
+        TrackEncoded,             ///< 1: its number, 2: what it is, 3: the codec.
+        TrackEncodedBecause,      ///< 1: its number, 2: what it is, 3: the codec, 4: why.
+        TrackDeinterlaced,        ///< 1: its number, 2: what it is, 3: the codec.
+        TrackDeinterlacedBecause, ///< 1: its number, 2: what it is, 3: the codec, 4: why.
+        Rescaled,                 ///< 1: the frame of the settings, 2: that of the clip.
+        TrimPastEnd,              ///< 1: where the part was to end, 2: how long the clip is.
+        TrimBehindEnd,            ///< 1: where the part begins, 2: how long the clip is.
+        CutAtKeyFrame,            ///< 1: where the picture begins, 2: where the part begins, in seconds.
+        NoKeyFrame,               ///< 1: where the part begins.
         StyleInAss,
         StyleLost, ///< 1: the container.
         NoSubtitleLines,

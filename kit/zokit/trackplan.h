@@ -34,12 +34,13 @@ struct ZOKIT_EXPORT TrackPlan {
     TrackFate fate = TrackFate::Copied; ///< What becomes of it.
     QString codec;        ///< Of the result, by ffprobe's name: "h264", "aac", "mov_text". Empty where there is none.
     bool isCover = false; ///< A picture of the kind that a player shows for a song.
-    bool isSelected = false; ///< Of its kind it comes before those that are not, and is marked as default.
-    bool loops = false;      ///< A sound file that begins again until the picture ends.
-    bool hasEffects = false; ///< All sound effects apply; else, at most, the change of speed.
-    bool isRestyled = false; ///< A subtitle track that takes the style of its item.
-    bool isScripted = false; ///< A subtitle track that is written anew: restyled, or converted at other times.
-    Message why;             ///< Why it is left out, or encoded unasked.
+    bool isSelected = false;     ///< Of its kind it comes before those that are not, and is marked as default.
+    bool loops = false;          ///< A sound file that begins again until the picture ends.
+    bool hasEffects = false;     ///< All sound effects apply; else, at most, the change of speed.
+    bool isRestyled = false;     ///< A subtitle track that takes the style of its item.
+    bool isScripted = false;     ///< A subtitle track that is written anew: restyled, or converted at other times.
+    bool isDeinterlaced = false; ///< A picture of whole frames is made of fields.
+    Message why;                 ///< Why it is left out, or encoded unasked.
 
     /// A line for people: "track 1 (audio, eng, aac): copied".
     Message line() const;

@@ -219,6 +219,15 @@ const Fates allFates[] = {
          g.option("other-tracks", key("drop"));
      },
      "track 4 (video, mjpeg): left out, because other tracks are dropped"},
+    {"fields", "mkv",
+     [](Given& g) {
+         g.stream(0).isInterlaced = true;
+         g.option("quality", 20);
+     },
+     "track 0 (video, h264): deinterlaced and converted to h264"},
+    {"fields, in another container", "webm", [](Given& g) { g.stream(0).isInterlaced = true; },
+     "track 0 (video, h264): deinterlaced and converted to vp9, because webm holds no h264"},
+    {"fields that stay", "mkv", [](Given& g) { g.stream(0).isInterlaced = true; }, "track 0 (video, h264): copied"},
     {"a copy at another bit rate", "mkv",
      [](Given& g) {
          g.option("audio-codec", key("copy"));
