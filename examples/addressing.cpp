@@ -20,15 +20,13 @@ const EffectControlItem* effectTable()
     frameEffects[1].name = "Sepia";
     frameEffects[1].properties = frameEffectsDefaultVal;
 
-    static EffectControlItem table[5] = {};
+    static EffectControlItem table[4] = {};
     table[0].name = "Crop";
     table[0].properties = cropDefaultVal;
     table[1].name = "Watermark";
     table[1].properties = WatermarkDefaultVal;
-    table[2].name = "Audio";
-    table[2].properties = AudioDefaultVal;
-    table[3].name = "Effect";
-    table[3].subItems = frameEffects;
+    table[2].name = "Effect";
+    table[2].subItems = frameEffects;
     return table;
 }
 
@@ -88,15 +86,6 @@ int main(int argc, char** argv)
     for (int pos = 0; pos < model.childCount("Watermark"); ++pos)
         out << model.data("_checkstate", "Watermark", pos).toInt() << ' ';
     out << "first selected: " << model.getSelectItem("Watermark")->data("wm_textcontent").toString() << '\n';
-
-    for (int id : {4, 5, 6})
-        model.addDataItem("Audio", {{"trackid", id}, {"_checkstate", id != 5}});
-    if (ZoEffectItemData* selected = model.getSelectItem("Audio")) {
-        while (ZoEffectItemData* track = selected->takeAt(0)) // Taken out of the container, not out of the model.
-            out << "track " << track->data("trackid").toInt() << '\n';
-        delete selected;
-    }
-    out << "tracks of the model: " << model.childCount("Audio") << '\n';
 
     const QPointer<ZoEffectItemData> first = model.getDataItem("Watermark", 0);
     model.changeDataItemPos("Watermark", 2, 0);
