@@ -67,6 +67,7 @@ quietly cmake -G Ninja -S . -B "$build" -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_COM
     '-DCMAKE_CXX_FLAGS=--coverage -O0' "-DCMAKE_PROJECT_zoeffect_INCLUDE=$build/flags.cmake" \
     -DZOEFFECT_QT_MAJOR=5 -DZOEFFECT_BUILD_TESTS=ON -DZOEFFECT_WARNINGS_AS_ERRORS=ON \
     -DZOEFFECT_TEST_PACKAGE=OFF -DZOEFFECT_TEST_SOURCES=OFF "-DZOEFFECT_TEST_PROOFS=$proofs" \
+    -DZOEFFECT_TEST_SECONDS=1500 \
     "-DZOEFFECT_BUILD_KIT=$with_kit" "-DZOEFFECT_BUILD_PROGRAMS=$with_kit"
 quietly cmake --build "$build" --target "${programs[@]}"
 
