@@ -98,7 +98,7 @@ int main(int argc, char** argv)
     timer.start();
     std::clock_t begin = std::clock();
     qint64 differences = 0;
-    for (const zokit::FileSettings* file : files) {
+    for (const zokit::FileSettings* file : std::as_const(files)) {
         const zokit::Settings before = file->settings();
         differences += zokit::differences(before, zokit::carriedOver(from, before, {})).size();
     }
@@ -110,7 +110,7 @@ int main(int argc, char** argv)
     const long long applySpent = spent(begin);
 
     bool isRight = isApplied && differences >= 10 * qint64(count);
-    for (const zokit::FileSettings* file : files)
+    for (const zokit::FileSettings* file : std::as_const(files))
         isRight = isRight && hasArrived(*file);
     std::printf("%d files of %ld KB: dry run %lld ms (%lld of a processor, %lld differences), apply %lld ms (%lld of a "
                 "processor)\n",

@@ -152,7 +152,7 @@ private slots:
         for (const QString& type : {QString("Rotation"), QString(), QString("a/b//"), QString::fromUtf8("\xc3\xa4")}) {
             manager().saveAsCustomDefaultVal(type, {{"a", 1}});
             QCOMPARE(kept(type), QString("{a: int 1}"));
-            QCOMPARE(Manager::supportTypes().last(), type);
+            QCOMPARE(Manager::supportTypes().constLast(), type);
             QVERIFY(entries().contains(type));
             manager().removeCustomDefaultVal(type);
             QVERIFY(!manager().hasCustomDefaultVal(type));

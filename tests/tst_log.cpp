@@ -265,7 +265,7 @@ private slots:
         ZoEffectModel::InitEffectModel(nullptr);
         const QDateTime after = QDateTime::currentDateTime();
         const QString text = QString::fromLatin1(log());
-        const QRegularExpression event(
+        static const QRegularExpression event(
             "\\Azoeffectmodel\\(25\\) : (\\d{4}/\\d\\d/\\d\\d \\d\\d:\\d\\d:\\d\\d) 00000000\\n\\n\\z");
         const QRegularExpressionMatch match = event.match(text);
         QVERIFY2(match.hasMatch(), qPrintable(text));

@@ -613,7 +613,7 @@ private slots:
         QList<QStringList> lists{{}, {"Alien"}, videoTypes()};
         for (const EffectControlItem* type = hostCatalogue(); type->name; ++type)
             lists << QStringList{type->name};
-        for (const QStringList& types : lists) {
+        for (const QStringList& types : std::as_const(lists)) {
             ZoEffectModel model(types);
             QCOMPARE(model.hasRealEffect(), false);
             model.setVideoSize(1920, 1080);
@@ -733,12 +733,9 @@ private slots:
         const QSize frame(1280, 720);
         const QSize none(0, 0);
         const Properties part{{"crop_width", 640}, {"crop_height", 480}};
-        const Properties mappedPart{{"crop_width", 640}, {"crop_height", 480}, {"player_map_flag", true}};
         const Properties mapped{{"player_map_flag", true}};
-        const Properties unmapped{{"player_map_flag", false}};
         const Properties rotation{{"crop_rotation_angle", 90}, {"crop_rotation_action", 1}};
         const Properties angle{{"crop_rotation_angle", 90}};
-        const Properties action{{"crop_rotation_action", 1}};
         const auto size = [](const QVariant& width, const QVariant& height) {
             return Properties{{"crop_width", width}, {"crop_height", height}};
         };

@@ -342,7 +342,8 @@ private slots:
 
         const Properties subtitle{{"sub_transparency", 12}, {"sub_fontsize", 30},           {"sub_vposfactor", 0.5},
                                   {"sub_linemargin", 4},    {"fontstyleusedefault", false}, {"own", "x"}};
-        const QStringList subtitleKeys = subtitle.keys() + QStringList{"sub_vposition"};
+        QStringList subtitleKeys = subtitle.keys();
+        subtitleKeys.append("sub_vposition");
         const char* embedded = "{fontstyleusedefault: bool true, sub_fontsize: int 22, sub_linemargin: int 0, "
                                "sub_transparency: int 12, sub_vposition: int 200}";
         add("embedded subtitle takes the transparency only", "Subtitle", subtitle, {}, subtitleKeys, embedded);

@@ -970,7 +970,8 @@ private slots:
         SignalRecorder recorded(model);
         const QString before = tree(rootOf(model));
 
-        for (const QString type : {"Effect", "Unknown", ""}) {
+        for (const char* word : {"Effect", "Unknown", ""}) {
+            const QString type = word;
             // Nothing is kept: the same type is told again, and brackets need not match.
             for (int i = 0; i < 2; ++i) {
                 model.setCurrentItem(type);

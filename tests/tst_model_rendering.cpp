@@ -335,7 +335,6 @@ private slots:
     void nothingPaintedGivesNoPicture_data()
     {
         const Rows<Change, QList<int>> add;
-        const QString path = m_pictures.red();
         const QString missing = m_pictures.file("missing.png");
         add("no watermark", [](ZoEffectModel&) {}, {});
         add("empty text", [](ZoEffectModel& model) { addText(model, "", QPoint(0, 0)); }, {});

@@ -217,7 +217,7 @@ std::optional<QJsonValue> plain(const QVariant& value)
 {
     const int type = value.userType();
     const double number = type == QMetaType::Double ? value.toDouble() : 0;
-    const QString text = type == QMetaType::QString ? value.toString() : QStringLiteral("");
+    const QString text = type == QMetaType::QString ? value.toString() : QString(QLatin1String(""));
     const QColor color = type == QMetaType::QColor ? value.value<QColor>() : QColor(Qt::black);
     const bool isNegativeZero = number == 0 && std::signbit(number);
     constexpr int opaque = 255;

@@ -66,9 +66,9 @@ int command(const Invocation& invocation)
     source.onEnd = [&] { conversion.cancel(); };
     conversion.prepare(file.job, folder);
     loop.exec();
-    for (const QString& warning : file.warnings)
+    for (const QString& warning : std::as_const(file.warnings))
         console::warning(warning, file.input);
-    for (const zokit::Message& warning : result.warnings)
+    for (const zokit::Message& warning : std::as_const(result.warnings))
         console::warning(warning.text(), file.input);
     if (result.outcome != zokit::Outcome::Done)
         return refused(file.input + QStringLiteral(": ") + result.reason.text(),

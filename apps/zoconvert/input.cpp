@@ -116,7 +116,7 @@ Input inputOf(const QString& name, const zokit::Settings& settings, const zokit:
     const QSize found = input.settings->media().frame;
     if (!told.isEmpty() && !found.isEmpty() && told != found)
         input.warnings.append(rescaledText(told, found));
-    for (const zokit::Message& missing : tracks.warnings)
+    for (const zokit::Message& missing : std::as_const(tracks.warnings))
         input.warnings.append(missing.text());
     if (!tracks.error.isEmpty()) {
         input.error = named(name, tracks.error.text());

@@ -76,11 +76,11 @@ QJsonArray needsOf(const zokit::Settings& settings)
     QStringList families;
     collect(settings, &files, &families);
     QJsonArray needs;
-    for (const QString& file : files) {
+    for (const QString& file : std::as_const(files)) {
         const QFileInfo info(file);
         needs.append(QJsonObject{{text("file"), file}, {text("bytes"), info.size()}, {text("date"), dateOf(info)}});
     }
-    for (const QString& family : families)
+    for (const QString& family : std::as_const(families))
         needs.append(QJsonObject{{text("font"), family}, {text("family"), foundFamily(family)}});
     return needs;
 }

@@ -87,7 +87,7 @@ int preset(const Invocation& invocation)
     if (isImport) {
         zokit::Messages missing;
         const int code = codeOf(presets.import(words, replace, &missing));
-        for (const zokit::Message& file : missing)
+        for (const zokit::Message& file : std::as_const(missing))
             console::warning(file.text());
         return code;
     }

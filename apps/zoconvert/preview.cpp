@@ -70,7 +70,7 @@ Scene sceneOf(const QString& word, const Invocation& invocation)
     }
     if (input.settings)
         edit(input, invocation);
-    for (const QString& warning : input.warnings)
+    for (const QString& warning : std::as_const(input.warnings))
         console::warning(warning, word);
     if (!input.error.isEmpty())
         return refused(input.error, input.code);

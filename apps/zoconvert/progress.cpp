@@ -234,10 +234,10 @@ void Progress::draw()
     if (m_how != How::Bar || m_fractions.isEmpty())
         return;
     double sum = 0;
-    for (const double fraction : m_fractions)
+    for (const double fraction : std::as_const(m_fractions))
         sum += fraction;
     int ended = 0;
-    for (const int counted : m_counts)
+    for (const int counted : std::as_const(m_counts))
         ended += counted;
     const double fraction = std::min((ended + sum) / std::max(m_files, 1), 1.0);
     // The last column stays free: some terminals go on in the next line with it.

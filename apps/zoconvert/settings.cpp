@@ -112,7 +112,7 @@ int settings(const Invocation& invocation)
         }
         if (input.settings)
             edit(input, invocation);
-        for (const QString& warning : input.warnings)
+        for (const QString& warning : std::as_const(input.warnings))
             console::warning(warning, input.name);
         if (input.error.isEmpty()) {
             inputs.push_back(std::move(input));

@@ -160,7 +160,8 @@ Theme theme()
 void setTheme(Theme theme)
 {
     const char* const words[] = {"system", "light", "dark"};
-    settings().setValue(themeKey, QString::fromLatin1(words[static_cast<int>(theme)]));
+    QSettings store = settings();
+    store.setValue(themeKey, QString::fromLatin1(words[static_cast<int>(theme)]));
     applyTheme(theme);
 }
 
@@ -172,7 +173,8 @@ QString language()
 
 void setLanguage(const QString& language)
 {
-    settings().setValue(languageKey, language);
+    QSettings store = settings();
+    store.setValue(languageKey, language);
     applyLanguage(language);
 }
 

@@ -115,7 +115,7 @@ ConvertDialog::~ConvertDialog()
 void ConvertDialog::makeWhich(QLayout* layout)
 {
     QStringList names;
-    for (const FileSettings* file : m_selected)
+    for (const FileSettings* file : std::as_const(m_selected))
         names.append(shownName(file->media().file));
     const int count = static_cast<int>(m_selected.size());
     m_which->setObjectName(QStringLiteral("which"));
@@ -241,7 +241,7 @@ void ConvertDialog::update()
     m_start->setText(tr("Convert %n file(s)", nullptr, static_cast<int>(files().size())));
     m_plans->clear();
     m_taken = QVector<zokit::Values>(m_made.jobs.size());
-    for (const zokit::Job& job : m_made.jobs) {
+    for (const zokit::Job& job : std::as_const(m_made.jobs)) {
         auto* row = new QTreeWidgetItem(
             m_plans, {QStringLiteral("%1 \u2192 %2").arg(shownName(job.input), shownName(job.output))});
         row->setToolTip(0, job.output);

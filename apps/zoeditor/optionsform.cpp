@@ -156,7 +156,7 @@ void OptionsForm::set(const QString& key, const QVariant& given)
     zokit::History& history = m_session->history();
     history.beginGesture(changeOf(QStringLiteral("Output"), key));
     Message refused;
-    for (FileSettings* file : m_files) {
+    for (FileSettings* file : std::as_const(m_files)) {
         if (refused.isEmpty())
             refused = value.isValid() ? file->setValue(file->output(), key, value, this)
                                       : file->reset(file->output(), key, this);

@@ -120,7 +120,6 @@ void Panel::rebuild()
     for (const QModelIndex& value : values) {
         if (const QString own = value.data(Model::GroupRole).toString(); own != group)
             addGroup(grid, group = own);
-        const QString type = value.data(Model::TypeRole).toString();
         const QString key = value.data(Model::KeyRole).toString();
         if (key == QLatin1String("wm_vposition")) // What the anchor says comes before what follows from it.
             addRow(grid, anchorKey, tr("Anchor"), makeAnchorControl(tr("Anchor"), page));

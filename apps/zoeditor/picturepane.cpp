@@ -98,7 +98,7 @@ void PicturePane::showNotes()
         zokit::Message crop;
         zokit::croppedTo(file->settings(), zokit::baseFrame(file->settings()), false, &crop);
         all << crop << m_frames->error() << m_frames->warnings();
-        for (const zokit::Message& message : all) {
+        for (const zokit::Message& message : std::as_const(all)) {
             const QString text = message.text();
             if (!text.isEmpty() && !notes.contains(text))
                 notes.append(text);

@@ -95,7 +95,7 @@ void TimeBar::paintEvent(QPaintEvent* event)
     };
     QPainter painter(this);
     constexpr int thick = 4;
-    for (const zokit::SubtitleCue& cue : m_cues) {
+    for (const zokit::SubtitleCue& cue : std::as_const(m_cues)) {
         const auto [left, right] = std::minmax({at(milliseconds(cue.from)), at(milliseconds(cue.to))});
         painter.fillRect(QRect(left, 0, std::max(right - left, 2), thick), palette().color(QPalette::Text));
     }

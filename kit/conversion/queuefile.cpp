@@ -92,7 +92,7 @@ Message QueueFile::Private::writeAll()
         return fails(out.errorString());
     out.write(queueform::head());
     rows = queue.rows();
-    for (const int row : rows)
+    for (const int row : std::as_const(rows))
         out.write(queueform::jobLine(row, queue.job(row), queue.state(row), queue.result(row)));
     // A full disk may show when the last bytes go out, which commit() does not look at.
     if (!out.flush() || !out.commit())

@@ -143,7 +143,8 @@ TypeSettings Projection::read(const QString& type) const
     result.selected = node->checkState() == Qt::Checked;
     for (int row = 0; row < node->childCount(); ++row) {
         Item item = node->child(row) ? itemFrom(*node->child(row)) : Item();
-        for (const QString& key : item.values.keys()) {
+        const QStringList keys = item.values.keys();
+        for (const QString& key : keys) {
             if (isMeasured(item.values, key))
                 item.values.remove(key);
         }

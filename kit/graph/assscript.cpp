@@ -136,7 +136,7 @@ QString withoutCommands(const QString& text, bool place, bool colour, bool font)
             commands.remove(colourCommand());
         if (font)
             commands.remove(lettering);
-        result += text.mid(end, match.capturedStart() - end);
+        result.append(text.constData() + end, match.capturedStart() - end);
         if (commands != QLatin1String("{}"))
             result += commands;
         end = static_cast<int>(match.capturedEnd());

@@ -46,12 +46,12 @@ void addOverlay(Chain& chain, const Picture& picture, const QString& below, cons
 void addWatermark(Chain& chain, const Picture& picture, int input)
 {
     prepareOverlay(chain, picture);
-    const QString below = chain.cut().first();
+    const QString below = chain.cut().constFirst();
     chain.begin(QStringLiteral("[%1:v]").arg(input));
     // Long before the first frame, also of a video that begins before 0. The one picture stays to the end.
     chain.add(QStringLiteral("setpts=-3600/TB"));
     addConversionFor(chain, picture);
-    const QString top = chain.cut().first();
+    const QString top = chain.cut().constFirst();
     addOverlay(chain, picture, below, top);
 }
 
@@ -83,7 +83,7 @@ void addSubtitleText(Chain& chain, const Picture& picture, const Item& track, co
             chain.add(QStringLiteral("lutrgb=a=val*%1/255").arg(alpha));
         chain.add(QStringLiteral("format=rgba"));
         addConversionFor(chain, picture);
-        const QString top = chain.cut().first();
+        const QString top = chain.cut().constFirst();
         addOverlay(chain, picture, parted.first(), top);
     }
     if (parts.from != 0)
@@ -94,14 +94,14 @@ void addSubtitlePictures(Chain& chain, const Picture& picture, const Item& track
 {
     const int alpha = subtitleAlpha(track.values);
     prepareOverlay(chain, picture);
-    const QString below = chain.cut().first();
+    const QString below = chain.cut().constFirst();
     chain.begin(QStringLiteral("[%1:%2]").arg(parts.subtitleInput).arg(parts.subtitleStream));
     constexpr double opaque = 255;
     if (alpha < covering)
         chain.add(QStringLiteral("format=rgba,colorchannelmixer=aa=%1").arg(filterNumber(alpha / opaque)));
     // Its canvas is the whole frame, whatever size it has.
     addConversionFor(chain, picture, QStringLiteral("%1:%2:").arg(picture.frame.width()).arg(picture.frame.height()));
-    const QString top = chain.cut().first();
+    const QString top = chain.cut().constFirst();
     // They have a place of their own. What the user moved the track by, they are moved by.
     constexpr double usualPlace = 0.8;
     const QVariant place = track.values.value(QStringLiteral("sub_vposition"));

@@ -102,7 +102,7 @@ void addVoice(Chain& chain, double delay, const QString& change, double ownPart,
     chain.add(QStringLiteral("adelay=%1:all=1").arg(filterNumber(delay)));
     if (!change.isEmpty())
         chain.add(change);
-    const QString voice = chain.cut().first();
+    const QString voice = chain.cut().constFirst();
     chain.begin(parted.first() + voice);
     chain.add(QStringLiteral("amix=inputs=2:weights='%1 %2':normalize=0:duration=longest")
                   .arg(filterNumber(ownPart), filterNumber(voicePart)));

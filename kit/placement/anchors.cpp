@@ -124,7 +124,8 @@ std::optional<Anchor> anchorFrom(const Values& values, Message* error)
         return std::nullopt;
     };
     const QStringList known{cornerKey, marginKey, sizeKey};
-    for (const QString& member : values.keys()) {
+    for (auto it = values.cbegin(); it != values.cend(); ++it) {
+        const QString& member = it.key();
         if (!known.contains(member) && !member.startsWith(QLatin1String("x-")))
             return refuse(Code::UnknownMember, {QStringLiteral("anchor"), member, nearest(member, known)});
     }

@@ -46,8 +46,8 @@ std::optional<QPoint> freePlace(const QSize& size, const QPoint& wished, const Q
     }
     std::optional<QPoint> best;
     qint64 bestDistance = 0;
-    for (const int y : rows) {
-        for (const int x : columns) {
+    for (const int y : std::as_const(rows)) {
+        for (const int x : std::as_const(columns)) {
             const QRect place(QPoint(x, y), needed);
             const bool isWished = x == wished.x() && y == wished.y(); // It may lie beyond the frame.
             const bool inside =

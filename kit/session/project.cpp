@@ -300,7 +300,8 @@ Message Project::apply(const Settings& from, const QVector<FileSettings*>& targe
     d->history->beginGesture(targets.size() == 1 ? Message(Code::StepApplyToOne)
                                                  : Message(Code::StepApply, {QString::number(targets.size())}));
     Changes done;
-    const auto noting = connect(this, &Project::changed, this, [&done](const Changes& changes) { done += changes; });
+    const auto note = [&done](const Changes& changes) { done += changes; };
+    const auto noting = connect(this, &Project::changed, this, note);
     Carrier carrier(from, carry);
     Message refused;
     for (FileSettings* target : targets) {

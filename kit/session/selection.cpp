@@ -128,7 +128,7 @@ Selection::Selection(Project& project, SettingsModel& model, QObject* parent)
     connect(&project, &Project::changed, this, [this](const Changes& changes) { d->note(changes); });
     connect(&project.history(), &History::restored, this, [this] { d->adopt(); });
     if (!project.files().isEmpty())
-        d->show(project.files().first());
+        d->show(project.files().constFirst());
 }
 
 Selection::~Selection() = default;

@@ -196,7 +196,9 @@ void named(const Values& from, const Wanted& wanted, bool add, Values& to)
         carry(wanted.key);
         return;
     }
-    for (const QString& name : from.keys() + to.keys()) {
+    QStringList names = from.keys();
+    names += to.keys();
+    for (const QString& name : std::as_const(names)) {
         if (name != keys::trim)
             carry(name);
     }

@@ -235,7 +235,7 @@ Settings Carrier::over(const Settings& to, const QSize& frame)
     if (!areReplaced)
         placeAnchored(result, frame); // Else an item that is the same before would not be the same afterwards.
     QMap<QString, QVector<int>> items = itemsOf(m_wanted);
-    for (const Wanted& wanted : m_wanted) {
+    for (const Wanted& wanted : std::as_const(m_wanted)) {
         if (wanted.type == types::output) {
             carrying::named(source.output, wanted, m_add, result.output);
             continue;

@@ -95,7 +95,8 @@ Message copyFiles(Settings& preset, const QString& folder, bool replace)
                 continue;
             if (!copies.contains(path)) {
                 QString copy = QDir(folder).absoluteFilePath(QFileInfo(path).fileName());
-                for (int number = 2; copies.values().contains(copy); ++number) // Two files of one name.
+                const auto isTaken = [&] { return std::find(copies.cbegin(), copies.cend(), copy) != copies.cend(); };
+                for (int number = 2; isTaken(); ++number) // Two files of one name.
                     copy = QDir(folder).absoluteFilePath(
                         QStringLiteral("%1-%2").arg(number).arg(QFileInfo(path).fileName()));
                 QDir().mkpath(folder);

@@ -95,8 +95,7 @@ QStringList sidecarsOf(const QString& clip)
     QVector<QFileInfo> there;
     for (QDirIterator all(info.path(), QDir::Files); all.hasNext();) {
         all.next();
-        if (all.fileName().startsWith(nameOf(info)
-                                      + QLatin1Char('.'))) // Few of a large folder: only they are looked at.
+        if (all.fileName().startsWith(stem)) // Few of a large folder: only they are looked at.
             there.append(all.fileInfo());
     }
     std::sort(there.begin(), there.end(),

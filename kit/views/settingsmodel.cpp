@@ -187,8 +187,8 @@ void SettingsModel::Private::follow(const Changes& changes)
     QMap<Identity, QStringList> touched;
     for (const Change& change : changes)
         touched[change.thing].append(change.key);
-    for (const Identity thing : touched.keys())
-        bringValues(thing);
+    for (auto it = touched.cbegin(); it != touched.cend(); ++it)
+        bringValues(it.key());
 
     // The frame decides on bounds and defaults of all, also when it stands otherwise.
     const QSize before = frame;

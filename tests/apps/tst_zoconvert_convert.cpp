@@ -484,7 +484,8 @@ void TestZoconvertConvert::softSubtitlesKeepTimesAndStyle()
     ffmpeg.start(zokit::findTools().ffmpeg, {"-v", "error", "-i", made, "-map", "0:s", "-f", "ass", "-"});
     QVERIFY(ffmpeg.waitForFinished());
     QStringList found;
-    for (const QString& line : QString::fromUtf8(ffmpeg.readAllStandardOutput()).split(QRegularExpression("\r?\n")))
+    for (const QString& line :
+         QString::fromUtf8(ffmpeg.readAllStandardOutput()).remove(QLatin1Char('\r')).split(QLatin1Char('\n')))
         if (line.startsWith(QLatin1String("Dialogue:"))
             || (line.startsWith(QLatin1String("Style:")) && streams.endsWith(QLatin1String("ass"))))
             found.append(line);

@@ -42,7 +42,7 @@ public:
             break;
         case 5:
             if (!watermarks().isEmpty()) {
-                session().setThing(watermarks().last());
+                session().setThing(watermarks().constLast());
                 trigger("removeItem");
             }
             break;
@@ -98,7 +98,7 @@ private:
     {
         if (watermarks().isEmpty())
             return;
-        QWidget* found = field("Watermark:wm_textcontent", watermarks().first());
+        QWidget* found = field("Watermark:wm_textcontent", watermarks().constFirst());
         QTest::keyClick(found, static_cast<char>('a' + m_random.bounded(26)));
     }
 

@@ -129,7 +129,7 @@ void TestEditorPresets::presetHoldsWhatIsChecked()
     settle();
     stage.name(key("crop"));
     QVERIFY(!stage.find<QPushButton>("savePreset")->isEnabled());
-    what->findItems(key("Crop"), Qt::MatchStartsWith).first()->setCheckState(0, Qt::Checked);
+    what->findItems(key("Crop"), Qt::MatchStartsWith).constFirst()->setCheckState(0, Qt::Checked);
     settle();
     stage.save("crop");
     const zokit::Settings preset = zokit::Presets().load(key("crop")).preset;

@@ -66,7 +66,7 @@ private slots:
     void rectangleOfAWatermark()
     {
         const auto [watermark, expected] = row<QString, QString>();
-        QCOMPARE(described(shown(watermark).first()), expected);
+        QCOMPARE(described(shown(watermark).constFirst()), expected);
     }
 
     void grownByOnePixelOnEverySide()
@@ -102,7 +102,7 @@ private slots:
     void containsItsEdges()
     {
         const auto [watermark, point, expected] = row<QString, QPoint, bool>();
-        QCOMPARE(shown(watermark).first().contains(point.x(), point.y()), expected);
+        QCOMPARE(shown(watermark).constFirst().contains(point.x(), point.y()), expected);
     }
 
     void diagonalSteps_data()

@@ -788,9 +788,8 @@ void TestKitCarryOver::busyTargetLeavesAllAsTheyWere()
     Settings source = first->settings();
     source.find(key("Color"))->values.insert(key("bcs_contrast"), 25);
     zokit::Message answer;
-    connect(second, &FileSettings::aboutToChange, this, [&] {
-        answer = project.apply(source, {first, second}, {{key("Color")}, false});
-    });
+    const auto apply = [&] { answer = project.apply(source, {first, second}, {{key("Color")}, false}); };
+    connect(second, &FileSettings::aboutToChange, this, apply);
     second->setValue(second->type(key("Color")), key("bcs_brightness"), 5);
     QCOMPARE(answer.code(), zokit::Message::Code::Busy);
     QCOMPARE(first->value(first->type(key("Color")), key("bcs_contrast")), QVariant(0));

@@ -760,7 +760,7 @@ void compareWithUndoAndRedoOfAll(const zokit::Project& project)
 {
     const QByteArray after = stateOf(project);
     project.history().goTo(1);
-    QCOMPARE(project.files().first()->everything().size(), zokit::Project().add(clip())->everything().size());
+    QCOMPARE(project.files().constFirst()->everything().size(), zokit::Project().add(clip())->everything().size());
     project.history().goTo(project.history().count());
     QCOMPARE(stateOf(project), after);
     project.history().goTo(0);

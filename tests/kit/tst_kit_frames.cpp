@@ -640,7 +640,7 @@ private:
         if (subtitle == 1)
             graphsupport::append(settings, "Subtitle",
                                  {{key("sub_fromfile"), true}, {key("file"), clips::clip(key("text.srt"))}});
-        for (const zokit::MediaStream& stream : media.streams) {
+        for (const zokit::MediaStream& stream : std::as_const(media.streams)) {
             if (subtitle == 2 && stream.track.kind == zokit::TrackKind::Subtitle) {
                 graphsupport::append(settings, "Subtitle", {{key("trackid"), stream.track.index}});
                 settings.output.insert(key("burn-subtitles"), true);

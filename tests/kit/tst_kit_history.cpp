@@ -570,8 +570,8 @@ void TestKitHistory::filesComeAndGo()
     project.history().undo();
     QCOMPARE(stateOf(project), before);
     QCOMPARE(project.files().size(), 2);
-    QCOMPARE(project.files().first()->file(), identity); // At its place, with its identities.
-    QCOMPARE(project.fileOf(text), project.files().first());
+    QCOMPARE(project.files().constFirst()->file(), identity); // At its place, with its identities.
+    QCOMPARE(project.fileOf(text), project.files().constFirst());
     project.history().goTo(0);
     QVERIFY(project.files().isEmpty());
     project.history().goTo(99);

@@ -89,7 +89,7 @@ QString leftBy(Journal& journal, const QTemporaryDir& folder)
 
 void setContrast(const Project& project, int value)
 {
-    FileSettings* file = project.files().first();
+    FileSettings* file = project.files().constFirst();
     file->setValue(file->type(key("Color")), key("bcs_contrast"), value);
 }
 
@@ -367,7 +367,7 @@ void TestKitJournal::identitiesAreNotGivenAgain()
     Project back;
     QVERIFY(Journal::recover(leftBy(journal, folder), back).isEmpty());
     const Identity fresh =
-        back.files().first()->insert(key("Watermark"), {{key("wm_textcontent"), QStringLiteral("b")}}).item;
+        back.files().constFirst()->insert(key("Watermark"), {{key("wm_textcontent"), QStringLiteral("b")}}).item;
     QVERIFY(fresh > gone);
 }
 
@@ -456,7 +456,7 @@ void TestKitJournal::sessionThatDiedTwiceIsSetAside()
         const QString left = written(folder, text + "half a line");
         Project once;
         QCOMPARE(Journal::recover(left, once).code(), Code::JournalCut);
-        QVERIFY(!Journal::left(folder.path()).first().diedTwice);
+        QVERIFY(!Journal::left(folder.path()).constFirst().diedTwice);
         Project twice;
         QCOMPARE(Journal::recover(left, twice).code(), Code::JournalCut);
         QCOMPARE(twice.files().size(), 1);
@@ -477,7 +477,7 @@ namespace {
 struct StartedHost {
     explicit StartedHost(const QString& folder)
     {
-        const QString left = Journal::left(folder).first().path;
+        const QString left = Journal::left(folder).constFirst().path;
         isRecovered = Journal::recover(left, project).isEmpty();
         journal = std::make_unique<Journal>(project, folder);
         if (journal->flush())
@@ -547,7 +547,7 @@ void TestKitJournal::folderThatCannotBeIsToldAndTriedAgain()
     QCOMPARE(trouble.size(), 1); // Told once.
     const auto message = trouble.first().first().value<Message>();
     QCOMPARE(message.code(), Code::FileUnwritable);
-    QCOMPARE(message.arguments().last(), QStringLiteral("Not a directory"));
+    QCOMPARE(message.arguments().constLast(), QStringLiteral("Not a directory"));
     {
         Journal other(project, place);
         other.close(); // Without a file there is none to remove.
@@ -657,7 +657,7 @@ void TestKitJournal::valueThatNoFileHoldsIsTold()
     Project back;
     QVERIFY(Journal::recover(leftBy(journal, folder), back).isEmpty());
     QCOMPARE(contrast(back), QVariant(9));
-    QCOMPARE(back.files().first()->value(color, key("x-picture")), QVariant(QStringLiteral("none")));
+    QCOMPARE(back.files().constFirst()->value(color, key("x-picture")), QVariant(QStringLiteral("none")));
 
     Journal later(project, folder.path()); // Nobody listens while it is made.
     QSignalSpy told(&later, &Journal::valueNotKept);

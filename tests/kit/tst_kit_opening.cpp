@@ -184,7 +184,7 @@ void TestKitOpening::rulesWrittenByHandChoose()
     }
     QTEST(selected, "selected");
     QStringList said;
-    for (const zokit::Message& warning : tracks.warnings)
+    for (const zokit::Message& warning : std::as_const(tracks.warnings))
         said.append(warning.text());
     if (!tracks.error.isEmpty())
         said.append(tracks.error.text());

@@ -286,7 +286,6 @@ void TestKitProbe::damagedOrHostileFileIsRefused_data()
         return file.open(QIODevice::ReadOnly) ? file.readAll().left(int(double(file.size()) * howMuch)) : QByteArray();
     };
     const QByteArray victim = clips::clip(key("plain.mp4")).toUtf8();
-    const QString notListed = key("Format not on whitelist");
     const QString invalid = key("Invalid data found when processing input");
     QTest::newRow("empty.mp4") << QByteArray() << Code::InputEmpty << QString();
     QTest::newRow("random.mp4") << random << Code::NoMedia << invalid;

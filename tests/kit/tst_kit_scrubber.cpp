@@ -252,12 +252,13 @@ void TestKitScrubber::listenerMayClose()
 {
     auto* scrubber = new Scrubber(zokit::findTools());
     int count = 0;
-    connect(scrubber, &Scrubber::shown, this, [&] {
+    const auto listen = [&] {
         ++count;
         scrubber->close();
         scrubber->want(2.0);
         scrubber->deleteLater();
-    });
+    };
+    connect(scrubber, &Scrubber::shown, this, listen);
     const QPointer<Scrubber> alive(scrubber);
     scrubber->open(questionOf(key("counting.mkv")), most);
     scrubber->want(1.0);

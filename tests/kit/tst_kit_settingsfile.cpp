@@ -567,7 +567,7 @@ void TestKitSettingsFile::presetIsRefusedWithAReason()
              presets.path(key("Folder")) + key(" cannot be read: it is a folder."));
     const auto unwritable = [&](const zokit::Message& told, const char* preset) {
         return told.code() == zokit::Message::Code::FileUnwritable
-               && told.arguments().first() == presets.path(key(preset));
+               && told.arguments().constFirst() == presets.path(key(preset));
     };
     QVERIFY(unwritable(presets.remove(key("Folder")), "Folder"));
     QVERIFY(unwritable(presets.rename(key("Corner"), key("Folder"), true), "Folder"));
@@ -708,7 +708,7 @@ void TestKitSettingsFile::exportTakesFilesAlong()
     write(path("clash.files"), "no folder");
     const zokit::Message clash = others.exportWithFiles(key("away"), path("clash.zoeffect.json"));
     QCOMPARE(clash.code(), zokit::Message::Code::FileUnwritable);
-    QCOMPARE(clash.arguments().first(), path("clash.files/logo.png"));
+    QCOMPARE(clash.arguments().constFirst(), path("clash.files/logo.png"));
     QVERIFY(!QFile::exists(path("clash.zoeffect.json")));
     // Nor is a copy that is there overwritten unasked.
     write(path("fresh.files/logo.png"), "mine");
@@ -759,7 +759,7 @@ void TestKitSettingsFile::fullDiskIsTold()
         setrlimit(RLIMIT_FSIZE, &limit);
         const zokit::Message told = call();
         setrlimit(RLIMIT_FSIZE, &usual);
-        return told.code() == zokit::Message::Code::FileUnwritable ? told.arguments().first() : told.text();
+        return told.code() == zokit::Message::Code::FileUnwritable ? told.arguments().constFirst() : told.text();
     };
     QCOMPARE(withRoom(10, [&] { return presets.save(key("small"), Settings(), true); }), presets.path(key("small")));
     QCOMPARE(contentOf(presets.path(key("small"))), before);

@@ -621,7 +621,7 @@ void TestKitSettingsModel::randomEditsAreToldHonestly()
         const int steps = 1 + random.bounded(500);
         for (int i = 0; i < steps; ++i) {
             if (i % 50 == 0 && !project.files().isEmpty())
-                model.setFile(project.files().last());
+                model.setFile(project.files().constLast());
             randomEdit(project, random);
         }
         if (model.file()) {

@@ -119,7 +119,7 @@ void TestKitWorkbench::tracksOfAnUnknownClipAreNone()
     there.close();
     stage.bench.setCurrent(stage.bench.project().add(zokit::Media{there.fileName(), QSize(1280, 720), 5}));
     QCOMPARE(stage.bench.tracksByRule().error.code(), zokit::Message::Code::NoMedia);
-    QCOMPARE(stage.bench.tracksByRule().error.arguments().first(), there.fileName());
+    QCOMPARE(stage.bench.tracksByRule().error.arguments().constFirst(), there.fileName());
 }
 
 void TestKitWorkbench::filesAreRows()

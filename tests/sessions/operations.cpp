@@ -299,8 +299,10 @@ void getDataItem(Stage& stage)
 void setCrop(Stage& stage)
 {
     const ModelPair& pair = stage.model();
-    for (const QString key : {"crop_width", "crop_height", "crop_left", "crop_top", "crop_keepaspectratio"})
+    for (const char* word : {"crop_width", "crop_height", "crop_left", "crop_top", "crop_keepaspectratio"}) {
+        const QString key = word;
         both(stage, pair, OPERATION(setData), key, stage.value(key), QString("Crop"), -1);
+    }
 }
 
 /// Two values of one key in turn: whether the second counts as equal.

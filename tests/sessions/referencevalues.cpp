@@ -55,7 +55,8 @@ bool mapsAgree(const QVariant& one, const QVariant& other, Agree agree)
 {
     const Properties left = one.toMap();
     const Properties right = other.toMap();
-    return left.keys() == right.keys() && std::equal(left.cbegin(), left.cend(), right.cbegin(), agree);
+    return std::equal(left.keyBegin(), left.keyEnd(), right.keyBegin(), right.keyEnd())
+           && std::equal(left.cbegin(), left.cend(), right.cbegin(), agree);
 }
 
 template <typename Type>
