@@ -205,10 +205,11 @@ QString zshWords(const Command& command)
 QString bashCompletions()
 {
     QString result = QString::fromLatin1(bashHead);
-    result += QStringLiteral("    if ((${#typed[@]} == 1)); then\n        _zoconvert_words '%1 --help --version'\n"
+    result += QStringLiteral("    if ((${#typed[@]} == 1)); then\n        _zoconvert_words '%1 help --help --version'\n"
                              "        return\n    fi\n    case ${typed[0]}:$prev in\n")
                   .arg(commandNames().join(blank));
-    QString words;
+    QString words =
+        QStringLiteral("    help)\n        _zoconvert_words '%1'\n        ;;\n").arg(commandNames().join(blank));
     for (const Command& command : commands()) {
         const QString name = QString::fromLatin1(command.name);
         for (const Option& option : optionsOf(command)) {
@@ -246,8 +247,9 @@ QString zshCompletions()
                   + quoted(QString::fromLatin1(command.name) + QLatin1Char(':') + zshText(translated(command.summary)))
                   + QLatin1Char('\n');
     result += QStringLiteral("  )\n  if ((CURRENT == 2)); then\n    _describe command commands\n"
-                             "    compadd -- --help --version\n    return\n  fi\n"
-                             "  local command=$words[2]\n  shift words\n  ((CURRENT--))\n  case $command in\n");
+                             "    compadd -- help --help --version\n    return\n  fi\n"
+                             "  local command=$words[2]\n  shift words\n  ((CURRENT--))\n  case $command in\n"
+                             "    help)\n      _describe command commands\n      ;;\n");
     for (const Command& command : commands()) {
         result += QStringLiteral("    %1)\n      _arguments \\\n").arg(QString::fromLatin1(command.name));
         for (const Option& option : optionsOf(command))

@@ -105,8 +105,8 @@ QString manual()
     page += section(QStringLiteral("Synopsis"));
     for (const Command& command : commands())
         page += QStringLiteral(".PP\n\\fBzoconvert %1\\fR %2\n").arg(roff(command.name), roff(command.usage));
-    page +=
-        QStringLiteral(".PP\n\\fBzoconvert\\fR \\-\\-version\n.PP\n\\fBzoconvert\\fR [COMMAND] \\-h | \\-\\-help\n");
+    page += QStringLiteral(".PP\n\\fBzoconvert\\fR \\-\\-version\n.PP\n\\fBzoconvert\\fR [COMMAND] \\-h | \\-\\-help\n"
+                           ".PP\n\\fBzoconvert\\fR help [COMMAND]\n");
     page += section(say(Say::HeadCommands));
     for (const Command& command : commands())
         page += roffOf(command);

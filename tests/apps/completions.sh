@@ -38,6 +38,8 @@ offers() {
 
 offers 'commands' 'schema settings show' s
 offers 'no other' '' x
+offers 'the word that explains' 'help' he
+offers 'what it explains' 'schema settings show' help s
 offers 'options' '--all' show --a
 offers 'help' '--help' show --he
 offers 'actions' 'remove rename' preset re
@@ -95,6 +97,8 @@ zsh_offers() {
 
 zsh_offers 'commands' 'schema settings show' 's'
 zsh_offers 'no other' '' 'x'
+zsh_offers 'the word that explains' 'help' 'he'
+zsh_offers 'what it explains' 'schema settings show' 'help s'
 zsh_offers 'options' '--all' 'show --a'
 zsh_offers 'options with values' '--audio --audio-bitrate --audio-codec --audio-language --audio-tracks' 'convert --au'
 zsh_offers 'help' '--help' 'show --he'

@@ -69,6 +69,7 @@ void TestZoconvertTables::everyOptionIsToldEverywhere()
     const QString bash = bashCompletions();
     const QString zsh = zshCompletions();
     QVERIFY(commands().size() >= 8);
+    QVERIFY(page.contains(QStringLiteral("\\fBzoconvert\\fR help [COMMAND]\n")));
     for (const Command& command : commands()) {
         const QString name = QString::fromLatin1(command.name);
         QVERIFY2(page.contains(QStringLiteral(".SS zoconvert %1\n").arg(name)), command.name);
