@@ -18,10 +18,22 @@ namespace zoeditor {
 
 namespace {
 
-void print(const QString& text, FILE* stream)
+bool print(const QString& text, FILE* stream)
 {
-    static_cast<void>(std::fputs(text.toLocal8Bit().constData(), stream));
-    static_cast<void>(std::fflush(stream));
+    const bool isPut = std::fputs(text.toLocal8Bit().constData(), stream) >= 0;
+    return std::fflush(stream) == 0 && isPut;
+}
+
+/// The exit code, once \a text was asked for and is printed.
+int printed(const QString& text)
+{
+    if (print(text, stdout))
+        return 0;
+    print(QStringLiteral("zoeditor: %1\n")
+              .arg(QCoreApplication::translate("zoeditor::Program",
+                                               "What was asked for cannot be written to standard output.")),
+          stderr);
+    return 1;
 }
 
 /// What QApplication takes out of the command line.
@@ -60,11 +72,11 @@ std::optional<int> answer(const QStringList& arguments, QStringList* files)
         return wrongUsage;
     }
     if (parser.isSet(version))
-        print(QStringLiteral("zoeditor %1\n").arg(QCoreApplication::applicationVersion()), stdout);
-    else if (parser.isSet(help))
-        print(parser.helpText(), stdout);
+        return printed(QStringLiteral("zoeditor %1\n").arg(QCoreApplication::applicationVersion()));
+    if (parser.isSet(help))
+        return printed(parser.helpText());
     *files = parser.positionalArguments();
-    return parser.isSet(version) || parser.isSet(help) ? std::make_optional(0) : std::nullopt;
+    return std::nullopt;
 }
 
 } // namespace

@@ -50,4 +50,8 @@ check 'installed: its help' grep -q 'Films, folders of films' <("$prefix/bin/zoe
 status=0
 "$prefix/bin/zoeditor" --speed 2> "$work/errors" || status=$?
 same 'installed: an option that is none' 2 "$status" || true
+status=0
+"$prefix/bin/zoeditor" --help > /dev/full 2> "$work/errors" || status=$?
+same 'installed: its help that cannot be written' \
+    '1 zoeditor: What was asked for cannot be written to standard output.' "$status $(< "$work/errors")" || true
 finish

@@ -229,6 +229,10 @@
         <translation>Zeigt die Version.</translation>
     </message>
     <message>
+        <source>What was asked for cannot be written to standard output.</source>
+        <translation>Was verlangt war, lässt sich nicht auf die Standardausgabe schreiben.</translation>
+    </message>
+    <message>
         <source>Edits how films will be converted, and converts them.</source>
         <translation>Bearbeitet, wie Filme umgewandelt werden, und wandelt sie um.</translation>
     </message>
