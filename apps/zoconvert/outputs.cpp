@@ -202,47 +202,49 @@ QString samePlace(const FileJobs& files)
     return {};
 }
 
-} // namespace
-
-QString nameOutputs(const Invocation& invocation, FileJobs* files)
+/// Where the result of \a file goes, which has the settings \a options and is \a number of \a count. A sentence that
+/// answers is wrong usage.
+QString nameOutput(const Invocation& invocation, const zokit::Settings& options, int number, int count, FileJob* file)
 {
     const QString output = outputValue(invocation, "output").toString();
     const QString folder = outputValue(invocation, "output-folder").toString();
     const QString container = outputValue(invocation, "container").toString();
-    if (!output.isEmpty())
-        if (const QString refused = refusedOutput(invocation, files->size()); !refused.isEmpty())
-            return refused;
+    const QString ending = zokit::containerFor(options, file->clip);
+    const QString pattern = options.output.value(QStringLiteral("name")).toString();
+    if (const QString wrong = checkPattern(pattern); !wrong.isEmpty())
+        return wrong;
+    const QString name = zokit::resultName(pattern, baseName(file->input), ending, number, count);
+    const QString place = folder.isEmpty() ? folderOf(file->input) : inFolder(folder, file->below);
+    file->output = output.isEmpty() ? inFolder(place, name) : output;
+    file->job.output = QDir::cleanPath(QFileInfo(file->output).absoluteFilePath());
+    const QString said = zokit::containerOf(file->output);
+    if (!container.isEmpty() && !said.isEmpty() && said != container)
+        return say(Say::EndingDiffers, {file->output, container});
+    return zokit::checkCodecs(options, said.isEmpty() ? ending : said).text();
+}
 
+} // namespace
+
+QString nameOutputs(const Invocation& invocation, FileJobs* files)
+{
+    const bool hasName = !outputValue(invocation, "output").toString().isEmpty();
+    if (const QString refused = hasName ? refusedOutput(invocation, files->size()) : QString(); !refused.isEmpty())
+        return refused;
     std::optional<zokit::Settings> ofClips; // The same for all inputs that are no settings files.
     int number = 0;
     for (FileJob& file : *files) {
-        ++number;
         zokit::Settings options;
-        if (file.loaded || !ofClips) {
-            if (const QString refused = settingsAhead(file.input, file.loaded, invocation, &options);
-                !refused.isEmpty())
-                return refused;
-            if (!file.loaded)
-                ofClips = options;
-        } else {
+        QString refused;
+        if (file.loaded || !ofClips)
+            refused = settingsAhead(file.input, file.loaded, invocation, &options);
+        else
             options = *ofClips;
-        }
-        const QString ending = zokit::containerFor(options, file.clip);
-        const QString pattern = options.output.value(QStringLiteral("name")).toString();
-        if (const QString wrong = checkPattern(pattern); !wrong.isEmpty())
-            return wrong;
-        const QString name =
-            zokit::resultName(pattern, baseName(file.input), ending, number, static_cast<int>(files->size()));
-        file.output = output.isEmpty()
-                          ? inFolder(folder.isEmpty() ? folderOf(file.input) : inFolder(folder, file.below), name)
-                          : output;
-        const QString said = zokit::containerOf(file.output);
-        if (!container.isEmpty() && !said.isEmpty() && said != container)
-            return say(Say::EndingDiffers, {file.output, container});
-        file.job.output = QDir::cleanPath(QFileInfo(file.output).absoluteFilePath());
-        const zokit::Message wrong = zokit::checkCodecs(options, said.isEmpty() ? ending : said);
-        if (!wrong.isEmpty())
-            return wrong.text();
+        if (!file.loaded)
+            ofClips = options;
+        if (refused.isEmpty())
+            refused = nameOutput(invocation, options, ++number, static_cast<int>(files->size()), &file);
+        if (!refused.isEmpty())
+            return refused;
     }
     dropResults(invocation, files);
     return samePlace(*files);
