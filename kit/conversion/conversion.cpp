@@ -145,6 +145,7 @@ public:
     void startChild(bool collected);
     void convert();
     void ended(const ChildResult& result);
+    void prepareTrack(int place);
     Step scriptStep(int place) const;
     bool takeSubtitle(int place, const ChildResult& result);
     void took(const Step& step, const ChildResult& result);
@@ -326,12 +327,10 @@ bool Conversion::Private::makeHelpers()
     const bool ownChapters = !m_media.chapters.isEmpty()
                              && (clipPart(m_job.settings, m_media).isTrimmed || speedFactor(m_job.settings) != 1);
     const bool burnsText = m_plan.subtitle.use == SubtitleUse::BurnText;
-    const bool extracts = burnsText
-                          || std::any_of(m_plan.tracks.cbegin(), m_plan.tracks.cend(),
-                                         [](const TrackPlan& track) { return track.isScripted; });
-    const bool hasCovers = std::any_of(m_plan.tracks.cbegin(), m_plan.tracks.cend(),
-                                       [](const TrackPlan& track) { return track.fate == TrackFate::Attached; });
-    if (m_folder.isEmpty() && (!watermark.isNull() || ownChapters || extracts || hasCovers)) {
+    const bool hasFiles = std::any_of(m_plan.tracks.cbegin(), m_plan.tracks.cend(), [](const TrackPlan& track) {
+        return track.isScripted || track.fate == TrackFate::Attached;
+    });
+    if (m_folder.isEmpty() && (!watermark.isNull() || ownChapters || burnsText || hasFiles)) {
         if (const Message wrong = m_ownFolder.create(); !wrong.isEmpty()) {
             fail(wrong, FailureKind::Temporary);
             return false;
@@ -356,23 +355,28 @@ bool Conversion::Private::makeHelpers()
         m_steps.append(
             {Step::Extract, burnedIn, extractCommand(m_tools, m_media, m_plan.subtitle, m_helpers.subtitleFonts)});
     }
-    for (int i = 0; i < m_plan.tracks.size(); ++i) {
-        const TrackPlan& track = m_plan.tracks.at(i);
-        if (track.isScripted) {
-            m_steps.append(scriptStep(i));
-        } else if (track.fate == TrackFate::Attached) {
-            const int stream = track.track.index;
-            const QString file = m_folder + QStringLiteral("/cover%1").arg(stream);
-            m_helpers.covers.insert(stream, file);
-            m_steps.append({Step::Cover, stream, coverCommand(m_tools, m_media, stream, file)});
-        } else if (track.fate == TrackFate::Encoded && track.track.kind == TrackKind::Audio && track.hasEffects
-                   && needsMeasuring(m_job.settings)) {
-            m_steps.append({Step::Measure, i, measureCommand(m_tools, m_job, m_media, m_files, track)});
-        }
-    }
+    for (int i = 0; i < m_plan.tracks.size(); ++i)
+        prepareTrack(i);
     for (Step& step : m_steps)
         step.command.stallSeconds = m_job.stallSeconds;
     return true;
+}
+
+/// Adds what has to be read or measured of the track at \a place of the plan.
+void Conversion::Private::prepareTrack(int place)
+{
+    const TrackPlan& track = m_plan.tracks.at(place);
+    if (track.isScripted) {
+        m_steps.append(scriptStep(place));
+    } else if (track.fate == TrackFate::Attached) {
+        const int stream = track.track.index;
+        const QString file = m_folder + QStringLiteral("/cover%1").arg(stream);
+        m_helpers.covers.insert(stream, file);
+        m_steps.append({Step::Cover, stream, coverCommand(m_tools, m_media, stream, file)});
+    } else if (track.fate == TrackFate::Encoded && track.track.kind == TrackKind::Audio && track.hasEffects
+               && needsMeasuring(m_job.settings)) {
+        m_steps.append({Step::Measure, place, measureCommand(m_tools, m_job, m_media, m_files, track)});
+    }
 }
 
 void Conversion::Private::nextStep()

@@ -461,6 +461,7 @@ private:
 MediaInfo usualClip(const Settings& settings, const QString& container)
 {
     constexpr QSize usualFrame(1280, 720);
+    constexpr int usualRate = 48000;
     MediaStream picture;
     picture.track.kind = TrackKind::Video;
     picture.track.codec = usualVideoCodec(container);
@@ -472,7 +473,7 @@ MediaInfo usualClip(const Settings& settings, const QString& container)
     sound.track.index = 1;
     sound.track.kind = TrackKind::Audio;
     sound.track.codec = usualAudioCodec(container);
-    sound.sampleRate = 48000;
+    sound.sampleRate = usualRate;
     sound.channels = 2;
     MediaInfo media;
     media.streams = {picture, sound};
