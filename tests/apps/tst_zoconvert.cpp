@@ -76,7 +76,8 @@ void TestZoconvert::aLineEndsAsItShould_data()
         "");
     row("show by a path", {"show", "./b.zoeffect.json"}, 0, contrast, "");
     row("show half a crop", {"show", "half.json"}, 0, "Crop:crop_left = 96  (changed; default 0)\n", "");
-    row("show a crop of the whole frame", {"show", "whole.json"}, 0, "", "");
+    row("show a crop of the whole frame", {"show", "whole.json"}, 0, "",
+        "zoconvert: whole.json: Nothing is set: all values are the built-in defaults. Add --all to see them.\n");
     row("show a missing one", {"show", "c.zoeffect.json"}, 1, "",
         "zoconvert: c.zoeffect.json: no such file. There is a.zoeffect.json.\n");
     row("show a broken one", {"show", "broken.json"}, 2, "",

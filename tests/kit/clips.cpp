@@ -50,6 +50,7 @@ constexpr Recipe recipes[] = {
     {"sound.wav",        SOUND},
     {"sound.mp3",        SOUND "-c:a libmp3lame"},
     {"sound.flac",       SOUND "-c:a flac"},
+    {"sound.m4a",        SOUND "-c:a aac"},
     {"raw.h264",         PICTURE X264},
     {"still.png",        "-f lavfi -i color=red:s=64x48 -frames:v 1"},
     {"still.jpg",        "-f lavfi -i color=red:s=64x48 -frames:v 1 -pix_fmt yuvj420p"},
