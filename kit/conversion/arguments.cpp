@@ -448,9 +448,8 @@ private:
     void addCover(const TrackPlan& track, const MediaStream* stream)
     {
         const bool isPng = track.track.codec == QLatin1String("png");
-        const QString name = stream && !stream->fileName.isEmpty()
-                                 ? stream->fileName
-                                 : QStringLiteral("cover") + (isPng ? QStringLiteral(".png") : QStringLiteral(".jpg"));
+        const QString usualName = isPng ? QStringLiteral("cover.png") : QStringLiteral("cover.jpg");
+        const QString name = stream && !stream->fileName.isEmpty() ? stream->fileName : usualName;
         // What is attached comes behind all that is copied.
         const auto isCopied = [](const TrackPlan& plan) {
             return plan.track.kind == TrackKind::Attachment && plan.fate == TrackFate::Copied;

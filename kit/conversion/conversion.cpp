@@ -311,7 +311,8 @@ QString Conversion::Private::endangered() const
         QStringLiteral("\\A(watermark\\.png|chapters\\.txt|subtitles[0-9]*\\.ass|extracted\\.ass|cover[0-9]+)\\z"));
     for (const QString& source : namedFiles(m_job.settings) + QStringList{m_job.input}) {
         const QFileInfo info(source);
-        if (helper.match(info.fileName()).hasMatch() && isSameFile(info.absolutePath(), m_folder))
+        const bool isNamedSo = helper.match(info.fileName()).hasMatch();
+        if (isNamedSo && isSameFile(info.absolutePath(), m_folder))
             return source;
     }
     return {};
@@ -324,8 +325,8 @@ bool Conversion::Private::makeHelpers()
         return false;
     }
     const QImage watermark = m_plan.videoCodec.isEmpty() ? QImage() : watermarkPicture(m_job.settings);
-    const bool ownChapters = !m_media.chapters.isEmpty()
-                             && (clipPart(m_job.settings, m_media).isTrimmed || speedFactor(m_job.settings) != 1);
+    const ClipPart part = clipPart(m_job.settings, m_media);
+    const bool ownChapters = !m_media.chapters.isEmpty() && (part.isTrimmed || speedFactor(m_job.settings) != 1);
     const bool burnsText = m_plan.subtitle.use == SubtitleUse::BurnText;
     const bool hasFiles = std::any_of(m_plan.tracks.cbegin(), m_plan.tracks.cend(), [](const TrackPlan& track) {
         return track.isScripted || track.fate == TrackFate::Attached;
@@ -347,7 +348,6 @@ bool Conversion::Private::makeHelpers()
     if (ownChapters
         && !writeHelper(QStringLiteral("chapters.txt"), chaptersText(m_job.settings, m_media), &m_helpers.chapters))
         return false;
-    const ClipPart part = clipPart(m_job.settings, m_media);
     if (part.isTrimmed && part.from > 0 && m_media.picture() && m_plan.videoCodec.isEmpty())
         m_steps.append({Step::KeyFrame, 0, keyFrameCommand(m_tools, m_media, part.from)});
     if (burnsText) {

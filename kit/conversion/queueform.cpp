@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-#include <QFileInfo>
+#include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QMetaEnum>
@@ -90,7 +90,7 @@ bool takeJob(const QJsonObject& object, Kept* row)
     job.skips = object.value(QStringLiteral("skips")).toBool();
     job.threads = std::max(object.value(QStringLiteral("threads")).toInt(), 0);
     job.stallSeconds = std::max(object.value(QStringLiteral("stall")).toInt(), 1);
-    if (!QFileInfo(job.input).isAbsolute() || !QFileInfo(job.output).isAbsolute())
+    if (QDir::isRelativePath(job.input) || QDir::isRelativePath(job.output))
         return false;
     const QJsonObject settings = object.value(QStringLiteral("settings")).toObject();
     const ReadSettings read = readSettings(QJsonDocument(settings).toJson(), QString());

@@ -310,8 +310,8 @@ private:
         const QString wanted = option(m_settings, "audio-codec");
         const bool copies = wanted == QLatin1String("copy");
         plan.hasEffects = hasEffects;
-        const bool touched = !soundGraph(soundSettings(m_settings, hasEffects), stream, {}).isEmpty()
-                             || (hasEffects && needsMeasuring(m_settings));
+        const bool measured = hasEffects && needsMeasuring(m_settings);
+        const bool touched = !soundGraph(soundSettings(m_settings, hasEffects), stream, {}).isEmpty() || measured;
         const bool named = hasEffects && (names(m_settings, {"audio-bitrate"}) || (!wanted.isEmpty() && !copies));
         if (copies && (touched || named))
             refuse(Message(Code::CopyTouched, {QStringLiteral("audio-codec")}));

@@ -147,11 +147,11 @@ void FileSettings::syncFromModels() // NOLINT(misc-no-recursion): as above
             const int former = static_cast<int>(present.indexOf(kept.at(row)));
             if (former >= 0) {
                 const Item& item = known.items.at(former);
-                target.items[row].anchor = item.anchor;
-                target.items[row].foreign = item.foreign;
-                if (!exactly(target.items.at(row).values.value(keys::left), item.values.value(keys::left))
-                    || !exactly(target.items.at(row).values.value(keys::top), item.values.value(keys::top)))
-                    target.items[row].anchor.clear();
+                Item& now = target.items[row];
+                now.foreign = item.foreign;
+                const bool left = exactly(now.values.value(keys::left), item.values.value(keys::left));
+                const bool top = exactly(now.values.value(keys::top), item.values.value(keys::top));
+                now.anchor = left && top ? item.anchor : Values();
             }
         }
         target.foreign = known.foreign;

@@ -23,9 +23,9 @@ bool nameTracks(const Settings& settings)
     for (const char* name : {"Audio", "Subtitle"}) {
         const TypeSettings* type = settings.find(QLatin1String(name));
         const auto isOfClip = [&](const Item& item) {
-            return (!item.values.value(QStringLiteral("audio_isfile")).toBool()
-                    && !item.values.value(QStringLiteral("sub_fromfile")).toBool())
-                   || (hasSidecars && type->type == QLatin1String("Subtitle"));
+            const bool isSound = item.values.value(QStringLiteral("audio_isfile")).toBool();
+            const bool isSubtitle = item.values.value(QStringLiteral("sub_fromfile")).toBool();
+            return (!isSound && !isSubtitle) || (hasSidecars && type->type == QLatin1String("Subtitle"));
         };
         if (type && std::any_of(type->items.cbegin(), type->items.cend(), isOfClip))
             return true;

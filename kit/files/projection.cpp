@@ -106,7 +106,7 @@ bool Projection::setOne(const Things& things, const Change& change)
     const QString key = isSelection ? own::checkState : change.key;
     const int pos = things.position(change.thing);
     const ZoEffectItemData* node = model.getDataItem(type, pos);
-    if (!node || (!isSelection && !node->hasData(key)))
+    if (!node)
         return false;
     model.setData(key, change.after, type, pos);
     // An equal value of another spelling is not stored, and a position marks itself as edited.

@@ -100,7 +100,7 @@ Values propertiesOf(const Values& values)
 {
     Values result;
     for (auto it = values.cbegin(); it != values.cend(); ++it) {
-        if (!isInternal(it.key()) && it.key() != own::selected && it.key() != own::anchor)
+        if (!isInternal(it.key()) && it.key() != own::selected)
             result.insert(result.cend(), it.key(), it.value());
     }
     return result;
@@ -255,8 +255,7 @@ void Things::apply(const Changes& changes)
 {
     bool otherThings = false;
     for (const Change& change : changes) {
-        otherThings =
-            otherThings || !m_values.contains(change.thing) || change.key == own::of || change.key == own::type;
+        otherThings = otherThings || !m_values.contains(change.thing) || change.key == own::of;
         Values& values = m_values[change.thing];
         if (change.after.isValid())
             values.insert(change.key, change.after);

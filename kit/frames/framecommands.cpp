@@ -60,7 +60,7 @@ QString screenFilter(const FrameQuestion& question, const QString& options = exa
     const bool isSource = question.kind == FrameKind::Before;
     const QString format = isSource || question.pixelFormat.isEmpty() ? picture.pixelFormat : question.pixelFormat;
     if (isRgb(format))
-        return (options == exactly ? QString() : QStringLiteral("scale=%1,").arg(options)) + word("format=rgb0");
+        return options == exactly ? word("format=rgb0") : QStringLiteral("scale=%1,format=rgb0").arg(options);
     const bool isConverted = isRgb(picture.pixelFormat) && !isSource;
     const bool mapped = isMapped(question) && !isSource;
     const QString range = isConverted || mapped ? word("tv") : picture.range;

@@ -87,9 +87,7 @@ void Scrubber::Private::open(const FrameQuestion& question, const QSize& most)
         subtitles->selected = false;
     if (!m_question.media.picture() || !m_tools.error.isEmpty())
         return;
-    const PictureGraph graph = questionGraph(m_question, GraphParts());
-    if (graph.error.isEmpty() && !graph.size.isEmpty())
-        m_size = fitted(graph.size, most);
+    m_size = fitted(questionGraph(m_question, GraphParts()).size, most);
 }
 
 void Scrubber::Private::close()

@@ -35,9 +35,9 @@ void closeQuietly(int file)
 
 QString folderOr(const QString& folder)
 {
-    return folder.isEmpty() ? QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)
-                                  + QStringLiteral("/zoeffect/journal")
-                            : folder;
+    if (!folder.isEmpty())
+        return folder;
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/zoeffect/journal");
 }
 
 int openLocked(const QString& path, int flags, int lock)
@@ -117,8 +117,9 @@ int replace(const QString& path, const QByteArray& text)
     const int file = openLocked(beside, O_RDWR | O_CREAT | O_EXCL | O_APPEND, LOCK_EX);
     if (file < 0)
         return -1;
-    if (write(file, text)
-        && std::rename(QFile::encodeName(beside).constData(), QFile::encodeName(path).constData()) == 0)
+    const QByteArray from = QFile::encodeName(beside);
+    const QByteArray to = QFile::encodeName(path);
+    if (write(file, text) && std::rename(from.constData(), to.constData()) == 0)
         return file;
     closeQuietly(file);
     const int error = errno;

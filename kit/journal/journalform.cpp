@@ -67,7 +67,9 @@ std::optional<QJsonObject> recordOf(const QByteArray& line)
     if (line.left(digits + 1) != checksum(json))
         return std::nullopt;
     const QJsonDocument document = QJsonDocument::fromJson(json);
-    return document.isObject() ? std::make_optional(document.object()) : std::nullopt;
+    if (!document.isObject())
+        return std::nullopt;
+    return document.object();
 }
 
 // --- Values as JSON

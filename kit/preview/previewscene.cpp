@@ -100,8 +100,8 @@ PreviewScene previewScene(const FileSettings& file, const WatermarkPictures& pic
         mark.thing = item;
         mark.picture = pictures.picture(item);
         mark.place = {QPoint(values.value(keys::left).toInt(), values.value(keys::top).toInt()), mark.picture.size()};
-        mark.keepsShape =
-            values.value(keys::isText).toBool() || values.value(QStringLiteral("wm_imagekeepratio"), true).toBool();
+        const bool isText = values.value(keys::isText).toBool();
+        mark.keepsShape = values.value(QStringLiteral("wm_imagekeepratio"), true).toBool() || isText;
         if (!mark.picture.isNull())
             scene.marks.append(mark);
     }
@@ -117,7 +117,8 @@ CropRule cropRule(const FileSettings& file)
     rule.even = asksForEven(settings.output.value(QStringLiteral("pixel-format")).toString());
     rule.smallest = {values.value(QStringLiteral("crop_minwidth")).toInt(),
                      values.value(QStringLiteral("crop_minheight")).toInt()};
-    if (!values.value(QStringLiteral("crop_keepaspectratio")).toBool() || frame.isEmpty())
+    const bool keepsShape = values.value(QStringLiteral("crop_keepaspectratio")).toBool();
+    if (!keepsShape || frame.isEmpty())
         return rule;
     const QString shape = values.value(QStringLiteral("crop_aspectratio")).toString();
     const QRect kept = croppedTo(settings, frame, false);

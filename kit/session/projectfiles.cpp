@@ -224,8 +224,9 @@ Message ProjectFiles::save()
         return first;
     QStringList words = first.arguments(); // The file is the first of them, whatever is wrong with it.
     words.first() = unsaved.join(QStringLiteral(", "));
-    return first.inner().isEmpty() ? Message(first.code(), words)
-                                   : Message(first.code(), words.mid(0, 1), first.inner());
+    if (first.inner().isEmpty())
+        return Message(first.code(), words);
+    return Message(first.code(), words.mid(0, 1), first.inner());
 }
 
 } // namespace zokit

@@ -95,9 +95,8 @@ Message whyUnwritten()
     const QString path = folder.filePath(QStringLiteral("effectdefaults.json"));
     constexpr int more = 4096; // Than is there.
     QSaveFile trial(path);     // It tells the reason, and is never put into place.
-    const bool isWritable = trial.open(QIODevice::WriteOnly)
-                            && trial.write(QByteArray(static_cast<int>(QFileInfo(path).size()) + more, ' ')) >= 0
-                            && trial.flush();
+    const QByteArray blanks(static_cast<int>(QFileInfo(path).size()) + more, ' ');
+    const bool isWritable = trial.open(QIODevice::WriteOnly) && trial.write(blanks) >= 0 && trial.flush();
     trial.cancelWriting();
     const QString reason = isWritable
                                ? QCoreApplication::translate("zokit", "it is locked, damaged or of a newer version")

@@ -29,19 +29,13 @@ Message describeList(const QString& type, const Change& change)
     return Message(before < after ? Code::StepAdd : Code::StepRemove, isOne ? oneItemOf(type) : QStringList{type});
 }
 
-/// The change by which a whole file came or went: what has a width and belongs to nothing.
+/// The change by which a whole file came or went: files alone have a width.
 const Change* fileIn(const Project& project, const Changes& changes)
 {
-    const auto belongs = [&](Identity thing) {
-        return std::any_of(changes.cbegin(), changes.cend(),
-                           [&](const Change& change) { return change.thing == thing && change.key == own::of; });
-    };
     const auto found = std::find_if(changes.cbegin(), changes.cend(), [&](const Change& change) {
-        if (change.key != QLatin1String("width") || change.before.isValid() == change.after.isValid()
-            || isSavedDefault(change.thing))
+        if (change.key != QLatin1String("width") || change.before.isValid() == change.after.isValid())
             return false;
-        return change.after.isValid() ? project.file(change.thing) != nullptr
-                                      : !project.fileOf(change.thing) && !belongs(change.thing);
+        return change.after.isValid() == (project.file(change.thing) != nullptr);
     });
     return found == changes.cend() ? nullptr : &*found;
 }

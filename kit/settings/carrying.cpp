@@ -17,7 +17,8 @@ namespace {
 
 bool isFileTrack(const Item& track)
 {
-    return track.values.value(keys::subtitleIsFile).toBool() || track.values.value(keys::soundIsFile).toBool();
+    const bool isSubtitle = track.values.value(keys::subtitleIsFile).toBool();
+    return track.values.value(keys::soundIsFile).toBool() || isSubtitle;
 }
 
 bool isSameFile(const Item& a, const Item& b)

@@ -159,9 +159,10 @@ Message checkForm(const Settings& from, const CarryOver& carry)
         const std::optional<Wanted> wanted = wantedFrom(text);
         if (!wanted)
             return Message(Code::AddressMalformed, {text});
-        if (effectTypes().contains(wanted->type) && !known.contains(wanted->type))
+        const bool isKnown = known.contains(wanted->type);
+        if (!isKnown && effectTypes().contains(wanted->type))
             return Message(Code::NotAmong, {wanted->type, known.join(QStringLiteral(", "))});
-        if (!known.contains(wanted->type))
+        if (!isKnown)
             return Message(Code::UnknownType, {wanted->type, nearest(wanted->type, known)});
         const Message error = checkForm(*wanted, text, from.find(wanted->type));
         if (!error.isEmpty())

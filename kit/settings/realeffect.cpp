@@ -63,9 +63,8 @@ bool changes(const Settings& settings, const TypeSettings& type)
     if (type.type == QLatin1String("Crop"))
         return !isWholeFrame(type.values, baseFrame(settings)) || isTurned(settings, type.values);
     if (type.type == QLatin1String("Color"))
-        return type.values.value(QStringLiteral("bcs_brightness")).toInt() != 0
-               || type.values.value(QStringLiteral("bcs_contrast")).toInt() != 0
-               || type.values.value(QStringLiteral("bcs_saturation")).toInt() != 0;
+        return flag(type.values, "bcs_brightness") || flag(type.values, "bcs_contrast")
+               || flag(type.values, "bcs_saturation");
     if (type.type == QLatin1String("Effect"))
         return anySelected(type, [](const Values&) { return true; });
     if (type.type == QLatin1String("Watermark"))

@@ -111,7 +111,7 @@ QJsonObject Reader::foreignOf(const QJsonObject& object, const QStringList& know
 void Reader::readVersion(const QJsonObject& root)
 {
     const QJsonValue version = root.value(versionMember);
-    if (!version.isDouble() || version.toInt() < 1 || version.toInt() != version.toDouble())
+    if (!version.isDouble() || version.toInt() < 1) // Half a version is read as none.
         fail(Message(Code::NotThisForm));
     else if (version.toInt() > formVersion)
         fail(Message(Code::NewerVersion, {QString::number(version.toInt()), QString::number(formVersion)}));

@@ -328,7 +328,8 @@ bool useLanguage(const QLocale& locale)
     if (!application)
         return false;
     german = new QTranslator(application);
-    return german->load(QStringLiteral(":/zokit/zokit_de.qm")) && QCoreApplication::installTranslator(german);
+    const bool isLoaded = german->load(QStringLiteral(":/zokit/zokit_de.qm"));
+    return isLoaded && QCoreApplication::installTranslator(german);
 }
 
 QString onOneLine(const QString& text)

@@ -55,7 +55,8 @@ static QString checkKey(const SettingsNode& node)
 
 bool SettingsModel::Private::isChecked(const SettingsNode& node) const
 {
-    return file->value(node.thing, own::selected).toBool() && file->value(node.thing, checkKey(node)).toBool();
+    const bool isSelected = file->value(node.thing, own::selected).toBool();
+    return isSelected && file->value(node.thing, checkKey(node)).toBool();
 }
 
 QString SettingsModel::Private::label(const SettingsNode& node) const
