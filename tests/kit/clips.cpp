@@ -104,7 +104,10 @@ constexpr Recipe recipes[] = {
     {"dvdsub.mkv",       "-i {plain.mp4} -f sup -i {graphic.sup} -map 0 -map 1 -c copy -c:s dvdsub"},
     {"serif.mkv",        "-i {silent.mkv} -i {serif.ass} -map 0 -map 1 -c copy"}, // In a font that is there.
     {"brought.mkv",      "-i {silent.mkv} -i {brought.ass} -map 0 -map 1 -c copy -attach {still.png} -metadata:s:t:0 mimetype=image/png "
-                         "-metadata:s:t:0 filename=still.png -attach {brought.ttf} -metadata:s:t:1 mimetype=font/ttf -metadata:s:t:1 filename=brought.ttf"},
+                         "-metadata:s:t:0 filename=still.png -attach {brought.ttf} -metadata:s:t:1 mimetype=font/ttf -metadata:s:t:1 filename=brought.ttf "
+                         "-attach {brought.ass} -metadata:s:t:2 mimetype=text/x-notes -metadata:s:t:2 filename=notes.ass "
+                         "-attach {brought.ttf} -metadata:s:t:3 mimetype=application/octet-stream -metadata:s:t:3 filename=OTHER.TTF "
+                         "-attach {brought.ttf} -metadata:s:t:4 mimetype=application/x-font-other -metadata:s:t:4 filename=third"},
     {"cover-and-font.mkv", "-i {plain.mp4} -c copy -attach {still.jpg} -metadata:s:t:0 mimetype=image/jpeg -metadata:s:t:0 filename=cover.jpg "
                          "-attach {still.png} -metadata:s:t:1 mimetype=application/x-truetype-font -metadata:s:t:1 filename=own.ttf"},
     {"big-endian.mov",   SOUND "-c:a pcm_f32be"},
@@ -122,6 +125,10 @@ constexpr Recipe recipes[] = {
     {"late-sound.mkv",   PICTURE "-itsoffset 0.2 -f lavfi -i sine=d=0.2 -c:v ffv1 -pix_fmt yuv420p -c:a pcm_s16le"},
     {"two-sounds.mkv",   "-f lavfi -i testsrc2=s=64x48:r=5:d=3 -f lavfi -i aevalsrc=1/16:s=8000:d=3 -f lavfi -i aevalsrc=1/8:s=8000:d=3 "
                          "-map 0 -map 1 -map 2 -c:v ffv1 -pix_fmt yuv420p -c:a pcm_s16le"},
+    {"live.mkv",         "-i {two-sounds.mkv} -map 0 -c copy -live 1"},
+    {"live.mka",         SOUND "-c:a pcm_s16le -f matroska -live 1"},
+    {"pq-sound.mkv",     "-i {pq.mkv} " SOUND "-map 0 -map 1 -c:v copy -c:a pcm_s16le"},
+    {"palette.mkv",      PICTURE "-c:v png -pix_fmt pal8"},
     {"rising.wav",       "-f lavfi -i aevalsrc=t:s=8000:d=1"}, // Sample N is 4.096 N.
     {"deep.wav",         "-f lavfi -i aevalsrc=-1/2:s=8000:d=1"},
     {"talking.mkv",      "-f lavfi -i testsrc2=s=160x120:r=25:d=2 -f srt -i {talk.srt} " X264 "-c:s srt"},

@@ -81,6 +81,7 @@ private Q_SLOTS:
     void allTargetsGetWhatThePlanSays();
     void aHostSettlesEachTarget();
     void aFileThatIsNamedTwiceStandsOnceInThePlan();
+    void whatNamesAFrameIsNoPreset();
     void aLinkStaysALink();
     void whatDoesNotChangeIsNotWritten();
     void oneThatCannotBeReadRefusesAll();
@@ -143,6 +144,20 @@ void TestKitApplyFiles::aFileThatIsNamedTwiceStandsOnceInThePlan()
     const ApplyPlan plan =
         zokit::planApply(withContrast(20), {files.names.first(), files.path("link.json"), files.names.first()}, colour);
     QCOMPARE(plan.targets.size(), 1);
+}
+
+void TestKitApplyFiles::whatNamesAFrameIsNoPreset()
+{
+    const Files files(1);
+    for (const char* media : {R"({"file": "a.mkv"})", R"({"width": 64, "height": 48})"}) {
+        QFile target(files.path("both.json"));
+        QVERIFY(target.open(QIODevice::WriteOnly));
+        target.write(R"({"zoeffect": 1, "base": {"width": 64, "height": 48}, "media": )" + QByteArray(media) + "}");
+        target.close();
+        const ApplyPlan plan = zokit::planApply(withContrast(20), {target.fileName()}, colour);
+        QCOMPARE(plan.error.text(), QString());
+        QCOMPARE(plan.targets.size(), 1);
+    }
 }
 
 void TestKitApplyFiles::aLinkStaysALink()
@@ -208,7 +223,7 @@ void TestKitApplyFiles::whatADeadOneWasAtIsToldOfEachFile()
     const Files files(0);
     QVERIFY(QDir().mkpath(files.notes()));
     QByteArray noted; // With the checksums of "old" and "new".
-    for (const char* content : {"new", "old", "else"}) {
+    for (const char* content : {"new", "old", "else", "gone"}) {
         QFile target(files.path(content));
         QVERIFY(target.open(QIODevice::WriteOnly));
         target.write(content);
@@ -216,6 +231,7 @@ void TestKitApplyFiles::whatADeadOneWasAtIsToldOfEachFile()
                  + "\",\"old\":\"cba06b5736faf67e54b07b561eae94395e774c517a7d910a54369e1263ccfbd4\",\"new\":"
                    "\"11507a0e2f5e69d5dfa40a62a1bd7b6ee57e6bcd85c67c9b8431b36fff21c437\"}";
     }
+    QVERIFY(QFile::remove(files.path("gone")));
     QFile note(files.notes() + QStringLiteral("/0123456789ab.json"));
     QVERIFY(note.open(QIODevice::WriteOnly));
     note.write(noted + ']');
@@ -226,7 +242,8 @@ void TestKitApplyFiles::whatADeadOneWasAtIsToldOfEachFile()
     QVector<LeftTarget::State> states;
     for (const LeftTarget& left : zokit::takeLeftTargets(files.notes()))
         states.append(left.state);
-    QCOMPARE(states, QVector<LeftTarget::State>({LeftTarget::New, LeftTarget::Old, LeftTarget::Other}));
+    QCOMPARE(states,
+             QVector<LeftTarget::State>({LeftTarget::New, LeftTarget::Old, LeftTarget::Other, LeftTarget::Other}));
     QVERIFY(!note.exists());
 }
 
@@ -306,6 +323,8 @@ void TestKitApplyFiles::valuesReadAsPeopleCallThem_data()
                             << "20";
     QTest::newRow("unit") << "Crop:crop_left" << QVariant(96) << "Crop: Left"
                           << "96 px";
+    QTest::newRow("unit of nothing") << "Crop:crop_left" << QVariant() << "Crop: Left"
+                                     << "";
     QTest::newRow("of an item") << "Watermark:1:wm_fontsize" << QVariant(12) << "Watermarks 2: Size"
                                 << "12 pt";
     QTest::newRow("choice") << "Effect:crop_rotation_angle" << QVariant(0) << "Frame effects: Turn"

@@ -148,7 +148,7 @@ void TestKitConversion::tracksFollow_data()
     const QVariantMap first{{QStringLiteral("trackid"), 0}};
     const QVariantMap second{{QStringLiteral("trackid"), 1}};
     row("a sound of two", "two-sounds.mka", "mkv", {{drop, QStringLiteral("drop")}, {sound, first}}, "pcm_s16le");
-    row("a picture that does not say how long it is", "two-sounds.mkv", "mkv",
+    row("a picture that does not say how long it is", "live.mkv", "mkv",
         {{drop, QStringLiteral("drop")}, {sound, second}}, "ffv1 pcm_s16le");
     row("a part of it", "two-sounds.mkv", "mkv",
         {{drop, QStringLiteral("drop")}, {sound, second}, {QStringLiteral("Output:trim"), QVariantList{1.0, 2.0}}},
@@ -166,6 +166,14 @@ void TestKitConversion::tracksFollow_data()
         {{QStringLiteral("Audio_Speed:audio_effect_flag"), true},
          {QStringLiteral("Audio_Speed:audio_speed_factor"), 200}},
         "h264 aac aac subrip ass");
+    row("two sounds of which one is chosen, in a part", "two-sounds.mkv", "mkv",
+        {{sound, second}, {QStringLiteral("Output:trim"), QVariantList{1.0, 2.0}}}, "h264 aac aac");
+    row("chapters", "chapters.mkv", "mkv", nothing, "h264 aac");
+    row("chapters, twice as fast", "chapters.mkv", "mkv",
+        {{QStringLiteral("Audio_Speed:audio_effect_flag"), true},
+         {QStringLiteral("Audio_Speed:audio_speed_factor"), 200}},
+        "h264 aac");
+    row("a part of a sound", "sound.wav", "mkv", {{QStringLiteral("Output:trim"), QVariantList{0.1, 0.3}}}, "aac");
     row("a part", "chapters.mkv", "mkv", {{QStringLiteral("Output:trim"), QVariantList{0.1, 0.3}}}, "h264 aac");
     row("a watermark", "plain.mp4", "mp4",
         {{QStringLiteral("Watermark"), QVariantMap{{QStringLiteral("wm_istextwatermark"), true},

@@ -81,6 +81,13 @@ void TestKitConversionTimes::timesAreKept_data()
     row("a part behind a line", "talking.mkv", "mkv", {{QStringLiteral("Output:trim"), QVariantList{0.9, 1.5}}}, "s",
         "100+200");
 
+    row("styled lines of a part, with one behind it", "talking.mkv", "mkv",
+        {{QStringLiteral("Output:soft-subtitles"), true},
+         {QStringLiteral("Subtitle"),
+          QVariantMap{{QStringLiteral("trackid"), 1}, {QStringLiteral("sub_fontsize"), 40}}},
+         {QStringLiteral("Output:trim"), part}},
+        "s", "100+100 600+200");
+
     const Edits pictures{{QStringLiteral("Output:soft-subtitles"), true},
                          {QStringLiteral("Subtitle"),
                           QVariantMap{{QStringLiteral("sub_fromfile"), true},

@@ -112,6 +112,10 @@ void TestKitFileSettings::refusedCallChangesNothing_data()
         << "Output:jobs" << QVariant(2) << "jobs is not kept with the settings. Give it with each run.";
     QTest::newRow("an anchor of what has no place")
         << "Color:anchor" << QVariant(QStringLiteral("top")) << "Color has no property anchor.";
+    QTest::newRow("an anchor of no item")
+        << "Watermark:anchor" << QVariant(QStringLiteral("top")) << "What was to be changed is not there any more.";
+    QTest::newRow("a rule of another type") << "Tracks:forced-subtitles" << QVariant(QStringLiteral("maybe"))
+                                            << "Tracks:forced-subtitles: maybe is neither true nor false.";
     QTest::newRow("a selection of what is always there")
         << "Output:selected" << QVariant(true) << "There is no output option selected.";
     QTest::newRow("the kit's own") << "Color::of" << QVariant(1) << "What was to be changed is not there any more.";
@@ -134,7 +138,9 @@ void TestKitFileSettings::refusedCallChangesNothing()
     const zokit::Settings before = file.settings();
     const bool ofItem = address.count(QLatin1Char(':')) == 2 && !address.contains(QLatin1String("::"));
     const QString type = address.section(QLatin1Char(':'), 0, 0);
-    const Identity ofType = type == QLatin1String("Output") ? file.output() : file.type(type);
+    const Identity ofType = type == QLatin1String("Output")   ? file.output()
+                            : type == QLatin1String("Tracks") ? file.tracks()
+                                                              : file.type(type);
     const Identity thing = ofItem ? file.item(key("Watermark"), 0) : ofType;
     const QString name = ofItem ? address.section(QLatin1Char(':'), 2) : address.section(QLatin1Char(':'), 1);
     Log log(file);
@@ -484,6 +490,8 @@ void TestKitFileSettings::checkStateIsTakenForSelected()
     }
     QCOMPARE(file.value(at(file, "Effect:0:selected"), selected), QVariant(false));
     QCOMPARE(file.value(text, selected), QVariant(true));
+    QCOMPARE(file.catalogueDefault(at(file, "Effect:selected"), selected), QVariant(true));
+    QCOMPARE(file.catalogueDefault(at(file, "Effect:0:selected"), key("crop_left")), QVariant()); // It has none.
 }
 
 void TestKitFileSettings::frameSizeKeepsThePartOfThePicture()

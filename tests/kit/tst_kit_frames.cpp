@@ -230,7 +230,7 @@ void TestKitFrames::rgbIsShownAsItIs()
 void TestKitFrames::keptFrameIsTheSame_data()
 {
     QTest::addColumn<QString>("clip");
-    for (const char* clip : {"lossless.mkv", "top-first.mkv", "pq.mkv", "raw.h264"})
+    for (const char* clip : {"lossless.mkv", "top-first.mkv", "pq.mkv", "raw.h264", "palette.mkv"})
         QTest::newRow(clip) << QString::fromLatin1(clip);
 }
 

@@ -148,6 +148,10 @@ void TestKitGraph::textOfTheGraph_data()
             stream.sampleAspect = {1, 1};
         }),
         none, "[0:0]format=yuv420p[picture]");
+    row("pixels of no shape", plain(hd), changed([](zokit::MediaStream& stream) {
+            stream.sampleAspect = {0, 1};
+        }),
+        none, "[0:0]format=yuv420p[picture]");
     row("no frame in the settings", plain(QSize()), clip(QSize(321, 240)), none,
         "[0:0]crop=320:240:0:0:exact=1,format=yuv420p[picture]");
     row("pixels that are no squares", plain(QSize(1024, 576)), changed([](zokit::MediaStream& stream) {

@@ -790,6 +790,8 @@ void TestKitJournal::whatIsNoJournalIsRefused_data()
     QTest::newRow("bytes") << QByteArray("\0\xff\n\r\n", 5);
     QTest::newRow("JSON") << QByteArray("{\"zoeffect-journal\":1}\n");
     QTest::newRow("a wrong checksum") << QByteArray("00000000 {\"zoeffect-journal\":1}\n");
+    QTest::newRow("a later version") << QByteArray("d66070e9 {\"zoeffect-journal\":2}\n");
+    QTest::newRow("a list") << QByteArray("7616c164 [1]\n");
     QTest::newRow("megabytes of brackets") << QByteArray(4 * 1024 * 1024, '[');
 }
 

@@ -53,6 +53,7 @@ private slots:
     void ruleOfTheCropFollowsItsValues();
     void placeOfAnImageTellsItsAnchor_data();
     void placeOfAnImageTellsItsAnchor();
+    void textThatIsSizedHasNoSizeOfItsAnchor();
     void anchorKeepsItsSize_data();
     void anchorKeepsItsSize();
     void sizedTextKeepsTheOppositeCorner();
@@ -253,6 +254,7 @@ void TestKitPreviewGeometry::pressTakes_data()
     QTest::newRow("a bit beside a corner") << QPointF(52, 62) << nothing << crop << Handle::TopLeft;
     QTest::newRow("too far beside it") << QPointF(51, 61) << nothing << nothing << Handle::None;
     QTest::newRow("the middle of an edge") << QPointF(260, 270) << nothing << crop << Handle::Bottom;
+    QTest::newRow("the bottom edge anywhere") << QPointF(150, 270) << nothing << crop << Handle::Bottom;
     QTest::newRow("an edge anywhere") << QPointF(150, 70) << nothing << crop << Handle::Top;
     QTest::newRow("the left edge") << QPointF(60, 150) << nothing << crop << Handle::Left;
     QTest::newRow("a bit inside an edge") << QPointF(456, 100) << nothing << crop << Handle::Right;
@@ -515,6 +517,9 @@ void TestKitPreviewGeometry::ruleOfTheCropFollowsItsValues()
         QVERIFY(file.setValue(file.output(), key("pixel-format"), key(odd)).isEmpty());
         QVERIFY(!zokit::cropRule(file).even);
     }
+    if (!keepsShape)
+        QCOMPARE(zokit::HandleDrag(file, shown, shown.cropThing, Handle::Left).to({7, 0}, 0.5).place,
+                 QRect(107, 100, 793, 400));
     QVERIFY(file.setValue(file.output(), key("pixel-format"), key("source")).isEmpty());
     QVERIFY(zokit::cropRule(file).even);
     FileSettings ofSound(zokit::Media{key("/a.wav"), QSize(), 5.0});
@@ -551,6 +556,16 @@ void TestKitPreviewGeometry::placeOfAnImageTellsItsAnchor()
     const QVariantMap anchor = file.value(item, key("anchor")).toMap();
     QCOMPARE(anchor.value(key("corner")).toString(), corner);
     QCOMPARE(anchor.value(key("margin")), margin);
+}
+
+void TestKitPreviewGeometry::textThatIsSizedHasNoSizeOfItsAnchor()
+{
+    const Values text{{key("wm_istextwatermark"), true},
+                      {key("wm_fontsize"), 40},
+                      {key("anchor"), QVariantMap{{key("corner"), key("bottom-right")}, {key("size"), key("10%")}}}};
+    const Values sized = zokit::watermarkValues(text, Handle::TopLeft, {998, 552, 256, 154}, {1280, 720});
+    QCOMPARE(sized.value(key("anchor")).toMap().value(key("corner")), QVariant(key("bottom-right")));
+    QVERIFY(!sized.value(key("anchor")).toMap().contains(key("size")));
 }
 
 void TestKitPreviewGeometry::anchorKeepsItsSize_data()

@@ -36,6 +36,7 @@ private slots:
     void nothingChangesNothing();
     void pictureOfNoFrameIsNone();
     void otherFrameChangesAll();
+    void shapeThatIsKeptChangesTheHandles();
     void movedWatermarkChangesItsPlaces();
     void changedRegionIsEnough_data();
     void changedRegionIsEnough();
@@ -195,6 +196,7 @@ void TestKitPreviewPaint::pictureIsScaledOnce_data()
     QTest::newRow("half the size") << 0.5 << 1.0 << QSize(100, 50);
     QTest::newRow("half the size on a fine screen") << 0.5 << 2.0 << QSize(200, 100);
     QTest::newRow("100 %") << 1.0 << 1.0 << QSize(200, 100);
+    QTest::newRow("no size: itself") << 0.0 << 1.0 << QSize(200, 100);
     QTest::newRow("magnified: itself") << 4.0 << 1.0 << QSize(200, 100);
 }
 
@@ -230,6 +232,14 @@ void TestKitPreviewPaint::otherFrameChangesAll()
     PreviewScene after = shown.scene;
     after.frame = {100, 200};
     QCOMPARE(zokit::changedRegion(shown.scene, after, shown.view), QRegion(0, 0, 240, 140));
+}
+
+void TestKitPreviewPaint::shapeThatIsKeptChangesTheHandles()
+{
+    const Shown shown;
+    PreviewScene after = shown.scene;
+    after.marks.last().keepsShape = !after.marks.last().keepsShape;
+    QVERIFY(zokit::changedRegion(shown.scene, after, shown.view).contains(QRect(140, 70, 40, 20)));
 }
 
 void TestKitPreviewPaint::movedWatermarkChangesItsPlaces()

@@ -172,6 +172,8 @@ void TestKitProbe::clipIsTold_data()
     row("wide.mkv", "mkv 0.20 s: 0 h264 1280x16 yuv420p bt709 tv 25/1");
     row("high.mkv", "mkv 0.20 s: 0 h264 16x720 yuv420p bt709 tv 25/1");
     row("pq.mkv", "mkv 0.40 s: 0 hevc 160x120 yuv420p10le bt2020 tv 25/1 HDR");
+    row("pq-sound.mkv", "mkv 0.40 s: 0 hevc 160x120 yuv420p10le bt2020 tv 25/1 HDR; 1 pcm_s16le 44100 1");
+    row("live.mka", "mkv 0.40 s: 0 pcm_s16le 44100 1");
     row("hlg.mkv", "mkv 0.40 s: 0 hevc 160x120 yuv420p10le bt2020 tv 25/1 HDR");
     row("cover.mp3", "mp3 0.44 s: 0 mp3 44100 1; 1 mjpeg cover");
     row("cover.mp4", "mp4 0.40 s: 0 h264 160x120 yuv420p bt601 tv 25/1; 1 aac 44100 1; 2 mjpeg cover");
@@ -333,9 +335,9 @@ void TestKitProbe::anyNameIsALocalFile_data()
 {
     QTest::addColumn<QString>("name");
     const char* const names[] = {
-        "-y.mkv",  "a\nb.mkv",   "%03d.mkv", "concat:x.mkv",  "http:x.mkv",  "file:x.mkv", "pipe:0",
-        "x.mkv:y", " a  b .mkv", "it's.mkv", "say \"a\".mkv", "*.mkv",       "~",          "@x.mkv",
-        "a|b.mkv", "-",          "data:,x",  "\\x.mkv",       "\xc3\xa4.mkv"};
+        "-y.mkv",     "a\nb.mkv", "%03d.mkv",      "concat:x.mkv",    "http:x.mkv", "file:x.mkv", "pipe:0",  "x.mkv:y",
+        " a  b .mkv", "it's.mkv", "say \"a\".mkv", "*.mkv",           "~",          "@x.mkv",     "a|b.mkv", "-",
+        "data:,x",    "\\x.mkv",  "\xc3\xa4.mkv",  "\xef\xbf\xbd.mkv"};
     for (const char* name : names)
         QTest::newRow(name) << QString::fromUtf8(name);
 }

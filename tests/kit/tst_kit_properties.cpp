@@ -310,6 +310,7 @@ void TestKitProperties::valueIsRefused_data()
                                     .arg(QString::fromLatin1(range));
     row("Output:trim", QStringLiteral("5,2"),
         "Output:trim: 5,2 is no range. Write FROM,TO in seconds, for example 12,40.5; TO comes after FROM.");
+    row("Color:bcs_contrast", QPoint(1, 2), "Color:bcs_contrast: QPoint is no whole number.");
     row("Output:container", QStringLiteral("mp5"),
         "Output:container: mp5 is none of mp4, mkv, webm, mov. Did you mean mp4?");
 }

@@ -162,6 +162,7 @@ void TestKitScrubber::picturesFit_data()
     QTest::newRow("larger") << key("plain.mp4") << QSize(80, 80) << QSize(80, 60);
     QTest::newRow("higher") << key("plain.mp4") << QSize(960, 60) << QSize(80, 60);
     QTest::newRow("turned") << key("rotate90.mp4") << QSize(60, 60) << QSize(45, 60);
+    QTest::newRow("of RGB") << key("rgb.mkv") << QSize(60, 60) << QSize(60, 45);
 }
 
 void TestKitScrubber::picturesFit()

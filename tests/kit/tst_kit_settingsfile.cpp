@@ -388,6 +388,8 @@ void TestKitSettingsFile::refusedFileNamesThePlace_data()
     deep += QByteArray(40, '[') + QByteArray(40, ']') + "}";
     row("too deep", deep, "Objects and lists of a settings file stand at most 32 deep in each other.");
     const QByteArray between = QByteArray("[1,").repeated(40) + '1' + QByteArray(40, ']');
+    row("a list that is too deep", QByteArray(40, '[') + QByteArray(40, ']'),
+        "Objects and lists of a settings file stand at most 32 deep in each other.");
     row("too deep, with numbers between", R"({"zoeffect": 1, "later": )" + between + "}",
         "Objects and lists of a settings file stand at most 32 deep in each other.");
     row("too large", QByteArray(17 * 1024 * 1024, ' '), "A settings file has at most 16 MB.");

@@ -554,6 +554,8 @@ void TestKitSettingsModel::droppedElsewhereIsRefused()
     QVERIFY(!model.mimeData({model.index(0, 0, model.index(0, 0, type))})); // A value.
     QVERIFY(!model.mimeData({type}));
     QVERIFY(!model.mimeData({model.index(0, 0, type), model.index(1, 0, type)})); // One at a time.
+    const SettingsModel empty;
+    QVERIFY(!empty.canDropMimeData(data.get(), Qt::MoveAction, 0, 0, QModelIndex()));
 }
 
 void TestKitSettingsModel::rowsCanBeMovedByTheModel()

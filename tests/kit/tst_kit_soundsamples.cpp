@@ -112,6 +112,9 @@ void TestKitSoundSamples::pieceIsAWaveFile()
     QCOMPARE(numberAt(answer.wave, 40), answer.wave.size() - 44);
     QVERIFY2(std::abs(samplesOf(answer.wave).size() - 12000) < 50, qPrintable(QString::number(answer.wave.size())));
     QVERIFY(loudest(samplesOf(answer.wave)) > 1000);
+    asked.media = zokit::probe(zokit::findTools(), clips::clip(key("side.mkv"))).media.value_or(zokit::MediaInfo());
+    asked.settings.media.file = asked.media.file;
+    QCOMPARE(answerTo(asked).wave.mid(22, 2), QByteArray("\x02\x00", 2)); // Of six channels.
 }
 
 void TestKitSoundSamples::effectsAreHeardOrNot()

@@ -209,6 +209,8 @@ void TestKitSubtitleScript::linesStandApart()
              (QStringList{QStringLiteral("Dialogue: 0,0:00:01.00,0:00:02.50,Default,,0,0,0,,{\\i1}One"),
                           QStringLiteral("Dialogue: 1,0:00:01.00,0:00:02.50,Default,,0,0,144,,{\\i1}Two{\\i0}"),
                           QStringLiteral("Dialogue: 2,0:00:01.00,0:00:02.50,Default,,0,0,188,,{\\i1}{\\i0}Three")}));
+    QCOMPARE(linesWith(written(saying("One"), style), "Dialogue:"),
+             QStringList{QStringLiteral("Dialogue: 0,0:00:01.00,0:00:02.50,Default,,0,0,0,,One")});
     QCOMPARE(linesWith(written(saying("One\\NTwo"), style), "Dialogue:"),
              (QStringList{QStringLiteral("Dialogue: 0,0:00:01.00,0:00:02.50,Default,,0,0,0,,One"),
                           QStringLiteral("Dialogue: 1,0:00:01.00,0:00:02.50,Default,,0,0,144,,Two")}));

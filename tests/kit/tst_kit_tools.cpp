@@ -121,6 +121,8 @@ void TestKitTools::missingOneIsNamed()
     const QTemporaryDir folder;
     if (hasFfmpeg)
         QVERIFY(QFile::link(m_tools.ffmpeg, folder.filePath(key("ffmpeg"))));
+    QFile text(folder.filePath(key("ffprobe"))); // Of that name, but no program.
+    QVERIFY(text.open(QIODevice::WriteOnly));
     qputenv(isNamed ? "ZOEFFECT_FFMPEG" : "PATH", QFile::encodeName(folder.path()));
     const Tools tools = zokit::findTools();
     QTEST(tools.error.text().replace(folder.path(), key("FOLDER")), "sentence");

@@ -412,6 +412,20 @@ const Fates allFates[] = {
          g.item("Subtitle", {{key("trackid"), 3}});
      },
      "track 3 (subtitle, subrip): copied"},
+    {"a part of a track that has no effects", "mkv",
+     [](Given& g) {
+         g.item("Audio", {{key("trackid"), 1}});
+         g.option("trim", QVariantList{2.0, 3.0});
+         g.option("audio-codec", key("opus"));
+     },
+     "track 1 (audio, aac): converted to opus\ntrack 2 (audio, aac): converted to aac"},
+    {"the usual style of pictures", "mkv",
+     [](Given& g) {
+         g.stream(3).track.codec = key("hdmv_pgs_subtitle");
+         g.item("Subtitle", {{key("trackid"), 3}, {key("sub_fontsize"), 22}});
+         g.option("burn-subtitles", true);
+     },
+     "track 3 (subtitle, hdmv_pgs_subtitle): burned in\nerror: "},
     {"a style of subtitles that have styles", "mkv",
      [](Given& g) {
          g.item("Subtitle", {{key("trackid"), 3}, {key("sub_fontsize"), 40}});
@@ -590,6 +604,22 @@ const Words allWords[] = {
          g.stream(0).averageRate = {193, 10};
      },
      "-fps_mode:v:0|vfr|-disposition:v:0|"},
+    {"a rate that is none, faster", "mkv",
+     [](Given& g) {
+         graphsupport::set(g.settings, "Audio_Speed", "audio_effect_flag", true);
+         graphsupport::set(g.settings, "Audio_Speed", "audio_speed_factor", 200);
+         g.stream(0).averageRate = {193, 10};
+         g.stream(0).timeBase = {1, 1000};
+     },
+     "-fps_mode:v:0|vfr|-enc_time_base:v:0|1/1000|"},
+    {"lines of a part in two tracks, without a picture", "mp4",
+     [](Given& g) {
+         g.option("trim", QVariantList{2.0, 3.0});
+         g.media.streams[0] = g.media.streams[3];
+         g.media.streams[0].track.index = 0;
+         g.media.streams.removeLast();
+     },
+     "-bsf:s:1|noise=drop='lt(pts,0)'|"},
     {"the rate of American television", "mkv",
      [](Given& g) {
          g.option("video-codec", key("ffv1"));

@@ -389,6 +389,9 @@ void TestKitTracks::sidecarTellsByItsName_data()
     QTest::newRow("one letter is none") << "film.mkv"
                                         << "film.e.srt"
                                         << "" << false;
+    QTest::newRow("a word is none") << "film.mkv"
+                                    << "film.commentary.srt"
+                                    << "" << false;
     QTest::newRow("a number is no language") << "film.mkv"
                                              << "film.02.srt"
                                              << "" << false;
