@@ -9,7 +9,6 @@
 #include <zokit/project.h>
 #include <zokit/properties.h>
 
-#include "projectthings_p.h"
 #include "things_p.h"
 
 namespace zokit {
