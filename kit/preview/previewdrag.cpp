@@ -154,11 +154,14 @@ Dragged drawnCrop(const PreviewScene& scene, const QPoint& from, const QPoint& t
     const bool down = to.y() >= corner.y();
     const Handle handle =
         toRight ? (down ? Handle::BottomRight : Handle::TopRight) : (down ? Handle::BottomLeft : Handle::TopLeft);
-    Dragged drawn = draggedFrom(scene, scene.cropThing, QRect(corner, QSize(0, 0)), handle, to - corner, reach, rule);
+    const Dragged drawn =
+        draggedFrom(scene, scene.cropThing, QRect(corner, QSize(0, 0)), handle, to - corner, reach, rule);
     // From near an edge there may be less room than the smallest crop takes.
-    if (drawn.place.width() < rule.smallest.width() || drawn.place.height() < rule.smallest.height())
-        drawn = {cropWithin(drawn.place, scene.frame, rule).value_or(scene.crop), {}};
-    return drawn;
+    const QSize size = drawn.place.size().expandedTo(rule.smallest);
+    if (size == drawn.place.size())
+        return drawn;
+    const QRect place = movedCrop(QRect(drawn.place.topLeft(), size), QPoint(0, 0), scene.frame);
+    return {cropWithin(place, scene.frame, rule).value_or(scene.crop), {}};
 }
 
 QPoint keyStep(int key, Qt::KeyboardModifiers modifiers)

@@ -361,6 +361,9 @@ void TestKitPreviewGeometry::cropIsDrawn_data()
     QTest::newRow("no way at all") << QPoint(300, 200) << QPoint(300, 200) << 0.0 << QRect(300, 200, 24, 24);
     QTest::newRow("no room for the smallest")
         << QPoint(1280, 720) << QPoint(1280, 720) << 0.0 << QRect(1256, 696, 24, 24);
+    QTest::newRow("along the lower edge") << QPoint(300, 720) << QPoint(500, 720) << 0.0 << QRect(300, 696, 200, 24);
+    QTest::newRow("up along the right edge")
+        << QPoint(1280, 500) << QPoint(1275, 100) << 0.0 << QRect(1256, 100, 24, 400);
     QTest::newRow("from and to beyond the frame")
         << QPoint(-50, -60) << QPoint(3000, 3000) << 0.0 << QRect(0, 0, 1280, 720);
 }
