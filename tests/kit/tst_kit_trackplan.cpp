@@ -612,14 +612,14 @@ const Words allWords[] = {
          g.stream(0).timeBase = {1, 1000};
      },
      "-fps_mode:v:0|vfr|-enc_time_base:v:0|1/1000|"},
-    {"lines of a part in two tracks, without a picture", "mp4",
+    {"lines of a part in two tracks, without a picture", "mkv",
      [](Given& g) {
          g.option("trim", QVariantList{2.0, 3.0});
          g.media.streams[0] = g.media.streams[3];
          g.media.streams[0].track.index = 0;
          g.media.streams.removeLast();
      },
-     "-bsf:s:1|noise=drop='lt(pts,0)'|"},
+     "-bsf:s:1|noise=drop='lt(pts+d*1.000000,0)*gt(d,0)',setts="},
     {"the rate of American television", "mkv",
      [](Given& g) {
          g.option("video-codec", key("ffv1"));
