@@ -4,6 +4,7 @@
 #include "program.h"
 
 #include <clocale>
+#include <csignal>
 #include <cstring>
 
 #include <langinfo.h>
@@ -84,6 +85,7 @@ void prepareEnvironment()
     QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
 #endif
     qInstallMessageHandler(sayWarnings);
+    std::signal(SIGPIPE, SIG_IGN); // Who stops reading ends no conversion.
 }
 
 int run(const QVector<QByteArray>& arguments)
