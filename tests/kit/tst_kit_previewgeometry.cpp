@@ -620,6 +620,11 @@ void TestKitPreviewGeometry::sizedTextKeepsTheOppositeCorner()
     const QRect again(placeOf(file, item), zokit::watermarkSize(file.values(item)));
     QCOMPARE(again.bottomLeft(), after.bottomLeft());
     QCOMPARE(file.value(item, key("wm_fontsize")), QVariant(20));
+    const QRect wider(again.topLeft() - QPoint(again.width(), 0), 2 * again.size());
+    QVERIFY(file.setValues(item, zokit::watermarkValues(file.values(item), Handle::BottomLeft, wider, {1280, 720}))
+                .isEmpty());
+    QCOMPARE(QRect(placeOf(file, item), zokit::watermarkSize(file.values(item))).topRight(), again.topRight());
+    QCOMPARE(file.value(item, key("wm_fontsize")), QVariant(40));
 }
 
 void TestKitPreviewGeometry::draggedIntoACornerStaysThereAtEachFrame()

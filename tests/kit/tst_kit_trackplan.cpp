@@ -26,6 +26,8 @@ class TestKitTrackPlan : public QObject {
 private slots:
     void hdrIsKeptWhereTheCodecTells_data();
     void hdrIsKeptWhereTheCodecTells();
+    void whatIsWrongForAnyClip_data();
+    void whatIsWrongForAnyClip();
     void takenOptions_data();
     void takenOptions();
     void eachTrackHasItsFate_data();
@@ -98,6 +100,53 @@ void TestKitTrackPlan::hdrIsKeptWhereTheCodecTells()
     for (const Message& warning : plan.warnings)
         warnings.append(warning.text());
     QTEST(warnings.join(QLatin1Char(' ')), "warning");
+}
+
+void TestKitTrackPlan::whatIsWrongForAnyClip_data()
+{
+    using Code = Message::Code;
+    QTest::addColumn<zokit::Values>("output");
+    QTest::addColumn<zokit::Values>("crop");
+    QTest::addColumn<int>("watermark"); // 0: none, 1: one that is not in use, 2: one that is.
+    QTest::addColumn<Code>("expected");
+    const zokit::Values copy{{key("video-codec"), key("copy")}};
+    const zokit::Values hevc{{key("video-codec"), key("hevc")}};
+    const auto with = [](zokit::Values values, const char* size) {
+        values.insert(key("size"), key(size));
+        return values;
+    };
+    QTest::newRow("nothing") << zokit::Values() << zokit::Values() << 0 << Code::None;
+    QTest::newRow("copy") << copy << zokit::Values() << 0 << Code::None;
+    QTest::newRow("copy, with a text that is not in use") << copy << zokit::Values() << 1 << Code::None;
+    QTest::newRow("copy, with a text") << copy << zokit::Values() << 2 << Code::CopyTouched;
+    QTest::newRow("a crop that lies in a larger frame")
+        << zokit::Values()
+        << zokit::Values{{key("crop_left"), 5000}, {key("crop_width"), 300}, {key("crop_height"), 300}} << 0
+        << Code::None;
+    QTest::newRow("a small size, as far as the shape goes")
+        << with(hevc, "10x10") << zokit::Values() << 0 << Code::None;
+    QTest::newRow("a small size") << with(hevc, "10x10,exact") << zokit::Values() << 0 << Code::SizeNotForCodec;
+}
+
+void TestKitTrackPlan::whatIsWrongForAnyClip()
+{
+    QFETCH(const zokit::Values, output);
+    QFETCH(const zokit::Values, crop);
+    QFETCH(const int, watermark);
+    QFETCH(const Message::Code, expected);
+    zokit::Settings settings = graphsupport::plain(QSize(1280, 720));
+    settings.output = output;
+    zokit::TypeSettings& cropped = *settings.find(key("Crop"));
+    cropped.selected = true;
+    for (auto it = crop.cbegin(); it != crop.cend(); ++it)
+        cropped.values.insert(it.key(), it.value());
+    if (watermark > 0)
+        graphsupport::append(settings, "Watermark",
+                             {{key("wm_istextwatermark"), true}, {key("wm_textcontent"), key("Hello")}});
+    if (watermark == 1)
+        settings.find(key("Watermark"))->selected = false;
+    const Message error = zokit::checkCodecs(settings, key("mkv"));
+    QVERIFY2(error.code() == expected, qPrintable(error.text()));
 }
 
 void TestKitTrackPlan::takenOptions_data()
