@@ -106,7 +106,7 @@ bool allPrinted()
     const NoChildEnds later;
     if (std::fflush(stdout) != 0)
         notPrinted = errno;
-    return notPrinted == 0;
+    return notPrinted == 0 && std::ferror(stdout) == 0;
 }
 
 bool isReaderGone()
